@@ -1,0 +1,42 @@
+# How the targets of this project are made: one static library per folder.
+
+add_library(dralo_options INTERFACE)
+target_compile_options(dralo_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
+# GCC 12 reports overlaps that cannot happen in inlined std::string operations (GCC bug 105651).
+target_compile_options(dralo_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+if(DRALO_WERROR)
+  target_compile_options(dralo_options INTERFACE -Werror)
+endif()
+if(DRALO_SANITIZE)
+  target_compile_options(dralo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+  target_link_options(dralo_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# dralo_folder(NAME LIBRARY...): the sources of this folder and those below it as the library dralo_NAME, which uses
+# the given libraries. A folder without sources is a library of headers.
+function(dralo_folder name)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(sources)
+    add_library(dralo_${name} STATIC ${sources})
+    set(scope PUBLIC)
+  else()
+    add_library(dralo_${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  target_include_directories(dralo_${name} ${scope} ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
+  target_link_libraries(dralo_${name} ${scope} dralo_options ${ARGN})
+endfunction()
+
+# dralo_test(NAME LIBRARY...): the tests of this folder and those below it as the program NAME, one CTest test per
+# test case.
+function(dralo_test name)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${ARGN} dralo_options GTest::gtest_main GTest::gmock)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/error.h"
+#include "platform/formatting.h"
+#include "platform/object.h"
+#include "platform/regexp.h"
+
+namespace dralo::platform {
+
+/// The services a process offers to every page: object creation and regional settings. Outlives all pages.
+class Environment {
+ public:
+  virtual ~Environment() = default;
+
+  /// A new object by its programmatic identifier, such as "ADODB.Recordset", in any letter case.
+  /// Throws Error when nothing is registered under it.
+  virtual ObjectPtr CreateObject(std::string_view programmatic_identifier) = 0;
+
+  virtual const Formatting& Regional() const = 0;
+
+  virtual std::unique_ptr<RegExp> CreateRegExp() = 0;
+};
+
+/// CreateObject() for callers that know what the identifier stands for.
+/// Throws Error when the object is of another class.
+template <class Class>
+std::shared_ptr<Class> Create(Environment& environment, std::string_view programmatic_identifier) {
+  auto object = std::dynamic_pointer_cast<Class>(environment.CreateObject(programmatic_identifier));
+  if (!object) throw Error("The object \"" + std::string(programmatic_identifier) + "\" is of another class");
+  return object;
+}
+
+}  // namespace dralo::platform

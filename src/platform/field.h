@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/type_code.h"
+#include "platform/variant.h"
+
+namespace dralo::platform {
+
+/// One column of a recordset. Owned by its recordset and valid until that is closed.
+class Field {
+ public:
+  virtual ~Field() = default;
+  Field(const Field&) = delete;
+  Field& operator=(const Field&) = delete;
+
+  virtual std::string_view Name() const = 0;
+  virtual TypeCode Type() const = 0;
+
+  /// A sum of bits such as kFieldIsNullable.
+  virtual int Attributes() const = 0;
+
+  /// Characters of a text column, bytes of others; 0 when the column declares none.
+  virtual std::int64_t DefinedSize() const = 0;
+
+  /// Bytes of the current value; 0 for Null.
+  virtual std::int64_t ActualSize() = 0;
+
+  /// The value in the current row, of the kind that the type code promises where the stored value can be read
+  /// so (a date column yields DateTime), else of the stored kind. Valid until the recordset moves or closes.
+  /// Throws Error when there is no current row or the value cannot be read.
+  virtual VariantView Value() = 0;
+
+  /// Changes the value in the current row of an updatable recordset; Recordset::Update() writes it.
+  /// The value is converted to the column's type first. Throws Error when it cannot be, when the recordset is
+  /// read-only or when there is no current row; the value is then unchanged.
+  virtual void SetValue(const Variant& value) = 0;
+
+ protected:
+  Field() = default;
+};
+
+}  // namespace dralo::platform

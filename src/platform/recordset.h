@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "platform/command.h"
+#include "platform/connection.h"
+#include "platform/field.h"
+#include "platform/object.h"
+
+namespace dralo::platform {
+
+enum class CursorType : int { kUnspecified = -1, kForwardOnly = 0, kKeyset = 1, kDynamic = 2, kStatic = 3 };
+enum class LockType : int {
+  kUnspecified = -1,
+  kReadOnly = 1,
+  kPessimistic = 2,
+  kOptimistic = 3,
+  kBatchOptimistic = 4
+};
+enum class CursorLocation : int { kServer = 2, kClient = 3 };
+
+/// The rows of a query, read forward one at a time.
+/// Opening is lazy: the statement is checked by Open(), but no row is read before a row, a field or the end
+/// is asked for.
+class Recordset : public Object {
+ public:
+  /// The highest number of rows the recordset yields; 0 (the default) means all. Set before opening.
+  virtual void SetMaxRecords(std::int64_t rows) = 0;
+  virtual std::int64_t MaxRecords() const = 0;
+
+  /// kServer by default. Set before opening.
+  virtual void SetCursorLocation(CursorLocation location) = 0;
+  virtual CursorLocation Location() const = 0;
+
+  /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
+  /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the
+  /// columns come from one table that has a key. Throws Error when the statement does not run or the
+  /// recordset is open already.
+  virtual void Open(std::string_view sql, const std::shared_ptr<Connection>& connection,
+                    CursorType cursor = CursorType::kForwardOnly, LockType lock = LockType::kReadOnly) = 0;
+
+  /// Runs `command` on its active connection, with its parameters.
+  virtual void Open(Command& command, CursorType cursor = CursorType::kForwardOnly,
+                    LockType lock = LockType::kReadOnly) = 0;
+
+  virtual bool IsOpen() const = 0;
+
+  /// Whether there is no current row because the last one was passed. False after AddNew().
+  virtual bool Eof() = 0;
+
+  /// Goes to the next row. Throws Error at the end.
+  virtual void MoveNext() = 0;
+
+  /// Passes over `rows` rows, or to the end when there are fewer. As the first move it may be left to the
+  /// database.
+  virtual void Move(std::int64_t rows) = 0;
+
+  /// The columns in the order of the query, the same objects until Close(). Valid at the end of the rows too.
+  virtual std::span<Field* const> Fields() = 0;
+
+  /// Starts a new row whose fields are Null.
+  virtual void AddNew() = 0;
+
+  /// Writes the new or changed row: exactly one row, whose old values must still be there. On failure nothing
+  /// is changed in the database and the values set stay in the fields. Without a change nothing is written.
+  virtual void Update() = 0;
+
+  /// Forgets the new row, or the changes of the current one.
+  virtual void CancelUpdate() = 0;
+
+  /// Releases the statement and the connection. Closing a closed recordset does nothing.
+  virtual void Close() = 0;
+};
+
+}  // namespace dralo::platform
