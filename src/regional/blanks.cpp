@@ -1,0 +1,64 @@
+#include "regional/blanks.h"
+
+#include <algorithm>
+
+namespace dralo::regional {
+namespace {
+
+std::size_t InvisibleSize(std::string_view text) {
+  const std::size_t blank = BlankSize(text);
+  return blank != 0 ? blank : DirectionMarkSize(text);
+}
+
+/// Bytes of the blank or direction mark that `text` ends with. None of them takes more than three bytes, and
+/// in whatever bytes precede it a shorter one cannot be the end of a longer one.
+std::size_t InvisibleSizeAtEnd(std::string_view text) {
+  for (std::size_t size = 1; size <= std::min<std::size_t>(3, text.size()); ++size) {
+    if (InvisibleSize(text.substr(text.size() - size)) == size) return size;
+  }
+  return 0;
+}
+
+}  // namespace
+
+std::size_t BlankSize(std::string_view text) {
+  if (text.empty()) return 0;
+  if (text[0] == ' ' || (text[0] >= '\t' && text[0] <= '\r')) return 1;
+  if (static_cast<unsigned char>(text[0]) < 0x80) return 0;
+  if (text.starts_with("\u00A0")) return 2;
+  for (const std::string_view blank : {"\u202F", "\u2009", "\u2007", "\u3000"}) {
+    if (text.starts_with(blank)) return 3;
+  }
+  return 0;
+}
+
+std::size_t DirectionMarkSize(std::string_view text) {
+  if (text.starts_with("\u061C")) return 2;
+  return text.starts_with("\u200E") || text.starts_with("\u200F") ? 3 : 0;
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  while (const std::size_t size = InvisibleSize(text)) text.remove_prefix(size);
+  while (const std::size_t size = InvisibleSizeAtEnd(text)) text.remove_suffix(size);
+  return text;
+}
+
+std::string PlainBlanks(std::string_view text) {
+  text = TrimBlanks(text);
+  std::string plain;
+  plain.reserve(text.size());
+  while (!text.empty()) {
+    if (const std::size_t mark = DirectionMarkSize(text)) {
+      text.remove_prefix(mark);
+    } else if (const std::size_t blank = BlankSize(text)) {
+      plain += ' ';
+      text.remove_prefix(blank);
+    } else {
+      plain += text.front();
+      text.remove_prefix(1);
+    }
+  }
+  return plain;
+}
+
+}  // namespace dralo::regional

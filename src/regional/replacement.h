@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace dralo::regional {
+
+/// Appends `replacement` to `result`, "$1" to "$99", "$&" and "$$" replaced by what they stand for. `groups`
+/// are the start and end in `text` of the whole match and of every group of the expression; a group that took
+/// no part starts behind the end of `text`.
+void AppendReplacement(std::string_view replacement, std::string_view text,
+                       std::span<const std::size_t> groups, std::string& result);
+
+}  // namespace dralo::regional

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/date_time.h"
+#include "regional/locale_facts.h"
+
+namespace dralo::regional {
+
+/// Reads times of day: "10:30", "10:30:15", "10:30:15.25" (nine digits count), "10:30 PM", "3 PM". The half
+/// of the day is in the locale's language or English, after or before the time; it wants an hour from 0
+/// to 12.
+class TimeRecognizer {
+ public:
+  explicit TimeRecognizer(const LocaleFacts& facts);
+
+  /// Takes the time that `rest` starts with, whose blanks are plain (PlainBlanks), and sets it in `time`.
+  /// False, with both in any state, when there is none.
+  bool Take(std::string_view& rest, platform::DateTime& time) const { return Take(rest, false, time); }
+
+  /// The same, and "." may stand for ":" where the locale writes that. Without a date before, that would be a
+  /// number or a date.
+  bool TakeAfterDate(std::string_view& rest, platform::DateTime& time) const {
+    return Take(rest, dots_separate_, time);
+  }
+
+ private:
+  bool Take(std::string_view& rest, bool dots_separate, platform::DateTime& time) const;
+
+  /// The half of the day that `rest` starts with; -1 when there is none.
+  int TakeDayHalf(std::string_view& rest) const;
+
+  std::vector<Spelling> day_halves_;
+  bool dots_separate_;
+};
+
+}  // namespace dralo::regional
