@@ -1,0 +1,47 @@
+#!/usr/bin/env python3
+"""Shows that tools/check_layers finds what it is for, in small trees made up here."""
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+CHECKER = Path(__file__).resolve().parent.parent.parent / "tools" / "check_layers"
+
+
+def check(files):
+    """Exit status and output of the checker over a tree of these files."""
+    with tempfile.TemporaryDirectory() as root:
+        for name, text in files.items():
+            path = Path(root, name)
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_text(text, encoding="utf-8")
+        result = subprocess.run([sys.executable, CHECKER, root], capture_output=True, text=True, check=False)
+        return result.returncode, result.stdout
+
+
+class CheckLayers(unittest.TestCase):
+    def test_accepts_includes_down_the_layers(self):
+        status, _ = check({"src/platform/a.h": "#include <string>", "src/util/b.cpp": '#include "platform/a.h"'})
+        self.assertEqual(status, 0)
+
+    def test_refuses_includes_up_the_layers(self):
+        status, output = check({"src/views/a.h": "", "src/util/b.cpp": '#include "views/a.h"'})
+        self.assertEqual((status, output), (1, "src/util/b.cpp: views/a.h: src/util may not include src/views\n"))
+
+    def test_refuses_a_library_outside_its_folder(self):
+        status, output = check({"src/cells/a.cpp": "#include <sqlite3.h>"})
+        self.assertEqual(status, 1)
+        self.assertIn("only src/database may use SQLite", output)
+
+    def test_refuses_files_that_include_each_other(self):
+        status, output = check({"src/util/a.h": '#include "util/b.h"', "src/util/b.h": '#include "util/a.h"'})
+        self.assertEqual((status, output), (1, "circle: src/util/a.h -> src/util/b.h -> src/util/a.h\n"))
+
+    def test_refuses_a_folder_that_is_in_no_layer(self):
+        status, output = check({"src/manager/a.h": ""})
+        self.assertEqual((status, output), (1, "src/manager/a.h: its folder is in no layer\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()
