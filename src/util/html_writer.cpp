@@ -1,0 +1,72 @@
+#include "util/html_writer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace dralo::util {
+namespace {
+
+constexpr std::size_t kPieceBytes = std::size_t{16} * 1024;
+constexpr std::size_t kFirstTextBytes = 512;
+
+constexpr bool IsLetterOrDigit(char c) {
+  return ('0' <= c && c <= '9') || ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z');
+}
+
+}  // namespace
+
+HtmlWriter& HtmlWriter::Write(Quoted value) {
+  std::string_view rest = value.text;
+  for (std::size_t at = rest.find('"'); at != rest.npos; at = rest.find('"')) {
+    Append(rest.substr(0, at));
+    Append("&quot;");
+    rest.remove_prefix(at + 1);
+  }
+  Append(rest);
+  return *this;
+}
+
+HtmlWriter& HtmlWriter::Write(Encoded value) {
+  constexpr char kHexDigits[] = "0123456789ABCDEF";
+  for (const char c : value.text) {
+    if (IsLetterOrDigit(c)) {
+      Append({&c, 1});
+    } else if (c == ' ') {
+      Append("+");
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      const char escape[] = {'%', kHexDigits[byte >> 4], kHexDigits[byte & 15]};
+      Append({escape, sizeof escape});
+    }
+  }
+  return *this;
+}
+
+void HtmlWriter::Flush() {
+  if (response_ == nullptr || used_ == 0) return;
+  // Emptied first: a response that fails half-way must not get the same bytes again.
+  const std::string_view piece(buffer_.get(), used_);
+  used_ = 0;
+  response_->Write(piece);
+}
+
+void HtmlWriter::AppendBeyondBuffer(std::string_view text) {
+  if (response_ != nullptr) {
+    Flush();
+    // Kept out of the buffer, which would stay as large as the longest text of the page.
+    if (text.size() > kPieceBytes) return response_->Write(text);
+    if (capacity_ == 0) Grow(kPieceBytes);
+  } else {
+    Grow(std::max({used_ + text.size(), kFirstTextBytes, capacity_ * 2}));
+  }
+  Append(text);
+}
+
+void HtmlWriter::Grow(std::size_t capacity) {
+  auto buffer = std::make_unique_for_overwrite<char[]>(capacity);
+  Collected().copy(buffer.get(), used_);
+  buffer_ = std::move(buffer);
+  capacity_ = capacity;
+}
+
+}  // namespace dralo::util

@@ -1,0 +1,151 @@
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "platform/response.h"
+
+namespace dralo::util {
+
+/// Text that is written as it is: the page author's markup, names, and values of the database, which pages
+/// print without escaping.
+struct Verbatim {
+  std::string_view text;
+};
+
+/// Two texts written one directly behind the other, as they are: a request key of its prefix and its name.
+struct Joined {
+  std::string_view first;
+  std::string_view second;
+};
+
+/// Text inside an attribute: double quotes are written "&quot;", everything else as it is.
+struct Quoted {
+  std::string_view text;
+};
+
+/// Text inside a query string: letters and digits as they are, a blank as "+", every other byte as "%XX".
+struct Encoded {
+  std::string_view text;
+};
+
+/// An integer type whose values are numbers, not truth values or characters.
+template <class T>
+concept Number = std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char>;
+
+/// What may stand in a slot: a number, or a text that says how it is written.
+template <class T>
+concept Slot = Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined> ||
+    std::is_same_v<T, Quoted> || std::is_same_v<T, Encoded>;
+
+/// A string literal with one "{}" slot per argument. Only a literal converts to it, so a value can never
+/// become markup by accident; a wrong number of slots does not compile.
+template <class... Slots>
+class Template {
+ public:
+  consteval Template(const char* literal) {  // NOLINT(google-explicit-constructor): Put("<b>") is the point
+    std::string_view rest(literal);
+    std::size_t slots = 0;
+    for (std::size_t at = rest.find("{}"); at != rest.npos; at = rest.find("{}"), ++slots) {
+      if (slots == sizeof...(Slots)) throw "more {} slots than arguments";
+      pieces_[slots] = rest.substr(0, at);
+      rest.remove_prefix(at + 2);
+    }
+    if (slots != sizeof...(Slots)) throw "fewer {} slots than arguments";
+    pieces_[slots] = rest;
+  }
+
+  /// The literal text before slot `index`; with the number of slots, the text behind the last.
+  constexpr std::string_view Piece(std::size_t index) const { return pieces_[index]; }
+
+ private:
+  std::array<std::string_view, sizeof...(Slots) + 1> pieces_;
+};
+
+/// Appends HTML to one buffer and hands it to a response in pieces of about 16 KB, or keeps it as a text.
+/// Literals are kept byte for byte.
+class HtmlWriter {
+ public:
+  /// Collects a text; see Take().
+  HtmlWriter() = default;
+
+  /// Writes to `response`, which must outlive the writer. What was not flushed is lost with the writer.
+  explicit HtmlWriter(platform::Response& response) : response_(&response) {}
+
+  HtmlWriter(const HtmlWriter&) = delete;
+  HtmlWriter& operator=(const HtmlWriter&) = delete;
+
+  /// Writes `markup`, each slot replaced by the next value.
+  template <Slot... Slots>
+  HtmlWriter& Put(Template<std::type_identity_t<Slots>...> markup, const Slots&... values) {
+    std::size_t piece = 0;
+    ((Append(markup.Piece(piece++)), Write(values)), ...);
+    Append(markup.Piece(piece));
+    return *this;
+  }
+
+  /// Same as Put(), but writes nothing unless `wanted`.
+  template <Slot... Slots>
+  HtmlWriter& PutIf(bool wanted, Template<std::type_identity_t<Slots>...> markup, const Slots&... values) {
+    return wanted ? Put<Slots...>(markup, values...) : *this;
+  }
+
+  HtmlWriter& Write(Verbatim value) {
+    Append(value.text);
+    return *this;
+  }
+  HtmlWriter& Write(Joined value) {
+    Append(value.first);
+    Append(value.second);
+    return *this;
+  }
+  HtmlWriter& Write(Quoted value);
+  HtmlWriter& Write(Encoded value);
+
+  HtmlWriter& Write(Number auto number) {
+    char digits[24];
+    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    Append(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+    return *this;
+  }
+
+  /// Hands what was collected to the response. Does nothing without one.
+  void Flush();
+
+  /// The collected text so far, for writers without a response.
+  std::string_view Collected() const { return {buffer_.get(), used_}; }
+
+  /// Forgets the collected text, but keeps its room.
+  void Clear() { used_ = 0; }
+
+  std::string Take() {
+    std::string text(Collected());
+    used_ = 0;
+    return text;
+  }
+
+ private:
+  void Append(std::string_view text) {
+    if (text.size() > capacity_ - used_) return AppendBeyondBuffer(text);
+    text.copy(buffer_.get() + used_, text.size());
+    used_ += text.size();
+  }
+
+  /// Sends the buffer, or lets it grow, before it appends the text.
+  void AppendBeyondBuffer(std::string_view text);
+  void Grow(std::size_t capacity);
+
+  platform::Response* response_ = nullptr;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t capacity_ = 0;
+  std::size_t used_ = 0;
+};
+
+}  // namespace dralo::util

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/page_context.h"
+
+namespace dralo::tests {
+
+/// A page whose request is made up by the test and whose response is kept for it.
+class FakePage : public platform::PageContext, private platform::Request, private platform::Response {
+ public:
+  using Fields = std::vector<platform::RequestField>;
+
+  Fields query;
+  Fields form;
+  std::string script_name = "/p";
+
+  std::string body;  ///< What was written since the last Clear().
+  std::vector<std::string>
+      calls;  ///< "write", "clear", "content-type: X", "NAME: VALUE", "end" in their order.
+  std::function<void()> on_write;  ///< Called before each write; may throw.
+
+  const platform::Request& GetRequest() const override { return *this; }
+  platform::Response& GetResponse() override { return *this; }
+
+ private:
+  std::span<const platform::RequestField> Form() const override { return form; }
+  std::span<const platform::RequestField> QueryString() const override { return query; }
+  std::string_view ServerVariable(std::string_view name) const override {
+    return name == "SCRIPT_NAME" ? std::string_view(script_name) : std::string_view();
+  }
+
+  void Write(std::string_view html) override {
+    if (on_write) on_write();
+    calls.emplace_back("write");
+    body += html;
+  }
+  void Clear() override {
+    calls.emplace_back("clear");
+    body.clear();
+  }
+  void SetContentType(std::string_view type) override {
+    calls.push_back("content-type: " + std::string(type));
+  }
+  void AddHeader(std::string_view name, std::string_view value) override {
+    calls.push_back(std::string(name) + ": " + std::string(value));
+  }
+  void End() override { calls.emplace_back("end"); }
+};
+
+}  // namespace dralo::tests

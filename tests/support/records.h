@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/connection.h"
+#include "platform/recordset.h"
+#include "support/regional_environment.h"
+#include "support/temporary_database.h"
+
+namespace dralo::tests {
+
+/// The rows of a query on a SQLite file of their own, open and on the first row.
+class Records {
+ public:
+  explicit Records(std::string_view statements, std::string_view query = "SELECT * FROM T")
+      : database_(statements),
+        connection_(platform::Create<platform::Connection>(AmericanEnvironment(), "ADODB.Connection")),
+        recordset_(platform::Create<platform::Recordset>(AmericanEnvironment(), "ADODB.Recordset")) {
+    connection_->Open(database_.ConnectionString());
+    recordset_->Open(query, connection_);
+  }
+
+  platform::Recordset& operator*() const { return *recordset_; }
+  platform::Recordset* operator->() const { return recordset_.get(); }
+
+  /// The field at the 0-based position.
+  platform::Field& operator[](std::size_t position) const { return *recordset_->Fields()[position]; }
+
+ private:
+  TemporaryDatabase database_;
+  std::shared_ptr<platform::Connection> connection_;
+  std::shared_ptr<platform::Recordset> recordset_;
+};
+
+}  // namespace dralo::tests

@@ -1,0 +1,114 @@
+#include "util/letter_case.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+namespace dralo::util {
+namespace {
+
+std::string Utf8(char32_t letter) {
+  const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((letter >> shift) & 0x3F)); };
+  if (letter < 0x80) return {static_cast<char>(letter)};
+  if (letter < 0x800) return {static_cast<char>(0xC0 | (letter >> 6)), tail(0)};
+  if (letter < 0x10000) return {static_cast<char>(0xE0 | (letter >> 12)), tail(6), tail(0)};
+  return {static_cast<char>(0xF0 | (letter >> 18)), tail(12), tail(6), tail(0)};
+}
+
+class LetterPair : public testing::TestWithParam<std::pair<const char*, const char*>> {};
+
+TEST_P(LetterPair, HasOneCapitalAndOneSmallLetter) {
+  const auto [capital, small] = GetParam();
+
+  EXPECT_EQ(ToUpper(small), capital);
+  EXPECT_EQ(ToLower(capital), small);
+  EXPECT_EQ(ToUpper(capital), capital);
+  EXPECT_EQ(ToLower(small), small);
+  EXPECT_TRUE(EqualIgnoringCase(capital, small));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Alphabets, LetterPair,
+    testing::Values(std::pair("A", "a"), std::pair("Z", "z"), std::pair("À", "à"), std::pair("Ä", "ä"),
+                    std::pair("Ö", "ö"), std::pair("Ø", "ø"), std::pair("Þ", "þ"), std::pair("Ÿ", "ÿ"),
+                    std::pair("Ā", "ā"), std::pair("Į", "į"), std::pair("Ķ", "ķ"), std::pair("Ĺ", "ĺ"),
+                    std::pair("Ł", "ł"), std::pair("Ŋ", "ŋ"), std::pair("Ŷ", "ŷ"), std::pair("Ź", "ź"),
+                    std::pair("Ž", "ž"), std::pair("Ơ", "ơ"), std::pair("Ư", "ư"), std::pair("Ǎ", "ǎ"),
+                    std::pair("Ș", "ș"), std::pair("Ə", "ə"), std::pair("Ά", "ά"), std::pair("Έ", "έ"),
+                    std::pair("Ί", "ί"), std::pair("Α", "α"), std::pair("Ρ", "ρ"), std::pair("Σ", "σ"),
+                    std::pair("Ϋ", "ϋ"), std::pair("Ό", "ό"), std::pair("Ώ", "ώ"), std::pair("А", "а"),
+                    std::pair("Я", "я"), std::pair("Ё", "ё"), std::pair("Џ", "џ"), std::pair("Ґ", "ґ"),
+                    std::pair("Ә", "ә"), std::pair("Ա", "ա"), std::pair("Ֆ", "ֆ"), std::pair("Ḁ", "ḁ"),
+                    std::pair("Ẁ", "ẁ"), std::pair("Ạ", "ạ"), std::pair("Ỹ", "ỹ")));
+
+TEST(LetterCase, IsChangedInBothDirectionsForEveryLetterThatHasAPartner) {
+  int letters = 0;
+  for (unsigned letter = 0; letter < 0x11000; ++letter) {
+    const std::string text = Utf8(letter);
+    const std::string capital = ToUpper(text);
+    const std::string small = ToLower(text);
+    EXPECT_EQ(capital.size(), text.size()) << letter;
+    EXPECT_TRUE(capital == text || small == text) << letter;
+    if (capital != text) {
+      ++letters;
+      EXPECT_EQ(ToLower(capital), text) << letter;
+    }
+    if (small != text) {
+      EXPECT_EQ(ToUpper(small), text) << letter;
+    }
+  }
+  EXPECT_GT(letters, 300);
+}
+
+TEST(LetterCase, KeepsCharactersWithoutASinglePartner) {
+  const std::string kept = "0123 []{}@`ß÷×ıİĸŉſǅςΐΰև中😀";
+
+  EXPECT_EQ(ToUpper(kept), kept);
+  EXPECT_EQ(ToLower(kept), kept);
+}
+
+TEST(LetterCase, KeepsBytesThatAreNoUtf8) {
+  for (const char* text : {"\xFF\xFE", "\x80", "\xC3", "\xE1\xBA", "\xF8\x88", "\xC1\xA1", "\xE0\x81\xA1",
+                           "\xE0\x83\xA0", "\xED\xA0\x80", "\xF0\x9F\x98"}) {
+    EXPECT_EQ(ToUpper(text), text);
+    EXPECT_EQ(ToLower(text), text);
+  }
+  EXPECT_EQ(ToUpper("a\xC3z"), "A\xC3Z");
+  EXPECT_EQ(ToLower("\xE1"
+                    "BC"),
+            "\xE1"
+            "bc");
+}
+
+TEST(EqualIgnoringCase, ComparesWholeTextsWithoutRegardToCase) {
+  EXPECT_TRUE(EqualIgnoringCase("", ""));
+  EXPECT_TRUE(EqualIgnoringCase("formOneRec", "FORMONEREC"));
+  EXPECT_TRUE(EqualIgnoringCase("ÆØÅ og я", "æøå OG Я"));
+  EXPECT_FALSE(EqualIgnoringCase("a", "ab"));
+  EXPECT_FALSE(EqualIgnoringCase("a ", "a"));
+  EXPECT_FALSE(EqualIgnoringCase("o", "ö"));
+  EXPECT_FALSE(EqualIgnoringCase("[", "{"));
+}
+
+TEST(EqualIgnoringCase, TellsDifferentBytesThatAreNoUtf8Apart) {
+  EXPECT_TRUE(EqualIgnoringCase("a\xFF", "A\xFF"));
+  EXPECT_FALSE(EqualIgnoringCase("\xFF", "\xFE"));
+  EXPECT_FALSE(EqualIgnoringCase("\xE0\x83\xA0", "à"));
+}
+
+TEST(ContainsWord, FindsTheWordAnywhereInAnyLetterCase) {
+  EXPECT_TRUE(ContainsWord("topBoth", "BOTH"));
+  EXPECT_TRUE(ContainsWord("FORM", "FORM"));
+  EXPECT_TRUE(ContainsWord("x", ""));
+  EXPECT_TRUE(ContainsWord("", ""));
+}
+
+TEST(ContainsWord, DoesNotFindWhatIsNotThere) {
+  EXPECT_FALSE(ContainsWord("", "TOP"));
+  EXPECT_FALSE(ContainsWord("TO P", "TOP"));
+  EXPECT_FALSE(ContainsWord("bo\xC3tom", "BOTTOM"));
+}
+
+}  // namespace
+}  // namespace dralo::util
