@@ -1,0 +1,51 @@
+#include "shell/db_connection.h"
+
+#include <array>
+#include <utility>
+
+#include "util/letter_case.h"
+
+namespace dralo::shell {
+namespace {
+
+struct EngineName {
+  std::string_view name;
+  DatabaseEngine engine;
+};
+
+constexpr auto kEngineNames = std::to_array<EngineName>({
+    {"ORACLE", DatabaseEngine::kOracle},
+    {"SQLA", DatabaseEngine::kSqla},
+    {"MSSQL", DatabaseEngine::kMssql},
+    {"ACCESS", DatabaseEngine::kAccess},
+});
+
+}  // namespace
+
+DBConnection::DBConnection(platform::Environment& environment)
+    : connection_(platform::Create<platform::Connection>(environment, "ADODB.Connection")) {}
+
+void DBConnection::OnEndPage() {
+  if (owns_connection_) connection_.reset();
+}
+
+void DBConnection::SetConnection(std::shared_ptr<platform::Connection> connection) {
+  connection_ = std::move(connection);
+  owns_connection_ = false;
+}
+
+std::string_view DBConnection::EngineName() const {
+  for (const auto& [name, engine] : kEngineNames) {
+    if (engine == engine_) return name;
+  }
+  return "ORACLE";
+}
+
+void DBConnection::SetEngineName(std::string_view name) {
+  engine_ = DatabaseEngine::kOracle;
+  for (const auto& [known, engine] : kEngineNames) {
+    if (util::EqualIgnoringCase(known, name)) engine_ = engine;
+  }
+}
+
+}  // namespace dralo::shell

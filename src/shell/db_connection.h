@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/connection.h"
+#include "platform/environment.h"
+#include "platform/object.h"
+
+namespace dralo::shell {
+
+enum class DatabaseEngine { kOracle = 1, kSqla = 2, kAccess = 3, kMssql = 4 };
+
+/// Lets several views on one page share one open database connection. Scripts know it as
+/// "Dralo.DBConnection".
+class DBConnection final : public platform::Object {
+ public:
+  /// Makes an "ADODB.Connection" of its own; it is not open yet.
+  explicit DBConnection(platform::Environment& environment);
+
+  /// Gives its own connection back; one that the page supplied stays as it is.
+  void OnEndPage();
+
+  const std::shared_ptr<platform::Connection>& Connection() const { return connection_; }
+
+  /// From now on uses `connection`, which stays the page's own: it is not closed at page end.
+  void SetConnection(std::shared_ptr<platform::Connection> connection);
+
+  DatabaseEngine Engine() const { return engine_; }
+
+  /// "ORACLE", "SQLA", "ACCESS" or "MSSQL".
+  std::string_view EngineName() const;
+
+  /// Takes one of these names in any letter case; every other name stands for "ORACLE".
+  void SetEngineName(std::string_view name);
+
+ private:
+  std::shared_ptr<platform::Connection> connection_;
+  bool owns_connection_ = true;
+  // A connection on which no engine was set reads "ORACLE" as well.
+  DatabaseEngine engine_ = DatabaseEngine::kOracle;
+};
+
+}  // namespace dralo::shell

@@ -1,0 +1,77 @@
+#include "shell/db_view.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "driver/current_mode.h"
+#include "driver/render_driver.h"
+#include "shell/guard.h"
+#include "shell/request_keys.h"
+#include "shell/setters.h"
+
+namespace dralo::shell {
+
+DbView::DbView(platform::Environment& environment) : environment_(environment) {}
+
+DbView::~DbView() = default;
+
+void DbView::OnStartPage(platform::PageContext& page) {
+  Guarded(settings_, "OnStartPage", [&] {
+    // A host that cannot say what was asked, or where to write, gives no page.
+    static_cast<void>(page.GetRequest());
+    static_cast<void>(page.GetResponse());
+    page_ = &page;
+  });
+}
+
+void DbView::OnEndPage() {
+  if (settings_.owns_connection) settings_.DrConnection.reset();
+  // What is left may hold statements of a database open.
+  settings_.ADORecordset.reset();
+  settings_.StoredProcCommand.reset();
+  page_ = nullptr;
+}
+
+void DbView::WriteHtmlTable() {
+  if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
+  driver::WriteHtmlTable(settings_, environment_, *page_, current_record_);
+}
+
+void DbView::QHtmlTable(std::string_view connection_string, std::string_view table_name) {
+  SetConnectionString(settings_, environment_, std::string(connection_string));
+  SetSql(settings_, environment_, "SELECT * FROM " + std::string(table_name));
+  WriteHtmlTable();
+}
+
+std::string_view DbView::CurrentMode() const {
+  if (page_ == nullptr)
+    return driver::ModeName(driver::CurrentMode(settings_, nullptr, environment_.Regional()));
+  const RequestKeys keys(page_->GetRequest(), settings_.Tag);
+  return driver::ModeName(driver::CurrentMode(settings_, &keys, environment_.Regional()));
+}
+
+platform::Variant DbView::CurrentRecord(std::int16_t index) const {
+  const bool adding = page_ != nullptr && RequestKeys(page_->GetRequest(), settings_.Tag).Has(key::kFormAdd);
+  if (adding || index < 1 || static_cast<std::size_t>(index) > current_record_.size()) return std::string();
+  return current_record_[static_cast<std::size_t>(index) - 1];
+}
+
+PropertyValue DbView::Get(std::string_view name) const {
+  const auto* property = FindDbViewProperty(name);
+  if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));
+  if (property->get == nullptr) throw std::invalid_argument(std::string(property->name) + " cannot be read");
+  return property->get(*this);
+}
+
+void DbView::Set(std::string_view name, const PropertyValue& value) {
+  const auto* property = FindDbViewProperty(name);
+  if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));
+  if (property->set == nullptr) throw std::invalid_argument(std::string(property->name) + " cannot be set");
+  try {
+    property->set(*this, value);
+  } catch (const std::invalid_argument& misfit) {
+    throw std::invalid_argument(std::string(property->name) + " " + misfit.what());
+  }
+}
+
+}  // namespace dralo::shell

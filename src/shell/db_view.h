@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/environment.h"
+#include "platform/object.h"
+#include "platform/page_context.h"
+#include "platform/variant.h"
+#include "shell/property.h"
+#include "shell/settings.h"
+
+namespace dralo::shell {
+
+/// Turns a database query into an interactive part of a web page. Scripts know it as "Dralo.DbView".
+/// Lives for one page: made by the page script, bound to the page, configured through its properties,
+/// rendered.
+class DbView final : public platform::Object {
+ public:
+  /// `environment` must outlive the view.
+  explicit DbView(platform::Environment& environment);
+  ~DbView() override;
+
+  /// Binds the view to the page; `page` must live until OnEndPage().
+  void OnStartPage(platform::PageContext& page);
+
+  /// Gives back the connection that the ConnectionString property opened, and lets go of the page.
+  void OnEndPage();
+
+  /// Reads the request, carries out a posted change, and writes the view that the request selects.
+  /// Failures of the database and of rendering end up in ErrorMessage. Throws platform::Error when the view
+  /// is not bound to a page, and lets errors of a posted change's preparation through.
+  void WriteHtmlTable();
+
+  /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
+  /// Throws platform::Error when the connection cannot be opened.
+  void QHtmlTable(std::string_view connection_string, std::string_view table_name);
+
+  /// "grid", "formview", "formedit" or "formadd": the view that the request and the properties select.
+  /// May be asked before and after rendering.
+  std::string_view CurrentMode() const;
+
+  /// The value at the 1-based position `index` of the record that was rendered (of a grid: its first); an
+  /// empty text before rendering, out of range, and while a record is being added.
+  platform::Variant CurrentRecord(std::int16_t index) const;
+
+  /// A property by its name in any letter case. Throws std::invalid_argument naming the property when there
+  /// is none of that name, when its access does not allow it, and when the value does not fit.
+  PropertyValue Get(std::string_view name) const;
+  void Set(std::string_view name, const PropertyValue& value);
+
+  const Settings& GetSettings() const { return settings_; }
+  Settings& MutableSettings() { return settings_; }
+  platform::Environment& GetEnvironment() const { return environment_; }
+
+ private:
+  platform::Environment& environment_;
+  platform::PageContext* page_ = nullptr;
+  Settings settings_;
+  std::vector<platform::Variant> current_record_;
+};
+
+}  // namespace dralo::shell

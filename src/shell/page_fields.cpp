@@ -1,0 +1,57 @@
+#include "shell/page_fields.h"
+
+#include <span>
+#include <string_view>
+
+#include "util/characters.h"
+#include "util/letter_case.h"
+
+namespace dralo::shell {
+namespace {
+
+/// How many characters of a name are compared with the view's prefix, whatever the length of its tag.
+constexpr std::size_t kComparedCharacters = 6;
+
+bool BelongsToView(std::string_view name, std::string_view tag) {
+  const std::string_view start = name.substr(0, util::BytesOfCharacters(name, kComparedCharacters));
+  return start.starts_with(key::kPrefix) && start.substr(key::kPrefix.size()) == tag;
+}
+
+/// Whether the field makes some view save or delete. Keys are read in any letter case, so this is too.
+bool IsCommandToChange(std::string_view name) {
+  const auto ends_with = [&](std::string_view command) {
+    return name.size() >= command.size() &&
+           util::EqualIgnoringCase(name.substr(name.size() - command.size()), command);
+  };
+  return util::EqualIgnoringCase(name.substr(0, key::kPrefix.size()), key::kPrefix) &&
+         (ends_with(key::kFormUpdate) || ends_with(key::kFormDelete));
+}
+
+template <class Visit>
+void ForEachPageField(const Settings& settings, const platform::Request& request, Visit visit) {
+  const auto walk = [&](std::span<const platform::RequestField> fields) {
+    for (const platform::RequestField& field : fields) {
+      if (!BelongsToView(field.name, settings.Tag) && !IsCommandToChange(field.name)) visit(field);
+    }
+  };
+  walk(request.QueryString());
+  if (settings.PersistPageFormRequest) walk(request.Form());
+}
+
+}  // namespace
+
+void PutPageFormFields(util::HtmlWriter& out, const Settings& settings, const platform::Request& request) {
+  ForEachPageField(settings, request, [&](const platform::RequestField& field) {
+    // The name is the visitor's as much as the value is.
+    out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", util::Quoted{field.name},
+            util::Quoted{field.value});
+  });
+}
+
+void PutPageQueryFields(util::HtmlWriter& out, const Settings& settings, const platform::Request& request) {
+  ForEachPageField(settings, request, [&](const platform::RequestField& field) {
+    out.Put("&{}={}", util::Encoded{field.name}, util::Encoded{field.value});
+  });
+}
+
+}  // namespace dralo::shell

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/environment.h"
+#include "platform/recordset.h"
+#include "platform/variant.h"
+#include "shell/request_keys.h"
+#include "shell/settings.h"
+#include "util/html_writer.h"
+
+namespace dralo::shell {
+
+/// Everything that one rendering of a view needs and learns. The driver makes it, fills it step by step and
+/// hands it down; it ends with the call.
+struct Render {
+  Settings& settings;
+  platform::Environment& environment;
+  const RequestKeys& keys;
+  util::HtmlWriter& out;
+  std::string_view script_name;                           ///< The page's own address, for links and the form.
+  std::vector<platform::Variant>& current_record_values;  ///< What CurrentRecord reads.
+
+  std::string form_display = "";        ///< The view that the request asks for, as posted; written back.
+  bool form_display_requested = false;  ///< The request asks for the one-record view.
+  bool form_view = false;               ///< The one-record view, or an edit or add form, is shown.
+  std::string_view edit_status_message = "";  ///< The outcome of the last save or delete.
+
+  std::int32_t current_record = 1;  ///< 1-based number of the record that the page starts with.
+  std::int32_t bookmark = 1;
+  std::int32_t records_on_page = 1;  ///< How many records the shown view puts on a page.
+  bool is_last_page = false;         ///< There is no record behind this page.
+
+  /// What the query string of every link carries behind the record number.
+  std::string state_query_tail = "";
+
+  /// For texts of values while they are written; see platform::Formatting::Text().
+  std::string scratch = "";
+
+  const platform::Formatting& Regional() const { return environment.Regional(); }
+};
+
+}  // namespace dralo::shell
