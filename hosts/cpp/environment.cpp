@@ -1,0 +1,53 @@
+#include "hosts/cpp/environment.h"
+
+#include <array>
+#include <string>
+
+#include "database/objects.h"
+#include "regional/locale_formatting.h"
+#include "regional/reg_exp.h"
+#include "shell/db_connection.h"
+#include "shell/db_view.h"
+#include "util/letter_case.h"
+
+namespace dralo::host {
+namespace {
+
+using platform::ObjectPtr;
+
+struct Registration {
+  std::string_view identifier;
+  ObjectPtr (*make)(Environment& environment);
+};
+
+constexpr auto kRegistrations = std::to_array<Registration>({
+    {"ADODB.Connection",
+     [](Environment& environment) -> ObjectPtr { return database::MakeConnection(&environment.Regional()); }},
+    {"ADODB.Recordset",
+     [](Environment& environment) -> ObjectPtr { return database::MakeRecordset(&environment.Regional()); }},
+    {"ADODB.Command", [](Environment&) -> ObjectPtr { return std::make_shared<platform::Command>(); }},
+    {"Dralo.DbView",
+     [](Environment& environment) -> ObjectPtr { return std::make_shared<shell::DbView>(environment); }},
+    {"Dralo.DBConnection",
+     [](Environment& environment) -> ObjectPtr {
+       return std::make_shared<shell::DBConnection>(environment);
+     }},
+});
+
+}  // namespace
+
+Environment::Environment(std::string_view locale) : formatting_(regional::MakeFormatting(locale)) {}
+
+Environment::~Environment() = default;
+
+ObjectPtr Environment::CreateObject(std::string_view programmatic_identifier) {
+  for (const Registration& registration : kRegistrations) {
+    if (util::EqualIgnoringCase(registration.identifier, programmatic_identifier))
+      return registration.make(*this);
+  }
+  throw platform::Error("No object is registered as \"" + std::string(programmatic_identifier) + "\"");
+}
+
+std::unique_ptr<platform::RegExp> Environment::CreateRegExp() { return regional::MakeRegExp(); }
+
+}  // namespace dralo::host

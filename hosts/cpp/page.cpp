@@ -1,0 +1,45 @@
+#include "hosts/cpp/page.h"
+
+#include "hosts/cpp/url_encoded.h"
+#include "platform/error.h"
+
+namespace dralo::host {
+
+Page::Page(std::string_view script_name, std::string_view query_string, std::string_view form_body)
+    : script_name_(script_name), query_(ParseUrlEncoded(query_string)), form_(ParseUrlEncoded(form_body)) {}
+
+std::string_view Page::ServerVariable(std::string_view name) const {
+  return name == "SCRIPT_NAME" ? std::string_view(script_name_) : std::string_view();
+}
+
+void Page::Write(std::string_view html) {
+  if (!send) {
+    body_ += html;
+    return;
+  }
+  sent_ = true;
+  send(*this, html);
+}
+
+void Page::Clear() {
+  RequireUnsentHeaders();
+  body_.clear();
+}
+
+void Page::SetContentType(std::string_view type) {
+  RequireUnsentHeaders();
+  content_type_ = type;
+}
+
+void Page::AddHeader(std::string_view name, std::string_view value) {
+  RequireUnsentHeaders();
+  headers_.emplace_back(name, value);
+}
+
+void Page::End() { throw Ended{}; }
+
+void Page::RequireUnsentHeaders() const {
+  if (sent_) throw platform::Error("Part of the page was sent already; set headers before any output");
+}
+
+}  // namespace dralo::host

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/page_context.h"
+
+namespace dralo::host {
+
+/// One request and its response for a C++ program that serves pages itself.
+/// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected.
+class Page final : public platform::PageContext, private platform::Request, private platform::Response {
+ public:
+  /// Thrown by End() so that the program stops rendering the page; catch it where the page is served.
+  struct Ended {};
+
+  /// `query_string` and `form_body` as they came (application/x-www-form-urlencoded); `script_name` is the
+  /// address that links and the form lead back to.
+  Page(std::string_view script_name, std::string_view query_string, std::string_view form_body = {});
+
+  /// Sends pieces on as they are written instead of collecting them; headers are complete by then.
+  std::function<void(const Page& page, std::string_view piece)> send;
+
+  const std::string& Body() const { return body_; }
+  const std::string& ContentType() const { return content_type_; }
+  const std::vector<std::pair<std::string, std::string>>& Headers() const { return headers_; }
+
+  const platform::Request& GetRequest() const override { return *this; }
+  platform::Response& GetResponse() override { return *this; }
+
+ private:
+  std::span<const platform::RequestField> Form() const override { return form_; }
+  std::span<const platform::RequestField> QueryString() const override { return query_; }
+  std::string_view ServerVariable(std::string_view name) const override;
+
+  void Write(std::string_view html) override;
+  void Clear() override;
+  void SetContentType(std::string_view type) override;
+  void AddHeader(std::string_view name, std::string_view value) override;
+  [[noreturn]] void End() override;
+
+  void RequireUnsentHeaders() const;
+
+  std::string script_name_;
+  std::vector<platform::RequestField> query_;
+  std::vector<platform::RequestField> form_;
+  std::string body_;
+  std::string content_type_ = "text/html; charset=utf-8";
+  std::vector<std::pair<std::string, std::string>> headers_;
+  bool sent_ = false;
+};
+
+}  // namespace dralo::host

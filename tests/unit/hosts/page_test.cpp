@@ -1,0 +1,120 @@
+#include "hosts/cpp/page.h"
+
+#include <gtest/gtest.h>
+
+#include <exception>
+#include <type_traits>
+
+#include "platform/error.h"
+
+namespace dralo::host {
+namespace {
+
+// Renderers catch std::exception: what ends a page has to pass them.
+static_assert(!std::is_base_of_v<std::exception, Page::Ended>);
+
+TEST(Page, OffersTheFieldsOfQueryStringAndPostedForm) {
+  const Page page("/shop.php", "a=1&b=2", "c=3");
+  const platform::Request& request = page.GetRequest();
+
+  ASSERT_EQ(request.QueryString().size(), 2U);
+  EXPECT_EQ(request.QueryString()[1].name, "b");
+  EXPECT_EQ(request.QueryString()[1].value, "2");
+  ASSERT_EQ(request.Form().size(), 1U);
+  EXPECT_EQ(request.Form()[0].name, "c");
+}
+
+TEST(Page, HasNoPostedFormUnlessOneCame) {
+  const Page page("/shop.php", "");
+
+  EXPECT_TRUE(page.GetRequest().Form().empty());
+  EXPECT_TRUE(page.GetRequest().QueryString().empty());
+}
+
+TEST(Page, KnowsItsAddressAndNoOtherServerVariable) {
+  const Page page("/shop.php", "");
+
+  EXPECT_EQ(page.GetRequest().ServerVariable("SCRIPT_NAME"), "/shop.php");
+  EXPECT_EQ(page.GetRequest().ServerVariable("HTTP_HOST"), "");
+}
+
+TEST(Page, CollectsWhatIsWritten) {
+  Page page("/shop.php", "");
+  page.GetResponse().Write("<p>");
+  page.GetResponse().Write("1</p>");
+
+  EXPECT_EQ(page.Body(), "<p>1</p>");
+}
+
+TEST(Page, DropsWhatWasCollectedWhenCleared) {
+  Page page("/shop.php", "");
+  page.GetResponse().Write("<p>");
+  page.GetResponse().Clear();
+  page.GetResponse().Write("<b>");
+
+  EXPECT_EQ(page.Body(), "<b>");
+}
+
+TEST(Page, IsHtmlUntilToldOtherwise) {
+  Page page("/shop.php", "");
+  EXPECT_EQ(page.ContentType(), "text/html; charset=utf-8");
+
+  page.GetResponse().SetContentType("application/vnd.ms-excel");
+  EXPECT_EQ(page.ContentType(), "application/vnd.ms-excel");
+}
+
+TEST(Page, KeepsHeadersInTheirOrder) {
+  Page page("/shop.php", "");
+  page.GetResponse().AddHeader("X-B", "1");
+  page.GetResponse().AddHeader("X-A", "2");
+
+  using Headers = std::vector<std::pair<std::string, std::string>>;
+  EXPECT_EQ(page.Headers(), (Headers{{"X-B", "1"}, {"X-A", "2"}}));
+}
+
+TEST(Page, EndsByAnExceptionThatKeepsWhatWasWritten) {
+  Page page("/shop.php", "");
+  page.GetResponse().Write("<p>");
+
+  EXPECT_THROW(page.GetResponse().End(), Page::Ended);
+  EXPECT_EQ(page.Body(), "<p>");
+}
+
+TEST(Page, SendsPiecesOnWithHeadersCompleteInsteadOfCollectingThem) {
+  Page page("/shop.php", "");
+  std::vector<std::string> pieces;
+  page.send = [&](const Page& sent, std::string_view piece) {
+    EXPECT_EQ(sent.ContentType(), "text/plain");
+    pieces.emplace_back(piece);
+  };
+  page.GetResponse().SetContentType("text/plain");
+  page.GetResponse().Write("one");
+  page.GetResponse().Write("two");
+
+  EXPECT_EQ(pieces, (std::vector<std::string>{"one", "two"}));
+  EXPECT_EQ(page.Body(), "");
+}
+
+TEST(Page, ChangesNeitherHeadersNorBodyOnceSomethingWasSent) {
+  Page page("/shop.php", "");
+  page.send = [](const Page&, std::string_view) {};
+  page.GetResponse().Clear();
+  page.GetResponse().Write("one");
+
+  EXPECT_THROW(page.GetResponse().Clear(), platform::Error);
+  EXPECT_THROW(page.GetResponse().SetContentType("text/plain"), platform::Error);
+  EXPECT_THROW(page.GetResponse().AddHeader("X-A", "1"), platform::Error);
+  EXPECT_EQ(page.ContentType(), "text/html; charset=utf-8");
+  EXPECT_TRUE(page.Headers().empty());
+}
+
+TEST(Page, CountsAsSentWhenSendingFailed) {
+  Page page("/shop.php", "");
+  page.send = [](const Page&, std::string_view) { throw std::runtime_error("the client is gone"); };
+
+  EXPECT_THROW(page.GetResponse().Write("one"), std::runtime_error);
+  EXPECT_THROW(page.GetResponse().Clear(), platform::Error);
+}
+
+}  // namespace
+}  // namespace dralo::host
