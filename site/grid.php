@@ -1,0 +1,14 @@
+<?php
+
+require "frame/frame.php";
+begin_page();
+
+$view = new Dralo\DbView();
+$view->ConnectionString = "Provider=SQLite;Data Source=" . shop_file();
+$view->sql = "SELECT ID, Company, Contact, City, Country, Since FROM Customers";
+$view->ImageDir = "/gfx/";
+$view->Width = "100%";
+$view->WriteHtmlTable();
+echo $view->ErrorMessage;
+
+end_page();

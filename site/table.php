@@ -1,0 +1,12 @@
+<?php
+
+require "frame/frame.php";
+begin_page();
+
+$view = new Dralo\DbView();
+$view->ImageDir = "/gfx/";
+$view->Width = "100%";
+$view->QHtmlTable("Provider=SQLite;Data Source=" . shop_file(), "Countries");
+echo $view->ErrorMessage;
+
+end_page();
