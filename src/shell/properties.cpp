@@ -148,7 +148,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::FormFieldsHide>("FormFieldsHide", kReadWrite, "Comma list of the fields that the forms hide; when set, FormFieldsShow is ignored."),
   Row<&S::GridColsNoSort>("GridColsNoSort", kReadWrite, "Comma list of columns without a sort link; * for all."),
   Row<&S::GridCellsNoBr>("GridCellsNoBr", kReadWrite, "Comma list of columns whose text stays on one line; * for all."),
-  Row<&S::GridFieldsSupressDup, SetGridFieldsSupressDup>("GridFieldsSupressDup", kReadWrite, "Comma list of columns in which a value that repeats the row above is left blank."),
+  Row<&S::GridFieldsSupressDup>("GridFieldsSupressDup", kReadWrite, "Comma list of columns in which a value that repeats the row above is left blank."),
   Row<&S::GridDisplayFieldNames>("GridDisplayFieldNames", kReadWrite, "Comma list of the grid's captions by position; an empty item keeps the field name."),
   Row<&S::FormDisplayFieldNames>("FormDisplayFieldNames", kReadWrite, "Comma list of the forms' labels by position; an empty item keeps the field name."),
   Row<&S::GridDisplayIndex>("GridDisplayIndex", kReadWrite, "Shows the record number as the first column."),

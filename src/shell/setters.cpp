@@ -149,13 +149,6 @@ void SetDrConnection(Settings& settings, std::shared_ptr<DBConnection> value) {
   settings.DrConnection = std::move(value);
 }
 
-void SetGridFieldsSupressDup(Settings& settings, std::string value) {
-  settings.GridFieldsSupressDup = std::move(value);
-  settings.suppress_list.clear();
-  if (!settings.GridFieldsSupressDup.empty())
-    settings.suppress_list = util::Split(settings.GridFieldsSupressDup);
-}
-
 void SetLanguage(Settings& settings, std::string value) {
   auto tables = BuiltInTables(value);
   if (tables == nullptr) return;

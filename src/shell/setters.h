@@ -56,8 +56,6 @@ void SetConnectionString(Settings& settings, platform::Environment& environment,
 /// Shares the given connection; the view does not close it.
 void SetDrConnection(Settings& settings, std::shared_ptr<DBConnection> value);
 
-void SetGridFieldsSupressDup(Settings& settings, std::string value);
-
 /// Fills all language tables from the built-in language; an unknown code changes nothing.
 void SetLanguage(Settings& settings, std::string value);
 

@@ -122,7 +122,6 @@ struct Settings {
   bool last_save_failed = false;              ///< A posted change was tried in the latest render and failed.
   bool owns_connection = false;               ///< DrConnection was made by the ConnectionString setter.
   std::string edit_options_as_assigned = "";  ///< EditOptions in the page's own letter case.
-  std::vector<std::string> suppress_list = {};  ///< GridFieldsSupressDup split at ",".
 };
 
 }  // namespace dralo::shell

@@ -272,14 +272,6 @@ TEST(DrConnection, AfterAConnectionStringReplacesThePrivateConnection) {
   EXPECT_TRUE(replaced.expired());
 }
 
-TEST(GridFieldsSupressDup, IsSplitWhenItIsNotEmpty) {
-  Settings settings;
-  SetGridFieldsSupressDup(settings, "City, Name");
-  EXPECT_EQ(settings.suppress_list, (std::vector<std::string>{"City", " Name"}));
-  SetGridFieldsSupressDup(settings, "");
-  EXPECT_TRUE(settings.suppress_list.empty());
-}
-
 std::string Twelve(std::string_view last) { return "a,b,c,d,e,f,g,h,i,j,k," + std::string(last); }
 
 TEST(Language, InLowerCaseLeavesTheTablesAndTheCode) {

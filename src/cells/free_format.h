@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "cells/record_template.h"
+#include "platform/recordset.h"
+#include "shell/render.h"
+#include "util/html_writer.h"
+
+namespace dralo::cells {
+
+/// The cells of a column that has a free-format template.
+class FreeFormatCell {
+ public:
+  /// Takes the column's template as it stands now, for the records of `recordset`, which must outlive it.
+  FreeFormatCell(const shell::Render& render, platform::Recordset& recordset, int column);
+
+  /// Writes the cell of the current record, which `number` counts from 1; it may be empty. Failures are
+  /// reported in ErrorMessage under GetFreeCellString; what stands before the failure is written.
+  void Put(util::HtmlWriter& out, shell::Render& render, std::int32_t number);
+
+ private:
+  int column_;
+  std::string name_in_messages_;
+  std::optional<RecordTemplate> template_ = {};  ///< Nothing when the bulk text holds none for the column.
+};
+
+/// Attributes of rows or cells, with field names between "##" and "##" that stand for the record's values.
+class RecordTag {
+ public:
+  /// `recordset` must outlive the tag.
+  RecordTag(std::string_view text, const shell::Render& render, platform::Recordset& recordset);
+
+  /// The attributes for the current record, without blanks around; valid until the next call. Failures are
+  /// reported in ErrorMessage under ReplaceFieldValuesFromTag; what stands before the failure is returned.
+  std::string_view Text(shell::Render& render, std::int32_t number);
+
+ private:
+  RecordTemplate template_;
+  util::HtmlWriter text_;
+};
+
+}  // namespace dralo::cells

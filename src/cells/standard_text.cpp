@@ -1,0 +1,107 @@
+#include "cells/standard_text.h"
+
+#include <exception>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "shell/guard.h"
+#include "util/characters.h"
+#include "util/field_type.h"
+#include "util/list.h"
+
+namespace dralo::cells {
+namespace {
+
+constexpr std::string_view kEmptyCell = "&nbsp;";
+
+bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == text.npos; }
+
+/// What the database layer could not read as a date may still spell one.
+std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
+                                         const platform::VariantView& value) {
+  if (const auto* date = std::get_if<platform::DateTime>(&value)) {
+    return date->IsValid() ? std::optional(*date) : std::nullopt;
+  }
+  if (const auto* text = std::get_if<std::string_view>(&value)) return formatting.RecognizeDate(*text);
+  return std::nullopt;
+}
+
+std::string_view DateText(shell::Render& render, platform::Field& field) {
+  const auto date = AsDate(render.Regional(), field.Value());
+  return date ? render.Regional().Text(*date, render.scratch) : std::string_view();
+}
+
+std::string_view PlainText(shell::Render& render, platform::Field& field) {
+  const std::string_view text = render.Regional().Text(field.Value(), render.scratch);
+  return IsBlank(text) ? std::string_view() : text;
+}
+
+/// The whole text of the value without anything added for HTML; empty for what cannot be shown.
+std::string_view WholeText(shell::Render& render, platform::Field& field) {
+  const platform::TypeCode type = field.Type();
+  if (util::IsMemoFieldType(type)) return GetMemoFieldText(render.Regional(), field, render.scratch);
+  if (util::IsDateFieldType(type)) return DateText(render, field);
+  return type == platform::TypeCode::kLongVarBinary ? std::string_view() : PlainText(render, field);
+}
+
+/// `text`, which may stand in the scratch itself, followed by `ending`.
+std::string_view WithEnding(shell::Render& render, std::string_view text, std::string_view ending) {
+  render.scratch.assign(text);
+  return render.scratch.append(ending);
+}
+
+/// The memo as cells show it under a MemoFieldLimit of 0 or more.
+std::string_view LimitedMemo(shell::Render& render, std::string_view memo) {
+  if (memo.empty() || render.settings.MemoFieldLimit == 0) return {};
+  if (render.form_view) return WithEnding(render, memo, kEmptyCell);
+  const auto limit = static_cast<std::size_t>(render.settings.MemoFieldLimit);
+  const std::size_t bytes = util::BytesOfCharacters(memo, limit);
+  if (bytes == memo.size()) return WithEnding(render, memo, kEmptyCell);
+  return WithEnding(render, memo.substr(0, bytes), "...");
+}
+
+/// body() with failures reported as those of `function` on the field; empty when it failed.
+template <class Body>
+std::string_view GuardedText(shell::Render& render, platform::Field& field, std::string_view function,
+                             Body&& body) {
+  try {
+    return body();
+  } catch (const std::exception& error) {
+    std::string name(function);
+    name.append(". oField.Name=").append(field.Name());
+    shell::ReportError(render.settings, error.what(), name);
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& field) {
+  const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
+    const std::string_view whole = WholeText(render, field);
+    const bool limited = render.settings.MemoFieldLimit >= 0 && util::IsMemoFieldType(field.Type());
+    return limited ? LimitedMemo(render, whole) : whole;
+  });
+  return IsBlank(text) ? kEmptyCell : text;
+}
+
+std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field) {
+  return GuardedText(render, field, "GetStdDbFieldStringRaw", [&] { return WholeText(render, field); });
+}
+
+std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,
+                                  std::string& scratch) {
+  try {
+    return formatting.Text(field.Value(), scratch);
+  } catch (const std::exception&) {
+    // A second read succeeds with some drivers.
+  }
+  try {
+    return util::TrimBlanks(formatting.Text(field.Value(), scratch));
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+}  // namespace dralo::cells

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/field.h"
+#include "shell/render.h"
+
+namespace dralo::cells {
+
+/// The cell text of the field's current value for HTML; never empty: "&nbsp;" stands for what is empty or
+/// blank. Memos are cut to MemoFieldLimit, dates follow the regional settings, binary values are never shown.
+/// Values are not escaped. Failures are reported in ErrorMessage. Valid until the record moves or
+/// `render.scratch` changes.
+std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& field);
+
+/// The same text without anything added for HTML: whole memos, and "" for what is empty.
+std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field);
+
+/// The text of a long field, in `scratch` or in the record; empty when it cannot be read. Never throws
+/// std::exception.
+std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,
+                                  std::string& scratch);
+
+}  // namespace dralo::cells

@@ -1,0 +1,266 @@
+#include "views/data_grid.h"
+
+#include <array>
+#include <exception>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cells/format_functions.h"
+#include "cells/free_format.h"
+#include "cells/standard_text.h"
+#include "platform/error.h"
+#include "shell/guard.h"
+#include "util/html_writer.h"
+#include "util/letter_case.h"
+#include "util/list.h"
+#include "views/field_lists.h"
+#include "views/grid_column.h"
+#include "views/grid_header.h"
+#include "views/record_link.h"
+
+namespace dralo::views {
+namespace {
+
+using shell::Settings;
+using util::Verbatim;
+
+/// The texts with one blank between them; empty when all are blank. Two blanks in a row become one, in one
+/// pass.
+std::string Combined(std::initializer_list<std::string_view> texts) {
+  std::string combined;
+  for (const std::string_view text : texts) combined.append(text).append(" ");
+  if (util::TrimBlanks(combined).empty()) return "";
+  combined.pop_back();
+  for (std::size_t at = combined.find("  "); at != combined.npos; at = combined.find("  ", at + 1)) {
+    combined.erase(at, 1);
+  }
+  return combined;
+}
+
+std::string CellTag(const Settings& settings, RowParity parity) {
+  const bool odd = parity == kOdd;
+  return Combined({settings.TDTag, settings.GridTDTag, odd ? settings.TDOddTag : settings.TDEvenTag,
+                   odd ? settings.GridTDOddTag : settings.GridTDEvenTag});
+}
+
+std::string RowTag(const Settings& settings, RowParity parity) {
+  return Combined({settings.GridTRTag, parity == kOdd ? settings.GridTROddTag : settings.GridTREvenTag});
+}
+
+/// The values of the current record. One that cannot be read stays Null: its cell has reported it.
+std::vector<platform::Variant> CurrentValues(platform::Recordset& recordset) {
+  std::vector<platform::Variant> values;
+  for (platform::Field* field : recordset.Fields()) {
+    try {
+      values.push_back(platform::Own(field->Value()));
+    } catch (const platform::Error&) {
+      values.emplace_back();
+    }
+  }
+  return values;
+}
+
+/// Writes the rows of one page.
+class GridRows {
+ public:
+  GridRows(shell::Render& render, platform::Recordset& recordset, GridColumns& columns);
+
+  void Put(std::int32_t& rows);
+
+ private:
+  bool IsPageFull(std::int32_t rows) const;
+  void StartRow(std::int32_t row);
+  void PutRow();
+  void PutIndexCell();
+  void PutCell(GridColumn& column);
+  void PutSuppressedCell(const GridColumn& column);
+  void PutFreeFormatCell(GridColumn& column);
+  void PutTextCell(const GridColumn& column, std::string_view text);
+  void PutCellStart(const std::array<std::string, 2>& start);
+  void PutLinkStart();
+  bool RepeatsLastValue(const GridColumn& column);
+  void LeaveRecord(std::int32_t row);
+
+  shell::Render& render_;
+  const Settings& settings_;
+  util::HtmlWriter& out_;
+  platform::Recordset& recordset_;
+  GridColumns& columns_;
+  std::array<cells::RecordTag, 2> cell_tags_;
+  std::array<cells::RecordTag, 2> row_tags_;
+  RecordLink link_;
+
+  /// By position in GridFieldsSupressDup the value last written; nothing before the first.
+  std::vector<std::optional<std::string>> last_values_;
+
+  // Of the current row.
+  std::int32_t record_ = 0;  ///< Counted from 1 over all pages.
+  RowParity parity_ = kOdd;
+  util::HtmlWriter cell_start_;  ///< What all its cells begin with.
+  std::string_view cell_attributes_;
+};
+
+GridRows::GridRows(shell::Render& render, platform::Recordset& recordset, GridColumns& columns)
+    : render_(render),
+      settings_(render.settings),
+      out_(render.out),
+      recordset_(recordset),
+      columns_(columns),
+      cell_tags_{cells::RecordTag(CellTag(settings_, kOdd), render, recordset),
+                 cells::RecordTag(CellTag(settings_, kEven), render, recordset)},
+      row_tags_{cells::RecordTag(RowTag(settings_, kOdd), render, recordset),
+                cells::RecordTag(RowTag(settings_, kEven), render, recordset)},
+      link_(render, recordset) {
+  for (const GridColumn& column : columns_.shown) {
+    const auto position = static_cast<std::size_t>(column.suppress_position);
+    if (position >= last_values_.size()) last_values_.resize(position + 1);
+  }
+}
+
+void GridRows::Put(std::int32_t& rows) {
+  while (!IsPageFull(rows) && !recordset_.Eof()) {
+    ++rows;
+    StartRow(rows);
+    PutRow();
+    LeaveRecord(rows);
+    out_.Put("</tr>\r\n");
+  }
+}
+
+bool GridRows::IsPageFull(std::int32_t rows) const {
+  return rows >= settings_.RecordsPerPage ||
+         std::int64_t{render_.current_record} + rows > settings_.RecordsMaxLimit;
+}
+
+void GridRows::StartRow(std::int32_t row) {
+  record_ = render_.current_record + (row - 1);
+  parity_ = row % 2 == 1 ? kOdd : kEven;
+  const Verbatim tag{settings_.Tag};
+  cell_start_.Clear();
+  cell_start_.Put(R"(<td id="drl{}cell_{})", tag, row);
+  cell_attributes_ = cell_tags_[parity_].Text(render_, record_);
+
+  const std::string_view row_attributes = row_tags_[parity_].Text(render_, record_);
+  out_.Put(R"(<tr id="drl{}row_{}")", tag, row)
+      .PutIf(settings_.UseCSS, R"(class="DRLOTableTR{}")", Verbatim{ParityWord(parity_)})
+      .PutIf(!row_attributes.empty(), " {}", Verbatim{row_attributes})
+      .Put(">\r\n");
+}
+
+void GridRows::PutRow() {
+  if (settings_.GridDisplayIndex) PutIndexCell();
+  for (GridColumn& column : columns_.shown) PutCell(column);
+}
+
+void GridRows::PutIndexCell() {
+  PutCellStart(columns_.index_start);
+  out_.Put(">");
+  if (settings_.GridLinkIndex == 0) {
+    PutLinkStart();
+    out_.Put("{}</a>", record_);
+  } else {
+    out_.Write(record_);
+  }
+  out_.Put("</td>\r\n");
+}
+
+void GridRows::PutCell(GridColumn& column) {
+  if (column.suppress_position > 0 && RepeatsLastValue(column)) return PutSuppressedCell(column);
+  if (column.free_format) return PutFreeFormatCell(column);
+  if (column.has_format_function) {
+    return PutTextCell(column, cells::GetFormatCellString(render_, *column.field, column.number));
+  }
+  const std::string_view text = cells::GetStdDbFieldString(render_, *column.field);
+  if (!column.is_linked) return PutTextCell(column, text);
+
+  PutCellStart(column.start);
+  out_.Write(Verbatim{column.open});
+  PutLinkStart();
+  out_.Put("{}</a>{}", Verbatim{text}, Verbatim{column.close});
+}
+
+void GridRows::PutSuppressedCell(const GridColumn& column) {
+  PutCellStart(column.start);
+  // Pages without classes get a stray quotation mark here; styles and scripts may count on it.
+  out_.PutIf(!settings_.UseCSS, R"(")").Put(">&nbsp;</td>\r\n");
+}
+
+void GridRows::PutFreeFormatCell(GridColumn& column) {
+  PutCellStart(column.start);
+  out_.Write(Verbatim{column.open});
+  column.free_format->Put(out_, render_, record_);
+  out_.Write(Verbatim{column.close});
+}
+
+void GridRows::PutTextCell(const GridColumn& column, std::string_view text) {
+  PutCellStart(column.start);
+  out_.Put("{}{}{}", Verbatim{column.open}, Verbatim{text}, Verbatim{column.close});
+}
+
+void GridRows::PutCellStart(const std::array<std::string, 2>& start) {
+  out_.Put("{}{}", Verbatim{cell_start_.Collected()}, Verbatim{start[parity_]});
+  out_.PutIf(!cell_attributes_.empty(), " {}", Verbatim{cell_attributes_});
+}
+
+void GridRows::PutLinkStart() {
+  out_.Put("<a").PutIf(settings_.UseCSS, R"( class="DRLOTable")").Put(R"( href=")");
+  link_.Put(out_, render_, record_);
+  out_.Put(R"(">)");
+}
+
+bool GridRows::RepeatsLastValue(const GridColumn& column) {
+  const std::string_view value = render_.Regional().Text(column.field->Value(), render_.scratch);
+  std::optional<std::string>& last = last_values_[static_cast<std::size_t>(column.suppress_position)];
+  if (!last) {
+    last.emplace(value);
+    return false;
+  }
+  const bool repeats = util::EqualIgnoringCase(*last, value);
+  last->assign(value);
+  return repeats;
+}
+
+void GridRows::LeaveRecord(std::int32_t row) {
+  if (row == 1) render_.current_record_values = CurrentValues(recordset_);
+  recordset_.MoveNext();
+}
+
+void PutGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+  GridColumns columns(render, recordset);
+  if (render.settings.DisplayHeader) {
+    PutGridHeader(render, columns.shown, render.current_record + rows - 1);
+  }
+  rows = 0;
+  GridRows(render, recordset, columns).Put(rows);
+}
+
+void Report(Settings& settings, int number, std::string_view description) {
+  shell::ReportError(settings, std::to_string(number).append(" ").append(description), "MakeDataGrid");
+}
+
+}  // namespace
+
+int DisplayedGridColumns(const Settings& settings, platform::Recordset& recordset) {
+  int number = 0;
+  int displayed = settings.GridDisplayIndex ? 1 : 0;
+  for (const platform::Field* field : recordset.Fields()) {
+    if (IsGridFieldShown(settings, field->Name(), ++number)) ++displayed;
+  }
+  return displayed;
+}
+
+void MakeDataGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+  render.current_record_values.clear();
+  try {
+    PutGrid(render, recordset, rows);
+  } catch (const platform::Error& error) {
+    Report(render.settings, error.Number(), error.Description());
+  } catch (const std::exception& error) {
+    Report(render.settings, 0, error.what());
+  }
+}
+
+}  // namespace dralo::views

@@ -1,0 +1,47 @@
+#include "views/primary_key_value_list.h"
+
+#include <exception>
+
+#include "cells/named_field.h"
+#include "util/list.h"
+
+namespace dralo::views {
+namespace {
+
+/// Setting `sql` copies it into EditSQL, but a command is nothing to address single records in.
+bool HasEditStatement(const shell::Settings& settings) {
+  if (util::TrimBlanks(settings.EditSQL).empty()) return false;
+  return !settings.has_stored_procedure || settings.EditSQL != settings.sql;
+}
+
+}  // namespace
+
+PrimaryKeyValueList::PrimaryKeyValueList(const shell::Settings& settings, platform::Recordset& recordset) {
+  if (util::TrimBlanks(settings.EditPrimaryKeys).empty() || !HasEditStatement(settings)) return;
+  for (const std::string& item : util::Split(settings.EditPrimaryKeys)) {
+    const std::string_view name = util::TrimBlanks(item);
+    keys_.push_back({std::string(name), cells::FindField(recordset, name)});
+  }
+}
+
+bool PrimaryKeyValueList::Read(shell::Settings& settings, const platform::Formatting& formatting) {
+  try {
+    for (Key& key : keys_) {
+      if (key.field == nullptr) throw cells::UnknownField(key.name);
+      key.value.assign(formatting.Text(key.field->Value(), scratch_));
+    }
+  } catch (const std::exception& error) {
+    settings.ErrorMessage.append(error.what());
+    settings.ErrorMessage.append(", when trying to construct a Primary Key URL link<br>");
+    return false;
+  }
+  return keys_.size() > 1 || (keys_.size() == 1 && !keys_[0].value.empty());
+}
+
+void PrimaryKeyValueList::Put(util::HtmlWriter& out) const {
+  for (const Key& key : keys_) {
+    out.PutIf(&key != &keys_.front(), ",").Write(util::Encoded{key.value});
+  }
+}
+
+}  // namespace dralo::views

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/formatting.h"
+#include "platform/recordset.h"
+#include "shell/settings.h"
+#include "util/html_writer.h"
+
+namespace dralo::views {
+
+/// The key values that address a record in links; made once for many records.
+class PrimaryKeyValueList {
+ public:
+  /// Looks the fields of EditPrimaryKeys up in `recordset`, which must outlive the list. The list stays empty
+  /// when EditPrimaryKeys is blank or there is no edit statement.
+  PrimaryKeyValueList(const shell::Settings& settings, platform::Recordset& recordset);
+
+  /// Takes the values of the current record. Returns whether they address one: not when the list is empty,
+  /// when its only value is, and after a failure, such as a key that is no field, which is reported in
+  /// ErrorMessage.
+  bool Read(shell::Settings& settings, const platform::Formatting& formatting);
+
+  /// Writes the values last read, URL-encoded and joined with ",".
+  void Put(util::HtmlWriter& out) const;
+
+ private:
+  struct Key {
+    std::string name;
+    platform::Field* field;
+    std::string value = {};
+  };
+
+  std::vector<Key> keys_;
+  std::string scratch_;
+};
+
+}  // namespace dralo::views

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "support/rendering.h"
+#include "views/navigation_bar.h"
+
+namespace dralo::views {
+
+/// A grid on the first of three pages of 45 records, which a test changes before it asks for the bar.
+struct Bar : tests::Rendering {
+  std::int32_t records_on_page = 20;
+  std::int32_t last_record = 41;
+  bool is_last_page = false;
+  std::string class_suffix = "";
+
+  Bar() {
+    settings.RecordCount = 45;
+    settings.FromRow = 1;
+    settings.ToRow = 20;
+  }
+
+  /// The one-record view on record `number`.
+  void ShowRecord(std::int32_t number) {
+    form_view = true;
+    records_on_page = 1;
+    current_record = settings.FromRow = settings.ToRow = number;
+    last_record = settings.RecordCount;
+  }
+
+  void ShowRows(std::int32_t from, std::int32_t to) {
+    current_record = settings.FromRow = from;
+    settings.ToRow = to;
+  }
+
+  std::string Html(int column_span = 4) {
+    return Text([&](util::HtmlWriter& out, shell::Render& render) {
+      render.records_on_page = records_on_page;
+      render.is_last_page = is_last_page;
+      out.Write(util::Verbatim{NavigationBar(render, column_span, class_suffix, last_record)});
+    });
+  }
+
+  std::string Buttons() {
+    return Between(R"(<tr><td width="1%" class="DRLOTableNavBar"nowrap align="left">)");
+  }
+  std::string Counter() {
+    return Between("\r\n<td width=\"1%\" class=\"DRLOTableNavBar\"nowrap align=\"left\"> ");
+  }
+  std::string RightHand() {
+    return Between(R"(<td width="99%" class="DRLOTableNavBar"nowrap align="right"> )");
+  }
+
+  std::string Select() {
+    return Text([](util::HtmlWriter& out, shell::Render& render) {
+      out.Write(util::Verbatim{RecordsPerPageSelect(render)});
+    });
+  }
+
+  bool ShowsSelect() {
+    bool shows = false;
+    Text([&](util::HtmlWriter&, shell::Render& render) {
+      render.records_on_page = records_on_page;
+      shows = ShowsRecordsPerPageSelect(render);
+    });
+    return shows;
+  }
+
+ private:
+  std::string Between(std::string_view start) {
+    const std::string html = Html();
+    const std::size_t at = html.find(start);
+    if (at == html.npos) return "(no such cell)";
+    const std::size_t from = at + start.size();
+    return html.substr(from, html.find("</td>\r\n", from) - from);
+  }
+};
+
+inline bool Has(std::string_view html, std::string_view part) { return html.find(part) != html.npos; }
+
+}  // namespace dralo::views
