@@ -1,0 +1,71 @@
+#include "driver/current_mode.h"
+
+#include "driver/request_state.h"
+#include "platform/error.h"
+#include "util/letter_case.h"
+
+namespace dralo::driver {
+namespace {
+
+/// The page size that the request asks for; the property's where it asks for none or for none that can be
+/// read.
+std::int16_t RequestedRecordsPerPage(const shell::Settings& settings, const shell::RequestKeys& keys,
+                                     const platform::Formatting& formatting) {
+  try {
+    return RecordsPerPage(settings, keys, formatting);
+  } catch (const platform::Error&) {
+    return settings.RecordsPerPage;
+  }
+}
+
+}  // namespace
+
+std::string_view ModeName(Mode mode) {
+  switch (mode) {
+    case Mode::kGrid:
+      return "grid";
+    case Mode::kFormView:
+      return "formview";
+    case Mode::kFormEdit:
+      return "formedit";
+    case Mode::kFormAdd:
+      return "formadd";
+  }
+  return "grid";
+}
+
+bool AsksForEdit(const shell::Settings& settings, const shell::RequestKeys& keys) {
+  if (settings.last_save_failed) return true;
+  return keys.Has(shell::key::kFormEdit) && !keys.Has(shell::key::kFormView);
+}
+
+bool AsksForAdd(const shell::Settings& settings, const shell::RequestKeys& keys) {
+  if (settings.last_save_failed) return keys.Has(shell::key::kFormInsert);
+  return keys.Has(shell::key::kFormAdd) && !keys.Has(shell::key::kFormView);
+}
+
+bool AsksForFormDisplay(const shell::RequestKeys& keys) {
+  return util::EqualIgnoringCase(keys.Value(shell::key::kFormDisplay), "FORMONEREC");
+}
+
+Mode SelectMode(const shell::Settings& settings, const ViewRequest& request) {
+  const bool form = util::ContainsWord(settings.DisplayType, "FORM") || request.form_display ||
+                    (util::ContainsWord(settings.DisplayType, "DEFAULT") && request.records_per_page == 1);
+  if (!form) return Mode::kGrid;
+  // Adding, too, needs the permission to update: the add button alone needs "ADD".
+  if (!util::ContainsWord(settings.EditOptions, "UPDATE")) return Mode::kFormView;
+  if (request.add) return Mode::kFormAdd;
+  if (request.edit || util::ContainsWord(settings.EditOptions, "NOVIEW")) return Mode::kFormEdit;
+  return Mode::kFormView;
+}
+
+Mode CurrentMode(const shell::Settings& settings, const shell::RequestKeys* keys,
+                 const platform::Formatting& formatting) {
+  if (keys == nullptr) return SelectMode(settings, {.records_per_page = settings.RecordsPerPage});
+  return SelectMode(settings, {.records_per_page = RequestedRecordsPerPage(settings, *keys, formatting),
+                               .form_display = AsksForFormDisplay(*keys),
+                               .edit = AsksForEdit(settings, *keys),
+                               .add = AsksForAdd(settings, *keys)});
+}
+
+}  // namespace dralo::driver

@@ -1,0 +1,102 @@
+#include "driver/query.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "driver/request_state.h"
+#include "shell/db_connection.h"
+#include "util/record_count.h"
+
+namespace dralo::driver {
+namespace {
+
+using platform::CursorType;
+using platform::LockType;
+using platform::Recordset;
+
+std::shared_ptr<Recordset> NewRecordset(platform::Environment& environment) {
+  return platform::Create<Recordset>(environment, "ADODB.Recordset");
+}
+
+/// Commands cannot be wrapped into a counting query: the rows are walked.
+std::int32_t CountCommandRows(const shell::Render& render) {
+  const auto recordset = NewRecordset(render.environment);
+  OpenCommand(*recordset, render.settings, CursorType::kStatic, LockType::kReadOnly);
+  std::int32_t rows = 0;
+  for (; !recordset->Eof() && rows < std::numeric_limits<std::int32_t>::max(); recordset->MoveNext()) ++rows;
+  recordset->Close();
+  return rows;
+}
+
+/// How many records are fetched at most: up to the end of the page and one more, which tells whether there is
+/// a next page.
+std::int64_t RecordLimit(const shell::Render& render) {
+  const std::int64_t page_end = std::int64_t{render.current_record} + render.settings.RecordsPerPage;
+  return std::max<std::int64_t>(std::min<std::int64_t>(page_end, render.settings.RecordsMaxLimit), 1);
+}
+
+}  // namespace
+
+const std::shared_ptr<platform::Connection>& OpenConnection(const shell::Settings& settings) {
+  if (settings.DrConnection == nullptr || settings.DrConnection->Connection() == nullptr) {
+    throw platform::Error("There is no database connection: set ConnectionString or DrConnection");
+  }
+  return settings.DrConnection->Connection();
+}
+
+void CountRecords(shell::Render& render, bool wanted) {
+  shell::Settings& settings = render.settings;
+  if (settings.RecordCount >= 1) return;
+  settings.RecordCount = -1;
+  if (!wanted || settings.has_supplied_recordset) return;
+  if (settings.has_stored_procedure) {
+    settings.RecordCount = CountCommandRows(render);
+  } else if (!settings.sql.empty()) {
+    settings.RecordCount = util::RecordCount(render.environment, OpenConnection(settings), settings.sql);
+  }
+}
+
+std::string OrderedSql(const shell::Settings& settings, std::string sql) {
+  if (settings.OrderByFields.empty()) return sql;
+  sql.append(" ORDER BY ").append(settings.OrderByFields);
+  if (settings.OrderByDesc) sql += " DESC ";
+  return sql;
+}
+
+void OpenCommand(Recordset& recordset, const shell::Settings& settings, CursorType cursor, LockType lock) {
+  platform::Command& command = *settings.StoredProcCommand;
+  if (command.active_connection == nullptr) command.active_connection = OpenConnection(settings);
+  recordset.Open(command, cursor, lock);
+}
+
+std::shared_ptr<Recordset> OpenMainRecordset(shell::Render& render, const std::string& sql,
+                                             bool is_last_page) {
+  const shell::Settings& settings = render.settings;
+  if (settings.has_supplied_recordset) return settings.ADORecordset;
+  auto recordset = NewRecordset(render.environment);
+  if (settings.has_stored_procedure) {
+    OpenCommand(*recordset, settings, CursorType::kForwardOnly, LockType::kOptimistic);
+    return recordset;
+  }
+  if (!is_last_page) recordset->SetMaxRecords(RecordLimit(render));
+  recordset->Open(sql, OpenConnection(settings), CursorType::kForwardOnly, LockType::kReadOnly);
+  return recordset;
+}
+
+void CutLastPageToLimit(shell::Render& render) {
+  shell::Settings& settings = render.settings;
+  const std::int32_t limit = std::max(settings.RecordsMaxLimit, 0);
+  if (settings.RecordCount <= limit) return;
+  settings.RecordCount = limit;
+  if (render.current_record > limit) ApplyPagingButtons(render);
+}
+
+void MoveToCurrentRecord(shell::Render& render, Recordset& recordset) {
+  if (render.current_record == 1) return;
+  const std::int32_t count = render.settings.RecordCount;
+  if (count >= 0) render.current_record = std::max(std::min(render.current_record, count), 1);
+  const std::int32_t position = std::min(render.current_record, render.settings.RecordsMaxLimit);
+  if (position > 1) recordset.Move(position - 1);
+}
+
+}  // namespace dralo::driver

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/connection.h"
+#include "platform/recordset.h"
+#include "shell/render.h"
+
+namespace dralo::driver {
+
+/// The open connection of the view. Throws platform::Error that says what to set when there is none.
+const std::shared_ptr<platform::Connection>& OpenConnection(const shell::Settings& settings);
+
+/// Fills RecordCount when it is below 1: counted when `wanted`, else -1. A supplied recordset is never
+/// counted.
+void CountRecords(shell::Render& render, bool wanted);
+
+/// `sql` with the order that the settings ask for behind it.
+std::string OrderedSql(const shell::Settings& settings, std::string sql);
+
+/// Runs the view's command on its connection, or on its own when it has one.
+void OpenCommand(platform::Recordset& recordset, const shell::Settings& settings, platform::CursorType cursor,
+                 platform::LockType lock);
+
+/// The recordset of the page: the supplied one, the command's, or that of `sql`, which has its order already.
+/// `is_last_page` lifts the limit on the records that are fetched.
+std::shared_ptr<platform::Recordset> OpenMainRecordset(shell::Render& render, const std::string& sql,
+                                                       bool is_last_page);
+
+/// After the last-page button: cuts RecordCount to RecordsMaxLimit, so that the last page ends there.
+void CutLastPageToLimit(shell::Render& render);
+
+/// Cuts the current record number to a known count and moves the recordset there, never beyond
+/// RecordsMaxLimit.
+void MoveToCurrentRecord(shell::Render& render, platform::Recordset& recordset);
+
+}  // namespace dralo::driver

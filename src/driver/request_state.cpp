@@ -1,0 +1,105 @@
+#include "driver/request_state.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+#include "util/conversion.h"
+#include "util/letter_case.h"
+
+namespace dralo::driver {
+namespace {
+
+namespace key = shell::key;
+
+constexpr std::int16_t kDefaultRecordsPerPage = 20;
+
+/// The request key as messages name it.
+std::string KeyName(const shell::RequestKeys& keys, std::string_view name) {
+  const util::Joined joined = keys(name);
+  return std::string(joined.first).append(joined.second);
+}
+
+std::int32_t Int32Value(const shell::Render& render, std::string_view name) {
+  return util::ToInt32(render.Regional(), render.keys.Value(name), KeyName(render.keys, name));
+}
+
+/// `number` moved by `records`, at the ends of 32 bits no further.
+std::int32_t Moved(std::int32_t number, std::int32_t records) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const std::int64_t moved = std::int64_t{number} + records;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(moved, Limits::min(), Limits::max()));
+}
+
+void ReadFormDisplay(shell::Render& render) {
+  render.form_display = render.keys.Value(key::kFormDisplay);
+  render.form_display_requested = AsksForFormDisplay(render.keys);
+  const bool edit = AsksForEdit(render.settings, render.keys);
+  const bool add = AsksForAdd(render.settings, render.keys);
+  const Mode mode = SelectMode(render.settings, {.records_per_page = render.settings.RecordsPerPage,
+                                                 .form_display = render.form_display_requested,
+                                                 .edit = edit,
+                                                 .add = add});
+  if (mode == Mode::kFormEdit || (mode != Mode::kGrid && render.settings.RecordsPerPage == 1)) {
+    render.form_display_requested = true;
+  }
+}
+
+void ReadOrder(shell::Render& render) {
+  const bool has_fields = render.keys.Has(key::kOrderByFields);
+  if (has_fields) render.settings.OrderByFields = render.keys.Value(key::kOrderByFields);
+  if (render.keys.Has(key::kOrderByDesc)) {
+    render.settings.OrderByDesc = true;
+  } else if (has_fields) {
+    // A click on a header asks for ascending order by saying nothing, also when the page had preset the
+    // other.
+    render.settings.OrderByDesc = false;
+  }
+}
+
+}  // namespace
+
+std::int16_t RecordsPerPage(const shell::Settings& settings, const shell::RequestKeys& keys,
+                            const platform::Formatting& formatting) {
+  std::int16_t records = settings.RecordsPerPage;
+  if (keys.Has(key::kMaxRecords)) {
+    records = util::ToInt16(formatting, keys.Value(key::kMaxRecords), KeyName(keys, key::kMaxRecords));
+  }
+  return records < 1 ? kDefaultRecordsPerPage : records;
+}
+
+void ReadRequestState(shell::Render& render) {
+  shell::Settings& settings = render.settings;
+  settings.RecordsPerPage = RecordsPerPage(settings, render.keys, render.Regional());
+  if (render.keys.Has(key::kCountRecords)) settings.CountRecords = true;
+  render.current_record =
+      render.keys.Has(key::kCurrRecord) ? std::max(Int32Value(render, key::kCurrRecord), 1) : 1;
+  if (render.keys.Has(key::kSql)) settings.sql = render.keys.Value(key::kSql);
+  ReadFormDisplay(render);
+  ReadOrder(render);
+}
+
+std::int32_t FirstOfLastPage(std::int32_t records, std::int32_t page_size) {
+  const std::int32_t remainder = records % page_size;
+  return std::max(records - (remainder == 0 ? page_size : remainder) + 1, 1);
+}
+
+void ApplyPagingButtons(shell::Render& render) {
+  const shell::RequestKeys& keys = render.keys;
+  const std::int32_t step = render.form_view ? 1 : render.settings.RecordsPerPage;
+  std::int32_t& current = render.current_record;
+  if (keys.WasPressed(key::kNext)) {
+    current = Moved(current, step);
+  } else if (keys.WasPressed(key::kPrevious)) {
+    current = Moved(current, -step);
+  } else if (keys.WasPressed(key::kFirst)) {
+    current = 1;
+  } else if (keys.WasPressed(key::kLast) && render.settings.RecordCount >= 0) {
+    current =
+        render.form_view ? render.settings.RecordCount : FirstOfLastPage(render.settings.RecordCount, step);
+  }
+  current = std::max(current, 1);
+  render.bookmark = keys.Has(key::kBookmark) ? Int32Value(render, key::kBookmark) : current;
+}
+
+}  // namespace dralo::driver
