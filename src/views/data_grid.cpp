@@ -4,6 +4,7 @@
 #include <exception>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "util/html_writer.h"
 #include "util/letter_case.h"
 #include "util/list.h"
+#include "views/cell_heads.h"
 #include "views/field_lists.h"
 #include "views/grid_column.h"
 #include "views/grid_header.h"
@@ -53,6 +55,7 @@ std::string RowTag(const Settings& settings, RowParity parity) {
 /// The values of the current record. One that cannot be read stays Null: its cell has reported it.
 std::vector<platform::Variant> CurrentValues(platform::Recordset& recordset) {
   std::vector<platform::Variant> values;
+  values.reserve(recordset.Fields().size());
   for (platform::Field* field : recordset.Fields()) {
     try {
       values.push_back(platform::Own(field->Value()));
@@ -66,7 +69,7 @@ std::vector<platform::Variant> CurrentValues(platform::Recordset& recordset) {
 /// Writes the rows of one page.
 class GridRows {
  public:
-  GridRows(shell::Render& render, platform::Recordset& recordset, GridColumns& columns);
+  GridRows(shell::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns);
 
   void Put(std::int32_t& rows);
 
@@ -75,11 +78,12 @@ class GridRows {
   void StartRow(std::int32_t row);
   void PutRow();
   void PutIndexCell();
-  void PutCell(GridColumn& column);
-  void PutSuppressedCell(const GridColumn& column);
-  void PutFreeFormatCell(GridColumn& column);
-  void PutTextCell(const GridColumn& column, std::string_view text);
-  void PutCellStart(const std::array<std::string, 2>& start);
+  void PutCell(GridColumn& column, std::size_t cell);
+  void PutSuppressedCell(std::size_t cell);
+  void PutFreeFormatCell(GridColumn& column, std::size_t cell);
+  void PutLinkedCell(const GridColumn& column, std::size_t cell, std::string_view text);
+  void PutTextCell(const GridColumn& column, std::size_t cell, std::string_view text);
+  void PutHead(std::string_view head);
   void PutLinkStart();
   bool RepeatsLastValue(const GridColumn& column);
   void LeaveRecord(std::int32_t row);
@@ -88,7 +92,8 @@ class GridRows {
   const Settings& settings_;
   util::HtmlWriter& out_;
   platform::Recordset& recordset_;
-  GridColumns& columns_;
+  std::span<GridColumn> columns_;
+  std::array<CellHeads, 2> heads_;
   std::array<cells::RecordTag, 2> cell_tags_;
   std::array<cells::RecordTag, 2> row_tags_;
   RecordLink link_;
@@ -98,23 +103,23 @@ class GridRows {
 
   // Of the current row.
   std::int32_t record_ = 0;  ///< Counted from 1 over all pages.
-  RowParity parity_ = kOdd;
+  CellHeads* row_heads_ = nullptr;
   util::HtmlWriter cell_start_;  ///< What all its cells begin with.
-  std::string_view cell_attributes_;
 };
 
-GridRows::GridRows(shell::Render& render, platform::Recordset& recordset, GridColumns& columns)
+GridRows::GridRows(shell::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns)
     : render_(render),
       settings_(render.settings),
       out_(render.out),
       recordset_(recordset),
       columns_(columns),
+      heads_{CellHeads(render.settings, columns_, kOdd), CellHeads(render.settings, columns_, kEven)},
       cell_tags_{cells::RecordTag(CellTag(settings_, kOdd), render, recordset),
                  cells::RecordTag(CellTag(settings_, kEven), render, recordset)},
       row_tags_{cells::RecordTag(RowTag(settings_, kOdd), render, recordset),
                 cells::RecordTag(RowTag(settings_, kEven), render, recordset)},
       link_(render, recordset) {
-  for (const GridColumn& column : columns_.shown) {
+  for (const GridColumn& column : columns_) {
     const auto position = static_cast<std::size_t>(column.suppress_position);
     if (position >= last_values_.size()) last_values_.resize(position + 1);
   }
@@ -136,73 +141,77 @@ bool GridRows::IsPageFull(std::int32_t rows) const {
 }
 
 void GridRows::StartRow(std::int32_t row) {
-  record_ = render_.current_record + (row - 1);
-  parity_ = row % 2 == 1 ? kOdd : kEven;
+  const RowParity parity = row % 2 == 1 ? kOdd : kEven;
   const Verbatim tag{settings_.Tag};
+  record_ = render_.current_record + (row - 1);
+  row_heads_ = &heads_[parity];
+  row_heads_->SetAttributes(cell_tags_[parity].Text(render_, record_));
   cell_start_.Clear();
   cell_start_.Put(R"(<td id="drl{}cell_{})", tag, row);
-  cell_attributes_ = cell_tags_[parity_].Text(render_, record_);
 
-  const std::string_view row_attributes = row_tags_[parity_].Text(render_, record_);
+  const std::string_view row_attributes = row_tags_[parity].Text(render_, record_);
   out_.Put(R"(<tr id="drl{}row_{}")", tag, row)
-      .PutIf(settings_.UseCSS, R"(class="DRLOTableTR{}")", Verbatim{ParityWord(parity_)})
+      .PutIf(settings_.UseCSS, R"(class="DRLOTableTR{}")", Verbatim{ParityWord(parity)})
       .PutIf(!row_attributes.empty(), " {}", Verbatim{row_attributes})
       .Put(">\r\n");
 }
 
 void GridRows::PutRow() {
   if (settings_.GridDisplayIndex) PutIndexCell();
-  for (GridColumn& column : columns_.shown) PutCell(column);
+  std::size_t cell = 0;
+  for (GridColumn& column : columns_) PutCell(column, ++cell);
 }
 
 void GridRows::PutIndexCell() {
-  PutCellStart(columns_.index_start);
-  out_.Put(">");
+  PutHead(row_heads_->Head(0));
   if (settings_.GridLinkIndex == 0) {
     PutLinkStart();
-    out_.Put("{}</a>", record_);
+    out_.Put("{}</a></td>\r\n", record_);
   } else {
-    out_.Write(record_);
+    out_.Put("{}</td>\r\n", record_);
   }
-  out_.Put("</td>\r\n");
 }
 
-void GridRows::PutCell(GridColumn& column) {
-  if (column.suppress_position > 0 && RepeatsLastValue(column)) return PutSuppressedCell(column);
-  if (column.free_format) return PutFreeFormatCell(column);
+void GridRows::PutCell(GridColumn& column, std::size_t cell) {
+  if (column.suppress_position > 0 && RepeatsLastValue(column)) return PutSuppressedCell(cell);
+  if (column.free_format) return PutFreeFormatCell(column, cell);
   if (column.has_format_function) {
-    return PutTextCell(column, cells::GetFormatCellString(render_, *column.field, column.number));
+    return PutTextCell(column, cell, cells::GetFormatCellString(render_, *column.field, column.number));
   }
   const std::string_view text = cells::GetStdDbFieldString(render_, *column.field);
-  if (!column.is_linked) return PutTextCell(column, text);
-
-  PutCellStart(column.start);
-  out_.Write(Verbatim{column.open});
-  PutLinkStart();
-  out_.Put("{}</a>{}", Verbatim{text}, Verbatim{column.close});
+  if (column.is_linked) return PutLinkedCell(column, cell, text);
+  PutTextCell(column, cell, text);
 }
 
-void GridRows::PutSuppressedCell(const GridColumn& column) {
-  PutCellStart(column.start);
+void GridRows::PutSuppressedCell(std::size_t cell) {
+  PutHead(row_heads_->UnalignedHead(cell));
   // Pages without classes get a stray quotation mark here; styles and scripts may count on it.
   out_.PutIf(!settings_.UseCSS, R"(")").Put(">&nbsp;</td>\r\n");
 }
 
-void GridRows::PutFreeFormatCell(GridColumn& column) {
-  PutCellStart(column.start);
-  out_.Write(Verbatim{column.open});
+std::string_view CellEnd(const GridColumn& column) {
+  return column.is_unbroken ? "</nobr></td>\r\n" : "</td>\r\n";
+}
+
+void GridRows::PutFreeFormatCell(GridColumn& column, std::size_t cell) {
+  PutHead(row_heads_->Head(cell));
   column.free_format->Put(out_, render_, record_);
-  out_.Write(Verbatim{column.close});
+  out_.Write(Verbatim{CellEnd(column)});
 }
 
-void GridRows::PutTextCell(const GridColumn& column, std::string_view text) {
-  PutCellStart(column.start);
-  out_.Put("{}{}{}", Verbatim{column.open}, Verbatim{text}, Verbatim{column.close});
+void GridRows::PutLinkedCell(const GridColumn& column, std::size_t cell, std::string_view text) {
+  PutHead(row_heads_->Head(cell));
+  PutLinkStart();
+  out_.Put("{}</a>{}", Verbatim{text}, Verbatim{CellEnd(column)});
 }
 
-void GridRows::PutCellStart(const std::array<std::string, 2>& start) {
-  out_.Put("{}{}", Verbatim{cell_start_.Collected()}, Verbatim{start[parity_]});
-  out_.PutIf(!cell_attributes_.empty(), " {}", Verbatim{cell_attributes_});
+void GridRows::PutTextCell(const GridColumn& column, std::size_t cell, std::string_view text) {
+  out_.Put("{}{}{}{}", Verbatim{cell_start_.Collected()}, Verbatim{row_heads_->Head(cell)}, Verbatim{text},
+           Verbatim{CellEnd(column)});
+}
+
+void GridRows::PutHead(std::string_view head) {
+  out_.Put("{}{}", Verbatim{cell_start_.Collected()}, Verbatim{head});
 }
 
 void GridRows::PutLinkStart() {
@@ -229,10 +238,8 @@ void GridRows::LeaveRecord(std::int32_t row) {
 }
 
 void PutGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
-  GridColumns columns(render, recordset);
-  if (render.settings.DisplayHeader) {
-    PutGridHeader(render, columns.shown, render.current_record + rows - 1);
-  }
+  std::vector<GridColumn> columns = GridColumns(render, recordset);
+  if (render.settings.DisplayHeader) PutGridHeader(render, columns, render.current_record + rows - 1);
   rows = 0;
   GridRows(render, recordset, columns).Put(rows);
 }

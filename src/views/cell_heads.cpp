@@ -1,0 +1,33 @@
+#include "views/cell_heads.h"
+
+#include "cells/column_settings.h"
+
+namespace dralo::views {
+
+using util::Verbatim;
+
+void CellHeads::SetAttributes(std::string_view attributes) {
+  if (!parts_.empty() && attributes == attributes_) return;
+  attributes_ = attributes;
+  text_.Clear();
+  parts_.clear();
+  parts_.reserve(columns_.size() + 1);
+  Add(0, cells::GridColAttributes(settings_, 0), false, false);
+  for (const GridColumn& column : columns_) {
+    Add(column.number, column.attributes, column.is_numeric, column.is_unbroken);
+  }
+}
+
+void CellHeads::Add(int number, std::string_view column_attributes, bool is_numeric, bool is_unbroken) {
+  const std::size_t start = text_.Collected().size();
+  text_.Put(R"(_{}")", number)
+      .PutIf(settings_.UseCSS, R"(class="DRLOTableTD{}")", Verbatim{ParityWord(parity_)})
+      .PutIf(settings_.UseCSS && !column_attributes.empty(), " ")
+      .Write(Verbatim{column_attributes})
+      .PutIf(!attributes_.empty(), " {}", Verbatim{attributes_});
+  const std::size_t attributes_end = text_.Collected().size();
+  text_.PutIf(is_numeric, R"( align="right")").Put(">").PutIf(is_unbroken, "<nobr>");
+  parts_.push_back({start, attributes_end, text_.Collected().size()});
+}
+
+}  // namespace dralo::views

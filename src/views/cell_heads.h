@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/settings.h"
+#include "util/html_writer.h"
+#include "views/grid_column.h"
+
+namespace dralo::views {
+
+/// Rows of a page alternate, and with them classes and attributes; the first row is odd.
+enum RowParity : std::size_t { kOdd = 0, kEven = 1 };
+
+constexpr std::string_view ParityWord(RowParity parity) { return parity == kOdd ? "odd" : "even"; }
+
+/// What stands in the cells of odd, or of even, rows between the row number in the id and the text. It is put
+/// together for the first row and again only when the row's attributes differ from those of the row before.
+class CellHeads {
+ public:
+  /// `settings` and `columns` must outlive the heads.
+  CellHeads(shell::Settings& settings, std::span<const GridColumn> columns, RowParity parity)
+      : settings_(settings), columns_(columns), parity_(parity) {}
+
+  /// Takes the attributes that all cells of the next row get.
+  void SetAttributes(std::string_view attributes);
+
+  /// The head of a cell; 0 is the row number, `n` the n-th shown column from 1.
+  std::string_view Head(std::size_t cell) const {
+    return text_.Collected().substr(parts_[cell].start, parts_[cell].end - parts_[cell].start);
+  }
+
+  /// The head without its end: the alignment, the ">" and what follows it are left out.
+  std::string_view UnalignedHead(std::size_t cell) const {
+    return text_.Collected().substr(parts_[cell].start, parts_[cell].attributes_end - parts_[cell].start);
+  }
+
+ private:
+  struct Part {
+    std::size_t start;
+    std::size_t attributes_end;
+    std::size_t end;
+  };
+
+  void Add(int number, std::string_view column_attributes, bool is_numeric, bool is_unbroken);
+
+  shell::Settings& settings_;
+  std::span<const GridColumn> columns_;
+  RowParity parity_;
+  std::string attributes_;
+  util::HtmlWriter text_;
+  std::vector<Part> parts_;
+};
+
+}  // namespace dralo::views
