@@ -25,7 +25,11 @@ function(dralo_folder name)
     set(scope INTERFACE)
   endif()
   target_include_directories(dralo_${name} ${scope} ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
-  target_link_libraries(dralo_${name} ${scope} dralo_options ${ARGN})
+  target_compile_features(dralo_${name} ${scope} cxx_std_20)
+  target_link_libraries(dralo_${name} ${scope} ${ARGN})
+  if(sources)
+    target_link_libraries(dralo_${name} PRIVATE dralo_options)
+  endif()
 endfunction()
 
 # dralo_test(NAME LIBRARY...): the tests of this folder and those below it as the program NAME, one CTest test per

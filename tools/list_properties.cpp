@@ -1,0 +1,118 @@
+// Prints docs/properties.md, the reference of all properties, from the property tables.
+
+#include <iostream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "hosts/cpp/environment.h"
+#include "shell/db_connection.h"
+#include "shell/db_view.h"
+#include "shell/property.h"
+
+namespace {
+
+using dralo::shell::Access;
+using dralo::shell::PropertyType;
+
+constexpr std::string_view kHead = R"(# Properties
+
+<!-- Printed by list_properties from the property tables: do not edit. -->
+
+Names are found in any letter case. "integer" has 16 bits, "long" has 32; both are `int` in PHP.
+Properties of columns count every field of the query from 1, hidden ones too.
+
+## Dralo\DbView
+
+In the order in which the defaults are set.
+
+)";
+
+constexpr std::string_view kColumns =
+    "| Property | Type | Access | Default | Meaning |\n|---|---|---|---|---|\n";
+
+constexpr std::string_view kIndexedHead = R"(
+### Properties with a number
+
+`$view->Name[3]` reads and `$view->Name[3] = 'text'` sets; `$view->Name(3)` and `$view->Name(3, 'text')` do the same.
+
+| Property | Access | Meaning |
+|---|---|---|
+)";
+
+constexpr std::string_view kConnectionHead = R"(
+## Dralo\DBConnection
+
+)";
+
+std::string_view TypeName(PropertyType type) {
+  switch (type) {
+    case PropertyType::kText:
+      return "text";
+    case PropertyType::kBoolean:
+      return "boolean";
+    case PropertyType::kInteger:
+      return "integer";
+    case PropertyType::kLong:
+      return "long";
+    case PropertyType::kObject:
+      break;
+  }
+  return "object";
+}
+
+std::string_view AccessName(Access access) {
+  switch (access) {
+    case Access::kReadWrite:
+      return "read, write";
+    case Access::kReadOnly:
+      return "read";
+    case Access::kWriteOnly:
+      break;
+  }
+  return "write";
+}
+
+std::string Code(std::string_view text) { return std::string("`").append(text).append("`"); }
+
+struct DefaultText {
+  std::string operator()(bool flag) const { return Code(flag ? "true" : "false"); }
+  std::string operator()(std::int64_t number) const { return Code(std::to_string(number)); }
+  std::string operator()(const std::string& text) const { return text.empty() ? "empty" : Code(text); }
+  std::string operator()(const dralo::platform::ObjectPtr& object) const {
+    return object == nullptr ? "none" : "one of its own";
+  }
+};
+
+template <class Owner>
+void PrintRows(std::span<const dralo::shell::Property<Owner>> rows, const Owner& untouched) {
+  for (const auto& row : rows) {
+    const std::string type =
+        row.object_class.empty() ? std::string(TypeName(row.type)) : Code(row.object_class);
+    // What a read-only property says before a page is no default.
+    const bool has_default = row.access == Access::kReadWrite;
+    const std::string value = has_default ? std::visit(DefaultText(), row.get(untouched)) : "";
+    std::cout << "| " << Code(row.name) << " | " << type << " | " << AccessName(row.access) << " | " << value
+              << " | " << row.doc << " |\n";
+  }
+}
+
+void PrintIndexedRows() {
+  for (const auto& row : dralo::shell::DbViewIndexedProperties()) {
+    std::cout << "| " << Code(row.name) << " | " << AccessName(row.access) << " | " << row.doc << " |\n";
+  }
+}
+
+}  // namespace
+
+int main() {
+  dralo::host::Environment environment("en-US");
+  std::cout << kHead << kColumns;
+  PrintRows(dralo::shell::DbViewProperties(), dralo::shell::DbView(environment));
+  std::cout << kIndexedHead;
+  PrintIndexedRows();
+  std::cout << kConnectionHead << kColumns;
+  PrintRows(dralo::shell::DBConnectionProperties(), dralo::shell::DBConnection(environment));
+  return std::cout.flush() ? 0 : 1;
+}
