@@ -1,0 +1,75 @@
+#include "hosts/php/classes.h"
+
+#include <array>
+
+#include "hosts/php/guard.h"
+#include "hosts/php/process.h"
+#include "hosts/php/values.h"
+#include "util/letter_case.h"
+
+namespace dralo::php {
+namespace {
+
+constexpr auto kClasses = std::to_array<ScriptClass*>({
+    &db_view_class,
+    &db_connection_class,
+    &connection_class,
+    &recordset_class,
+    &command_class,
+    &fields_class,
+    &field_class,
+    &parameters_class,
+    &indexed_property_class,
+});
+
+void CreateObject(INTERNAL_FUNCTION_PARAMETERS) {
+  zend_string* identifier;
+  ZEND_PARSE_PARAMETERS_START(1, 1)
+  Z_PARAM_STR(identifier)
+  ZEND_PARSE_PARAMETERS_END();
+  const ScriptClass* script_class = nullptr;
+  EnterCpp(Entry::kReads, [&] {
+    script_class = FindClass(View(identifier));
+    // Says what is wrong with any other identifier.
+    if (script_class == nullptr) TheEnvironment().CreateObject(View(identifier));
+  });
+  if (script_class != nullptr) object_init_ex(return_value, script_class->entry);
+}
+
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(create_object_arginfo, 0, 1, IS_OBJECT, 0)
+ZEND_ARG_TYPE_INFO(0, ProgrammaticIdentifier, IS_STRING, 0)
+ZEND_END_ARG_INFO()
+
+}  // namespace
+
+const zend_function_entry kFunctions[] = {
+    ZEND_RAW_FENTRY("Dralo\\CreateObject", CreateObject, create_object_arginfo, 0) ZEND_FE_END};
+
+void RegisterClasses() {
+  RegisterIndexedProperty();
+  RegisterFields();
+  RegisterField();
+  RegisterParameters();
+  RegisterConnection();
+  RegisterRecordset();
+  RegisterCommand();
+  RegisterDBConnection();
+  RegisterDbView();
+}
+
+const ScriptClass& ClassOf(const zend_class_entry* entry) {
+  std::size_t index = 0;
+  while (kClasses[index]->entry != entry) ++index;
+  return *kClasses[index];
+}
+
+const ScriptClass* FindClass(std::string_view identifier) {
+  for (const ScriptClass* script_class : kClasses) {
+    if (!script_class->identifier.empty() && util::EqualIgnoringCase(script_class->identifier, identifier)) {
+      return script_class;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace dralo::php

@@ -1,0 +1,26 @@
+#include "hosts/php/property_rows.h"
+#include "shell/db_connection.h"
+
+namespace dralo::php {
+namespace {
+
+using shell::DBConnection;
+
+const zend_function_entry kMethods[] = {ZEND_FE_END};
+
+}  // namespace
+
+ScriptClass db_connection_class = {
+    .name = "Dralo\\DBConnection",
+    .methods = kMethods,
+    .identifier = "Dralo.DBConnection",
+    .end_page = [](platform::Object& connection) { static_cast<DBConnection&>(connection).OnEndPage(); },
+    .reading = Entry::kReads,
+};
+
+void RegisterDBConnection() {
+  RegisterClass(db_connection_class);
+  DeclareRows<DBConnection>(db_connection_class, shell::DBConnectionProperties());
+}
+
+}  // namespace dralo::php

@@ -1,0 +1,475 @@
+<?php
+
+/**
+ * Declarations of the Dralo extension for editors and static analysers; never included by a page.
+ * Printed by make_php_stub from the property tables: do not edit.
+ */
+
+namespace Dralo;
+
+/** Makes an object by its programmatic identifier, such as "ADODB.Connection" or "Dralo.DbView", in any letter case. */
+function CreateObject(string $ProgrammaticIdentifier): object {}
+
+/** A failure of a database or of object creation; getCode() is the database's own number. */
+class Exception extends \RuntimeException
+{
+    protected string $sqlState = "";
+    protected string $source = "";
+
+    /** Five characters such as "23000"; empty when the database has none. */
+    final public function getSqlState(): string {}
+
+    /** The statement that failed; empty when the failure has none. */
+    final public function getSource(): string {}
+}
+
+/** Turns a database query into an interactive part of the page: a grid, a one-record view, edit and add forms. */
+final class DbView
+{
+    /** The query of the grid; a text that does not begin with "SELECT " is run as a command; also becomes FormSQL and EditSQL where these are empty. */
+    public string $sql;
+
+    /** The query of the one-record view; setting it switches ApplyCellFormattingToForm and ApplyColFormattingToForm off. */
+    public string $FormSQL;
+
+    /** The query of the edit and add forms. */
+    public string $EditSQL;
+
+    /** The statement that deletes a record, without its WHERE, such as DELETE FROM Customers. */
+    public string $DeleteSQL;
+
+    /** Carries the text of sql in the page, so that later requests use it. */
+    public bool $PersistentSQL;
+
+    /** A prepared command that is run instead of an SQL text. */
+    public ?Command $StoredProcCommand;
+
+    /** Connects to a database at once, on a new connection of the view's own. */
+    public string $ConnectionString;
+
+    /** A connection that several views share. */
+    public ?DBConnection $DrConnection;
+
+    /** An open recordset that is shown instead of a query; switches CountRecords off. Write-only. */
+    public ?Recordset $ADORecordset;
+
+    /** The interface language: "ENG", "GER" or "NOR" in capitals; other codes are ignored. */
+    public string $Language;
+
+    /** One character that tells several views on a page apart; it is part of every request key and element id. */
+    public string $Tag;
+
+    /** "grid", "form", or "default", which shows the one-record view when RecordsPerPage is 1. */
+    public string $DisplayType;
+
+    /** Rows on a page of the grid; a value that is not below RecordsMaxLimit is ignored. */
+    public int $RecordsPerPage;
+
+    /** The highest record number that paging and export reach. */
+    public int $RecordsMaxLimit;
+
+    /** How many records there are; -1 while unknown; a value of 1 or more is not counted again. */
+    public int $RecordCount;
+
+    /** Counts the records before the page is written, for the counter and the last-page button. */
+    public bool $CountRecords;
+
+    /** The number of the first record shown; 0 before rendering and for an empty result. */
+    public readonly int $FromRow;
+
+    /** The number of the last record shown; 0 before rendering and for an empty result. */
+    public readonly int $ToRow;
+
+    /** The ORDER BY list: column names or numbers; clicks on the headers change it. */
+    public string $OrderByFields;
+
+    /** Sorts the last column of OrderByFields in descending order. */
+    public bool $OrderByDesc;
+
+    /** Writes the page's own posted fields back, so that they survive paging and sorting. */
+    public bool $PersistPageFormRequest;
+
+    /** Writes CSS classes. */
+    public bool $UseCSS;
+
+    /** Writes the header row of the grid and the labels of the forms. */
+    public bool $DisplayHeader;
+
+    /** Shows the SQL above the view and in error messages; not for public pages. */
+    public bool $DisplayDebug;
+
+    /** What went wrong, as HTML with one line per failure; empty when nothing did. */
+    public readonly string $ErrorMessage;
+
+    /** The width of the whole view in the page, such as 100% or 600; quotes are removed. */
+    public string $Width;
+
+    /** Attributes of the grid's table. */
+    public string $TableTag;
+
+    /** Attributes of the grid's table in the grid view. */
+    public string $GridTableTag;
+
+    /** Attributes of the form's table. */
+    public string $FormTableTag;
+
+    /** Attributes of header cells. */
+    public string $THTag;
+
+    /** Attributes of data cells; ##Name## stands for the record's field Name. */
+    public string $TDTag;
+
+    /** Attributes of data cells in odd rows; ##Name## stands for the record's field Name. */
+    public string $TDOddTag;
+
+    /** Attributes of data cells in even rows; ##Name## stands for the record's field Name. */
+    public string $TDEvenTag;
+
+    /** Attributes of grid rows; ##Name## stands for the record's field Name. */
+    public string $GridTRTag;
+
+    /** Attributes of odd grid rows; ##Name## stands for the record's field Name. */
+    public string $GridTROddTag;
+
+    /** Attributes of even grid rows; ##Name## stands for the record's field Name. */
+    public string $GridTREvenTag;
+
+    /** Attributes of grid cells; ##Name## stands for the record's field Name. */
+    public string $GridTDTag;
+
+    /** Attributes of grid cells in odd rows; ##Name## stands for the record's field Name. */
+    public string $GridTDOddTag;
+
+    /** Attributes of grid cells in even rows; ##Name## stands for the record's field Name. */
+    public string $GridTDEvenTag;
+
+    /** Attributes of the value cells of the one-record view. */
+    public string $FormTDTag;
+
+    /** Comma list of column widths by position, such as 50,,30%. */
+    public string $GridCellWidths;
+
+    /** Two widths of the one-record view: the labels' and the values'. */
+    public string $FormCellWidths;
+
+    /** Comma list of the columns that the grid shows, by name or number; empty shows all. */
+    public string $GridFieldsShow;
+
+    /** Comma list of the columns that the grid hides; when set, GridFieldsShow is ignored. */
+    public string $GridFieldsHide;
+
+    /** Comma list of the fields that the forms show; empty shows all. */
+    public string $FormFieldsShow;
+
+    /** Comma list of the fields that the forms hide; when set, FormFieldsShow is ignored. */
+    public string $FormFieldsHide;
+
+    /** Comma list of columns without a sort link; * for all. */
+    public string $GridColsNoSort;
+
+    /** Comma list of columns whose text stays on one line; * for all. */
+    public string $GridCellsNoBr;
+
+    /** Comma list of columns in which a value that repeats the row above is left blank. */
+    public string $GridFieldsSupressDup;
+
+    /** Comma list of the grid's captions by position; an empty item keeps the field name. */
+    public string $GridDisplayFieldNames;
+
+    /** Comma list of the forms' labels by position; an empty item keeps the field name. */
+    public string $FormDisplayFieldNames;
+
+    /** Shows the record number as the first column. */
+    public bool $GridDisplayIndex;
+
+    /** The number of the column that links to the one-record view; 0 makes the record number the link, which needs GridDisplayIndex. */
+    public int $GridLinkIndex;
+
+    /** The address of the folder with the images, with its closing slash. */
+    public string $ImageDir;
+
+    /** Where the navigation bar goes: top, bottom, both or none; at the top it needs a known record count. */
+    public string $DisplayNavBar;
+
+    /** What the bar counts: records, pages or both. */
+    public string $DisplayNavBarTextOptions;
+
+    /** Shows the first-page and last-page buttons; setting it to true switches CountRecords on. */
+    public bool $DisplayNavBarFirstLastBtn;
+
+    /** Shows the last-page button disabled. */
+    public bool $DisableNavBarLastPageBtn;
+
+    /** Shows the select for the page size. */
+    public bool $DisplayRecordsPerPageSelect;
+
+    /** Comma list of the page sizes offered; it should contain RecordsPerPage. */
+    public string $RecordsPerPageOptions;
+
+    /** Where the select for the page size goes: top or bottom. */
+    public string $RecordsPerPageSelectPlacement;
+
+    /** Shows the button that downloads the whole result as a spreadsheet. */
+    public bool $DisplayExcelIcon;
+
+    /** Applies the columns' format functions in the spreadsheet too. */
+    public bool $ApplyCellFormattingToExcel;
+
+    /** Applies the columns' format functions in the one-record view too. */
+    public bool $ApplyCellFormattingToForm;
+
+    /** Applies GridColAttributes in the one-record view too. */
+    public bool $ApplyColFormattingToForm;
+
+    /** How many characters of a long text the grid shows; -1 for all, 0 for none. */
+    public int $MemoFieldLimit;
+
+    /** HTML below the view. */
+    public string $FooterText;
+
+    /** Stands around field names in the templates of GridFreeFormatCellByCol. */
+    public string $GridFreeFormatCellDataFieldDelimiter;
+
+    /** Separates the items of GridFreeFormatCell and the arguments of GridFormatCellFunction. */
+    public string $GridFreeFormatCellColumnDelimiter;
+
+    /** What visitors may do: ADD, UPDATE, DELETE, ALL for the three, NOVIEW to edit without the one-record view; read back in capitals. */
+    public string $EditOptions;
+
+    /** Carries out what visitors save and delete. */
+    public bool $EditPerformUpdates;
+
+    /** Comma list of the fields that identify a record. */
+    public string $EditPrimaryKeys;
+
+    /** Comma list, one item per key: a statement that yields a new key value, or autoincrement. */
+    public string $EditNewPKStatement;
+
+    /** The question asked before a record is deleted; empty asks nothing. */
+    public string $EditConfirmDeleteString;
+
+    /** Comma list of the fields that the edit form shows but does not change; * for all. */
+    public string $EditFieldsReadOnly;
+
+    /** HTML beside required fields. */
+    public string $RequiredFieldIndicator;
+
+    /** The view that the request selects: "grid", "formview", "formedit" or "formadd". */
+    public readonly string $CurrentMode;
+
+    /** Comma list of twelve texts that replace the navigation texts. Write-only. */
+    public string $LanguageString;
+
+    /** Comma list of five texts that replace the button captions. Write-only. */
+    public string $LanguageBtnString;
+
+    /** Comma list of three or four texts that replace the messages after a save or delete. Write-only. */
+    public string $LangUpdString;
+
+    /** All cell templates at once: column number, template, column number, template and so on. Write-only. */
+    public string $GridFreeFormatCell;
+
+    /** The value at a position, from 1, of the record that was shown last, of a grid its first; empty while a record is being added. */
+    public readonly IndexedProperty $CurrentRecord;
+
+    /** The template of a column's cells; #Name# stands for the record's field Name. */
+    public readonly IndexedProperty $GridFreeFormatCellByCol;
+
+    /** The format function of a column's cells, such as FORMATNUMBER,2. */
+    public readonly IndexedProperty $GridFormatCellFunction;
+
+    /** Attributes of a column's data cells; column 0 is the record number. */
+    public readonly IndexedProperty $GridColAttributes;
+
+    /** Attributes of a column's header cell; column 0 is the record number. */
+    public readonly IndexedProperty $GridColHeadAttributes;
+
+    /** The value at a position, from 1, of the record that was shown last, of a grid its first; empty while a record is being added. */
+    public function CurrentRecord(int $Index): mixed {}
+
+    /** The template of a column's cells; #Name# stands for the record's field Name. With a text it is set first. */
+    public function GridFreeFormatCellByCol(int $Index, ?string $Text = null): string {}
+
+    /** The format function of a column's cells, such as FORMATNUMBER,2. With a text it is set first. */
+    public function GridFormatCellFunction(int $Index, ?string $Text = null): string {}
+
+    /** Attributes of a column's data cells; column 0 is the record number. With a text it is set first. */
+    public function GridColAttributes(int $Index, ?string $Text = null): string {}
+
+    /** Attributes of a column's header cell; column 0 is the record number. With a text it is set first. */
+    public function GridColHeadAttributes(int $Index, ?string $Text = null): string {}
+
+    /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
+    public function WriteHtmlTable(): void {}
+
+    /** Connects, and writes the whole table or view of that name; the name goes into the statement as it is. */
+    public function QHtmlTable(string $ConnectionString, string $TableName): void {}
+}
+
+/** Lets several views on one page share one open database connection. */
+final class DBConnection
+{
+    /** The database connection; one that the page assigns stays the page's own. */
+    public ?Connection $Connection;
+
+    /** The dialect: "ORACLE", "SQLA", "MSSQL" or "ACCESS"; any other name stands for "ORACLE"; set it after the connection string. */
+    public string $DatabaseEngine;
+}
+
+/**
+ * A property of a view that takes a column or field number: $view->GridColAttributes[3] = 'align="right"'.
+ * @implements \ArrayAccess<int, mixed>
+ */
+final class IndexedProperty implements \ArrayAccess
+{
+    public function offsetExists(mixed $offset): bool {}
+
+    public function offsetGet(mixed $offset): mixed {}
+
+    public function offsetSet(mixed $offset, mixed $value): void {}
+
+    public function offsetUnset(mixed $offset): void {}
+}
+
+/** A connection to one database. */
+final class Connection
+{
+    /** The list given to Open(), without a password; empty before. */
+    public readonly string $ConnectionString;
+
+    /** 1 while the connection is open, else 0. */
+    public readonly int $State;
+
+    /** Connects as the "key=value;" list says. */
+    public function Open(string $ConnectionString, string $UserID = "", string $Password = "", int $Options = -1): void {}
+
+    /**
+     * Runs one statement. Returns its rows, or a closed recordset when it yields none.
+     * @param int|null $RecordsAffected receives the number of rows changed, -1 when the database does not tell
+     */
+    public function Execute(string $CommandText, &$RecordsAffected = null): Recordset {}
+
+    /** Gives the connection back; open recordsets on it are closed. */
+    public function Close(): void {}
+}
+
+/** The rows of a query, read forward one at a time. */
+final class Recordset
+{
+    /** Whether there is no current row because the last one was passed. */
+    public readonly bool $EOF;
+
+    /** The highest number of rows the recordset yields; 0 means all. Set it before Open(). */
+    public int $MaxRecords;
+
+    /** 2 on the server, 3 on the client, which updates need. Set it before Open(). */
+    public int $CursorLocation;
+
+    /** 1 while the recordset is open, else 0. */
+    public readonly int $State;
+
+    /** The columns in the order of the query, by name in any letter case or by position from 0. */
+    public readonly Fields $Fields;
+
+    /**
+     * Runs a statement, a bare table name or a command, and stands on the first row.
+     * Rows can be added and changed with CursorLocation 3, cursor type 1 and lock type 3.
+     * @param Connection|null $ActiveConnection of a statement; a command has its own
+     * @param int $CursorType 0 forward only, 1 keyset, 2 dynamic, 3 static; -1 unspecified
+     * @param int $LockType 1 read-only, 2 pessimistic, 3 optimistic, 4 batch; -1 unspecified
+     */
+    public function Open(Command|string $Source, ?Connection $ActiveConnection = null, int $CursorType = 0, int $LockType = 1): void {}
+
+    /** Goes to the next row. */
+    public function MoveNext(): void {}
+
+    /** Starts a new row whose fields are null. */
+    public function AddNew(): void {}
+
+    /** Writes the new or changed row. */
+    public function Update(): void {}
+
+    /** Forgets the new row, or the changes of the current one. */
+    public function CancelUpdate(): void {}
+
+    /** Releases the statement and the connection. */
+    public function Close(): void {}
+}
+
+/** A statement with its parameters, so that a visitor's input never becomes part of the text. */
+final class Command
+{
+    /** The connection that the statement runs on. */
+    public ?Connection $ActiveConnection;
+
+    /** The statement; each "?" stands for one of the parameters. */
+    public string $CommandText;
+
+    /** 1 a statement, 2 a table name, 4 a stored procedure, 8 unknown; -1 unspecified. */
+    public int $CommandType;
+
+    /** The values of the "?" in the statement, in their order; the first is number 0. */
+    public readonly Parameters $Parameters;
+}
+
+/** One column of a recordset. */
+final class Field
+{
+    /** The name of the column. */
+    public readonly string $Name;
+
+    /** The numeric data type, such as 3 for integers and 202 for text. */
+    public readonly int $Type;
+
+    /** A sum of bits; 32 means that the column may be null. */
+    public readonly int $Attributes;
+
+    /** Characters of a text column, bytes of others; 0 when the column declares none. */
+    public readonly int $DefinedSize;
+
+    /** Bytes of the current value; 0 for null. */
+    public readonly int $ActualSize;
+
+    /** The value in the current row: null, bool, int, float or string; a decimal is the exact string, a date-time "YYYY-MM-DD HH:MM:SS" ("YYYY-MM-DD" at midnight). Update() writes what was assigned. */
+    public mixed $Value;
+}
+
+/**
+ * The columns of a recordset, by name in any letter case or by position from 0.
+ * @implements \ArrayAccess<int|string, Field>
+ * @implements \IteratorAggregate<string, Field>
+ */
+final class Fields implements \ArrayAccess, \Countable, \IteratorAggregate
+{
+    public function offsetExists(mixed $offset): bool {}
+
+    public function offsetGet(mixed $offset): mixed {}
+
+    public function offsetSet(mixed $offset, mixed $value): void {}
+
+    public function offsetUnset(mixed $offset): void {}
+
+    public function count(): int {}
+
+    public function getIterator(): \Iterator {}
+}
+
+/**
+ * The parameters of a command, from number 0: $command->Parameters[] = $value adds one.
+ * @implements \ArrayAccess<int, null|bool|int|float|string|\DateTimeInterface>
+ * @implements \IteratorAggregate<int, null|bool|int|float|string>
+ */
+final class Parameters implements \ArrayAccess, \Countable, \IteratorAggregate
+{
+    public function offsetExists(mixed $offset): bool {}
+
+    public function offsetGet(mixed $offset): mixed {}
+
+    public function offsetSet(mixed $offset, mixed $value): void {}
+
+    public function offsetUnset(mixed $offset): void {}
+
+    public function count(): int {}
+
+    public function getIterator(): \Iterator {}
+}

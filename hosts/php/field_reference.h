@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/recordset.h"
+
+namespace dralo::php {
+
+/// A column of a recordset that scripts may keep longer than the recordset is open.
+class FieldReference final : public platform::Object {
+ public:
+  /// `position` counts from 0.
+  FieldReference(std::shared_ptr<platform::Recordset> recordset, std::size_t position)
+      : recordset_(std::move(recordset)), position_(position) {}
+
+  /// Throws Error when the recordset was closed, or opened again with fewer columns.
+  platform::Field& Get() const {
+    if (!recordset_->IsOpen()) throw platform::Error("The recordset of this field is closed");
+    const auto fields = recordset_->Fields();
+    if (position_ >= fields.size()) throw platform::Error("The recordset does not have this field any more");
+    return *fields[position_];
+  }
+
+ private:
+  std::shared_ptr<platform::Recordset> recordset_;
+  std::size_t position_;
+};
+
+}  // namespace dralo::php

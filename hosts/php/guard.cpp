@@ -1,0 +1,112 @@
+#include "hosts/php/guard.h"
+
+#include "hosts/php/engine.h"
+#include "hosts/php/errors.h"
+
+namespace dralo::php {
+namespace {
+
+enum class Outcome { kDone, kPending, kBail, kTimedOut, kEnded, kFailed };
+
+// Calls into C++ that change something and have not returned.
+int changes_in_progress = 0;
+
+// The frame that longjmp returns to: it holds nothing that needs a destructor.
+[[gnu::noinline]] bool Completes(void (*body)(void*), void* context) {
+  volatile bool completed = false;
+  zend_fiber_switch_block();
+  zend_try {
+    body(context);
+    completed = true;
+  }
+  zend_end_try();
+  zend_fiber_switch_unblock();
+  return completed;
+}
+
+bool SomethingIsPending() {
+#ifdef ZEND_HAS_OOM
+  if (ZEND_HAS_OOM()) return true;
+#endif
+  return EG(exception) != nullptr;
+}
+
+Outcome OutcomeOf(HostAbort::Reason reason) {
+  switch (reason) {
+    case HostAbort::Reason::kBail:
+      return Outcome::kBail;
+    case HostAbort::Reason::kTimedOut:
+      return Outcome::kTimedOut;
+    case HostAbort::Reason::kEnded:
+      return Outcome::kEnded;
+    case HostAbort::Reason::kPending:
+      break;
+  }
+  return Outcome::kPending;
+}
+
+class ChangeInProgress {
+ public:
+  explicit ChangeInProgress(Entry entry) : counts_(entry == Entry::kChanges) {
+    if (!counts_) return;
+    if (changes_in_progress > 0) {
+      throw ScriptError{ScriptError::Kind::kError,
+                        "Dralo objects cannot be used like this while one of them is writing the page"};
+    }
+    ++changes_in_progress;
+  }
+  ~ChangeInProgress() {
+    if (counts_) --changes_in_progress;
+  }
+  ChangeInProgress(const ChangeInProgress&) = delete;
+  ChangeInProgress& operator=(const ChangeInProgress&) = delete;
+
+ private:
+  bool counts_;
+};
+
+[[gnu::noinline]] Outcome Run(Entry entry, void (*body)(void*), void* context) {
+  try {
+    const ChangeInProgress change(entry);
+    body(context);
+    return Outcome::kDone;
+  } catch (const HostAbort& abort) {
+    return OutcomeOf(abort.reason);
+  } catch (...) {
+    RememberFailure();
+    return Outcome::kFailed;
+  }
+}
+
+}  // namespace
+
+void CallPhp(void (*body)(void* context), void* context) {
+  if (!Completes(body, context)) throw HostAbort{HostAbort::Reason::kBail};
+  if (SomethingIsPending()) throw HostAbort{HostAbort::Reason::kPending};
+}
+
+void StopIfTimedOut() {
+  if (zend_atomic_bool_load_ex(&EG(timed_out))) throw HostAbort{HostAbort::Reason::kTimedOut};
+}
+
+bool EnterCpp(Entry entry, void (*body)(void* context), void* context) {
+  switch (Run(entry, body, context)) {
+    case Outcome::kDone:
+      return true;
+    case Outcome::kPending:
+      return false;
+    case Outcome::kBail:
+      zend_bailout();
+    case Outcome::kTimedOut:
+      zend_timeout();
+    case Outcome::kEnded:
+      zend_throw_unwind_exit();
+      return false;
+    case Outcome::kFailed:
+      ThrowRememberedFailure();
+      return false;
+  }
+  return false;
+}
+
+}  // namespace dralo::php

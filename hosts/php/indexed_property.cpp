@@ -1,0 +1,175 @@
+#include "hosts/php/indexed_property.h"
+
+#include <limits>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "hosts/php/classes.h"
+#include "hosts/php/entry_handlers.h"
+#include "hosts/php/errors.h"
+#include "hosts/php/guard.h"
+#include "hosts/php/native_object.h"
+#include "hosts/php/values.h"
+#include "shell/db_view.h"
+#include "util/letter_case.h"
+
+namespace dralo::php {
+namespace {
+
+using shell::DbView;
+
+/// What $view->Name yields.
+class BoundProperty final : public platform::Object {
+ public:
+  BoundProperty(platform::ObjectPtr view, const shell::IndexedProperty& bound_row)
+      : row(bound_row), view_(std::move(view)) {}
+
+  DbView& View() const { return static_cast<DbView&>(*view_); }
+
+  const shell::IndexedProperty& row;
+
+ private:
+  platform::ObjectPtr view_;
+};
+
+const BoundProperty& Bound(const platform::ObjectPtr& owner) {
+  return static_cast<const BoundProperty&>(*owner);
+}
+
+std::int16_t ToIndex(zend_long index, std::string_view property) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (index >= Limits::min() && index <= Limits::max()) return static_cast<std::int16_t>(index);
+  throw ScriptError{ScriptError::Kind::kValueError, "The index of " + std::string(property) +
+                                                        " must be a column or field number, " +
+                                                        std::to_string(index) + " given"};
+}
+
+std::int16_t ToIndex(const zval* offset, std::string_view property) {
+  zend_long index = 0;
+  if (offset != nullptr && Z_TYPE_P(offset) == IS_LONG) {
+    index = Z_LVAL_P(offset);
+  } else if (offset == nullptr || Z_TYPE_P(offset) != IS_STRING ||
+             is_numeric_string(Z_STRVAL_P(offset), Z_STRLEN_P(offset), &index, nullptr, false) != IS_LONG) {
+    throw ScriptError{ScriptError::Kind::kTypeError,
+                      "The index of " + std::string(property) + " must be an int"};
+  }
+  return ToIndex(index, property);
+}
+
+void Set(DbView& view, const shell::IndexedProperty& row, std::int16_t index, std::string_view text) {
+  if (row.set == nullptr) {
+    throw ScriptError{ScriptError::Kind::kError, std::string(row.name) + " is read-only"};
+  }
+  row.set(view, index, text);
+}
+
+void Get(DbView& view, const shell::IndexedProperty& row, std::int16_t index, zval* result) {
+  const platform::Variant value = row.get(view, index);
+  PutVariant(platform::View(value), result);
+}
+
+void ReadAt(const platform::ObjectPtr& owner, const zval* offset, zval* result) {
+  const BoundProperty& bound = Bound(owner);
+  Get(bound.View(), bound.row, ToIndex(offset, bound.row.name), result);
+}
+
+void WriteAt(const platform::ObjectPtr& owner, const zval* offset, const zval* value) {
+  const BoundProperty& bound = Bound(owner);
+  const std::int16_t index = ToIndex(offset, bound.row.name);
+  if (Z_TYPE_P(value) == IS_ARRAY) {
+    throw ScriptError{ScriptError::Kind::kTypeError,
+                      std::string(bound.row.name) + " must be a string, array given"};
+  }
+  zend_string* text = nullptr;
+  CallPhp([&] { text = zval_get_string(const_cast<zval*>(value)); });
+  const std::string kept(View(text));
+  CallPhp([&] { zend_string_release(text); });
+  Set(bound.View(), bound.row, index, kept);
+}
+
+bool HasAt(const platform::ObjectPtr& owner, const zval* offset) {
+  const BoundProperty& bound = Bound(owner);
+  const platform::Variant value = bound.row.get(bound.View(), ToIndex(offset, bound.row.name));
+  const auto* text = std::get_if<std::string>(&value);
+  return text == nullptr || !text->empty();
+}
+
+constexpr Entries kEntries{.read = ReadAt, .write = WriteAt, .has = HasAt};
+
+const shell::IndexedProperty& RowOf(const zend_function* method) {
+  const std::string_view name = View(method->common.function_name);
+  const auto rows = shell::DbViewIndexedProperties();
+  std::size_t index = 0;
+  while (rows[index].name != name) ++index;
+  return rows[index];
+}
+
+/// The method form. What it reads or sets is known by the name it was registered under.
+void Method(INTERNAL_FUNCTION_PARAMETERS) {
+  zend_long index;
+  zend_string* text = nullptr;
+  const shell::IndexedProperty& row = RowOf(EX(func));
+  ZEND_PARSE_PARAMETERS_START(1, row.set == nullptr ? 1 : 2)
+  Z_PARAM_LONG(index)
+  Z_PARAM_OPTIONAL
+  Z_PARAM_STR_OR_NULL(text)
+  ZEND_PARSE_PARAMETERS_END();
+  EnterCpp(text == nullptr ? Entry::kReads : Entry::kChanges, [&] {
+    auto& view = NativeAs<DbView>(Z_OBJ_P(ZEND_THIS));
+    const std::int16_t number = ToIndex(index, row.name);
+    if (text != nullptr) Set(view, row, number, View(text));
+    Get(view, row, number, return_value);
+  });
+}
+
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(read_arginfo, 0, 1, IS_MIXED, 0)
+ZEND_ARG_TYPE_INFO(0, Index, IS_LONG, 0)
+ZEND_END_ARG_INFO()
+
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(read_write_arginfo, 0, 1, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, Index, IS_LONG, 0)
+ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, Text, IS_STRING, 1, "null")
+ZEND_END_ARG_INFO()
+
+void DeclareMethod(ScriptClass& view_class, const shell::IndexedProperty& row) {
+  const std::string name(row.name);
+  const auto* arginfo = row.set == nullptr ? read_arginfo : read_write_arginfo;
+  const std::uint32_t arguments = row.set == nullptr ? 1 : 2;
+  const zend_function_entry entries[] = {{name.c_str(), Method, arginfo, arguments, ZEND_ACC_PUBLIC},
+                                         ZEND_FE_END};
+  zend_register_functions(view_class.entry, entries, &view_class.entry->function_table, MODULE_PERSISTENT);
+}
+
+}  // namespace
+
+ScriptClass indexed_property_class = {
+    .name = "Dralo\\IndexedProperty",
+    .methods = kArrayAccessMethods,
+    .entries = &kEntries,
+    .reading = Entry::kReads,
+};
+
+void RegisterIndexedProperty() { RegisterClass(indexed_property_class); }
+
+void DeclareIndexedProperties(ScriptClass& view_class) {
+  for (const auto& row : shell::DbViewIndexedProperties()) {
+    ScriptProperty property{row.name,
+                            shell::PropertyType::kObject,
+                            shell::Access::kReadOnly,
+                            &row,
+                            nullptr,
+                            nullptr,
+                            &indexed_property_class,
+                            false};
+    property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
+      const auto bound =
+          std::make_shared<BoundProperty>(owner, *static_cast<const shell::IndexedProperty*>(of.row));
+      CallPhp([&] { ZVAL_OBJ(result, NewObject(*of.holds, bound)); });
+    };
+    DeclareProperty(view_class, property, PhpType(indexed_property_class), row.doc);
+    DeclareMethod(view_class, row);
+  }
+}
+
+}  // namespace dralo::php

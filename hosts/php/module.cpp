@@ -1,0 +1,80 @@
+#include <cstring>
+
+#include "hosts/php/classes.h"
+#include "hosts/php/errors.h"
+#include "hosts/php/multipart.h"
+#include "hosts/php/native_object.h"
+#include "hosts/php/object_handlers.h"
+#include "hosts/php/page.h"
+#include "hosts/php/process.h"
+
+namespace dralo::php {
+namespace {
+
+PHP_INI_BEGIN()
+PHP_INI_ENTRY("dralo.locale", "", PHP_INI_SYSTEM, nullptr)
+PHP_INI_END()
+
+/// Globals of the engine may lie elsewhere in another patch level of it.
+bool EngineIsTheOneCompiledFor() {
+  const zval* running = zend_get_constant_str(ZEND_STRL("PHP_VERSION"));
+  if (running != nullptr && strcmp(Z_STRVAL_P(running), PHP_VERSION) == 0) return true;
+  zend_error(E_CORE_WARNING, "dralo was compiled for PHP %s and does not run with PHP %s: build it again",
+             PHP_VERSION, running == nullptr ? "of an unknown version" : Z_STRVAL_P(running));
+  return false;
+}
+
+PHP_MINIT_FUNCTION(dralo) {
+  (void)type;
+  if (!EngineIsTheOneCompiledFor()) return FAILURE;
+  REGISTER_INI_ENTRIES();
+  SetUpObjectHandlers();
+  RegisterException();
+  RegisterClasses();
+  ListenToMultipart();
+  return SUCCESS;
+}
+
+PHP_MSHUTDOWN_FUNCTION(dralo) {
+  (void)type;
+  StopListeningToMultipart();
+  CloseEnvironment();
+  UNREGISTER_INI_ENTRIES();
+  return SUCCESS;
+}
+
+PHP_RSHUTDOWN_FUNCTION(dralo) {
+  (void)type;
+  (void)module_number;
+  EndPageOfAllObjects();
+  return SUCCESS;
+}
+
+zend_result AfterRequest() {
+  ForgetPage();
+  ForgetMultipartFields();
+  return SUCCESS;
+}
+
+PHP_MINFO_FUNCTION(dralo) {
+  php_info_print_table_start();
+  php_info_print_table_row(2, "Dralo", "enabled");
+  php_info_print_table_row(2, "Version", DRALO_VERSION);
+  php_info_print_table_row(2, "Compiled for PHP", PHP_VERSION);
+  php_info_print_table_row(2, "PHP API", ZEND_TOSTR(PHP_API_VERSION));
+  php_info_print_table_end();
+  DISPLAY_INI_ENTRIES();
+}
+
+}  // namespace
+
+zend_module_entry module_entry = {
+    STANDARD_MODULE_HEADER, "dralo",           kFunctions,           PHP_MINIT(dralo),
+    PHP_MSHUTDOWN(dralo),   nullptr,           PHP_RSHUTDOWN(dralo), PHP_MINFO(dralo),
+    DRALO_VERSION,          NO_MODULE_GLOBALS, AfterRequest,         STANDARD_MODULE_PROPERTIES_EX,
+};
+
+}  // namespace dralo::php
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name is the engine's.
+extern "C" ZEND_DLEXPORT zend_module_entry* get_module() { return &dralo::php::module_entry; }

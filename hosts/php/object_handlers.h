@@ -1,0 +1,13 @@
+#pragma once
+
+#include "hosts/php/engine.h"
+
+namespace dralo::php {
+
+/// How all our objects answer the engine.
+extern zend_object_handlers object_handlers;
+
+/// Called once, when the module starts.
+void SetUpObjectHandlers();
+
+}  // namespace dralo::php

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <span>
+
+#include "hosts/php/adodb_properties.h"
+#include "hosts/php/classes.h"
+#include "hosts/php/values.h"
+
+namespace dralo::php {
+
+/// Declares a property for each row of a table whose rows read and set an `Owner`.
+template <class Owner, class Row>
+void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
+  for (const Row& row : rows) {
+    ScriptProperty property{row.name, row.type, row.access, &row, nullptr, nullptr};
+    if (row.get != nullptr) {
+      property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
+        PutPropertyValue(static_cast<const Row*>(of.row)->get(static_cast<Owner&>(*owner)), of.holds, result);
+      };
+    }
+    if (row.set != nullptr) {
+      property.write = [](const ScriptProperty& of, const platform::ObjectPtr& owner, const zval* value) {
+        static_cast<const Row*>(of.row)->set(static_cast<Owner&>(*owner), ToPropertyValue(value));
+      };
+    }
+    if (!row.object_class.empty()) property.holds = FindClass(row.object_class);
+    DeclareProperty(script_class, property, PhpType(row.type, property.holds), row.doc);
+  }
+}
+
+/// Declares a property that holds `list_class`, whose objects stand for the same C++ object as the owner.
+void DeclareList(ScriptClass& script_class, const ListProperty& list, const ScriptClass& list_class);
+
+}  // namespace dralo::php

@@ -1,0 +1,97 @@
+#include "hosts/php/guard.h"
+#include "hosts/php/native_object.h"
+#include "hosts/php/property_rows.h"
+
+namespace dralo::php {
+namespace {
+
+using platform::Command;
+using platform::Connection;
+using platform::CursorType;
+using platform::LockType;
+using platform::Recordset;
+
+/// Whether the argument is one of the numbers of an enumeration; raises ValueError when it is not.
+template <class Enum>
+bool IsBetween(Enum lowest, Enum highest, zend_long number, std::uint32_t argument) {
+  if (number >= static_cast<zend_long>(lowest) && number <= static_cast<zend_long>(highest)) return true;
+  zend_argument_value_error(argument, "must be between %d and %d", static_cast<int>(lowest),
+                            static_cast<int>(highest));
+  return false;
+}
+
+void Open(INTERNAL_FUNCTION_PARAMETERS) {
+  zend_object* command = nullptr;
+  zend_string* statement = nullptr;
+  zend_object* connection = nullptr;
+  zend_long cursor = static_cast<zend_long>(CursorType::kForwardOnly);
+  zend_long lock = static_cast<zend_long>(LockType::kReadOnly);
+  ZEND_PARSE_PARAMETERS_START(1, 4)
+  Z_PARAM_OBJ_OF_CLASS_OR_STR(command, command_class.entry, statement)
+  Z_PARAM_OPTIONAL
+  Z_PARAM_OBJ_OF_CLASS_OR_NULL(connection, connection_class.entry)
+  Z_PARAM_LONG(cursor)
+  Z_PARAM_LONG(lock)
+  ZEND_PARSE_PARAMETERS_END();
+  if (command == nullptr && connection == nullptr) {
+    zend_argument_value_error(2, "must be a connection when the source is a statement");
+    RETURN_THROWS();
+  }
+  if (command != nullptr && connection != nullptr) {
+    zend_argument_value_error(2,
+                              "must be null when the source is a command, which has a connection of its own");
+    RETURN_THROWS();
+  }
+  if (!IsBetween(CursorType::kUnspecified, CursorType::kStatic, cursor, 3)) RETURN_THROWS();
+  if (!IsBetween(LockType::kUnspecified, LockType::kBatchOptimistic, lock, 4)) RETURN_THROWS();
+  EnterCpp(Entry::kChanges, [&] {
+    auto& recordset = NativeAs<Recordset>(Z_OBJ_P(ZEND_THIS));
+    const auto cursor_type = static_cast<CursorType>(cursor);
+    const auto lock_type = static_cast<LockType>(lock);
+    if (command != nullptr) return recordset.Open(NativeAs<Command>(command), cursor_type, lock_type);
+    recordset.Open(View(statement), std::static_pointer_cast<Connection>(NativeOf(connection)), cursor_type,
+                   lock_type);
+  });
+}
+
+/// A method without arguments and result.
+template <void (Recordset::*Operation)()>
+void Do(INTERNAL_FUNCTION_PARAMETERS) {
+  ZEND_PARSE_PARAMETERS_NONE();
+  EnterCpp(Entry::kChanges, [&] { (NativeAs<Recordset>(Z_OBJ_P(ZEND_THIS)).*Operation)(); });
+}
+
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(open_arginfo, 0, 1, IS_VOID, 0)
+ZEND_ARG_OBJ_TYPE_MASK(0, Source, Dralo\\Command, MAY_BE_STRING, NULL)
+ZEND_ARG_OBJ_INFO_WITH_DEFAULT_VALUE(0, ActiveConnection, Dralo\\Connection, 1, "null")
+ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, CursorType, IS_LONG, 0, "0")
+ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, LockType, IS_LONG, 0, "1")
+ZEND_END_ARG_INFO()
+
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(do_arginfo, 0, 0, IS_VOID, 0)
+ZEND_END_ARG_INFO()
+
+const zend_function_entry kMethods[] = {
+    ZEND_RAW_FENTRY("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
+        ZEND_RAW_FENTRY("MoveNext", Do<&Recordset::MoveNext>, do_arginfo, ZEND_ACC_PUBLIC)
+            ZEND_RAW_FENTRY("AddNew", Do<&Recordset::AddNew>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_RAW_FENTRY(
+                "Update", Do<&Recordset::Update>, do_arginfo, ZEND_ACC_PUBLIC)
+                ZEND_RAW_FENTRY("CancelUpdate", Do<&Recordset::CancelUpdate>, do_arginfo, ZEND_ACC_PUBLIC)
+                    ZEND_RAW_FENTRY("Close", Do<&Recordset::Close>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
+
+}  // namespace
+
+ScriptClass recordset_class = {
+    .name = "Dralo\\Recordset",
+    .methods = kMethods,
+    .identifier = "ADODB.Recordset",
+    .end_page = [](platform::Object& recordset) { static_cast<Recordset&>(recordset).Close(); },
+};
+
+void RegisterRecordset() {
+  RegisterClass(recordset_class);
+  DeclareRows<Recordset>(recordset_class, RecordsetProperties());
+  DeclareList(recordset_class, kFieldsProperty, fields_class);
+}
+
+}  // namespace dralo::php

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <deque>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "hosts/php/engine.h"
+#include "hosts/php/guard.h"
+#include "platform/object.h"
+#include "shell/property.h"
+
+namespace dralo::php {
+
+struct ScriptClass;
+
+/// A property of a PHP class, made from a row of a property table.
+struct ScriptProperty {
+  std::string_view name;
+  shell::PropertyType type;
+  shell::Access access;
+  const void* row;  ///< The row it was made from.
+
+  /// Puts the property's value into `result`; nullptr when the property is write-only.
+  void (*read)(const ScriptProperty& property, const platform::ObjectPtr& owner, zval* result);
+
+  /// Sets the property to a value that has the property's PHP type; nullptr when the property is read-only.
+  /// Throws std::invalid_argument when the value does not fit.
+  void (*write)(const ScriptProperty& property, const platform::ObjectPtr& owner, const zval* value);
+
+  /// Of object properties: the class of the object.
+  const ScriptClass* holds = nullptr;
+
+  /// Whether var_dump() and its like show it.
+  bool is_shown = true;
+
+  zend_property_info* info = nullptr;
+};
+
+/// How a class answers $object[$offset], count() and foreach over its entries. All run as C++: they call the
+/// engine through CallPhp() and throw.
+struct Entries {
+  void (*read)(const platform::ObjectPtr& owner, const zval* offset, zval* result);
+
+  /// `offset` is nullptr for $object[] = $value. nullptr when the entries are read-only.
+  void (*write)(const platform::ObjectPtr& owner, const zval* offset, const zval* value) = nullptr;
+
+  bool (*has)(const platform::ObjectPtr& owner, const zval* offset);
+
+  /// nullptr when the entries cannot be listed.
+  std::size_t (*count)(const platform::ObjectPtr& owner) = nullptr;
+
+  /// Key and value at a position from 0.
+  void (*at)(const platform::ObjectPtr& owner, std::size_t position, zval* key, zval* value) = nullptr;
+};
+
+/// A PHP class whose objects stand for a C++ object each. Lives as long as the process.
+struct ScriptClass {
+  const char* name;  ///< Complete, such as "Dralo\DbView".
+  const zend_function_entry* methods;
+
+  /// What CreateObject() and `new` ask the environment for; empty when scripts cannot create such objects.
+  std::string_view identifier = {};
+
+  /// Binds a new object to the page; nullptr when there is nothing to bind.
+  void (*start_page)(platform::Object& object) = nullptr;
+
+  /// Releases what the object holds of the page and of databases; nullptr when its destruction does that.
+  void (*end_page)(platform::Object& object) = nullptr;
+
+  const Entries* entries = nullptr;
+
+  /// What reading a property or an entry is to the C++ object. Reading a recordset may move or convert what a
+  /// render holds on to.
+  Entry reading = Entry::kChanges;
+
+  zend_class_entry* entry = nullptr;
+  std::deque<ScriptProperty> properties = {};
+  HashTable by_name = {};  ///< Properties by their own name and by their name in lower case.
+
+  /// The property of that name in any letter case, or nullptr.
+  const ScriptProperty* Find(zend_string* property) const;
+};
+
+/// Registers the class with the engine. Called once, when the module starts.
+void RegisterClass(ScriptClass& script_class);
+
+/// Declares a property of a registered class, so that reflection and editors see it.
+void DeclareProperty(ScriptClass& script_class, ScriptProperty property, zend_type type,
+                     std::string_view doc);
+
+/// The type of a property as PHP declares it.
+zend_type PhpType(shell::PropertyType type, const ScriptClass* holds);
+
+/// The type of a property that always holds an object of that class.
+zend_type PhpType(const ScriptClass& holds);
+
+}  // namespace dralo::php

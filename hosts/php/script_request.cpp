@@ -1,0 +1,75 @@
+#include "hosts/php/script_request.h"
+
+#include "hosts/cpp/url_encoded.h"
+#include "hosts/php/guard.h"
+#include "hosts/php/multipart.h"
+#include "hosts/php/values.h"
+
+namespace dralo::php {
+namespace {
+
+constexpr std::string_view kUrlEncoded = "application/x-www-form-urlencoded";
+
+bool IsUrlEncodedForm() {
+  const char* type = SG(request_info).content_type;
+  if (type == nullptr || strncasecmp(type, kUrlEncoded.data(), kUrlEncoded.size()) != 0) return false;
+  const char after = type[kUrlEncoded.size()];
+  return after == '\0' || after == ';' || after == ',' || after == ' ';
+}
+
+/// The body as it came; PHP keeps it although it has parsed it for $_POST.
+std::string Body() {
+  zend_string* body = nullptr;
+  CallPhp([&] {
+    php_stream* stream = php_stream_open_wrapper("php://input", "rb", 0, nullptr);
+    if (stream == nullptr) return;
+    body = php_stream_copy_to_mem(stream, PHP_STREAM_COPY_ALL, false);
+    php_stream_close(stream);
+  });
+  if (body == nullptr) return {};
+  std::string copy(View(body));
+  CallPhp([&] { zend_string_release(body); });
+  return copy;
+}
+
+const zval* FindServerVariable(std::string_view name) {
+  const zval* found = nullptr;
+  CallPhp([&] {
+    zend_is_auto_global(ZSTR_KNOWN(ZEND_STR_AUTOGLOBAL_SERVER));
+    zval* server = zend_hash_find(&EG(symbol_table), ZSTR_KNOWN(ZEND_STR_AUTOGLOBAL_SERVER));
+    if (server == nullptr) return;
+    ZVAL_DEREF(server);
+    if (Z_TYPE_P(server) != IS_ARRAY) return;
+    zval* value = zend_hash_str_find(Z_ARRVAL_P(server), name.data(), name.size());
+    if (value == nullptr) return;
+    ZVAL_DEREF(value);
+    if (Z_TYPE_P(value) == IS_STRING) found = value;
+  });
+  return found;
+}
+
+}  // namespace
+
+std::span<const platform::RequestField> ScriptRequest::Form() const {
+  if (!form_) form_ = IsUrlEncodedForm() ? host::ParseUrlEncoded(Body()) : MultipartFields();
+  return *form_;
+}
+
+std::span<const platform::RequestField> ScriptRequest::QueryString() const {
+  if (!query_) {
+    const char* query = SG(request_info).query_string;
+    query_ = host::ParseUrlEncoded(query == nullptr ? "" : query);
+  }
+  return *query_;
+}
+
+std::string_view ScriptRequest::ServerVariable(std::string_view name) const {
+  auto known = server_.find(name);
+  if (known == server_.end()) {
+    const zval* found = FindServerVariable(name);
+    known = server_.emplace(name, found == nullptr ? std::string() : std::string(View(Z_STR_P(found)))).first;
+  }
+  return known->second;
+}
+
+}  // namespace dralo::php

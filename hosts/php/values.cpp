@@ -1,0 +1,138 @@
+#include "hosts/php/values.h"
+
+#include <string>
+
+#include "hosts/php/errors.h"
+#include "hosts/php/guard.h"
+#include "hosts/php/native_object.h"
+
+namespace dralo::php {
+namespace {
+
+using platform::DateTime;
+
+void AppendPadded(std::string& text, std::uint32_t number, std::size_t digits) {
+  const std::string written = std::to_string(number);
+  text.append(digits - written.size(), '0').append(written);
+}
+
+void AppendDate(std::string& text, const DateTime& time) {
+  AppendPadded(text, static_cast<std::uint32_t>(time.year), 4);
+  AppendPadded(text += '-', time.month, 2);
+  AppendPadded(text += '-', time.day, 2);
+}
+
+void AppendTimeOfDay(std::string& text, const DateTime& time) {
+  AppendPadded(text, time.hour, 2);
+  AppendPadded(text += ':', time.minute, 2);
+  AppendPadded(text += ':', time.second, 2);
+  if (time.nanosecond == 0) return;
+  AppendPadded(text += '.', time.nanosecond, 9);
+  text.erase(text.find_last_not_of('0') + 1);
+}
+
+std::string IsoText(const DateTime& time) {
+  std::string text;
+  const bool has_time = !time.IsMidnight() || time.nanosecond != 0;
+  if (!time.HasZeroDate()) {
+    AppendDate(text, time);
+    if (has_time) text += ' ';
+  }
+  if (has_time || time.HasZeroDate()) AppendTimeOfDay(text, time);
+  return text;
+}
+
+DateTime ToDateTime(zend_object* object) {
+  const timelib_time* time = php_date_obj_from_obj(object)->time;
+  if (time == nullptr || time->y < 1 || time->y > 9999) {
+    throw ScriptError{ScriptError::Kind::kValueError, "A date must be in the years 1 to 9999"};
+  }
+  return {.year = static_cast<std::int16_t>(time->y),
+          .month = static_cast<std::uint8_t>(time->m),
+          .day = static_cast<std::uint8_t>(time->d),
+          .hour = static_cast<std::uint8_t>(time->h),
+          .minute = static_cast<std::uint8_t>(time->i),
+          .second = static_cast<std::uint8_t>(time->s),
+          .nanosecond = static_cast<std::uint32_t>(time->us) * 1000};
+}
+
+struct Putter {
+  zval* result;
+
+  void operator()(platform::Null) const { ZVAL_NULL(result); }
+  void operator()(bool flag) const { ZVAL_BOOL(result, flag); }
+  void operator()(std::int64_t number) const { ZVAL_LONG(result, number); }
+  void operator()(double number) const { ZVAL_DOUBLE(result, number); }
+  void operator()(platform::DecimalView decimal) const { PutText(decimal.text, result); }
+  void operator()(const DateTime& time) const { PutText(IsoText(time), result); }
+  void operator()(std::string_view text) const { PutText(text, result); }
+  void operator()(platform::BytesView bytes) const {
+    PutText({reinterpret_cast<const char*>(bytes.data), bytes.size}, result);
+  }
+};
+
+}  // namespace
+
+void PutText(std::string_view text, zval* result) {
+  CallPhp([&] { ZVAL_STRINGL_FAST(result, text.data(), text.size()); });
+}
+
+void PutVariant(const platform::VariantView& value, zval* result) { std::visit(Putter{result}, value); }
+
+platform::Variant ToVariant(const zval* value) {
+  switch (Z_TYPE_P(value)) {
+    case IS_NULL:
+      return platform::Null{};
+    case IS_FALSE:
+      return false;
+    case IS_TRUE:
+      return true;
+    case IS_LONG:
+      return std::int64_t{Z_LVAL_P(value)};
+    case IS_DOUBLE:
+      return Z_DVAL_P(value);
+    case IS_STRING:
+      return std::string(View(Z_STR_P(value)));
+    case IS_OBJECT:
+      if (instanceof_function(Z_OBJCE_P(value), php_date_get_interface_ce()))
+        return ToDateTime(Z_OBJ_P(value));
+      break;
+    default:
+      break;
+  }
+  throw ScriptError{
+      ScriptError::Kind::kTypeError,
+      std::string("A database value must be null, bool, int, float, string or DateTimeInterface, ") +
+          zend_zval_type_name(value) + " given"};
+}
+
+void PutPropertyValue(const shell::PropertyValue& value, const ScriptClass* holds, zval* result) {
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    PutText(*text, result);
+  } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
+    ZVAL_LONG(result, *number);
+  } else if (const auto* flag = std::get_if<bool>(&value)) {
+    ZVAL_BOOL(result, *flag);
+  } else {
+    PutObject(*holds, std::get<platform::ObjectPtr>(value), result);
+  }
+}
+
+shell::PropertyValue ToPropertyValue(const zval* value) {
+  switch (Z_TYPE_P(value)) {
+    case IS_FALSE:
+      return false;
+    case IS_TRUE:
+      return true;
+    case IS_LONG:
+      return std::int64_t{Z_LVAL_P(value)};
+    case IS_STRING:
+      return std::string(View(Z_STR_P(value)));
+    case IS_OBJECT:
+      return NativeOf(Z_OBJ_P(value));
+    default:
+      return platform::ObjectPtr();
+  }
+}
+
+}  // namespace dralo::php

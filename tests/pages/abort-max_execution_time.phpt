@@ -1,0 +1,25 @@
+--TEST--
+Abort: max_execution_time that runs out while a page is written ends the page and leaves no lock
+--INI--
+max_execution_time=1
+hard_timeout=20
+display_errors=0
+--FILE--
+<?php
+require __DIR__ . '/shop.inc';
+
+$started = microtime(true);
+register_shutdown_function(function () use ($started) {
+    set_time_limit(0);
+    while (ob_get_level()) ob_end_clean();
+    echo error_get_last()['message'] ?? 'no error', "\n";
+    var_dump(shop_is_free(), microtime(true) - $started < 15);
+});
+$view = long_view();
+ob_start(fn() => '', 4096);
+while (true) $view->WriteHtmlTable();
+?>
+--EXPECT--
+Maximum execution time of 1 second exceeded
+bool(true)
+bool(true)

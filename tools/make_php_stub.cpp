@@ -1,0 +1,244 @@
+// Prints hosts/php/dralo.stub.php, which editors and static analysers read instead of the extension.
+// Properties come from the property tables; methods stand here, and a page test compares them with the
+// extension.
+
+#include <iostream>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "hosts/php/adodb_properties.h"
+#include "hosts/php/class_names.h"
+#include "shell/property.h"
+
+namespace {
+
+using dralo::shell::Access;
+using dralo::shell::PropertyType;
+
+constexpr std::string_view kHead = R"(<?php
+
+/**
+ * Declarations of the Dralo extension for editors and static analysers; never included by a page.
+ * Printed by make_php_stub from the property tables: do not edit.
+ */
+
+namespace Dralo;
+
+/** Makes an object by its programmatic identifier, such as "ADODB.Connection" or "Dralo.DbView", in any letter case. */
+function CreateObject(string $ProgrammaticIdentifier): object {}
+
+/** A failure of a database or of object creation; getCode() is the database's own number. */
+class Exception extends \RuntimeException
+{
+    protected string $sqlState = "";
+    protected string $source = "";
+
+    /** Five characters such as "23000"; empty when the database has none. */
+    final public function getSqlState(): string {}
+
+    /** The statement that failed; empty when the failure has none. */
+    final public function getSource(): string {}
+}
+)";
+
+constexpr std::string_view kViewClass = R"(
+/** Turns a database query into an interactive part of the page: a grid, a one-record view, edit and add forms. */
+final class DbView
+{)";
+
+constexpr std::string_view kViewMethods = R"(
+    /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
+    public function WriteHtmlTable(): void {}
+
+    /** Connects, and writes the whole table or view of that name; the name goes into the statement as it is. */
+    public function QHtmlTable(string $ConnectionString, string $TableName): void {}
+)";
+
+constexpr std::string_view kDBConnectionClass = R"(
+/** Lets several views on one page share one open database connection. */
+final class DBConnection
+{)";
+
+constexpr std::string_view kConnectionClass = R"(
+/** A connection to one database. */
+final class Connection
+{)";
+
+constexpr std::string_view kConnectionMethods = R"(
+    /** Connects as the "key=value;" list says. */
+    public function Open(string $ConnectionString, string $UserID = "", string $Password = "", int $Options = -1): void {}
+
+    /**
+     * Runs one statement. Returns its rows, or a closed recordset when it yields none.
+     * @param int|null $RecordsAffected receives the number of rows changed, -1 when the database does not tell
+     */
+    public function Execute(string $CommandText, &$RecordsAffected = null): Recordset {}
+
+    /** Gives the connection back; open recordsets on it are closed. */
+    public function Close(): void {}
+)";
+
+constexpr std::string_view kRecordsetClass = R"(
+/** The rows of a query, read forward one at a time. */
+final class Recordset
+{)";
+
+constexpr std::string_view kRecordsetMethods = R"(
+    /**
+     * Runs a statement, a bare table name or a command, and stands on the first row.
+     * Rows can be added and changed with CursorLocation 3, cursor type 1 and lock type 3.
+     * @param Connection|null $ActiveConnection of a statement; a command has its own
+     * @param int $CursorType 0 forward only, 1 keyset, 2 dynamic, 3 static; -1 unspecified
+     * @param int $LockType 1 read-only, 2 pessimistic, 3 optimistic, 4 batch; -1 unspecified
+     */
+    public function Open(Command|string $Source, ?Connection $ActiveConnection = null, int $CursorType = 0, int $LockType = 1): void {}
+
+    /** Goes to the next row. */
+    public function MoveNext(): void {}
+
+    /** Starts a new row whose fields are null. */
+    public function AddNew(): void {}
+
+    /** Writes the new or changed row. */
+    public function Update(): void {}
+
+    /** Forgets the new row, or the changes of the current one. */
+    public function CancelUpdate(): void {}
+
+    /** Releases the statement and the connection. */
+    public function Close(): void {}
+)";
+
+constexpr std::string_view kCommandClass = R"(
+/** A statement with its parameters, so that a visitor's input never becomes part of the text. */
+final class Command
+{)";
+
+constexpr std::string_view kFieldClass = R"(
+/** One column of a recordset. */
+final class Field
+{)";
+
+constexpr std::string_view kListMethods = R"(
+    public function offsetExists(mixed $offset): bool {}
+
+    public function offsetGet(mixed $offset): mixed {}
+
+    public function offsetSet(mixed $offset, mixed $value): void {}
+
+    public function offsetUnset(mixed $offset): void {}
+)";
+
+constexpr std::string_view kCountMethods = R"(
+    public function count(): int {}
+
+    public function getIterator(): \Iterator {}
+)";
+
+constexpr std::string_view kIndexedPropertyClass = R"(
+/**
+ * A property of a view that takes a column or field number: $view->GridColAttributes[3] = 'align="right"'.
+ * @implements \ArrayAccess<int, mixed>
+ */
+final class IndexedProperty implements \ArrayAccess
+{)";
+
+constexpr std::string_view kFieldsClass = R"(
+/**
+ * The columns of a recordset, by name in any letter case or by position from 0.
+ * @implements \ArrayAccess<int|string, Field>
+ * @implements \IteratorAggregate<string, Field>
+ */
+final class Fields implements \ArrayAccess, \Countable, \IteratorAggregate
+{)";
+
+constexpr std::string_view kParametersClass = R"(
+/**
+ * The parameters of a command, from number 0: $command->Parameters[] = $value adds one.
+ * @implements \ArrayAccess<int, null|bool|int|float|string|\DateTimeInterface>
+ * @implements \IteratorAggregate<int, null|bool|int|float|string>
+ */
+final class Parameters implements \ArrayAccess, \Countable, \IteratorAggregate
+{)";
+
+std::string PhpType(PropertyType type, std::string_view object_class) {
+  switch (type) {
+    case PropertyType::kText:
+      return "string";
+    case PropertyType::kBoolean:
+      return "bool";
+    case PropertyType::kInteger:
+    case PropertyType::kLong:
+      return "int";
+    case PropertyType::kObject:
+      break;
+  }
+  return std::string("?").append(dralo::php::PhpName(object_class));
+}
+
+void PrintProperty(std::string_view doc, bool is_read_only, std::string_view type, std::string_view name) {
+  std::cout << "\n    /** " << doc << " */\n    public " << (is_read_only ? "readonly " : "") << type << " $"
+            << name << ";\n";
+}
+
+template <class Row>
+void PrintProperties(std::span<const Row> rows) {
+  for (const Row& row : rows) {
+    std::string doc(row.doc);
+    if (row.access == Access::kWriteOnly) doc += " Write-only.";
+    PrintProperty(doc, row.set == nullptr, PhpType(row.type, row.object_class), row.name);
+  }
+}
+
+void PrintList(const dralo::php::ListProperty& list) {
+  PrintProperty(list.doc, true, list.list_class, list.name);
+}
+
+void PrintIndexedProperties() {
+  for (const auto& row : dralo::shell::DbViewIndexedProperties()) {
+    PrintProperty(row.doc, true, "IndexedProperty", row.name);
+  }
+  for (const auto& row : dralo::shell::DbViewIndexedProperties()) {
+    std::cout << "\n    /** " << row.doc << (row.set == nullptr ? "" : " With a text it is set first.")
+              << " */\n    public function " << row.name
+              << (row.set == nullptr ? "(int $Index): mixed {}\n"
+                                     : "(int $Index, ?string $Text = null): string {}\n");
+  }
+}
+
+constexpr std::string_view kEndOfClass = "}\n";
+
+void PrintViewClasses() {
+  std::cout << kViewClass;
+  PrintProperties(dralo::shell::DbViewProperties());
+  PrintIndexedProperties();
+  std::cout << kViewMethods << kEndOfClass << kDBConnectionClass;
+  PrintProperties(dralo::shell::DBConnectionProperties());
+  std::cout << kEndOfClass << kIndexedPropertyClass << kListMethods << kEndOfClass;
+}
+
+void PrintDatabaseClasses() {
+  std::cout << kConnectionClass;
+  PrintProperties(dralo::php::ConnectionProperties());
+  std::cout << kConnectionMethods << kEndOfClass << kRecordsetClass;
+  PrintProperties(dralo::php::RecordsetProperties());
+  PrintList(dralo::php::kFieldsProperty);
+  std::cout << kRecordsetMethods << kEndOfClass << kCommandClass;
+  PrintProperties(dralo::php::CommandProperties());
+  PrintList(dralo::php::kParametersProperty);
+  std::cout << kEndOfClass << kFieldClass;
+  PrintProperties(dralo::php::FieldProperties());
+  PrintProperty(dralo::php::kFieldValueDoc, false, "mixed", dralo::php::kFieldValueName);
+  std::cout << kEndOfClass << kFieldsClass << kListMethods << kCountMethods << kEndOfClass << kParametersClass
+            << kListMethods << kCountMethods << kEndOfClass;
+}
+
+}  // namespace
+
+int main() {
+  std::cout << kHead;
+  PrintViewClasses();
+  PrintDatabaseClasses();
+  return std::cout.flush() ? 0 : 1;
+}
