@@ -1,0 +1,59 @@
+#include "database/client_cursor.h"
+
+#include <utility>
+
+namespace dralo::database {
+
+ClientCursor::ClientCursor(std::unique_ptr<Cursor> cursor, std::int64_t max_records)
+    : cursor_(std::move(cursor)), max_records_(max_records) {}
+
+void ClientCursor::Load() {
+  if (is_loaded_) return;
+  std::deque<Row> rows;
+  while (cursor_->Step()) {
+    if (max_records_ > 0 && std::cmp_greater_equal(rows.size(), max_records_)) {
+      // A statement that changes data fails at its end if what it did cannot be kept, so it has to get there.
+      if (cursor_->ChangesData()) continue;
+      break;
+    }
+    Row& row = rows.emplace_back(cursor_->GetColumns()->size());
+    for (std::size_t i = 0; i < row.size(); ++i) row[i] = {Own(cursor_->Value(i)), Own(cursor_->Stored(i))};
+  }
+  cursor_->Stop();
+  rest_ = std::move(rows);
+  is_loaded_ = true;
+}
+
+void ClientCursor::Verify() {
+  if (!is_loaded_) cursor_->Verify();
+}
+
+bool ClientCursor::Skip(std::int64_t rows) { return !is_loaded_ && cursor_->Skip(rows); }
+
+bool ClientCursor::Step() {
+  Load();
+  if (rest_.empty()) return false;
+  current_ = std::move(rest_.front());
+  rest_.pop_front();
+  return true;
+}
+
+void ClientCursor::Stop() noexcept {
+  cursor_->Stop();
+  rest_.clear();
+  is_loaded_ = true;
+}
+
+platform::VariantView ClientCursor::Value(std::size_t column) { return View(current_[column].value); }
+
+platform::VariantView ClientCursor::Stored(std::size_t column) {
+  const auto& stored = current_[column].stored;
+  return stored ? View(*stored) : platform::VariantView{};
+}
+
+void ClientCursor::Append(Row row) {
+  Stop();
+  current_ = std::move(row);
+}
+
+}  // namespace dralo::database

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "database/cursor.h"
+
+namespace dralo::database {
+
+/// The rows of a statement in the client's own memory: all are read at the first Step(), after which the
+/// database holds no lock for them, so that others can change the rows while a person edits one.
+/// The current row can be changed in memory, and a row be added behind the others.
+class ClientCursor final : public Cursor {
+ public:
+  struct Cell {
+    platform::Variant value = {};
+
+    /// As the database compares it; nothing when that is not known, as of a default that the database chose.
+    std::optional<platform::Variant> stored = {};
+  };
+  using Row = std::vector<Cell>;
+
+  /// Keeps at most `max_records` rows; 0 keeps all.
+  ClientCursor(std::unique_ptr<Cursor> cursor, std::int64_t max_records);
+
+  /// Runs the statement and reads its rows if that was not done yet.
+  void Load();
+
+  std::shared_ptr<const Columns> GetColumns() const override { return cursor_->GetColumns(); }
+  void Verify() override;
+  platform::TypeCode Type(std::size_t column) const override { return cursor_->Type(column); }
+  bool ChangesData() const override { return cursor_->ChangesData(); }
+  bool Skip(std::int64_t rows) override;
+  bool Step() override;
+  void Stop() noexcept override;
+  platform::VariantView Value(std::size_t column) override;
+  platform::VariantView Stored(std::size_t column) override;
+  std::int64_t RowsAffected() const override { return cursor_->RowsAffected(); }
+  const BaseTable& Table() override { return cursor_->Table(); }
+
+  const Cell& At(std::size_t column) const { return current_[column]; }
+  void Change(std::size_t column, Cell cell) { current_[column] = std::move(cell); }
+
+  /// Makes `row` the current one; it is the last.
+  void Append(Row row);
+
+ private:
+  std::unique_ptr<Cursor> cursor_;
+  std::int64_t max_records_;
+  bool is_loaded_ = false;
+  std::deque<Row> rest_;  ///< The rows behind the current one.
+  Row current_;
+};
+
+}  // namespace dralo::database

@@ -1,0 +1,49 @@
+#include "database/connection.h"
+
+#include "database/connection_string.h"
+#include "database/provider.h"
+#include "database/recordset.h"
+#include "platform/error.h"
+
+namespace dralo::database {
+
+using platform::Error;
+
+void Connection::Open(std::string_view connection_string, std::string_view user, std::string_view password,
+                      int /*options*/) {
+  if (session_) throw Error("The connection is open already; close it first");
+  database::ConnectionString settings(connection_string);
+  settings.Add("User ID", user);
+  settings.Add("Password", password);
+  const Provider& provider = FindProvider(settings);
+  const std::string key = provider.PoolKey(settings);
+
+  SessionPool& pool = SessionPool::Instance();
+  PooledSession session = pool.Take(key);
+  if (!session) session = pool.Adopt(provider.Connect(settings), key);
+  connection_string_ = settings.WithoutPassword();
+  session_ = std::move(session);
+}
+
+std::shared_ptr<platform::Recordset> Connection::Execute(std::string_view sql,
+                                                         std::int64_t* records_affected) {
+  auto recordset = std::make_shared<Recordset>(formatting_);
+  const std::int64_t affected = recordset->Run(shared_from_this(), sql);
+  if (records_affected) *records_affected = affected;
+  return recordset;
+}
+
+void Connection::Close() {
+  while (!recordsets_.empty()) recordsets_.back()->Close();
+  session_.reset();
+}
+
+Session& Connection::GetSession() const {
+  if (!session_) throw Error("The connection is closed");
+  if (!session_->BelongsToThisProcess()) {
+    throw Error("The connection was opened by the parent process; open a new one after fork()");
+  }
+  return *session_;
+}
+
+}  // namespace dralo::database

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "database/session_pool.h"
+#include "platform/connection.h"
+#include "platform/formatting.h"
+
+namespace dralo::database {
+
+class Recordset;
+
+/// A connection over a session of the pool. Always owned by a shared_ptr; open recordsets share it.
+class Connection final : public platform::Connection, public std::enable_shared_from_this<Connection> {
+ public:
+  /// `formatting` recognises dates that are assigned to fields in regional form; it may be nullptr and must
+  /// outlive the connection and its recordsets.
+  explicit Connection(const platform::Formatting* formatting) : formatting_(formatting) {}
+
+  void Open(std::string_view connection_string, std::string_view user = {}, std::string_view password = {},
+            int options = -1) override;
+  const std::string& ConnectionString() const override { return connection_string_; }
+  bool IsOpen() const override { return session_ != nullptr; }
+  std::shared_ptr<platform::Recordset> Execute(std::string_view sql,
+                                               std::int64_t* records_affected = nullptr) override;
+  void Close() override;
+
+  /// Throws platform::Error when the connection is closed or was opened by a parent process.
+  Session& GetSession() const;
+
+  /// Whether a parent process opened it; its session and cursors must then be left alone.
+  bool IsInherited() const noexcept { return session_ && !session_->BelongsToThisProcess(); }
+
+  /// Open recordsets, which Close() has to close first.
+  void Attach(Recordset& recordset) { recordsets_.push_back(&recordset); }
+  void Detach(Recordset& recordset) noexcept { std::erase(recordsets_, &recordset); }
+
+ private:
+  const platform::Formatting* formatting_;
+  std::string connection_string_;
+  PooledSession session_;
+  std::vector<Recordset*> recordsets_;
+};
+
+}  // namespace dralo::database

@@ -1,0 +1,97 @@
+#include "database/connection_string.h"
+
+#include "database/ascii.h"
+#include "platform/error.h"
+
+namespace dralo::database {
+
+namespace {
+
+char ClosingQuote(char c) {
+  switch (c) {
+    case '"':
+    case '\'':
+      return c;
+    case '{':
+      return '}';
+    default:
+      return '\0';
+  }
+}
+
+void SkipBlanks(std::string_view& rest) {
+  while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
+}
+
+std::string TakeQuoted(std::string_view& rest, char closing) {
+  std::string value;
+  rest.remove_prefix(1);
+  for (;;) {
+    const auto end = rest.find(closing);
+    if (end == rest.npos) throw platform::Error("The connection string has a quote that is not closed");
+    value.append(rest.substr(0, end));
+    rest.remove_prefix(end + 1);
+    if (rest.empty() || rest.front() != closing) return value;
+    value.push_back(closing);
+    rest.remove_prefix(1);
+  }
+}
+
+/// The value at the front of `rest`, which then stands behind the value's ";".
+std::string TakeValue(std::string_view& rest) {
+  SkipBlanks(rest);
+  std::string value;
+  const char closing = rest.empty() ? '\0' : ClosingQuote(rest.front());
+  if (closing != '\0') value = TakeQuoted(rest, closing);
+  const auto unquoted = Trimmed(rest.substr(0, rest.find(';')));
+  if (closing != '\0' && !unquoted.empty()) {
+    throw platform::Error("The connection string has text between a closing quote and the next \";\"");
+  }
+  if (closing == '\0') value = unquoted;
+  const auto end = rest.find(';');
+  rest.remove_prefix(end == rest.npos ? rest.size() : end + 1);
+  return value;
+}
+
+}  // namespace
+
+ConnectionString::ConnectionString(std::string_view text) {
+  std::string_view rest = text;
+  for (;;) {
+    while (!rest.empty() && (IsBlank(rest.front()) || rest.front() == ';')) rest.remove_prefix(1);
+    if (rest.empty()) return;
+    const auto start = rest;
+    const auto equals = rest.find('=');
+    if (rest.find(';') < equals || equals == rest.npos) {
+      throw platform::Error("The connection string has a part without \"=\"; write key=value;key=value");
+    }
+    Pair pair;
+    pair.key = Trimmed(rest.substr(0, equals));
+    rest.remove_prefix(equals + 1);
+    pair.value = TakeValue(rest);
+    pair.source = start.substr(0, start.size() - rest.size());
+    pairs_.push_back(std::move(pair));
+  }
+}
+
+void ConnectionString::Add(std::string_view key, std::string_view value) {
+  if (!value.empty()) pairs_.push_back({std::string(key), std::string(value), {}});
+}
+
+std::optional<std::string_view> ConnectionString::Find(std::string_view key) const {
+  for (auto pair = pairs_.rbegin(); pair != pairs_.rend(); ++pair) {
+    if (EqualsIgnoringCase(pair->key, key)) return pair->value;
+  }
+  return std::nullopt;
+}
+
+std::string ConnectionString::WithoutPassword() const {
+  std::string text;
+  for (const Pair& pair : pairs_) {
+    if (!EqualsIgnoringCase(pair.key, "Password") && !EqualsIgnoringCase(pair.key, "Pwd"))
+      text += pair.source;
+  }
+  return text;
+}
+
+}  // namespace dralo::database

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dralo::database {
+
+/// A "key=value;" list. Keys are found in any letter case; of equal keys the last counts.
+/// Blanks around keys and values do not count. A value that holds ";" or blanks at its ends stands in double
+/// quotes, single quotes or braces; the closing one is doubled inside the value.
+class ConnectionString {
+ public:
+  /// Throws platform::Error, without any part of the text, when a part has no "=" or a quote is not closed.
+  explicit ConnectionString(std::string_view text);
+
+  /// Adds a pair that wins over equal keys in the text. Nothing when `value` is empty.
+  void Add(std::string_view key, std::string_view value);
+
+  std::optional<std::string_view> Find(std::string_view key) const;
+
+  /// The text given, without the pairs that hold a password.
+  std::string WithoutPassword() const;
+
+ private:
+  struct Pair {
+    std::string key;
+    std::string value;
+    std::string source;  ///< As it stands in the text.
+  };
+
+  std::vector<Pair> pairs_;
+};
+
+}  // namespace dralo::database

@@ -1,0 +1,230 @@
+#include "database/conversion.h"
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include "database/ascii.h"
+#include "database/date_text.h"
+#include "database/decimal_text.h"
+
+namespace dralo::database {
+
+namespace {
+
+using platform::Bytes;
+using platform::BytesView;
+using platform::DateTime;
+using platform::Decimal;
+using platform::DecimalView;
+using platform::Formatting;
+using platform::Null;
+using platform::TypeCode;
+using platform::Variant;
+using platform::VariantView;
+
+struct Range {
+  std::int64_t lowest;
+  std::int64_t highest;
+};
+
+template <class Integer>
+constexpr Range RangeOf() {
+  return {std::numeric_limits<Integer>::min(), std::numeric_limits<Integer>::max()};
+}
+
+Range IntegerRange(const Column& column) {
+  if (column.holds_64_bits) return RangeOf<std::int64_t>();
+  switch (column.type) {
+    case TypeCode::kTinyInt:
+      return RangeOf<std::int8_t>();
+    case TypeCode::kUnsignedTinyInt:
+      return RangeOf<std::uint8_t>();
+    case TypeCode::kSmallInt:
+      return RangeOf<std::int16_t>();
+    case TypeCode::kUnsignedSmallInt:
+      return RangeOf<std::uint16_t>();
+    case TypeCode::kInteger:
+      return RangeOf<std::int32_t>();
+    case TypeCode::kUnsignedInt:
+      return RangeOf<std::uint32_t>();
+    default:
+      return RangeOf<std::int64_t>();
+  }
+}
+
+/// The plain text of the number that `value` is or spells.
+struct ToDecimalText {
+  std::optional<std::string> operator()(bool flag) const { return flag ? "1" : "0"; }
+  std::optional<std::string> operator()(std::int64_t number) const { return std::to_string(number); }
+  std::optional<std::string> operator()(double number) const { return DecimalText(number); }
+  std::optional<std::string> operator()(DecimalView decimal) const { return ParseDecimal(decimal.text); }
+  std::optional<std::string> operator()(std::string_view text) const { return ParseDecimal(text); }
+  template <class Other>
+  std::optional<std::string> operator()(const Other&) const {
+    return std::nullopt;
+  }
+};
+
+std::string ToInteger(const Column& column, const VariantView& value, Variant& converted) {
+  const auto text = std::visit(ToDecimalText{}, value);
+  if (!text) return "is not a number";
+  if (text->find('.') != text->npos) return "is not a whole number";
+  std::int64_t number = 0;
+  const auto error = std::from_chars(text->data(), text->data() + text->size(), number).ec;
+  const Range range = IntegerRange(column);
+  if (error != std::errc{} || number < range.lowest || number > range.highest) {
+    return "is not between " + std::to_string(range.lowest) + " and " + std::to_string(range.highest);
+  }
+  converted = number;
+  return "";
+}
+
+std::string ToDecimal(const VariantView& value, Variant& converted) {
+  auto text = std::visit(ToDecimalText{}, value);
+  if (!text) return "is not a number";
+  converted = Decimal{*std::move(text)};
+  return "";
+}
+
+std::string ToDouble(const VariantView& value, Variant& converted) {
+  if (const double* same = std::get_if<double>(&value)) {
+    converted = *same;
+    return "";
+  }
+  const auto text = std::visit(ToDecimalText{}, value);
+  if (!text) return "is not a number";
+  double number = 0;
+  if (std::from_chars(text->data(), text->data() + text->size(), number).ec != std::errc{})
+    return "is too large";
+  converted = number;
+  return "";
+}
+
+std::string ToBoolean(const VariantView& value, Variant& converted) {
+  const auto* text = std::get_if<std::string_view>(&value);
+  if (text && (EqualsIgnoringCase(Trimmed(*text), "True") || EqualsIgnoringCase(Trimmed(*text), "False"))) {
+    converted = EqualsIgnoringCase(Trimmed(*text), "True");
+    return "";
+  }
+  const auto number = std::visit(ToDecimalText{}, value);
+  if (number != "0" && number != "1" && number != "-1") return "is neither True nor False";
+  converted = number != "0";
+  return "";
+}
+
+std::optional<DateTime> RecognizeDate(std::string_view text, const Formatting* formatting) {
+  text = Trimmed(text);
+  if (auto time = ParseIsoDateTime(text)) return time;
+  if (auto time = ParseTimeOfDay(text)) return time;
+  return formatting ? formatting->RecognizeDate(text) : std::nullopt;
+}
+
+std::string ToDate(const Column& column, const VariantView& value, const Formatting* formatting,
+                   Variant& converted) {
+  std::optional<DateTime> time;
+  if (const auto* same = std::get_if<DateTime>(&value)) time = *same;
+  if (const auto* text = std::get_if<std::string_view>(&value)) time = RecognizeDate(*text, formatting);
+  if (!time || !time->IsValid()) return "is not a date";
+  if (column.time_parts == TimeParts::kDate) time = DateTime{time->year, time->month, time->day};
+  if (column.time_parts == TimeParts::kTime) {
+    const DateTime zero_date;
+    time->year = zero_date.year;
+    time->month = zero_date.month;
+    time->day = zero_date.day;
+  }
+  converted = *time;
+  return "";
+}
+
+std::int64_t CountCharacters(std::string_view text) {
+  std::int64_t count = 0;
+  for (const char c : text) count += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  return count;
+}
+
+struct ToText {
+  std::optional<std::string> operator()(std::string_view text) const { return std::string(text); }
+  std::optional<std::string> operator()(bool flag) const { return flag ? "True" : "False"; }
+  std::optional<std::string> operator()(const DateTime& time) const {
+    if (time.HasZeroDate()) return TimeText(time);
+    return time.IsMidnight() ? DateText(time) : DateTimeText(time);
+  }
+  std::optional<std::string> operator()(Null) const { return std::nullopt; }
+  std::optional<std::string> operator()(BytesView) const { return std::nullopt; }
+  template <class Number>
+  std::optional<std::string> operator()(const Number& number) const {
+    return ToDecimalText{}(number);
+  }
+};
+
+std::string ToSizedText(const Column& column, const VariantView& value, Variant& converted) {
+  auto text = std::visit(ToText{}, value);
+  if (!text) return "is not text";
+  if (column.defined_size > 0 && CountCharacters(*text) > column.defined_size) {
+    return "is longer than " + std::to_string(column.defined_size) + " characters";
+  }
+  converted = *std::move(text);
+  return "";
+}
+
+std::string ToBytes(const VariantView& value, Variant& converted) {
+  if (const auto* bytes = std::get_if<BytesView>(&value)) {
+    converted = Bytes(bytes->data, bytes->data + bytes->size);
+  } else if (const auto* text = std::get_if<std::string_view>(&value)) {
+    converted = Bytes(text->begin(), text->end());
+  } else {
+    return "is not binary";
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string Convert(const Column& column, const VariantView& value, const Formatting* formatting,
+                    Variant& converted) {
+  if (IsNull(value)) {
+    converted = Null{};
+    return "";
+  }
+  if (!column.has_declared_type) {
+    converted = Own(value);
+    return "";
+  }
+  switch (column.type) {
+    case TypeCode::kSmallInt:
+    case TypeCode::kInteger:
+    case TypeCode::kTinyInt:
+    case TypeCode::kUnsignedTinyInt:
+    case TypeCode::kUnsignedSmallInt:
+    case TypeCode::kUnsignedInt:
+    case TypeCode::kBigInt:
+      return ToInteger(column, value, converted);
+    case TypeCode::kCurrency:
+    case TypeCode::kDecimal:
+    case TypeCode::kUnsignedBigInt:
+    case TypeCode::kNumeric:
+    case TypeCode::kVarNumeric:
+      return ToDecimal(value, converted);
+    case TypeCode::kSingle:
+    case TypeCode::kDouble:
+      return ToDouble(value, converted);
+    case TypeCode::kBoolean:
+      return ToBoolean(value, converted);
+    case TypeCode::kDate:
+    case TypeCode::kDbDate:
+    case TypeCode::kDbTime:
+    case TypeCode::kDbTimestamp:
+      return ToDate(column, value, formatting, converted);
+    case TypeCode::kBinary:
+    case TypeCode::kVarBinary:
+    case TypeCode::kLongVarBinary:
+      return ToBytes(value, converted);
+    default:
+      return ToSizedText(column, value, converted);
+  }
+}
+
+}  // namespace dralo::database

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/date_time.h"
+
+namespace dralo::database {
+
+/// "YYYY-MM-DD", optionally followed by a blank or "T" and a time of day, optionally followed by "Z".
+std::optional<platform::DateTime> ParseIsoDateTime(std::string_view text);
+
+/// "HH:MM[:SS[.fraction]]" on the zero date. Digits after the ninth of the fraction do not count.
+std::optional<platform::DateTime> ParseTimeOfDay(std::string_view text);
+
+/// "YYYY-MM-DD".
+std::string DateText(const platform::DateTime& time);
+
+/// "HH:MM:SS", with the fraction of the second when there is one.
+std::string TimeText(const platform::DateTime& time);
+
+/// Both with a blank between.
+std::string DateTimeText(const platform::DateTime& time);
+
+}  // namespace dralo::database

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+
+#include "platform/field.h"
+
+namespace dralo::database {
+
+class Recordset;
+
+/// A column of a recordset, which does the work.
+class Field final : public platform::Field {
+ public:
+  Field(Recordset& recordset, std::size_t column) : recordset_(recordset), column_(column) {}
+
+  std::string_view Name() const override;
+  platform::TypeCode Type() const override;
+  int Attributes() const override;
+  std::int64_t DefinedSize() const override;
+  std::int64_t ActualSize() override;
+  platform::VariantView Value() override;
+  void SetValue(const platform::Variant& value) override;
+
+ private:
+  Recordset& recordset_;
+  const std::size_t column_;
+};
+
+}  // namespace dralo::database

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/connection.h"
+#include "platform/formatting.h"
+#include "platform/recordset.h"
+
+namespace dralo::database {
+
+/// A closed connection. `formatting` recognises dates that are assigned to fields in regional form; without
+/// it only ISO forms are. It must outlive the object and all recordsets made by it.
+std::shared_ptr<platform::Connection> MakeConnection(const platform::Formatting* formatting = nullptr);
+
+/// A closed recordset; `formatting` as above.
+std::shared_ptr<platform::Recordset> MakeRecordset(const platform::Formatting* formatting = nullptr);
+
+/// Closes the connections that are kept for reuse; those in use are not touched. For the end of the process
+/// or of the host's module.
+void CloseIdleConnections();
+
+}  // namespace dralo::database

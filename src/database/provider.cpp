@@ -1,0 +1,26 @@
+#include "database/provider.h"
+
+#include "database/ascii.h"
+#include "database/sqlite/provider.h"
+#include "platform/error.h"
+
+namespace dralo::database {
+
+const Provider& FindProvider(const ConnectionString& connection_string) {
+  static const sqlite::Provider sqlite_provider;
+
+  const auto name = connection_string.Find("Provider");
+  if (connection_string.Find("Driver") || connection_string.Find("DSN") ||
+      (name && EqualsIgnoringCase(*name, "MSDASQL"))) {
+    throw platform::Error(
+        "ODBC databases are not available in this version; write Provider=SQLite;Data Source=FILE");
+  }
+  if (!name) {
+    throw platform::Error("The connection string names no provider; write Provider=SQLite;Data Source=FILE");
+  }
+  if (EqualsIgnoringCase(*name, "SQLite")) return sqlite_provider;
+  throw platform::Error(
+      "The connection string names an unknown provider; write Provider=SQLite;Data Source=FILE");
+}
+
+}  // namespace dralo::database

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "platform/variant.h"
+
+namespace dralo::database {
+
+/// A statement to run.
+struct Query {
+  std::string_view text = {};
+
+  /// Values of the "?" in the text, in their order.
+  std::span<const platform::Variant> parameters = {};
+
+  /// The highest number of rows that are asked for; 0 means all. A hint: more may come.
+  std::int64_t max_records = 0;
+};
+
+}  // namespace dralo::database

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "database/client_cursor.h"
+#include "database/session.h"
+#include "platform/variant.h"
+
+namespace dralo::database {
+
+/// Per column of the result the value that was assigned, if any.
+using AssignedValues = std::vector<std::optional<platform::Variant>>;
+
+/// Inserts one row of the assigned values into the base table of `cursor` and makes it the current row.
+/// The number that the database gave it stands in its field. Throws platform::Error, having changed nothing.
+void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& values);
+
+/// Writes the assigned values to the current row of `cursor` if the row is still there and the values they
+/// replace are still the old ones. Throws platform::Error, having changed nothing.
+void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values);
+
+}  // namespace dralo::database

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "database/column.h"
+#include "database/cursor.h"
+#include "database/query.h"
+#include "platform/variant.h"
+
+namespace dralo::database {
+
+/// One connection to a database as its provider keeps it. Used by one thread at a time.
+class Session {
+ public:
+  virtual ~Session() = default;
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  /// Checks and prepares one statement; reads no row.
+  /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
+  virtual std::unique_ptr<Cursor> Prepare(const Query& query) = 0;
+
+  /// A name as it stands in a statement whatever characters it has.
+  virtual std::string QuoteName(std::string_view name) const = 0;
+
+  /// The statement that calls a stored procedure with `parameters` values.
+  /// Throws platform::Error when the database has none.
+  virtual std::string ProcedureCall(std::string_view name, std::size_t parameters) const = 0;
+
+  /// The condition that a column still has the value it was read with: given as a parameter, or nothing to
+  /// bind when it was Null.
+  virtual std::string Unchanged(const std::string& quoted_column, bool was_null) const = 0;
+
+  /// `value`, which has the column's type, as it is written into the column.
+  virtual platform::Variant Stored(const Column& column, const platform::Variant& value) const = 0;
+
+  /// Starts a transaction, inside one that is open already a part of it that can be undone alone.
+  virtual void Begin() = 0;
+  virtual void Commit() = 0;
+  virtual void Rollback() noexcept = 0;
+
+  /// The number that the database gave to the row inserted last.
+  virtual std::int64_t LastIdentity() const = 0;
+
+  /// Whether a kept session still reaches the database that its connection string names.
+  virtual bool IsAlive() noexcept = 0;
+
+  /// Makes the session as good as new for the next user: no transaction, no running statement.
+  /// Returns false when it cannot be; it must then be closed.
+  virtual bool Reset() noexcept = 0;
+
+  /// Runs a statement to its end. Returns the number of rows changed.
+  std::int64_t Run(const Query& query);
+
+  /// False in a child process that inherited the session by fork(): it must then neither be used nor closed,
+  /// for that would disturb the files and sockets it shares with the parent.
+  bool BelongsToThisProcess() const noexcept;
+
+ protected:
+  Session();
+
+ private:
+  const pid_t process_;
+};
+
+}  // namespace dralo::database

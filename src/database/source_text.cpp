@@ -1,0 +1,56 @@
+#include "database/source_text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "database/ascii.h"
+
+namespace dralo::database {
+
+namespace {
+
+/// Statements of a single word.
+constexpr std::array<std::string_view, 8> kStatementWords = {"ANALYZE", "BEGIN",    "COMMIT", "END",
+                                                             "REINDEX", "ROLLBACK", "VACUUM", "PRAGMA"};
+
+constexpr bool IsNameCharacter(char c) {
+  const bool is_letter = 'A' <= ToUpper(c) && ToUpper(c) <= 'Z';
+  return is_letter || IsDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool IsBareName(std::string_view text) {
+  return !text.empty() && !IsDigit(text.front()) && std::ranges::all_of(text, IsNameCharacter) &&
+         std::ranges::none_of(kStatementWords,
+                              [&](std::string_view word) { return EqualsIgnoringCase(text, word); });
+}
+
+}  // namespace
+
+std::string SelectAll(const Session& session, std::string_view table) {
+  return "SELECT * FROM " + session.QuoteName(table);
+}
+
+std::string StatementOf(const Session& session, std::string_view source) {
+  const auto name = Trimmed(source);
+  const auto dot = name.find('.');
+  if (dot != name.npos && IsBareName(name.substr(0, dot)) && IsBareName(name.substr(dot + 1))) {
+    return "SELECT * FROM " + session.QuoteName(name.substr(0, dot)) + "." +
+           session.QuoteName(name.substr(dot + 1));
+  }
+  return IsBareName(name) ? SelectAll(session, name) : std::string(source);
+}
+
+std::string StatementOf(const Session& session, const platform::Command& command) {
+  switch (command.command_type) {
+    case platform::CommandType::kTable:
+      return SelectAll(session, Trimmed(command.command_text));
+    case platform::CommandType::kStoredProcedure:
+      return session.ProcedureCall(Trimmed(command.command_text), command.parameters.size());
+    case platform::CommandType::kText:
+      return command.command_text;
+    default:
+      return StatementOf(session, std::string_view(command.command_text));
+  }
+}
+
+}  // namespace dralo::database

@@ -1,0 +1,76 @@
+#include "database/sqlite/binding.h"
+
+#include <charconv>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "database/date_text.h"
+#include "database/decimal_text.h"
+
+namespace dralo::database::sqlite {
+
+namespace {
+
+using platform::DateTime;
+
+std::string IsoText(const DateTime& time) {
+  if (time.HasZeroDate()) return TimeText(time);
+  const bool is_date = time.IsMidnight() && time.nanosecond == 0;
+  return is_date ? DateText(time) : DateTimeText(time);
+}
+
+std::optional<std::int64_t> ExactInteger(const std::string& decimal) {
+  std::int64_t number = 0;
+  const char* const end = decimal.data() + decimal.size();
+  const auto result = std::from_chars(decimal.data(), end, number);
+  return result.ec == std::errc{} && result.ptr == end ? std::optional(number) : std::nullopt;
+}
+
+/// Nothing when the number has more digits than a double keeps.
+std::optional<double> ExactDouble(const std::string& decimal) {
+  double number = 0;
+  std::from_chars(decimal.data(), decimal.data() + decimal.size(), number);
+  const auto kept = DecimalText(number);
+  return kept && kept == ParseDecimal(decimal) ? std::optional(number) : std::nullopt;
+}
+
+struct Binder {
+  sqlite3_stmt* statement;
+  int index;
+
+  int operator()(platform::Null) const { return sqlite3_bind_null(statement, index); }
+  int operator()(bool flag) const { return sqlite3_bind_int(statement, index, flag); }
+  int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
+  int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
+  int operator()(const platform::Decimal& decimal) const {
+    if (const auto number = ExactInteger(decimal.text)) return (*this)(*number);
+    if (const auto number = ExactDouble(decimal.text)) return (*this)(*number);
+    return (*this)(decimal.text);
+  }
+  int operator()(const std::string& text) const {
+    return sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+  }
+  int operator()(const platform::Bytes& bytes) const {
+    static constexpr std::uint8_t kNoByte = 0;  // A null pointer would bind Null.
+    return sqlite3_bind_blob64(statement, index, bytes.empty() ? &kNoByte : bytes.data(), bytes.size(),
+                               SQLITE_STATIC);
+  }
+  int operator()(const DateTime& time) const {
+    const std::string text = IsoText(time);
+    return sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  }
+};
+
+}  // namespace
+
+int Bind(sqlite3_stmt* statement, std::span<const platform::Variant> values) {
+  int index = 0;
+  for (const platform::Variant& value : values) {
+    const int code = std::visit(Binder{statement, ++index}, value);
+    if (code != SQLITE_OK) return code;
+  }
+  return SQLITE_OK;
+}
+
+}  // namespace dralo::database::sqlite

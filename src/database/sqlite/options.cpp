@@ -1,0 +1,58 @@
+#include "database/sqlite/options.h"
+
+#include <sqlite3.h>
+
+#include <charconv>
+#include <filesystem>
+
+#include "database/ascii.h"
+#include "platform/error.h"
+
+namespace dralo::database::sqlite {
+
+namespace {
+
+using platform::Error;
+
+int ReadMode(std::string_view mode) {
+  if (EqualsIgnoringCase(mode, "ReadWrite")) return SQLITE_OPEN_READWRITE;
+  if (EqualsIgnoringCase(mode, "Read")) return SQLITE_OPEN_READONLY;
+  if (EqualsIgnoringCase(mode, "ReadWriteCreate")) return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  throw Error(
+      "The connection string has an unknown Mode; write Mode=Read, Mode=ReadWrite or Mode=ReadWriteCreate");
+}
+
+int ReadBusyTimeout(std::string_view text) {
+  int timeout_ms = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), timeout_ms);
+  if (error != std::errc{} || end != text.data() + text.size() || timeout_ms < 0) {
+    throw Error(
+        "The Busy Timeout in the connection string is no number of milliseconds; write Busy Timeout=5000");
+  }
+  return timeout_ms;
+}
+
+}  // namespace
+
+Options ReadOptions(const ConnectionString& connection_string) {
+  Options options;
+  options.data_source = connection_string.Find("Data Source").value_or("");
+  if (options.data_source.empty()) {
+    throw Error("The connection string has no Data Source; write Provider=SQLite;Data Source=FILE");
+  }
+  if (options.data_source.find('\0') != std::string::npos) {
+    throw Error("The Data Source in the connection string has a zero byte");
+  }
+  options.path = options.data_source;
+  if (options.data_source != kInMemory) {
+    std::error_code error;
+    options.path = std::filesystem::absolute(options.data_source, error);
+    if (error) throw Error("The current folder, which the Data Source is relative to, cannot be found");
+  }
+  options.flags = ReadMode(connection_string.Find("Mode").value_or("ReadWrite"));
+  if (const auto timeout = connection_string.Find("Busy Timeout"))
+    options.busy_timeout_ms = ReadBusyTimeout(*timeout);
+  return options;
+}
+
+}  // namespace dralo::database::sqlite

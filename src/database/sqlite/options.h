@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "database/connection_string.h"
+
+namespace dralo::database::sqlite {
+
+inline constexpr std::string_view kInMemory = ":memory:";
+inline constexpr int kDefaultBusyTimeoutMs = 5000;
+
+/// What a connection string says about an SQLite database.
+struct Options {
+  std::string data_source;  ///< As the author wrote it.
+  std::string path;         ///< Absolute, or kInMemory.
+  int flags = 0;            ///< SQLITE_OPEN_READONLY and the like.
+  int busy_timeout_ms = kDefaultBusyTimeoutMs;
+};
+
+/// Throws platform::Error saying what to write when the connection string is not understood.
+Options ReadOptions(const ConnectionString& connection_string);
+
+}  // namespace dralo::database::sqlite

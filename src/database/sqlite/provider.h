@@ -1,0 +1,16 @@
+#pragma once
+
+#include "database/provider.h"
+
+namespace dralo::database::sqlite {
+
+/// SQLite databases: "Provider=SQLite;Data Source=FILE" or ":memory:". Mode is Read, ReadWrite (the default)
+/// or ReadWriteCreate; Busy Timeout is in milliseconds.
+class Provider final : public database::Provider {
+ public:
+  Provider() = default;
+  std::string PoolKey(const ConnectionString& connection_string) const override;
+  std::unique_ptr<database::Session> Connect(const ConnectionString& connection_string) const override;
+};
+
+}  // namespace dralo::database::sqlite

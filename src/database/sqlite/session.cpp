@@ -1,0 +1,155 @@
+#include "database/sqlite/session.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <utility>
+
+#include "database/ascii.h"
+#include "database/date_text.h"
+#include "database/sqlite/cursor.h"
+#include "database/sqlite/error.h"
+#include "database/sqlite/quote.h"
+#include "platform/error.h"
+
+namespace dralo::database::sqlite {
+
+namespace {
+
+using platform::Error;
+using platform::Variant;
+
+/// Pragmas whose value only says what to show.
+constexpr std::array<std::string_view, 7> kAskingPragmas = {
+    "table_info", "table_xinfo", "table_list", "index_list", "index_info", "index_xinfo", "foreign_key_list"};
+
+bool IsAsking(std::string_view pragma) {
+  return std::ranges::any_of(kAskingPragmas,
+                             [&](std::string_view name) { return EqualsIgnoringCase(pragma, name); });
+}
+
+void RequireFile(const Options& options) {
+  std::error_code error;
+  const bool is_needed = options.path != kInMemory && (options.flags & SQLITE_OPEN_CREATE) == 0;
+  if (is_needed && !std::filesystem::exists(options.path, error)) {
+    throw Error("The database file " + options.data_source +
+                " does not exist or cannot be reached; Mode=ReadWriteCreate makes a new one");
+  }
+}
+
+}  // namespace
+
+Session::Session(const Options& options) {
+  RequireFile(options);
+  sqlite3* connection = nullptr;
+  const int flags = options.flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  const int code = sqlite3_open_v2(options.path.c_str(), &connection, flags, nullptr);
+  handle_.reset(connection);
+  if (code != SQLITE_OK) {
+    throw Error("The database file " + options.data_source + " cannot be opened: " + sqlite3_errstr(code),
+                code);
+  }
+  sqlite3_busy_timeout(connection, options.busy_timeout_ms);
+  sqlite3_set_authorizer(connection, Watch, this);
+}
+
+std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
+  return std::make_unique<Cursor>(*this, Take(query), query);
+}
+
+std::unique_ptr<Statement> Session::Take(const Query& query) {
+  bool refuses_limit = false;
+  if (query.max_records > 0) {
+    auto limited = TakeLimited(query.text);
+    refuses_limit = limited == nullptr;
+    if (limited && limited->PaysOff(query.max_records)) return limited;
+    if (limited) GiveBack(std::move(limited));
+  }
+  auto plain = cache_.Take(query.text, Form::kPlain);
+  if (!plain) plain = Statement::Prepare(Handle(), query.text);
+  if (refuses_limit) plain->RefuseLimit();
+  return plain;
+}
+
+std::unique_ptr<Statement> Session::TakeLimited(std::string_view text) {
+  if (auto limited = cache_.Take(text, Form::kLimited)) return limited;
+  return cache_.RefusesLimit(text) ? nullptr : Statement::PrepareLimited(Handle(), text);
+}
+
+std::string Session::QuoteName(std::string_view name) const { return Quote(name); }
+
+std::string Session::ProcedureCall(std::string_view /*name*/, std::size_t /*parameters*/) const {
+  throw Error("SQLite has no stored procedures; give the command's text and CommandType 1");
+}
+
+/// COLLATE, so that values which only sort as equals are told apart.
+std::string Session::Unchanged(const std::string& quoted_column, bool was_null) const {
+  return quoted_column + (was_null ? " IS NULL" : " COLLATE BINARY IS ?");
+}
+
+Variant Session::Stored(const Column& column, const Variant& value) const {
+  const auto* time = std::get_if<platform::DateTime>(&value);
+  if (!time) return value;
+  switch (column.time_parts) {
+    case TimeParts::kDate:
+      return DateText(*time);
+    case TimeParts::kTime:
+      return TimeText(*time);
+    default:
+      return DateTimeText(*time);
+  }
+}
+
+void Session::Begin() {
+  is_nested_ = sqlite3_get_autocommit(Handle()) == 0;
+  Run({is_nested_ ? "SAVEPOINT dralo_change" : "BEGIN IMMEDIATE"});
+}
+
+void Session::Commit() { Run({is_nested_ ? "RELEASE dralo_change" : "COMMIT"}); }
+
+/// After some failures SQLite has rolled everything back by itself.
+void Session::Rollback() noexcept {
+  if (sqlite3_get_autocommit(Handle()) != 0) return;
+  const char* text = is_nested_ ? "ROLLBACK TO dralo_change; RELEASE dralo_change" : "ROLLBACK";
+  sqlite3_exec(Handle(), text, nullptr, nullptr, nullptr);
+}
+
+bool Session::IsAlive() noexcept {
+  int has_moved = 0;
+  sqlite3_file_control(Handle(), "main", SQLITE_FCNTL_HAS_MOVED, &has_moved);
+  return has_moved == 0;
+}
+
+bool Session::Reset() noexcept {
+  for (sqlite3_stmt* running = nullptr; (running = sqlite3_next_stmt(Handle(), running)) != nullptr;) {
+    sqlite3_reset(running);
+  }
+  if (sqlite3_get_autocommit(Handle()) == 0) sqlite3_exec(Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  return sqlite3_get_autocommit(Handle()) != 0 && !has_leftovers_;
+}
+
+int Session::Watch(void* session, int action, const char* name, const char* value, const char* database,
+                   const char* /*trigger*/) noexcept {
+  bool& has_leftovers = static_cast<Session*>(session)->has_leftovers_;
+  switch (action) {
+    case SQLITE_CREATE_TEMP_INDEX:
+    case SQLITE_CREATE_TEMP_TABLE:
+    case SQLITE_CREATE_TEMP_TRIGGER:
+    case SQLITE_CREATE_TEMP_VIEW:
+    case SQLITE_ATTACH:
+    case SQLITE_DETACH:
+      has_leftovers = true;
+      break;
+    case SQLITE_CREATE_VTABLE:
+      has_leftovers |= database != nullptr && std::string_view(database) == "temp";
+      break;
+    case SQLITE_PRAGMA:
+      has_leftovers |= value != nullptr && !IsAsking(name);
+      break;
+    default:
+      break;
+  }
+  return SQLITE_OK;
+}
+
+}  // namespace dralo::database::sqlite

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "database/session.h"
+#include "database/sqlite/options.h"
+#include "database/sqlite/statement.h"
+#include "database/sqlite/statement_cache.h"
+
+namespace dralo::database::sqlite {
+
+/// An open SQLite database.
+///
+/// Reset() rolls a transaction back and ends statements; the prepared statements, changes() and
+/// last_insert_rowid() stay. A session whose user made temporary tables, views or triggers, attached a
+/// database or set a pragma is not kept: these would show up at the next user's.
+class Session final : public database::Session {
+ public:
+  /// Throws platform::Error when the file does not exist (and is not to be made) or does not open.
+  explicit Session(const Options& options);
+
+  std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
+  std::string QuoteName(std::string_view name) const override;
+  std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
+  std::string Unchanged(const std::string& quoted_column, bool was_null) const override;
+  platform::Variant Stored(const Column& column, const platform::Variant& value) const override;
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  std::int64_t LastIdentity() const override { return sqlite3_last_insert_rowid(Handle()); }
+  bool IsAlive() noexcept override;
+  bool Reset() noexcept override;
+
+  sqlite3* Handle() const { return handle_.get(); }
+
+  /// The statement with a limit, or nullptr when it cannot have one.
+  std::unique_ptr<Statement> TakeLimited(std::string_view text);
+
+  void GiveBack(std::unique_ptr<Statement> statement) noexcept { cache_.Give(std::move(statement)); }
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }
+  };
+
+  std::unique_ptr<Statement> Take(const Query& query);
+  static int Watch(void* session, int action, const char* name, const char* value, const char* database,
+                   const char* trigger) noexcept;
+
+  std::unique_ptr<sqlite3, Closer> handle_;
+  StatementCache cache_;        ///< After the handle, so that it goes first.
+  bool is_nested_ = false;      ///< The transaction of Begin() is a part of the user's.
+  bool has_leftovers_ = false;  ///< Something was done that Reset() does not take back.
+};
+
+}  // namespace dralo::database::sqlite

@@ -1,0 +1,155 @@
+#include "data/databases.h"
+
+namespace dralo::tests {
+
+namespace {
+
+class Executing : public DatabaseContract {
+ protected:
+  std::shared_ptr<platform::Command> MakeCommand(const std::string& text,
+                                                 std::vector<platform::Variant> parameters = {}) {
+    auto command = std::make_shared<platform::Command>();
+    command->active_connection = connection_;
+    command->command_text = text;
+    command->parameters = std::move(parameters);
+    return command;
+  }
+
+  static Lines RowsOf(const std::shared_ptr<platform::Command>& command) {
+    const auto recordset = database::MakeRecordset();
+    recordset->Open(*command);
+    return Rest(*recordset);
+  }
+};
+INSTANTIATE_TEST_SUITE_P(Databases, Executing, kDatabases, DatabaseName);
+
+TEST_P(Executing, CountsTheRecordsChanged) {
+  std::int64_t affected = -2;
+  const auto result = connection_->Execute("UPDATE Goods SET Stock = 0 WHERE ID < 4", &affected);
+
+  EXPECT_EQ(affected, 3);
+  EXPECT_FALSE(result->IsOpen());
+}
+
+TEST_P(Executing, ReturnsRows) {
+  const auto result = connection_->Execute("SELECT Name FROM Goods WHERE ID = 4");
+
+  ASSERT_TRUE(result->IsOpen());
+  EXPECT_EQ(Rest(*result), Lines{"'Drum'"});
+}
+
+TEST_P(Executing, LeavesARecordsetClosedThatIsOpenedOnAStatementWithoutRows) {
+  const auto recordset = Read(connection_, "DELETE FROM Goods WHERE ID = 1");
+
+  EXPECT_FALSE(recordset->IsOpen());
+  EXPECT_EQ(MessageOf([&] { recordset->Eof(); }), "The recordset is closed");
+  EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"4"});
+}
+
+TEST_P(Executing, ReportsAFailureWithItsStatement) {
+  const auto error =
+      ErrorOf([&] { connection_->Execute("INSERT INTO Goods (ID, Name) VALUES (1, 'Twice')"); });
+
+  EXPECT_NE(error.Number(), 0);
+  EXPECT_EQ(error.Source(), "INSERT INTO Goods (ID, Name) VALUES (1, 'Twice')");
+}
+
+TEST_P(Executing, PassesParametersOfEveryKind) {
+  const auto insert = MakeCommand(
+      "INSERT INTO Goods (ID, Name, Price, Stock, Active, Born, Seen, Weight, Note, Picture) "
+      "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+      {std::int64_t{6}, std::string("O'Neil \"x\""), platform::Decimal{"1.5"}, std::int64_t{-3}, true,
+       platform::DateTime{2024, 5, 6}, platform::DateTime{2024, 5, 6, 7, 8, 9}, 0.1, platform::Null{},
+       platform::Bytes{0, 255}});
+  database::MakeRecordset()->Open(*insert);
+
+  EXPECT_EQ(Rows(connection_, "SELECT * FROM Goods WHERE ID = 6"),
+            Lines{"6 'O'Neil \"x\"' 1.5 -3 true 2024-05-06 00:00:00 2024-05-06 07:08:09 0.1 null x'00FF'"});
+  EXPECT_EQ(RowsOf(MakeCommand("SELECT ID FROM Goods WHERE Born = ?", {platform::DateTime{2024, 5, 6}})),
+            Lines{"6"});
+  EXPECT_EQ(RowsOf(MakeCommand("SELECT ID FROM Goods WHERE Price = ?", {platform::Decimal{"1.50"}})),
+            Lines{"6"});
+  EXPECT_EQ(RowsOf(MakeCommand("SELECT COUNT(*) FROM Goods WHERE Active = ?", {true})), Lines{"3"});
+}
+
+TEST_P(Executing, SaysHowManyParametersAreExpected) {
+  EXPECT_EQ(MessageOf([&] {
+              RowsOf(MakeCommand("SELECT ID FROM Goods WHERE ID = ? OR ID = ?", {std::int64_t{1}}));
+            }),
+            "The statement expects 2 parameter values, but 1 was given");
+  EXPECT_EQ(MessageOf([&] {
+              RowsOf(MakeCommand("SELECT ID FROM Goods WHERE ID = ?", {true, true, true}));
+            }),
+            "The statement expects 1 parameter value, but 3 were given");
+  EXPECT_EQ(MessageOf([&] { connection_->Execute("DELETE FROM Goods WHERE ID = ?"); }),
+            "The statement expects 1 parameter value, but 0 were given");
+  EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"5"});
+}
+
+TEST_P(Executing, ReadsTheTableThatACommandNames) {
+  const auto command = MakeCommand("Goods");
+  command->command_type = platform::CommandType::kTable;
+  EXPECT_EQ(RowsOf(command).size(), 5u);
+
+  command->command_text = "SELECT * FROM Goods";
+  EXPECT_THROW(RowsOf(command), platform::Error);
+}
+
+TEST_P(Executing, NeedsAConnection) {
+  const auto command = MakeCommand("SELECT 1");
+  command->active_connection = nullptr;
+
+  EXPECT_EQ(MessageOf([&] { RowsOf(command); }), "The recordset has no connection");
+  EXPECT_EQ(MessageOf([&] { Read(nullptr, "SELECT 1"); }), "The recordset has no connection");
+}
+
+TEST_P(Executing, FailsOnAClosedConnection) {
+  EXPECT_EQ(MessageOf([&] { connection_->Open(ConnectionString()); }),
+            "The connection is open already; close it first");
+  connection_->Close();
+  connection_->Close();
+
+  EXPECT_FALSE(connection_->IsOpen());
+  EXPECT_EQ(MessageOf([&] { connection_->Execute("SELECT 1"); }), "The connection is closed");
+  EXPECT_EQ(MessageOf([&] { Read(connection_, "SELECT 1"); }), "The connection is closed");
+  connection_->Open(ConnectionString());
+  EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"5"});
+}
+
+TEST_P(Executing, ClosesTheRecordsetsOfAConnectionThatCloses) {
+  const auto reading = Read(connection_, "SELECT ID FROM Goods");
+  const auto editing = Edit(connection_, "SELECT ID, Name FROM Goods");
+  EXPECT_FALSE(reading->Eof());
+  EXPECT_FALSE(editing->Eof());
+
+  connection_->Close();
+
+  EXPECT_EQ(MessageOf([&] { reading->MoveNext(); }), "The recordset is closed");
+  EXPECT_EQ(MessageOf([&] { editing->AddNew(); }), "The recordset is closed");
+}
+
+TEST_P(Executing, KeepsTheConnectionOfARecordsetThatOutlivesIt) {
+  const auto recordset = Read(connection_, "SELECT ID FROM Goods ORDER BY ID");
+  connection_.reset();
+  EXPECT_EQ(Rest(*recordset), (Lines{"1", "2", "3", "4", "5"}));
+}
+
+TEST_P(Executing, UndoesAnUnfinishedTransactionWhenTheConnectionCloses) {
+  connection_->Execute("BEGIN");
+  connection_->Execute("DELETE FROM Goods");
+  connection_->Close();
+
+  EXPECT_EQ(Rows(Connect(ConnectionString()), "SELECT COUNT(*) FROM Goods"), Lines{"5"});
+}
+
+TEST_P(Executing, ForgetsThePasswordInTheConnectionString) {
+  const auto connection = database::MakeConnection();
+  EXPECT_EQ(connection->ConnectionString(), "");
+  connection->Open(ConnectionString() + ";Password=hush", "", "");
+  EXPECT_EQ(connection->ConnectionString().find("hush"), std::string::npos);
+  EXPECT_NE(connection->ConnectionString(), "");
+}
+
+}  // namespace
+
+}  // namespace dralo::tests
