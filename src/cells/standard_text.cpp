@@ -15,7 +15,9 @@ namespace {
 
 constexpr std::string_view kEmptyCell = "&nbsp;";
 
-bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == text.npos; }
+bool IsBlank(std::string_view text) {
+  return text.empty() || (text.front() == ' ' && text.find_first_not_of(' ') == text.npos);
+}
 
 /// What the database layer could not read as a date may still spell one.
 std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
@@ -33,8 +35,7 @@ std::string_view DateText(shell::Render& render, platform::Field& field) {
 }
 
 std::string_view PlainText(shell::Render& render, platform::Field& field) {
-  const std::string_view text = render.Regional().Text(field.Value(), render.scratch);
-  return IsBlank(text) ? std::string_view() : text;
+  return render.Regional().Text(field.Value(), render.scratch);
 }
 
 /// The whole text of the value without anything added for HTML; empty for what cannot be shown.
@@ -87,7 +88,11 @@ std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& fie
 }
 
 std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field) {
-  return GuardedText(render, field, "GetStdDbFieldStringRaw", [&] { return WholeText(render, field); });
+  return GuardedText(render, field, "GetStdDbFieldStringRaw", [&] {
+    const std::string_view text = WholeText(render, field);
+    const bool keeps_blanks = util::IsMemoFieldType(field.Type()) || util::IsDateFieldType(field.Type());
+    return keeps_blanks || !IsBlank(text) ? text : std::string_view();
+  });
 }
 
 std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,

@@ -51,15 +51,19 @@ void HtmlWriter::Flush() {
 }
 
 void HtmlWriter::AppendBeyondBuffer(std::string_view text) {
-  if (response_ != nullptr) {
-    Flush();
+  if (response_ != nullptr && text.size() > kPieceBytes) {
     // Kept out of the buffer, which would stay as large as the longest text of the page.
-    if (text.size() > kPieceBytes) return response_->Write(text);
-    if (capacity_ == 0) Grow(kPieceBytes);
-  } else {
-    Grow(std::max({used_ + text.size(), kFirstTextBytes, capacity_ * 2}));
+    Flush();
+    return response_->Write(text);
   }
+  MakeRoom(text.size());
   Append(text);
+}
+
+void HtmlWriter::MakeRoom(std::size_t bytes) {
+  if (response_ == nullptr) return Grow(std::max({used_ + bytes, kFirstTextBytes, capacity_ * 2}));
+  Flush();
+  if (capacity_ == 0) Grow(kPieceBytes);
 }
 
 void HtmlWriter::Grow(std::size_t capacity) {

@@ -5,6 +5,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -110,9 +111,11 @@ class HtmlWriter {
   HtmlWriter& Write(Encoded value);
 
   HtmlWriter& Write(Number auto number) {
-    char digits[24];
-    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    Append(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+    constexpr std::size_t kMostDigits = 24;
+    if (kMostDigits > capacity_ - used_) [[unlikely]]
+      MakeRoom(kMostDigits);
+    char* const start = buffer_.get() + used_;
+    used_ += static_cast<std::size_t>(std::to_chars(start, start + kMostDigits, number).ptr - start);
     return *this;
   }
 
@@ -133,13 +136,42 @@ class HtmlWriter {
 
  private:
   void Append(std::string_view text) {
-    if (text.size() > capacity_ - used_) return AppendBeyondBuffer(text);
-    text.copy(buffer_.get() + used_, text.size());
+    if (text.size() > capacity_ - used_) [[unlikely]]
+      return AppendBeyondBuffer(text);
+    Copy(buffer_.get() + used_, text.data(), text.size());
     used_ += text.size();
   }
 
-  /// Sends the buffer, or lets it grow, before it appends the text.
+  /// Most pieces are shorter than a call of the library's function is worth: up to 32 bytes are copied as two
+  /// halves that may overlap.
+  static void Copy(char* to, const char* from, std::size_t bytes) {
+    if (bytes > 32) {
+      std::memcpy(to, from, bytes);
+    } else if (bytes >= 16) {
+      CopyHalves<16>(to, from, bytes);
+    } else if (bytes >= 8) {
+      CopyHalves<8>(to, from, bytes);
+    } else if (bytes >= 4) {
+      CopyHalves<4>(to, from, bytes);
+    } else {
+      for (std::size_t at = 0; at < bytes; ++at) to[at] = from[at];
+    }
+  }
+
+  template <std::size_t kHalf>
+  static void CopyHalves(char* to, const char* from, std::size_t bytes) {
+    char halves[2][kHalf];
+    std::memcpy(halves[0], from, kHalf);
+    std::memcpy(halves[1], from + bytes - kHalf, kHalf);
+    std::memcpy(to, halves[0], kHalf);
+    std::memcpy(to + bytes - kHalf, halves[1], kHalf);
+  }
+
+  /// Appends a text that does not fit behind what is collected.
   void AppendBeyondBuffer(std::string_view text);
+
+  /// Sends the buffer, or lets it grow, so that `bytes` fit, at most a piece.
+  void MakeRoom(std::size_t bytes);
   void Grow(std::size_t capacity);
 
   platform::Response* response_ = nullptr;

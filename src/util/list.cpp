@@ -37,6 +37,7 @@ std::int16_t FindInList(std::string_view list, std::string_view text) {
 }
 
 std::int16_t FindInList(std::string_view list, int number) {
+  if (list.empty()) return 0;
   char digits[16];
   const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
   return FindInList(list, std::string_view(digits, static_cast<std::size_t>(end - digits)));

@@ -19,29 +19,48 @@ namespace key = shell::key;
 using shell::Settings;
 using util::Verbatim;
 
-/// Tells the columns whose names are sort links.
+/// The names of columns that are sort links. What all addresses share is put together once.
 class SortLinks {
  public:
-  explicit SortLinks(const Settings& settings)
-      : settings_(settings),
-        any_(!settings.has_stored_procedure && !util::ContainsWord(settings.sql, "ORDER BY")),
-        long_columns_(settings.DrConnection &&
-                      settings.DrConnection->Engine() == shell::DatabaseEngine::kSqla) {}
+  SortLinks(const shell::Render& render, std::int32_t bookmark)
+      : render_(render),
+        settings_(render.settings),
+        any_(!settings_.has_stored_procedure && !util::ContainsWord(settings_.sql, "ORDER BY")),
+        long_columns_(settings_.DrConnection &&
+                      settings_.DrConnection->Engine() == shell::DatabaseEngine::kSqla) {
+    if (any_) PrepareAddress(bookmark);
+  }
 
   bool Has(const GridColumn& column) const {
     return any_ && (long_columns_ || !IsLong(column.field->Type())) &&
            !IsGridColNoSort(settings_, column.field->Name(), column.number);
   }
 
+  void Put(const GridColumn& column, Verbatim name) const;
+
  private:
   static bool IsLong(platform::TypeCode type) {
     return util::IsMemoFieldType(type) || type == platform::TypeCode::kLongVarBinary;
   }
 
+  void PrepareAddress(std::int32_t bookmark);
+
+  const shell::Render& render_;
   const Settings& settings_;
   bool any_;
   bool long_columns_;  ///< Only one engine sorts by them; a grid without a connection is not on it.
+  util::HtmlWriter before_number_;
+  util::HtmlWriter after_number_;
 };
+
+void SortLinks::PrepareAddress(std::int32_t bookmark) {
+  before_number_.Put("<a")
+      .PutIf(settings_.UseCSS, R"( class="DRLOTableTH")")
+      .Put(R"( href="{}?)", Verbatim{render_.script_name});
+  PutStateQuery(before_number_, render_, render_.current_record);
+  before_number_.Put("&{}=", render_.keys(key::kOrderByFields));
+  after_number_.Put("&{}={}", render_.keys(key::kBookmark), bookmark);
+}
 
 void PutArrow(const shell::Render& render) {
   const Verbatim folder{render.settings.ImageDir};
@@ -53,21 +72,14 @@ void PutArrow(const shell::Render& render) {
 }
 
 /// A click on the sorted column turns its order round; on another column it sorts ascending.
-void PutSortLink(const shell::Render& render, const GridColumn& column, Verbatim name,
-                 std::int32_t bookmark) {
-  const Settings& settings = render.settings;
-  const bool is_sorted = settings.OrderByFields == std::to_string(column.number);
-  render.out.Put("<a")
-      .PutIf(settings.UseCSS, R"( class="DRLOTableTH")")
-      .Put(R"( href="{}?)", Verbatim{render.script_name});
-  PutStateQuery(render.out, render, render.current_record);
-  render.out
-      .Put("&{}={}&{}={}", render.keys(key::kOrderByFields), column.number, render.keys(key::kBookmark),
-           bookmark)
-      .PutIf(is_sorted && !settings.OrderByDesc, "&{}=True", render.keys(key::kOrderByDesc))
+void SortLinks::Put(const GridColumn& column, Verbatim name) const {
+  const bool is_sorted = settings_.OrderByFields == std::to_string(column.number);
+  render_.out
+      .Put("{}{}{}", Verbatim{before_number_.Collected()}, column.number, Verbatim{after_number_.Collected()})
+      .PutIf(is_sorted && !settings_.OrderByDesc, "&{}=True", render_.keys(key::kOrderByDesc))
       .Put(R"("><nobr>{})", name);
-  if (is_sorted) PutArrow(render);
-  render.out.Put("</nobr></a>");
+  if (is_sorted) PutArrow(render_);
+  render_.out.Put("</nobr></a>");
 }
 
 /// The start of a header cell with the column's own attributes.
@@ -91,8 +103,7 @@ void PutIndexCell(const shell::Render& render) {
   render.out.Put(">#</th>\r\n");
 }
 
-void PutCell(const shell::Render& render, const GridColumn& column, bool has_sort_link,
-             std::int32_t bookmark) {
+void PutCell(const shell::Render& render, const GridColumn& column, const SortLinks& links) {
   const Settings& settings = render.settings;
   const std::string_view width = util::NthItem(settings.GridCellWidths, column.number);
   const Verbatim name{GridDisplayName(settings, column.field->Name(), column.number)};
@@ -103,8 +114,8 @@ void PutCell(const shell::Render& render, const GridColumn& column, bool has_sor
       .PutIf(settings.UseCSS, R"( class="DRLOTableTH")")
       .PutIf(!width.empty(), R"( width="{}")", Verbatim{width})
       .Put(">");
-  if (has_sort_link) {
-    PutSortLink(render, column, name, bookmark);
+  if (links.Has(column)) {
+    links.Put(column, name);
   } else {
     render.out.Write(name);
   }
@@ -116,8 +127,8 @@ void PutCell(const shell::Render& render, const GridColumn& column, bool has_sor
 void PutGridHeader(const shell::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark) {
   render.out.Put("<tr").PutIf(render.settings.UseCSS, R"( class="DRLOTableTR")").Put(">\r\n");
   if (render.settings.GridDisplayIndex) PutIndexCell(render);
-  const SortLinks links(render.settings);
-  for (const GridColumn& column : columns) PutCell(render, column, links.Has(column), bookmark);
+  const SortLinks links(render, bookmark);
+  for (const GridColumn& column : columns) PutCell(render, column, links);
   render.out.Put("</tr>\r\n");
 }
 
