@@ -12,7 +12,6 @@
 namespace dralo::driver {
 namespace {
 
-using util::Joined;
 using util::Verbatim;
 
 /// The number that the page's first record must be below for the last-page button to work.

@@ -112,7 +112,9 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right) {
 }
 
 bool ContainsWord(std::string_view text, std::string_view word) {
-  return !std::ranges::search(text, word, {}, CapitalAscii).empty() || word.empty();
+  const auto is_letter = [](char c, char capital) { return CapitalAscii(c) == capital; };
+  return std::search(text.begin(), text.end(), word.begin(), word.end(), is_letter) != text.end() ||
+         word.empty();
 }
 
 }  // namespace dralo::util
