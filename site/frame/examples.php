@@ -21,4 +21,30 @@ return [
             "Each has its own tag, so each pages and sorts by itself and neither forgets where it was.",
         ],
     ],
+    "Around the grid" => [
+        "bars.php" => [
+            "Bars and page size",
+            "The bar above and below the grid, and a select with which visitors choose how many rows a page has.",
+        ],
+        "search.php" => [
+            "A search form",
+            "The page's own form: what visitors type never becomes a part of the SQL, and stays from page to page.",
+        ],
+        "filter.php" => [
+            "A filter that stays",
+            "The page's own choices above the grid, kept while visitors sort and turn pages.",
+        ],
+        "no-count.php" => [
+            "Without counting",
+            "Large results need not be counted: the bar then tells where the visitor is, but not how far it goes.",
+        ],
+        "limit.php" => [
+            "A limit on records",
+            "The fifty largest orders: paging, addresses and the spreadsheet end there, whatever the query finds.",
+        ],
+        "languages.php" => [
+            "Four languages",
+            "English, German and Norwegian are built in; a list of twelve words adds any other, here Polish.",
+        ],
+    ],
 ];

@@ -37,7 +37,7 @@ for (const name of examples) {
     assert.ok((await page.locator("table.DRLOTable td").count()) > 0, "the grid is empty");
     const rest = await page.locator(".example").evaluate((example) => {
       const copy = example.cloneNode(true);
-      copy.querySelectorAll("table, h2").forEach((part) => part.remove());
+      copy.querySelectorAll("table, h2, .fields, .hint").forEach((part) => part.remove());
       return copy.textContent.trim();
     });
     assert.equal(rest, "");

@@ -16,6 +16,7 @@ export const root = resolve(import.meta.dirname ?? new URL(".", import.meta.url)
 export const run = promisify(execFile);
 
 const extension = process.env.DRALO_EXTENSION ?? join(root, "build/release/dralo.so");
+const givenShop = process.env.DRALO_TEST_SHOP;
 const screenshots = join(root, "build/screenshots");
 
 /** What a visitor may have: each page must work in all of them. */
@@ -50,15 +51,15 @@ async function theBrowser() {
   return browser;
 }
 
-/** A copy of the shop that nobody else uses. The shop itself is made once for each file of tests. */
+/** A copy of the shop that nobody else uses. The shop itself is the one given, or made once for each file of tests. */
 async function freshShop() {
   if (!folder) {
     await run("php", ["-n", "-d", `extension=${extension}`, "-r", "exit(extension_loaded('dralo') ? 0 : 1);"]);
     folder = await mkdtemp(join(tmpdir(), "dralo-browser-"));
-    await run(join(root, "site/data/make_shop.py"), [join(folder, "shop.db")]);
+    if (!givenShop) await run(join(root, "site/data/make_shop.py"), [join(folder, "shop.db")]);
   }
   const copy = join(await mkdtemp(join(folder, "test-")), "shop.db");
-  await copyFile(join(folder, "shop.db"), copy);
+  await copyFile(givenShop ?? join(folder, "shop.db"), copy);
   return copy;
 }
 

@@ -15,6 +15,44 @@ siteTest("The element with the keyboard's focus has an outline", visitors.light,
   }
 });
 
+siteTest("Every stop of the Tab key in the bar can be seen whole", visitors.phone, async ({ page }) => {
+  await page.goto("/bars.php?Morvu1CurrRecord=11");
+  await page.getByRole("combobox").focus();
+
+  const stops = [];
+  for (let stop = 0; stop < 5; stop++) {
+    await page.keyboard.press("Tab");
+    stops.push(
+      await page.evaluate(() => {
+        const { outlineStyle, outlineWidth, outlineOffset } = getComputedStyle(document.activeElement);
+        const beyond = Math.max(0, parseFloat(outlineWidth) + parseFloat(outlineOffset));
+        const [stop, view] = [document.activeElement, document.activeElement.closest("table:has(form)")].map((one) =>
+          one.getBoundingClientRect(),
+        );
+        const fits = stop.left - beyond >= view.left && stop.right + beyond <= view.right;
+        return [document.activeElement.title, outlineStyle, fits].join(" ");
+      }),
+    );
+  }
+
+  const titles = ["First Page", "Previous Page", "Next Page", "Last Page", "Excel export"];
+  assert.deepEqual(stops, titles.map((title) => `${title} solid true`));
+});
+
+siteTest("A button shows that the mouse is on it, one that does not work does not", visitors.light, async ({ page }) => {
+  await page.goto("/bars.php");
+  const ground = (element) => element.evaluate((one) => getComputedStyle(one).backgroundColor);
+  const [next, previous] = [page.getByTitle("Next Page").first(), page.locator("img[src$='prevpgd.gif']").first()];
+  await page.emulateMedia({ reducedMotion: "reduce" });
+  const before = await ground(next);
+
+  await next.hover();
+  assert.notEqual(await ground(next), before);
+  await previous.hover();
+  assert.equal(await ground(previous), before);
+  assert.equal(await ground(next), before);
+});
+
 siteTest("On a phone a wide grid scrolls in its own box", visitors.phone, async ({ page }) => {
   await page.goto("/grid.php");
 

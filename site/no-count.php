@@ -1,0 +1,19 @@
+<?php
+
+require "frame/frame.php";
+begin_page();
+
+$view = new Dralo\DbView();
+$view->ConnectionString = "Provider=SQLite;Data Source=" . shop_file();
+$view->sql = "SELECT OrderID, Line, Products.Name AS Product, Quantity, UnitPrice, Discount
+              FROM OrderLines JOIN Products ON Products.ID = OrderLines.Product";
+$view->OrderByFields = "1, 2";
+$view->GridDisplayFieldNames = "Order,,,,Unit price";
+$view->ImageDir = "/gfx/";
+$view->Width = "100%";
+
+$view->CountRecords = false;
+$view->WriteHtmlTable();
+echo $view->ErrorMessage;
+
+end_page();
