@@ -4,7 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $view = new Dralo\DbView();
-$view->ConnectionString = "Provider=SQLite;Data Source=" . shop_file();
+$view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT Products.ID, Categories.Name AS Category, Products.Name AS Product, Unit, Price, InStock, SoldSince,
                      Products.Description
               FROM Products JOIN Categories ON Categories.ID = Products.Category";

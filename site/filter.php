@@ -6,7 +6,7 @@ begin_page();
 $chosen = filter_input(INPUT_POST, "Category") ?? filter_input(INPUT_GET, "Category");
 $in_stock = filter_input(INPUT_POST, "InStock") ?? filter_input(INPUT_GET, "InStock");
 $connection = new Dralo\DBConnection();
-$connection->Connection->Open("Provider=SQLite;Data Source=" . shop_file());
+$connection->Connection->Open("Provider=SQLite;Mode=Read;Data Source=" . shop_file());
 $categories = $connection->Connection->Execute("SELECT ID, Name FROM Categories ORDER BY Name");
 ?>
 <form class="fields" method="get">

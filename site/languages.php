@@ -18,7 +18,7 @@ echo '<div class="side-by-side">';
 foreach ($languages as $number => [$code, $name, $language, $headings]) {
     $view = new Dralo\DbView();
     $view->Tag = (string) ($number + 1);
-    $view->ConnectionString = "Provider=SQLite;Data Source=" . shop_file();
+    $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
     $view->sql = "SELECT Products.Name, Categories.Name, Price
                   FROM Products JOIN Categories ON Categories.ID = Products.Category";
     if ($language === "own") {

@@ -28,7 +28,7 @@ for ($place = 0; $place < 3; $place++) {
 }
 
 $view = new Dralo\DbView();
-$view->ConnectionString = "Provider=SQLite;Data Source=" . shop_file();
+$view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->StoredProcCommand = $command;
 $view->RecordsPerPage = 10;
 $view->ImageDir = "/gfx/";

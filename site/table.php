@@ -6,7 +6,7 @@ begin_page();
 $view = new Dralo\DbView();
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
-$view->QHtmlTable("Provider=SQLite;Data Source=" . shop_file(), "Countries");
+$view->QHtmlTable("Provider=SQLite;Mode=Read;Data Source=" . shop_file(), "Countries");
 echo $view->ErrorMessage;
 
 end_page();

@@ -4,7 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $customers = new Dralo\DbView();
-$customers->ConnectionString = "Provider=SQLite;Data Source=" . shop_file();
+$customers->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $customers->Tag = "1";
 $customers->sql = "SELECT ID, Company, City, Country FROM Customers";
 $customers->RecordsPerPage = 6;
