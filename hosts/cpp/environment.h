@@ -18,11 +18,11 @@ class Environment final : public platform::Environment {
   ~Environment() override;
 
   platform::ObjectPtr CreateObject(std::string_view programmatic_identifier) override;
-  const platform::Formatting& Regional() const override { return *formatting_; }
+  const platform::ValueFormatting& Regional() const override { return *formatting_; }
   std::unique_ptr<platform::RegExp> CreateRegExp() override;
 
  private:
-  std::unique_ptr<platform::Formatting> formatting_;
+  std::unique_ptr<platform::ValueFormatting> formatting_;
 };
 
 }  // namespace dralo::host

@@ -1,16 +1,96 @@
 #include "cells/format_functions.h"
 
+#include <array>
+#include <exception>
+#include <memory>
+#include <utility>
+
+#include "cells/column_settings.h"
+#include "cells/date_functions.h"
+#include "cells/number_functions.h"
+#include "cells/regexp_replace.h"
 #include "cells/standard_text.h"
-#include "shell/guard.h"
+#include "cells/text_functions.h"
+#include "platform/error.h"
 
 namespace dralo::cells {
+namespace {
 
-std::string_view GetFormatCellString(shell::Render& render, platform::Field& field, int /*column*/) {
-  constexpr std::string_view kDescription = "Format functions are not available in this version";
-  if (render.settings.ErrorMessage.find(kDescription) == std::string::npos) {
-    shell::ReportError(render.settings, kDescription, "GetFormatCellString");
+constexpr std::string_view kEmptyCell = "&nbsp;";
+
+struct NamedFunction {
+  std::string_view name;
+  CellFunction (*make)(const FormatArguments& arguments);
+};
+
+constexpr auto kFunctions = std::to_array<NamedFunction>({
+    {"FORMATCURRENCY", FormatCurrency},
+    {"FORMATNUMBER", FormatNumber},
+    {"FORMATPERCENT", FormatPercent},
+    {"FORMATDATETIME", FormatDateTime},
+    {"FORMAT", Format},
+    {"DATEADD", DateAdd},
+    {"DATEPART", DatePart},
+    {"REPLACE", Replace},
+    {"LEFT", Left},
+    {"RIGHT", Right},
+    {"MID", Mid},
+    {"UCASE", UpperCase},
+    {"LCASE", LowerCase},
+    {"INITCAPS", InitCaps},
+    {"INITCAPSALL", InitCapsAll},
+    {"LEN", Length},
+    {"ROUND", Round},
+    {"ABS", Abs},
+});
+
+CellFunction Unknown(const std::string& name) {
+  return [start = "[Unknown function : " + name + "] "](FormatInput& input, std::string& to) {
+    return std::string_view(
+        to.assign(start).append(GetStdDbFieldString(input.GetRender(), input.GetField())));
+  };
+}
+
+CellFunction MakeFunction(platform::Environment& environment, std::string_view text,
+                          std::string_view delimiter) {
+  const FormatArguments arguments(environment.Regional(), text, delimiter);
+  if (arguments.Name() == "REGEXPREPLACE") return RegExpReplace(environment, text, delimiter);
+  for (const NamedFunction& function : kFunctions) {
+    if (function.name == arguments.Name()) return function.make(arguments);
   }
-  return GetStdDbFieldString(render, field);
+  return Unknown(arguments.Name());
+}
+
+}  // namespace
+
+FormatFunction::FormatFunction(const shell::Render& render, int column) {
+  try {
+    function_ = MakeFunction(render.environment, GetFormatCellStringRaw(render.settings, column),
+                             render.settings.GridFreeFormatCellColumnDelimiter);
+  } catch (const std::exception& error) {
+    failure_ = error.what();
+  }
+}
+
+std::string_view FormatFunction::CellText(shell::Render& render, platform::Field& field) {
+  FormatInput input(render, field);
+  if (input.IsBlank()) return kEmptyCell;
+  try {
+    if (!function_) throw platform::Error(failure_);
+    const std::string_view text = function_(input, text_);
+    return text.empty() ? kEmptyCell : text;
+  } catch (const std::exception& error) {
+    render.settings.ErrorMessage.append(error.what()).append(" Invalid Formatting arguments<br>");
+    return kEmptyCell;
+  }
+}
+
+std::string_view GetFormatCellString(shell::Render& render, platform::Field& field, int column) {
+  const auto place = static_cast<std::size_t>(column);
+  if (place >= render.format_functions.size()) render.format_functions.resize(place + 1);
+  std::shared_ptr<FormatFunction>& function = render.format_functions[place];
+  if (!function) function = std::make_shared<FormatFunction>(render, column);
+  return function->CellText(render, field);
 }
 
 }  // namespace dralo::cells

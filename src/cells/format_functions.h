@@ -1,14 +1,32 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
+#include "cells/cell_function.h"
 #include "platform/field.h"
 #include "shell/render.h"
 
 namespace dralo::cells {
 
-/// The text of a cell whose column has a format function. Format functions are not evaluated in this version:
-/// the standard text is returned, and ErrorMessage says so once. Valid as that of GetStdDbFieldString().
+/// The format function of a column, read once per rendering.
+class FormatFunction {
+ public:
+  /// Takes the column's format text as it stands now.
+  FormatFunction(const shell::Render& render, int column);
+
+  /// See GetFormatCellString().
+  std::string_view CellText(shell::Render& render, platform::Field& field);
+
+ private:
+  CellFunction function_;  ///< Empty when the text makes no function; `failure_` says why.
+  std::string failure_;
+  std::string text_;
+};
+
+/// The text of a cell whose column has a format function; never empty: "&nbsp;" stands for what is empty or
+/// blank and for what cannot be formatted, which is reported in ErrorMessage. Values are not escaped. Valid
+/// until the next call for the column, the record moves or `render.scratch` changes.
 std::string_view GetFormatCellString(shell::Render& render, platform::Field& field, int column);
 
 }  // namespace dralo::cells

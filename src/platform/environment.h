@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "platform/error.h"
-#include "platform/formatting.h"
 #include "platform/object.h"
 #include "platform/regexp.h"
+#include "platform/value_formatting.h"
 
 namespace dralo::platform {
 
@@ -20,7 +20,7 @@ class Environment {
   /// Throws Error when nothing is registered under it.
   virtual ObjectPtr CreateObject(std::string_view programmatic_identifier) = 0;
 
-  virtual const Formatting& Regional() const = 0;
+  virtual const ValueFormatting& Regional() const = 0;
 
   virtual std::unique_ptr<RegExp> CreateRegExp() = 0;
 };

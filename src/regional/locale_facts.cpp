@@ -1,5 +1,6 @@
 #include "regional/locale_facts.h"
 
+#include <unicode/calendar.h>
 #include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
 #include <unicode/dtfmtsym.h>
@@ -48,6 +49,47 @@ void ReadDates(const icu::Locale& locale, LocaleFacts& facts) {
   facts.date_order = OrderOf(short_date);
   AddDateWords(short_date, facts.date_words);
   AddDateWords(DatePattern(locale, icu::DateFormat::kLong), facts.date_words);
+  facts.date_separator = DateSeparatorOf(short_date);
+  facts.medium_date = DatePattern(locale, icu::DateFormat::kMedium);
+  facts.long_date = DatePattern(locale, icu::DateFormat::kFull);
+}
+
+/// The names from `first` on, without the full stop of an abbreviation when `alone`.
+template <std::size_t kCount>
+void ReadNames(const icu::UnicodeString* names, int32_t count, int32_t first, bool alone,
+               std::array<std::string, kCount>& to) {
+  if (count < first + static_cast<int32_t>(kCount)) Check(U_MISSING_RESOURCE_ERROR);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    to[i] = PlainBlanks(Utf8(names[first + static_cast<int32_t>(i)]));
+    if (alone && to[i].ends_with('.')) to[i].pop_back();
+  }
+}
+
+void ReadNames(const icu::DateFormatSymbols& symbols, DateNames& names) {
+  using Symbols = icu::DateFormatSymbols;
+  int32_t count = 0;
+  const icu::UnicodeString* found = symbols.getMonths(count, Symbols::FORMAT, Symbols::WIDE);
+  ReadNames(found, count, 0, false, names.months);
+  found = symbols.getMonths(count, Symbols::FORMAT, Symbols::ABBREVIATED);
+  ReadNames(found, count, 0, false, names.short_months);
+  found = symbols.getMonths(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
+  ReadNames(found, count, 0, true, names.short_months_alone);
+  // ICU's lists of weekdays begin with an empty one.
+  found = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::WIDE);
+  ReadNames(found, count, 1, false, names.days);
+  found = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::ABBREVIATED);
+  ReadNames(found, count, 1, false, names.short_days);
+  found = symbols.getWeekdays(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
+  ReadNames(found, count, 1, true, names.short_days_alone);
+}
+
+void ReadWeeks(const icu::Locale& locale, LocaleFacts& facts) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::Calendar> calendar(icu::Calendar::createInstance(locale, status));
+  Check(status);
+  facts.first_day_of_week = calendar->getFirstDayOfWeek(status);
+  facts.days_in_first_week = calendar->getMinimalDaysInFirstWeek();
+  Check(status);
 }
 
 void AddSpelling(const icu::Locale& locale, const icu::UnicodeString& name, int number,
@@ -80,6 +122,7 @@ void ReadTimes(const icu::Locale& locale, const icu::DateFormatSymbols& symbols,
   if (count < 2) Check(U_MISSING_RESOURCE_ERROR);
   const std::string morning = PlainBlanks(Utf8(halves[0]));
   const std::string afternoon = PlainBlanks(Utf8(halves[1]));
+  facts.day_half_names = {morning, afternoon};
   for (int half : {0, 1}) AddSpelling(locale, halves[half], half, facts.day_halves);
   AddEnglishDayHalves(facts.day_halves);
   TidySpellings(facts.day_halves);
@@ -87,6 +130,41 @@ void ReadTimes(const icu::Locale& locale, const icu::DateFormatSymbols& symbols,
   const std::vector<PatternRun> pattern = TimePattern(locale);
   facts.long_time = LongTime(pattern, morning, afternoon);
   facts.time_separator = TimeSeparatorOf(pattern);
+}
+
+/// An affix as pages show it: without direction marks, and with the minus sign that other texts have too.
+std::string Affix(const icu::UnicodeString& text) {
+  std::string affix;
+  std::string utf8 = Utf8(text);
+  for (std::string_view rest = utf8; !rest.empty();) {
+    constexpr std::string_view kMinus = "\u2212";
+    const std::size_t mark = DirectionMarkSize(rest);
+    if (mark == 0) affix += rest.starts_with(kMinus) ? '-' : rest[0];
+    rest.remove_prefix(mark != 0 ? mark : rest.starts_with(kMinus) ? kMinus.size() : 1);
+  }
+  return affix;
+}
+
+std::array<LocaleFacts::Affixes, 2> AffixesOf(const icu::DecimalFormat& format) {
+  icu::UnicodeString text;
+  std::array<LocaleFacts::Affixes, 2> affixes;
+  affixes[0] = {Affix(format.getPositivePrefix(text)), Affix(format.getPositiveSuffix(text))};
+  affixes[1] = {Affix(format.getNegativePrefix(text)), Affix(format.getNegativeSuffix(text))};
+  return affixes;
+}
+
+void ReadAffixes(const icu::Locale& locale, LocaleFacts& facts) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::NumberFormat> percent(icu::NumberFormat::createPercentInstance(locale, status));
+  const std::unique_ptr<icu::NumberFormat> currency(
+      icu::NumberFormat::createCurrencyInstance(locale, status));
+  Check(status);
+  const auto* percent_format = dynamic_cast<const icu::DecimalFormat*>(percent.get());
+  const auto* currency_format = dynamic_cast<const icu::DecimalFormat*>(currency.get());
+  if (percent_format == nullptr || currency_format == nullptr) Check(U_UNSUPPORTED_ERROR);
+  facts.percent = AffixesOf(*percent_format);
+  facts.currency = AffixesOf(*currency_format);
+  facts.currency_digits = currency_format->getMinimumFractionDigits();
 }
 
 /// Every decimal point that ICU has for Latin digits is one byte.
@@ -101,6 +179,8 @@ void ReadNumbers(const icu::Locale& locale, LocaleFacts& facts) {
       Utf8(symbols->getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol)) == "," ? ',' : '.';
   facts.grouping = Utf8(symbols->getConstSymbol(icu::DecimalFormatSymbols::kGroupingSeparatorSymbol));
   facts.groups_in_pairs = decimal->getSecondaryGroupingSize() == 2;
+  facts.negative_number = AffixesOf(*decimal)[1];
+  ReadAffixes(locale, facts);
 }
 
 }  // namespace
@@ -116,7 +196,9 @@ LocaleFacts ReadLocaleFacts(const std::string& locale) {
   LocaleFacts facts;
   ReadDates(icu_locale, facts);
   ReadMonths(icu_locale, symbols, facts.months);
+  ReadNames(symbols, facts.names);
   ReadTimes(icu_locale, symbols, facts);
+  ReadWeeks(icu_locale, facts);
   ReadNumbers(icu_locale, facts);
   return facts;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
 #include "regional/date_order.h"
 #include "regional/date_time_pattern.h"
+#include "regional/pattern_run.h"
 
 namespace dralo::regional {
 
@@ -13,6 +15,16 @@ namespace dralo::regional {
 struct Spelling {
   std::string text;
   int number = 0;
+};
+
+/// Names for use in dates, January and Sunday first.
+struct DateNames {
+  std::array<std::string, 12> months;
+  std::array<std::string, 12> short_months;        ///< As they stand within a date, perhaps with a full stop.
+  std::array<std::string, 12> short_months_alone;  ///< As they stand alone, without a full stop.
+  std::array<std::string, 7> days;
+  std::array<std::string, 7> short_days;
+  std::array<std::string, 7> short_days_alone;
 };
 
 /// What is known about a locale, so that ICU need not be asked for each text. Numbers are in Latin digits and
@@ -34,6 +46,25 @@ struct LocaleFacts {
   char decimal_point = '.';
   std::string grouping;          ///< Between groups of three digits.
   bool groups_in_pairs = false;  ///< Groups above the lowest have two digits: "12,34,567".
+
+  /// What stands around a number, the currency sign included; "-" for every minus sign.
+  struct Affixes {
+    std::string prefix;
+    std::string suffix;
+  };
+  Affixes negative_number;
+  std::array<Affixes, 2> percent;   ///< Of zero and above, and of negative numbers.
+  std::array<Affixes, 2> currency;  ///< Likewise.
+  int currency_digits = 2;          ///< After the decimal point.
+
+  std::vector<PatternRun> long_date;    ///< With the name of the weekday.
+  std::vector<PatternRun> medium_date;  ///< With a short name of the month, in most locales.
+  std::string date_separator;           ///< Between the numbers of a short date.
+  DateNames names;
+  std::array<std::string, 2> day_half_names;  ///< Morning and afternoon.
+
+  int first_day_of_week = 1;   ///< 1 Sunday to 7 Saturday.
+  int days_in_first_week = 1;  ///< The first week of the year has at least so many of its days.
 };
 
 /// Asks ICU about `locale`, a name that ChooseLocale() gave. Throws platform::Error when ICU fails.

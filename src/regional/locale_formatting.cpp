@@ -1,11 +1,18 @@
 #include "regional/locale_formatting.h"
 
+#include <algorithm>
+
+#include "platform/error.h"
+#include "regional/calendar.h"
+#include "regional/date_pattern.h"
 #include "regional/date_recognizer.h"
 #include "regional/locale_facts.h"
 #include "regional/locale_name.h"
+#include "regional/number_forms.h"
 #include "regional/number_recognizer.h"
 #include "regional/number_writer.h"
 #include "regional/scratch.h"
+#include "regional/value_pattern.h"
 
 namespace dralo::regional {
 namespace {
@@ -13,14 +20,28 @@ namespace {
 using platform::DateTime;
 using platform::VariantView;
 
-class LocaleFormatting final : public platform::Formatting {
+/// The locale's week in the numbers of platform::WeekRule.
+platform::WeekRule WeekRuleOf(const LocaleFacts& facts) {
+  const int days = facts.days_in_first_week;
+  return {facts.first_day_of_week, days <= 1 ? 1 : days < 7 ? 2 : 3};
+}
+
+class LocaleFormatting final : public platform::ValueFormatting {
  public:
   explicit LocaleFormatting(const LocaleFacts& facts)
       : short_date_(facts.short_date),
         long_time_(facts.long_time),
         numbers_(facts.decimal_point),
+        number_forms_(facts),
+        date_texts_(facts),
+        long_date_(date_texts_, {}),
+        short_time_(date_texts_, {}),
+        week_rule_(WeekRuleOf(facts)),
         date_recognizer_(facts),
-        number_recognizer_(facts) {}
+        number_recognizer_(facts) {
+    long_date_.AddPattern("dddddd");
+    short_time_.AddPattern("hh:nn");
+  }
 
   std::string_view Text(const VariantView& value, std::string& scratch) const override;
 
@@ -32,12 +53,41 @@ class LocaleFormatting final : public platform::Formatting {
     return number_recognizer_.Recognize(text);
   }
 
+  std::string_view NumberText(platform::DecimalView number, platform::NumberKind kind,
+                              const platform::NumberOptions& options, std::string& scratch) const override {
+    return number_forms_.Write(number.text, kind, options, scratch);
+  }
+
+  platform::Decimal Rounded(platform::DecimalView number, int digits) const override;
+
+  std::string_view DateText(const DateTime& time, platform::NamedDate form,
+                            std::string& scratch) const override;
+
+  DateTime DateAdd(std::string_view interval, std::int64_t number, const DateTime& time) const override {
+    return Add(ReadInterval(interval), number, time);
+  }
+
+  int DatePart(std::string_view interval, const DateTime& time, platform::WeekRule rule) const override {
+    return Part(ReadInterval(interval), time, Checked(rule));
+  }
+
+  std::unique_ptr<platform::FormatPattern> MakePattern(std::string_view pattern,
+                                                       platform::WeekRule rule) const override {
+    return MakeValuePattern(pattern, Checked(rule), {*this, number_forms_, date_texts_});
+  }
+
  private:
+  platform::WeekRule Checked(platform::WeekRule rule) const;
   std::string_view DateTimeText(const DateTime& time, std::string& scratch) const;
 
   DateTimePattern short_date_;
   DateTimePattern long_time_;
   NumberWriter numbers_;
+  NumberForms number_forms_;
+  DateTexts date_texts_;
+  DatePattern long_date_;
+  DatePattern short_time_;
+  platform::WeekRule week_rule_;
   DateRecognizer date_recognizer_;
   NumberRecognizer number_recognizer_;
 };
@@ -74,9 +124,53 @@ std::string_view LocaleFormatting::DateTimeText(const DateTime& time, std::strin
   return {start, static_cast<std::size_t>(end - start)};
 }
 
+platform::Decimal LocaleFormatting::Rounded(platform::DecimalView number, int digits) const {
+  DecimalDigits rounded(number.text);
+  rounded.Round(digits, Rounding::kHalfToEven);
+  platform::Decimal result;
+  if (rounded.IsNegative() && !rounded.IsZero()) result.text += '-';
+  for (int power = std::max(rounded.WholeDigits(), 1) - 1; power >= 0; --power) {
+    result.text += rounded.DigitAt(power);
+  }
+  if (rounded.Decimals() > 0) result.text += '.';
+  for (int power = -1; power >= -rounded.Decimals(); --power) result.text += rounded.DigitAt(power);
+  return result;
+}
+
+std::string_view LocaleFormatting::DateText(const DateTime& time, platform::NamedDate form,
+                                            std::string& scratch) const {
+  using platform::NamedDate;
+  if (form == NamedDate::kGeneral) return DateTimeText(time, scratch);
+  scratch.clear();
+  switch (form) {
+    case NamedDate::kLongDate:
+      long_date_.Write(time, scratch);
+      break;
+    case NamedDate::kLongTime:
+      DateTexts::Put(long_time_, time, scratch);
+      break;
+    case NamedDate::kShortTime:
+      short_time_.Write(time, scratch);
+      break;
+    default:
+      DateTexts::Put(short_date_, time, scratch);
+  }
+  return scratch;
+}
+
+/// The rule with the locale's for every 0. Throws platform::Error when it is none.
+platform::WeekRule LocaleFormatting::Checked(platform::WeekRule rule) const {
+  if (rule.first_day < 0 || rule.first_day > 7) throw platform::Error("The first day of the week is 0 to 7");
+  if (rule.first_week < 0 || rule.first_week > 3)
+    throw platform::Error("The first week of the year is 0 to 3");
+  if (rule.first_day == 0) rule.first_day = week_rule_.first_day;
+  if (rule.first_week == 0) rule.first_week = week_rule_.first_week;
+  return rule;
+}
+
 }  // namespace
 
-std::unique_ptr<platform::Formatting> MakeFormatting(std::string_view locale) {
+std::unique_ptr<platform::ValueFormatting> MakeFormatting(std::string_view locale) {
   return std::make_unique<LocaleFormatting>(ReadLocaleFacts(ChooseLocale(locale)));
 }
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/formatting.h"
+#include "platform/value_formatting.h"
 
 namespace dralo::regional {
 
@@ -16,6 +16,6 @@ namespace dralo::regional {
 /// is said at DateRecognizer and NumberRecognizer. Both accept any bytes and do not throw.
 ///
 /// Throws platform::Error when the locale is not known.
-std::unique_ptr<platform::Formatting> MakeFormatting(std::string_view locale);
+std::unique_ptr<platform::ValueFormatting> MakeFormatting(std::string_view locale);
 
 }  // namespace dralo::regional

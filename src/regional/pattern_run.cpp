@@ -119,6 +119,13 @@ char TimeSeparatorOf(const std::vector<PatternRun>& runs) {
   return minute > 0 && minute < runs.size() && runs[minute - 1].text == "." ? '.' : ':';
 }
 
+std::string DateSeparatorOf(const std::vector<PatternRun>& runs) {
+  for (std::size_t i = 1; i < runs.size(); ++i) {
+    if (runs[i].letter == '\0' && runs[i - 1].letter != '\0') return PlainBlanks(runs[i].text);
+  }
+  return "/";
+}
+
 void AddDateWords(const std::vector<PatternRun>& runs, std::vector<std::string>& words) {
   constexpr std::string_view kMarks = " ./-,";
   for (const PatternRun& run : runs) {

@@ -32,6 +32,9 @@ DateTimePattern LongTime(const std::vector<PatternRun>& runs, std::string_view m
 /// "." where the locale has that between hour and minute, else ":".
 char TimeSeparatorOf(const std::vector<PatternRun>& runs);
 
+/// What stands between the first two numbers of a short date, without blanks: "/", "." or "-".
+std::string DateSeparatorOf(const std::vector<PatternRun>& runs);
+
 /// Adds the words that stand between and after the parts of a date to `words`.
 void AddDateWords(const std::vector<PatternRun>& runs, std::vector<std::string>& words);
 

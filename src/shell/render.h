@@ -13,6 +13,10 @@
 #include "shell/settings.h"
 #include "util/html_writer.h"
 
+namespace dralo::cells {
+class FormatFunction;
+}
+
 namespace dralo::shell {
 
 /// Everything that one rendering of a view needs and learns. The driver makes it, fills it step by step and
@@ -25,9 +29,8 @@ struct Render {
   std::string_view script_name;                           ///< The page's own address, for links and the form.
   std::vector<platform::Variant>& current_record_values;  ///< What CurrentRecord reads.
 
-  std::string form_display = "";        ///< The view that the request asks for, as posted; written back.
-  bool form_display_requested = false;  ///< The request asks for the one-record view.
-  bool form_view = false;               ///< The one-record view, or an edit or add form, is shown.
+  std::string form_display = "";  ///< The view that the request asks for, as posted; written back.
+  bool form_view = false;         ///< The one-record view, or an edit or add form, is shown.
   std::string_view edit_status_message = "";  ///< The outcome of the last save or delete.
 
   std::int32_t current_record = 1;  ///< 1-based number of the record that the page starts with.
@@ -41,7 +44,11 @@ struct Render {
   /// For texts of values while they are written; see platform::Formatting::Text().
   std::string scratch = "";
 
-  const platform::Formatting& Regional() const { return environment.Regional(); }
+  /// The format functions that cells of this rendering needed so far, by column number; see
+  /// cells::GetFormatCellString().
+  std::vector<std::shared_ptr<cells::FormatFunction>> format_functions = {};
+
+  const platform::ValueFormatting& Regional() const { return environment.Regional(); }
 };
 
 }  // namespace dralo::shell

@@ -43,7 +43,7 @@ class FakeField final : public platform::Field {
 inline platform::VariantView Unreadable() { throw platform::Error("Disk gone", 10); }
 
 /// `rows` rows of made-up fields.
-class FakeRecords final : public platform::Recordset {
+class FakeRecords : public platform::Recordset {
  public:
   explicit FakeRecords(int rows) : rows_(rows) {}
 

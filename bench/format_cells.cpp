@@ -1,0 +1,82 @@
+/// Measures single cells with a format function, from the field's value to the text.
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cells/column_settings.h"
+#include "cells/format_functions.h"
+#include "hosts/cpp/environment.h"
+#include "hosts/cpp/page.h"
+
+namespace {
+
+using dralo::platform::TypeCode;
+using dralo::platform::VariantView;
+
+struct Sample {
+  TypeCode type;
+  std::vector<VariantView> values;
+};
+
+/// A column with the values of a sample, one after the other.
+class Values final : public dralo::platform::Field {
+ public:
+  explicit Values(const Sample& sample) : sample_(sample) {}
+
+  std::string_view Name() const override { return "V"; }
+  TypeCode Type() const override { return sample_.type; }
+  int Attributes() const override { return 0; }
+  std::int64_t DefinedSize() const override { return 0; }
+  std::int64_t ActualSize() override { return 8; }
+  VariantView Value() override { return sample_.values[next_++ % sample_.values.size()]; }
+  void SetValue(const dralo::platform::Variant&) override {}
+
+ private:
+  const Sample& sample_;
+  std::size_t next_ = 0;
+};
+
+void FormatCells(benchmark::State& state, std::string_view format, const Sample& sample) {
+  Values values(sample);
+  dralo::host::Environment environment("en-US");
+  dralo::host::Page page("/cells", "");
+  dralo::shell::Settings settings;
+  dralo::cells::SetGridFormatCellFunction(settings, 1, format);
+  const dralo::shell::RequestKeys keys(page.GetRequest(), settings.Tag);
+  dralo::util::HtmlWriter out;
+  std::vector<dralo::platform::Variant> current;
+  dralo::shell::Render render{.settings = settings,
+                              .environment = environment,
+                              .keys = keys,
+                              .out = out,
+                              .script_name = "",
+                              .current_record_values = current};
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(dralo::cells::GetFormatCellString(render, values, 1));
+  }
+  if (!settings.ErrorMessage.empty()) state.SkipWithError("a cell could not be formatted");
+}
+
+const Sample kWhole{TypeCode::kInteger, {std::int64_t{1234567}, std::int64_t{-89}, std::int64_t{0}}};
+const Sample kDouble{TypeCode::kDouble, {1234.5678, -0.25, 98765432.1}};
+const Sample kDecimal(TypeCode::kDecimal,
+                      {dralo::platform::DecimalView{"1234567.895"}, dralo::platform::DecimalView{"-3.10"}});
+const Sample kDate{TypeCode::kDate,
+                   {dralo::platform::DateTime{2024, 5, 3, 14, 7, 9, 0},
+                    dralo::platform::DateTime{1999, 12, 31, 0, 0, 0, 0}}};
+
+BENCHMARK_CAPTURE(FormatCells, number_of_integer, "FORMATNUMBER,2", kWhole);
+BENCHMARK_CAPTURE(FormatCells, number_of_double, "FORMATNUMBER,2", kDouble);
+BENCHMARK_CAPTURE(FormatCells, number_of_decimal, "FORMATNUMBER,2", kDecimal);
+BENCHMARK_CAPTURE(FormatCells, currency_of_decimal, "FORMATCURRENCY", kDecimal);
+BENCHMARK_CAPTURE(FormatCells, general_date, "FORMATDATETIME", kDate);
+BENCHMARK_CAPTURE(FormatCells, long_date, "FORMATDATETIME,1", kDate);
+BENCHMARK_CAPTURE(FormatCells, short_time, "FORMATDATETIME,4", kDate);
+BENCHMARK_CAPTURE(FormatCells, date_pattern, "FORMAT,yyyy-mm-dd hh:nn", kDate);
+BENCHMARK_CAPTURE(FormatCells, number_pattern, "FORMAT,0.00;(0.00)", kDecimal);
+
+}  // namespace
+
+BENCHMARK_MAIN();

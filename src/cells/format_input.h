@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "platform/field.h"
+#include "platform/variant.h"
+#include "shell/render.h"
+
+namespace dralo::cells {
+
+/// The value that a format function works on: the field's text without anything added for HTML, or what that
+/// text spells. For one cell; texts stand in it, in
+/// the record or in `render.scratch`.
+class FormatInput {
+ public:
+  FormatInput(shell::Render& render, platform::Field& field);
+  FormatInput(const FormatInput&) = delete;
+  FormatInput& operator=(const FormatInput&) = delete;
+
+  /// Nothing is there to be formatted: the text is empty or blank.
+  bool IsBlank() const;
+
+  std::string_view Text();
+
+  /// A date-time or a whole number as such when the field holds one, else the text.
+  const platform::VariantView& Value() const { return value_; }
+
+  /// Throws platform::Error when the text is no number.
+  platform::DecimalView Number();
+
+  /// Throws platform::Error when the text is no date.
+  platform::DateTime Date();
+
+  shell::Render& GetRender() { return render_; }
+  platform::Field& GetField() { return field_; }
+  const platform::ValueFormatting& Regional() const { return render_.Regional(); }
+
+ private:
+  bool TakeDirectly();
+
+  shell::Render& render_;
+  platform::Field& field_;
+  platform::VariantView value_;
+  std::string number_;
+  std::array<char, 24> digits_;
+};
+
+}  // namespace dralo::cells

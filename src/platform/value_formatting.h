@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/date_time.h"
+#include "platform/formatting.h"
+#include "platform/variant.h"
+
+namespace dralo::platform {
+
+/// A choice that may be left to the locale; the numbers are those that pages write.
+enum class Tristate : int { kDefault = -2, kTrue = -1, kFalse = 0 };
+
+enum class NumberKind { kNumber, kCurrency, kPercent };
+
+struct NumberOptions {
+  static constexpr int kDefaultDigits = -1;
+  static constexpr int kMaxDigits = 255;
+
+  int digits = kDefaultDigits;                  ///< After the decimal point.
+  Tristate leading_digit = Tristate::kDefault;  ///< "0.5" instead of ".5".
+  Tristate parentheses = Tristate::kDefault;    ///< "(5)" instead of "-5".
+  Tristate groups = Tristate::kDefault;         ///< "1,000" instead of "1000".
+};
+
+/// The named forms of date-times; the numbers are those that pages write.
+enum class NamedDate : int { kGeneral = 0, kLongDate = 1, kShortDate = 2, kLongTime = 3, kShortTime = 4 };
+
+/// How weeks are counted; the numbers are those that pages write.
+struct WeekRule {
+  int first_day = 1;  ///< 1 Sunday to 7 Saturday; 0 as the locale has it.
+  int first_week =
+      1;  ///< That of 1 January 1, the first with four days 2, the first full one 3; 0 the locale's.
+};
+
+/// A pattern that is read once and writes many values.
+class FormatPattern {
+ public:
+  virtual ~FormatPattern() = default;
+
+  /// `value`, a whole or decimal number, a date-time or a text, in the pattern. A text is taken for the
+  /// number or the date that it spells when the pattern is one for these; a value that does not fit the
+  /// pattern comes back in its standard text; "True" and "False" are the numbers -1 and 0. The result stands
+  /// in `value`, in `scratch`, whose content is replaced, or is a constant.
+  virtual std::string_view Write(const VariantView& value, std::string& scratch) const = 0;
+};
+
+/// Forms of values that a page chooses. Apart from Formatting because the database layer needs none of it.
+/// Decimals are exact: nothing goes through binary numbers. Results stand in `scratch`, whose content is
+/// replaced.
+class ValueFormatting : public Formatting {
+ public:
+  /// The number rounded half away from zero. A negative number that is rounded to zero has no sign. A percent
+  /// is a hundredth. Throws Error when `number` has more than 1200 digits.
+  virtual std::string_view NumberText(DecimalView number, NumberKind kind, const NumberOptions& options,
+                                      std::string& scratch) const = 0;
+
+  /// `number` with at most `digits` (0 or more) digits after the decimal point, rounded half to even.
+  virtual Decimal Rounded(DecimalView number, int digits) const = 0;
+
+  virtual std::string_view DateText(const DateTime& time, NamedDate form, std::string& scratch) const = 0;
+
+  /// `time` and `number` times the interval: "yyyy" years, "q" quarters, "m" months, "y", "d" and "w" days,
+  /// "ww" weeks, "h" hours, "n" minutes, "s" seconds, in any letter case. A day that the month does not have
+  /// becomes its last. Throws Error for other intervals and beyond the years 1 to 9999.
+  virtual DateTime DateAdd(std::string_view interval, std::int64_t number, const DateTime& time) const = 0;
+
+  /// The part of `time` that the interval names: "y" is the day of the year, "w" that of the week, "ww" the
+  /// week. Throws Error for other intervals and when `rule` is none.
+  virtual int DatePart(std::string_view interval, const DateTime& time, WeekRule rule) const = 0;
+
+  /// The pattern for numbers or for date-times that `pattern` spells or names; nullptr when it is one for
+  /// texts. It may be used as long as this object. Throws Error when `rule` is none.
+  virtual std::unique_ptr<FormatPattern> MakePattern(std::string_view pattern, WeekRule rule) const = 0;
+};
+
+}  // namespace dralo::platform

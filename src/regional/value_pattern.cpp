@@ -1,0 +1,223 @@
+#include "regional/value_pattern.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+
+#include "regional/number_pattern.h"
+#include "regional/pattern_literal.h"
+#include "regional/spellings.h"
+
+namespace dralo::regional {
+namespace {
+
+using platform::DateTime;
+using platform::FormatPattern;
+using platform::NumberKind;
+using platform::VariantView;
+
+/// Calls body(decimal text) with the number that the value is or spells; booleans are -1 and 0. False when it
+/// is none.
+template <class Body>
+bool WithNumber(const platform::Formatting& formatting, const VariantView& value, Body&& body) {
+  if (const auto* number = std::get_if<std::int64_t>(&value)) return body(std::to_string(*number)), true;
+  if (const auto* decimal = std::get_if<platform::DecimalView>(&value)) return body(decimal->text), true;
+  const auto* text = std::get_if<std::string_view>(&value);
+  if (text == nullptr) return false;
+  if (*text == "True") return body("-1"), true;
+  if (*text == "False") return body("0"), true;
+  const auto number = formatting.RecognizeNumber(*text);
+  if (number) body(number->text);
+  return number.has_value();
+}
+
+class NumberFormat final : public FormatPattern {
+ public:
+  NumberFormat(std::string_view pattern, const PatternContext& context)
+      : pattern_(pattern), context_(context) {}
+
+  std::string_view Write(const VariantView& value, std::string& scratch) const override {
+    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
+      scratch.clear();
+      pattern_.Write(decimal, context_.numbers, scratch);
+    });
+    return is_number ? std::string_view(scratch) : context_.formatting.Text(value, scratch);
+  }
+
+ private:
+  NumberPattern pattern_;
+  PatternContext context_;
+};
+
+/// One of two words.
+class WordFormat final : public FormatPattern {
+ public:
+  WordFormat(std::string_view other, std::string_view zero, const PatternContext& context)
+      : other_(other), zero_(zero), context_(context) {}
+
+  std::string_view Write(const VariantView& value, std::string& scratch) const override {
+    std::string_view word;
+    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
+      word = DecimalDigits(decimal).IsZero() ? zero_ : other_;
+    });
+    return is_number ? word : context_.formatting.Text(value, scratch);
+  }
+
+ private:
+  std::string_view other_;
+  std::string_view zero_;
+  PatternContext context_;
+};
+
+/// A form that the locale knows.
+class NumberKindFormat final : public FormatPattern {
+ public:
+  explicit NumberKindFormat(NumberKind kind, const PatternContext& context)
+      : kind_(kind), context_(context) {}
+
+  std::string_view Write(const VariantView& value, std::string& scratch) const override {
+    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
+      context_.numbers.Write(decimal, kind_, {}, scratch);
+    });
+    return is_number ? std::string_view(scratch) : context_.formatting.Text(value, scratch);
+  }
+
+ private:
+  NumberKind kind_;
+  PatternContext context_;
+};
+
+/// The standard text of the number.
+class PlainNumberFormat final : public FormatPattern {
+ public:
+  explicit PlainNumberFormat(const PatternContext& context) : context_(context) {}
+
+  std::string_view Write(const VariantView& value, std::string& scratch) const override {
+    std::string_view text;
+    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
+      std::string plain;
+      text = scratch.assign(context_.formatting.Text(platform::DecimalView{decimal}, plain));
+    });
+    return is_number ? text : context_.formatting.Text(value, scratch);
+  }
+
+ private:
+  PatternContext context_;
+};
+
+class DateFormat final : public FormatPattern {
+ public:
+  DateFormat(DatePattern pattern, const PatternContext& context)
+      : pattern_(std::move(pattern)), context_(context) {}
+
+  std::string_view Write(const VariantView& value, std::string& scratch) const override {
+    std::optional<DateTime> time;
+    if (const auto* date = std::get_if<DateTime>(&value)) time = *date;
+    if (const auto* text = std::get_if<std::string_view>(&value)) {
+      time = context_.formatting.RecognizeDate(*text);
+    }
+    if (!time || !time->IsValid()) return context_.formatting.Text(value, scratch);
+    scratch.clear();
+    pattern_.Write(*time, scratch);
+    return scratch;
+  }
+
+ private:
+  DatePattern pattern_;
+  PatternContext context_;
+};
+
+struct Named {
+  std::string_view name;
+  std::string_view pattern;
+};
+
+constexpr auto kNamedNumbers = std::to_array<Named>({
+    {"Fixed", "0.00"},
+    {"Standard", "#,##0.00"},
+    {"Percent", "0.00%"},
+    {"Scientific", "0.00E+00"},
+});
+
+/// By what stands for a number that is not zero, and for zero.
+constexpr auto kNamedWords = std::to_array<std::array<std::string_view, 3>>({
+    {"Yes/No", "Yes", "No"},
+    {"True/False", "True", "False"},
+    {"On/Off", "On", "Off"},
+});
+
+constexpr auto kNamedDates = std::to_array<Named>({
+    {"General Date", "c"},
+    {"Long Date", "dddddd"},
+    {"Short Date", "ddddd"},
+    {"Long Time", "ttttt"},
+    {"Medium Time", "hh:nn AMPM"},
+    {"Short Time", "hh:nn"},
+});
+
+bool IsCalled(std::string_view text, std::string_view name) {
+  return text.size() == name.size() && StartsWith(text, name);
+}
+
+std::unique_ptr<FormatPattern> NamedNumber(std::string_view name, const PatternContext& context) {
+  if (IsCalled(name, "General Number")) return std::make_unique<PlainNumberFormat>(context);
+  if (IsCalled(name, "Currency")) return std::make_unique<NumberKindFormat>(NumberKind::kCurrency, context);
+  for (const Named& named : kNamedNumbers) {
+    if (IsCalled(name, named.name)) return std::make_unique<NumberFormat>(named.pattern, context);
+  }
+  for (const auto& [word, other, zero] : kNamedWords) {
+    if (IsCalled(name, word)) return std::make_unique<WordFormat>(other, zero, context);
+  }
+  return nullptr;
+}
+
+std::unique_ptr<FormatPattern> NamedDateFormat(std::string_view name, DatePattern pattern,
+                                               const PatternContext& context) {
+  if (IsCalled(name, "Medium Date")) {
+    pattern.AddRuns(context.dates.medium_date);
+    return std::make_unique<DateFormat>(std::move(pattern), context);
+  }
+  for (const Named& named : kNamedDates) {
+    if (!IsCalled(name, named.name)) continue;
+    pattern.AddPattern(named.pattern);
+    return std::make_unique<DateFormat>(std::move(pattern), context);
+  }
+  return nullptr;
+}
+
+/// The pattern without its literals, to see what it is for.
+std::string Placeholders(std::string_view pattern) {
+  std::string placeholders;
+  std::string literal;
+  while (!pattern.empty()) {
+    if (TakeLiteral(pattern, literal)) continue;
+    placeholders += pattern[0];
+    pattern.remove_prefix(1);
+  }
+  return placeholders;
+}
+
+}  // namespace
+
+std::unique_ptr<FormatPattern> MakeValuePattern(std::string_view pattern, platform::WeekRule rule,
+                                                const PatternContext& context) {
+  DatePattern date(context.dates, rule);
+  if (auto named = NamedNumber(pattern, context)) return named;
+  if (auto named = NamedDateFormat(pattern, date, context)) return named;
+
+  const std::string placeholders = Placeholders(pattern);
+  if (placeholders.find_first_of("@&") != std::string::npos) return nullptr;
+  if (placeholders.find_first_of("0#") != std::string::npos) {
+    return std::make_unique<NumberFormat>(pattern, context);
+  }
+  if (placeholders.find_first_of("<>!") != std::string::npos) return nullptr;
+  if (placeholders.find_first_of("cdwmqyhnstCDWMQYHNST/:") != std::string::npos) {
+    date.AddPattern(pattern);
+    return std::make_unique<DateFormat>(std::move(date), context);
+  }
+  return std::make_unique<NumberFormat>(pattern, context);
+}
+
+}  // namespace dralo::regional
