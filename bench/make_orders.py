@@ -2,14 +2,14 @@
 """Makes the benchmark's databases: a table "orders" of twelve typed columns with the given number of rows, a few Nulls
 and memos of up to 400 characters. The same rows every time.
 
-    bench/make_orders.py FOLDER      makes FOLDER/1k.db and FOLDER/100k.db unless they are there
+    bench/make_orders.py FOLDER [SIZE...]    makes FOLDER/SIZE.db unless it is there; without sizes 1k and 100k
 """
 import os
 import random
 import sqlite3
 import sys
 
-SIZES = {"1k": 1_000, "100k": 100_000}
+SIZES = {"1k": 1_000, "10k": 10_000, "100k": 100_000, "1m": 1_000_000}
 SCHEMA = """
 CREATE TABLE orders(
   id INTEGER PRIMARY KEY, customer_id INTEGER NOT NULL, name VARCHAR(40), product VARCHAR(80), city VARCHAR(40),
@@ -60,13 +60,13 @@ def build(path, count):
     os.replace(unfinished, path)
 
 
-def make(folder):
+def make(folder, sizes=("1k", "100k")):
     os.makedirs(folder, exist_ok=True)
-    for name, count in SIZES.items():
+    for name in sizes:
         path = os.path.join(folder, name + ".db")
         if not os.path.exists(path):
-            build(path, count)
+            build(path, SIZES[name])
 
 
 if __name__ == "__main__":
-    make(sys.argv[1])
+    make(sys.argv[1], *([sys.argv[2:]] if sys.argv[2:] else []))

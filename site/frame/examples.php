@@ -16,6 +16,10 @@ return [
             "A whole table",
             "One call shows a table of the database as it is.",
         ],
+        "export.php" => [
+            "A spreadsheet to download",
+            "The button sends every record, not only the page: here with or without headings, with plain or formatted numbers.",
+        ],
         "two-grids.php" => [
             "Two grids on one page",
             "Each has its own tag, so each pages and sorts by itself and neither forgets where it was.",

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "platform/response.h"
+#include "platform/recordset.h"
 #include "shell/render.h"
 
 namespace dralo::cells {
 
-/// Sends the whole result as a spreadsheet download instead of the page.
-/// Not available in this version: reports that in ErrorMessage and leaves the page as it is.
-void WriteExcelTable(shell::Render& render, platform::Response& response);
+/// Writes the records from the current one on, at most RecordsMaxLimit of them, as an HTML table that
+/// spreadsheet programs open: the columns that the grid shows, with their attributes, and a header row when
+/// DisplayHeader is set. Templates are not applied, format functions only with ApplyCellFormattingToExcel.
+/// Records are written as they are read. Throws platform::Error when one cannot be read; what stands before
+/// it is written by then.
+void WriteExcelTable(shell::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::cells

@@ -28,13 +28,6 @@ std::int32_t CountCommandRows(const shell::Render& render) {
   return rows;
 }
 
-/// How many records are fetched at most: up to the end of the page and one more, which tells whether there is
-/// a next page.
-std::int64_t RecordLimit(const shell::Render& render) {
-  const std::int64_t page_end = std::int64_t{render.current_record} + render.settings.RecordsPerPage;
-  return std::max<std::int64_t>(std::min<std::int64_t>(page_end, render.settings.RecordsMaxLimit), 1);
-}
-
 }  // namespace
 
 const std::shared_ptr<platform::Connection>& OpenConnection(const shell::Settings& settings) {
@@ -69,8 +62,13 @@ void OpenCommand(Recordset& recordset, const shell::Settings& settings, CursorTy
   recordset.Open(command, cursor, lock);
 }
 
+std::int64_t PageRecordLimit(const shell::Render& render) {
+  const std::int64_t page_end = std::int64_t{render.current_record} + render.settings.RecordsPerPage;
+  return std::max<std::int64_t>(std::min<std::int64_t>(page_end, render.settings.RecordsMaxLimit), 1);
+}
+
 std::shared_ptr<Recordset> OpenMainRecordset(shell::Render& render, const std::string& sql,
-                                             bool is_last_page) {
+                                             std::int64_t record_limit) {
   const shell::Settings& settings = render.settings;
   if (settings.has_supplied_recordset) return settings.ADORecordset;
   auto recordset = NewRecordset(render.environment);
@@ -78,7 +76,7 @@ std::shared_ptr<Recordset> OpenMainRecordset(shell::Render& render, const std::s
     OpenCommand(*recordset, settings, CursorType::kForwardOnly, LockType::kOptimistic);
     return recordset;
   }
-  if (!is_last_page) recordset->SetMaxRecords(RecordLimit(render));
+  recordset->SetMaxRecords(record_limit);
   recordset->Open(sql, OpenConnection(settings), CursorType::kForwardOnly, LockType::kReadOnly);
   return recordset;
 }

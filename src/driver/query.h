@@ -24,10 +24,14 @@ std::string OrderedSql(const shell::Settings& settings, std::string sql);
 void OpenCommand(platform::Recordset& recordset, const shell::Settings& settings, platform::CursorType cursor,
                  platform::LockType lock);
 
-/// The recordset of the page: the supplied one, the command's, or that of `sql`, which has its order already.
-/// `is_last_page` lifts the limit on the records that are fetched.
+/// How many records are fetched for a page at most: up to its end and one more, which tells whether there is
+/// a next page.
+std::int64_t PageRecordLimit(const shell::Render& render);
+
+/// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already,
+/// with at most `record_limit` records; 0 means all.
 std::shared_ptr<platform::Recordset> OpenMainRecordset(shell::Render& render, const std::string& sql,
-                                                       bool is_last_page);
+                                                       std::int64_t record_limit);
 
 /// After the last-page button: cuts RecordCount to RecordsMaxLimit, so that the last page ends there.
 void CutLastPageToLimit(shell::Render& render);

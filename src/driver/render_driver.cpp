@@ -6,12 +6,12 @@
 #include <memory>
 #include <string>
 
-#include "cells/spreadsheet_export.h"
 #include "driver/current_mode.h"
 #include "driver/hidden_state.h"
 #include "driver/page_frame.h"
 #include "driver/query.h"
 #include "driver/request_state.h"
+#include "driver/spreadsheet_download.h"
 #include "editing/edit_form.h"
 #include "editing/primary_keys.h"
 #include "editing/update_engine.h"
@@ -68,10 +68,7 @@ bool IsAddressedByKey(const Render& render, Mode mode) {
 }
 
 void SelectView(Render& render, Pass& pass) {
-  pass.mode = SelectMode(render.settings, {.records_per_page = render.settings.RecordsPerPage,
-                                           .form_display = render.form_display_requested,
-                                           .edit = AsksForEdit(render.settings, render.keys),
-                                           .add = AsksForAdd(render.settings, render.keys)});
+  pass.mode = CurrentMode(render.settings, &render.keys, render.Regional());
   render.form_view = pass.mode != Mode::kGrid;
   render.records_on_page = RecordsOnPage(render);
 }
@@ -108,34 +105,38 @@ void OpenRecords(Render& render, Pass& pass) {
     pass.final_sql = pass.mode == Mode::kFormEdit ? settings.EditSQL : settings.FormSQL;
   }
   if (is_text) pass.final_sql = OrderedSql(settings, pass.final_sql);
-  pass.main = OpenMainRecordset(render, pass.final_sql, last);
+  pass.main = OpenMainRecordset(render, pass.final_sql, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *pass.main);
 }
 
-/// The last record that can be shown, as far as it is known.
+/// The number of the last record that can be shown, as far as it is known.
 std::int32_t KnownEnd(const shell::Settings& settings) {
-  return std::min(settings.RecordCount, settings.RecordsMaxLimit);
+  const std::int32_t limit = settings.RecordsMaxLimit;
+  return settings.RecordCount < 0 ? limit : std::min(settings.RecordCount, limit);
+}
+
+/// The number of the page's last record if all its places were taken.
+std::int64_t PageEnd(const Render& render) {
+  return std::int64_t{render.current_record} + render.records_on_page - 1;
 }
 
 /// What the bar above the records says about the rows below it; only asked for with a known count.
 void ExpectRows(Render& render) {
-  const std::int64_t end = std::int64_t{render.current_record} + render.records_on_page - 1;
-  render.settings.FromRow = render.settings.RecordCount < 1 ? 0 : render.current_record;
-  render.settings.ToRow = static_cast<std::int32_t>(std::min<std::int64_t>(end, KnownEnd(render.settings)));
-  render.is_last_page = end >= KnownEnd(render.settings);
+  const std::int32_t end = KnownEnd(render.settings);
+  const bool has_rows = render.current_record <= end;
+  render.settings.FromRow = has_rows ? render.current_record : 0;
+  render.settings.ToRow =
+      has_rows ? static_cast<std::int32_t>(std::min<std::int64_t>(PageEnd(render), end)) : 0;
+  render.is_last_page = PageEnd(render) >= end;
 }
 
 void SetRows(Render& render, const Pass& pass, std::int32_t rows) {
   shell::Settings& settings = render.settings;
   settings.FromRow = rows == 0 ? 0 : render.current_record;
-  settings.ToRow = rows == 0 ? 0 : render.current_record + rows - 1;
-  if (settings.RecordCount < 0) {
-    render.is_last_page =
-        settings.ToRow >= settings.RecordsMaxLimit || (pass.keyed == nullptr && pass.main->Eof());
-  } else {
-    render.is_last_page =
-        std::int64_t{render.current_record} + render.records_on_page - 1 >= KnownEnd(settings);
-  }
+  settings.ToRow = rows == 0 ? 0 : render.current_record + (rows - 1);
+  const bool is_counted = settings.RecordCount >= 0;
+  render.is_last_page =
+      PageEnd(render) >= KnownEnd(settings) || (!is_counted && pass.keyed == nullptr && pass.main->Eof());
 }
 
 std::int32_t PutGrid(Render& render, const Pass& pass) {
@@ -218,10 +219,7 @@ void WriteHtmlTable(shell::Settings& settings, platform::Environment& environmen
                 .script_name = request.ServerVariable("SCRIPT_NAME"),
                 .current_record_values = current_record};
   settings.last_save_failed = false;
-  if (keys.WasPressed(key::kToExcel)) {
-    cells::WriteExcelTable(render, page.GetResponse());
-    return;
-  }
+  if (keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
   if (settings.EditPerformUpdates && (keys.Has(key::kFormUpdate) || keys.Has(key::kFormDelete))) {
     settings.last_save_failed = !editing::UpdateRecord(render);
   }

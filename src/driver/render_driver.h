@@ -11,8 +11,8 @@ namespace dralo::driver {
 
 /// Renders a view into the page: answers an export, carries out a posted change, reads the request, opens the
 /// query and writes the view. `current_record` receives the values of the record shown. Failures while the
-/// view is made are reported in ErrorMessage, and the rest of the output is left out; failures of an export
-/// or of a posted change's preparation are thrown.
+/// view or a download is made are reported in ErrorMessage, and the rest of the output is left out; those of
+/// a posted change's preparation, and of a download when the page was sent already, are thrown.
 void WriteHtmlTable(shell::Settings& settings, platform::Environment& environment,
                     platform::PageContext& page, std::vector<platform::Variant>& current_record);
 

@@ -48,6 +48,28 @@ class APage(unittest.TestCase):
         self.wait_until_the_server_has_noticed()
         self.assert_nothing_is_left()
 
+    def download(self):
+        return self.server.start(b"end=download&Morvu1ToExcel.x=1")
+
+    def test_is_downloaded_as_a_spreadsheet_of_all_records(self):
+        head, _, table = self.server.answer(b"end=download&Morvu1ToExcel.x=1").partition(b"\r\n\r\n")
+        for line in (b"content-type: application/vnd.ms-excel",
+                     b"content-disposition: attachment; filename=draloexcelexport.xls"):
+            self.assertIn(line, head.lower().split(b"\r\n"))
+        self.assertTrue(table.startswith(b"<table>\r\n<tr>\r\n<th "))
+        self.assertTrue(table.endswith(b"</td>\r\n</tr>\r\n</table>"))
+        self.assertEqual(table.count(b"</tr>"), 20_001)
+        self.assert_nothing_is_left()
+
+    def test_is_a_download_that_the_visitor_stops(self):
+        for size in (1, 100_000, 1_000_000):
+            request = self.download()
+            request.read(at_least=size)
+            self.assertTrue(self.server.is_locked(), "this test proves nothing: the download was over already")
+            request.leave()
+            self.wait_until_the_server_has_noticed()
+            self.assert_nothing_is_left()
+
     def test_keeps_objects_alive_past_its_end(self):
         self.server.get("kept")
         self.assert_nothing_is_left()

@@ -23,6 +23,8 @@ class FakePage : public platform::PageContext, private platform::Request, privat
   std::vector<std::string>
       calls;  ///< "write", "clear", "content-type: X", "NAME: VALUE", "end" in their order.
   std::function<void()> on_write;  ///< Called before each write; may throw.
+  std::function<void()> on_clear;  ///< Called before each Clear(); may throw.
+  std::function<void()> on_end;    ///< Called at the end of the page; may throw.
 
   const platform::Request& GetRequest() const override { return *this; }
   platform::Response& GetResponse() override { return *this; }
@@ -40,6 +42,7 @@ class FakePage : public platform::PageContext, private platform::Request, privat
     body += html;
   }
   void Clear() override {
+    if (on_clear) on_clear();
     calls.emplace_back("clear");
     body.clear();
   }
@@ -49,7 +52,10 @@ class FakePage : public platform::PageContext, private platform::Request, privat
   void AddHeader(std::string_view name, std::string_view value) override {
     calls.push_back(std::string(name) + ": " + std::string(value));
   }
-  void End() override { calls.emplace_back("end"); }
+  void End() override {
+    calls.emplace_back("end");
+    if (on_end) on_end();
+  }
 };
 
 }  // namespace dralo::tests

@@ -44,6 +44,13 @@ function keep_unfinished_rows(): void
 $ends = [
     'well' => fn() => numbers(10)->WriteHtmlTable(),
     'long' => fn() => numbers(20000)->WriteHtmlTable(),
+    'download' => function () {
+        $view = numbers(10);
+        ob_start();
+        echo 'dropped';
+        $view->WriteHtmlTable();
+        echo 'not reached';
+    },
     'kept' => fn() => keep_unfinished_rows(),
     'kept and fatal' => function () {
         keep_unfinished_rows();

@@ -239,17 +239,6 @@ TEST_F(Failure, OfABareCallWithoutAPageIsThrown) {
   EXPECT_THROW(view.WriteHtmlTable(), platform::Error);
 }
 
-using Export = RenderTest;
-
-TEST_F(Export, IsAllThatHappensWhenAChangeIsPostedWithIt) {
-  Set("EditOptions", "ALL");
-  page.Ask("ToExcel.x", "3");
-  page.Ask("FormUpdate", "Save");
-  EXPECT_EQ(Render(), "");
-  EXPECT_FALSE(Contains(page.ErrorMessage(), "UpdateRecord"));
-  EXPECT_TRUE(Contains(page.ErrorMessage(), "WriteExcelTable"));
-}
-
 using PostedChange = RenderTest;
 
 TEST_F(PostedChange, IsIgnoredWhenUpdatesAreSwitchedOff) {

@@ -1,0 +1,44 @@
+#include "driver/spreadsheet_download.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "cells/spreadsheet_export.h"
+#include "driver/query.h"
+#include "driver/request_state.h"
+#include "shell/guard.h"
+
+namespace dralo::driver {
+namespace {
+
+constexpr std::string_view kRenderer = "WriteExcelTable";
+
+void SendRecords(shell::Render& render) {
+  const shell::Settings& settings = render.settings;
+  const std::int64_t limit = std::max(settings.RecordsMaxLimit, 1);
+  const std::shared_ptr<platform::Recordset> recordset =
+      OpenMainRecordset(render, OrderedSql(settings, settings.sql), limit);
+  cells::WriteExcelTable(render, *recordset);
+  render.out.Flush();
+  if (!settings.has_supplied_recordset) recordset->Close();
+}
+
+}  // namespace
+
+void SendSpreadsheet(shell::Render& render, platform::Response& response) {
+  response.Clear();
+  const bool is_complete = shell::Guarded(render.settings, kRenderer, false, [&] {
+    ReadRequestState(render);
+    response.SetContentType("application/vnd.ms-excel");
+    response.AddHeader("content-disposition", "attachment; filename=DraloExcelExport.xls");
+    SendRecords(render);
+    response.End();
+    return true;
+  });
+  // What was written before a failure stays in the response.
+  if (!is_complete) shell::Guarded(render.settings, kRenderer, [&] { render.out.Flush(); });
+}
+
+}  // namespace dralo::driver
