@@ -1,5 +1,7 @@
 #include "driver/current_mode.h"
 
+#include <cstdint>
+
 #include "driver/request_state.h"
 #include "platform/error.h"
 #include "util/letter_case.h"
@@ -18,21 +20,13 @@ std::int16_t RequestedRecordsPerPage(const shell::Settings& settings, const shel
   }
 }
 
-}  // namespace
-
-std::string_view ModeName(Mode mode) {
-  switch (mode) {
-    case Mode::kGrid:
-      return "grid";
-    case Mode::kFormView:
-      return "formview";
-    case Mode::kFormEdit:
-      return "formedit";
-    case Mode::kFormAdd:
-      return "formadd";
-  }
-  return "grid";
-}
+/// What decides about the view besides the properties.
+struct ViewRequest {
+  std::int16_t records_per_page = 0;
+  bool form_display = false;  ///< The one-record view is asked for.
+  bool edit = false;          ///< The edit form is asked for.
+  bool add = false;           ///< The add form is asked for.
+};
 
 bool AsksForEdit(const shell::Settings& settings, const shell::RequestKeys& keys) {
   if (settings.last_save_failed) return true;
@@ -57,6 +51,22 @@ Mode SelectMode(const shell::Settings& settings, const ViewRequest& request) {
   if (request.add) return Mode::kFormAdd;
   if (request.edit || util::ContainsWord(settings.EditOptions, "NOVIEW")) return Mode::kFormEdit;
   return Mode::kFormView;
+}
+
+}  // namespace
+
+std::string_view ModeName(Mode mode) {
+  switch (mode) {
+    case Mode::kGrid:
+      return "grid";
+    case Mode::kFormView:
+      return "formview";
+    case Mode::kFormEdit:
+      return "formedit";
+    case Mode::kFormAdd:
+      return "formadd";
+  }
+  return "grid";
 }
 
 Mode CurrentMode(const shell::Settings& settings, const shell::RequestKeys* keys,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "platform/formatting.h"
@@ -14,26 +13,8 @@ enum class Mode { kGrid, kFormView, kFormEdit, kFormAdd };
 /// "grid", "formview", "formedit" or "formadd".
 std::string_view ModeName(Mode mode);
 
-/// What decides about the view besides the properties.
-struct ViewRequest {
-  std::int16_t records_per_page = 0;
-  bool form_display = false;  ///< The one-record view is asked for.
-  bool edit = false;          ///< The edit form is asked for.
-  bool add = false;           ///< The add form is asked for.
-};
-
-/// Whether the request asks for the edit or the add form; closing a form asks for neither, and a failed save
-/// brings its form back.
-bool AsksForEdit(const shell::Settings& settings, const shell::RequestKeys& keys);
-bool AsksForAdd(const shell::Settings& settings, const shell::RequestKeys& keys);
-
-/// Whether the request asks for the one-record view.
-bool AsksForFormDisplay(const shell::RequestKeys& keys);
-
-Mode SelectMode(const shell::Settings& settings, const ViewRequest& request);
-
-/// The view that rendering would select now, without changing anything; `keys` is nullptr while there is no
-/// request.
+/// The view that the properties and the request select, without changing anything; `keys` is nullptr while
+/// there is no request. Closing a form asks for neither form, and a failed save brings its form back.
 Mode CurrentMode(const shell::Settings& settings, const shell::RequestKeys* keys,
                  const platform::Formatting& formatting);
 

@@ -18,7 +18,7 @@ using util::Verbatim;
 std::int32_t LastRecordNumber(const shell::Render& render) {
   const std::int32_t count = render.settings.RecordCount;
   if (count < 0) return -1;
-  const std::int32_t reachable = std::min(count, render.settings.RecordsMaxLimit);
+  const std::int32_t reachable = std::clamp(render.settings.RecordsMaxLimit, 0, count);
   return render.form_view ? reachable : FirstOfLastPage(reachable, render.settings.RecordsPerPage);
 }
 

@@ -31,20 +31,6 @@ std::int32_t Moved(std::int32_t number, std::int32_t records) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(moved, Limits::min(), Limits::max()));
 }
 
-void ReadFormDisplay(shell::Render& render) {
-  render.form_display = render.keys.Value(key::kFormDisplay);
-  render.form_display_requested = AsksForFormDisplay(render.keys);
-  const bool edit = AsksForEdit(render.settings, render.keys);
-  const bool add = AsksForAdd(render.settings, render.keys);
-  const Mode mode = SelectMode(render.settings, {.records_per_page = render.settings.RecordsPerPage,
-                                                 .form_display = render.form_display_requested,
-                                                 .edit = edit,
-                                                 .add = add});
-  if (mode == Mode::kFormEdit || (mode != Mode::kGrid && render.settings.RecordsPerPage == 1)) {
-    render.form_display_requested = true;
-  }
-}
-
 void ReadOrder(shell::Render& render) {
   const bool has_fields = render.keys.Has(key::kOrderByFields);
   if (has_fields) render.settings.OrderByFields = render.keys.Value(key::kOrderByFields);
@@ -75,7 +61,7 @@ void ReadRequestState(shell::Render& render) {
   render.current_record =
       render.keys.Has(key::kCurrRecord) ? std::max(Int32Value(render, key::kCurrRecord), 1) : 1;
   if (render.keys.Has(key::kSql)) settings.sql = render.keys.Value(key::kSql);
-  ReadFormDisplay(render);
+  render.form_display = render.keys.Value(key::kFormDisplay);
   ReadOrder(render);
 }
 
@@ -95,8 +81,7 @@ void ApplyPagingButtons(shell::Render& render) {
   } else if (keys.WasPressed(key::kFirst)) {
     current = 1;
   } else if (keys.WasPressed(key::kLast) && render.settings.RecordCount >= 0) {
-    current =
-        render.form_view ? render.settings.RecordCount : FirstOfLastPage(render.settings.RecordCount, step);
+    current = FirstOfLastPage(render.settings.RecordCount, step);
   }
   current = std::max(current, 1);
   render.bookmark = keys.Has(key::kBookmark) ? Int32Value(render, key::kBookmark) : current;

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "driver/current_mode.h"
+#include "platform/formatting.h"
 #include "shell/render.h"
 
 namespace dralo::driver {

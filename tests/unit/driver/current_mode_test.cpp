@@ -21,6 +21,11 @@ TEST_F(CurrentModeTest, IsGridByDefault) { EXPECT_EQ(Mode(), "grid"); }
 TEST_F(CurrentModeTest, OfAViewWithoutAPageFollowsTheProperties) {
   shell::DbView view(tests::TestEnvironment());
   EXPECT_EQ(view.CurrentMode(), "grid");
+  view.Set("RecordsPerPage", std::int64_t{0});
+  EXPECT_EQ(view.CurrentMode(), "grid");
+  view.Set("RecordsPerPage", std::int64_t{1});
+  EXPECT_EQ(view.CurrentMode(), "formview");
+  view.Set("RecordsPerPage", std::int64_t{20});
   view.Set("DisplayType", std::string("form"));
   EXPECT_EQ(view.CurrentMode(), "formview");
 }
@@ -45,6 +50,15 @@ TEST_F(CurrentModeTest, FollowsTheFormWordOfTheDisplayTypeInAnyCase) {
 TEST_F(CurrentModeTest, FollowsTheRequestedDisplayInAnyCase) {
   shop.Ask("FormDisplay", " formonerec ");
   EXPECT_EQ(Mode(), "formview");
+}
+
+TEST_F(CurrentModeTest, OfAnyOtherRequestedDisplayIsGrid) {
+  for (const char* display : {"grid", "form", "formOneRecord", "1"}) {
+    shop.page.query.clear();
+    shop.Ask("FormDisplay", display);
+    EXPECT_EQ(Mode(), "grid") << display;
+    EXPECT_NE(shop.Render().find("Item 3</td>"), std::string::npos) << display;
+  }
 }
 
 TEST_F(CurrentModeTest, FollowsARequestedPageSizeWithoutTakingIt) {
@@ -106,6 +120,31 @@ TEST_F(CurrentModeTest, GoesBackToTheViewWhenTheFormIsClosed) {
   Set("EditOptions", "UPDATE");
   shop.Ask("FormEdit", "1");
   shop.Ask("FormView", "Close");
+  EXPECT_EQ(Mode(), "formview");
+}
+
+TEST_F(CurrentModeTest, GoesBackToTheViewWhenAddingIsClosed) {
+  Set("DisplayType", "form");
+  Set("EditOptions", "UPDATE");
+  shop.Ask("FormAdd", "1");
+  shop.Ask("FormView", "Close");
+  EXPECT_EQ(Mode(), "formview");
+}
+
+TEST_F(CurrentModeTest, IsTheFormOfASaveThatFailed) {
+  Set("DisplayType", "form");
+  Set("EditOptions", "UPDATE");
+  shop.view.MutableSettings().last_save_failed = true;
+  EXPECT_EQ(Mode(), "formedit");
+  shop.Ask("FormInsert", "1");
+  EXPECT_EQ(Mode(), "formadd");
+}
+
+TEST_F(CurrentModeTest, ForgetsAFailedSaveWhenTheNextRenderingSavesNothing) {
+  Set("DisplayType", "form");
+  Set("EditOptions", "UPDATE");
+  shop.view.MutableSettings().last_save_failed = true;
+  shop.Render();
   EXPECT_EQ(Mode(), "formview");
 }
 

@@ -217,6 +217,17 @@ TEST(Command, WithParametersShowsItsRows) {
   EXPECT_EQ(page.Settings().RecordCount, 3);
 }
 
+TEST(Command, WithAConnectionOfItsOwnRunsOnThat) {
+  const ItemsPage other(7);
+  ItemsPage page(45);
+  const auto command = std::make_shared<platform::Command>();
+  command->command_text = "SELECT * FROM Items";
+  command->active_connection = other.Settings().DrConnection->Connection();
+  page.view.Set("StoredProcCommand", platform::ObjectPtr(command));
+  EXPECT_EQ(page.Shown(), Range(1, 7));
+  EXPECT_EQ(page.Settings().RecordCount, 7);
+}
+
 TEST(Command, SetBeforeTheConnectionRunsOnTheLaterOne) {
   const tests::TemporaryDatabase database(tests::ViewPage::ItemsTable(3));
   shell::DbView view(tests::TestEnvironment());

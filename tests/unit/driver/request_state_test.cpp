@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/db_connection.h"
 #include "support/items.h"
 
 namespace dralo::driver {
@@ -22,6 +23,32 @@ TEST(RequestedPageSize, OfZeroIsTwenty) {
   page.Ask("maxrecords", "0");
   EXPECT_EQ(page.Shown(), Range(1, 20));
   EXPECT_EQ(page.Settings().RecordsPerPage, 20);
+}
+
+TEST(RequestedPageSize, BelowZeroIsTwenty) {
+  ItemsPage page(45);
+  page.view.Set("RecordsPerPage", std::int64_t{5});
+  page.Ask("maxrecords", "-3");
+  EXPECT_EQ(page.Shown(), Range(1, 20));
+  EXPECT_EQ(page.Settings().RecordsPerPage, 20);
+}
+
+TEST(RequestedPageSize, LeavesThePageAtItsFirstRecord) {
+  ItemsPage page(45);
+  page.Ask("CurrRecord", "21");
+  page.Ask("maxrecords", "10");
+  const std::string body = page.Render();
+  EXPECT_EQ(tests::ItemsShown(body), Range(21, 30));
+  EXPECT_NE(body.find("Records (21..30) of 45&nbsp;&nbsp;Page 3 of 5"), body.npos);
+}
+
+TEST(RequestedPageSize, MayStartThePageInTheMiddleOfAnother) {
+  ItemsPage page(45);
+  page.Ask("CurrRecord", "21");
+  page.Ask("maxrecords", "30");
+  const std::string body = page.Render();
+  EXPECT_EQ(tests::ItemsShown(body), Range(21, 45));
+  EXPECT_NE(body.find("Records (21..45) of 45&nbsp;&nbsp;Page 1 of 2"), body.npos);
 }
 
 TEST(RequestedPageSize, MayReachTheRecordLimitThatTheSetterRefuses) {
@@ -57,11 +84,14 @@ TEST_P(NumberOfTheRequest, ThatIsNoneIsReportedWithoutRepeatingItAndWritesNothin
 INSTANTIATE_TEST_SUITE_P(
     Values, NumberOfTheRequest,
     ::testing::Values(BadNumber{"maxrecords", "abc"}, BadNumber{"maxrecords", "40000"},
+                      BadNumber{"maxrecords", "32768"}, BadNumber{"maxrecords", "-32769"},
                       BadNumber{"maxrecords", "0x10"}, BadNumber{"maxrecords", "5,10"},
                       BadNumber{"maxrecords", "<script>"}, BadNumber{"CurrRecord", "abc"},
-                      BadNumber{"CurrRecord", "2147483648"}, BadNumber{"CurrRecord", "&H10"},
-                      BadNumber{"CurrRecord", "99999999999999999999"}, BadNumber{"CurrRecord", "\xFF\x00"},
-                      BadNumber{"BookMark", "x"}, BadNumber{"BookMark", "-99999999999"}));
+                      BadNumber{"CurrRecord", "2147483648"}, BadNumber{"CurrRecord", "-2147483649"},
+                      BadNumber{"CurrRecord", "21, 1"}, BadNumber{"CurrRecord", "2 1"},
+                      BadNumber{"CurrRecord", "&H10"}, BadNumber{"CurrRecord", "99999999999999999999"},
+                      BadNumber{"CurrRecord", "\xFF\x00"}, BadNumber{"BookMark", "x"},
+                      BadNumber{"BookMark", "-99999999999"}));
 
 TEST(RequestedRecord, IsTheFirstOfThePage) {
   ItemsPage page(45);
@@ -73,6 +103,35 @@ TEST(RequestedRecord, BelowOneIsOne) {
   ItemsPage page(45);
   page.Ask("CurrRecord", "-5");
   EXPECT_EQ(page.Shown(), Range(1, 20));
+}
+
+TEST(RequestedRecord, BelowOneIsOneBeforeTheButtonsCount) {
+  ItemsPage page(45);
+  page.Ask("CurrRecord", "-5");
+  page.Ask("NEXT.x", "1");
+  EXPECT_EQ(page.Shown(), Range(21, 40));
+}
+
+TEST(RequestedRecord, OfZeroIsOne) {
+  ItemsPage page(45);
+  page.Ask("CurrRecord", "0");
+  EXPECT_EQ(page.Shown(), Range(1, 20));
+}
+
+TEST(RequestedRecord, OfBlanksIsOne) {
+  ItemsPage page(45);
+  page.Ask("CurrRecord", "  ");
+  EXPECT_EQ(page.Shown(), Range(1, 20));
+}
+
+TEST(RequestedRecord, MayBeTheLowestAndTheHighestNumber) {
+  for (const char* number : {"-2147483648", "2147483647"}) {
+    ItemsPage page(45);
+    page.Ask("CurrRecord", number);
+    page.Ask("PREV.x", "1");
+    EXPECT_FALSE(page.Shown().empty()) << number;
+    EXPECT_EQ(page.ErrorMessage(), "");
+  }
 }
 
 TEST(RequestedRecord, IsFoundInAnyLetterCaseAndInTheFormFirst) {
@@ -133,6 +192,38 @@ TEST(RequestedOrder, SortsByColumnNumber) {
   EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
 }
 
+TEST(RequestedOrder, IsTrimmedAndKept) {
+  ItemsPage page(3);
+  page.Ask("OrderByFields", "  ID DESC ");
+  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
+  EXPECT_EQ(page.Settings().OrderByFields, "ID DESC");
+}
+
+TEST(RequestedOrder, DescendsWithAnyTextForTheDirection) {
+  for (const char* direction : {"True", "False", "0", "x"}) {
+    ItemsPage page(3);
+    page.Ask("OrderByFields", "1");
+    page.Ask("OrderByDesc", direction);
+    EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1})) << direction;
+  }
+}
+
+TEST(RequestedOrder, OfBlanksIsNone) {
+  ItemsPage page(3);
+  page.view.Set("OrderByFields", std::string("1"));
+  page.view.Set("OrderByDesc", true);
+  page.Ask("OrderByFields", " ");
+  page.Ask("OrderByDesc", "");
+  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
+}
+
+TEST(RequestedDirection, AloneTurnsThePresetOrderRound) {
+  ItemsPage page(3);
+  page.view.Set("OrderByFields", std::string("1"));
+  page.Ask("OrderByDesc", "True");
+  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
+}
+
 TEST(RequestedOrder, WithoutADirectionIsAscendingEvenWhenThePagePresetDescending) {
   ItemsPage page(3);
   page.view.Set("OrderByDesc", true);
@@ -176,11 +267,33 @@ INSTANTIATE_TEST_SUITE_P(Pages, PagingButton,
                                            Press{45, "NEXT.x", "41", 45, 45}));
 
 TEST(PagingButtons, CountOnlyOnceInTheOrderNextPreviousFirstLast) {
+  const std::initializer_list<const char*> order = {"NEXT.x", "PREV.x", "FIRST.x", "LAST.x"};
+  const auto first_shown = [&](std::size_t first_button) {
+    ItemsPage page(85);
+    page.Ask("CurrRecord", "41");
+    for (std::size_t button = order.size(); button-- > first_button;) page.Ask(order.begin()[button], "1");
+    return page.Shown().at(0);
+  };
+  EXPECT_EQ(first_shown(0), 61);
+  EXPECT_EQ(first_shown(1), 21);
+  EXPECT_EQ(first_shown(2), 1);
+  EXPECT_EQ(first_shown(3), 81);
+}
+
+TEST(PreviousPage, OfAPageOfOneRowInTheMiddleGoesBackFromThere) {
   ItemsPage page(45);
-  page.Ask("LAST.x", "1");
-  page.Ask("FIRST.x", "1");
-  page.Ask("NEXT.x", "1");
-  EXPECT_EQ(page.Shown(), Range(21, 40));
+  page.Ask("CurrRecord", "45");
+  page.Ask("PREV.x", "1");
+  EXPECT_EQ(page.Shown(), Range(25, 44));
+}
+
+TEST(PreviousPage, NeverStartsBeforeTheFirstRecord) {
+  ItemsPage page(45);
+  page.view.Set("CountRecords", false);
+  page.Ask("CurrRecord", "5");
+  page.Ask("PREV.x", "1");
+  EXPECT_EQ(page.Shown(), Range(1, 20));
+  EXPECT_EQ(page.Settings().FromRow, 1);
 }
 
 TEST(LastPage, OfAnUncountedResultIsCountedFirst) {
@@ -189,6 +302,25 @@ TEST(LastPage, OfAnUncountedResultIsCountedFirst) {
   page.Ask("LAST.x", "1");
   EXPECT_EQ(page.Shown(), Range(41, 45));
   EXPECT_EQ(page.Settings().RecordCount, 45);
+}
+
+TEST(LastPage, OfAnUncountedCommandIsCountedFirst) {
+  ItemsPage page(45);
+  page.view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
+  page.view.Set("CountRecords", false);
+  page.Ask("LAST.x", "1");
+  EXPECT_EQ(page.Shown(), Range(41, 45));
+}
+
+TEST(LastPage, OfASuppliedRecordsetWhoseCountIsUnknownIsThePageItself) {
+  ItemsPage page(45);
+  auto records = platform::Create<platform::Recordset>(tests::TestEnvironment(), "ADODB.Recordset");
+  records->Open("SELECT * FROM Items", page.Settings().DrConnection->Connection());
+  page.view.Set("ADORecordset", platform::ObjectPtr(records));
+  page.Ask("CurrRecord", "21");
+  page.Ask("LAST.x", "1");
+  EXPECT_EQ(page.Shown(), Range(21, 40));
+  EXPECT_EQ(page.ErrorMessage(), "");
 }
 
 TEST(Bookmark, MovesAFormButNotAGrid) {

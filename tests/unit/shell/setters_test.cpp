@@ -282,11 +282,43 @@ TEST(Language, InLowerCaseLeavesTheTablesAndTheCode) {
   EXPECT_EQ(settings.language_tables->navigation[kNextPage], "Neste");
 }
 
+TEST(Language, ThatIsUnknownIsIgnoredWithoutAMessage) {
+  for (const char* code : {"", "eng", "FRA", "ENG ", "Nor"}) {
+    Settings settings;
+    SetLanguageString(settings, Twelve("Leaf"));
+    SetLanguage(settings, code);
+    EXPECT_EQ(settings.language_tables->navigation[kPage], "Leaf") << code;
+    EXPECT_EQ(settings.Language, "ENG") << code;
+    EXPECT_EQ(settings.ErrorMessage, "") << code;
+  }
+}
+
 TEST(Language, SetAfterACustomListOverwritesIt) {
   Settings settings;
   SetLanguageString(settings, Twelve("Leaf"));
   SetLanguage(settings, "ENG");
   EXPECT_EQ(settings.language_tables->navigation[kPage], "Page");
+}
+
+TEST(Language, OverwritesAllThreeCustomListsAtOnce) {
+  Settings settings;
+  SetLanguageString(settings, Twelve("Leaf"));
+  SetLanguageBtnString(settings, "Change,Store,Back,New,Drop");
+  SetLangUpdString(settings, "new,saved,gone");
+  SetLanguage(settings, "NOR");
+  EXPECT_EQ(settings.language_tables->navigation, BuiltInTables("NOR")->navigation);
+  EXPECT_EQ(settings.language_tables->buttons, BuiltInTables("NOR")->buttons);
+  EXPECT_EQ(settings.language_tables->updates, BuiltInTables("NOR")->updates);
+}
+
+TEST(CustomLists, OfOneViewLeaveTheOthersAlone) {
+  Settings settings;
+  SetLanguageString(settings, Twelve("Leaf"));
+  SetLanguageBtnString(settings, "Change,Store,Back,New,Drop");
+  SetLangUpdString(settings, "new,saved,gone");
+  EXPECT_EQ(BuiltInTables("ENG")->navigation[kPage], "Page");
+  EXPECT_EQ(Settings().language_tables->buttons[kEdit], "Edit");
+  EXPECT_EQ(Settings().language_tables->Update(kInserted), "[New record saved ok]");
 }
 
 TEST(Language, SetBeforeACustomListIsKeptForTheOtherTables) {
@@ -314,6 +346,15 @@ TEST(LanguageString, ThatIsEmptyIsRefusedWithTheNumberZero) {
             "Wrong number of strings set in the LanguageString. 0 was given. The correct number of strings "
             "separated "
             "by comma is 12!<br>");
+  EXPECT_EQ(settings.language_tables, BuiltInTables("ENG"));
+}
+
+TEST(LanguageString, OfMoreThanTwelveItemsKeepsThemAll) {
+  Settings settings;
+  SetLanguageString(settings, Twelve("l,m,n"));
+  EXPECT_EQ(settings.ErrorMessage, "");
+  EXPECT_EQ(settings.language_tables->navigation.size(), 14U);
+  EXPECT_EQ(settings.language_tables->navigation[kPage], "l");
 }
 
 TEST(LanguageString, KeepsBlanksAndEmptyItems) {
@@ -346,6 +387,13 @@ TEST(LangUpdString, WithTwoItemsIsRefusedUnderItsOtherName) {
       settings.ErrorMessage,
       "Wrong number of strings set in the LanguageUpdString. 1 was given. The correct number of strings "
       "separated by comma is 3!<br>");
+}
+
+TEST(LangUpdString, WithFourItemsReplacesAllMessages) {
+  Settings settings;
+  SetLangUpdString(settings, "a,b,c,d");
+  EXPECT_EQ(settings.ErrorMessage, "");
+  EXPECT_EQ(settings.language_tables->Update(kNotSaved), "d");
 }
 
 TEST(LangUpdString, WithThreeItemsHasAnEmptyFourth) {

@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "shell/db_view.h"
+#include "support/fake_page.h"
+#include "support/fake_records.h"
+#include "support/view_page.h"
+
+namespace dralo::driver {
+namespace {
+
+using platform::CursorType;
+using platform::LockType;
+using Calls = std::vector<std::string>;
+
+/// Three rows of the number 45, which is also the answer to every counting query; notes how it is used.
+class NotingRecords : public tests::FakeRecords {
+ public:
+  explicit NotingRecords(Calls& calls) : FakeRecords(3), calls_(calls) {
+    Add("V", platform::TypeCode::kInteger, [] { return platform::VariantView(std::int64_t{45}); });
+  }
+
+  void SetMaxRecords(std::int64_t rows) override { calls_.push_back("at most " + std::to_string(rows)); }
+  void Move(std::int64_t rows) override { calls_.push_back("move " + std::to_string(rows)); }
+  void Open(std::string_view sql, const std::shared_ptr<platform::Connection>&, CursorType cursor,
+            LockType lock) override {
+    Note("open " + std::string(sql), cursor, lock);
+  }
+  void Open(platform::Command& command, CursorType cursor, LockType lock) override {
+    Note("run " + command.command_text, cursor, lock);
+  }
+  void Close() override { calls_.emplace_back("close"); }
+
+ private:
+  void Note(const std::string& what, CursorType cursor, LockType lock) {
+    calls_.push_back(what +
+                     (cursor == CursorType::kForwardOnly ? ", forward only"
+                      : cursor == CursorType::kStatic    ? ", static"
+                                                         : ", another cursor") +
+                     (lock == LockType::kReadOnly     ? ", read-only"
+                      : lock == LockType::kOptimistic ? ", optimistic"
+                                                      : ", another lock"));
+  }
+
+  Calls& calls_;
+};
+
+/// The usual services, but every recordset is a noting one.
+class NotingEnvironment : public platform::Environment {
+ public:
+  explicit NotingEnvironment(Calls& calls) : calls_(calls) {}
+
+  platform::ObjectPtr CreateObject(std::string_view identifier) override {
+    if (identifier == "ADODB.Recordset") return std::make_shared<NotingRecords>(calls_);
+    return tests::TestEnvironment().CreateObject(identifier);
+  }
+  decltype(tests::TestEnvironment().Regional()) Regional() const override {
+    return tests::TestEnvironment().Regional();
+  }
+  std::unique_ptr<platform::RegExp> CreateRegExp() override {
+    return tests::TestEnvironment().CreateRegExp();
+  }
+
+ private:
+  Calls& calls_;
+};
+
+struct Opening : ::testing::Test {
+  tests::TemporaryDatabase database;
+  Calls calls;
+  NotingEnvironment environment{calls};
+  shell::DbView view{environment};
+  tests::FakePage page;
+
+  Opening() {
+    view.OnStartPage(page);
+    view.Set("ConnectionString", database.ConnectionString());
+    view.Set("sql", std::string("SELECT V FROM T"));
+  }
+  void Set(std::string_view name, const char* text) { view.Set(name, std::string(text)); }
+  void Set(std::string_view name, bool flag) { view.Set(name, flag); }
+  void Set(std::string_view name, int number) { view.Set(name, std::int64_t{number}); }
+  void Ask(const std::string& name, const std::string& value) {
+    page.query.push_back({"Morvu1" + name, value});
+  }
+  const Calls& Render() {
+    calls.clear();
+    view.WriteHtmlTable();
+    return calls;
+  }
+};
+
+constexpr char kCount[] =
+    "open SELECT COUNT(*) AS ANT FROM (SELECT V FROM T) DRALOALIAS, forward only, read-only";
+constexpr char kOpen[] = "open SELECT V FROM T, forward only, read-only";
+
+TEST_F(Opening, CountsWithOneQueryAndReadsToTheEndOfThePageAndOneRecordMore) {
+  EXPECT_EQ(Render(), (Calls{kCount, "close", "at most 21", kOpen, "close"}));
+}
+
+TEST_F(Opening, ReadsALaterPageFromTheFirstRecordOn) {
+  Ask("CurrRecord", "21");
+  Ask("maxrecords", "10");
+  EXPECT_EQ(Render(), (Calls{kCount, "close", "at most 31", kOpen, "move 20", "close"}));
+}
+
+TEST_F(Opening, NeverReadsBeyondTheRecordLimit) {
+  Set("RecordsMaxLimit", 25);
+  Ask("CurrRecord", "21");
+  EXPECT_EQ(Render(), (Calls{kCount, "close", "at most 25", kOpen, "move 20", "close"}));
+}
+
+TEST_F(Opening, ReadsOneRecordWithALimitBelowOneBecauseZeroWouldMeanAll) {
+  for (const int limit : {0, -5}) {
+    Set("RecordCount", -1);
+    Set("RecordsMaxLimit", limit);
+    EXPECT_EQ(Render(), (Calls{kCount, "close", "at most 1", kOpen, "close"})) << limit;
+  }
+}
+
+TEST_F(Opening, ReadsNoMoreThanTheRecordLimitForTheHighestNumber) {
+  Set("CountRecords", false);
+  Ask("CurrRecord", "2147483647");
+  EXPECT_EQ(Render(), (Calls{"at most 1000000", kOpen, "move 999999", "close"}));
+}
+
+TEST_F(Opening, ReadsEverythingForTheLastPage) {
+  Ask("LAST.x", "1");
+  for (const std::string& call : Render()) EXPECT_TRUE(call == "at most 0" || !call.starts_with("at most"));
+  EXPECT_EQ(calls.front(), kCount);
+  EXPECT_EQ(calls[calls.size() - 2], "move 40");
+}
+
+TEST_F(Opening, PutsTheOrderBehindTheStatementButCountsWithoutIt) {
+  Set("OrderByFields", "V");
+  Set("OrderByDesc", true);
+  EXPECT_EQ(Render(), (Calls{kCount, "close", "at most 21",
+                             "open SELECT V FROM T ORDER BY V DESC , forward only, read-only", "close"}));
+}
+
+TEST_F(Opening, DoesNotCountWhatIsKnownOrNotWanted) {
+  Set("RecordCount", 5);
+  EXPECT_EQ(Render(), (Calls{"at most 21", kOpen, "close"}));
+  Set("RecordCount", -1);
+  Set("CountRecords", false);
+  EXPECT_EQ(Render(), (Calls{"at most 21", kOpen, "close"}));
+}
+
+TEST_F(Opening, WalksACommandToCountItAndRunsItAgain) {
+  Set("sql", "EXEC Top10");
+  EXPECT_EQ(Render(), (Calls{"run EXEC Top10, static, read-only", "close",
+                             "run EXEC Top10, forward only, optimistic", "close"}));
+  EXPECT_EQ(view.GetSettings().RecordCount, 3);
+}
+
+TEST_F(Opening, RunsAnUncountedCommandOnce) {
+  Set("sql", "EXEC Top10");
+  Set("CountRecords", false);
+  EXPECT_EQ(Render(), (Calls{"run EXEC Top10, forward only, optimistic", "close"}));
+}
+
+TEST_F(Opening, LeavesASuppliedRecordsetToThePage) {
+  view.Set("ADORecordset", platform::ObjectPtr(std::make_shared<NotingRecords>(calls)));
+  Ask("CurrRecord", "21");
+  EXPECT_EQ(Render(), Calls{"move 20"});
+}
+
+TEST_F(Opening, ShowsTheStatementOfTheFormWhenTheGridHasNone) {
+  shell::DbView form(environment);
+  form.OnStartPage(page);
+  form.Set("ConnectionString", database.ConnectionString());
+  form.Set("FormSQL", std::string("SELECT V FROM F"));
+  form.Set("DisplayType", std::string("form"));
+  form.WriteHtmlTable();
+  EXPECT_EQ(calls, (Calls{"at most 21", "open SELECT V FROM F, forward only, read-only", "close"}));
+}
+
+TEST_F(Opening, OfAGridWithoutAStatementIsTheDatabasesErrorToReport) {
+  shell::DbView empty(tests::TestEnvironment());
+  empty.OnStartPage(page);
+  empty.Set("ConnectionString", database.ConnectionString());
+  empty.WriteHtmlTable();
+  EXPECT_TRUE(page.body.empty());
+  EXPECT_TRUE(empty.GetSettings().ErrorMessage.ends_with(" in WriteHTMLTable.<br>"));
+}
+
+}  // namespace
+}  // namespace dralo::driver
