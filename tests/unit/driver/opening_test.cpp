@@ -16,11 +16,17 @@ using platform::CursorType;
 using platform::LockType;
 using Calls = std::vector<std::string>;
 
-/// Three rows of the number 45, which is also the answer to every counting query; notes how it is used.
+/// How recordsets were used, and the number that stands in their rows: the answer to every counting query.
+struct Notes {
+  Calls calls;
+  std::int64_t count = 45;
+};
+
+/// Three rows of a number; notes how it is used.
 class NotingRecords : public tests::FakeRecords {
  public:
-  explicit NotingRecords(Calls& calls) : FakeRecords(3), calls_(calls) {
-    Add("V", platform::TypeCode::kInteger, [] { return platform::VariantView(std::int64_t{45}); });
+  explicit NotingRecords(Notes& notes) : FakeRecords(3), calls_(notes.calls) {
+    Add("V", platform::TypeCode::kInteger, [&notes] { return platform::VariantView(notes.count); });
   }
 
   void SetMaxRecords(std::int64_t rows) override { calls_.push_back("at most " + std::to_string(rows)); }
@@ -51,10 +57,10 @@ class NotingRecords : public tests::FakeRecords {
 /// The usual services, but every recordset is a noting one.
 class NotingEnvironment : public platform::Environment {
  public:
-  explicit NotingEnvironment(Calls& calls) : calls_(calls) {}
+  explicit NotingEnvironment(Notes& notes) : notes_(notes) {}
 
   platform::ObjectPtr CreateObject(std::string_view identifier) override {
-    if (identifier == "ADODB.Recordset") return std::make_shared<NotingRecords>(calls_);
+    if (identifier == "ADODB.Recordset") return std::make_shared<NotingRecords>(notes_);
     return tests::TestEnvironment().CreateObject(identifier);
   }
   decltype(tests::TestEnvironment().Regional()) Regional() const override {
@@ -65,13 +71,14 @@ class NotingEnvironment : public platform::Environment {
   }
 
  private:
-  Calls& calls_;
+  Notes& notes_;
 };
 
 struct Opening : ::testing::Test {
   tests::TemporaryDatabase database;
-  Calls calls;
-  NotingEnvironment environment{calls};
+  Notes notes;
+  Calls& calls = notes.calls;
+  NotingEnvironment environment{notes};
   shell::DbView view{environment};
   tests::FakePage page;
 
@@ -149,6 +156,14 @@ TEST_F(Opening, DoesNotCountWhatIsKnownOrNotWanted) {
   EXPECT_EQ(Render(), (Calls{"at most 21", kOpen, "close"}));
 }
 
+TEST_F(Opening, FailsWhenTheCountDoesNotFitThirtyTwoBits) {
+  notes.count = 2'147'483'648;
+  EXPECT_EQ(Render(), (Calls{kCount}));
+  EXPECT_EQ(view.GetSettings().ErrorMessage,
+            "The record count must be a whole number from -2147483648 to 2147483647 in WriteHTMLTable.<br>");
+  EXPECT_EQ(page.body, "");
+}
+
 TEST_F(Opening, WalksACommandToCountItAndRunsItAgain) {
   Set("sql", "EXEC Top10");
   EXPECT_EQ(Render(), (Calls{"run EXEC Top10, static, read-only", "close",
@@ -163,7 +178,7 @@ TEST_F(Opening, RunsAnUncountedCommandOnce) {
 }
 
 TEST_F(Opening, LeavesASuppliedRecordsetToThePage) {
-  view.Set("ADORecordset", platform::ObjectPtr(std::make_shared<NotingRecords>(calls)));
+  view.Set("ADORecordset", platform::ObjectPtr(std::make_shared<NotingRecords>(notes)));
   Ask("CurrRecord", "21");
   EXPECT_EQ(Render(), Calls{"move 20"});
 }

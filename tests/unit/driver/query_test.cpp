@@ -57,6 +57,15 @@ TEST(RecordCount, OfAnEmptyResultIsZeroAndCountedAgainAtTheNextCall) {
   EXPECT_EQ(page.Settings().RecordCount, 1);
 }
 
+TEST(RecordCount, OfAStatementThatIsNoDerivedTableIsTheDatabasesErrorToReport) {
+  ItemsPage page(3);
+  page.view.Set("sql", std::string("SELECT * FROM Items;"));
+  EXPECT_EQ(page.Render(), "");
+  EXPECT_EQ(page.ErrorMessage(), "near \";\": syntax error in WriteHTMLTable.<br>");
+  page.view.Set("CountRecords", false);
+  EXPECT_EQ(page.Shown(), Range(1, 3));
+}
+
 TEST(RecordCount, OfACommandIsWalked) {
   ItemsPage page(45);
   UseCommand(page);
