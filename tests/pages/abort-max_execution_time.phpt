@@ -11,9 +11,9 @@ require __DIR__ . '/shop.inc';
 $started = microtime(true);
 register_shutdown_function(function () use ($started) {
     set_time_limit(0);
-    while (ob_get_level()) ob_end_clean();
-    echo error_get_last()['message'] ?? 'no error', "\n";
-    var_dump(shop_is_free(), microtime(true) - $started < 15);
+    // Past the output layer: time may have run out in the middle of its callback.
+    fwrite(STDOUT, (error_get_last()['message'] ?? 'no error') . "\n");
+    fwrite(STDOUT, var_export([shop_is_free(), microtime(true) - $started < 15], true) . "\n");
 });
 $view = long_view();
 ob_start(fn() => '', 4096);
@@ -21,5 +21,7 @@ while (true) $view->WriteHtmlTable();
 ?>
 --EXPECT--
 Maximum execution time of 1 second exceeded
-bool(true)
-bool(true)
+array (
+  0 => true,
+  1 => true,
+)

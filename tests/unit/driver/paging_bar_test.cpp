@@ -191,6 +191,14 @@ TEST_F(PagingBar, GoesToTheLastPageAlsoWhenItHasOneRow) {
   EXPECT_EQ(TheBar().images, kEverywhere);
 }
 
+TEST_F(PagingBar, GoesOnAsFarAsAPresetCountSays) {
+  Set("RecordCount", 65);
+  Page().Ask("CurrRecord", "41");
+  const auto bar = TheBar();
+  EXPECT_EQ(bar.images, kEverywhere);
+  EXPECT_EQ(bar.counter, "Records (41..45) of 65&nbsp;&nbsp;Page 3 of 4");
+}
+
 TEST_F(PagingBar, HasNoButtonThatAddsRecords) {
   Set("EditOptions", "ADD UPDATE");
   const std::string body = Page().Render();
@@ -210,7 +218,7 @@ TEST_F(PagingBar, HasTheTextsOfThePagesOwnList) {
   EXPECT_EQ(Page().ErrorMessage(), "");
 }
 
-TEST_F(PagingBar, OfARowNumberThatTheDatabaseCorrectsHasTheRealOnes) {
+TEST_F(PagingBar, LeavesTheRealRowNumbersBehindWhenAPresetCountWasTooHigh) {
   Page(3);
   Set("RecordCount", 5);
   Page().Render();
