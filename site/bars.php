@@ -9,6 +9,7 @@ $view->sql = "SELECT Products.ID, Products.Name AS Product, Categories.Name AS C
               FROM Products JOIN Categories ON Categories.ID = Products.Category";
 $view->OrderByFields = "2";
 $view->GridDisplayFieldNames = ",,,,In stock,Sold since";
+$view->GridFormatCellFunction[4] = "FORMATNUMBER,2";
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
 

@@ -19,6 +19,7 @@ $view->GridCellWidths = ",12%,,,,,,42%";
 $view->GridColsNoSort = "Description";
 $view->GridCellsNoBr = "Product,SoldSince";
 $view->GridFieldsSupressDup = "Category";
+$view->GridFormatCellFunction[5] = "FORMATNUMBER,2";
 $view->GridDisplayIndex = false;
 
 $view->GridTROddTag = 'style="background-color: rgb(13 148 136 / 8%)"';

@@ -29,6 +29,7 @@ if ((int) $chosen > 0) {
 }
 $view->OrderByFields = "2";
 $view->GridDisplayFieldNames = ",Product,,,In stock,Sold since";
+$view->GridFormatCellFunction[4] = "FORMATNUMBER,2";
 $view->RecordsPerPage = 10;
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";

@@ -30,6 +30,7 @@ foreach ($languages as $number => [$code, $name, $language, $headings]) {
     }
     $view->OrderByFields = "1";
     $view->GridDisplayFieldNames = $headings;
+    $view->GridFormatCellFunction[3] = "FORMATNUMBER,2";
     $view->DisplayRecordsPerPageSelect = true;
     $view->RecordsPerPageOptions = "4,8,16";
     $view->RecordsPerPage = 4;

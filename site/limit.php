@@ -7,6 +7,7 @@ $view = new Dralo\DbView();
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT ID, OrderedAt, Company, City, Total FROM OrderTotals ORDER BY Total DESC";
 $view->GridDisplayFieldNames = ",Ordered at";
+$view->GridFormatCellFunction[5] = "FORMATNUMBER,2";
 $view->RecordsPerPage = 15;
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";

@@ -9,6 +9,7 @@ $view->sql = "SELECT OrderID, Line, Products.Name AS Product, Quantity, UnitPric
               FROM OrderLines JOIN Products ON Products.ID = OrderLines.Product";
 $view->OrderByFields = "1, 2";
 $view->GridDisplayFieldNames = "Order,,,,Unit price";
+$view->GridFormatCellFunction[5] = "FORMATNUMBER,2";
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
 

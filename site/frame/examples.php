@@ -12,6 +12,14 @@ return [
             "Columns and colours",
             "Which columns show, what they are called, how wide they are, and how rows and repeated values look.",
         ],
+        "formats.php" => [
+            "Formats",
+            "Functions that write numbers, dates and texts as they are wanted; each stands at the head of its column.",
+        ],
+        "templates.php" => [
+            "Templates and attributes",
+            "A bar drawn from a value, cells of several fields, and rows coloured by what stands in them.",
+        ],
         "table.php" => [
             "A whole table",
             "One call shows a table of the database as it is.",
