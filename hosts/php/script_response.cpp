@@ -38,8 +38,6 @@ void ScriptResponse::Write(std::string_view html) {
 void ScriptResponse::Clear() {
   RequireUnsentHeaders();
   CallPhp([] { php_output_discard_all(); });
-  // A page starts anew only to send a download of any length: a proxy must not collect it.
-  SetHeader("X-Accel-Buffering: no");
 }
 
 void ScriptResponse::SetContentType(std::string_view type) {

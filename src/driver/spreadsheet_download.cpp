@@ -29,6 +29,7 @@ void SendRecords(shell::Render& render) {
 
 void SendSpreadsheet(shell::Render& render, platform::Response& response) {
   response.Clear();
+  render.out.SetPieceBytes(util::HtmlWriter::kDownloadBytes);
   const bool is_complete = shell::Guarded(render.settings, kRenderer, false, [&] {
     ReadRequestState(render);
     response.SetContentType("application/vnd.ms-excel");

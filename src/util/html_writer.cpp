@@ -6,7 +6,6 @@
 namespace dralo::util {
 namespace {
 
-constexpr std::size_t kPieceBytes = std::size_t{16} * 1024;
 constexpr std::size_t kFirstTextBytes = 512;
 
 constexpr bool IsLetterOrDigit(char c) {
@@ -51,7 +50,7 @@ void HtmlWriter::Flush() {
 }
 
 void HtmlWriter::AppendBeyondBuffer(std::string_view text) {
-  if (response_ != nullptr && text.size() > kPieceBytes) {
+  if (response_ != nullptr && text.size() > piece_bytes_) {
     // Kept out of the buffer, which would stay as large as the longest text of the page.
     Flush();
     return response_->Write(text);
@@ -63,7 +62,7 @@ void HtmlWriter::AppendBeyondBuffer(std::string_view text) {
 void HtmlWriter::MakeRoom(std::size_t bytes) {
   if (response_ == nullptr) return Grow(std::max({used_ + bytes, kFirstTextBytes, capacity_ * 2}));
   Flush();
-  if (capacity_ == 0) Grow(kPieceBytes);
+  if (capacity_ < piece_bytes_) Grow(piece_bytes_);
 }
 
 void HtmlWriter::Grow(std::size_t capacity) {

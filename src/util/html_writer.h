@@ -70,10 +70,15 @@ class Template {
   std::array<std::string_view, sizeof...(Slots) + 1> pieces_;
 };
 
-/// Appends HTML to one buffer and hands it to a response in pieces of about 16 KB, or keeps it as a text.
+/// Appends HTML to one buffer and hands it to a response in pieces, or keeps it as a text.
 /// Literals are kept byte for byte.
 class HtmlWriter {
  public:
+  /// For pages: the first piece reaches the visitor soon.
+  static constexpr std::size_t kPageBytes = std::size_t{16} * 1024;
+  /// For downloads: servers pass on few large pieces with much less work than many small ones.
+  static constexpr std::size_t kDownloadBytes = std::size_t{64} * 1024;
+
   /// Collects a text; see Take().
   HtmlWriter() = default;
 
@@ -82,6 +87,9 @@ class HtmlWriter {
 
   HtmlWriter(const HtmlWriter&) = delete;
   HtmlWriter& operator=(const HtmlWriter&) = delete;
+
+  /// About how many bytes a piece has from the next one on; at first kPageBytes.
+  void SetPieceBytes(std::size_t bytes) { piece_bytes_ = bytes; }
 
   /// Writes `markup`, each slot replaced by the next value.
   template <Slot... Slots>
@@ -175,6 +183,7 @@ class HtmlWriter {
   void Grow(std::size_t capacity);
 
   platform::Response* response_ = nullptr;
+  std::size_t piece_bytes_ = kPageBytes;
   std::unique_ptr<char[]> buffer_;
   std::size_t capacity_ = 0;
   std::size_t used_ = 0;

@@ -33,6 +33,5 @@ unlink($ran);
 ?>
 --EXPECTHEADERS--
 Content-Type: application/vnd.ms-excel
-X-Accel-Buffering: no
 --EXPECTREGEX--
 (?!.*(dropped|and this|not caught|not run|not reached)).+

@@ -195,6 +195,27 @@ TEST(HtmlWriter, SendsPiecesOfAboutSixteenKilobytesInOrder) {
   }
 }
 
+TEST(HtmlWriter, SendsADownloadInLargerPieces) {
+  PieceResponse response;
+  HtmlWriter out(response);
+  std::string expected = "<table>";
+
+  out.Put("<table>");
+  out.SetPieceBytes(HtmlWriter::kDownloadBytes);
+  for (int line = 0; line < 20'000; ++line) {
+    out.Put("<td>{}</td>", line);
+    expected += "<td>" + std::to_string(line) + "</td>";
+  }
+  out.Flush();
+
+  EXPECT_EQ(response.Body(), expected);
+  ASSERT_GE(response.pieces.size(), 4U);
+  for (std::size_t piece = 1; piece + 1 < response.pieces.size(); ++piece) {
+    EXPECT_GE(response.pieces[piece].size(), 65'000U);
+    EXPECT_LE(response.pieces[piece].size(), 65'536U);
+  }
+}
+
 TEST(HtmlWriter, KeepsTheOrderAroundATextLongerThanAPiece) {
   PieceResponse response;
   HtmlWriter out(response);
