@@ -53,6 +53,12 @@ constexpr std::string_view kViewMethods = R"(
 
     /** Connects, and writes the whole table or view of that name; the name goes into the statement as it is. */
     public function QHtmlTable(string $ConnectionString, string $TableName): void {}
+
+    /** Shows a field of the edit form as a select list: the values of LinkField in the table, as the texts of DisplayField, in the order of OrderBy unless it is empty; AllowNulls adds an empty choice. No text may contain a comma. Of several lookups of a field the first counts. */
+    public function AddEditLookup(string $FieldName, string $LookupTable, string $LinkField, string $DisplayField, string $OrderBy, bool $AllowNulls): void {}
+
+    /** What AddEditLookup was given for the field, joined by commas and with 1 or 0 at the end; empty when it has no lookup. */
+    public function EditLookupAsString(string $FieldName): string {}
 )";
 
 constexpr std::string_view kDBConnectionClass = R"(

@@ -3,6 +3,7 @@
 #include "hosts/php/native_object.h"
 #include "hosts/php/page.h"
 #include "hosts/php/property_rows.h"
+#include "hosts/php/values.h"
 #include "shell/db_view.h"
 
 namespace dralo::php {
@@ -27,6 +28,38 @@ void QHtmlTable(INTERNAL_FUNCTION_PARAMETERS) {
   });
 }
 
+void AddEditLookup(INTERNAL_FUNCTION_PARAMETERS) {
+  zend_string* field_name;
+  zend_string* lookup_table;
+  zend_string* link_field;
+  zend_string* display_field;
+  zend_string* order_by;
+  bool allow_nulls;
+  ZEND_PARSE_PARAMETERS_START(6, 6)
+  Z_PARAM_STR(field_name)
+  Z_PARAM_STR(lookup_table)
+  Z_PARAM_STR(link_field)
+  Z_PARAM_STR(display_field)
+  Z_PARAM_STR(order_by)
+  Z_PARAM_BOOL(allow_nulls)
+  ZEND_PARSE_PARAMETERS_END();
+  EnterCpp(Entry::kChanges, [&] {
+    NativeAs<DbView>(Z_OBJ_P(ZEND_THIS))
+        .AddEditLookup(View(field_name), View(lookup_table), View(link_field), View(display_field),
+                       View(order_by), allow_nulls);
+  });
+}
+
+void EditLookupAsString(INTERNAL_FUNCTION_PARAMETERS) {
+  zend_string* field_name;
+  ZEND_PARSE_PARAMETERS_START(1, 1)
+  Z_PARAM_STR(field_name)
+  ZEND_PARSE_PARAMETERS_END();
+  EnterCpp(Entry::kReads, [&] {
+    PutText(NativeAs<DbView>(Z_OBJ_P(ZEND_THIS)).EditLookupAsString(View(field_name)), return_value);
+  });
+}
+
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(write_html_table_arginfo, 0, 0, IS_VOID, 0)
 ZEND_END_ARG_INFO()
 
@@ -35,9 +68,27 @@ ZEND_ARG_TYPE_INFO(0, ConnectionString, IS_STRING, 0)
 ZEND_ARG_TYPE_INFO(0, TableName, IS_STRING, 0)
 ZEND_END_ARG_INFO()
 
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(add_edit_lookup_arginfo, 0, 6, IS_VOID, 0)
+ZEND_ARG_TYPE_INFO(0, FieldName, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, LookupTable, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, LinkField, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, DisplayField, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, OrderBy, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, AllowNulls, _IS_BOOL, 0)
+ZEND_END_ARG_INFO()
+
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(edit_lookup_as_string_arginfo, 0, 1, IS_STRING, 0)
+ZEND_ARG_TYPE_INFO(0, FieldName, IS_STRING, 0)
+ZEND_END_ARG_INFO()
+
+// clang-format off
 const zend_function_entry kMethods[] = {
     ZEND_RAW_FENTRY("WriteHtmlTable", WriteHtmlTable, write_html_table_arginfo, ZEND_ACC_PUBLIC)
-        ZEND_RAW_FENTRY("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
+    ZEND_RAW_FENTRY("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC)
+    ZEND_RAW_FENTRY("AddEditLookup", AddEditLookup, add_edit_lookup_arginfo, ZEND_ACC_PUBLIC)
+    ZEND_RAW_FENTRY("EditLookupAsString", EditLookupAsString, edit_lookup_as_string_arginfo, ZEND_ACC_PUBLIC)
+    ZEND_FE_END};
+// clang-format on
 
 }  // namespace
 

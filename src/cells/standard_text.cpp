@@ -29,21 +29,20 @@ std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
   return std::nullopt;
 }
 
-std::string_view DateText(shell::Render& render, platform::Field& field) {
-  const auto date = AsDate(render.Regional(), field.Value());
-  return date ? render.Regional().Text(*date, render.scratch) : std::string_view();
-}
-
-std::string_view PlainText(shell::Render& render, platform::Field& field) {
-  return render.Regional().Text(field.Value(), render.scratch);
+std::string_view DateText(const platform::Formatting& formatting, platform::Field& field,
+                          std::string& scratch) {
+  const auto date = AsDate(formatting, field.Value());
+  return date ? formatting.Text(*date, scratch) : std::string_view();
 }
 
 /// The whole text of the value without anything added for HTML; empty for what cannot be shown.
-std::string_view WholeText(shell::Render& render, platform::Field& field) {
+std::string_view WholeText(const platform::Formatting& formatting, platform::Field& field,
+                           std::string& scratch) {
   const platform::TypeCode type = field.Type();
-  if (util::IsMemoFieldType(type)) return GetMemoFieldText(render.Regional(), field, render.scratch);
-  if (util::IsDateFieldType(type)) return DateText(render, field);
-  return type == platform::TypeCode::kLongVarBinary ? std::string_view() : PlainText(render, field);
+  if (util::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
+  if (util::IsDateFieldType(type)) return DateText(formatting, field, scratch);
+  return type == platform::TypeCode::kLongVarBinary ? std::string_view()
+                                                    : formatting.Text(field.Value(), scratch);
 }
 
 /// `text`, which may stand in the scratch itself, followed by `ending`.
@@ -80,7 +79,7 @@ std::string_view GuardedText(shell::Render& render, platform::Field& field, std:
 
 std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& field) {
   const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
-    const std::string_view whole = WholeText(render, field);
+    const std::string_view whole = WholeText(render.Regional(), field, render.scratch);
     const bool limited = render.settings.MemoFieldLimit >= 0 && util::IsMemoFieldType(field.Type());
     return limited ? LimitedMemo(render, whole) : whole;
   });
@@ -88,11 +87,15 @@ std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& fie
 }
 
 std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field) {
-  return GuardedText(render, field, "GetStdDbFieldStringRaw", [&] {
-    const std::string_view text = WholeText(render, field);
-    const bool keeps_blanks = util::IsMemoFieldType(field.Type()) || util::IsDateFieldType(field.Type());
-    return keeps_blanks || !IsBlank(text) ? text : std::string_view();
-  });
+  return GuardedText(render, field, "GetStdDbFieldStringRaw",
+                     [&] { return ReadRawText(render.Regional(), field, render.scratch); });
+}
+
+std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
+                             std::string& scratch) {
+  const std::string_view text = WholeText(formatting, field, scratch);
+  const bool keeps_blanks = util::IsMemoFieldType(field.Type()) || util::IsDateFieldType(field.Type());
+  return keeps_blanks || !IsBlank(text) ? text : std::string_view();
 }
 
 std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,

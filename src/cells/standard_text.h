@@ -16,6 +16,11 @@ std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& fie
 /// The same text without anything added for HTML: whole memos, and "" for what is empty.
 std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field);
 
+/// GetStdDbFieldStringRaw() whose failures are thrown, as platform::Error, instead of reported. In `scratch`,
+/// in the record or a constant: valid until either changes.
+std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
+                             std::string& scratch);
+
 /// The text of a long field, in `scratch` or in the record; empty when it cannot be read. Never throws
 /// std::exception.
 std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,

@@ -1,12 +1,110 @@
 #include "editing/primary_keys.h"
 
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "cells/named_field.h"
+#include "editing/key_condition.h"
+#include "editing/query_schema.h"
+#include "platform/error.h"
 #include "shell/guard.h"
+#include "shell/open_connection.h"
+#include "util/letter_case.h"
+#include "util/list.h"
+#include "views/key_text.h"
 
 namespace dralo::editing {
+namespace {
 
-std::string GetSqlPK(shell::Render& render, std::string_view) {
-  shell::ReportError(render.settings, "Addressing a record by its key is not available in this version",
-                     "GetSqlPK");
+using platform::Error;
+using platform::Recordset;
+using shell::Render;
+using Texts = std::vector<std::string>;
+
+Texts ShownKeyValues(Recordset& shown, const Texts& names) {
+  Texts values;
+  std::string scratch;
+  for (const std::string& name : names) {
+    platform::Field* field = cells::FindField(shown, name);
+    if (field == nullptr) throw cells::UnknownField(name);
+    if (platform::IsNull(field->Value())) throw Error("The key \"" + name + "\" of the record is empty");
+    values.emplace_back(views::KeyText(*field, scratch));
+  }
+  return values;
+}
+
+/// A single key is not split: its value may contain commas.
+Texts PostedKeyValues(const Render& render, const Texts& names) {
+  const std::string_view posted = render.keys.Value(shell::key::kPrimaryKey);
+  if (names.size() < 2) return {std::string(posted)};
+  Texts values = util::Split(posted);
+  if (values.size() < names.size()) {
+    throw Error("The request has no value for the key \"" + names[values.size()] + "\"");
+  }
+  for (std::string& value : values) value = std::string(util::TrimBlanks(value));
+  return values;
+}
+
+std::string ConditionFor(const Render& render, const QuerySchema& schema, const Texts& names,
+                         const Texts& values) {
+  KeyCondition condition;
+  for (std::size_t key = 0; key < names.size(); ++key) {
+    condition.Add(names[key], values[key], !schema.HasField(names[key]) || schema.IsNumericAt(key));
+  }
+  return condition.Text(render.settings.DrConnection->EngineName());
+}
+
+/// A statement with a condition of its own becomes a table to select from, so that both hold.
+std::string Restricted(std::string_view sql, std::string_view condition) {
+  std::string text;
+  if (util::ContainsWord(sql, " WHERE ")) {
+    text.append("SELECT * FROM (").append(sql).append(") DRTEMPTABLE");
+  } else {
+    text = sql;
+  }
+  return text.append(" WHERE ").append(condition);
+}
+
+std::string FirstValue(const Render& render, std::string_view statement) {
+  const auto recordset = OpenFirstRow(render, statement);
+  const bool has_value = !recordset->Fields().empty() && !recordset->Eof();
+  if (!has_value || platform::IsNull(recordset->Fields()[0]->Value())) {
+    throw Error("The statement for a new key yields no value");
+  }
+  std::string scratch;
+  std::string value(render.Regional().Text(recordset->Fields()[0]->Value(), scratch));
+  recordset->Close();
+  return value;
+}
+
+}  // namespace
+
+std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
+  shell::Settings& settings = render.settings;
+  if (util::TrimBlanks(settings.EditPrimaryKeys).empty()) {
+    settings.ErrorMessage.append("Dralo property EditPrimaryKeys must be set!<br>");
+    return {};
+  }
+  return shell::Guarded(settings, "GetSqlPK.", std::string(), [&]() -> std::string {
+    if (shown != nullptr && shown->Eof()) return {};
+    const Texts names = KeyNames(settings);
+    const QuerySchema schema = ReadQuerySchema(render, sql);
+    if (!schema.has_rows) return {};
+    const Texts values = shown != nullptr ? ShownKeyValues(*shown, names) : PostedKeyValues(render, names);
+    return Restricted(sql, ConditionFor(render, schema, names, values));
+  });
+}
+
+std::string GetNewPKValue(Render& render, std::string_view statement) {
+  shell::Settings& settings = render.settings;
+  try {
+    return FirstValue(render, statement);
+  } catch (const std::exception& error) {
+    settings.ErrorMessage.append(error.what()).append(" in GetNewPKValue.");
+    if (settings.DisplayDebug) settings.ErrorMessage.append(" sql='").append(statement).append("'");
+    settings.ErrorMessage.append("<br>");
+  }
   return {};
 }
 

@@ -3,12 +3,18 @@
 #include <string>
 #include <string_view>
 
+#include "platform/recordset.h"
 #include "shell/render.h"
 
 namespace dralo::editing {
 
-/// `sql` restricted to the record whose primary key was posted; empty when that fails, with the reason in
-/// ErrorMessage. Not available in this version: reports that and returns "".
-std::string GetSqlPK(shell::Render& render, std::string_view sql);
+/// `sql` restricted to one record: the one that `shown` stands on, or without it the one whose primary key
+/// was posted. Empty when EditPrimaryKeys is, when `sql` yields no row, when `shown` is at its end, and after
+/// a failure, which is reported in ErrorMessage.
+std::string GetSqlPK(shell::Render& render, std::string_view sql, platform::Recordset* shown = nullptr);
+
+/// A fresh key value: the first column of the first row of `statement`, in the regional text in which a
+/// person would type it. Empty after a failure, such as an empty result, which is reported in ErrorMessage.
+std::string GetNewPKValue(shell::Render& render, std::string_view statement);
 
 }  // namespace dralo::editing

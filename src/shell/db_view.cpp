@@ -56,6 +56,26 @@ platform::Variant DbView::CurrentRecord(std::int16_t index) const {
   return current_record_[static_cast<std::size_t>(index) - 1];
 }
 
+void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_table,
+                           std::string_view link_field, std::string_view display_field,
+                           std::string_view order_by, bool allow_nulls) {
+  try {
+    settings_.lookups.Add({.field_name = field_name,
+                           .table = lookup_table,
+                           .link_field = link_field,
+                           .display_field = display_field,
+                           .order_by = order_by,
+                           .allow_nulls = allow_nulls});
+  } catch (const std::exception& error) {
+    const std::string bound = std::to_string(settings_.lookups.UpperBound());
+    ReportError(settings_, error.what(), "AddEditLookup. currUBound=" + bound);
+  }
+}
+
+std::string_view DbView::EditLookupAsString(std::string_view field_name) const {
+  return settings_.lookups.Find(field_name);
+}
+
 PropertyValue DbView::Get(std::string_view name) const {
   const auto* property = FindDbViewProperty(name);
   if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));

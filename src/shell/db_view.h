@@ -46,6 +46,16 @@ class DbView final : public platform::Object {
   /// empty text before rendering, out of range, and while a record is being added.
   platform::Variant CurrentRecord(std::int16_t index) const;
 
+  /// Shows the edit field as a select list: the values of `link_field` in the table, as the texts of
+  /// `display_field`, in the order of `order_by` when it is not empty; `allow_nulls` adds an empty choice. No
+  /// text may contain a comma. Of several lookups of a field the first counts.
+  void AddEditLookup(std::string_view field_name, std::string_view lookup_table, std::string_view link_field,
+                     std::string_view display_field, std::string_view order_by, bool allow_nulls);
+
+  /// The texts and "1" or "0" that AddEditLookup() was given for the field, joined by ","; empty when it has
+  /// no lookup. Letter case does not matter. Valid until the next AddEditLookup().
+  std::string_view EditLookupAsString(std::string_view field_name) const;
+
   /// A property by its name in any letter case. Throws std::invalid_argument naming the property when there
   /// is none of that name, when its access does not allow it, and when the value does not fit.
   PropertyValue Get(std::string_view name) const;

@@ -19,6 +19,9 @@ class FormatFunction;
 
 namespace dralo::shell {
 
+/// What a posted change did to the database.
+enum class Change { kNone, kSaved, kDeleted };
+
 /// Everything that one rendering of a view needs and learns. The driver makes it, fills it step by step and
 /// hands it down; it ends with the call.
 struct Render {
@@ -30,8 +33,8 @@ struct Render {
   std::vector<platform::Variant>& current_record_values;  ///< What CurrentRecord reads.
 
   std::string form_display = "";  ///< The view that the request asks for, as posted; written back.
+  Change change = Change::kNone;  ///< What this rendering changed before it showed anything.
   bool form_view = false;         ///< The one-record view, or an edit or add form, is shown.
-  std::string_view edit_status_message = "";  ///< The outcome of the last save or delete.
 
   std::int32_t current_record = 1;  ///< 1-based number of the record that the page starts with.
   std::int32_t bookmark = 1;

@@ -9,6 +9,7 @@
 #include "platform/recordset.h"
 #include "shell/column_store.h"
 #include "shell/language.h"
+#include "shell/lookup_list.h"
 
 namespace dralo::shell {
 
@@ -110,6 +111,7 @@ struct Settings {
   std::string EditConfirmDeleteString = "";
   std::string EditFieldsReadOnly = "";
   std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
+  LookupList lookups;  ///< What AddEditLookup added.
 
   // Interface language.
   std::string Language = "ENG";
@@ -120,6 +122,7 @@ struct Settings {
   bool has_supplied_recordset = false;  ///< ADORecordset is shown and nothing is opened.
   bool has_distinct_form_sql = false;
   bool last_save_failed = false;              ///< A posted change was tried in the latest render and failed.
+  std::string edit_status_message = "";       ///< The outcome of the last save or delete, for the form views.
   bool owns_connection = false;               ///< DrConnection was made by the ConnectionString setter.
   std::string edit_options_as_assigned = "";  ///< EditOptions in the page's own letter case.
 };

@@ -3,14 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/formatting.h"
 #include "platform/recordset.h"
 #include "shell/settings.h"
 #include "util/html_writer.h"
 
 namespace dralo::views {
 
-/// The key values that address a record in links; made once for many records.
+/// The key values that address a record in links and forms; made once for many records.
 class PrimaryKeyValueList {
  public:
   /// Looks the fields of EditPrimaryKeys up in `recordset`, which must outlive the list. The list stays empty
@@ -20,10 +19,17 @@ class PrimaryKeyValueList {
   /// Takes the values of the current record. Returns whether they address one: not when the list is empty,
   /// when its only value is, and after a failure, such as a key that is no field, which is reported in
   /// ErrorMessage.
-  bool Read(shell::Settings& settings, const platform::Formatting& formatting);
+  bool Read(shell::Settings& settings);
 
   /// Writes the values last read, URL-encoded and joined with ",".
   void Put(util::HtmlWriter& out) const;
+
+  /// Writes the values last read, joined with ",", as they stand between the single quotes of a text in a
+  /// script that an attribute in double quotes holds.
+  void PutInScript(util::HtmlWriter& out) const;
+
+  /// The values last read, joined with ",".
+  std::string Plain() const;
 
  private:
   struct Key {

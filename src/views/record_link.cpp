@@ -43,7 +43,7 @@ RecordLink RecordLink::WithViewAtEnd(const shell::Render& render, platform::Reco
 
 void RecordLink::Put(util::HtmlWriter& out, shell::Render& render, std::int32_t number) {
   out.Write(Verbatim{before_key_});
-  if (key_values_.Read(render.settings, render.Regional())) {
+  if (key_values_.Read(render.settings)) {
     out.Put("{}=", render.keys(key::kPrimaryKey));
     key_values_.Put(out);
   } else {

@@ -1,8 +1,10 @@
 #include "views/primary_key_value_list.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "support/fake_records.h"
 #include "support/records.h"
@@ -15,7 +17,7 @@ using shell::Settings;
 /// The written list, or nothing when the values address no record.
 std::string KeyList(Settings& settings, platform::Recordset& records) {
   views::PrimaryKeyValueList list(settings, records);
-  if (!list.Read(settings, AmericanEnvironment().Regional())) return "(none)";
+  if (!list.Read(settings)) return "(none)";
   util::HtmlWriter out;
   list.Put(out);
   return out.Take();
@@ -35,7 +37,7 @@ constexpr std::string_view kPeople = R"(
 TEST(PrimaryKeyValueList, HoldsTheEncodedTextsInTheOrderOfTheKeys) {
   const Records people(kPeople);
   Settings settings = Editable("Name, ID ,born");
-  EXPECT_EQ(KeyList(settings, *people), "Ann+Lee,5,2%2F3%2F2001");
+  EXPECT_EQ(KeyList(settings, *people), "Ann+Lee,5,2001%2D02%2D03");
 }
 
 TEST(PrimaryKeyValueList, IsEmptyWithoutKeys) {
@@ -87,6 +89,45 @@ TEST(PrimaryKeyValueList, ReportsAValueThatCannotBeRead) {
   Settings settings = Editable("ID");
   EXPECT_EQ(KeyList(settings, records), "(none)");
   EXPECT_EQ(settings.ErrorMessage, "Disk gone, when trying to construct a Primary Key URL link<br>");
+}
+
+/// The key of the one record `row` of a table T(A, B), as it stands in a script and by itself.
+std::pair<std::string, std::string> ScriptAndPlain(std::string_view row) {
+  const Records records("CREATE TABLE T (A TEXT, B INTEGER); INSERT INTO T VALUES " + std::string(row));
+  Settings settings = Editable("A,B");
+  views::PrimaryKeyValueList list(settings, *records);
+  EXPECT_TRUE(list.Read(settings));
+  util::HtmlWriter out;
+  list.PutInScript(out);
+  return {out.Take(), list.Plain()};
+}
+
+TEST(PrimaryKeyValueList, IsPlainInScriptsAndInputs) {
+  EXPECT_THAT(ScriptAndPlain("('Ann Lee, Zoë & Co/100%', 5)"),
+              testing::Pair("Ann Lee, Zoë & Co/100%,5", "Ann Lee, Zoë & Co/100%,5"));
+}
+
+TEST(PrimaryKeyValueList, MasksInScriptsWhatWouldEndTheTextOrTheAttribute) {
+  EXPECT_THAT(ScriptAndPlain("('O''Neil', 5)"), testing::Pair(R"(O\'Neil,5)", "O'Neil,5"));
+  EXPECT_THAT(ScriptAndPlain(R"(('a\b\', 5))"), testing::Pair(R"(a\\b\\,5)", R"(a\b\,5)"));
+  EXPECT_THAT(ScriptAndPlain(R"(('say "x"', 5))"), testing::Pair("say &quot;x&quot;,5", R"(say "x",5)"));
+  EXPECT_THAT(ScriptAndPlain("('a' || char(13, 10) || 'b', 5)"), testing::Pair(R"(a\r\nb,5)", "a\r\nb,5"));
+}
+
+TEST(PrimaryKeyValueList, ForgetsTheLastRecordWhenTheNextCannotBeRead) {
+  FakeRecords records(1);
+  bool is_readable = true;
+  records.Add("ID", platform::TypeCode::kInteger, [&]() -> platform::VariantView {
+    if (!is_readable) throw platform::Error("Disk gone");
+    return std::int64_t{5};
+  });
+  Settings settings = Editable("ID");
+  views::PrimaryKeyValueList list(settings, records);
+  EXPECT_TRUE(list.Read(settings));
+  EXPECT_EQ(list.Plain(), "5");
+  is_readable = false;
+  EXPECT_FALSE(list.Read(settings));
+  EXPECT_EQ(list.Plain(), "");
 }
 
 }  // namespace

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/field.h"
+#include "platform/variant.h"
+#include "shell/render.h"
+
+namespace dralo::editing {
+
+/// The text that an input control of the edit form shows for the field's current value, before any escaping:
+/// whole memos, dates in the regional form, "" for Null, for binary values and for other values of blanks
+/// only. The update engine compares what was posted with it, so that saving an unchanged form changes
+/// nothing. In `scratch`, in the record or a constant; valid until either changes. Throws platform::Error
+/// when the value cannot be read; a memo that cannot be read is "".
+std::string_view ControlText(const shell::Render& render, platform::Field& field, std::string& scratch);
+
+/// Whether the checkbox of a field with that value is ticked.
+bool IsTicked(const platform::VariantView& value);
+
+/// Whether `posted` is what a browser posts for a control that showed `shown` and was not touched. On the way
+/// through the page every line break becomes CRLF, or vanishes from a one-line input; NUL and bytes that are
+/// no UTF-8 become replacement characters. Both texts are compared in that form.
+bool IsUntouched(std::string_view posted, std::string_view shown, bool is_one_line);
+
+}  // namespace dralo::editing

@@ -1,0 +1,68 @@
+#include "editing/lookup_select.h"
+
+#include <exception>
+#include <memory>
+#include <string>
+
+#include "cells/standard_text.h"
+#include "editing/control_markup.h"
+#include "platform/error.h"
+#include "platform/recordset.h"
+#include "shell/open_connection.h"
+#include "util/list.h"
+
+namespace dralo::editing {
+namespace {
+
+using platform::Recordset;
+using util::Verbatim;
+
+std::string LookupStatement(std::string_view definition) {
+  std::string sql("SELECT ");
+  sql.append(util::NthItem(definition, 3)).append(",").append(util::NthItem(definition, 4));
+  sql.append(" FROM ").append(util::NthItem(definition, 2));
+  const std::string_view order_by = util::NthItem(definition, 5);
+  if (!order_by.empty()) sql.append(" ORDER BY ").append(order_by);
+  return sql;
+}
+
+/// Writes an option for every record; the one whose link text is `value` is selected.
+void PutOptions(util::HtmlWriter& out, const shell::Render& render, Recordset& recordset,
+                std::string_view value) {
+  const auto fields = recordset.Fields();
+  if (fields.size() < 2) throw platform::Error("A lookup needs a link field and a display field");
+  const platform::Formatting& formatting = render.Regional();
+  std::string scratch;
+  for (; !recordset.Eof(); recordset.MoveNext()) {
+    const std::string_view link = cells::ReadRawText(formatting, *fields[0], scratch);
+    out.Put("<option ").PutIf(link == value, " selected ").Put(R"( value=")");
+    PutAttributeText(out, link);
+    out.Put("\">{}\r\n", Verbatim{cells::ReadRawText(formatting, *fields[1], scratch)});
+  }
+}
+
+}  // namespace
+
+bool PutLookupSelect(util::HtmlWriter& out, shell::Render& render, util::Joined input_name,
+                     std::string_view attribute, std::string_view definition, std::string_view value) {
+  const std::string sql = LookupStatement(definition);
+  // Collected first: a statement may fail at any row, and part of a list would offer to lose the value.
+  util::HtmlWriter list;
+  try {
+    const auto recordset = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
+    recordset->Open(sql, shell::OpenConnection(render.settings));
+    list.Put("<select {}id=\"{}\" name=\"{}\">\r\n", Verbatim{attribute}, input_name, input_name);
+    list.PutIf(util::NthItem(definition, 6) == "1", "<option value=''>\r\n");
+    PutOptions(list, render, *recordset, value);
+    list.Put("</select>\r\n");
+    recordset->Close();
+  } catch (const std::exception& error) {
+    std::string& message = render.settings.ErrorMessage;
+    message.append(error.what()).append(". lookup sql=").append(sql).append("<br>");
+    return false;
+  }
+  out.Write(Verbatim{list.Collected()});
+  return true;
+}
+
+}  // namespace dralo::editing

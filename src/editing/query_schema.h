@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/recordset.h"
+#include "platform/type_code.h"
+#include "shell/render.h"
+
+namespace dralo::editing {
+
+struct SchemaField {
+  std::string name = "";
+  platform::TypeCode type{};
+  bool is_nullable = false;
+};
+
+/// What the columns of a statement are, in their order.
+struct QuerySchema {
+  std::vector<SchemaField> fields = {};
+  bool has_rows = false;
+
+  /// Whether the key at position `key` (from 0) is numeric: the type of the column at the same position
+  /// decides, so key columns are expected to lead the query in key order. Throws platform::Error when there
+  /// are fewer columns.
+  bool IsNumericAt(std::size_t key) const;
+
+  /// Whether a column bears the name, in any letter case.
+  bool HasField(std::string_view name) const;
+};
+
+/// The first row of `sql`, at most, on the view's connection. Throws platform::Error when it does not open.
+std::shared_ptr<platform::Recordset> OpenFirstRow(const shell::Render& render, std::string_view sql);
+
+/// Opens `sql` on the view's connection to learn its columns. Throws platform::Error when it does not open.
+QuerySchema ReadQuerySchema(const shell::Render& render, std::string_view sql);
+
+/// The names of EditPrimaryKeys without blanks around them, in their order; an item may be empty.
+std::vector<std::string> KeyNames(const shell::Settings& settings);
+
+}  // namespace dralo::editing

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/connection.h"
+#include "platform/error.h"
+#include "shell/db_connection.h"
+#include "shell/settings.h"
+
+namespace dralo::shell {
+
+/// The open connection of the view. Throws platform::Error that says what to set when there is none.
+inline const std::shared_ptr<platform::Connection>& OpenConnection(const Settings& settings) {
+  if (settings.DrConnection == nullptr || settings.DrConnection->Connection() == nullptr) {
+    throw platform::Error("There is no database connection: set ConnectionString or DrConnection");
+  }
+  return settings.DrConnection->Connection();
+}
+
+}  // namespace dralo::shell

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/field.h"
+
+namespace dralo::views {
+
+/// The text that stands for the field's value in a primary key: in links, in forms and, from there, in
+/// statements. The same under all regional settings: numbers with "." in their shortest exact form, booleans
+/// 1 and 0, times of day HH:MM:SS, dates YYYY-MM-DD and, unless it is midnight, a blank and the time. Null
+/// and bytes have no text: "". Stands in `scratch`, whose content is replaced, in the record, or is a
+/// constant. Throws platform::Error when the value cannot be read.
+std::string_view KeyText(platform::Field& field, std::string& scratch);
+
+}  // namespace dralo::views
