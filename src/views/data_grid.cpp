@@ -9,15 +9,14 @@
 #include <string_view>
 #include <vector>
 
-#include "cells/format_functions.h"
 #include "cells/free_format.h"
-#include "cells/standard_text.h"
 #include "platform/error.h"
 #include "shell/guard.h"
 #include "util/html_writer.h"
 #include "util/letter_case.h"
 #include "util/list.h"
 #include "views/cell_heads.h"
+#include "views/current_record.h"
 #include "views/field_lists.h"
 #include "views/grid_column.h"
 #include "views/grid_header.h"
@@ -50,20 +49,6 @@ std::string CellTag(const Settings& settings, RowParity parity) {
 
 std::string RowTag(const Settings& settings, RowParity parity) {
   return Combined({settings.GridTRTag, parity == kOdd ? settings.GridTROddTag : settings.GridTREvenTag});
-}
-
-/// The values of the current record. One that cannot be read stays Null: its cell has reported it.
-std::vector<platform::Variant> CurrentValues(platform::Recordset& recordset) {
-  std::vector<platform::Variant> values;
-  values.reserve(recordset.Fields().size());
-  for (platform::Field* field : recordset.Fields()) {
-    try {
-      values.push_back(platform::Own(field->Value()));
-    } catch (const platform::Error&) {
-      values.emplace_back();
-    }
-  }
-  return values;
 }
 
 /// Writes the rows of one page.
@@ -175,11 +160,8 @@ void GridRows::PutIndexCell() {
 void GridRows::PutCell(GridColumn& column, std::size_t cell) {
   if (column.suppress_position > 0 && RepeatsLastValue(column)) return PutSuppressedCell(cell);
   if (column.free_format) return PutFreeFormatCell(column, cell);
-  if (column.has_format_function) {
-    return PutTextCell(column, cell, cells::GetFormatCellString(render_, *column.field, column.number));
-  }
-  const std::string_view text = cells::GetStdDbFieldString(render_, *column.field);
-  if (column.is_linked) return PutLinkedCell(column, cell, text);
+  const std::string_view text = column.Text(render_);
+  if (column.is_linked && !column.has_format_function) return PutLinkedCell(column, cell, text);
   PutTextCell(column, cell, text);
 }
 
@@ -233,7 +215,7 @@ bool GridRows::RepeatsLastValue(const GridColumn& column) {
 }
 
 void GridRows::LeaveRecord(std::int32_t row) {
-  if (row == 1) render_.current_record_values = CurrentValues(recordset_);
+  if (row == 1) KeepCurrentRecord(render_, recordset_);
   recordset_.MoveNext();
 }
 

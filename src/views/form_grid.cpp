@@ -1,11 +1,128 @@
 #include "views/form_grid.h"
 
+#include <string_view>
+#include <vector>
+
 #include "shell/guard.h"
+#include "util/html_writer.h"
+#include "util/letter_case.h"
+#include "util/list.h"
+#include "views/button_bar.h"
+#include "views/current_record.h"
+#include "views/form_field.h"
+#include "views/primary_key_value_list.h"
 
 namespace dralo::views {
+namespace {
 
-void MakeFormGrid(shell::Render& render, platform::Recordset&, std::int32_t&) {
-  shell::ReportError(render.settings, "The one-record view is not available in this version", "MakeFormGrid");
+using shell::Settings;
+using util::Verbatim;
+
+/// Writes the records of one page.
+class FormRecords {
+ public:
+  FormRecords(shell::Render& render, platform::Recordset& recordset);
+
+  void Put(std::int32_t& rows);
+
+ private:
+  bool IsPageFull(std::int32_t rows) const;
+  void PutGap();
+  void PutKeyInput();
+  void PutButtonBar(std::int32_t row);
+  void PutEditButton();
+  void PutFields(std::int32_t row);
+
+  shell::Render& render_;
+  const Settings& settings_;
+  util::HtmlWriter& out_;
+  platform::Recordset& recordset_;
+  std::vector<FormField> fields_;
+  PrimaryKeyValueList key_values_;
+  bool has_buttons_;
+};
+
+FormRecords::FormRecords(shell::Render& render, platform::Recordset& recordset)
+    : render_(render),
+      settings_(render.settings),
+      out_(render.out),
+      recordset_(recordset),
+      fields_(FormFields(render, recordset)),
+      key_values_(render.settings, recordset),
+      has_buttons_(util::ContainsWord(settings_.EditOptions, "UPDATE")) {}
+
+void FormRecords::Put(std::int32_t& rows) {
+  while (!IsPageFull(rows) && !recordset_.Eof()) {
+    ++rows;
+    if (rows == 1) {
+      PutKeyInput();
+    } else {
+      PutGap();
+    }
+    if (has_buttons_) PutButtonBar(rows);
+    PutFields(rows);
+    KeepCurrentRecord(render_, recordset_);
+    recordset_.MoveNext();
+  }
+}
+
+bool FormRecords::IsPageFull(std::int32_t rows) const {
+  return rows >= render_.records_on_page ||
+         std::int64_t{render_.current_record} + rows > settings_.RecordsMaxLimit;
+}
+
+void FormRecords::PutGap() {
+  out_.PutIf(settings_.UseCSS,
+             "<tr class=\"DRLOTableTRFormGap\"><td class=\"DRLOTableTDFormGap\">&nbsp;</td></tr>\r\n")
+      .PutIf(!settings_.UseCSS, "<tr><td>&nbsp;</td></tr>\r\n");
+}
+
+/// What an Edit button puts the key of its record into; one serves all records of the page.
+void FormRecords::PutKeyInput() {
+  out_.PutIf(!util::TrimBlanks(settings_.EditPrimaryKeys).empty(),
+             "<input type=\"hidden\" name=\"{}\" value=''>\r\n", render_.keys(shell::key::kPrimaryKey));
+}
+
+void FormRecords::PutButtonBar(std::int32_t row) {
+  PutButtonBarStart(render_);
+  PutEditButton();
+  PutAddButton(render_);
+  PutButtonBarEnd(render_, row == 1 ? std::string_view(settings_.edit_status_message) : std::string_view());
+}
+
+void FormRecords::PutEditButton() {
+  out_.Put("<input")
+      .PutIf(settings_.UseCSS, R"( class="DraloInputBtn")")
+      .Put(R"( type="submit" name="{}"  onclick="FormDraloGrid{}.{}.value=')",
+           render_.keys(shell::key::kFormEdit), Verbatim{settings_.Tag},
+           render_.keys(shell::key::kPrimaryKey));
+  if (key_values_.Read(render_.settings)) key_values_.PutInScript(out_);
+  out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[shell::kEdit]});
+}
+
+void FormRecords::PutFields(std::int32_t row) {
+  const std::int32_t record = render_.current_record + (row - 1);
+  out_.Put(R"(<tr><td><table width="100%")")
+      .PutIf(settings_.UseCSS, R"( class="DRLOTableFormDataView")")
+      .PutIf(!settings_.FormTableTag.empty(), " {}", Verbatim{settings_.FormTableTag})
+      .Put(">\r\n");
+  for (FormField& field : fields_) {
+    out_.Write(Verbatim{field.row_start});
+    field.Put(out_, render_, record);
+    out_.Put("</td></tr>\r\n");
+  }
+  out_.Put("</table></td></tr>\r\n");
+}
+
+}  // namespace
+
+void MakeFormGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+  render.current_record_values.clear();
+  rows = 0;
+  shell::Guarded(render.settings, "MakeFormGrid", [&] {
+    FormRecords(render, recordset).Put(rows);
+    if (rows == 0) PutButtonBarWithoutRecord(render);
+  });
 }
 
 }  // namespace dralo::views

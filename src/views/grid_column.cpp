@@ -11,17 +11,12 @@ GridColumn Column(const shell::Render& render, platform::Recordset& recordset, p
                   int number) {
   shell::Settings& settings = render.settings;
   const std::string_view name = field.Name();
-  GridColumn column{.number = number,
-                    .field = &field,
-                    .is_numeric = util::IsNumericFieldType(field.Type()),
-                    .is_unbroken = IsGridCellNoBr(settings, name, number),
-                    .has_format_function = cells::HasColumnSetting(settings.GridFormatCellFunction, number),
-                    .is_linked = number == settings.GridLinkIndex,
-                    .suppress_position = SuppressDuplicatePosition(settings, name, number),
-                    .attributes = cells::GridColAttributes(settings, static_cast<std::int16_t>(number))};
-  if (cells::HasColumnSetting(settings.GridFreeFormatCellByCol, number)) {
-    column.free_format.emplace(render, recordset, number);
-  }
+  GridColumn column{MakeShownColumn(render, recordset, field, number)};
+  column.is_numeric = util::IsNumericFieldType(field.Type());
+  column.is_unbroken = IsGridCellNoBr(settings, name, number);
+  column.is_linked = number == settings.GridLinkIndex;
+  column.suppress_position = SuppressDuplicatePosition(settings, name, number);
+  column.attributes = cells::GridColAttributes(settings, static_cast<std::int16_t>(number));
   return column;
 }
 

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+#include "shell/render.h"
+
+namespace dralo::views {
+
+/// Opens the row of buttons above a record, in the one-record view and in the edit form.
+void PutButtonBarStart(const shell::Render& render);
+
+/// Writes the button that asks for the add form, when EditOptions allows adding.
+void PutAddButton(const shell::Render& render);
+
+/// Writes `message`, the outcome of the last save or delete, which may be empty, and closes the row.
+void PutButtonBarEnd(const shell::Render& render, std::string_view message);
+
+/// Writes the row for a form view that has no record to show: adding is possible, and the outcome of the last
+/// save or delete is told. Writes nothing when EditOptions does not allow updates.
+void PutButtonBarWithoutRecord(const shell::Render& render);
+
+}  // namespace dralo::views

@@ -1,0 +1,40 @@
+#include "views/current_record.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "platform/error.h"
+#include "platform/variant.h"
+
+namespace dralo::views {
+namespace {
+
+/// Texts take the room of the text before them, so that record after record can be kept.
+void Copy(const platform::VariantView& value, platform::Variant& copy) {
+  const auto* text = std::get_if<std::string_view>(&value);
+  auto* text_before = std::get_if<std::string>(&copy);
+  if (text != nullptr && text_before != nullptr) {
+    text_before->assign(*text);
+  } else {
+    copy = platform::Own(value);
+  }
+}
+
+}  // namespace
+
+void KeepCurrentRecord(shell::Render& render, platform::Recordset& recordset) {
+  const auto fields = recordset.Fields();
+  render.current_record_values.resize(fields.size());
+  for (std::size_t at = 0; at < fields.size(); ++at) {
+    platform::Variant& copy = render.current_record_values[at];
+    try {
+      Copy(fields[at]->Value(), copy);
+    } catch (const platform::Error&) {
+      copy = platform::Null();
+    }
+  }
+}
+
+}  // namespace dralo::views

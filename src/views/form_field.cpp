@@ -1,0 +1,64 @@
+#include "views/form_field.h"
+
+#include <cstdint>
+#include <string_view>
+
+#include "cells/column_settings.h"
+#include "util/html_writer.h"
+#include "util/list.h"
+#include "views/field_lists.h"
+
+namespace dralo::views {
+namespace {
+
+using shell::Settings;
+using util::Verbatim;
+
+void PutWidth(util::HtmlWriter& out, std::string_view width) {
+  out.PutIf(!width.empty(), R"( width="{}")", Verbatim{width});
+}
+
+void PutLabelCell(util::HtmlWriter& out, const Settings& settings, const FormField& field) {
+  out.Put("<th");
+  PutWidth(out, util::NthItem(settings.FormCellWidths, 1));
+  std::string_view attributes = settings.THTag;
+  if (attributes.empty()) attributes = "align=left";
+  out.Put(" {}>{}</th>", Verbatim{attributes},
+          Verbatim{FormDisplayName(settings, field.field->Name(), field.number)});
+}
+
+void PutValueCellStart(util::HtmlWriter& out, Settings& settings, int number) {
+  out.Put("<td");
+  PutWidth(out, util::NthItem(settings.FormCellWidths, 2));
+  out.PutIf(!settings.FormTDTag.empty(), " {}", Verbatim{settings.FormTDTag});
+  if (settings.ApplyColFormattingToForm) {
+    const std::string_view attributes = cells::GridColAttributes(settings, static_cast<std::int16_t>(number));
+    out.PutIf(!attributes.empty(), " {}", Verbatim{attributes});
+  }
+  out.Put(">");
+}
+
+std::string RowStart(Settings& settings, const FormField& field) {
+  util::HtmlWriter out;
+  out.Put("<tr").PutIf(settings.UseCSS, R"( class="DRLOTableTR")").Put(">");
+  if (settings.DisplayHeader) PutLabelCell(out, settings, field);
+  PutValueCellStart(out, settings, field.number);
+  return out.Take();
+}
+
+}  // namespace
+
+std::vector<FormField> FormFields(const shell::Render& render, platform::Recordset& recordset) {
+  std::vector<FormField> shown;
+  int number = 0;
+  for (platform::Field* field : recordset.Fields()) {
+    ++number;
+    if (!IsFormFieldShown(render.settings, field->Name(), number)) continue;
+    FormField& added = shown.emplace_back(FormField{MakeShownColumn(render, recordset, *field, number)});
+    if (!render.settings.ApplyCellFormattingToForm) added.has_format_function = false;
+    added.row_start = RowStart(render.settings, added);
+  }
+  return shown;
+}
+
+}  // namespace dralo::views

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/recordset.h"
+#include "shell/render.h"
+#include "views/shown_column.h"
+
+namespace dralo::views {
+
+/// A field that the one-record view shows, found out once per page.
+struct FormField : ShownColumn {
+  std::string row_start =
+      {};  ///< Of its row, everything before the text of the value: label and opened cell.
+};
+
+/// The fields that the one-record view shows, in their order.
+std::vector<FormField> FormFields(const shell::Render& render, platform::Recordset& recordset);
+
+}  // namespace dralo::views

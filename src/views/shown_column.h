@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "cells/free_format.h"
+#include "platform/field.h"
+#include "platform/recordset.h"
+#include "shell/render.h"
+#include "util/html_writer.h"
+
+namespace dralo::views {
+
+/// A column that a view shows, and what its cells say: a template, else what a format function makes of the
+/// value, else the standard text. Found out once per page.
+struct ShownColumn {
+  int number = 0;  ///< Counted from 1, hidden fields included.
+  platform::Field* field = nullptr;
+  bool has_format_function = false;
+  std::optional<cells::FreeFormatCell> free_format = {};
+
+  /// The text of the current record's cell, for columns without a template. Not escaped; valid until the next
+  /// call, the record moves or `render.scratch` changes.
+  std::string_view Text(shell::Render& render) const;
+
+  /// Writes the text of the cell of the current record, which `record` counts from 1.
+  void Put(util::HtmlWriter& out, shell::Render& render, std::int32_t record);
+};
+
+/// The column of `field`, which belongs to `recordset`, with the settings of column `number`.
+ShownColumn MakeShownColumn(const shell::Render& render, platform::Recordset& recordset,
+                            platform::Field& field, int number);
+
+}  // namespace dralo::views
