@@ -26,4 +26,9 @@ void PutHiddenState(shell::Render& render) {
   shell::PutPageFormFields(render.out, settings, render.keys.GetRequest());
 }
 
+void PutHiddenKey(shell::Render& render, std::string_view primary_key) {
+  render.out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", render.keys(shell::key::kPrimaryKey),
+                 util::Quoted{primary_key});
+}
+
 }  // namespace dralo::driver

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "driver/request_state.h"
-#include "shell/db_connection.h"
+#include "shell/open_connection.h"
 #include "util/record_count.h"
 
 namespace dralo::driver {
@@ -30,13 +30,6 @@ std::int32_t CountCommandRows(const shell::Render& render) {
 
 }  // namespace
 
-const std::shared_ptr<platform::Connection>& OpenConnection(const shell::Settings& settings) {
-  if (settings.DrConnection == nullptr || settings.DrConnection->Connection() == nullptr) {
-    throw platform::Error("There is no database connection: set ConnectionString or DrConnection");
-  }
-  return settings.DrConnection->Connection();
-}
-
 void CountRecords(shell::Render& render, bool wanted) {
   shell::Settings& settings = render.settings;
   if (settings.RecordCount >= 1) return;
@@ -45,7 +38,8 @@ void CountRecords(shell::Render& render, bool wanted) {
   if (settings.has_stored_procedure) {
     settings.RecordCount = CountCommandRows(render);
   } else if (!settings.sql.empty()) {
-    settings.RecordCount = util::RecordCount(render.environment, OpenConnection(settings), settings.sql);
+    settings.RecordCount =
+        util::RecordCount(render.environment, shell::OpenConnection(settings), settings.sql);
   }
 }
 
@@ -58,7 +52,7 @@ std::string OrderedSql(const shell::Settings& settings, std::string sql) {
 
 void OpenCommand(Recordset& recordset, const shell::Settings& settings, CursorType cursor, LockType lock) {
   platform::Command& command = *settings.StoredProcCommand;
-  if (command.active_connection == nullptr) command.active_connection = OpenConnection(settings);
+  if (command.active_connection == nullptr) command.active_connection = shell::OpenConnection(settings);
   recordset.Open(command, cursor, lock);
 }
 
@@ -77,7 +71,7 @@ std::shared_ptr<Recordset> OpenMainRecordset(shell::Render& render, const std::s
     return recordset;
   }
   recordset->SetMaxRecords(record_limit);
-  recordset->Open(sql, OpenConnection(settings), CursorType::kForwardOnly, LockType::kReadOnly);
+  recordset->Open(sql, shell::OpenConnection(settings), CursorType::kForwardOnly, LockType::kReadOnly);
   return recordset;
 }
 

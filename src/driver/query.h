@@ -4,14 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "platform/connection.h"
 #include "platform/recordset.h"
 #include "shell/render.h"
 
 namespace dralo::driver {
-
-/// The open connection of the view. Throws platform::Error that says what to set when there is none.
-const std::shared_ptr<platform::Connection>& OpenConnection(const shell::Settings& settings);
 
 /// Fills RecordCount when it is below 1: counted when `wanted`, else -1. A supplied recordset is never
 /// counted.

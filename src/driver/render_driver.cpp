@@ -11,9 +11,9 @@
 #include "driver/page_frame.h"
 #include "driver/query.h"
 #include "driver/request_state.h"
+#include "driver/shown_records.h"
 #include "driver/spreadsheet_download.h"
 #include "editing/edit_form.h"
-#include "editing/primary_keys.h"
 #include "editing/update_engine.h"
 #include "shell/render.h"
 #include "util/html_writer.h"
@@ -23,6 +23,7 @@
 #include "views/field_lists.h"
 #include "views/form_grid.h"
 #include "views/links.h"
+#include "views/primary_key_value_list.h"
 
 namespace dralo::driver {
 namespace {
@@ -35,36 +36,13 @@ using shell::Render;
 struct Pass {
   Mode mode = Mode::kGrid;
   BarPlacement bar;
-  std::string final_sql;  ///< For the debug row and debug messages.
-  std::shared_ptr<Recordset> main;
-  std::shared_ptr<Recordset> keyed;  ///< The record that a primary key addresses; else none.
-
-  Recordset& Shown() const { return keyed != nullptr ? *keyed : *main; }
+  ShownRecords records;
 };
 
 /// In the one-record view a page holds several records only when the page asked for a form with several.
 std::int32_t RecordsOnPage(const Render& render) {
   if (render.form_view && !util::ContainsWord(render.settings.DisplayType, "FORM")) return 1;
   return render.settings.RecordsPerPage;
-}
-
-bool HasStatement(const shell::Settings& settings, const std::string& statement) {
-  const bool is_command_copy = settings.has_stored_procedure && statement == settings.sql;
-  return !util::TrimBlanks(statement).empty() && !is_command_copy;
-}
-
-bool IsPagingRequest(const shell::RequestKeys& keys) {
-  return std::ranges::any_of(
-      std::initializer_list<std::string_view>{key::kFirst, key::kPrevious, key::kNext, key::kLast},
-      [&](std::string_view button) { return keys.WasPressed(button); });
-}
-
-/// Whether the posted key, not the record number, says which record is shown.
-bool IsAddressedByKey(const Render& render, Mode mode) {
-  const shell::Settings& settings = render.settings;
-  return render.form_view && mode != Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
-         !IsPagingRequest(render.keys) &&
-         (HasStatement(settings, settings.FormSQL) || HasStatement(settings, settings.EditSQL));
 }
 
 void SelectView(Render& render, Pass& pass) {
@@ -80,33 +58,6 @@ void SelectRecord(Render& render) {
   if (last && render.settings.RecordCount >= 0) CutLastPageToLimit(render);
   if (render.form_view && render.keys.Has(key::kBookmark))
     render.current_record = std::max(render.bookmark, 1);
-}
-
-/// The statement that selects the record that the posted key addresses; empty when there is none.
-std::string KeyedSql(Render& render, const Pass& pass) {
-  if (!IsAddressedByKey(render, pass.mode)) return {};
-  const bool editing = pass.mode == Mode::kFormEdit;
-  return editing::GetSqlPK(render, editing ? render.settings.EditSQL : render.settings.FormSQL);
-}
-
-void OpenRecords(Render& render, Pass& pass) {
-  const shell::Settings& settings = render.settings;
-  const bool last = render.keys.WasPressed(key::kLast);
-  pass.final_sql = settings.sql;
-  if (const std::string keyed_sql = KeyedSql(render, pass); !keyed_sql.empty()) {
-    pass.final_sql = keyed_sql;
-    pass.keyed = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
-    pass.keyed->Open(keyed_sql, OpenConnection(settings));
-    pass.main = pass.keyed;
-    return;
-  }
-  const bool is_text = !settings.has_stored_procedure && !settings.has_supplied_recordset;
-  if (is_text && settings.sql.empty() && render.form_view) {
-    pass.final_sql = pass.mode == Mode::kFormEdit ? settings.EditSQL : settings.FormSQL;
-  }
-  if (is_text) pass.final_sql = OrderedSql(settings, pass.final_sql);
-  pass.main = OpenMainRecordset(render, pass.final_sql, last ? 0 : PageRecordLimit(render));
-  MoveToCurrentRecord(render, *pass.main);
 }
 
 /// The number of the last record that can be shown, as far as it is known.
@@ -135,15 +86,15 @@ void SetRows(Render& render, const Pass& pass, std::int32_t rows) {
   settings.FromRow = rows == 0 ? 0 : render.current_record;
   settings.ToRow = rows == 0 ? 0 : render.current_record + (rows - 1);
   const bool is_counted = settings.RecordCount >= 0;
-  render.is_last_page =
-      PageEnd(render) >= KnownEnd(settings) || (!is_counted && pass.keyed == nullptr && pass.main->Eof());
+  const bool is_at_end = !is_counted && !pass.records.is_addressed_by_key && pass.records.main->Eof();
+  render.is_last_page = is_at_end || PageEnd(render) >= KnownEnd(settings);
 }
 
 std::int32_t PutGrid(Render& render, const Pass& pass) {
   PutAddButtonRow(render);
-  PutGridTableOpening(render, views::DisplayedGridColumns(render.settings, *pass.main));
+  PutGridTableOpening(render, views::DisplayedGridColumns(render.settings, *pass.records.main));
   std::int32_t rows = 0;
-  views::MakeDataGrid(render, *pass.main, rows);
+  views::MakeDataGrid(render, *pass.records.main, rows);
   PutTableClosing(render);
   return rows;
 }
@@ -152,25 +103,41 @@ std::int32_t PutForm(Render& render, const Pass& pass) {
   PutFormTableOpening(render);
   std::int32_t rows = 0;
   if (pass.mode == Mode::kFormView) {
-    views::MakeFormGrid(render, pass.Shown(), rows);
+    views::MakeFormGrid(render, pass.records.Shown(), rows);
   } else {
-    editing::RenderEditForm(render, pass.Shown(), rows);
+    editing::RenderEditForm(render, pass.records.Shown(), rows);
   }
   PutTableClosing(render);
   return rows;
 }
 
-void PutPage(Render& render, const Pass& pass) {
-  const int span = views::GridColumnSpan(render.settings, static_cast<int>(pass.Shown().Fields().size()));
+bool HasKeys(const Render& render) { return !util::TrimBlanks(render.settings.EditPrimaryKeys).empty(); }
+
+/// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
+/// Empty unless a record is edited.
+std::string KeyOfEditedRecord(Render& render, const Pass& pass) {
+  if (pass.mode != Mode::kFormEdit || !HasKeys(render)) return {};
+  if (pass.records.is_addressed_by_key) return std::string(render.keys.Value(key::kPrimaryKey));
+  Recordset& shown = pass.records.Shown();
+  if (shown.Eof()) return {};
+  views::PrimaryKeyValueList keys(render.settings, shown);
+  if (!keys.Read(render.settings)) return {};
+  return keys.Plain();
+}
+
+void PutPage(Render& render, Pass& pass) {
+  const int span =
+      views::GridColumnSpan(render.settings, static_cast<int>(pass.records.Shown().Fields().size()));
   const bool count_known = render.settings.RecordCount >= 0;
   if (count_known) ExpectRows(render);
-  PutOpening(render, pass.final_sql);
+  const std::string shown_key = KeyOfEditedRecord(render, pass);
+  PutOpening(render, pass.records.sql);
   PutHeaderRow(render, pass.bar.top && count_known, span);
   SetRows(render, pass, render.form_view ? PutForm(render, pass) : PutGrid(render, pass));
   PutHiddenState(render);
+  if (pass.mode == Mode::kFormEdit && HasKeys(render)) PutHiddenKey(render, shown_key);
   if (pass.bar.bottom) PutNavigationBar(render, span);
-  if (!render.settings.has_supplied_recordset) pass.main->Close();
-  if (pass.keyed != nullptr) pass.keyed->Close();
+  CloseShownRecords(render, pass.records);
   PutClosing(render);
 }
 
@@ -183,10 +150,10 @@ void RunSteps(Render& render, Pass& pass) {
   ReadRequestState(render);
   SelectView(render, pass);
   pass.bar = NavigationBarPlacement(render.settings);
-  pass.final_sql = render.settings.sql;
+  pass.records.sql = render.settings.sql;
   CountRecords(render, render.settings.CountRecords);
   SelectRecord(render);
-  OpenRecords(render, pass);
+  OpenShownRecords(render, pass.mode, pass.records);
   render.state_query_tail = views::StateQueryTail(render);
   PutPage(render, pass);
 }
@@ -196,12 +163,12 @@ void RenderView(Render& render) {
   try {
     RunSteps(render, pass);
   } catch (const std::exception& error) {
-    ReportFailure(render.settings, error.what(), pass.final_sql);
+    ReportFailure(render.settings, error.what(), pass.records.sql);
   }
   try {
     render.out.Flush();  // What was written before a failure stays on the page.
   } catch (const std::exception& error) {
-    ReportFailure(render.settings, error.what(), pass.final_sql);
+    ReportFailure(render.settings, error.what(), pass.records.sql);
   }
 }
 

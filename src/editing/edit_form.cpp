@@ -1,11 +1,163 @@
 #include "editing/edit_form.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editing/form_edit_field.h"
+#include "editing/query_schema.h"
+#include "platform/field.h"
+#include "platform/type_code.h"
 #include "shell/guard.h"
+#include "shell/language.h"
+#include "util/html_writer.h"
+#include "util/letter_case.h"
+#include "util/list.h"
+#include "views/button_bar.h"
+#include "views/current_record.h"
+#include "views/field_lists.h"
 
 namespace dralo::editing {
+namespace {
 
-void RenderEditForm(shell::Render& render, platform::Recordset&, std::int32_t&) {
-  shell::ReportError(render.settings, "The edit form is not available in this version", "RenderEditForm");
+namespace key = shell::key;
+using shell::Settings;
+using util::Verbatim;
+
+/// Writes one form.
+class EditForm {
+ public:
+  explicit EditForm(shell::Render& render)
+      : render_(render), settings_(render.settings), out_(render.out), fields_(render) {}
+
+  void Put(platform::Recordset& recordset, std::int32_t& rows);
+
+ private:
+  void PutButtonBar();
+  void PutStateInputs();
+  void PutSaveButton();
+  void PutDeleteButton();
+  void PutFieldTable(platform::Recordset& recordset);
+  void PutRow(platform::Field& field, int column);
+  void PutLabelCell(const platform::Field& field, int column);
+
+  bool Allows(std::string_view word) const { return util::ContainsWord(settings_.EditOptions, word); }
+  bool IsKey(std::string_view field_name) const;
+
+  Verbatim ButtonClass() const { return {settings_.UseCSS ? R"( class="DraloInputBtn" )" : " "}; }
+  Verbatim Caption(shell::ButtonSlot slot) const { return {settings_.language_tables->buttons[slot]}; }
+
+  shell::Render& render_;
+  const Settings& settings_;
+  util::HtmlWriter& out_;
+  FormEditFields fields_;
+  std::vector<std::string> key_names_ = KeyNames(settings_);
+};
+
+void EditForm::Put(platform::Recordset& recordset, std::int32_t& rows) {
+  const bool adds_record = fields_.AddsRecord();
+  const bool has_record = !adds_record && !recordset.Eof();
+  // What was typed comes back even when somebody has deleted the record meanwhile.
+  if (!adds_record && !has_record && !settings_.last_save_failed)
+    return views::PutButtonBarWithoutRecord(render_);
+  rows = adds_record || has_record ? 1 : 0;
+  PutButtonBar();
+  PutFieldTable(recordset);
+  if (!has_record) return;
+  views::KeepCurrentRecord(render_, recordset);
+  recordset.MoveNext();
+}
+
+void EditForm::PutButtonBar() {
+  views::PutButtonBarStart(render_);
+  PutStateInputs();
+  PutSaveButton();
+  if (!Allows("NOVIEW")) {
+    out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
+             render_.keys(key::kFormView), Caption(shell::kClose));
+  }
+  if (!fields_.AddsRecord()) {
+    views::PutAddButton(render_);
+    PutDeleteButton();
+  }
+  views::PutButtonBarEnd(render_, settings_.edit_status_message);
+}
+
+void EditForm::PutStateInputs() {
+  out_.Put(R"(<input type="hidden" name="{}" value="1">)", render_.keys(key::kFormEdit));
+  out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(key::kFormInsert),
+           Verbatim{fields_.AddsRecord() ? "1" : ""});
+}
+
+/// Its script leaves edit mode, so that a successful save shows the record.
+void EditForm::PutSaveButton() {
+  out_.Put(R"(<input{}type="submit" onclick="FormDraloGrid{}.{}.value=''" name="{}" value="{}">)",
+           ButtonClass(), Verbatim{settings_.Tag}, render_.keys(key::kFormEdit),
+           render_.keys(key::kFormUpdate), Caption(shell::kSave));
+}
+
+void EditForm::PutDeleteButton() {
+  if (!Allows("DELETE") || settings_.DeleteSQL.empty()) return;
+  out_.Put(R"(&nbsp;<input{}type="submit" onclick="FormDraloGrid{}.{}.value='';)", ButtonClass(),
+           Verbatim{settings_.Tag}, render_.keys(key::kFormEdit))
+      .PutIf(!settings_.EditConfirmDeleteString.empty(), "return confirm('{}');",
+             Verbatim{settings_.EditConfirmDeleteString})
+      .Put(R"(" name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(shell::kDelete));
+}
+
+void EditForm::PutFieldTable(platform::Recordset& recordset) {
+  out_.Put(R"(<tr><td><table width="100%")")
+      .PutIf(settings_.UseCSS, R"( class="DRLOTableFormDataEdit")")
+      .PutIf(!settings_.FormTableTag.empty(), " {}", Verbatim{settings_.FormTableTag})
+      .Put(">\r\n");
+  int column = 0;
+  for (platform::Field* field : recordset.Fields()) {
+    ++column;
+    if (views::IsFormFieldShown(settings_, field->Name(), column)) {
+      PutRow(*field, column);
+    } else if (!fields_.AddsRecord() && IsKey(field->Name())) {
+      // A save finds its record by the keys. A new record whose key nobody typed has none: an empty input
+      // would be the key's value.
+      fields_.PutHidden(*field);
+    }
+  }
+  out_.Put("</table></td></tr>\r\n");
+}
+
+void EditForm::PutRow(platform::Field& field, int column) {
+  out_.Put("<tr>");
+  if (settings_.DisplayHeader) PutLabelCell(field, column);
+  out_.Put("<td").PutIf(!settings_.TDTag.empty(), " {}", Verbatim{settings_.TDTag}).Put(">");
+  fields_.GetFormEditField(field, column - 1);
+  out_.Put("</td></tr>\r\n");
+}
+
+void EditForm::PutLabelCell(const platform::Field& field, int column) {
+  const std::string_view width = util::NthItem(settings_.FormCellWidths, column);
+  const bool is_required = (field.Attributes() & platform::kFieldIsNullable) == 0;
+  out_.Put("<th")
+      .PutIf(!width.empty(), R"( width="{}")", Verbatim{width})
+      .Put(" align=left>")
+      .PutIf(is_required && settings_.UseCSS, R"(<span class="DraloRequiredFieldLabel">)")
+      .PutIf(is_required && !settings_.UseCSS, "<span>")
+      .Write(Verbatim{views::FormDisplayName(settings_, field.Name(), column)})
+      .PutIf(is_required, "</span>")
+      .Put("</th>");
+}
+
+bool EditForm::IsKey(std::string_view field_name) const {
+  return std::ranges::any_of(
+      key_names_, [&](std::string_view key_name) { return util::EqualIgnoringCase(key_name, field_name); });
+}
+
+}  // namespace
+
+void RenderEditForm(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+  render.current_record_values.clear();
+  rows = 0;
+  shell::Guarded(render.settings, "RenderEditForm", [&] { EditForm(render).Put(recordset, rows); });
 }
 
 }  // namespace dralo::editing

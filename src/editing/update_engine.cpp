@@ -1,11 +1,53 @@
 #include "editing/update_engine.h"
 
-#include "shell/guard.h"
+#include <exception>
+#include <string>
+
+#include "editing/delete_record.h"
+#include "editing/query_schema.h"
+#include "editing/save_record.h"
 
 namespace dralo::editing {
+namespace {
+
+namespace key = shell::key;
+
+/// Looks for the word in capitals, in what the page assigned: a page that wrote "update" allows no saving.
+bool MayUpdate(const shell::Settings& settings) {
+  return settings.edit_options_as_assigned.find("UPDATE") != std::string::npos;
+}
+
+bool CarryOut(shell::Render& render, std::string& statement) {
+  const shell::Settings& settings = render.settings;
+  const QuerySchema schema = ReadQuerySchema(render, statement);
+  const bool is_delete = !settings.DeleteSQL.empty() && render.keys.Has(key::kFormDelete);
+  const bool is_done =
+      is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);
+  if (is_done) render.change = is_delete ? shell::Change::kDeleted : shell::Change::kSaved;
+  return is_done;
+}
+
+void ReportFailure(shell::Settings& settings, std::string_view description, const std::string& statement) {
+  settings.ErrorMessage.append(description).append(" in UpdateRecord.<br>");
+  if (settings.DisplayDebug) settings.ErrorMessage.append("sql='").append(statement).append("'<br>");
+}
+
+}  // namespace
 
 bool UpdateRecord(shell::Render& render) {
-  shell::ReportError(render.settings, "Saving and deleting is not available in this version", "UpdateRecord");
+  shell::Settings& settings = render.settings;
+  const bool is_posted = render.keys.Has(key::kFormUpdate) || render.keys.Has(key::kFormDelete);
+  if (!is_posted || !MayUpdate(settings)) return true;
+  if (settings.EditPrimaryKeys.empty()) {
+    settings.ErrorMessage += "Dralo property EditPrimaryKeys must be set!<br>";
+    return false;
+  }
+  std::string statement = settings.EditSQL;
+  try {
+    return CarryOut(render, statement);
+  } catch (const std::exception& error) {
+    ReportFailure(settings, error.what(), statement);
+  }
   return false;
 }
 

@@ -4,9 +4,10 @@
 
 namespace dralo::editing {
 
-/// Carries out a posted save or delete. Returns false when it failed; ErrorMessage and
-/// render.edit_status_message then say why. Not available in this version: reports that in ErrorMessage,
-/// changes nothing and returns false.
+/// Carries out the save or delete that was posted, if one was and EditOptions as assigned allows it: one
+/// statement that is carried out whole or not at all. True also when there was nothing to do. When false the
+/// database is as it was, and either the edit status message or ErrorMessage says why; a success leaves its
+/// message in the edit status message.
 bool UpdateRecord(shell::Render& render);
 
 }  // namespace dralo::editing

@@ -67,6 +67,18 @@ std::size_t FindTag(std::string_view html) {
   return html.size();
 }
 
+/// The start of the end tag of a textarea, or the end. Nothing else is a tag in there.
+std::size_t FindTextareaEnd(std::string_view html) {
+  constexpr std::string_view kEnd = "/textarea";
+  const auto is_same_letter = [](char wanted, char c) { return wanted == c || wanted - ('a' - 'A') == c; };
+  for (std::size_t at = html.find('<'); at != html.npos; at = html.find('<', at + 1)) {
+    const std::string_view tag = html.substr(at + 1, kEnd.size());
+    const std::string_view behind = html.substr(std::min(at + 1 + kEnd.size(), html.size()));
+    if (std::ranges::equal(kEnd, tag, is_same_letter) && behind.find_first_of(" \t\r\n\f/>") == 0) return at;
+  }
+  return html.size();
+}
+
 }  // namespace
 
 bool Element::Has(std::string_view attribute) const {
@@ -96,7 +108,7 @@ std::vector<Element> Elements(std::string_view html) {
       element.name = {word.data() - element.name.size(), element.name.size() + word.size()};
       TakeAttributes(html, element);
     }
-    element.text = html.substr(0, FindTag(html));
+    element.text = html.substr(0, element.Is("textarea") ? FindTextareaEnd(html) : FindTag(html));
     html.remove_prefix(element.text.size());
   }
   return elements;

@@ -1,0 +1,123 @@
+#include "driver/shown_records.h"
+
+#include <algorithm>
+
+#include "driver/query.h"
+#include "editing/primary_keys.h"
+#include "shell/open_connection.h"
+#include "util/list.h"
+
+namespace dralo::driver {
+namespace {
+
+namespace key = shell::key;
+using platform::Recordset;
+using shell::Render;
+using shell::Settings;
+
+/// Setting `sql` copies it into the form's statements, but a command is nothing to address records in.
+bool HasStatement(const Settings& settings, const std::string& statement) {
+  const bool is_command_copy = settings.has_stored_procedure && statement == settings.sql;
+  return !util::TrimBlanks(statement).empty() && !is_command_copy;
+}
+
+bool IsPagingRequest(const shell::RequestKeys& keys) {
+  return std::ranges::any_of(
+      std::initializer_list<std::string_view>{key::kFirst, key::kPrevious, key::kNext, key::kLast},
+      [&](std::string_view button) { return keys.WasPressed(button); });
+}
+
+bool IsAddressedByKey(const Render& render, Mode mode) {
+  const Settings& settings = render.settings;
+  return render.form_view && mode != Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
+         !IsPagingRequest(render.keys) && render.change != shell::Change::kDeleted &&
+         (HasStatement(settings, settings.FormSQL) || HasStatement(settings, settings.EditSQL));
+}
+
+bool IsText(const Settings& settings) {
+  return !settings.has_stored_procedure && !settings.has_supplied_recordset;
+}
+
+/// The statement that gives the fields of the form.
+const std::string& FormStatement(const Settings& settings, Mode mode) {
+  return mode == Mode::kFormView ? settings.FormSQL : settings.EditSQL;
+}
+
+std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string& sql) {
+  auto recordset = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
+  recordset->Open(sql, shell::OpenConnection(render.settings));
+  return recordset;
+}
+
+/// Opens the view's own records and goes to the current one.
+void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownRecords& records) {
+  const Settings& settings = render.settings;
+  const bool last = render.keys.WasPressed(key::kLast);
+  records.sql = IsText(settings) ? OrderedSql(settings, statement) : statement;
+  records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
+  MoveToCurrentRecord(render, *records.main);
+}
+
+/// Returns whether the posted key addresses the record to show, which is open then.
+bool OpenByPostedKey(Render& render, Mode mode, ShownRecords& records) {
+  const Settings& settings = render.settings;
+  if (!IsAddressedByKey(render, mode)) return false;
+  const std::string sql = editing::GetSqlPK(render, FormStatement(settings, mode));
+  if (sql.empty()) return false;
+  records.sql = sql;
+  auto record = OpenOneRecord(render, sql);
+  // A save may have changed the key, or taken the record out of the statement.
+  if (render.change == shell::Change::kSaved && record->Eof()) return false;
+  if (!IsText(settings)) OpenAtCurrentRecord(render, settings.sql, records);
+  if (records.main == nullptr) records.main = record;
+  records.sql = sql;
+  records.keyed = std::move(record);
+  records.is_addressed_by_key = true;
+  return true;
+}
+
+/// A form with a statement of its own has other fields than the statement that is paged through: shows the
+/// record of the same key in it.
+void OpenInFormStatement(Render& render, const std::string& form_statement, ShownRecords& records) {
+  const Settings& settings = render.settings;
+  const bool has_keys = !util::TrimBlanks(settings.EditPrimaryKeys).empty();
+  if (!render.form_view || render.records_on_page != 1 || !has_keys) return;
+  if (!HasStatement(settings, form_statement) || records.main->Eof()) return;
+  const std::string sql = editing::GetSqlPK(render, form_statement, records.main.get());
+  if (sql.empty()) return;
+  records.keyed = OpenOneRecord(render, sql);
+  // Without a count only the record behind the current one tells whether there is a next page.
+  if (settings.RecordCount < 0) records.main->MoveNext();
+}
+
+void OpenNewRecord(const Render& render, ShownRecords& records) {
+  records.sql = render.settings.EditSQL;
+  records.main = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
+  records.main->SetMaxRecords(1);
+  records.main->SetCursorLocation(platform::CursorLocation::kClient);
+  records.main->Open(records.sql, shell::OpenConnection(render.settings), platform::CursorType::kKeyset,
+                     platform::LockType::kOptimistic);
+  records.main->AddNew();
+  records.is_added = true;
+}
+
+}  // namespace
+
+void OpenShownRecords(Render& render, Mode mode, ShownRecords& records) {
+  const Settings& settings = render.settings;
+  if (mode == Mode::kFormAdd) return OpenNewRecord(render, records);
+  if (OpenByPostedKey(render, mode, records)) return;
+  const std::string& form_statement = FormStatement(settings, mode);
+  const bool only_form = IsText(settings) && settings.sql.empty() && render.form_view;
+  const std::string& statement = only_form ? form_statement : settings.sql;
+  OpenAtCurrentRecord(render, statement, records);
+  if (form_statement != statement) OpenInFormStatement(render, form_statement, records);
+}
+
+void CloseShownRecords(const Render& render, ShownRecords& records) {
+  if (records.is_added) records.main->CancelUpdate();
+  if (records.is_added || !render.settings.has_supplied_recordset) records.main->Close();
+  if (records.keyed != nullptr) records.keyed->Close();
+}
+
+}  // namespace dralo::driver

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "driver/current_mode.h"
+#include "platform/recordset.h"
+#include "shell/render.h"
+
+namespace dralo::driver {
+
+/// The recordsets of one page, and how they were found.
+struct ShownRecords {
+  std::string sql = "";                       ///< The main recordset's statement, for debug row and messages.
+  std::shared_ptr<platform::Recordset> main;  ///< What is paged through.
+  std::shared_ptr<platform::Recordset> keyed;  ///< The one record that a primary key addresses; else none.
+  bool is_addressed_by_key = false;            ///< The posted key, not the record number, says what is shown.
+  bool is_added = false;                       ///< The main recordset holds a new record.
+
+  platform::Recordset& Shown() const { return keyed != nullptr ? *keyed : *main; }
+};
+
+/// Opens what `mode` shows and stands on it: the record that the posted key addresses, a new record for the
+/// add form, else the current record of the view's statement, for a form in the columns of the form's own
+/// statement. `records.sql` is set before a statement runs, so that it is there for a failure.
+/// Throws platform::Error when a statement fails.
+void OpenShownRecords(shell::Render& render, Mode mode, ShownRecords& records);
+
+/// Closes what was opened here: a supplied recordset stays open, a new record is forgotten.
+void CloseShownRecords(const shell::Render& render, ShownRecords& records);
+
+}  // namespace dralo::driver

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "editing/query_schema.h"
+#include "shell/render.h"
+
+namespace dralo::editing {
+
+/// Deletes the record that the posted key inputs address, with DeleteSQL. `schema` is that of EditSQL;
+/// `statement` is left as the one in use. A failure of the statement is told in the edit status message;
+/// throws platform::Error for every other.
+bool DeleteRecord(shell::Render& render, const QuerySchema& schema, std::string& statement);
+
+}  // namespace dralo::editing

@@ -1,0 +1,24 @@
+#include "editing/field_inputs.h"
+
+#include "util/letter_case.h"
+
+namespace dralo::editing {
+
+FieldInputs::FieldInputs(const shell::RequestKeys& keys) : keys_(keys) {
+  const util::Joined prefix = keys("_Form_");
+  prefix_.append(prefix.first).append(prefix.second);
+}
+
+std::optional<std::string_view> FieldInputs::Posted(std::string_view field) const {
+  for (const platform::RequestField& posted : keys_.GetRequest().Form()) {
+    const std::string_view name = posted.name;
+    if (name.size() == prefix_.size() + field.size() &&
+        util::EqualIgnoringCase(name.substr(0, prefix_.size()), prefix_) &&
+        util::EqualIgnoringCase(name.substr(prefix_.size()), field)) {
+      return posted.value;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace dralo::editing

@@ -1,0 +1,172 @@
+#include "editing/form_edit_field.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <exception>
+
+#include "editing/control_markup.h"
+#include "editing/control_text.h"
+#include "editing/lookup_select.h"
+#include "platform/type_code.h"
+#include "shell/guard.h"
+#include "util/field_type.h"
+#include "util/list.h"
+#include "views/field_lists.h"
+
+namespace dralo::editing {
+namespace {
+
+using platform::TypeCode;
+using util::Joined;
+using util::Verbatim;
+
+constexpr std::int64_t kWidestInput = 60;
+
+/// A failed save decides by what its own form said: an insert comes back as an insert, and nothing else does.
+bool AddsRecord(const shell::Render& render) {
+  namespace key = shell::key;
+  if (render.settings.last_save_failed) return render.keys.Has(key::kFormInsert);
+  return render.keys.Has(key::kFormAdd) && !render.keys.Has(key::kFormView);
+}
+
+/// An attribute that is written only on pages with classes, and the blank behind it.
+Verbatim Class(const shell::Render& render, std::string_view attribute) {
+  return {render.settings.UseCSS ? attribute : std::string_view()};
+}
+
+}  // namespace
+
+/// All that is known about a control before anything of it is written.
+struct FormEditFields::Control {
+  std::string_view field_name;
+  Joined name;
+  TypeCode type{};
+  std::int64_t defined_size = 0;
+  bool is_required = false;
+  bool is_read_only = false;
+  std::string_view text = "";
+  bool is_ticked = false;  ///< Of a boolean.
+
+  Verbatim Disabled() const { return {is_read_only ? " disabled " : ""}; }
+};
+
+FormEditFields::FormEditFields(shell::Render& render)
+    : render_(render), out_(render.out), inputs_(render.keys), adds_record_(editing::AddsRecord(render)) {}
+
+void FormEditFields::GetFormEditField(platform::Field& field, int index) {
+  Guarded(field, [&] { Put(Read(field, views::IsFieldReadOnly(render_.settings, field.Name(), index))); });
+}
+
+void FormEditFields::PutHidden(platform::Field& field) {
+  Guarded(field, [&] {
+    PutHiddenInput(Read(field, true));
+    out_.Put("\r\n");
+  });
+}
+
+template <class Body>
+void FormEditFields::Guarded(const platform::Field& field, Body&& body) {
+  try {
+    body();
+  } catch (const std::exception& error) {
+    std::string name("GetFormEditField. oField.Name=");
+    shell::ReportError(render_.settings, error.what(), name.append(field.Name()));
+  }
+}
+
+FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_read_only) {
+  Control control{.field_name = field.Name(),
+                  .name = InputName(field.Name()),
+                  .type = field.Type(),
+                  .defined_size = field.DefinedSize(),
+                  .is_required = (field.Attributes() & platform::kFieldIsNullable) == 0,
+                  .is_read_only = is_read_only};
+  if (control.type == TypeCode::kLongVarBinary) return control;
+  if (render_.settings.last_save_failed) {
+    const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
+    control.text = util::TrimBlanks(posted);
+    // Ticked boxes post anything; in place of a disabled one stands its value.
+    control.is_ticked = is_read_only ? control.text == "True" : !posted.empty();
+  } else if (!adds_record_) {
+    control.text = ControlText(render_, field, text_);
+    control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
+  }
+  return control;
+}
+
+/// The name of the input as it is written. Of a name with a double quote in it a browser would read the
+/// beginning alone, and the field would be saved as if its input had been emptied.
+Joined FormEditFields::InputName(std::string_view field_name) {
+  field_name_.Clear();
+  PutAttributeText(field_name_, field_name);
+  return inputs_.Name(field_name_.Collected());
+}
+
+void FormEditFields::Put(const Control& control) {
+  out_.PutIf(control.is_required, "<nobr>");
+  if (control.type == TypeCode::kLongVarBinary) {
+    out_.Put("&nbsp;");
+  } else {
+    if (!PutLookup(control)) PutByType(control);
+    if (control.is_read_only) PutHiddenInput(control);
+  }
+  out_.PutIf(control.is_required, "{}</nobr>", Verbatim{render_.settings.RequiredFieldIndicator}).Put("\r\n");
+}
+
+bool FormEditFields::PutLookup(const Control& control) {
+  const std::string_view lookup = render_.settings.lookups.Find(control.field_name);
+  return !lookup.empty() &&
+         PutLookupSelect(out_, render_, control.name, control.Disabled().text, lookup, control.text);
+}
+
+void FormEditFields::PutByType(const Control& control) {
+  if (util::IsMemoFieldType(control.type)) {
+    PutTextarea(control);
+  } else if (control.type == TypeCode::kBoolean) {
+    PutCheckbox(control);
+  } else if (util::IsDateFieldType(control.type)) {
+    PutDateInput(control);
+  } else {
+    PutTextInput(control);
+  }
+}
+
+void FormEditFields::PutTextarea(const Control& control) {
+  out_.Put(R"(<textarea cols=60 rows=5 {}{}id="{}" name="{}">)", control.Disabled(),
+           Class(render_, R"(class="DraloTextArea" )"), control.name, control.name);
+  PutTextareaText(out_, control.text);
+  out_.Put("</textarea>");
+}
+
+void FormEditFields::PutCheckbox(const Control& control) {
+  out_.Put(R"(<input {}type="checkbox" {}id="{}" name="{}"{}>)", control.Disabled(),
+           Class(render_, R"(class="DraloCheckBox" )"), control.name, control.name,
+           Verbatim{control.is_ticked ? " checked " : ""});
+}
+
+void FormEditFields::PutDateInput(const Control& control) {
+  out_.Put(R"(<input {}{}size=22 maxlength=25 type="text" id="{}" name="{}" value=")", control.Disabled(),
+           Class(render_, R"(class="DraloInput" )"), control.name, control.name);
+  PutAttributeText(out_, control.text);
+  out_.Put(R"(">)");
+}
+
+void FormEditFields::PutTextInput(const Control& control) {
+  constexpr std::int64_t kNumberSize = 20;
+  const bool is_number = util::IsNumericFieldType(control.type);
+  const std::int64_t max_length = is_number ? kNumberSize : control.defined_size;
+  const std::int64_t room = is_number ? 0 : 2;
+  const std::int64_t size = max_length > 0 ? std::min(max_length, kWidestInput - room) + room : kWidestInput;
+  out_.Put(R"(<input {}{}size={} type="text" id="{}" name="{}" value=")", control.Disabled(),
+           Class(render_, R"(class="DraloInput" )"), size, control.name, control.name);
+  PutAttributeText(out_, control.text);
+  out_.Put(R"(" maxlength=")").PutIf(max_length > 0, "{}", max_length).Put(R"(">)");
+}
+
+void FormEditFields::PutHiddenInput(const Control& control) {
+  out_.Put(R"(<input type="hidden" name="{}" value=")", control.name);
+  PutAttributeText(out_, control.text);
+  out_.Put(R"(">)");
+}
+
+}  // namespace dralo::editing

@@ -1,0 +1,33 @@
+#include "editing/new_key.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+#include "editing/primary_keys.h"
+#include "editing/query_schema.h"
+#include "platform/error.h"
+#include "util/letter_case.h"
+#include "util/list.h"
+
+namespace dralo::editing {
+
+NewKey MakeNewKey(shell::Render& render, std::string_view field_name) {
+  const shell::Settings& settings = render.settings;
+  if (util::TrimBlanks(settings.EditNewPKStatement).empty()) return {};
+  const std::vector<std::string> names = KeyNames(settings);
+  const auto name = std::ranges::find_if(
+      names, [&](const std::string& key) { return util::EqualIgnoringCase(key, field_name); });
+  if (name == names.end()) return {};
+  const std::vector<std::string> items = util::Split(settings.EditNewPKStatement);
+  const auto position = static_cast<std::size_t>(name - names.begin());
+  if (position >= items.size()) {
+    throw platform::Error("EditNewPKStatement has fewer items than EditPrimaryKeys");
+  }
+  const std::string& item = items[position];
+  if (util::EqualIgnoringCase(item, "autoincrement")) return {.is_left_to_database = true};
+  if (util::TrimBlanks(item).empty()) return {};
+  return {.value = GetNewPKValue(render, item)};
+}
+
+}  // namespace dralo::editing

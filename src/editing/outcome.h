@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+#include "shell/settings.h"
+
+namespace dralo::editing {
+
+/// What every outcome of a save or delete begins with, except that of a delete that failed.
+inline constexpr std::string_view kOutcomePrefix = "&nbsp;";
+
+/// Makes a text of the interface language the edit status message.
+inline void SetOutcome(shell::Settings& settings, shell::UpdateSlot slot) {
+  settings.edit_status_message.assign(kOutcomePrefix).append(settings.language_tables->Update(slot));
+}
+
+}  // namespace dralo::editing

@@ -1,0 +1,168 @@
+#include "editing/save_record.h"
+
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <variant>
+
+#include "editing/control_text.h"
+#include "editing/field_inputs.h"
+#include "editing/field_value.h"
+#include "editing/new_key.h"
+#include "editing/outcome.h"
+#include "editing/posted_key.h"
+#include "platform/error.h"
+#include "platform/recordset.h"
+#include "shell/open_connection.h"
+#include "util/field_type.h"
+#include "util/letter_case.h"
+#include "views/field_lists.h"
+
+namespace dralo::editing {
+namespace {
+
+using platform::TypeCode;
+
+/// The statement without its first WHERE and all that follows, an ORDER BY included.
+std::string_view WithoutWhere(std::string_view sql) {
+  constexpr std::string_view kWhere = " WHERE ";
+  for (std::size_t at = sql.find(' '); at != sql.npos; at = sql.find(' ', at + 1)) {
+    if (util::EqualIgnoringCase(sql.substr(at, kWhere.size()), kWhere)) return sql.substr(0, at);
+  }
+  return sql;
+}
+
+/// One save of one posted form. The recordset it opens goes with it, and what was not written.
+class Save {
+ public:
+  Save(shell::Render& render, const QuerySchema& schema)
+      : render_(render),
+        settings_(render.settings),
+        schema_(schema),
+        inputs_(render.keys),
+        is_insert_(render.keys.Has(shell::key::kFormInsert)) {}
+
+  bool Run(std::string& statement) {
+    statement = WithoutWhere(settings_.EditSQL);
+    if (!is_insert_) statement += " WHERE " + PostedKeyCondition(render_, schema_);
+    if (!Open(statement) || !Begin()) return false;
+    for (std::size_t i = 0; i < schema_.fields.size(); ++i) {
+      if (!Assign(i)) return false;
+    }
+    return Write();
+  }
+
+ private:
+  bool Open(const std::string& statement) {
+    recordset_ = platform::Create<platform::Recordset>(render_.environment, "ADODB.Recordset");
+    recordset_->SetCursorLocation(platform::CursorLocation::kClient);
+    try {
+      recordset_->Open(statement, shell::OpenConnection(settings_), platform::CursorType::kKeyset,
+                       platform::LockType::kOptimistic);
+      if (is_insert_) return true;  // Without reading a row of the whole table.
+      is_found_ = !recordset_->Eof();
+    } catch (const std::exception& error) {
+      settings_.ErrorMessage.append("Unable to open recordset. sql='").append(statement).append("' ");
+      settings_.ErrorMessage.append(error.what()).append("<br>");
+      return false;
+    }
+    return true;
+  }
+
+  bool Begin() {
+    if (!is_insert_ && !is_found_) throw platform::Error("There is no record with the posted key");
+    if (!is_insert_) return true;
+    try {
+      recordset_->AddNew();
+    } catch (const std::exception& error) {
+      settings_.ErrorMessage.append("Recordset does not support the AddNew method. ");
+      settings_.ErrorMessage.append(error.what()).append("<br>");
+      return false;
+    }
+    return true;
+  }
+
+  /// Gives the field its value. False when there is none for it, which the status message then tells.
+  bool Assign(std::size_t index) {
+    const SchemaField& field = schema_.fields[index];
+    const NewKey key = is_insert_ ? MakeNewKey(render_, field.name) : NewKey{};
+    const auto posted = inputs_.Posted(field.name);
+    if (key.is_left_to_database || field.type == TypeCode::kLongVarBinary) return true;
+    if (!key.value && IsLeftAlone(index, posted)) return true;
+
+    const std::string_view text = key.value ? std::string_view(*key.value) : posted.value_or("");
+    const auto value = FieldValue(render_.Regional(), field, text);
+    if (const auto* refusal = std::get_if<Refusal>(&value)) return Refuse(*refusal, text);
+    FieldAt(index).SetValue(std::get<platform::Variant>(value));
+    return true;
+  }
+
+  /// Whether what was posted, or was not, is no reason to set the field.
+  bool IsLeftAlone(std::size_t index, std::optional<std::string_view> posted) {
+    const SchemaField& field = schema_.fields[index];
+    const int position = static_cast<int>(index);
+    if (views::IsFieldReadOnly(settings_, field.name, position)) return true;
+    if (!posted && !views::IsFormFieldShown(settings_, field.name, position + 1)) return true;
+    return !is_insert_ && IsShownAsPosted(field, FieldAt(index), posted.value_or(""));
+  }
+
+  bool IsShownAsPosted(const SchemaField& schema, platform::Field& field, std::string_view posted) const {
+    if (schema.type == TypeCode::kBoolean) return IsTicked(field.Value()) == !posted.empty();
+    const bool is_select = !settings_.lookups.Find(schema.name).empty();
+    std::string scratch;
+    return IsUntouched(posted, ControlText(render_, field, scratch),
+                       !is_select && !util::IsMemoFieldType(schema.type));
+  }
+
+  platform::Field& FieldAt(std::size_t index) {
+    const auto fields = recordset_->Fields();
+    if (index >= fields.size())
+      throw platform::Error("The table was changed while the record was being saved");
+    return *fields[index];
+  }
+
+  /// Only a missing value cancels what was assigned; after the others it ends with the recordset.
+  bool Refuse(Refusal refusal, std::string_view text) {
+    if (refusal == Refusal::kRequired) {
+      SetOutcome(settings_, shell::kNotSaved);
+      recordset_->CancelUpdate();
+      recordset_->Close();
+      return false;
+    }
+    settings_.edit_status_message.assign(kOutcomePrefix).append(text);
+    settings_.edit_status_message +=
+        refusal == Refusal::kNoDate ? " is not a valid date" : " is not a number";
+    return false;
+  }
+
+  bool Write() {
+    try {
+      recordset_->Update();
+    } catch (const std::exception& error) {
+      settings_.ErrorMessage.append("Update failed: ").append(error.what()).append("<br>");
+      recordset_->Close();
+      return false;
+    }
+    SetOutcome(settings_, is_insert_ ? shell::kInserted : shell::kUpdated);
+    recordset_->Close();
+    return true;
+  }
+
+  shell::Render& render_;
+  shell::Settings& settings_;
+  const QuerySchema& schema_;
+  FieldInputs inputs_;
+  bool is_insert_;
+  bool is_found_ = false;  ///< Whether there is a record with the posted key.
+  std::shared_ptr<platform::Recordset> recordset_;
+};
+
+}  // namespace
+
+bool SaveRecord(shell::Render& render, const QuerySchema& schema, std::string& statement) {
+  return Save(render, schema).Run(statement);
+}
+
+}  // namespace dralo::editing

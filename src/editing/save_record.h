@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "editing/query_schema.h"
+#include "shell/render.h"
+
+namespace dralo::editing {
+
+/// Saves the posted form: as a new record when it says so, else to the record that its key inputs address.
+/// `schema` is that of EditSQL; `statement` is left as the one in use. A value that does not suit its field
+/// is told in the edit status message, a recordset that does not open or cannot be written in ErrorMessage;
+/// throws platform::Error for every other failure.
+///
+/// Fields of an existing record that still show what was posted are left alone, so that saving an untouched
+/// form changes nothing whatever its texts lose on the way through the page.
+bool SaveRecord(shell::Render& render, const QuerySchema& schema, std::string& statement);
+
+}  // namespace dralo::editing

@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "unit/editing/edit_form_page.h"
+
+namespace dralo::tests {
+namespace {
+
+/// The cell with the buttons and the message, without its tags.
+std::string Bar(EditFormPage& form) {
+  const std::string html = form.Form(*Records(kPeople));
+  const std::string_view start =
+      form.settings.UseCSS ? "<td colspan=2 class=\"DraloEditBtnBar\">" : "<td colspan=2>";
+  const std::string_view bar = Part(html, start, "</td></tr>\r\n</table></td></tr>\r\n");
+  EXPECT_NE(bar, "") << html;
+  return std::string(bar.substr(start.size(), bar.find("</td></tr>") - start.size()));
+}
+
+TEST(EditForm, OfANewRecordPostsAnInsert) {
+  EditFormPage form;
+  form.Post("FormAdd", "Add");
+  EXPECT_TRUE(Contains(Bar(form), "<input type=\"hidden\" name=\"Morvu1FormInsert\" value=\"1\">"));
+}
+
+TEST(EditForm, OfANewRecordHasNeitherAddNorDelete) {
+  EditFormPage form;
+  shell::SetEditOptions(form.settings, "UPDATE ADD DELETE");
+  form.settings.DeleteSQL = "DELETE FROM T";
+  const std::string buttons =
+      "<input type=\"hidden\" name=\"Morvu1FormEdit\" value=\"1\"><input type=\"hidden\" "
+      "name=\"Morvu1FormInsert\" value=\"1\"><input class=\"DraloInputBtn\" type=\"submit\" "
+      "onclick=\"FormDraloGrid1.Morvu1FormEdit.value=''\" name=\"Morvu1FormUpdate\" value=\"Save\">"
+      "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormView\" value=\"Close\">";
+  form.Post("FormAdd", " 1 ");
+  EXPECT_EQ(Bar(form), buttons);
+
+  EditFormPage failed;
+  shell::SetEditOptions(failed.settings, "UPDATE ADD DELETE");
+  failed.settings.DeleteSQL = "DELETE FROM T";
+  failed.FailSave({});
+  failed.Post("FormInsert", "1");
+  EXPECT_EQ(Bar(failed), buttons);
+}
+
+TEST(EditForm, AfterAFailedUpdateIsStillAnUpdate) {
+  EditFormPage form;
+  form.FailSave({{"Name", "new"}});
+  form.Post("FormInsert", " ");
+  EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
+}
+
+TEST(EditForm, AfterASaveThatWentWellIsNoInsert) {
+  EditFormPage form;
+  form.Post("FormInsert", "1");
+  EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
+}
+
+TEST(EditForm, ThatWasClosedAddsNothing) {
+  EditFormPage form;
+  form.Post("FormAdd", "1");
+  form.Post("FormView", "Close");
+  EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
+}
+
+TEST(EditForm, CannotBeClosedWhereThereIsNoView) {
+  EditFormPage form;
+  EXPECT_TRUE(Contains(
+      Bar(form),
+      "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormView\" value=\"Close\">"));
+  shell::SetEditOptions(form.settings, "UPDATE NOVIEW");
+  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormView"));
+}
+
+TEST(EditForm, HasAnAddButtonWhereAddingIsAllowed) {
+  EditFormPage form;
+  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormAdd"));
+  shell::SetEditOptions(form.settings, "UPDATE ADD");
+  EXPECT_TRUE(
+      Contains(Bar(form),
+               "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormAdd\" value=\"Add\">"));
+}
+
+TEST(EditForm, HasADeleteButtonWhereDeletingIsAllowedAndHasAStatement) {
+  EditFormPage form;
+  form.settings.DeleteSQL = "DELETE FROM T";
+  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormDelete"));
+  shell::SetEditOptions(form.settings, "UPDATE DELETE");
+  EXPECT_TRUE(Contains(Bar(form),
+                       "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" "
+                       "onclick=\"FormDraloGrid1.Morvu1FormEdit.value='';\" name=\"Morvu1FormDelete\" "
+                       "value=\"Delete\">"));
+  form.settings.DeleteSQL = "";
+  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormDelete"));
+}
+
+TEST(EditForm, AsksBeforeItDeletes) {
+  EditFormPage form;
+  shell::SetEditOptions(form.settings, "UPDATE DELETE");
+  form.settings.DeleteSQL = "DELETE FROM T";
+  form.settings.EditConfirmDeleteString = "Really?";
+  EXPECT_TRUE(Contains(Bar(form),
+                       "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" "
+                       "onclick=\"FormDraloGrid1.Morvu1FormEdit.value='';return confirm('Really?');\" "
+                       "name=\"Morvu1FormDelete\" value=\"Delete\">"));
+}
+
+TEST(EditForm, SpeaksTheLanguageOfTheView) {
+  EditFormPage form;
+  form.settings.language_tables = shell::BuiltInTables("NOR");
+  shell::SetEditOptions(form.settings, "UPDATE ADD DELETE");
+  form.settings.DeleteSQL = "DELETE FROM T";
+  const std::string bar = Bar(form);
+  for (const std::string_view caption : {"Lagre", "Lukk", "Ny", "Slett"}) {
+    EXPECT_TRUE(Contains(bar, "value=\"" + std::string(caption) + "\">")) << caption;
+  }
+}
+
+TEST(EditForm, BearsTheTagOfTheView) {
+  EditFormPage form;
+  form.settings.Tag = "2";
+  shell::SetEditOptions(form.settings, "UPDATE DELETE");
+  form.settings.DeleteSQL = "DELETE FROM T";
+  const std::string bar = Bar(form);
+  EXPECT_FALSE(Contains(bar, "Morvu1"));
+  EXPECT_TRUE(Contains(bar, "onclick=\"FormDraloGrid2.Morvu2FormEdit.value=''\" name=\"Morvu2FormUpdate\""));
+  EXPECT_TRUE(Contains(bar, "onclick=\"FormDraloGrid2.Morvu2FormEdit.value='';\" name=\"Morvu2FormDelete\""));
+}
+
+TEST(EditForm, TellsTheOutcomeOfTheLastSave) {
+  EditFormPage form;
+  form.settings.edit_status_message = "&nbsp;[Record saved ok]";
+  EXPECT_TRUE(Bar(form).ends_with("value=\"Close\">&nbsp;[Record saved ok]"));
+}
+
+}  // namespace
+}  // namespace dralo::tests

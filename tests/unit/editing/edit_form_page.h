@@ -1,0 +1,69 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "editing/edit_form.h"
+#include "editing/form_edit_field.h"
+#include "shell/db_connection.h"
+#include "shell/setters.h"
+#include "support/records.h"
+#include "support/rendering.h"
+
+namespace dralo::tests {
+
+/// Two records with a key, a required text and another one.
+inline constexpr std::string_view kPeople = R"(
+    CREATE TABLE T (ID INTEGER PRIMARY KEY, Name VARCHAR(20) NOT NULL, City VARCHAR(20));
+    INSERT INTO T VALUES (7, 'Ann', 'Oslo'), (8, 'Bo', NULL))";
+
+/// A table of one column "n" with one value.
+inline Records OneValue(std::string_view declared_type, std::string_view literal) {
+  return Records("CREATE TABLE T(n " + std::string(declared_type) + "); INSERT INTO T VALUES(" +
+                 std::string(literal) + ")");
+}
+
+/// A page with an edit form, which a test changes before it asks for the form or for one control.
+struct EditFormPage : Rendering {
+  EditFormPage() {
+    form_view = true;
+    shell::SetEditOptions(settings, "UPDATE");
+  }
+
+  std::string Form(platform::Recordset& records) {
+    rows = -1;
+    return Text(
+        [&](util::HtmlWriter&, shell::Render& render) { editing::RenderEditForm(render, records, rows); });
+  }
+
+  /// The control of a field at that 0-based position of the record.
+  std::string Control(platform::Field& field, int index = 0) {
+    return Text([&](util::HtmlWriter&, shell::Render& render) {
+      editing::FormEditFields(render).GetFormEditField(field, index);
+    });
+  }
+
+  void Post(std::string_view key, std::string_view value) {
+    page.form.push_back({"Morvu" + settings.Tag + std::string(key), std::string(value)});
+  }
+
+  /// As if a save of this post had failed.
+  void FailSave(std::vector<std::pair<std::string_view, std::string_view>> fields) {
+    settings.last_save_failed = true;
+    for (const auto& [name, value] : fields) Post("_Form_" + std::string(name), value);
+  }
+};
+
+/// The part of `text` from the first `from` to the first `to` behind that, both included; empty when there is
+/// none.
+inline std::string_view Part(std::string_view text, std::string_view from, std::string_view to) {
+  const std::size_t start = text.find(from);
+  const std::size_t end = start == text.npos ? start : text.find(to, start + from.size());
+  return end == text.npos ? std::string_view() : text.substr(start, end + to.size() - start);
+}
+
+inline bool Contains(std::string_view text, std::string_view part) { return text.find(part) != text.npos; }
+
+}  // namespace dralo::tests

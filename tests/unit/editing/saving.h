@@ -1,0 +1,103 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "editing/update_engine.h"
+#include "shell/db_connection.h"
+#include "shell/render.h"
+#include "shell/setters.h"
+#include "support/fake_page.h"
+#include "support/regional_environment.h"
+#include "support/temporary_database.h"
+#include "util/list.h"
+
+namespace dralo::tests {
+
+/// A table of customers whose columns behave as those of real ones: a number as its key, a required name, and
+/// fields of most types.
+inline constexpr std::string_view kCustomers =
+    "CREATE TABLE T(ID INTEGER PRIMARY KEY, Name VARCHAR(40) NOT NULL, City VARCHAR(40), Stock INT,"
+    "  Price DECIMAL(10,2), Since DATE, Active BOOLEAN, Notes TEXT);"
+    "INSERT INTO T VALUES(1, 'Anna', 'Oslo', 3, 2.5, '2024-05-03', 1, 'first');"
+    "INSERT INTO T VALUES(2, 'Bert', 'Bonn', NULL, NULL, NULL, 0, NULL);";
+
+/// A page that posts a form of a view. Fields() and Post() make up the form, Save() and Delete() send it.
+class Saving {
+ public:
+  explicit Saving(const TemporaryDatabase& database,
+                  platform::Environment& environment = AmericanEnvironment(),
+                  std::string_view connection_settings = {})
+      : environment_(environment) {
+    settings.DrConnection = std::make_shared<shell::DBConnection>(environment);
+    settings.DrConnection->Connection()->Open(database.ConnectionString() + std::string(connection_settings));
+    settings.EditSQL = "SELECT * FROM T";
+    settings.EditPrimaryKeys = "ID";
+    shell::SetEditOptions(settings, "ADD UPDATE DELETE");
+  }
+
+  /// Adds the input of a field to the form.
+  Saving& Post(std::string_view field, std::string_view value) {
+    page.form.push_back({Key("_Form_") + std::string(field), std::string(value)});
+    return *this;
+  }
+
+  Saving& Post(std::initializer_list<std::pair<std::string_view, std::string_view>> inputs) {
+    for (const auto& [field, value] : inputs) Post(field, value);
+    return *this;
+  }
+
+  bool Save() { return Send("FormUpdate", "Save"); }
+  bool Delete() { return Send("FormDelete", "Delete"); }
+  bool Insert() {
+    page.form.push_back({Key("FormInsert"), "1"});
+    return Save();
+  }
+
+  /// What the engine makes of the request as it is. Output of the render would be an error.
+  bool Update() {
+    util::HtmlWriter out;
+    const shell::RequestKeys keys(page.GetRequest(), settings.Tag);
+    std::vector<platform::Variant> current_record;
+    shell::Render render{.settings = settings,
+                         .environment = environment_,
+                         .keys = keys,
+                         .out = out,
+                         .script_name = page.script_name,
+                         .current_record_values = current_record};
+    return editing::UpdateRecord(render);
+  }
+
+  std::string Key(std::string_view name) const { return "Morvu" + settings.Tag + std::string(name); }
+
+  const std::string& Message() const { return settings.ErrorMessage; }
+  const std::string& Status() const { return settings.edit_status_message; }
+
+  shell::Settings settings;
+  FakePage page;
+
+ private:
+  bool Send(std::string_view button, std::string_view caption) {
+    page.form.push_back({Key(button), std::string(caption)});
+    return Update();
+  }
+
+  platform::Environment& environment_;
+};
+
+/// The row as a list of SQL literals, so that Null, texts and numbers are told apart.
+inline std::string Row(const TemporaryDatabase& database, std::string_view condition = "ID=1",
+                       std::string_view columns = "ID,Name,City,Stock,Price,Since,Active,Notes") {
+  std::string query = "SELECT ";
+  std::string_view separator;
+  for (const std::string& column : util::Split(columns)) {
+    query.append(separator).append("quote(").append(column).append(")");
+    separator = "||','||";
+  }
+  return database.Value(query.append(" FROM T WHERE ").append(condition));
+}
+
+}  // namespace dralo::tests

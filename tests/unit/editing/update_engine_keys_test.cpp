@@ -1,0 +1,321 @@
+#include <gtest/gtest.h>
+
+#include "unit/editing/saving.h"
+
+namespace dralo::tests {
+
+namespace {
+
+/// The source of an update is told by the message when there is no record for it.
+std::string SourceOf(Saving& saving) {
+  saving.settings.DisplayDebug = true;
+  saving.settings.ErrorMessage.clear();
+  saving.Save();
+  const std::string_view message = saving.Message();
+  const std::string_view before = "sql='";
+  const std::size_t from = message.find(before);
+  return std::string(message.substr(from + before.size(), message.rfind('\'') - from - before.size()));
+}
+
+class UpdateKeys : public testing::Test {
+ protected:
+  TemporaryDatabase database{
+      "CREATE TABLE T(A VARCHAR(40), B INT, C VARCHAR(40), PRIMARY KEY(A, B));"
+      "INSERT INTO T VALUES('x', 2, 'one'), ('O''Neil', 3, 'two'), ('[a]', 4, 'three');"};
+  Saving saving{database};
+
+  UpdateKeys() { saving.settings.EditPrimaryKeys = "A,B"; }
+};
+
+// The key condition
+
+TEST_F(UpdateKeys, StandInBracketsOnEnginesThatKnowThem) {
+  for (const std::string_view engine : {"MSSQL", "ACCESS"}) {
+    Saving other(database);
+    other.settings.EditPrimaryKeys = "A, B ";
+    other.settings.DrConnection->SetEngineName(engine);
+    other.Post({{"A", " none "}, {"B", "2"}, {"C", ""}});
+    EXPECT_EQ(SourceOf(other), "SELECT * FROM T WHERE ([A]='none') AND ([B]=2)");
+  }
+}
+
+TEST_F(UpdateKeys, HaveNoBracketsOnAllOtherEngines) {
+  saving.Post({{"A", "none"}, {"B", "2"}});
+  EXPECT_EQ(SourceOf(saving), "SELECT * FROM T WHERE (A='none') AND (B=2)") << "not set";
+  for (const std::string_view engine : {"ORACLE", "SQLA", "anything"}) {
+    saving.settings.DrConnection->SetEngineName(engine);
+    EXPECT_EQ(SourceOf(saving), "SELECT * FROM T WHERE (A='none') AND (B=2)") << engine;
+  }
+}
+
+TEST_F(UpdateKeys, DoubleTheQuotesOfTexts) {
+  saving.Post({{"A", "O'Neil"}, {"B", "3"}, {"C", "new"}});
+  EXPECT_TRUE(saving.Save());
+  EXPECT_EQ(database.Value("SELECT C FROM T WHERE B=3"), "new");
+}
+
+TEST_F(UpdateKeys, LoseTheBracketsInsideValuesWithTheOthers) {
+  saving.Post({{"A", "[x]"}, {"B", "2"}, {"C", "new"}});
+  EXPECT_TRUE(saving.Save());
+  EXPECT_EQ(database.Value("SELECT A||C FROM T WHERE B=2"), "[x]new") << "the record x was found";
+}
+
+TEST_F(UpdateKeys, KeepTheBracketsInsideValuesOnEnginesThatKnowThem) {
+  saving.settings.DrConnection->SetEngineName("MSSQL");
+  saving.Post({{"A", "[a]"}, {"B", "4"}, {"C", "new"}});
+  EXPECT_TRUE(saving.Save());
+  EXPECT_EQ(database.Value("SELECT C FROM T WHERE A='[a]'"), "new");
+}
+
+TEST_F(UpdateKeys, AreQuotedByTheTypeOfTheColumnAtTheirPosition) {
+  saving.settings.EditSQL = "SELECT C, A, B FROM T";
+  saving.Post({{"A", "none"}, {"B", "2"}});
+  EXPECT_EQ(SourceOf(saving), "SELECT C, A, B FROM T WHERE (A='none') AND (B='2')");
+  saving.settings.EditSQL = "SELECT B, A, C FROM T";
+  EXPECT_FALSE(saving.Update());
+  EXPECT_NE(saving.Message().find("(A=none) AND (B='2')"), std::string::npos) << saving.Message();
+}
+
+TEST_F(UpdateKeys, AreThosePostedInTheFormNotTheKeyThatAddressedTheRecord) {
+  saving.page.form.push_back({"Morvu1PK", "x,2"});
+  saving.Post({{"A", "O'Neil"}, {"B", "3"}, {"C", "new"}});
+  EXPECT_TRUE(saving.Save());
+  EXPECT_EQ(database.Value("SELECT C FROM T WHERE B=3"), "new");
+  EXPECT_EQ(database.Value("SELECT C FROM T WHERE B=2"), "one");
+}
+
+TEST_F(UpdateKeys, ThatAreNotPostedAreEmpty) {
+  saving.settings.EditPrimaryKeys = "A";
+  saving.Post("C", "new");
+  EXPECT_EQ(SourceOf(saving), "SELECT * FROM T WHERE (A='')");
+}
+
+TEST_F(UpdateKeys, OfWhichOneIsNoFieldCannotBeOpened) {
+  saving.settings.EditPrimaryKeys = "A,Nope";
+  saving.Post({{"A", "x"}, {"Nope", "5"}, {"C", "new"}});
+  EXPECT_FALSE(saving.Save());
+  EXPECT_EQ(
+      saving.Message(),
+      "Unable to open recordset. sql='SELECT * FROM T WHERE (A='x') AND (Nope=5)' no such column: Nope<br>");
+}
+
+TEST_F(UpdateKeys, WithAnEmptyItemAreTwoKeys) {
+  saving.settings.EditPrimaryKeys = "A,";
+  saving.Post({{"A", "x"}, {"B", "2"}});
+  EXPECT_FALSE(saving.Save());
+  EXPECT_EQ(
+      saving.Message(),
+      "Unable to open recordset. sql='SELECT * FROM T WHERE (A='x') AND (=)' near \"=\": syntax error<br>");
+}
+
+TEST_F(UpdateKeys, MustNotBeMoreThanColumns) {
+  saving.settings.EditPrimaryKeys = "A,B,C,D";
+  saving.Post({{"A", "x"}, {"B", "2"}});
+  EXPECT_FALSE(saving.Save());
+  EXPECT_EQ(saving.Message(), "EditPrimaryKeys names more keys than there are columns in UpdateRecord.<br>");
+}
+
+TEST_F(UpdateKeys, AddressTheRecordToDelete) {
+  saving.settings.DeleteSQL = "DELETE FROM T";
+  saving.Post({{"A", "O'Neil"}, {"B", "3"}});
+  EXPECT_TRUE(saving.Delete());
+  EXPECT_EQ(database.Value("SELECT group_concat(B) FROM (SELECT B FROM T ORDER BY B)"), "2,4");
+}
+
+TEST_F(UpdateKeys, OfTextAreNoWayIntoTheStatement) {
+  saving.settings.DeleteSQL = "DELETE FROM T";
+  saving.settings.EditPrimaryKeys = "A";
+  saving.Post("A", "' OR ''='");
+  EXPECT_TRUE(saving.Delete());
+  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "3");
+}
+
+TEST_F(UpdateKeys, ThatWereTypedOverChangeTheRecordTheyNameNow) {
+  saving.Post({{"A", "[a]"}, {"B", "4"}, {"C", "one"}}).settings.DrConnection->SetEngineName("ACCESS");
+  EXPECT_TRUE(saving.Save());
+  EXPECT_EQ(database.Value("SELECT group_concat(C, ',') FROM T"), "one,two,one");
+}
+
+// The source
+
+TEST_F(UpdateKeys, ReplaceTheWhereOfEditSqlAndWhatFollows) {
+  saving.Post({{"A", "none"}, {"B", "2"}});
+  for (const std::string_view where :
+       {" where B=1 ORDER BY B", " WHERE B=1", " Where B IN (SELECT 1 WHERE 1=1)"}) {
+    saving.settings.EditSQL = "select * from T" + std::string(where);
+    EXPECT_EQ(SourceOf(saving), "select * from T WHERE (A='none') AND (B=2)") << where;
+  }
+}
+
+TEST_F(UpdateKeys, StandBehindAnOrderThatHasNoWhere) {
+  saving.settings.EditSQL = "SELECT * FROM T ORDER BY B";
+  saving.Post({{"A", "x"}, {"B", "2"}});
+  EXPECT_FALSE(saving.Save());
+  EXPECT_EQ(
+      saving.Message(),
+      "Unable to open recordset. sql='SELECT * FROM T ORDER BY B WHERE (A='x') AND (B=2)' near \"WHERE\": "
+      "syntax error<br>");
+}
+
+TEST_F(UpdateKeys, StandBehindAWhereWithoutBlanksAroundIt) {
+  saving.settings.EditSQL = "SELECT * FROM T\nWHERE B=2";
+  saving.Post({{"A", "x"}, {"B", "2"}});
+  EXPECT_FALSE(saving.Save());
+  EXPECT_EQ(
+      saving.Message(),
+      "Unable to open recordset. sql='SELECT * FROM T\nWHERE B=2 WHERE (A='x') AND (B=2)' near \"WHERE\": "
+      "syntax error<br>");
+}
+
+TEST_F(UpdateKeys, AreFoundBehindNamesOfAnyLetters) {
+  database.Run(
+      "CREATE TABLE \"Ärzte ſ ΐ\"(ID INTEGER PRIMARY KEY, N TEXT); INSERT INTO \"Ärzte ſ ΐ\" VALUES(1,'a')");
+  saving.settings.EditSQL = "SELECT * FROM \"Ärzte ſ ΐ\" WHERE 1=2";
+  saving.settings.EditPrimaryKeys = "ID";
+  saving.Post({{"ID", "1"}, {"N", "b"}});
+  EXPECT_TRUE(saving.Save()) << saving.Message();
+  EXPECT_EQ(database.Value("SELECT N FROM \"Ärzte ſ ΐ\""), "b");
+}
+
+// New records
+
+class NewRecords : public testing::Test {
+ protected:
+  TemporaryDatabase database{kCustomers};
+  Saving saving{database};
+};
+
+TEST_F(NewRecords, AreAddedWithThePostedKey) {
+  saving.Post({{"ID", "9"}, {"Name", "Ida"}, {"Price", "1,25"}, {"Active", "on"}});
+  EXPECT_TRUE(saving.Insert());
+  EXPECT_EQ(saving.Status(), "&nbsp;[New record saved ok]");
+  EXPECT_EQ(saving.Message(), "");
+  EXPECT_EQ(Row(database, "ID=9"), "9,'Ida',NULL,NULL,1.25,NULL,1,NULL");
+}
+
+TEST_F(NewRecords, DoNotCareForTheWhereOfEditSql) {
+  saving.settings.EditSQL = "select * from T where City='Rome' order by Name";
+  saving.Post({{"ID", "9"}, {"Name", "Ida"}});
+  EXPECT_TRUE(saving.Insert());
+  EXPECT_EQ(database.Value("SELECT Name FROM T WHERE ID=9"), "Ida");
+}
+
+TEST_F(NewRecords, CanBeTheFirstOfATable) {
+  database.Run("DELETE FROM T");
+  saving.Post({{"ID", "9"}, {"Name", "Ida"}});
+  EXPECT_TRUE(saving.Insert());
+  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "1");
+}
+
+TEST_F(NewRecords, GetTheirKeyFromTheDatabase) {
+  for (const std::string_view word : {"autoincrement", "AutoIncrement", "AUTOINCREMENT"}) {
+    saving.page.form.clear();
+    saving.settings.EditNewPKStatement = word;
+    saving.Post({{"ID", "77"}, {"Name", "Ida"}});
+    EXPECT_TRUE(saving.Insert()) << word;
+  }
+  EXPECT_EQ(database.Value("SELECT group_concat(ID) FROM T"), "1,2,3,4,5");
+}
+
+TEST_F(NewRecords, TakeAWordWithBlanksAroundForAStatement) {
+  saving.settings.EditNewPKStatement = " autoincrement";
+  saving.Post({{"ID", "77"}, {"Name", "Ida"}});
+  EXPECT_FALSE(saving.Insert());
+  EXPECT_NE(saving.Message().find(" in GetNewPKValue.<br>"), std::string::npos) << saving.Message();
+  EXPECT_EQ(saving.Status(), "&nbsp;Record WAS NOT SAVED. Fill out all required fields.");
+  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
+}
+
+TEST_F(NewRecords, GetTheirKeyFromAStatement) {
+  saving.settings.EditNewPKStatement = "SELECT max(ID)+10 FROM T";
+  saving.Post({{"ID", "77"}, {"Name", "Ida"}});
+  EXPECT_TRUE(saving.Insert());
+  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), "12");
+}
+
+TEST_F(NewRecords, GetAGeneratedKeyEvenWhenItIsReadOnlyOrHidden) {
+  saving.settings.EditNewPKStatement = "SELECT max(ID)+10 FROM T";
+  saving.settings.EditFieldsReadOnly = "ID";
+  saving.Post({{"ID", "77"}, {"Name", "Ida"}});
+  EXPECT_TRUE(saving.Insert());
+  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), "12");
+
+  Saving hidden(database);
+  hidden.settings.EditNewPKStatement = "SELECT max(ID)+10 FROM T";
+  hidden.settings.FormFieldsHide = "ID";
+  hidden.Post({{"Name", "Ivo"}});
+  EXPECT_TRUE(hidden.Insert());
+  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ivo'"), "22");
+}
+
+TEST_F(NewRecords, TestAGeneratedKeyLikeAPostedOne) {
+  saving.settings.EditNewPKStatement = "SELECT 'none'";
+  saving.Post({{"ID", "77"}, {"Name", "Ida"}});
+  EXPECT_FALSE(saving.Insert());
+  EXPECT_EQ(saving.Status(), "&nbsp;none is not a number");
+}
+
+TEST_F(NewRecords, KeepThePostedKeyWhereTheStatementIsBlank) {
+  saving.settings.EditNewPKStatement = "  ";
+  saving.Post({{"ID", "9"}, {"Name", "Ida"}});
+  EXPECT_TRUE(saving.Insert());
+  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), "9");
+}
+
+TEST_F(NewRecords, HaveOneStatementForEachKey) {
+  const TemporaryDatabase two("CREATE TABLE T(A INT NOT NULL, B INT NOT NULL, C TEXT, PRIMARY KEY(A,B))");
+  Saving adding(two);
+  adding.settings.EditPrimaryKeys = "A, b";
+  adding.settings.EditNewPKStatement = " ,SELECT 42";
+  adding.Post({{"A", "7"}, {"B", "8"}, {"C", "x"}});
+  EXPECT_TRUE(adding.Insert()) << adding.Message();
+  EXPECT_EQ(two.Value("SELECT A||','||B||','||C FROM T"), "7,42,x");
+}
+
+TEST_F(NewRecords, FailWhenThereAreFewerStatementsThanKeys) {
+  const TemporaryDatabase two("CREATE TABLE T(A INT NOT NULL, B INT NOT NULL, PRIMARY KEY(A,B))");
+  Saving adding(two);
+  adding.settings.EditPrimaryKeys = "A,B";
+  adding.settings.EditNewPKStatement = "SELECT 1";
+  adding.Post({{"A", "7"}, {"B", "8"}});
+  EXPECT_FALSE(adding.Insert());
+  EXPECT_EQ(adding.Message(), "EditNewPKStatement has fewer items than EditPrimaryKeys in UpdateRecord.<br>");
+  EXPECT_EQ(two.Value("SELECT count(*) FROM T"), "0");
+}
+
+TEST_F(NewRecords, DoNotAskForStatementsOnUpdates) {
+  saving.settings.EditNewPKStatement = "autoincrement";
+  saving.settings.EditSQL = "SELECT ID, Name FROM T";
+  saving.Post({{"ID", "1"}, {"Name", "Eve"}});
+  EXPECT_TRUE(saving.Save());
+  saving.settings.EditNewPKStatement = "SELECT 99";
+  saving.page.form[1].value = "Ada";
+  EXPECT_TRUE(saving.Update());
+  EXPECT_EQ(database.Value("SELECT group_concat(ID||Name) FROM T"), "1Ada,2Bert");
+}
+
+TEST_F(NewRecords, CannotBeAddedToSeveralTablesAtOnce) {
+  database.Run("CREATE TABLE U(X INT); INSERT INTO U VALUES(1)");
+  saving.settings.EditSQL = "SELECT T.ID, T.Name, U.X FROM T, U";
+  saving.Post({{"ID", "9"}, {"Name", "Ida"}, {"X", "1"}});
+  EXPECT_FALSE(saving.Insert());
+  EXPECT_EQ(saving.Message().substr(0, 48), "Recordset does not support the AddNew method. Th")
+      << saving.Message();
+  EXPECT_TRUE(saving.Message().ends_with("<br>"));
+  EXPECT_EQ(saving.Status(), "");
+  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
+}
+
+TEST_F(NewRecords, ReportThatTheTableCannotBeOpened) {
+  database.Run("CREATE TABLE V(ID INT)");
+  saving.settings.EditSQL = "SELECT (SELECT max(ID) FROM V WHERE 1=1) AS M, T.* FROM T";
+  saving.settings.EditPrimaryKeys = "M";
+  saving.Post({{"ID", "9"}, {"Name", "Ida"}});
+  EXPECT_FALSE(saving.Insert());
+  EXPECT_EQ(saving.Message(),
+            "Unable to open recordset. sql='SELECT (SELECT max(ID) FROM V' incomplete input<br>");
+}
+
+}  // namespace
+
+}  // namespace dralo::tests
