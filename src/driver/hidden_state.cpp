@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "shell/page_fields.h"
+#include "util/control_markup.h"
 #include "views/navigation_bar.h"
 
 namespace dralo::driver {
@@ -27,8 +28,9 @@ void PutHiddenState(shell::Render& render) {
 }
 
 void PutHiddenKey(shell::Render& render, std::string_view primary_key) {
-  render.out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", render.keys(shell::key::kPrimaryKey),
-                 util::Quoted{primary_key});
+  render.out.Put("<input type=\"hidden\" name=\"{}\" value=\"", render.keys(shell::key::kPrimaryKey));
+  util::PutAttributeText(render.out, primary_key);
+  render.out.Put("\">\r\n");
 }
 
 }  // namespace dralo::driver

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <exception>
 
-#include "editing/control_markup.h"
 #include "editing/control_text.h"
 #include "editing/lookup_select.h"
 #include "platform/type_code.h"
 #include "shell/guard.h"
+#include "util/control_markup.h"
 #include "util/field_type.h"
 #include "util/list.h"
 #include "views/field_lists.h"
@@ -98,7 +98,7 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
 /// beginning alone, and the field would be saved as if its input had been emptied.
 Joined FormEditFields::InputName(std::string_view field_name) {
   field_name_.Clear();
-  PutAttributeText(field_name_, field_name);
+  util::PutAttributeText(field_name_, field_name);
   return inputs_.Name(field_name_.Collected());
 }
 
@@ -134,7 +134,7 @@ void FormEditFields::PutByType(const Control& control) {
 void FormEditFields::PutTextarea(const Control& control) {
   out_.Put(R"(<textarea cols=60 rows=5 {}{}id="{}" name="{}">)", control.Disabled(),
            Class(render_, R"(class="DraloTextArea" )"), control.name, control.name);
-  PutTextareaText(out_, control.text);
+  util::PutTextareaText(out_, control.text);
   out_.Put("</textarea>");
 }
 
@@ -147,7 +147,7 @@ void FormEditFields::PutCheckbox(const Control& control) {
 void FormEditFields::PutDateInput(const Control& control) {
   out_.Put(R"(<input {}{}size=22 maxlength=25 type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), control.name, control.name);
-  PutAttributeText(out_, control.text);
+  util::PutAttributeText(out_, control.text);
   out_.Put(R"(">)");
 }
 
@@ -159,13 +159,13 @@ void FormEditFields::PutTextInput(const Control& control) {
   const std::int64_t size = max_length > 0 ? std::min(max_length, kWidestInput - room) + room : kWidestInput;
   out_.Put(R"(<input {}{}size={} type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), size, control.name, control.name);
-  PutAttributeText(out_, control.text);
+  util::PutAttributeText(out_, control.text);
   out_.Put(R"(" maxlength=")").PutIf(max_length > 0, "{}", max_length).Put(R"(">)");
 }
 
 void FormEditFields::PutHiddenInput(const Control& control) {
   out_.Put(R"(<input type="hidden" name="{}" value=")", control.name);
-  PutAttributeText(out_, control.text);
+  util::PutAttributeText(out_, control.text);
   out_.Put(R"(">)");
 }
 

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "cells/standard_text.h"
-#include "editing/control_markup.h"
 #include "platform/error.h"
 #include "platform/recordset.h"
 #include "shell/open_connection.h"
+#include "util/control_markup.h"
 #include "util/list.h"
 
 namespace dralo::editing {
@@ -36,7 +36,7 @@ void PutOptions(util::HtmlWriter& out, const shell::Render& render, Recordset& r
   for (; !recordset.Eof(); recordset.MoveNext()) {
     const std::string_view link = cells::ReadRawText(formatting, *fields[0], scratch);
     out.Put("<option ").PutIf(link == value, " selected ").Put(R"( value=")");
-    PutAttributeText(out, link);
+    util::PutAttributeText(out, link);
     out.Put("\">{}\r\n", Verbatim{cells::ReadRawText(formatting, *fields[1], scratch)});
   }
 }

@@ -28,6 +28,21 @@ constexpr bool IsNumericFieldType(platform::TypeCode type) {
   }
 }
 
+/// A number that may have a fraction.
+constexpr bool IsFractionalFieldType(platform::TypeCode type) {
+  switch (static_cast<int>(type)) {
+    case 4:
+    case 5:
+    case 6:
+    case 14:
+    case 131:
+    case 139:
+      return true;
+    default:
+      return false;
+  }
+}
+
 /// Long text, narrow or wide: a memo.
 constexpr bool IsMemoFieldType(platform::TypeCode type) {
   return type == platform::TypeCode::kLongVarChar || type == platform::TypeCode::kLongVarWideChar;

@@ -76,4 +76,8 @@ std::string_view KeyText(platform::Field& field, std::string& scratch) {
   return std::visit(KeyTextWriter{field.Type(), scratch}, field.Value());
 }
 
+std::string_view KeyText(const DateTime& time, platform::TypeCode type, std::string& scratch) {
+  return KeyTextWriter{type, scratch}(time);
+}
+
 }  // namespace dralo::views

@@ -14,4 +14,7 @@ namespace dralo::views {
 /// constant. Throws platform::Error when the value cannot be read.
 std::string_view KeyText(platform::Field& field, std::string& scratch);
 
+/// The same for a date, or with kDbTime for a time of day, that is not in a record.
+std::string_view KeyText(const platform::DateTime& time, platform::TypeCode type, std::string& scratch);
+
 }  // namespace dralo::views

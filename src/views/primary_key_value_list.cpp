@@ -1,9 +1,9 @@
 #include "views/primary_key_value_list.h"
 
-#include <algorithm>
 #include <exception>
 
 #include "cells/named_field.h"
+#include "util/control_markup.h"
 #include "util/list.h"
 #include "views/key_text.h"
 
@@ -16,30 +16,16 @@ bool HasEditStatement(const shell::Settings& settings) {
   return !settings.has_stored_procedure || settings.EditSQL != settings.sql;
 }
 
-/// What stands for the character in a script; empty when it is the character itself.
-std::string_view InScript(char c) {
-  switch (c) {
-    case '\\':
-      return R"(\\)";
-    case '\'':
-      return R"(\')";
-    case '"':
-      return "&quot;";
-    case '\r':
-      return R"(\r)";
-    case '\n':
-      return R"(\n)";
-    default:
-      return {};
-  }
-}
-
-void WriteInScript(util::HtmlWriter& out, std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t plain = std::min(text.find_first_of("\\'\"\r\n", at), text.size());
-    out.Write(util::Verbatim{text.substr(at, plain - at)});
-    if (plain < text.size()) out.Write(util::Verbatim{InScript(text[plain])});
-    at = plain + 1;
+void AppendInScript(std::string& script, std::string_view text) {
+  for (const char c : text) {
+    if (c == '\r') {
+      script += "\\r";
+    } else if (c == '\n') {
+      script += "\\n";
+    } else {
+      if (c == '\\' || c == '\'') script += '\\';
+      script += c;
+    }
   }
 }
 
@@ -75,9 +61,9 @@ void PrimaryKeyValueList::Put(util::HtmlWriter& out) const {
 }
 
 void PrimaryKeyValueList::PutInScript(util::HtmlWriter& out) const {
-  for (const Key& key : keys_) {
-    WriteInScript(out.PutIf(&key != &keys_.front(), ","), key.value);
-  }
+  std::string script;
+  AppendInScript(script, Plain());
+  util::PutAttributeText(out, script);
 }
 
 std::string PrimaryKeyValueList::Plain() const {

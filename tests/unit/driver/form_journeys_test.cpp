@@ -171,15 +171,15 @@ TEST_F(Forms, ForEditingCarryTheKeyOfARecordReachedByItsNumber) {
 }
 
 TEST_F(Forms, ForEditingCarryAKeyWithQuotesAndLettersAsItIs) {
-  shop.database.Run("INSERT INTO Customers VALUES(5,'O''Neil \"Ås\", the 2nd','x','y')");
+  shop.database.Run("INSERT INTO Customers VALUES(5,'O''Neil \"Ås\" &lt;, the 2nd','x','y')");
   Set("EditPrimaryKeys", "Name");
   Set("sql", "SELECT Name, City FROM Customers");
   Set("EditSQL", "SELECT Name, City FROM Customers");
-  Post("PK", "O'Neil \"Ås\", the 2nd");
+  Post("PK", "O'Neil \"Ås\" &lt;, the 2nd");
   Post("FormEdit", "Edit");
   Show();
-  EXPECT_TRUE(HasHiddenKey("O'Neil &quot;Ås&quot;, the 2nd"));
-  EXPECT_TRUE(Has("value=\"O'Neil &quot;Ås&quot;, the 2nd\""));
+  EXPECT_TRUE(HasHiddenKey("O'Neil &quot;Ås&quot; &amp;lt;, the 2nd"));
+  EXPECT_TRUE(Has("value=\"O'Neil &quot;Ås&quot; &amp;lt;, the 2nd\""));
 }
 
 TEST_F(Forms, ForAddingCarryNoKey) {

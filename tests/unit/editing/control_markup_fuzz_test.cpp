@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "editing/control_markup.h"
 #include "editing/control_text.h"
 #include "support/browser_form.h"
 #include "support/html_elements.h"
+#include "util/control_markup.h"
 
 namespace dralo::tests {
 namespace {
@@ -92,11 +92,11 @@ class MarkupTexts {
 std::string PageWith(std::string_view text) {
   util::HtmlWriter out;
   out.Put(R"(<form><input type="text" name="line" value=")");
-  editing::PutAttributeText(out, text);
+  util::PutAttributeText(out, text);
   out.Put(R"("><input type="hidden" name="hidden" value=")");
-  editing::PutAttributeText(out, text);
+  util::PutAttributeText(out, text);
   out.Put(R"("><textarea name="memo">)");
-  editing::PutTextareaText(out, text);
+  util::PutTextareaText(out, text);
   out.Put("</textarea><input type=\"hidden\" name=\"end\" value=\"\"></form>");
   return out.Take();
 }
@@ -147,7 +147,7 @@ TEST(AnyText, IsWrittenWithNoMoreReplacementsThanBrowsersNeed) {
   for (int i = 0; i < 8000; ++i) {
     const std::string text = texts.Next();
     util::HtmlWriter out;
-    editing::PutAttributeText(out, text);
+    util::PutAttributeText(out, text);
     const std::string written = out.Take();
     if (text.find('"') != text.npos || text.find("&#") != text.npos || text.find(';') != text.npos) continue;
     const bool is_misread =

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "unit/editing/one_field.h"
 #include "unit/editing/saving.h"
 
 namespace dralo::tests {
@@ -46,6 +47,17 @@ TEST_F(UpdateKeys, HaveNoBracketsOnAllOtherEngines) {
     saving.settings.DrConnection->SetEngineName(engine);
     EXPECT_EQ(SourceOf(saving), "SELECT * FROM T WHERE (A='none') AND (B=2)") << engine;
   }
+}
+
+TEST_F(UpdateKeys, FindTheRecordWhoseKeyTheFormShowsInTheRegionalForm) {
+  const TemporaryDatabase prices(
+      "CREATE TABLE T(Price DECIMAL(10,2), Since DATE, C VARCHAR(40), PRIMARY KEY(Price, Since));"
+      "INSERT INTO T VALUES(3.5, '2024-02-03', 'one'), (3.5, '2024-03-02', 'two')");
+  Saving german(prices, German());
+  german.settings.EditPrimaryKeys = "Price,Since";
+  german.Post({{"Price", "3,5"}, {"Since", "03.02.2024"}, {"C", "new"}});
+  EXPECT_TRUE(german.Save()) << german.Message();
+  EXPECT_EQ(prices.Value("SELECT group_concat(C) FROM T"), "new,two");
 }
 
 TEST_F(UpdateKeys, DoubleTheQuotesOfTexts) {

@@ -16,6 +16,13 @@ TEST(IsNumericFieldType, IsTrueForExactlyTheCodesOfNumbersAndBooleans) {
   }
 }
 
+TEST(IsFractionalFieldType, IsTrueForNumbersThatMayHaveAFraction) {
+  const std::set<int> fractional = {4, 5, 6, 14, 131, 139};
+  for (int code = -10; code <= 300; ++code) {
+    EXPECT_EQ(IsFractionalFieldType(static_cast<TypeCode>(code)), fractional.contains(code)) << code;
+  }
+}
+
 TEST(IsMemoFieldType, IsTrueForLongTextOfBothWidths) {
   for (int code = -10; code <= 300; ++code) {
     EXPECT_EQ(IsMemoFieldType(static_cast<TypeCode>(code)), code == 201 || code == 203) << code;

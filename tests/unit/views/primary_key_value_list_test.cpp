@@ -111,6 +111,7 @@ TEST(PrimaryKeyValueList, MasksInScriptsWhatWouldEndTheTextOrTheAttribute) {
   EXPECT_THAT(ScriptAndPlain("('O''Neil', 5)"), testing::Pair(R"(O\'Neil,5)", "O'Neil,5"));
   EXPECT_THAT(ScriptAndPlain(R"(('a\b\', 5))"), testing::Pair(R"(a\\b\\,5)", R"(a\b\,5)"));
   EXPECT_THAT(ScriptAndPlain(R"(('say "x"', 5))"), testing::Pair("say &quot;x&quot;,5", R"(say "x",5)"));
+  EXPECT_THAT(ScriptAndPlain("('a&lt;b & c', 5)"), testing::Pair("a&amp;lt;b & c,5", "a&lt;b & c,5"));
   EXPECT_THAT(ScriptAndPlain("('a' || char(13, 10) || 'b', 5)"), testing::Pair(R"(a\r\nb,5)", "a\r\nb,5"));
 }
 

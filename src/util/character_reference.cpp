@@ -1,10 +1,10 @@
-#include "editing/character_reference.h"
+#include "util/character_reference.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
-namespace dralo::editing {
+namespace dralo::util {
 namespace {
 
 /// The names that HTML reads without a semicolon behind them. None of them begins another.
@@ -57,4 +57,4 @@ bool BeginsCharacterReference(std::string_view text, TextPlace place) {
   return behind != '=' && NeedsNoSemicolon(name);
 }
 
-}  // namespace dralo::editing
+}  // namespace dralo::util

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace dralo::editing {
+namespace dralo::util {
 
 /// Where a text stands in a page: browsers read it by different rules.
 enum class TextPlace {
@@ -14,4 +14,4 @@ enum class TextPlace {
 /// which begins with "&". Any name with a semicolon counts, whether HTML knows it or not.
 bool BeginsCharacterReference(std::string_view text, TextPlace place);
 
-}  // namespace dralo::editing
+}  // namespace dralo::util

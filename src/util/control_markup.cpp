@@ -1,17 +1,17 @@
-#include "editing/control_markup.h"
+#include "util/control_markup.h"
 
 #include <cstddef>
 
-#include "editing/character_reference.h"
+#include "util/character_reference.h"
 #include "util/letter_case.h"
 
-namespace dralo::editing {
+namespace dralo::util {
 namespace {
 
 constexpr std::string_view kTextareaEnd = "</textarea";
 
 bool EndsTextarea(std::string_view text) {
-  return text.starts_with("</") && util::EqualIgnoringCase(text.substr(0, kTextareaEnd.size()), kTextareaEnd);
+  return text.starts_with("</") && EqualIgnoringCase(text.substr(0, kTextareaEnd.size()), kTextareaEnd);
 }
 
 /// What stands for the first character of `text`; empty when it stands for itself.
@@ -28,26 +28,24 @@ std::string_view Replacement(std::string_view text, TextPlace place) {
   }
 }
 
-void PutText(util::HtmlWriter& out, std::string_view text, TextPlace place) {
+void PutText(HtmlWriter& out, std::string_view text, TextPlace place) {
   std::size_t written = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const std::string_view replacement = Replacement(text.substr(at), place);
     if (replacement.empty()) continue;
-    out.Write(util::Joined{text.substr(written, at - written), replacement});
+    out.Write(Joined{text.substr(written, at - written), replacement});
     written = at + 1;
   }
-  out.Write(util::Verbatim{text.substr(written)});
+  out.Write(Verbatim{text.substr(written)});
 }
 
 }  // namespace
 
-void PutAttributeText(util::HtmlWriter& out, std::string_view text) {
-  PutText(out, text, TextPlace::kAttribute);
-}
+void PutAttributeText(HtmlWriter& out, std::string_view text) { PutText(out, text, TextPlace::kAttribute); }
 
-void PutTextareaText(util::HtmlWriter& out, std::string_view text) {
+void PutTextareaText(HtmlWriter& out, std::string_view text) {
   out.PutIf(text.starts_with('\n') || text.starts_with('\r'), "\r\n");
   PutText(out, text, TextPlace::kElement);
 }
 
-}  // namespace dralo::editing
+}  // namespace dralo::util

@@ -4,15 +4,15 @@
 
 #include "util/html_writer.h"
 
-namespace dralo::editing {
+namespace dralo::util {
 
 /// Writes `text` so that the control shows exactly it: double quotes as "&quot;", and "&" as "&amp;" where a
 /// browser would read a character reference. Everything else stands as it is.
 /// For the value of an attribute between double quotes.
-void PutAttributeText(util::HtmlWriter& out, std::string_view text);
+void PutAttributeText(HtmlWriter& out, std::string_view text);
 
 /// The same for the content of a textarea, where "<" is written "&lt;" in front of "/textarea", and a line
 /// break at the start is doubled, because browsers drop one directly behind the tag.
-void PutTextareaText(util::HtmlWriter& out, std::string_view text);
+void PutTextareaText(HtmlWriter& out, std::string_view text);
 
-}  // namespace dralo::editing
+}  // namespace dralo::util

@@ -1,4 +1,4 @@
-#include "editing/control_markup.h"
+#include "util/control_markup.h"
 
 #include <gtest/gtest.h>
 
@@ -13,13 +13,13 @@ namespace {
 
 std::string InAttribute(std::string_view text) {
   util::HtmlWriter out;
-  editing::PutAttributeText(out, text);
+  util::PutAttributeText(out, text);
   return out.Take();
 }
 
 std::string InTextarea(std::string_view text) {
   util::HtmlWriter out;
-  editing::PutTextareaText(out, text);
+  util::PutTextareaText(out, text);
   return out.Take();
 }
 
