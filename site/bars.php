@@ -18,7 +18,6 @@ $view->DisplayRecordsPerPageSelect = true;
 $view->RecordsPerPageSelectPlacement = "top";
 $view->RecordsPerPageOptions = "5,10,20,50";
 $view->RecordsPerPage = 10;
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 

@@ -29,7 +29,6 @@ if (isset($_POST["Morvu1ToExcel_x"])) {
     $view->TDEvenTag = 'bgcolor="#f0f7f6"';
     $view->GridColHeadAttributes[1] = '><meta charset="utf-8"';
 }
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 

@@ -33,7 +33,6 @@ $view->GridFormatCellFunction[4] = "FORMATNUMBER,2";
 $view->RecordsPerPage = 10;
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 

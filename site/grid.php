@@ -8,7 +8,6 @@ $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file()
 $view->sql = "SELECT ID, Company, Contact, City, Country, Since FROM Customers";
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 

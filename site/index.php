@@ -7,8 +7,8 @@ write_head("A database query becomes a web page");
 ?>
 <main>
 <h1>A database query becomes a web page</h1>
-<p class="about">Dralo takes a query and writes an interactive page: a grid with pages and sorting,
-formats and templates for its cells, a spreadsheet to download. Each page below shows one thing it does and its own source.</p>
+<p class="about">Dralo takes a query and writes an interactive page: a grid with pages and sorting, one record at a time,
+forms that write back, a spreadsheet to download. Each page below shows one thing it does and its own source.</p>
 <?php foreach (require "frame/examples.php" as $group => $pages): ?>
 <h2><?= html($group) ?></h2>
 <ul class="cards">

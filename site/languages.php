@@ -38,7 +38,6 @@ foreach ($languages as $number => [$code, $name, $language, $headings]) {
     $view->Width = "100%";
 
     echo "<section lang=\"$code\"><h2>$name</h2>";
-    $view->GridLinkIndex = -1;  // the numbers lead nowhere
     $view->WriteHtmlTable();
     echo $view->ErrorMessage, "</section>\n";
 }

@@ -15,7 +15,6 @@ $view->Width = "100%";
 // No button, address or spreadsheet gets beyond the limit. The count is given, else the bar would say "of 3000".
 $view->RecordsMaxLimit = 50;
 $view->RecordCount = 50;
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 

@@ -14,7 +14,6 @@ $view->ImageDir = "/gfx/";
 $view->Width = "100%";
 
 $view->CountRecords = false;
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 

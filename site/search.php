@@ -33,7 +33,6 @@ $view->StoredProcCommand = $command;
 $view->RecordsPerPage = 10;
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->WriteHtmlTable();
 echo $view->ErrorMessage;
 if ($view->RecordCount === 0) {

@@ -6,7 +6,6 @@ begin_page();
 $view = new Dralo\DbView();
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";
-$view->GridLinkIndex = -1;  // the numbers lead nowhere
 $view->QHtmlTable("Provider=SQLite;Mode=Read;Data Source=" . shop_file(), "Countries");
 echo $view->ErrorMessage;
 

@@ -3,14 +3,9 @@
 require "frame/frame.php";
 begin_page();
 
-// Values are written as they are, in cells, templates and tags: the query makes their signs harmless in HTML.
-function escaped(string $field): string
-{
-    return "replace(replace(replace($field, '&', '&amp;'), '<', '&lt;'), '\"', '&quot;')";
-}
-
 $view = new Dralo\DbView();
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
+// Values are written as they are, in cells, templates and tags: the query makes their signs harmless in HTML.
 $view->sql = "SELECT Products.ID, " . escaped("Products.Name") . " AS Product, " . escaped("Categories.Name") . " AS Category,
                      InStock, COALESCE(ReorderAt, 0) AS ReorderAt, MIN(100, InStock * 100 / 240) AS Share,
                      CASE WHEN Discontinued THEN 'No longer sold'
@@ -23,19 +18,20 @@ $view->sql = "SELECT Products.ID, " . escaped("Products.Name") . " AS Product, "
               FROM Products JOIN Categories ON Categories.ID = Products.Category";
 $view->OrderByFields = "4";
 $view->GridFieldsShow = "Product,InStock,State,Address";
-$view->GridDisplayFieldNames = ",,,In stock,,,,,Address of the record";
+$view->GridDisplayFieldNames = ",,,In stock,,,,, ";
 $view->GridColsNoSort = "State,Address";
 
 // Templates: #Name# is the value of a field, also of one that is not shown.
-$view->GridFreeFormatCellByCol[2] = "<strong>#Product#</strong><br><small>#Category#</small>";
+$view->GridFreeFormatCellByCol[2] = '<a href="#DRALOPOSTBACKURL#"><strong>#Product#</strong></a><br><small>#Category#</small>';
 $view->GridFreeFormatCellByCol[4] = '<div style="height: .5rem; border-radius: .25rem; background: rgb(107 122 144 / 25%)">'
     . '<div style="height: 100%; width: #Share#%; margin-right: auto; border-radius: inherit; background: var(--dralo-accent)"></div></div>'
     . "<small>#InStock#, reorder at #ReorderAt#</small>";
 
-// For links of the page's own to the record. The page that they open is not there yet, so here is no link.
-$view->GridFreeFormatCellByCol[9] = '<code title="#DRALOPOSTBACKURL#" style="display: block; width: 12rem; '
-    . 'overflow: hidden; text-overflow: ellipsis; white-space: nowrap">#DRALOFORMURL#</code>';
-$view->GridLinkIndex = -1;
+// Links of the page's own to the record.
+$view->GridDisplayIndex = false;
+$view->GridFreeFormatCellByCol[9] = '<a href="#DRALOFORMURL#">Open</a>';
+$view->FormFieldsShow = "Product,InStock,State";
+$view->FormDisplayFieldNames = $view->GridDisplayFieldNames;
 
 // Attributes: ##Name## is a value in the tags of rows and cells, but not in those of single columns.
 $view->GridTRTag = 'data-product="##ID##"';
@@ -44,7 +40,6 @@ $view->GridTREvenTag = 'style="background-color: ##Colour##"';
 $view->GridColAttributes[4] = 'style="min-width: 10rem"';
 $view->GridColAttributes[7] = "nowrap";
 $view->GridColHeadAttributes[7] = 'title="Amber: to be ordered. Grey: no longer sold."';
-$view->GridColHeadAttributes[9] = 'title="For a link that opens the record"';
 
 $view->RecordsPerPage = 10;
 $view->ImageDir = "/gfx/";

@@ -20,12 +20,10 @@ $orders->ImageDir = "/gfx/";
 $orders->Width = "100%";
 
 echo "<h2>Customers</h2>";
-$customers->GridLinkIndex = -1;  // the numbers lead nowhere
 $customers->WriteHtmlTable();
 echo $customers->ErrorMessage;
 
 echo "<h2>Orders</h2>";
-$orders->GridLinkIndex = -1;  // the numbers lead nowhere
 $orders->WriteHtmlTable();
 echo $orders->ErrorMessage;
 

@@ -176,6 +176,18 @@ def rows_of_order_lines(chance, products):
             yield (order, line, product[0], chance.between(1, 24), product[4], discount)
 
 
+def rows_of_reminders(chance):
+    for number, task in enumerate(notes.REMINDER, 1):
+        due = TODAY + datetime.timedelta(days=chance.between(-10, 60))
+        yield (
+            number, task,
+            None if chance.happens(0.2) else due.isoformat(),
+            None if chance.happens(0.3) else chance.between(7, 16),
+            None if chance.happens(0.3) else chance.between(1, 32) / 4,
+            chance.happens(0.3),
+        )  # fmt: skip
+
+
 def fill(database):
     def insert(table, rows):
         rows = list(rows)
@@ -189,6 +201,7 @@ def fill(database):
     products = insert("Products", rows_of_products(Chance(3)))
     insert("Orders", rows_of_orders(Chance(4)))
     insert("OrderLines", rows_of_order_lines(Chance(5), products))
+    insert("Reminders", rows_of_reminders(Chance(6)))
 
 
 def main(path):

@@ -65,6 +65,21 @@ EMPLOYEE = [
     "Came as an apprentice and stayed.",
 ]
 
+REMINDER = [
+    "Ring the potter about the cracked glaze",
+    "Order labels for the new jars",
+    "Taste the spring harvest",
+    "Send the price list to the hotels",
+    "Count the teapots",
+    "Repair the bell at the back door",
+    "Book the stand at the fair",
+    "Ask for a second quote for the boxes",
+    "Clean the big kettle",
+    "Plan the tasting evening",
+    "Renew the first aid kit",
+    "Water the plants on the second floor",
+]
+
 # The one very long text.
 LETTER = (
     "Dear all, you asked how the two of us came to open a tea house at the end of a pier, and why anybody would walk "

@@ -46,7 +46,9 @@ CREATE TABLE Customers (
   Newsletter BOOLEAN NOT NULL,
   Since DATE NOT NULL,
   LastVisit DATETIME,
-  Notes TEXT
+  Notes TEXT,
+  CONSTRAINT "at most 20000 signs for a customer"
+    CHECK (length(printf('%s%s%s%s%s%s%s%s', Company, Contact, Street, PostalCode, City, Phone, Email, Notes)) <= 20000)
 );
 
 CREATE TABLE Products (
@@ -85,6 +87,16 @@ CREATE TABLE OrderLines (
   PRIMARY KEY (OrderID, Line)
 );
 
+CREATE TABLE Reminders (
+  ID INTEGER PRIMARY KEY,
+  Task VARCHAR(80) NOT NULL,
+  DueOn DATE,
+  Employee INTEGER REFERENCES Employees (ID),
+  Hours DECIMAL(5,2),
+  Done BOOLEAN NOT NULL,
+  CONSTRAINT "at most 200 signs for a reminder" CHECK (length(Task) <= 200)
+);
+
 CREATE INDEX CustomersByCountry ON Customers (Country, City);
 CREATE INDEX ProductsByCategory ON Products (Category);
 CREATE INDEX OrdersByCustomer ON Orders (Customer);
@@ -102,3 +114,27 @@ SELECT Products.ID, Products.Name, Categories.Name AS Category, SUM(Quantity) AS
        ROUND(SUM(Quantity * UnitPrice * (1 - COALESCE(Discount, 0))), 2) AS Turnover
 FROM Products JOIN Categories ON Categories.ID = Products.Category JOIN OrderLines ON OrderLines.Product = Products.ID
 GROUP BY Products.ID;
+
+-- Visitors of a public site may add records: the shop does not grow for ever.
+
+CREATE TRIGGER CustomersAreLimited BEFORE INSERT ON Customers WHEN (SELECT COUNT(*) FROM Customers) >= 500
+BEGIN
+  SELECT RAISE(ABORT, 'There is no room for more than 500 customers.');
+END;
+
+CREATE TRIGGER OrderLinesAreLimited BEFORE INSERT ON OrderLines
+WHEN (SELECT COUNT(*) FROM OrderLines WHERE OrderID = NEW.OrderID) >= 20
+BEGIN
+  SELECT RAISE(ABORT, 'An order has no more than 20 lines.');
+END;
+
+CREATE TRIGGER RemindersAreLimited BEFORE INSERT ON Reminders WHEN (SELECT COUNT(*) FROM Reminders) >= 100
+BEGIN
+  SELECT RAISE(ABORT, 'There is no room for more than 100 reminders.');
+END;
+
+CREATE TRIGGER CustomersWithOrdersStay BEFORE DELETE ON Customers
+WHEN EXISTS (SELECT 1 FROM Orders WHERE Customer = OLD.ID)
+BEGIN
+  SELECT RAISE(ABORT, 'A customer with orders cannot be deleted.');
+END;

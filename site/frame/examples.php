@@ -59,4 +59,23 @@ return [
             "English, German and Norwegian are built in; a list of twelve words adds any other, here Polish.",
         ],
     ],
+    "Editing" => [
+        "customers.php" => [
+            "Add, edit, delete",
+            "From the grid to one customer and on to a form, with a choice of countries, required fields and a question before "
+                . "anything is deleted.",
+        ],
+        "order-lines.php" => [
+            "Keys of two columns",
+            "The lines of an order: order and line together say which record is meant, and a new line gets the next number.",
+        ],
+        "stock.php" => [
+            "Editing only",
+            "A list whose records open as forms at once; some fields are only shown, and nothing can be added or deleted.",
+        ],
+        "messages.php" => [
+            "Messages in three languages",
+            "What the buttons and the messages say after saving, failing and deleting, in English, German and Norwegian.",
+        ],
+    ],
 ];

@@ -17,6 +17,21 @@ function shop_file(): string
     return getenv("DRALO_SHOP_DB") ?: dirname(__DIR__, 2) . "/build/demo/shop.db";
 }
 
+/**
+ * The database file of the shop whose records visitors may edit. ./demo makes it anew at each start; where there is none
+ * it is the shop itself.
+ */
+function open_shop_file(): string
+{
+    return getenv("DRALO_OPEN_SHOP_DB") ?: shop_file();
+}
+
+/** An expression for a query: the text of a field with its signs made harmless in HTML. */
+function escaped(string $field): string
+{
+    return "replace(replace(replace($field, '&', '&amp;'), '<', '&lt;'), '\"', '&quot;')";
+}
+
 function html(string $text): string
 {
     return htmlspecialchars($text, ENT_QUOTES | ENT_SUBSTITUTE | ENT_HTML5);

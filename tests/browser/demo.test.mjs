@@ -9,9 +9,10 @@ import { join } from "node:path";
 import { test } from "node:test";
 import { freePort, root } from "./site.mjs";
 
-/** Starts ./demo; `until(text)` waits until it has said that, or has ended. */
-function startDemo(port) {
+/** Starts ./demo, which ends with the test `t`; `until(text)` waits until it has said that, or has ended. */
+function startDemo(t, port) {
   const demo = spawn(join(root, "demo"), [String(port)], { stdio: ["ignore", "pipe", "pipe"] });
+  t.after(() => demo.kill("SIGTERM"));
   let said = "";
   const ended = once(demo, "close").then(([code]) => code);
   const until = (text) =>
@@ -39,9 +40,9 @@ async function processesOf(address) {
 }
 
 for (const signal of ["SIGINT", "SIGTERM"]) {
-  test(`./demo says its address when it answers and leaves no process behind after ${signal}`, async () => {
+  test(`./demo says its address when it answers and leaves no process behind after ${signal}`, async (t) => {
     const port = await freePort();
-    const { demo, until, ended } = startDemo(port);
+    const { demo, until, ended } = startDemo(t, port);
 
     assert.match(await until(`http://127.0.0.1:${port}/`), new RegExp(`http://127\\.0\\.0\\.1:${port}/`));
     const answer = await fetch(`http://127.0.0.1:${port}/grid.php`);
@@ -55,11 +56,31 @@ for (const signal of ["SIGINT", "SIGTERM"]) {
   });
 }
 
-test("./demo says so when its port is in use", async () => {
+test("What visitors edit in ./demo is seen by all pages that edit, and is gone after a new start", async (t) => {
+  const port = await freePort();
+  const answer = async (page, fields) => {
+    const body = fields && new URLSearchParams(fields);
+    return (await fetch(`http://127.0.0.1:${port}/${page}`, { method: body ? "POST" : "GET", body })).text();
+  };
+  const fields = { Morvu1FormUpdate: "Save", Morvu1FormDisplay: "formOneRec", Morvu1PK: "1", Morvu1_Form_ID: "1" };
+  const edited = { Morvu1_Form_Task: "Mend the kettle", Morvu1_Form_Done: "on" };
+
+  for (const isFirst of [true, false]) {
+    const { demo, until, ended } = startDemo(t, port);
+    await until(`http://127.0.0.1:${port}/`);
+    assert.equal((await answer("messages.php")).includes("Mend the kettle"), false);
+    if (isFirst) assert.match(await answer("messages.php", { ...fields, ...edited }), /\[Record saved ok\]/);
+    assert.equal((await answer("messages.php")).includes("Mend the kettle"), isFirst);
+    demo.kill("SIGTERM");
+    await ended;
+  }
+});
+
+test("./demo says so when its port is in use", async (t) => {
   const other = createServer().listen(0, "127.0.0.1");
   await once(other, "listening");
   const { port } = other.address();
-  const { until, ended } = startDemo(port);
+  const { until, ended } = startDemo(t, port);
 
   assert.match(await until("in use"), new RegExp(`port ${port} is in use`));
   assert.equal(await ended, 1);
@@ -67,8 +88,8 @@ test("./demo says so when its port is in use", async () => {
 });
 
 for (const port of ["0", "99999", "eight"]) {
-  test(`./demo refuses the port ${port}`, async () => {
-    const { until, ended } = startDemo(port);
+  test(`./demo refuses the port ${port}`, async (t) => {
+    const { until, ended } = startDemo(t, port);
 
     assert.match(await until("not a port"), /is not a port/);
     assert.equal(await ended, 1);

@@ -1,34 +1,11 @@
 // Every page of the site, for every kind of visitor.
 
 import assert from "node:assert/strict";
-import { lowContrasts } from "./contrast.mjs";
 import { examples } from "./examples.mjs";
-import { keepScreenshot, siteTest, visitors } from "./site.mjs";
+import { siteTest, visitors } from "./site.mjs";
+import { testForTrouble } from "./trouble.mjs";
 
-/** Addresses of the images that did not come. */
-const brokenImages = (page) =>
-  page.evaluate(() =>
-    [...document.querySelectorAll("img, input[type=image]")]
-      .filter((image) => (image.tagName === "IMG" ? image.naturalWidth === 0 : image.offsetWidth === 0))
-      .map((image) => image.src),
-  );
-
-/** By how many pixels the page is wider than the window. */
-const sidewaysScroll = (page) => page.evaluate(() => document.documentElement.scrollWidth - window.innerWidth);
-
-for (const [kind, visitor] of Object.entries(visitors)) {
-  for (const name of ["index.php", ...examples]) {
-    siteTest(`${name} loads without trouble (${kind})`, visitor, async ({ page, troubles }) => {
-      await page.goto(`/${name}`);
-
-      assert.deepEqual(await brokenImages(page), []);
-      assert.ok((await sidewaysScroll(page)) <= 0, "the page scrolls sideways");
-      assert.deepEqual(await lowContrasts(page), []);
-      assert.deepEqual(troubles, []);
-      await keepScreenshot(page, `${name.replace(".php", "")}-${kind}`);
-    });
-  }
-}
+for (const name of ["index.php", ...examples]) testForTrouble(name, name);
 
 for (const name of examples) {
   siteTest(`${name} shows rows and no error`, visitors.light, async ({ page }) => {

@@ -26,6 +26,12 @@ export const visitors = {
   phone: { viewport: { width: 390, height: 780 }, colorScheme: "light", deviceScaleFactor: 2, hasTouch: true },
 };
 
+/** Visitors whose browser runs the page's scripts, and visitors whose browser runs none. */
+export const withAndWithoutScripts = {
+  "with scripts": visitors.light,
+  "without scripts": { ...visitors.light, javaScriptEnabled: false },
+};
+
 let browser;
 let folder;
 
@@ -51,16 +57,38 @@ async function theBrowser() {
   return browser;
 }
 
-/** A copy of the shop that nobody else uses. The shop itself is the one given, or made once for each file of tests. */
-async function freshShop() {
+/** A folder of its own for a test, inside that of the file of tests. */
+async function freshFolder() {
   if (!folder) {
     await run("php", ["-n", "-d", `extension=${extension}`, "-r", "exit(extension_loaded('dralo') ? 0 : 1);"]);
     folder = await mkdtemp(join(tmpdir(), "dralo-browser-"));
-    if (!givenShop) await run(join(root, "site/data/make_shop.py"), [join(folder, "shop.db")]);
   }
-  const copy = join(await mkdtemp(join(folder, "test-")), "shop.db");
-  await copyFile(givenShop ?? join(folder, "shop.db"), copy);
+  return mkdtemp(join(folder, "test-"));
+}
+
+let madeShop;
+
+async function makeShop() {
+  const shop = join(await freshFolder(), "shop.db");
+  await run(join(root, "site/data/make_shop.py"), [shop]);
+  return shop;
+}
+
+/** A copy of the shop that nobody else uses. The shop itself is the one given, or made once for each file of tests. */
+async function freshShop() {
+  const shop = givenShop ?? (await (madeShop ??= makeShop()));
+  const copy = join(await freshFolder(), "shop.db");
+  await copyFile(shop, copy);
   return copy;
+}
+
+/** A new database made by the statements. */
+async function freshDatabase(statements) {
+  const file = join(await freshFolder(), "test.db");
+  const made = run("sqlite3", ["-bail", file]);
+  made.child.stdin.end(statements);
+  await made;
+  return file;
 }
 
 export async function freePort() {
@@ -80,15 +108,13 @@ async function answers(url) {
   }
 }
 
-/** Starts the example site. `log()` is what the server has said so far; `stop()` ends it. */
-async function startServer() {
-  const shop = await freshShop();
+/** Starts a server for the pages of a folder. `log()` is what it has said so far; `stop()` ends it. */
+async function startServer(pages, environment) {
   const url = `http://127.0.0.1:${await freePort()}`;
-  const site = join(root, "site");
   const server = spawn(
     "php",
-    ["-n", "-d", `extension=${extension}`, "-S", url.slice("http://".length), "-t", site, join(site, "router.php")],
-    { env: { ...process.env, DRALO_SHOP_DB: shop, LC_ALL: "C" }, stdio: ["ignore", "pipe", "pipe"] },
+    ["-n", "-d", `extension=${extension}`, "-S", url.slice("http://".length), "-t", pages, join(pages, "router.php")],
+    { env: { ...process.env, ...environment, LC_ALL: "C" }, stdio: ["ignore", "pipe", "pipe"] },
   );
   let said = "";
   server.stdout.on("data", (text) => (said += text));
@@ -100,14 +126,14 @@ async function startServer() {
   };
 
   const last = Date.now() + 15_000;
-  while (!(await answers(url))) {
+  while (!(await answers(`${url}/gfx/nextpg.gif`))) {
     if (server.exitCode !== null || Date.now() > last) {
       await stop();
       assert.fail(`the server does not answer; it said:\n${said}`);
     }
     await pause(50);
   }
-  return { url, shop, stop, log: () => said };
+  return { url, stop, log: () => said };
 }
 
 /** What goes wrong in a page without a visitor's doing: errors of scripts, requests that fail. */
@@ -115,23 +141,23 @@ function watch(page) {
   const troubles = [];
   page.on("console", (message) => message.type() === "error" && troubles.push(`console: ${message.text()}`));
   page.on("pageerror", (error) => troubles.push(`script: ${error.message}`));
-  page.on("requestfailed", (request) => troubles.push(`no answer: ${request.url()}`));
+  // A page that is left while it loads has its requests aborted.
+  page.on("requestfailed", (request) => {
+    if (request.failure().errorText !== "net::ERR_ABORTED") troubles.push(`no answer: ${request.url()}`);
+  });
   page.on("response", (response) => response.status() >= 400 && troubles.push(`${response.status()}: ${response.url()}`));
   return troubles;
 }
 
-/**
- * A test with the example site and a page of the browser. `body` gets { page, url, shop, troubles }. When it fails, what
- * the server said is printed.
- */
-export function siteTest(name, visitor, body) {
+/** A test with a server and a page of the browser. When it fails, what the server said is printed. */
+function serverTest(name, visitor, start, body) {
   test(name, async () => {
-    const server = await startServer();
+    const { server, ...given } = await start();
     const context = await (await theBrowser()).newContext({ ...visitor, baseURL: server.url });
     try {
       context.setDefaultTimeout(10_000);
       const page = await context.newPage();
-      await body({ page, url: server.url, shop: server.shop, troubles: watch(page) });
+      await body({ page, url: server.url, ...given, troubles: watch(page) });
     } catch (error) {
       console.error(`The server of "${name}" said:\n${server.log()}`);
       throw error;
@@ -140,6 +166,24 @@ export function siteTest(name, visitor, body) {
       await server.stop();
     }
   });
+}
+
+/** A test with the example site. `body` gets { page, url, shop, troubles }; `shop` is the file that all pages use. */
+export function siteTest(name, visitor, body) {
+  const start = async () => {
+    const shop = await freshShop();
+    return { shop, server: await startServer(join(root, "site"), { DRALO_SHOP_DB: shop, DRALO_OPEN_SHOP_DB: shop }) };
+  };
+  serverTest(name, visitor, start, body);
+}
+
+/** A test with the pages in "served" and a database made by `statements`. `body` gets { page, url, database, troubles }. */
+export function servedTest(name, visitor, statements, body) {
+  const start = async () => {
+    const database = await freshDatabase(statements);
+    return { database, server: await startServer(join(root, "tests/browser/served"), { DRALO_TEST_DATABASE: database }) };
+  };
+  serverTest(name, visitor, start, body);
 }
 
 /** Keeps a picture of the whole page in build/screenshots, for people to look at. */

@@ -6,13 +6,65 @@ import { siteTest, visitors } from "./site.mjs";
 siteTest("The element with the keyboard's focus has an outline", visitors.light, async ({ page }) => {
   await page.goto("/grid.php");
 
-  for (const selector of ["a.DRLOTableTH", "input[type=image]"]) {
+  for (const selector of ["a.DRLOTableTH", "a.DRLOTable", "input[type=image]"]) {
     await page.locator(selector).first().focus();
     await page.keyboard.press("Tab");
     await page.keyboard.press("Shift+Tab");
     const outline = await page.evaluate(() => getComputedStyle(document.activeElement).outline);
     assert.match(outline, /solid 2px/, selector);
   }
+});
+
+const form = "Morvu1FormDisplay=formOneRec&Morvu1PK=17&Morvu1FormEdit=1";
+
+siteTest("Every stop of the Tab key in a form has an outline, its controls in their order", visitors.light, async ({
+  page,
+}) => {
+  await page.goto(`/customers.php?${form}`);
+  await page.getByRole("button", { name: "Save" }).focus();
+
+  const stops = [];
+  for (let stop = 0; stop < 13; stop++) {
+    await page.keyboard.press("Tab");
+    stops.push(
+      await page.evaluate(() => {
+        const { name, value } = document.activeElement;
+        const label = name.includes("_Form_") ? name.split("_").at(-1) : value;
+        return `${label} ${getComputedStyle(document.activeElement).outline.match(/solid 2px/)}`;
+      }),
+    );
+  }
+
+  const fields = ["Company", "Contact", "City", "Country", "Email", "CreditLimit", "Newsletter", "Since", "LastVisit"];
+  const expected = ["Close", "Add", "Delete", ...fields, "Notes"];
+  assert.deepEqual(stops, expected.map((name) => `${name} solid 2px`));
+});
+
+siteTest("A field that cannot be changed looks different from one that can", visitors.dark, async ({ page }) => {
+  await page.goto(`/customers.php?${form}`);
+  const look = (name) =>
+    page
+      .locator(`[id="Morvu1_Form_${name}"]`)
+      .first()
+      .evaluate((control) => [getComputedStyle(control).backgroundColor, getComputedStyle(control).color]);
+
+  const [ground, colour] = await look("ID");
+  const [others, colourOfOthers] = await look("Company");
+  assert.notEqual(ground, others);
+  assert.notEqual(colour, colourOfOthers);
+});
+
+siteTest("On a phone labels stand above their fields, and fields fit into the window", visitors.phone, async ({ page }) => {
+  await page.goto(`/customers.php?${form}`);
+
+  const rows = await page.locator("table.DRLOTableFormDataEdit tr").evaluateAll((all) =>
+    all.map((row) => {
+      const [label, control] = [row.cells[0], row.querySelector("input:not([type=hidden]), select, textarea")];
+      const [above, below] = [label.getBoundingClientRect(), control.getBoundingClientRect()];
+      return above.bottom <= below.top + 1 && below.right <= window.innerWidth && below.left >= 0;
+    }),
+  );
+  assert.deepEqual(rows, Array(11).fill(true));
 });
 
 siteTest("Every stop of the Tab key in the bar can be seen whole", visitors.phone, async ({ page }) => {
@@ -80,4 +132,8 @@ siteTest("Paper shows the rows, not what can only be clicked", visitors.light, a
   assert.equal(await page.locator("[id=drl1cell_1_2]").isVisible(), true);
   assert.equal(await page.locator("input[type=image]").first().isVisible(), false);
   assert.equal(await page.getByRole("navigation").isVisible(), false);
+
+  await page.goto("/customers.php?Morvu1FormDisplay=formOneRec&Morvu1PK=17");
+  assert.equal(await page.getByRole("button", { name: "Edit" }).isVisible(), false);
+  assert.equal(await page.getByRole("cell", { name: "Stockholm", exact: true }).isVisible(), true);
 });

@@ -7,9 +7,7 @@ export const viewOf = (page, tag = 1) => page.locator(`table:has(> #FormDraloGri
 
 /** Does `action` and waits for the page that the site answers with. */
 export async function answered(page, action) {
-  const loaded = page.waitForEvent("load");
-  await action();
-  await loaded;
+  await Promise.all([page.waitForEvent("load"), action()]);
 }
 
 /** A button of the bar, such as "Next Page"; with two bars the one above. */

@@ -1,0 +1,38 @@
+<?php
+
+require "frame/frame.php";
+begin_page();
+
+// Values are written as they are: where they are shown, the query makes the signs of visitors' texts harmless.
+// The form takes care of that itself.
+$shown = "Customers.ID, " . escaped("Company") . " AS Company, " . escaped("Contact") . " AS Contact, "
+    . escaped("City") . " AS City, Countries.Name AS Country";
+
+$view = new Dralo\DbView();
+$view->ConnectionString = "Provider=SQLite;Data Source=" . open_shop_file();
+$view->sql = "SELECT $shown, Since FROM Customers JOIN Countries ON Countries.Code = Country";
+$view->FormSQL = "SELECT $shown, " . escaped("Email") . " AS Email, CreditLimit, Newsletter, Since, LastVisit, "
+    . escaped("Notes") . " AS Notes FROM Customers JOIN Countries ON Countries.Code = Country";
+$view->EditSQL = "SELECT ID, Company, Contact, City, Country, Email, CreditLimit, Newsletter, Since, LastVisit, Notes
+                  FROM Customers";
+$view->DeleteSQL = "DELETE FROM Customers";
+
+$view->EditOptions = "ADD UPDATE DELETE";
+$view->EditPrimaryKeys = "ID";
+$view->EditNewPKStatement = "autoincrement";
+$view->EditFieldsReadOnly = "ID";
+$view->EditConfirmDeleteString = "Delete this customer?";
+$view->AddEditLookup("Country", "Countries", "Code", "Name", "Name", false);
+
+$view->OrderByFields = "1";
+$view->FormDisplayFieldNames = ",,,,,E-mail,Credit limit,,,Last visit";
+$view->RecordsPerPage = 10;
+$view->ImageDir = "/gfx/";
+$view->Width = "100%";
+$view->WriteHtmlTable();
+echo $view->ErrorMessage;
+?>
+<p class="hint">What you save here stays until the demo is started again, for all visitors. A customer with orders cannot be
+deleted: add one of your own first. There is room for 500.</p>
+<?php
+end_page();
