@@ -54,6 +54,19 @@ siteTest("A field that cannot be changed looks different from one that can", vis
   assert.notEqual(colour, colourOfOthers);
 });
 
+siteTest("Controls stay inside the form in windows of any width", visitors.light, async ({ page }) => {
+  for (const width of [500, 700, 1000, 1600]) {
+    await page.setViewportSize({ width, height: 800 });
+    await page.goto(`/customers.php?${form}`);
+    const beyond = await page.locator("table.DRLOTableFormDataEdit td > nobr > *, table.DRLOTableFormDataEdit td > *").evaluateAll((all) =>
+      all
+        .filter((control) => control.getBoundingClientRect().right > document.querySelector("main").getBoundingClientRect().right)
+        .map((control) => control.id),
+    );
+    assert.deepEqual(beyond, [], `${width} pixels`);
+  }
+});
+
 siteTest("On a phone labels stand above their fields, and fields fit into the window", visitors.phone, async ({ page }) => {
   await page.goto(`/customers.php?${form}`);
 
