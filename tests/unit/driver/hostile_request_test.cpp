@@ -21,6 +21,7 @@ constexpr int kRows = 45;
 struct Site {
   const char* name;
   void (*configure)(shell::DbView& view);
+  const char* statements = "";
 };
 
 void PrintTo(const Site& site, std::ostream* out) { *out << site.name; }
@@ -67,6 +68,8 @@ std::string BrokenOut(std::string_view body) {
 
 class Attack : public ::testing::TestWithParam<Site> {
  protected:
+  Attack() { database_.Run(GetParam().statements); }
+
   /// The page must be whole or say what went wrong, and must leave the database to others.
   Answer Send(FakePage& page) {
     shell::DbView view(tests::TestEnvironment());
@@ -149,6 +152,26 @@ INSTANTIATE_TEST_SUITE_P(Sites, Attack,
                                                   Set(view, "EditOptions", "ADD UPDATE");
                                                   view.Set("RecordsPerPage", std::int64_t{3});
                                                 }},
+                                           Site{"edited",
+                                                [](shell::DbView& view) {
+                                                  Set(view, "DisplayType", "form");
+                                                  Set(view, "EditOptions", "ALL");
+                                                  Set(view, "EditPrimaryKeys", "Name");
+                                                  Set(view, "EditSQL", "SELECT Name, ID FROM Items");
+                                                  Set(view, "EditFieldsReadOnly", "*");
+                                                  Set(view, "DeleteSQL", "DELETE FROM Items");
+                                                }},
+                                           Site{"never saved",
+                                                [](shell::DbView& view) {
+                                                  Set(view, "EditOptions", "ALL NOVIEW");
+                                                  Set(view, "EditPrimaryKeys", "Name");
+                                                  Set(view, "EditSQL", "SELECT Name, ID FROM Items");
+                                                  Set(view, "EditFieldsReadOnly", "ID");
+                                                },
+                                                "CREATE TRIGGER Added BEFORE INSERT ON Items "
+                                                "BEGIN SELECT RAISE(ABORT, 'no'); END;"
+                                                "CREATE TRIGGER Changed BEFORE UPDATE ON Items "
+                                                "BEGIN SELECT RAISE(ABORT, 'no'); END"},
                                            Site{"command",
                                                 [](shell::DbView& view) {
                                                   Set(view, "sql",
