@@ -32,15 +32,16 @@ function(dralo_folder name)
   endif()
 endfunction()
 
-# dralo_test(NAME LIBRARY...): the tests of this folder and those below it as the program NAME, one CTest test per
-# test case.
+# dralo_test(NAME LIBRARY... [PROPERTIES PROPERTY VALUE...]): the tests of this folder and those below it as the program
+# NAME, one CTest test per test case, each with the given properties.
 function(dralo_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 given "" "" "PROPERTIES")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(NOT sources)
     return()
   endif()
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(${name} PRIVATE ${ARGN} dralo_options GTest::gtest_main GTest::gmock)
-  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+  target_link_libraries(${name} PRIVATE ${given_UNPARSED_ARGUMENTS} dralo_options GTest::gtest_main GTest::gmock)
+  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300 ${given_PROPERTIES})
 endfunction()

@@ -70,6 +70,7 @@ class FakeRecords : public platform::Recordset {
   std::int64_t MaxRecords() const override { return 0; }
   void SetCursorLocation(platform::CursorLocation) override {}
   platform::CursorLocation Location() const override { return platform::CursorLocation::kServer; }
+  void SetUpdateCriteria(platform::UpdateCriteria) override {}
   void Open(std::string_view, const std::shared_ptr<platform::Connection>&, platform::CursorType,
             platform::LockType) override {}
   void Open(platform::Command&, platform::CursorType, platform::LockType) override {}
