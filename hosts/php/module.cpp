@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "database/objects.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/multipart.h"
@@ -13,6 +14,8 @@ namespace {
 
 PHP_INI_BEGIN()
 PHP_INI_ENTRY("dralo.locale", "", PHP_INI_SYSTEM, nullptr)
+PHP_INI_ENTRY("dralo.pool_idle_seconds", "60", PHP_INI_SYSTEM, nullptr)
+PHP_INI_ENTRY("dralo.pool_size", "8", PHP_INI_SYSTEM, nullptr)
 PHP_INI_END()
 
 /// Globals of the engine may lie elsewhere in another patch level of it.
@@ -39,6 +42,7 @@ PHP_MSHUTDOWN_FUNCTION(dralo) {
   (void)type;
   StopListeningToMultipart();
   CloseEnvironment();
+  database::CloseIdleConnections();
   UNREGISTER_INI_ENTRIES();
   return SUCCESS;
 }
@@ -53,6 +57,7 @@ PHP_RSHUTDOWN_FUNCTION(dralo) {
 zend_result AfterRequest() {
   ForgetPage();
   ForgetMultipartFields();
+  database::CloseStaleConnections();
   return SUCCESS;
 }
 

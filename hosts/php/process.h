@@ -4,8 +4,9 @@
 
 namespace dralo::php {
 
-/// The environment of this process, made when it is first needed, with the locale that dralo.locale names.
-/// Throws platform::Error when that locale is unknown.
+/// The environment of this process, made when it is first needed, with the locale that dralo.locale names and
+/// the limits of kept connections.
+/// Throws platform::Error when that locale is unknown or a limit is no number.
 host::Environment& TheEnvironment();
 
 /// Called when the module stops.

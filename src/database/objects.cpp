@@ -16,4 +16,10 @@ std::shared_ptr<platform::Recordset> MakeRecordset(const platform::Formatting* f
 
 void CloseIdleConnections() { SessionPool::Instance().CloseIdle(); }
 
+void LimitIdleConnections(std::size_t number, std::chrono::seconds idle_time) {
+  SessionPool::Instance().SetLimits({number, idle_time});
+}
+
+void CloseStaleConnections() noexcept { SessionPool::Instance().CloseStale(); }
+
 }  // namespace dralo::database

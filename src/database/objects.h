@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <memory>
 
 #include "platform/connection.h"
@@ -18,5 +20,12 @@ std::shared_ptr<platform::Recordset> MakeRecordset(const platform::Formatting* f
 /// Closes the connections that are kept for reuse; those in use are not touched. For the end of the process
 /// or of the host's module.
 void CloseIdleConnections();
+
+/// How many connections this process keeps for reuse, and how long; those beyond are closed. An `idle_time`
+/// of 0 sets no limit.
+void LimitIdleConnections(std::size_t number, std::chrono::seconds idle_time);
+
+/// Closes the connections that are kept for longer than that. Every use of a connection does it too.
+void CloseStaleConnections() noexcept;
 
 }  // namespace dralo::database

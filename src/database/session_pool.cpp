@@ -18,12 +18,22 @@ SessionPool& SessionPool::Instance() {
   return pool;
 }
 
-/// Room for all from the start, so that returning a session never fails.
-SessionPool::SessionPool() : process_(ProcessId()) { idle_.reserve(kMaxIdle); }
+SessionPool::SessionPool() : process_(ProcessId()) { idle_.reserve(limits_.idle_sessions + 1); }
 
 SessionPool::~SessionPool() { ForgetInherited(); }
 
+/// Room for all in advance, so that returning a session never fails.
+void SessionPool::SetLimits(const Limits& limits) {
+  {
+    const std::lock_guard lock(mutex_);
+    idle_.reserve(limits.idle_sessions + 1);
+    limits_ = limits;
+  }
+  CloseStale();
+}
+
 PooledSession SessionPool::Take(const std::string& key) {
+  CloseStale();
   if (key.empty()) return nullptr;
   while (auto session = TakeIdle(key)) {
     if (session->IsAlive()) return Adopt(std::move(session), key);
@@ -41,9 +51,9 @@ PooledSession SessionPool::Adopt(std::unique_ptr<Session> session, const std::st
 
 void SessionPool::CloseIdle() {
   std::vector<Idle> dropped;
-  dropped.reserve(kMaxIdle);
   const std::lock_guard lock(mutex_);
   ForgetInherited();
+  dropped.reserve(idle_.capacity());
   dropped.swap(idle_);
 }
 
@@ -53,13 +63,28 @@ SessionPool::Counts SessionPool::Count() {
   return {in_use_, idle_.size()};
 }
 
+void SessionPool::CloseStale() noexcept {
+  for (std::unique_ptr<Session> stale;; stale.reset()) {
+    const std::lock_guard lock(mutex_);
+    ForgetInherited();
+    stale = PopStale();
+    if (!stale) return;
+  }
+}
+
 void SessionPool::Return(std::unique_ptr<Session> session, std::string key) noexcept {
   const bool is_good = session->Reset() && !key.empty();
   std::unique_ptr<Session> dropped;
-  const std::lock_guard lock(mutex_);
-  ForgetInherited();
-  --in_use_;
-  dropped = is_good ? Keep(std::move(session), std::move(key)) : std::move(session);
+  {
+    const std::lock_guard lock(mutex_);
+    ForgetInherited();
+    --in_use_;
+    if (is_good) {
+      idle_.push_back({std::move(key), std::move(session), Clock::now()});
+      dropped = PopStale();
+    }
+  }
+  CloseStale();
 }
 
 /// The session returned last comes first: its caches are the warmest.
@@ -74,22 +99,17 @@ std::unique_ptr<Session> SessionPool::TakeIdle(const std::string& key) {
   return session;
 }
 
-/// Returns the session that has to go for it.
-std::unique_ptr<Session> SessionPool::Keep(std::unique_ptr<Session> session, std::string key) noexcept {
-  const auto has_key = [&](const Idle& idle) { return idle.key == key; };
-  std::unique_ptr<Session> dropped;
-  auto oldest = idle_.end();
-  if (static_cast<std::size_t>(std::ranges::count_if(idle_, has_key)) >= kMaxIdlePerKey) {
-    oldest = std::ranges::find_if(idle_, has_key);
-  } else if (idle_.size() >= kMaxIdle) {
-    oldest = idle_.begin();
-  }
-  if (oldest != idle_.end()) {
-    dropped = std::move(oldest->session);
-    idle_.erase(oldest);
-  }
-  idle_.push_back({std::move(key), std::move(session)});
-  return dropped;
+/// The oldest session if it must not be kept any longer.
+std::unique_ptr<Session> SessionPool::PopStale() noexcept {
+  if (idle_.empty() || !IsStale(idle_.front())) return nullptr;
+  auto session = std::move(idle_.front().session);
+  idle_.erase(idle_.begin());
+  return session;
+}
+
+bool SessionPool::IsStale(const Idle& idle) const noexcept {
+  if (idle_.size() > limits_.idle_sessions) return true;
+  return limits_.idle_time.count() > 0 && Clock::now() - idle.since > limits_.idle_time;
 }
 
 void SessionPool::ForgetInherited() noexcept {

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <mutex>
@@ -26,6 +27,9 @@ using PooledSession = std::unique_ptr<Session, ReturnToPool>;
 /// A session that comes back is rolled back, its statements are reset, and it is kept for the next Open()
 /// with the same key. What cannot be taken back by that (see the provider's Reset()) makes it be closed
 /// instead. A child process that inherits kept sessions by fork() forgets them without closing them.
+///
+/// Users are never kept waiting: when no kept session fits, a new one is opened. What the limits say is how
+/// many stay open afterwards, and how long.
 class SessionPool {
  public:
   struct Counts {
@@ -33,14 +37,20 @@ class SessionPool {
     std::size_t idle = 0;
   };
 
-  static constexpr std::size_t kMaxIdlePerKey = 4;
-  static constexpr std::size_t kMaxIdle = 64;
+  struct Limits {
+    std::size_t idle_sessions =
+        8;  ///< Of all keys together; the one that was used longest ago has to go first.
+    std::chrono::milliseconds idle_time = std::chrono::seconds{60};  ///< 0 sets no limit.
+  };
 
   static SessionPool& Instance();
 
   ~SessionPool();
   SessionPool(const SessionPool&) = delete;
   SessionPool& operator=(const SessionPool&) = delete;
+
+  /// Closes at once what is beyond the new limits.
+  void SetLimits(const Limits& limits);
 
   /// A kept session, or nullptr when there is none that is still good. An empty `key` never has one.
   PooledSession Take(const std::string& key);
@@ -51,24 +61,33 @@ class SessionPool {
   /// Closes all sessions that nobody uses.
   void CloseIdle();
 
+  /// Closes the sessions that nobody has used for longer than the limit. Take() and the return of a session
+  /// do that too; time alone does not.
+  void CloseStale() noexcept;
+
   Counts Count();
 
  private:
   friend struct ReturnToPool;
 
+  using Clock = std::chrono::steady_clock;
+
   struct Idle {
     std::string key;
     std::unique_ptr<Session> session;
+    Clock::time_point since;
   };
 
   SessionPool();
   void Return(std::unique_ptr<Session> session, std::string key) noexcept;
   std::unique_ptr<Session> TakeIdle(const std::string& key);
-  std::unique_ptr<Session> Keep(std::unique_ptr<Session> session, std::string key) noexcept;
+  std::unique_ptr<Session> PopStale() noexcept;
+  bool IsStale(const Idle& idle) const noexcept;
   void ForgetInherited() noexcept;
 
   std::mutex mutex_;
   pid_t process_;
+  Limits limits_;
   std::size_t in_use_ = 0;
   std::vector<Idle> idle_;  ///< In the order of their return.
 };

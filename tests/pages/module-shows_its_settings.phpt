@@ -1,5 +1,5 @@
 --TEST--
-Module: phpinfo() shows version, engine and settings; the locale can only be set by the system
+Module: phpinfo() shows version, engine and settings, which can only be set by the system
 --INI--
 dralo.locale=nb-NO
 --FILE--
@@ -8,7 +8,8 @@ $module = new ReflectionExtension('dralo');
 ob_start();
 $module->info();
 echo preg_replace(['/\d+\.\d+\.\d+/', '/\d{8}/'], ['N.N.N', 'NNNNNNNN'], ob_get_clean());
-var_dump(preg_match('/^\d+\.\d+\.\d+$/', $module->getVersion()), $module->getINIEntries(), ini_set('dralo.locale', 'en-US'));
+var_dump(preg_match('/^\d+\.\d+\.\d+$/', $module->getVersion()), $module->getINIEntries(), 
+    ini_set('dralo.locale', 'en-US'), ini_set('dralo.pool_size', '1'), ini_set('dralo.pool_idle_seconds', '1'));
 ?>
 --EXPECT--
 dralo
@@ -20,9 +21,17 @@ PHP API => NNNNNNNN
 
 Directive => Local Value => Master Value
 dralo.locale => nb-NO => nb-NO
+dralo.pool_idle_seconds => 60 => 60
+dralo.pool_size => 8 => 8
 int(1)
-array(1) {
+array(3) {
   ["dralo.locale"]=>
   string(5) "nb-NO"
+  ["dralo.pool_idle_seconds"]=>
+  string(2) "60"
+  ["dralo.pool_size"]=>
+  string(1) "8"
 }
+bool(false)
+bool(false)
 bool(false)

@@ -1,6 +1,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <thread>
 
@@ -15,6 +16,8 @@ using database::SessionPool;
 
 class SqlitePool : public SqliteFile {
  protected:
+  ~SqlitePool() override { SessionPool::Instance().SetLimits({}); }
+
   static std::size_t InUse() { return SessionPool::Instance().Count().in_use; }
   static std::size_t Idle() { return SessionPool::Instance().Count().idle; }
 
@@ -87,18 +90,60 @@ TEST_F(SqlitePool, TellsConnectionStringsApart) {
 
 TEST_F(SqlitePool, KeepsABoundedNumber) {
   std::vector<ConnectionPtr> connections;
-  for (std::size_t i = 0; i < SessionPool::kMaxIdlePerKey + 3; ++i)
-    connections.push_back(Connect(ConnectionString()));
-  EXPECT_EQ(InUse(), SessionPool::kMaxIdlePerKey + 3);
+  for (int i = 0; i < 12; ++i) connections.push_back(Connect(ConnectionString()));
+  EXPECT_EQ(InUse(), 12u);
   connections.clear();
-  EXPECT_EQ(Idle(), SessionPool::kMaxIdlePerKey);
+  EXPECT_EQ(Idle(), 8u);
 }
 
-TEST_F(SqlitePool, KeepsABoundedNumberOverAll) {
-  for (std::size_t i = 0; i < SessionPool::kMaxIdle + 5; ++i) {
-    Connect(ConnectionString("Busy Timeout=" + std::to_string(i)));
-  }
-  EXPECT_EQ(Idle(), SessionPool::kMaxIdle);
+TEST_F(SqlitePool, KeepsThoseThatWereUsedLast) {
+  const auto use = [&](int i) { return Connect(ConnectionString("Busy Timeout=" + std::to_string(i))); };
+  for (int i = 0; i < 8; ++i) Mark(use(i));
+  use(0);
+  use(100);
+  EXPECT_EQ(Idle(), 8u);
+  EXPECT_TRUE(IsMarked(use(0)));
+  EXPECT_FALSE(IsMarked(use(1)));
+}
+
+TEST_F(SqlitePool, KeepsAsManyAsItIsTold) {
+  std::vector<ConnectionPtr> connections;
+  for (int i = 0; i < 12; ++i) connections.push_back(Connect(ConnectionString()));
+  database::LimitIdleConnections(10, std::chrono::seconds{60});
+  connections.clear();
+  EXPECT_EQ(Idle(), 10u);
+
+  database::LimitIdleConnections(1, std::chrono::seconds{60});
+  EXPECT_EQ(Idle(), 1u);
+  database::LimitIdleConnections(0, std::chrono::seconds{60});
+  EXPECT_EQ(Idle(), 0u);
+  Mark(Connect(ConnectionString()));
+  EXPECT_EQ(Idle(), 0u);
+  EXPECT_FALSE(IsMarked(Connect(ConnectionString())));
+}
+
+TEST_F(SqlitePool, ClosesWhatNobodyHasUsedForAWhile) {
+  SessionPool::Instance().SetLimits({8, std::chrono::milliseconds{40}});
+  Mark(Connect(ConnectionString()));
+  EXPECT_TRUE(IsMarked(Connect(ConnectionString())));
+  Connect(ConnectionString("Busy Timeout=7"));
+  EXPECT_EQ(Idle(), 2u);
+
+  std::this_thread::sleep_for(std::chrono::milliseconds{60});
+
+  EXPECT_FALSE(IsMarked(Connect(ConnectionString())));
+  EXPECT_EQ(Idle(), 1u);
+  EXPECT_EQ(OpenFiles(), 1);
+  std::this_thread::sleep_for(std::chrono::milliseconds{60});
+  database::CloseStaleConnections();
+  EXPECT_EQ(Idle(), 0u);
+}
+
+TEST_F(SqlitePool, KeepsWhatNobodyUsesForEverWithoutALimitOfTime) {
+  SessionPool::Instance().SetLimits({8, std::chrono::milliseconds{0}});
+  Mark(Connect(ConnectionString()));
+  std::this_thread::sleep_for(std::chrono::milliseconds{5});
+  EXPECT_TRUE(IsMarked(Connect(ConnectionString())));
 }
 
 TEST_F(SqlitePool, KeepsNoConnectionToMemory) {
