@@ -21,6 +21,9 @@ struct Column {
 
   bool is_nullable = true;
 
+  /// The database numbers it by itself, as far as that is known without asking for the table.
+  bool is_numbered = false;
+
   /// Characters of a text column; 0 when none are declared.
   std::int64_t defined_size = 0;
 

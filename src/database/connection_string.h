@@ -12,6 +12,12 @@ namespace dralo::database {
 /// quotes, single quotes or braces; the closing one is doubled inside the value.
 class ConnectionString {
  public:
+  struct Pair {
+    std::string key;
+    std::string value;
+    std::string source;  ///< As it stands in the text.
+  };
+
   /// Throws platform::Error, without any part of the text, when a part has no "=" or a quote is not closed.
   explicit ConnectionString(std::string_view text);
 
@@ -20,16 +26,13 @@ class ConnectionString {
 
   std::optional<std::string_view> Find(std::string_view key) const;
 
+  /// In the order of the text, then those added.
+  const std::vector<Pair>& Pairs() const { return pairs_; }
+
   /// The text given, without the pairs that hold a password.
   std::string WithoutPassword() const;
 
  private:
-  struct Pair {
-    std::string key;
-    std::string value;
-    std::string source;  ///< As it stands in the text.
-  };
-
   std::vector<Pair> pairs_;
 };
 

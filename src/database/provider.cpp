@@ -1,6 +1,7 @@
 #include "database/provider.h"
 
 #include "database/ascii.h"
+#include "database/odbc/provider.h"
 #include "database/sqlite/provider.h"
 #include "platform/error.h"
 
@@ -8,12 +9,12 @@ namespace dralo::database {
 
 const Provider& FindProvider(const ConnectionString& connection_string) {
   static const sqlite::Provider sqlite_provider;
+  static const odbc::Provider odbc_provider;
 
   const auto name = connection_string.Find("Provider");
   if (connection_string.Find("Driver") || connection_string.Find("DSN") ||
       (name && EqualsIgnoringCase(*name, "MSDASQL"))) {
-    throw platform::Error(
-        "ODBC databases are not available in this version; write Provider=SQLite;Data Source=FILE");
+    return odbc_provider;
   }
   if (!name) {
     throw platform::Error("The connection string names no provider; write Provider=SQLite;Data Source=FILE");

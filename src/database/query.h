@@ -17,6 +17,9 @@ struct Query {
 
   /// The highest number of rows that are asked for; 0 means all. A hint: more may come.
   std::int64_t max_records = 0;
+
+  /// Whether the rows are to be changed, perhaps only to add one without reading any.
+  bool is_updatable = false;
 };
 
 }  // namespace dralo::database

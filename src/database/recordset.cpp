@@ -48,22 +48,22 @@ void Recordset::Open(std::string_view sql, const std::shared_ptr<platform::Conne
   RequireClosed();
   auto ours = RequireConnection(connection);
   const std::string text = StatementOf(ours->GetSession(), sql);
-  Start(std::move(ours), {text, {}, max_records_}, AreUpdatable(location_, cursor, lock));
+  Start(std::move(ours), {text, {}, max_records_, AreUpdatable(location_, cursor, lock)});
 }
 
 void Recordset::Open(platform::Command& command, platform::CursorType cursor, platform::LockType lock) {
   RequireClosed();
   auto ours = RequireConnection(command.active_connection);
   const std::string text = StatementOf(ours->GetSession(), command);
-  Start(std::move(ours), {text, command.parameters, max_records_}, AreUpdatable(location_, cursor, lock));
+  Start(std::move(ours), {text, command.parameters, max_records_, AreUpdatable(location_, cursor, lock)});
 }
 
 std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_view sql) {
   const std::string text = StatementOf(connection->GetSession(), sql);
-  return Start(std::move(connection), {text, {}, max_records_}, false);
+  return Start(std::move(connection), {text, {}, max_records_});
 }
 
-std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query, bool is_updatable) {
+std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query) {
   auto cursor = connection->GetSession().Prepare(query);
   auto columns = cursor->GetColumns();
   if (columns->empty()) {
@@ -72,7 +72,7 @@ std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Quer
   }
   ClientCursor* client = nullptr;
   const bool changes_data = cursor->ChangesData();
-  if (is_updatable || changes_data) {
+  if (query.is_updatable || changes_data) {
     auto owned = std::make_unique<ClientCursor>(std::move(cursor), query.max_records);
     client = owned.get();
     if (changes_data) client->Load();
@@ -81,7 +81,7 @@ std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Quer
   connection->Attach(*this);
   connection_ = std::move(connection);
   cursor_ = std::move(cursor);
-  updatable_ = is_updatable ? client : nullptr;
+  updatable_ = query.is_updatable ? client : nullptr;
   field_pointers_.clear();
   fields_.clear();
   columns_ = std::move(columns);
@@ -146,7 +146,7 @@ void Recordset::Update() {
     InsertRow(connection_->GetSession(), cursor, edit_->values);
     position_ = Position::kOnRow;
   } else {
-    UpdateRow(connection_->GetSession(), cursor, edit_->values);
+    UpdateRow(connection_->GetSession(), cursor, edit_->values, criteria_);
   }
   edit_.reset();
 }

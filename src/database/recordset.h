@@ -33,6 +33,7 @@ class Recordset final : public platform::Recordset {
   std::int64_t MaxRecords() const override { return max_records_; }
   void SetCursorLocation(platform::CursorLocation location) override;
   platform::CursorLocation Location() const override { return location_; }
+  void SetUpdateCriteria(platform::UpdateCriteria criteria) override { criteria_ = criteria; }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor = platform::CursorType::kForwardOnly,
             platform::LockType lock = platform::LockType::kReadOnly) override;
@@ -71,7 +72,7 @@ class Recordset final : public platform::Recordset {
     AssignedValues values;
   };
 
-  std::int64_t Start(std::shared_ptr<Connection> connection, const Query& query, bool is_updatable);
+  std::int64_t Start(std::shared_ptr<Connection> connection, const Query& query);
   void RequireClosed() const;
   void RequireOpen() const;
   void RequireNoEdit() const;
@@ -87,6 +88,7 @@ class Recordset final : public platform::Recordset {
   const platform::Formatting* formatting_;
   std::int64_t max_records_ = 0;
   platform::CursorLocation location_ = platform::CursorLocation::kServer;
+  platform::UpdateCriteria criteria_ = platform::UpdateCriteria::kChangedColumns;
 
   Position position_ = Position::kClosed;
   std::shared_ptr<Connection> connection_;

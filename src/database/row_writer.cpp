@@ -1,5 +1,6 @@
 #include "database/row_writer.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -47,17 +48,17 @@ Change MakeInsert(Session& session, ClientCursor& cursor, const AssignedValues& 
     marks.append(separator).append("?");
     change.Bind(session.Stored((*columns)[i], *values[i]));
   }
-  change.text = "INSERT INTO " + table.name;
-  change.text += names.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")";
+  change.text = names.empty() ? session.InsertOfDefaults(table.name)
+                              : "INSERT INTO " + table.name + " (" + names + ") VALUES (" + marks + ")";
   return change;
 }
 
 /// Adds the condition that a column has the stored value, if that is known.
-void AddCondition(Session& session, Change& change, const std::string& column,
+void AddCondition(Session& session, Change& change, const Column& column, const std::string& quoted_column,
                   const ClientCursor::Cell& cell) {
   if (!cell.stored) return;
   const bool was_null = IsNull(View(*cell.stored));
-  change.text += " AND " + session.Unchanged(column, was_null);
+  change.text += " AND " + session.Unchanged(column, quoted_column, was_null);
   if (!was_null) change.Bind(*cell.stored);
 }
 
@@ -73,7 +74,13 @@ void AddKey(Change& change, const BaseTable& table, const ClientCursor& cursor) 
   }
 }
 
-Change MakeUpdate(Session& session, ClientCursor& cursor, const AssignedValues& values) {
+/// Whether the column is one of the table, and not of its key, which is compared anyhow.
+bool IsComparable(const BaseTable& table, std::size_t column) {
+  return !table.columns[column].empty() && std::ranges::find(table.key, column) == table.key.end();
+}
+
+Change MakeUpdate(Session& session, ClientCursor& cursor, const AssignedValues& values,
+                  platform::UpdateCriteria criteria) {
   const BaseTable& table = cursor.Table();
   const auto columns = cursor.GetColumns();
   Change change;
@@ -86,8 +93,10 @@ Change MakeUpdate(Session& session, ClientCursor& cursor, const AssignedValues& 
     separator = ", ";
   }
   AddKey(change, table, cursor);
+  const bool compares_all = criteria == platform::UpdateCriteria::kAllColumns;
   for (std::size_t i = 0; i < values.size(); ++i) {
-    if (values[i]) AddCondition(session, change, table.columns[i], cursor.At(i));
+    if (values[i] || (compares_all && IsComparable(table, i)))
+      AddCondition(session, change, (*columns)[i], table.columns[i], cursor.At(i));
   }
   return change;
 }
@@ -104,16 +113,18 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
 
   Transaction transaction(session);
   RunForOneRow(session, change, "The row was not added; a rule of the database prevented it");
-  if (const auto identity = cursor.Table().identity) {
-    const Variant number = session.LastIdentity();
+  const auto identity = cursor.Table().identity;
+  if (identity && IsNull(View(row[*identity].value))) {
+    const Variant number = session.LastIdentity(cursor.Table(), (*columns)[*identity]);
     row[*identity] = {number, number};
   }
   transaction.Commit();
   cursor.Append(std::move(row));
 }
 
-void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values) {
-  const Change change = MakeUpdate(session, cursor, values);
+void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values,
+               platform::UpdateCriteria criteria) {
+  const Change change = MakeUpdate(session, cursor, values, criteria);
   Transaction transaction(session);
   RunForOneRow(
       session, change,

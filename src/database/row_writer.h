@@ -5,6 +5,7 @@
 
 #include "database/client_cursor.h"
 #include "database/session.h"
+#include "platform/recordset.h"
 #include "platform/variant.h"
 
 namespace dralo::database {
@@ -16,8 +17,9 @@ using AssignedValues = std::vector<std::optional<platform::Variant>>;
 /// The number that the database gave it stands in its field. Throws platform::Error, having changed nothing.
 void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& values);
 
-/// Writes the assigned values to the current row of `cursor` if the row is still there and the values they
-/// replace are still the old ones. Throws platform::Error, having changed nothing.
-void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values);
+/// Writes the assigned values to the current row of `cursor` if the row is still there and its values, those
+/// that are replaced or all, are still the old ones. Throws platform::Error, having changed nothing.
+void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values,
+               platform::UpdateCriteria criteria);
 
 }  // namespace dralo::database

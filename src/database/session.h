@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "database/base_table.h"
 #include "database/column.h"
 #include "database/cursor.h"
 #include "database/query.h"
@@ -35,18 +36,22 @@ class Session {
 
   /// The condition that a column still has the value it was read with: given as a parameter, or nothing to
   /// bind when it was Null.
-  virtual std::string Unchanged(const std::string& quoted_column, bool was_null) const = 0;
+  virtual std::string Unchanged(const Column& column, const std::string& quoted_column,
+                                bool was_null) const = 0;
 
   /// `value`, which has the column's type, as it is written into the column.
   virtual platform::Variant Stored(const Column& column, const platform::Variant& value) const = 0;
+
+  /// The statement that adds a row of default values.
+  virtual std::string InsertOfDefaults(const std::string& quoted_table) const = 0;
 
   /// Starts a transaction, inside one that is open already a part of it that can be undone alone.
   virtual void Begin() = 0;
   virtual void Commit() = 0;
   virtual void Rollback() noexcept = 0;
 
-  /// The number that the database gave to the row inserted last.
-  virtual std::int64_t LastIdentity() const = 0;
+  /// The number that the database gave, in `column` of `table`, to the row inserted last.
+  virtual std::int64_t LastIdentity(const BaseTable& table, const Column& column) const = 0;
 
   /// Whether a kept session still reaches the database that its connection string names.
   virtual bool IsAlive() noexcept = 0;

@@ -58,6 +58,8 @@ class Save {
   bool Open(const std::string& statement) {
     recordset_ = platform::Create<platform::Recordset>(render_.environment, "ADODB.Recordset");
     recordset_->SetCursorLocation(platform::CursorLocation::kClient);
+    // Of two saves of one record at the same moment one must fail, or the record would be a mixture of both.
+    recordset_->SetUpdateCriteria(platform::UpdateCriteria::kAllColumns);
     try {
       recordset_->Open(statement, shell::OpenConnection(settings_), platform::CursorType::kKeyset,
                        platform::LockType::kOptimistic);

@@ -22,6 +22,9 @@ enum class LockType : int {
 };
 enum class CursorLocation : int { kServer = 2, kClient = 3 };
 
+/// Whose old values must still be there when a row is written.
+enum class UpdateCriteria { kChangedColumns, kAllColumns };
+
 /// The rows of a query, read forward one at a time.
 /// Opening is lazy: the statement is checked by Open(), but no row is read before a row, a field or the end
 /// is asked for.
@@ -34,6 +37,10 @@ class Recordset : public Object {
   /// kServer by default. Set before opening.
   virtual void SetCursorLocation(CursorLocation location) = 0;
   virtual CursorLocation Location() const = 0;
+
+  /// kChangedColumns by default, which lets somebody else change other columns meanwhile; with kAllColumns
+  /// one of two changes of a row always fails.
+  virtual void SetUpdateCriteria(UpdateCriteria criteria) = 0;
 
   /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
   /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the
@@ -64,7 +71,8 @@ class Recordset : public Object {
   /// Starts a new row whose fields are Null.
   virtual void AddNew() = 0;
 
-  /// Writes the new or changed row: exactly one row, whose old values must still be there. On failure nothing
+  /// Writes the new or changed row: exactly one row, whose old values must still be there; of which columns,
+  /// the update criteria say. On failure nothing
   /// is changed in the database and the values set stay in the fields. Without a change nothing is written.
   virtual void Update() = 0;
 

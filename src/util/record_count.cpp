@@ -15,6 +15,7 @@ std::string RecordCountStatement(std::string_view query) {
 std::int32_t RecordCount(platform::Environment& environment,
                          const std::shared_ptr<platform::Connection>& connection, std::string_view query) {
   const auto recordset = platform::Create<platform::Recordset>(environment, "ADODB.Recordset");
+  recordset->SetMaxRecords(1);
   recordset->Open(RecordCountStatement(query), connection);
   const std::int32_t count =
       ToInt32(environment.Regional(), recordset->Fields()[0]->Value(), "The record count");

@@ -59,6 +59,28 @@ TEST_P(ConcurrentEditing, LetsSomebodyElseChangeOtherFields) {
             Lines{"'Mine' 77 'theirs'"});
 }
 
+TEST_P(ConcurrentEditing, LetsNobodyElseChangeOtherFieldsWhenAllAreCompared) {
+  const auto recordset = EditRecord(1);
+  recordset->SetUpdateCriteria(platform::UpdateCriteria::kAllColumns);
+  Set(recordset, "Name", "Mine");
+  Connect(ConnectionString())->Execute("UPDATE Goods SET Stock = 77 WHERE ID = 1");
+
+  EXPECT_EQ(MessageOf([&] { recordset->Update(); }), kConflict);
+
+  EXPECT_EQ(Rows(connection_, "SELECT Stock FROM Goods WHERE ID = 1 AND Name <> 'Mine'"), Lines{"77"});
+}
+
+TEST_P(ConcurrentEditing, ComparesValuesOfEveryKindWithThemselves) {
+  const auto recordset = EditRecord(1);
+  recordset->SetUpdateCriteria(platform::UpdateCriteria::kAllColumns);
+  Set(recordset, "Name", "Mine");
+  recordset->Update();
+  Set(recordset, "Name", "Mine again");
+  recordset->Update();
+
+  EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'Mine again'"});
+}
+
 TEST_P(ConcurrentEditing, LeavesTheDatabaseToOthersWhileARecordIsEdited) {
   const auto recordset = Edit(connection_, "SELECT * FROM Goods");
   Set(recordset, "Name", "Mine");

@@ -22,7 +22,8 @@ TEST_P(Editing, WritesTheChangedFields) {
   Set(recordset, "Note", Null{});
   recordset->Update();
 
-  EXPECT_EQ(Record(1), Lines{"'Hammer' 7.25 12 false 2021-03-04 00:00:00 2021-03-04 05:06:07 1.5 null"});
+  EXPECT_EQ(Record(1), Lines{"'Hammer' " + Decimal("7.25") +
+                             " 12 false 2021-03-04 00:00:00 2021-03-04 05:06:07 1.5 null"});
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods WHERE Name = 'Hammer'"), Lines{"1"});
 }
 
@@ -45,7 +46,7 @@ TEST_P(Editing, ChangesTheSameRecordTwice) {
   recordset->Update();
 
   EXPECT_EQ(Rows(connection_, "SELECT Price, Seen FROM Goods WHERE ID = 1"),
-            Lines{"2.5 2002-02-02 00:00:00"});
+            Lines{Decimal("2.50") + " 2002-02-02 00:00:00"});
 }
 
 TEST_P(Editing, ChangesTheKeyOfARecord) {
@@ -119,7 +120,7 @@ TEST_P(Editing, AddsARecordOfTheFieldsThatWereSet) {
 
   EXPECT_EQ(ValueOf(*recordset, "ID"), "6");
   EXPECT_EQ(ValueOf(*recordset, "Name"), "'Flute'");
-  EXPECT_EQ(Record(6), Lines{"'Flute' 19.9 null true null null null null"});
+  EXPECT_EQ(Record(6), Lines{"'Flute' " + Decimal("19.90") + " null true null null null null"});
 }
 
 TEST_P(Editing, ChangesTheRecordThatWasAdded) {

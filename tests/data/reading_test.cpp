@@ -1,11 +1,8 @@
 #include "data/databases.h"
-#include "platform/type_code.h"
 
 namespace dralo::tests {
 
 namespace {
-
-using platform::TypeCode;
 
 class Reading : public DatabaseContract {};
 INSTANTIATE_TEST_SUITE_P(Databases, Reading, kDatabases, DatabaseName);
@@ -13,7 +10,8 @@ INSTANTIATE_TEST_SUITE_P(Databases, Reading, kDatabases, DatabaseName);
 TEST_P(Reading, YieldsEveryKindOfValue) {
   EXPECT_EQ(Rows(connection_,
                  "SELECT ID, Name, Price, Stock, Active, Born, Seen, Weight, Note FROM Goods WHERE ID = 1"),
-            Lines{"1 'Anvil' 12.5 3 true 2024-02-29 00:00:00 2024-03-01 10:20:30 99.5 'heavy'"});
+            Lines{"1 'Anvil' " + Decimal("12.50") +
+                  " 3 true 2024-02-29 00:00:00 2024-03-01 10:20:30 99.5 'heavy'"});
 }
 
 TEST_P(Reading, YieldsNullForAnAbsentValue) {
@@ -27,16 +25,16 @@ TEST_P(Reading, DescribesTheColumns) {
   const auto type = [&](const char* name) { return FieldOf(*recordset, name).Type(); };
 
   EXPECT_EQ(recordset->Fields().size(), 10u);
-  EXPECT_EQ(type("ID"), TypeCode::kInteger);
-  EXPECT_EQ(type("Name"), TypeCode::kVarWideChar);
-  EXPECT_EQ(type("Price"), TypeCode::kNumeric);
-  EXPECT_EQ(type("Stock"), TypeCode::kSmallInt);
-  EXPECT_EQ(type("Active"), TypeCode::kBoolean);
-  EXPECT_EQ(type("Born"), TypeCode::kDate);
-  EXPECT_EQ(type("Seen"), TypeCode::kDate);
-  EXPECT_EQ(type("Weight"), TypeCode::kDouble);
-  EXPECT_EQ(type("Note"), TypeCode::kLongVarWideChar);
-  EXPECT_EQ(type("Picture"), TypeCode::kLongVarBinary);
+  EXPECT_EQ(type("ID"), GetParam().identity.code);
+  EXPECT_EQ(type("Name"), GetParam().text.code);
+  EXPECT_EQ(type("Price"), GetParam().decimal.code);
+  EXPECT_EQ(type("Stock"), GetParam().small.code);
+  EXPECT_EQ(type("Active"), GetParam().boolean.code);
+  EXPECT_EQ(type("Born"), GetParam().date.code);
+  EXPECT_EQ(type("Seen"), GetParam().timestamp.code);
+  EXPECT_EQ(type("Weight"), GetParam().number.code);
+  EXPECT_EQ(type("Note"), GetParam().long_text.code);
+  EXPECT_EQ(type("Picture"), GetParam().bytes.code);
   EXPECT_EQ(FieldOf(*recordset, "Name").DefinedSize(), 20);
   EXPECT_EQ(FieldOf(*recordset, "Note").DefinedSize(), 0);
   EXPECT_EQ(FieldOf(*recordset, "Name").Attributes() & platform::kFieldIsNullable, 0);
@@ -54,7 +52,7 @@ TEST_P(Reading, TellsTheSizeOfAValueInBytes) {
 }
 
 TEST_P(Reading, KeepsTheNameOfAnAlias) {
-  EXPECT_EQ(Read(connection_, "SELECT COUNT(*) AS ANT FROM Goods")->Fields()[0]->Name(), "ANT");
+  EXPECT_EQ(Read(connection_, "SELECT COUNT(*) AS ANT FROM Goods")->Fields()[0]->Name(), Named("ANT"));
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) AS ANT FROM (SELECT * FROM Goods) DRALOALIAS"), Lines{"5"});
 }
 
@@ -72,7 +70,7 @@ TEST_P(Reading, KnowsTheColumnsOfAnEmptyResult) {
   const auto recordset = Read(connection_, "SELECT ID, Name FROM Goods WHERE ID = 0");
 
   EXPECT_TRUE(recordset->Eof());
-  EXPECT_EQ(recordset->Fields()[1]->Name(), "Name");
+  EXPECT_EQ(recordset->Fields()[1]->Name(), Named("Name"));
   EXPECT_THROW(recordset->Fields()[1]->Value(), platform::Error);
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/show.h"
+#include "database/ascii.h"
 #include "database/objects.h"
 #include "platform/error.h"
 
@@ -40,9 +41,10 @@ inline RecordsetPtr Edit(const ConnectionPtr& connection, std::string_view sql,
   return recordset;
 }
 
+/// The field of that name in any letter case.
 inline platform::Field& FieldOf(platform::Recordset& recordset, std::string_view name) {
   for (platform::Field* field : recordset.Fields()) {
-    if (field->Name() == name) return *field;
+    if (database::EqualsIgnoringCase(field->Name(), name)) return *field;
   }
   throw std::invalid_argument("no field " + std::string(name));
 }

@@ -83,7 +83,8 @@ std::string Session::ProcedureCall(std::string_view /*name*/, std::size_t /*para
 }
 
 /// COLLATE, so that values which only sort as equals are told apart.
-std::string Session::Unchanged(const std::string& quoted_column, bool was_null) const {
+std::string Session::Unchanged(const Column& /*column*/, const std::string& quoted_column,
+                               bool was_null) const {
   return quoted_column + (was_null ? " IS NULL" : " COLLATE BINARY IS ?");
 }
 
@@ -98,6 +99,10 @@ Variant Session::Stored(const Column& column, const Variant& value) const {
     default:
       return DateTimeText(*time);
   }
+}
+
+std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
+  return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
 }
 
 void Session::Begin() {

@@ -27,12 +27,15 @@ class Session final : public database::Session {
   std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
   std::string QuoteName(std::string_view name) const override;
   std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
-  std::string Unchanged(const std::string& quoted_column, bool was_null) const override;
+  std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
   platform::Variant Stored(const Column& column, const platform::Variant& value) const override;
+  std::string InsertOfDefaults(const std::string& quoted_table) const override;
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;
-  std::int64_t LastIdentity() const override { return sqlite3_last_insert_rowid(Handle()); }
+  std::int64_t LastIdentity(const BaseTable& /*table*/, const Column& /*column*/) const override {
+    return sqlite3_last_insert_rowid(Handle());
+  }
   bool IsAlive() noexcept override;
   bool Reset() noexcept override;
 

@@ -180,6 +180,27 @@ TEST(ConcurrentSaves, OfThreadsLeaveOneVersionAndTellTheLoser) {
   }
 }
 
+TEST(ConcurrentSaves, OfDifferentFieldsAreNeverMixed) {
+  const TemporaryDatabase database(kCustomers);
+  const auto save = [&](const char* name, const char* city) {
+    Saving saving(database);
+    saving.Post({{"ID", "1"}, {"Name", name}, {"City", city}, {"Stock", "3"}, {"Price", "2.5"}});
+    saving.Post({{"Since", "5/3/2024"}, {"Active", "True"}, {"Notes", "first"}});
+    return (saving.Save() ? "saved " : "failed ") + saving.Message() + saving.Status();
+  };
+  for (int round = 0; round < 60; ++round) {
+    database.Run("UPDATE T SET Name='Anna', City='Oslo' WHERE ID=1");
+    std::string outcome_a;
+    std::thread a([&] { outcome_a = save("aaa", "Oslo"); });
+    const std::string outcome_b = save("Anna", "bbb");
+    a.join();
+    EXPECT_TRUE(IsOutcome(outcome_a)) << outcome_a;
+    EXPECT_TRUE(IsOutcome(outcome_b)) << outcome_b;
+    const std::string row = Row(database, "ID=1", "Name,City");
+    EXPECT_TRUE(row == "'aaa','Oslo'" || row == "'Anna','bbb'") << row << outcome_a << outcome_b;
+  }
+}
+
 TEST(ConcurrentSaves, OfProcessesLeaveOneVersion) {
   const TemporaryDatabase database(kCustomers);
   const auto save_often = [&](std::string_view text) {

@@ -26,6 +26,7 @@ class WatchedRecordset final : public platform::Recordset {
   std::int64_t MaxRecords() const override { return inner_->MaxRecords(); }
   void SetCursorLocation(platform::CursorLocation location) override { inner_->SetCursorLocation(location); }
   platform::CursorLocation Location() const override { return inner_->Location(); }
+  void SetUpdateCriteria(platform::UpdateCriteria criteria) override { inner_->SetUpdateCriteria(criteria); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor, platform::LockType lock) override {
     watch_("Open");

@@ -70,14 +70,6 @@ TEST_F(SqliteOpen, SaysWhatToWriteInAConnectionString) {
       "The Busy Timeout in the connection string is no number of milliseconds; write Busy Timeout=5000");
 }
 
-TEST_F(SqliteOpen, SaysThatOdbcIsNotAvailable) {
-  const std::string message =
-      "ODBC databases are not available in this version; write Provider=SQLite;Data Source=FILE";
-  EXPECT_EQ(OpenError("Driver={PostgreSQL};Server=db;Pwd=hush"), message);
-  EXPECT_EQ(OpenError("DSN=shop"), message);
-  EXPECT_EQ(OpenError("Provider=msdasql;Data Source=shop"), message);
-}
-
 TEST_F(SqliteOpen, ReportsAFileThatIsNoDatabase) {
   std::ofstream(Path())
       << "This is a letter to my aunt, which is long enough to be read as a header of a database.";

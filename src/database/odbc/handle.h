@@ -1,0 +1,41 @@
+#pragma once
+
+#include <sql.h>
+
+#include <utility>
+
+namespace dralo::database::odbc {
+
+/// A number where ODBC's standard wants a pointer.
+inline SQLPOINTER AsPointer(SQLULEN number) {
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
+}
+
+/// A handle of the driver manager that is freed at the end; the one it was allocated from must outlive it.
+template <SQLSMALLINT kType>
+class Handle {
+ public:
+  Handle() = default;
+  explicit Handle(SQLHANDLE handle) : handle_(handle) {}
+  ~Handle() { Reset(); }
+  Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+  Handle& operator=(Handle&& other) noexcept {
+    Reset();
+    handle_ = std::exchange(other.handle_, nullptr);
+    return *this;
+  }
+
+  SQLHANDLE Get() const { return handle_; }
+
+  void Reset() noexcept {
+    if (handle_ != nullptr) SQLFreeHandle(kType, std::exchange(handle_, nullptr));
+  }
+
+ private:
+  SQLHANDLE handle_ = nullptr;
+};
+
+using ConnectionHandle = Handle<SQL_HANDLE_DBC>;
+using StatementHandle = Handle<SQL_HANDLE_STMT>;
+
+}  // namespace dralo::database::odbc

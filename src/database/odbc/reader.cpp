@@ -1,0 +1,168 @@
+#include "database/odbc/reader.h"
+
+#include <sqlext.h>
+
+#include <charconv>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+
+#include "database/ascii.h"
+#include "database/date_text.h"
+#include "database/decimal_text.h"
+#include "database/odbc/wide_text.h"
+
+namespace dralo::database::odbc {
+
+namespace {
+
+using platform::DateTime;
+using platform::DecimalView;
+using platform::VariantView;
+
+template <class Value>
+Value Load(std::string_view bytes) {
+  Value value{};
+  std::memcpy(&value, bytes.data(), sizeof value);
+  return value;
+}
+
+template <class Number>
+std::optional<Number> Parse(std::string_view text) {
+  Number number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+}
+
+VariantView ReadDouble(std::string_view text) {
+  const auto number = Parse<double>(text);
+  return number ? VariantView(*number) : text;
+}
+
+VariantView ReadDecimal(std::string_view text) {
+  return IsPlainDecimal(text) ? VariantView(DecimalView{text}) : text;
+}
+
+/// The last "." or "," separates the decimals when one or two digits are behind it.
+VariantView ReadMoney(std::string_view text, std::string& scratch) {
+  auto point = text.find_last_of(".,");
+  const auto is_digit = [&](std::size_t at) { return at < text.size() && IsDigit(text[at]); };
+  if (point != text.npos && is_digit(point + 3)) point = text.npos;
+  scratch = text.find_first_of("-(") == text.npos ? "" : "-";
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (i == point) scratch += '.';
+    if (is_digit(i)) scratch += text[i];
+  }
+  return IsPlainDecimal(scratch) ? VariantView(DecimalView{scratch}) : text;
+}
+
+VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {
+  scratch = text;
+  for (char& c : scratch) c = 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return std::string_view(scratch);
+}
+
+VariantView ReadNumber(std::string_view text) {
+  if (const auto number = Parse<std::int64_t>(text)) return *number;
+  return ReadDouble(text);
+}
+
+VariantView ReadDateText(std::string_view text) {
+  const auto time = ParseIsoDateTime(text);
+  return time ? VariantView(*time) : text;
+}
+
+VariantView ReadTimeText(std::string_view text) {
+  const auto time = ParseTimeOfDay(text);
+  return time ? VariantView(*time) : text;
+}
+
+/// A day that is in no calendar, as of some databases' "no date", counts as absent.
+VariantView Valid(const DateTime& time) { return time.IsValid() ? VariantView(time) : VariantView{}; }
+
+VariantView ReadDate(std::string_view bytes) {
+  const auto date = Load<SQL_DATE_STRUCT>(bytes);
+  return Valid(
+      {date.year, static_cast<std::uint8_t>(date.month), static_cast<std::uint8_t>(date.day), 0, 0, 0, 0});
+}
+
+VariantView ReadTimestamp(std::string_view bytes) {
+  const auto time = Load<SQL_TIMESTAMP_STRUCT>(bytes);
+  return Valid({time.year, static_cast<std::uint8_t>(time.month), static_cast<std::uint8_t>(time.day),
+                static_cast<std::uint8_t>(time.hour), static_cast<std::uint8_t>(time.minute),
+                static_cast<std::uint8_t>(time.second), static_cast<std::uint32_t>(time.fraction)});
+}
+
+VariantView ReadWide(std::string_view bytes, std::string& scratch) {
+  std::u16string wide(bytes.size() / sizeof(char16_t), u'\0');
+  std::memcpy(wide.data(), bytes.data(), wide.size() * sizeof(char16_t));
+  scratch.clear();
+  AppendNarrow(scratch, wide);
+  return std::string_view(scratch);
+}
+
+}  // namespace
+
+SQLSMALLINT CTypeOf(Reading reading) {
+  switch (reading) {
+    case Reading::kInteger:
+      return SQL_C_SBIGINT;
+    case Reading::kDouble:
+      return SQL_C_DOUBLE;
+    case Reading::kBoolean:
+      return SQL_C_BIT;
+    case Reading::kDate:
+      return SQL_C_TYPE_DATE;
+    case Reading::kTimestamp:
+      return SQL_C_TYPE_TIMESTAMP;
+    case Reading::kWideText:
+      return SQL_C_WCHAR;
+    case Reading::kBytes:
+      return SQL_C_BINARY;
+    default:
+      return SQL_C_CHAR;
+  }
+}
+
+std::size_t TerminatorBytes(Reading reading) {
+  const SQLSMALLINT type = CTypeOf(reading);
+  return type == SQL_C_CHAR ? 1 : type == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;
+}
+
+VariantView Read(Reading reading, std::string_view bytes, std::string& scratch) {
+  switch (reading) {
+    case Reading::kInteger:
+      return std::int64_t{Load<SQLBIGINT>(bytes)};
+    case Reading::kDouble:
+      return Load<double>(bytes);
+    case Reading::kDoubleText:
+      return ReadDouble(bytes);
+    case Reading::kBoolean:
+      return bytes[0] != 0;
+    case Reading::kDecimal:
+      return ReadDecimal(bytes);
+    case Reading::kMoney:
+      return ReadMoney(bytes, scratch);
+    case Reading::kNumber:
+      return ReadNumber(bytes);
+    case Reading::kDateText:
+      return ReadDateText(bytes);
+    case Reading::kTimeText:
+      return ReadTimeText(bytes);
+    case Reading::kDate:
+      return ReadDate(bytes);
+    case Reading::kTimestamp:
+      return ReadTimestamp(bytes);
+    case Reading::kText:
+      return bytes;
+    case Reading::kSmallLetters:
+      return ReadSmallLetters(bytes, scratch);
+    case Reading::kWideText:
+      return ReadWide(bytes, scratch);
+    case Reading::kBytes:
+      return platform::BytesView{reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
+  }
+  return bytes;
+}
+
+}  // namespace dralo::database::odbc

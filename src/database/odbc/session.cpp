@@ -1,0 +1,227 @@
+#include "database/odbc/session.h"
+
+#include <sqlext.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "database/ascii.h"
+#include "database/date_text.h"
+#include "database/odbc/comparison.h"
+#include "database/odbc/cursor.h"
+#include "database/odbc/quote.h"
+#include "platform/error.h"
+
+namespace dralo::database::odbc {
+
+namespace {
+
+using platform::Error;
+using platform::Variant;
+
+/// A host that has vanished says no farewell; after that long a question is worth its round trip.
+constexpr std::chrono::seconds kLongRest{30};
+
+/// Takes back what a function can have done to a session of PostgreSQL, but not the driver's own settings.
+constexpr std::string_view kCleaning =
+    "SET SESSION AUTHORIZATION DEFAULT;RESET ALL;SET DateStyle='ISO';SET extra_float_digits=2;UNLISTEN *;"
+    "SELECT pg_advisory_unlock_all();DISCARD TEMP;DISCARD SEQUENCES";
+
+std::string TextLiteral(std::string_view text) { return Quote(text, "'"); }
+
+bool HasTextTransactions(Dialect dialect) {
+  return dialect == Dialect::kPostgreSql || dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite;
+}
+
+}  // namespace
+
+Session::Session(const Options& options) : options_(options), link_(std::make_unique<Link>(options)) {}
+
+std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
+  const bool was_fresh = std::exchange(is_fresh_, false);
+  try {
+    return std::make_unique<Cursor>(*this, query);
+  } catch (const Error& error) {
+    if (!was_fresh || !MayReconnect(error, query.text)) throw;
+  }
+  has_cursor_transaction_ = false;
+  link_ = std::make_unique<Link>(options_);
+  return std::make_unique<Cursor>(*this, query);
+}
+
+/// A statement that changes data may have been run before the connection went.
+bool Session::MayReconnect(const Error& error, std::string_view text) const {
+  const std::string& state = error.SqlState();
+  const bool is_gone = state.starts_with("08") || state == "57P01" || state == "57P02" ||
+                       error.Number() == 2006 || error.Number() == 2013 ||
+                       (link_->Socket().IsKnown() && link_->Socket().HasEnded());
+  return is_gone && KindOf(text).is_query;
+}
+
+/// In PostgreSQL a plain name means the one in small letters, as it would without quotes.
+std::string Session::QuoteName(std::string_view name) const {
+  const auto is_plain = [](char c) {
+    return ('A' <= ToUpper(c) && ToUpper(c) <= 'Z') || IsDigit(c) || c == '_';
+  };
+  std::string meant(name);
+  if (link_->GetDialect() == Dialect::kPostgreSql && std::ranges::all_of(name, is_plain)) {
+    for (char& c : meant) c = 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  return Quote(meant, link_->NameQuote());
+}
+
+std::string Session::ProcedureCall(std::string_view name, std::size_t parameters) const {
+  std::string values;
+  for (std::size_t i = 0; i < parameters; ++i) values += i == 0 ? "?" : ", ?";
+  const std::string call = std::string(name) + "(" + values + ")";
+  if (link_->GetDialect() == Dialect::kSqlite) {
+    throw Error("SQLite has no stored procedures; give the command's text and CommandType 1");
+  }
+  if (link_->GetDialect() != Dialect::kPostgreSql) return "{call " + call + "}";
+  const auto dot = name.rfind('.');
+  const std::string own_name(dot == name.npos ? name : name.substr(dot + 1));
+  const bool is_procedure =
+      link_->AskNumber("SELECT COUNT(*) FROM pg_proc WHERE prokind = 'p' AND proname IN (" +
+                       TextLiteral(own_name) + ", lower(" + TextLiteral(own_name) + "))") > 0;
+  return is_procedure ? "CALL " + call : "SELECT * FROM " + call;
+}
+
+std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
+  return was_null ? quoted_column + " IS NULL" : SameValue(link_->GetDialect(), column, quoted_column);
+}
+
+Variant Session::Stored(const Column& column, const Variant& value) const {
+  const auto* time = std::get_if<platform::DateTime>(&value);
+  if (!time || link_->GetDialect() != Dialect::kSqlite) return value;
+  switch (column.time_parts) {
+    case TimeParts::kDate:
+      return DateText(*time);
+    case TimeParts::kTime:
+      return TimeText(*time);
+    default:
+      return DateTimeText(*time);
+  }
+}
+
+std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
+  const bool has_no_word = link_->GetDialect() == Dialect::kMariaDb;
+  return "INSERT INTO " + quoted_table + (has_no_word ? " () VALUES ()" : " DEFAULT VALUES");
+}
+
+bool Session::SwitchAutocommit(bool is_on) const {
+  const SQLULEN value = is_on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+  return SQL_SUCCEEDED(
+      SQLSetConnectAttr(link_->Handle(), SQL_ATTR_AUTOCOMMIT, AsPointer(value), SQL_IS_UINTEGER));
+}
+
+void Session::BeginFlat() {
+  if (HasTextTransactions(link_->GetDialect())) {
+    link_->Run("BEGIN");
+  } else if (!SwitchAutocommit(false)) {
+    throw Error("The database does not begin a transaction");
+  }
+}
+
+void Session::Begin() {
+  Settle();
+  if (is_in_transaction_) {
+    if (HasTextTransactions(link_->GetDialect())) link_->Run("SAVEPOINT dralo_" + std::to_string(depth_));
+  } else {
+    BeginFlat();
+    is_in_transaction_ = true;
+    owns_transaction_ = true;
+  }
+  ++depth_;
+}
+
+void Session::Commit() {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  if (HasTextTransactions(link_->GetDialect())) {
+    link_->Run(is_outermost ? "COMMIT" : "RELEASE SAVEPOINT dralo_" + std::to_string(depth_ - 1));
+  } else if (is_outermost) {
+    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_->Handle(), SQL_COMMIT))) {
+      throw Error("The database does not commit the transaction");
+    }
+    SwitchAutocommit(true);
+  }
+  --depth_;
+  if (is_outermost) is_in_transaction_ = owns_transaction_ = false;
+}
+
+void Session::Rollback() noexcept {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  --depth_;
+  try {
+    if (HasTextTransactions(link_->GetDialect())) {
+      const std::string savepoint = "SAVEPOINT dralo_" + std::to_string(depth_);
+      link_->Run(is_outermost ? "ROLLBACK" : "ROLLBACK TO " + savepoint);
+      if (!is_outermost) link_->Run("RELEASE " + savepoint);
+    } else if (is_outermost) {
+      SQLEndTran(SQL_HANDLE_DBC, link_->Handle(), SQL_ROLLBACK);
+      SwitchAutocommit(true);
+    }
+  } catch (const std::exception&) {
+    has_traces_ = true;  // Whatever is open ends with the connection.
+  }
+  if (is_outermost) is_in_transaction_ = owns_transaction_ = false;
+}
+
+std::int64_t Session::LastIdentity(const BaseTable& table, const Column& column) const {
+  switch (link_->GetDialect()) {
+    case Dialect::kPostgreSql:
+      return link_->AskNumber("SELECT currval(pg_get_serial_sequence(" + TextLiteral(table.name) + ", " +
+                              TextLiteral(column.origin) + "))");
+    case Dialect::kMariaDb:
+      return link_->AskNumber("SELECT LAST_INSERT_ID()");
+    case Dialect::kSqlite:
+      return link_->AskNumber("SELECT last_insert_rowid()");
+    default:
+      return link_->AskNumber("SELECT @@IDENTITY");
+  }
+}
+
+bool Session::IsAlive() noexcept {
+  is_fresh_ = true;
+  if (link_->GetDialect() == Dialect::kSqlite) return link_->HasItsFile();
+  const auto now = std::chrono::steady_clock::now();
+  if (link_->Socket().IsKnown() && link_->Socket().HasEnded()) return false;
+  if (link_->Socket().IsKnown() && now - last_use_ < kLongRest) return true;
+  try {
+    return link_->AskNumber(link_->GetDialect() == Dialect::kOracle ? "SELECT 1 FROM DUAL" : "SELECT 1") == 1;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+bool Session::Reset() noexcept {
+  last_use_ = std::chrono::steady_clock::now();
+  const Dialect dialect = link_->GetDialect();
+  const bool may_have_traces = called_functions_ && dialect != Dialect::kSqlite;
+  if (has_traces_ || (may_have_traces && dialect != Dialect::kPostgreSql)) return false;
+  const bool is_in_transaction = is_in_transaction_ || has_cursor_transaction_;
+  is_in_transaction_ = has_cursor_transaction_ = owns_transaction_ = called_functions_ = false;
+  depth_ = 0;
+  try {
+    if (is_in_transaction && HasTextTransactions(dialect)) link_->Run("ROLLBACK");
+    if (may_have_traces) link_->Run(kCleaning);
+    if (!is_in_transaction || HasTextTransactions(dialect)) return true;
+    return SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_->Handle(), SQL_ROLLBACK)) && SwitchAutocommit(true);
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+void Session::Settle() {
+  if (!has_cursor_transaction_) return;
+  has_cursor_transaction_ = false;
+  link_->Run("COMMIT");
+}
+
+void Session::Note(const StatementKind& kind) {
+  has_traces_ |= kind.leaves_traces;
+  called_functions_ |= kind.calls_functions;
+  if (kind.begins_transaction) is_in_transaction_ = true;
+  if (kind.ends_transaction) is_in_transaction_ = false;
+}
+
+}  // namespace dralo::database::odbc

@@ -1,0 +1,131 @@
+#include "database/odbc/statement_kind.h"
+
+#include <algorithm>
+
+#include "database/ascii.h"
+
+namespace dralo::database::odbc {
+
+namespace {
+
+bool IsWordCharacter(char c) {
+  return ('A' <= ToUpper(c) && ToUpper(c) <= 'Z') || IsDigit(c) || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+
+/// Without blanks, comments and opening parentheses at its front.
+std::string_view WithoutFront(std::string_view text) {
+  while (!text.empty()) {
+    std::size_t end = 1;
+    if (text.starts_with("--")) {
+      end = text.find('\n');
+    } else if (text.starts_with("/*")) {
+      end = text.find("*/", 2);
+      if (end != text.npos) end += 2;
+    } else if (!IsBlank(text.front()) && text.front() != '(') {
+      break;
+    }
+    text.remove_prefix(std::min(end, text.size()));
+  }
+  return text;
+}
+
+std::string_view FirstWord(std::string_view text) {
+  const auto end = std::ranges::find_if_not(text, IsWordCharacter);
+  return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
+/// Also inside of quotes and comments: a word too many only makes the statement be treated with more care.
+bool HasWord(std::string_view text, std::string_view word) {
+  while (!text.empty()) {
+    const std::string_view next = FirstWord(text);
+    if (EqualsIgnoringCase(next, word)) return true;
+    text.remove_prefix(std::max<std::size_t>(next.size(), 1));
+  }
+  return false;
+}
+
+template <std::size_t kCount>
+bool HasAny(std::string_view text, const std::string_view (&words)[kCount]) {
+  return std::ranges::any_of(words, [&](std::string_view word) { return HasWord(text, word); });
+}
+
+template <std::size_t kCount>
+bool IsAny(std::string_view first, const std::string_view (&words)[kCount]) {
+  return std::ranges::any_of(words, [&](std::string_view word) { return EqualsIgnoringCase(first, word); });
+}
+
+constexpr std::string_view kSelects[] = {"SELECT", "VALUES", "TABLE"};
+constexpr std::string_view kShows[] = {"SHOW", "EXPLAIN", "DESCRIBE", "DESC", "PRAGMA"};
+constexpr std::string_view kChanges[] = {"INSERT", "UPDATE", "DELETE", "MERGE", "REPLACE", "TRUNCATE"};
+constexpr std::string_view kDefinitions[] = {"CREATE", "ALTER", "DROP", "GRANT", "REVOKE", "COMMENT"};
+constexpr std::string_view kBegins[] = {"BEGIN", "START"};
+constexpr std::string_view kEnds[] = {"COMMIT", "END", "ROLLBACK", "ABORT"};
+constexpr std::string_view kParts[] = {"SAVEPOINT", "RELEASE"};
+constexpr std::string_view kBeforeParenthesis[] = {
+    "IN",       "VALUES",    "AND",        "OR",    "NOT",        "EXISTS",       "ANY",       "ALL",
+    "SOME",     "FROM",      "JOIN",       "ON",    "USING",      "AS",           "SELECT",    "WHERE",
+    "BY",       "CASE",      "WHEN",       "THEN",  "ELSE",       "UNION",        "EXCEPT",    "INTERSECT",
+    "OVER",     "FILTER",    "VARCHAR",    "CHAR",  "DECIMAL",    "NUMERIC",      "TIMESTAMP", "COUNT",
+    "SUM",      "MIN",       "MAX",        "AVG",   "COALESCE",   "NULLIF",       "LOWER",     "UPPER",
+    "LENGTH",   "SUBSTRING", "SUBSTR",     "TRIM",  "CAST",       "CONCAT",       "ROUND",     "ABS",
+    "REPLACE",  "EXTRACT",   "YEAR",       "MONTH", "DAY",        "DATE",         "NOW",       "ROW_NUMBER",
+    "RANK",     "LEFT",      "RIGHT",      "IF",    "IFNULL",     "DATE_FORMAT",  "TO_CHAR",   "TO_DATE",
+    "POSITION", "DISTINCT",  "GREATEST",   "LEAST", "STRING_AGG", "GROUP_CONCAT", "REPEAT",    "FLOOR",
+    "CEILING",  "MOD",       "DATE_TRUNC", "LIMIT", "OFFSET",     "HAVING"};
+constexpr std::string_view kTemporary[] = {"TEMP", "TEMPORARY"};
+
+/// Whether a name that is not in the list stands in front of a "(". The list of columns of an INSERT is no
+/// call.
+bool CallsFunctions(std::string_view text) {
+  std::string_view before;
+  std::string_view word;
+  while (!text.empty()) {
+    const std::string_view next = FirstWord(text);
+    if (!next.empty()) {
+      before = word;
+      word = next;
+    } else if (text.front() == '(') {
+      const bool is_call =
+          !word.empty() && !EqualsIgnoringCase(before, "INTO") && !IsAny(word, kBeforeParenthesis);
+      if (is_call) return true;
+    } else if (text.starts_with(":=")) {
+      return true;
+    } else if (text.front() != '"' && text.front() != '`' && !IsBlank(text.front())) {
+      word = {};
+    }
+    text.remove_prefix(std::max<std::size_t>(next.size(), 1));
+  }
+  return false;
+}
+
+StatementKind KindOfStart(std::string_view text) {
+  const std::string_view first = FirstWord(text);
+  const bool is_with = EqualsIgnoringCase(first, "WITH");
+  if (IsAny(first, kSelects) || (is_with && !HasAny(text, kChanges))) {
+    const bool has_target = HasWord(text, "INTO");
+    return {.is_query = true, .is_select = !has_target, .leaves_traces = has_target};
+  }
+  if (IsAny(first, kShows)) return {.is_query = true, .leaves_traces = EqualsIgnoringCase(first, "PRAGMA")};
+  if (IsAny(first, kChanges) || is_with || IsAny(first, kParts)) return {};
+  if (IsAny(first, kDefinitions)) return {.leaves_traces = HasAny(text, kTemporary)};
+  if (IsAny(first, kBegins)) return {.begins_transaction = true};
+  if (IsAny(first, kEnds)) return {.ends_transaction = !HasWord(text, "TO")};
+  return {.leaves_traces = true};
+}
+
+}  // namespace
+
+StatementKind KindOf(std::string_view text) {
+  text = WithoutFront(text);
+  StatementKind kind = KindOfStart(text);
+  kind.calls_functions = !IsAny(FirstWord(text), kDefinitions) && CallsFunctions(text);
+  return kind;
+}
+
+std::string_view WithoutEnd(std::string_view text) {
+  while (!text.empty() && (IsBlank(text.back()) || text.back() == ';')) text.remove_suffix(1);
+  return text;
+}
+
+}  // namespace dralo::database::odbc

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string_view>
+
+namespace dralo::database::odbc {
+
+/// What the words of a statement tell about it.
+struct StatementKind {
+  /// It only reads.
+  bool is_query = false;
+
+  /// It may stand where a query does: in the declaration of a cursor, or in front of a limit.
+  bool is_select = false;
+
+  bool begins_transaction = false;
+  bool ends_transaction = false;
+
+  /// It may leave something in the session that the next user would meet: a setting, a temporary table, a
+  /// lock.
+  bool leaves_traces = false;
+
+  /// It calls a function that is not known to be harmless, which may do the same.
+  bool calls_functions = false;
+};
+
+StatementKind KindOf(std::string_view text);
+
+/// Without ";" and blanks at the end.
+std::string_view WithoutEnd(std::string_view text);
+
+}  // namespace dralo::database::odbc

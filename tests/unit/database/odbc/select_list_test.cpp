@@ -1,0 +1,30 @@
+#include "database/odbc/select_list.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace dralo::database::odbc {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST(SelectList, KnowsTheNamesThatAQueryGives) {
+  EXPECT_THAT(GivenNames("SELECT a, t.b, \"c d\" FROM t"), IsEmpty());
+  EXPECT_THAT(GivenNames("SELECT * FROM t"), IsEmpty());
+  EXPECT_THAT(GivenNames("SELECT a AS b, b c, t.c \"d\"\"e\" FROM t"), ElementsAre("b", "c", "d\"e"));
+  EXPECT_THAT(GivenNames("SELECT DISTINCT a + 1 x, (SELECT y FROM z) w, f(a, b) AS v, t.* FROM t"),
+              ElementsAre("x", "w", "v"));
+}
+
+TEST(SelectList, SeesATableThatIsReadTwice) {
+  EXPECT_TRUE(NamesTwice("SELECT a.id, b.x FROM goods a JOIN Goods b ON b.id = a.up", "goods"));
+  EXPECT_TRUE(NamesTwice("SELECT * FROM s.\"goods\" a, goods b WHERE 1 = 1", "goods"));
+  EXPECT_FALSE(NamesTwice("SELECT goods.id FROM goods WHERE goods.id = 1 ORDER BY goods.id", "goods"));
+  EXPECT_FALSE(NamesTwice("SELECT id FROM goods WHERE id IN (SELECT id FROM goods)", "goods"));
+}
+
+}  // namespace
+
+}  // namespace dralo::database::odbc

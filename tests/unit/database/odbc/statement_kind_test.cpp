@@ -1,0 +1,63 @@
+#include "database/odbc/statement_kind.h"
+
+#include <gtest/gtest.h>
+
+namespace dralo::database::odbc {
+
+namespace {
+
+TEST(StatementKind, FindsQueriesBehindCommentsAndParentheses) {
+  for (const char* text : {"select 1", " \n(SELECT 1)", "-- note\nSELECT 1", "/* note */ VALUES (1)",
+                           "TABLE t", "WITH a AS (SELECT 1) SELECT * FROM a"}) {
+    EXPECT_TRUE(KindOf(text).is_query) << text;
+    EXPECT_TRUE(KindOf(text).is_select) << text;
+  }
+}
+
+TEST(StatementKind, TellsStatementsThatOnlyLookLikeQueries) {
+  EXPECT_FALSE(KindOf("WITH a AS (DELETE FROM t RETURNING *) SELECT * FROM a").is_query);
+  EXPECT_FALSE(KindOf("SELECT * INTO b FROM a").is_select);
+  EXPECT_FALSE(KindOf("SHOW TABLES").is_select);
+  EXPECT_TRUE(KindOf("SHOW TABLES").is_query);
+  EXPECT_FALSE(KindOf("UPDATE t SET a = 1").is_query);
+  EXPECT_FALSE(KindOf("").is_query);
+}
+
+TEST(StatementKind, FollowsTransactions) {
+  EXPECT_TRUE(KindOf("begin").begins_transaction);
+  EXPECT_TRUE(KindOf("START TRANSACTION").begins_transaction);
+  EXPECT_TRUE(KindOf("COMMIT").ends_transaction);
+  EXPECT_TRUE(KindOf("ROLLBACK").ends_transaction);
+  EXPECT_FALSE(KindOf("ROLLBACK TO here").ends_transaction);
+  EXPECT_FALSE(KindOf("SAVEPOINT here").ends_transaction);
+}
+
+TEST(StatementKind, KnowsWhatLeavesTraces) {
+  for (const char* text :
+       {"SET search_path = a", "CREATE TEMPORARY TABLE a (b INTEGER)", "CALL p()", "{call p()}",
+        "LOCK TABLES a WRITE", "SELECT * INTO b FROM a", "PRAGMA foreign_keys = 1"}) {
+    EXPECT_TRUE(KindOf(text).leaves_traces) << text;
+  }
+  for (const char* text :
+       {"SELECT 1", "INSERT INTO a VALUES (1)", "CREATE TABLE a (b INTEGER)", "BEGIN", "ROLLBACK"}) {
+    EXPECT_FALSE(KindOf(text).leaves_traces) << text;
+  }
+}
+
+TEST(StatementKind, KnowsCallsOfUnknownFunctions) {
+  for (const char* text :
+       {"SELECT remember()", "SELECT \"Remember\" (1)", "SELECT @a := 1", "SELECT a FROM f(1)"}) {
+    EXPECT_TRUE(KindOf(text).calls_functions) << text;
+  }
+  for (const char* text :
+       {"SELECT COUNT(*) AS n FROM (SELECT a FROM b) c", "SELECT a FROM b WHERE c IN (1, 2)",
+        "INSERT INTO a (b, c) VALUES (1, 2)", "CREATE TABLE a (b VARCHAR(20))"}) {
+    EXPECT_FALSE(KindOf(text).calls_functions) << text;
+  }
+}
+
+TEST(StatementKind, CutsTheEndOfAStatement) { EXPECT_EQ(WithoutEnd("SELECT 1 ; \n;"), "SELECT 1"); }
+
+}  // namespace
+
+}  // namespace dralo::database::odbc
