@@ -135,8 +135,9 @@ void SetSqlite(Pairs& pairs, const Options& options) {
     Set(pairs, "Timeout", std::to_string(options.query_timeout_s * 1000));
 }
 
+/// Lists, as of several hosts, stay without braces, which a driver would take for a part of the first.
 std::string Quoted(const std::string& value) {
-  if (value.find_first_of("[]{}(),;?*=!@'\"") == value.npos && Trimmed(value) == value) return value;
+  if (value.find_first_of("[]{}();?*=!@'\"") == value.npos && Trimmed(value) == value) return value;
   std::string quoted = "{";
   for (const char c : value) {
     if (c == '}') quoted += c;

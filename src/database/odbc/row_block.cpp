@@ -75,6 +75,8 @@ std::size_t RowBlock::Fetch(std::string_view text) {
   text_ = text;
   fetched_ = 0;
   for (Binding& binding : bindings_) binding.long_row = 0;
+  // Some drivers leave the indicator of a bit alone: that of an earlier null would make it one too.
+  std::fill_n(indicators_.get(), bindings_.size() * rows_, SQLLEN{0});
   const SQLRETURN code = SQLFetch(statement_);
   if (code == SQL_NO_DATA) return 0;
   link_.Require(code, statement_, text);

@@ -63,16 +63,18 @@ constexpr std::string_view kBegins[] = {"BEGIN", "START"};
 constexpr std::string_view kEnds[] = {"COMMIT", "END", "ROLLBACK", "ABORT"};
 constexpr std::string_view kParts[] = {"SAVEPOINT", "RELEASE"};
 constexpr std::string_view kBeforeParenthesis[] = {
-    "IN",       "VALUES",    "AND",        "OR",    "NOT",        "EXISTS",       "ANY",       "ALL",
-    "SOME",     "FROM",      "JOIN",       "ON",    "USING",      "AS",           "SELECT",    "WHERE",
-    "BY",       "CASE",      "WHEN",       "THEN",  "ELSE",       "UNION",        "EXCEPT",    "INTERSECT",
-    "OVER",     "FILTER",    "VARCHAR",    "CHAR",  "DECIMAL",    "NUMERIC",      "TIMESTAMP", "COUNT",
-    "SUM",      "MIN",       "MAX",        "AVG",   "COALESCE",   "NULLIF",       "LOWER",     "UPPER",
-    "LENGTH",   "SUBSTRING", "SUBSTR",     "TRIM",  "CAST",       "CONCAT",       "ROUND",     "ABS",
-    "REPLACE",  "EXTRACT",   "YEAR",       "MONTH", "DAY",        "DATE",         "NOW",       "ROW_NUMBER",
-    "RANK",     "LEFT",      "RIGHT",      "IF",    "IFNULL",     "DATE_FORMAT",  "TO_CHAR",   "TO_DATE",
-    "POSITION", "DISTINCT",  "GREATEST",   "LEAST", "STRING_AGG", "GROUP_CONCAT", "REPEAT",    "FLOOR",
-    "CEILING",  "MOD",       "DATE_TRUNC", "LIMIT", "OFFSET",     "HAVING"};
+    "IN",           "VALUES",   "AND",       "OR",       "NOT",      "EXISTS",     "ANY",
+    "ALL",          "SOME",     "FROM",      "JOIN",     "ON",       "USING",      "AS",
+    "SELECT",       "WHERE",    "BY",        "CASE",     "WHEN",     "THEN",       "ELSE",
+    "UNION",        "EXCEPT",   "INTERSECT", "OVER",     "FILTER",   "VARCHAR",    "CHAR",
+    "DECIMAL",      "NUMERIC",  "TIMESTAMP", "COUNT",    "SUM",      "MIN",        "MAX",
+    "AVG",          "COALESCE", "NULLIF",    "LOWER",    "UPPER",    "LENGTH",     "CONVERT",
+    "SUBSTRING",    "SUBSTR",   "TRIM",      "CAST",     "CONCAT",   "ROUND",      "ABS",
+    "REPLACE",      "EXTRACT",  "YEAR",      "MONTH",    "DAY",      "DATE",       "NOW",
+    "ROW_NUMBER",   "RANK",     "LEFT",      "RIGHT",    "IF",       "IFNULL",     "DATE_FORMAT",
+    "TO_CHAR",      "TO_DATE",  "POSITION",  "DISTINCT", "GREATEST", "LEAST",      "STRING_AGG",
+    "GROUP_CONCAT", "REPEAT",   "FLOOR",     "CEILING",  "MOD",      "DATE_TRUNC", "LIMIT",
+    "OFFSET",       "HAVING"};
 constexpr std::string_view kTemporary[] = {"TEMP", "TEMPORARY"};
 
 /// Whether a name that is not in the list stands in front of a "(". The list of columns of an INSERT is no

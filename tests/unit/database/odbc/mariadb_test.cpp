@@ -50,6 +50,15 @@ TEST_F(MariaDbDriver, ReadsEveryRowOfManyBlocks) {
   EXPECT_EQ(rows, 2500);
 }
 
+TEST_F(MariaDbDriver, ReadsBitsBehindRowsWhereTheyAreNull) {
+  Run("CREATE TABLE b (a INT, c BIT(1))");
+  Run("INSERT INTO b SELECT seq, IF(seq <= 1000, NULL, 1) FROM seq_1_to_1500");
+  const auto recordset = Read(connection_, "SELECT a, c FROM b ORDER BY a");
+  for (int row = 1; !recordset->Eof(); recordset->MoveNext(), ++row) {
+    ASSERT_EQ(Line(*recordset), std::to_string(row) + (row <= 1000 ? " null" : " true"));
+  }
+}
+
 TEST_F(MariaDbDriver, ReadsTimesThatAreLongerThanADayAndDatesThatAreNone) {
   Run("SET sql_mode = ''");
   Run("CREATE TABLE t (a TIME(3), b DATE, c DATETIME)");

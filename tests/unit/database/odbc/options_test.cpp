@@ -50,6 +50,7 @@ TEST(OdbcOptions, UseTheNamesOfTheDriverManager) {
 TEST(OdbcOptions, EncloseValuesThatNeedIt) {
   EXPECT_EQ(Read("Driver=Other;Pwd={a;b}}c}").text, "Driver=Other;Pwd={a;b}}c};");
   EXPECT_EQ(Read("Driver=Other;Database=' x '").text, "Driver=Other;Database={ x };");
+  EXPECT_EQ(Read("Driver=Other;Server=a,b;Port=1,2").text, "Driver=Other;Server=a,b;Port=1,2;");
 }
 
 TEST(OdbcOptions, KnowTheDriverByItsFile) {
