@@ -2,7 +2,8 @@
 ///
 ///   bench_export DATABASE
 ///
-/// The file goes to standard output; to the other output goes the highest memory before and after, in KiB.
+/// DATABASE is a file of SQLite or a connection string. The file goes to standard output; to the other output
+/// goes the highest memory before and after, in KiB.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "connection_string.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/page.h"
 #include "shell/db_view.h"
@@ -41,7 +43,7 @@ int main(int argc, char** argv) {
   };
   dralo::shell::DbView view(environment);
   view.OnStartPage(page);
-  view.Set("ConnectionString", "Provider=SQLite;Mode=Read;Data Source=" + std::string(argv[1]));
+  view.Set("ConnectionString", ConnectionStringOf(argv[1]));
   view.Set("sql", std::string("SELECT * FROM orders"));
   const std::string before = HighestMemory();
   try {

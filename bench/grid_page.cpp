@@ -3,8 +3,9 @@
 ///
 ///   bench_grid_page DATABASE FIRST PAGES [SORT] [open]
 ///
-/// FIRST is the number of records before the page; SORT a column to order by ("" for none); "open" opens the
-/// database for every page instead of keeping the connection. The pages go to standard output.
+/// DATABASE is a file of SQLite or a connection string. FIRST is the number of records before the page; SORT
+/// a column to order by ("" for none); "open" opens the database for every page instead of keeping the
+/// connection. The pages go to standard output.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -12,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "connection_string.h"
 #include "database/objects.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/page.h"
@@ -48,7 +50,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: bench_grid_page DATABASE FIRST PAGES [SORT] [open]\n";
     return 2;
   }
-  const std::string connection_string = "Provider=SQLite;Mode=Read;Data Source=" + std::string(argv[1]);
+  const std::string connection_string = ConnectionStringOf(argv[1]);
   const std::string query_string = "Morvu1CurrRecord=" + std::to_string(std::atol(argv[2]) + 1);
   const std::string_view sort = argc > 4 ? argv[4] : "";
   const bool open_per_page = argc > 5 && std::string_view(argv[5]) == "open";
