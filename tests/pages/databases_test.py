@@ -190,6 +190,23 @@ class Records(OverADatabase):
         self.assertEqual(self.record(8, "Price", "Active", "Born", "Seen", "Big", "Note"),
                          [("NULL", "0", "NULL", "NULL", "NULL", "NULL")])
 
+    def test_stay_as_they_are_when_an_untouched_form_is_saved(self):
+        self.open_record(12)
+        self.visitor.press("FormEdit")
+        self.visitor.type("_Form_Price", "12.50")
+        self.visitor.type("_Form_Note", "lines\r\n\tand \U0001F3BB \r\n")
+        self.visitor.press("FormUpdate")
+        self.assertIn("[Record saved ok]", self.visitor.page.text)
+        for number in (3, 12, 13):
+            before = self.record(number, "*")
+            self.open_record(number)
+            self.visitor.press("FormEdit")
+            self.visitor.press("FormUpdate")
+            self.assertIn("[Record saved ok]", self.visitor.page.text)
+            self.assert_no_error()
+            self.assertEqual(self.record(number, "*"), before)
+        self.assertEqual(self.record(12, "Price"), [(self.shop.price("12.50"),)])
+
     def test_are_not_saved_with_wrong_values_until_they_are_right(self):
         before = self.record(9, "*")
         self.open_record(9)
