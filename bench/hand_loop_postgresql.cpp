@@ -1,14 +1,15 @@
 /// The measure over PostgreSQL: what a programmer would write by hand with its client library. The rows are
 /// the bytes that bench_grid_page and bench_export write; values come as text and mostly go as they are.
 ///
-///   bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [reading]
+///   bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [prepared | reading]
 ///   bench_hand_loop_postgresql DATABASE export [single]
 ///
 /// DATABASE is a connection string of libpq; the other arguments are those of bench_hand_loop. A page is two
-/// prepared statements, the count and SELECT with LIMIT and OFFSET; with "reading" it is a cursor instead
-/// that passes over the records before the page, as a page needs whose sort column has equal values. The
-/// export reads 1,000 rows at a time from a cursor; with "single" it is one SELECT whose rows come one by
-/// one. Both take the same little memory for any number of rows.
+/// statements, the count and SELECT with LIMIT and OFFSET; with "prepared" they are prepared once for all
+/// pages; with "reading" the second is a cursor instead that passes over the records before the page, as a
+/// page needs whose sort column has equal values. The export reads 1,000 rows at a time from a cursor; with
+/// "single" it is one SELECT whose rows come one by one. Both take the same little memory for any number of
+/// rows.
 #include <libpq-fe.h>
 
 #include <cstdint>
@@ -95,9 +96,19 @@ void PutPage(const PGresult* rows, long first, std::int64_t total) {
 
 std::int64_t NumberIn(const Result& result) { return std::atoll(PQgetvalue(result.get(), 0, 0)); }
 
+constexpr const char* kCount = "SELECT COUNT(*) FROM orders";
+
 void PutPages(Database& database, const std::string& sql, long first, long pages) {
+  const std::string page = sql + " LIMIT 20 OFFSET " + std::to_string(first);
+  for (; pages > 0; --pages) {
+    const std::int64_t total = NumberIn(database.Run(kCount));
+    PutPage(database.Run(page).get(), first, total);
+  }
+}
+
+void PutPagesPrepared(Database& database, const std::string& sql, long first, long pages) {
   const std::string offset = std::to_string(first);
-  database.Prepare("count", "SELECT COUNT(*) FROM orders");
+  database.Prepare("count", kCount);
   database.Prepare("page", sql + " LIMIT 20 OFFSET $1");
   for (; pages > 0; --pages) {
     const std::int64_t total = NumberIn(database.RunPrepared("count"));
@@ -109,7 +120,7 @@ void PutPagesReading(Database& database, const std::string& sql, long first, lon
   const std::string text = "BEGIN;DECLARE page NO SCROLL CURSOR FOR " + sql + ";MOVE " +
                            std::to_string(first) + " FROM page;FETCH 20 FROM page";
   for (; pages > 0; --pages) {
-    const std::int64_t total = NumberIn(database.Run("SELECT COUNT(*) FROM orders"));
+    const std::int64_t total = NumberIn(database.Run(kCount));
     PutPage(database.Run(text).get(), first, total);
     database.Run("COMMIT");
   }
@@ -154,7 +165,7 @@ void PutExportSingly(Database& database) {
 int main(int argc, char** argv) {
   const auto argument = [&](int number) { return std::string_view(argc > number ? argv[number] : ""); };
   if (argc < 3 || (argc == 3 && argument(2) != "export")) {
-    std::cerr << "usage: bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [reading]\n"
+    std::cerr << "usage: bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [prepared | reading]\n"
                  "       bench_hand_loop_postgresql DATABASE export [single]\n";
     return 2;
   }
@@ -165,8 +176,9 @@ int main(int argc, char** argv) {
   }
   std::string sql = "SELECT * FROM orders";
   if (!argument(4).empty()) sql.append(" ORDER BY ").append(argument(4));
-  const bool is_reading = argument(5) == "reading";
-  (is_reading ? hand::PutPagesReading : hand::PutPages)(database, sql, std::atol(argv[2]),
-                                                        std::atol(argv[3]));
+  const auto put_pages = argument(5) == "prepared"  ? hand::PutPagesPrepared
+                         : argument(5) == "reading" ? hand::PutPagesReading
+                                                    : hand::PutPages;
+  put_pages(database, sql, std::atol(argv[2]), std::atol(argv[3]));
   return 0;
 }

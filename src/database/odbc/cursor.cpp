@@ -14,9 +14,6 @@ namespace {
 /// A limit up to which all rows are read at once, wherever the recordset is going to stand.
 constexpr std::int64_t kFewRecords = 1000;
 
-/// Of rows longer than this the rest is fetched one by one.
-constexpr std::size_t kPackedBytes = 2048;
-
 bool HasLimitClause(Dialect dialect) { return dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite; }
 
 void RequireNoZeroByte(const std::string& text) {
@@ -196,8 +193,7 @@ void Cursor::MakeBlock() {
     return;
   }
   packed_row_.emplace(description_.readers);
-  block_ = std::make_unique<RowBlock>(
-      link_, Statement(), std::vector<Reader>{{Reading::kText, kPackedBytes, false}}, max_records_);
+  block_ = std::make_unique<RowBlock>(link_, Statement(), std::vector{kPackedReader}, max_records_);
 }
 
 /// Rows that the server cursor has sent already are passed over here, others there.

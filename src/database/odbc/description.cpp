@@ -118,12 +118,13 @@ std::string TextAttribute(const Link& link, SQLHSTMT statement, SQLUSMALLINT col
   return SQL_SUCCEEDED(code) ? ToNarrow(reinterpret_cast<const char16_t*>(text.data())) : std::string{};
 }
 
-Description Describe(const Link& link, SQLHSTMT statement, std::string_view text, bool wants_origins) {
+Description Describe(const Link& link, SQLHSTMT statement, std::string_view text, bool wants_origins,
+                     SQLUSMALLINT first) {
   Description description;
   Columns columns;
   const SQLSMALLINT count = CountColumns(link, statement, text);
   columns.reserve(static_cast<std::size_t>(count));
-  for (SQLUSMALLINT number = 1; std::cmp_less_equal(number, count); ++number) {
+  for (SQLUSMALLINT number = first; std::cmp_less_equal(number, count); ++number) {
     Column& column = columns.emplace_back();
     SQLSMALLINT nullable = SQL_NULLABLE_UNKNOWN;
     DriverType type;

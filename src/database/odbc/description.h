@@ -22,7 +22,9 @@ struct Description {
 SQLSMALLINT CountColumns(const Link& link, SQLHSTMT statement, std::string_view text);
 
 /// `wants_origins`: also which columns of tables are shown, which some drivers have to ask the database for.
-Description Describe(const Link& link, SQLHSTMT statement, std::string_view text, bool wants_origins);
+/// `first`: the number of the first column that counts, from 1.
+Description Describe(const Link& link, SQLHSTMT statement, std::string_view text, bool wants_origins,
+                     SQLUSMALLINT first = 1);
 
 /// A text that the driver tells of a column, "" when it does not.
 std::string TextAttribute(const Link& link, SQLHSTMT statement, SQLUSMALLINT column, SQLUSMALLINT attribute);

@@ -48,7 +48,10 @@ SQLCHAR* Bytes(std::string_view text) {
 }  // namespace
 
 Link::Link(const Options& options)
-    : secrets_(options.secrets), file_(options.file), is_narrow_(options.driver == Dialect::kSqlite) {
+    : secrets_(options.secrets),
+      file_(options.file),
+      keeps_prepared_(options.keeps_prepared),
+      is_narrow_(options.driver == Dialect::kSqlite) {
   SQLHANDLE handle = SQL_NULL_HANDLE;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, Environment(), &handle))) {
     throw platform::Error("The ODBC driver manager gives no connection");

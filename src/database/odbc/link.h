@@ -37,6 +37,8 @@ class Link {
     return dialect_ == Dialect::kPostgreSql || dialect_ == Dialect::kMariaDb || is_narrow_;
   }
 
+  bool KeepsPrepared() const { return keeps_prepared_; }
+
   /// Names and statements go to the driver as they are, which takes them as UTF-8.
   bool IsNarrow() const { return is_narrow_; }
 
@@ -85,6 +87,7 @@ class Link {
   ino_t file_number_ = 0;
   SocketWatch socket_;
   ConnectionHandle handle_;
+  const bool keeps_prepared_;
   bool is_narrow_ = false;
   Dialect dialect_ = Dialect::kOther;
   std::string name_quote_;

@@ -92,7 +92,9 @@ Dialect FindDriver(const Pairs& pairs) {
 /// Exact types, texts of any length, and the timeouts, also for a host that swallows packets. A cursor of the
 /// driver's own is switched off: this provider declares its cursors itself. The encoding keeps the driver
 /// from converting texts to that of the process's locale, which few characters survive.
-void SetPostgreSql(Pairs& pairs, const Options& options) {
+void SetPostgreSql(Pairs& pairs, Options& options) {
+  options.keeps_prepared = ValueOf(pairs, "UseServerSidePrepare") != "0" && ValueOf(pairs, "C8") != "0";
+  if (options.keeps_prepared) Set(pairs, "UseServerSidePrepare", "1");
   for (const auto& [key, value] : {std::pair{"BoolsAsChar", "0"},
                                    {"TextAsLongVarchar", "1"},
                                    {"UnknownsAsLongVarchar", "1"},

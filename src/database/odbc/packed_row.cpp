@@ -18,12 +18,22 @@ struct Field {
   char* end;  ///< The "," or ")" behind it.
 };
 
+char* Find(char* from, char* end, char c) {
+  auto* const found = static_cast<char*>(std::memchr(from, c, static_cast<std::size_t>(end - from)));
+  return found != nullptr ? found : end;
+}
+
+char* FindSpecial(char* from, char* end) {
+  char* const quote = Find(from, end, '"');
+  return Find(from, quote, '\\');
+}
+
 /// Inside of quotes a quote is doubled, or stands behind a backslash as a backslash does.
 Field TakeQuoted(char* from, char* end) {
   char* to = ++from;
   char* const start = to;
   while (from < end) {
-    auto* const special = std::find_if(from, end, [](char c) { return c == '"' || c == '\\'; });
+    char* const special = FindSpecial(from, end);
     const auto size = static_cast<std::size_t>(special - from);
     if (to != from) std::memmove(to, from, size);
     to += size;
@@ -75,7 +85,7 @@ VariantView ReadBytes(std::string_view text, std::string& scratch) {
 
 }  // namespace
 
-void PackedRow::Parse(std::span<char> text) {
+std::span<char> PackedRow::Parse(std::span<char> text) {
   fields_.clear();
   char* const end = text.data() + text.size();
   char* at = text.data();
@@ -85,6 +95,7 @@ void PackedRow::Parse(std::span<char> text) {
     at = field.end;
   }
   fields_.resize(readers_.size());
+  return {std::min(at + 1, end), end};
 }
 
 VariantView PackedRow::Value(std::size_t column) {

@@ -12,14 +12,18 @@
 
 namespace dralo::database::odbc {
 
+/// How a packed row is taken from the driver. Longer ones are fetched one by one.
+inline constexpr Reader kPackedReader{Reading::kText, 2048, false};
+
 /// A row of PostgreSQL as one text: "(1,Anvil,,""...)". The driver takes longer to hand over a value than
 /// PostgreSQL to send it, so a row comes as a single one.
 class PackedRow {
  public:
   explicit PackedRow(std::vector<Reader> readers) : readers_(std::move(readers)), scratch_(readers_.size()) {}
 
-  /// Takes `text` apart, in its own place. It must stay there as long as values are asked for.
-  void Parse(std::span<char> text);
+  /// Takes the row at the front of `text` apart, in its own place. It must stay there as long as values are
+  /// asked for. Returns what stands behind the row.
+  std::span<char> Parse(std::span<char> text);
 
   platform::VariantView Value(std::size_t column);
 

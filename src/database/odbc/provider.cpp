@@ -5,10 +5,16 @@
 
 namespace dralo::database::odbc {
 
+/// Of the pairs as they were given: reading them as options would cost every page more than the rest of its
+/// opening.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
-  const Options options = ReadOptions(connection_string);
-  if (options.file == ":memory:") return {};
-  return "ODBC " + std::to_string(options.query_timeout_s) + " " + options.text;
+  std::string key = "ODBC";
+  for (const ConnectionString::Pair& pair : connection_string.Pairs()) {
+    if (pair.value == ":memory:") return {};
+    key.append(";").append(pair.key).append("=").append(std::to_string(pair.value.size()));
+    key.append(" ").append(pair.value);
+  }
+  return key;
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {

@@ -2,22 +2,17 @@
 
 #include <algorithm>
 
+#include "database/odbc/error.h"
 #include "platform/error.h"
 
 namespace dralo::database::odbc {
 
 namespace {
 
-/// So few rows are fetched at once and the transaction ends with them.
-constexpr std::int64_t kMaxRowsAtOnce = 256;
-
 /// Of a result of unknown length.
 constexpr std::int64_t kFirstRows = 100;
 
 constexpr std::int64_t kRowsPerFetch = 1000;
-
-/// The states of PostgreSQL for a text that is no query, or none that a cursor can be declared for.
-constexpr std::string_view kRefusals[] = {"42601", "0A000"};
 
 }  // namespace
 
@@ -39,7 +34,7 @@ std::string ServerCursor::FetchText(std::int64_t rows) const {
 }
 
 std::string ServerCursor::Declaration(std::string_view query) const {
-  std::string text = "DECLARE " + name_ + " NO SCROLL CURSOR " + (is_short_ ? "" : "WITH HOLD ") + "FOR ";
+  std::string text = "DECLARE " + name_ + " NO SCROLL CURSOR WITH HOLD FOR ";
   return text.append(query).append("\n");
 }
 
@@ -48,10 +43,9 @@ std::string ServerCursor::Declaration(std::string_view query) const {
 bool ServerCursor::Open(SQLHSTMT statement, Binding& parameters, bool is_lazy, bool wants_origins) {
   session_.Settle();
   const bool has_parameters = parameters.Count() > 0;
-  is_short_ = max_records_ > 0 && max_records_ <= kMaxRowsAtOnce && !is_lazy && !has_parameters;
-  is_packed_ = !is_short_ && !has_parameters;
-  requested_ = is_lazy ? 0 : RowsWanted(is_short_ ? kMaxRowsAtOnce : kFirstRows);
-  const bool begins = !is_short_ && !session_.IsInTransaction();
+  is_packed_ = !has_parameters;
+  requested_ = is_lazy ? 0 : RowsWanted(kFirstRows);
+  const bool begins = !session_.IsInTransaction();
   if (has_parameters) {
     if (begins) session_.GetLink().Run("BEGIN");
     session_.SetCursorTransaction(begins);
@@ -62,17 +56,13 @@ bool ServerCursor::Open(SQLHSTMT statement, Binding& parameters, bool is_lazy, b
   }
   session_.SetCursorTransaction(begins);
   owns_transaction_ = begins;
-  const std::string text = (begins ? "BEGIN;" : "") + (is_packed_ ? PackedText() : Declaration(query_)) +
-                           ";" + FetchText(requested_) +
-                           (is_short_ && session_.IsInTransaction() ? ";CLOSE " + name_ : "");
+  const std::string text = (begins ? "BEGIN;" : "") + PackedText() + ";" + FetchText(requested_);
   if (IsRefusal(session_.GetLink().Execute(statement, text), statement)) return false;
-  is_open_ = !is_short_;
+  is_open_ = true;
   FindResultWithColumns(statement);
   description_ = Describe(session_.GetLink(), statement, query_, wants_origins);
-  if (is_packed_) {
-    SQLMoreResults(statement);
-    FindResultWithColumns(statement);
-  }
+  SQLMoreResults(statement);
+  FindResultWithColumns(statement);
   return true;
 }
 
@@ -111,7 +101,7 @@ bool ServerCursor::IsRefusal(SQLRETURN code, SQLHSTMT statement) {
       throw error;
     }
   }
-  if (std::ranges::find(kRefusals, error.SqlState()) == std::end(kRefusals)) throw error;
+  if (!IsRefusalOfPostgreSql(error)) throw error;
   return true;
 }
 

@@ -14,9 +14,8 @@ namespace dralo::database::odbc {
 /// a whole result into memory at once; besides, the rows of all pages of a query come from the same plan, so
 /// that equal sort keys have the same order on all of them.
 ///
-/// A cursor lives in a transaction. A few rows are fetched in the same breath as the cursor is declared, in a
-/// transaction of that round trip only. For more, one is kept open until the cursor is closed or another
-/// statement is run; the server then sets the rest of the rows aside.
+/// A cursor lives in a transaction, which is kept open until the cursor is closed or another statement is
+/// run; the server then sets the rest of the rows aside.
 class ServerCursor {
  public:
   ServerCursor(Session& session, std::string_view query, std::int64_t max_records);
@@ -61,7 +60,6 @@ class ServerCursor {
   const std::string query_;
   const std::int64_t max_records_;
   const std::string name_;
-  bool is_short_ = false;  ///< All rows that are wanted are fetched by Open().
   bool is_packed_ = false;
   Description description_;
   bool is_open_ = false;

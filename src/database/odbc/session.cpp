@@ -10,6 +10,7 @@
 #include "database/odbc/comparison.h"
 #include "database/odbc/cursor.h"
 #include "database/odbc/quote.h"
+#include "database/odbc/short_cursor.h"
 #include "platform/error.h"
 
 namespace dralo::database::odbc {
@@ -38,15 +39,14 @@ bool HasTextTransactions(Dialect dialect) {
 Session::Session(const Options& options) : options_(options), link_(std::make_unique<Link>(options)) {}
 
 std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
-  const bool was_fresh = std::exchange(is_fresh_, false);
-  try {
-    return std::make_unique<Cursor>(*this, query);
-  } catch (const Error& error) {
-    if (!was_fresh || !MayReconnect(error, query.text)) throw;
-  }
+  if (auto cursor = ShortCursor::Open(*this, query)) return cursor;
+  return Reconnecting(query.text, [&] { return std::make_unique<Cursor>(*this, query); });
+}
+
+void Session::Reconnect() {
   has_cursor_transaction_ = false;
+  statements_.Clear();
   link_ = std::make_unique<Link>(options_);
-  return std::make_unique<Cursor>(*this, query);
 }
 
 /// A statement that changes data may have been run before the connection went.

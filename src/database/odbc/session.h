@@ -5,9 +5,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "database/odbc/link.h"
 #include "database/odbc/options.h"
+#include "database/odbc/statement_cache.h"
 #include "database/odbc/statement_kind.h"
 #include "database/session.h"
 #include "platform/error.h"
@@ -39,7 +41,24 @@ class Session final : public database::Session {
   bool IsAlive() noexcept override;
   bool Reset() noexcept override;
 
+  /// Another one after Reconnecting().
   const Link& GetLink() const { return *link_; }
+
+  StatementCache& Statements() { return statements_; }
+
+  /// What `run`, which runs the query `text`, returns. Should the server have gone while the session was
+  /// kept, this is where it shows: the connection is opened again, and `run` called again.
+  template <typename Function>
+  auto Reconnecting(std::string_view text, const Function& run) {
+    const bool was_fresh = std::exchange(is_fresh_, false);
+    try {
+      return run();
+    } catch (const platform::Error& error) {
+      if (!was_fresh || !MayReconnect(error, text)) throw;
+    }
+    Reconnect();
+    return run();
+  }
 
   /// Before any statement but those of an open cursor: gives up the transaction that one keeps open, which
   /// goes on without it.
@@ -63,10 +82,12 @@ class Session final : public database::Session {
   void BeginFlat();
 
   bool MayReconnect(const platform::Error& error, std::string_view text) const;
+  void Reconnect();
 
   const Options options_;
   std::unique_ptr<Link> link_;
-  bool is_fresh_ = false;  ///< Nothing was run since it was taken from the pool.
+  StatementCache statements_;  ///< Of the link.
+  bool is_fresh_ = false;      ///< Nothing was run since it was taken from the pool.
   bool is_in_transaction_ = false;
   bool has_cursor_transaction_ = false;
   int depth_ = 0;                  ///< Calls of Begin() that are open.

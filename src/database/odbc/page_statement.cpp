@@ -1,0 +1,37 @@
+#include "database/odbc/page_statement.h"
+
+#include "database/odbc/statement_kind.h"
+
+namespace dralo::database::odbc {
+
+namespace {
+
+/// A comment at the query's end must not swallow the parenthesis.
+std::string InParentheses(std::string_view query) { return "(" + std::string(WithoutEnd(query)) + "\n) "; }
+
+std::string Limited(std::string_view query, std::string_view rows) {
+  return "SELECT * FROM " + InParentheses(query) + "dralo_row LIMIT " + std::string(rows);
+}
+
+}  // namespace
+
+std::string NoRowStatement(std::string_view query) { return Limited(query, "0"); }
+
+std::string OneRowStatement(std::string_view query) { return Limited(query, "1"); }
+
+/// The numbers are no constants to the planner; a function that parallel workers may not call keeps them
+/// away, whose rows come in any order; and the join with its one row keeps a sort from being done for the
+/// first rows only, which would give equal keys another order.
+std::string PageStatement(std::string_view query, std::string_view rows, std::string_view offset) {
+  std::string statement = "SELECT dralo_row.* FROM current_schema() CROSS JOIN " + InParentheses(query);
+  statement.append("dralo_row LIMIT (SELECT ").append(rows);
+  return statement.append("::bigint) OFFSET (SELECT ").append(offset).append("::bigint)");
+}
+
+std::string PackedPageStatement(std::string_view query) {
+  return "SELECT * FROM (SELECT string_agg(ROW(dralo_page.*)::text, '') FROM (" +
+         PageStatement(query, "?", "?") + ") dralo_page) dralo_rows LEFT JOIN " + InParentheses(query) +
+         "dralo_none ON false";
+}
+
+}  // namespace dralo::database::odbc
