@@ -3,6 +3,7 @@
 #include <sqlext.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "database/odbc/base_table.h"
 #include "platform/error.h"
@@ -187,37 +188,53 @@ bool Cursor::Step() {
   return true;
 }
 
-void Cursor::MakeBlock() {
-  if (!server_cursor_ || !server_cursor_->IsPacked()) {
-    block_ = std::make_unique<RowBlock>(link_, Statement(), description_.readers, max_records_);
-    return;
-  }
-  packed_row_.emplace(description_.readers);
-  block_ = std::make_unique<RowBlock>(link_, Statement(), std::vector{kPackedReader}, max_records_);
+std::unique_ptr<RowBlock> Cursor::NewBlock() const {
+  const bool is_packed = server_cursor_ && server_cursor_->IsPacked();
+  return std::make_unique<RowBlock>(
+      link_, Statement(), is_packed ? std::vector{kPackedReader} : description_.readers, max_records_);
 }
 
 /// Rows that the server cursor has sent already are passed over here, others there.
 bool Cursor::NextBlock() {
-  if (!block_) MakeBlock();
+  if (!block_) {
+    block_ = NewBlock();
+    if (server_cursor_ && server_cursor_->IsPacked()) packed_row_.emplace(description_.readers);
+  }
   for (;;) {
     block_rows_ = block_->Fetch(text_);
     row_ = 0;
     if (block_rows_ > 0) {
       fetched_ += static_cast<std::int64_t>(block_rows_);
-      if (!server_cursor_ || offset_ == 0) return true;
+      if (!server_cursor_) return true;
       const auto passed = std::min(offset_, static_cast<std::int64_t>(block_rows_));
       offset_ -= passed;
       row_ = static_cast<std::size_t>(passed);
+      if (offset_ == 0) ReadAhead();
       if (row_ < block_rows_) return true;
-      continue;
+    } else if (!server_cursor_ || !FetchMore()) {
+      return false;
     }
-    if (!server_cursor_) return false;
-    server_cursor_->SetFetched(fetched_);
-    fetched_ = 0;
-    server_cursor_->Skip(offset_);
-    offset_ = 0;
-    if (!server_cursor_->Fetch(Statement())) return false;
   }
+}
+
+void Cursor::ReadAhead() {
+  if (server_cursor_->IsFetchingAhead()) return;
+  if (statement_ahead_.Get() == nullptr) statement_ahead_ = link_.NewStatement();
+  server_cursor_->FetchAhead(statement_ahead_.Get());
+}
+
+bool Cursor::FetchMore() {
+  server_cursor_->SetFetched(fetched_);
+  fetched_ = 0;
+  server_cursor_->Skip(offset_);
+  offset_ = 0;
+  if (server_cursor_->IsFetchingAhead()) {
+    SQLFreeStmt(Statement(), SQL_CLOSE);
+    std::swap(statement_, statement_ahead_);
+    std::swap(block_, block_ahead_);
+    if (!block_) block_ = NewBlock();
+  }
+  return server_cursor_->Fetch(Statement());
 }
 
 void Cursor::Stop() noexcept {
@@ -225,6 +242,8 @@ void Cursor::Stop() noexcept {
   block_.reset();
   if (statement_.Get() != nullptr) SQLFreeStmt(Statement(), SQL_CLOSE);
   if (server_cursor_) server_cursor_->Close();
+  block_ahead_.reset();
+  statement_ahead_.Reset();
 }
 
 const BaseTable& Cursor::Table() {

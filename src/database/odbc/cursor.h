@@ -50,8 +50,10 @@ class Cursor final : public database::Cursor {
   std::string Limited(std::int64_t rows, std::int64_t offset) const;
   void AfterRun();
   bool FindResultWithColumns();
-  void MakeBlock();
+  std::unique_ptr<RowBlock> NewBlock() const;
   bool NextBlock();
+  void ReadAhead();
+  bool FetchMore();
   SQLHSTMT Statement() const { return statement_.Get(); }
 
   Session& session_;
@@ -62,10 +64,12 @@ class Cursor final : public database::Cursor {
   const std::int64_t max_records_;
   const bool is_updatable_;
   StatementHandle statement_;
+  StatementHandle statement_ahead_;
   std::optional<ServerCursor> server_cursor_;
   State state_ = State::kPrepared;
   Description description_;
   std::unique_ptr<RowBlock> block_;
+  std::unique_ptr<RowBlock> block_ahead_;  ///< Of the statement ahead.
   std::optional<PackedRow> packed_row_;
   std::size_t row_ = 0;         ///< Of the block.
   std::size_t block_rows_ = 0;  ///< Rows in the block.

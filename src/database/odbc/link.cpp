@@ -6,6 +6,7 @@
 
 #include <array>
 #include <mutex>
+#include <utility>
 
 #include "database/odbc/error.h"
 #include "database/odbc/wide_text.h"
@@ -122,6 +123,7 @@ bool Link::ReadsCellsInAnyOrder() const {
 }
 
 StatementHandle Link::NewStatement() const {
+  background_.Await();
   SQLHANDLE handle = SQL_NULL_HANDLE;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, Handle(), &handle))) {
     throw MakeError(SQL_HANDLE_DBC, Handle(), {}, secrets_);
@@ -132,13 +134,24 @@ StatementHandle Link::NewStatement() const {
   return StatementHandle(handle);
 }
 
+void Link::ExecuteInBackground(SQLHSTMT statement, std::string text) const {
+  background_.Start(
+      [this, statement, own_text = std::move(text)] { return ExecuteNow(statement, own_text); });
+}
+
 SQLRETURN Link::Execute(SQLHSTMT statement, std::string_view text) const {
+  background_.Await();
+  return ExecuteNow(statement, text);
+}
+
+SQLRETURN Link::ExecuteNow(SQLHSTMT statement, std::string_view text) const {
   if (is_narrow_) return SQLExecDirect(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLExecDirectW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
 }
 
 SQLRETURN Link::Prepare(SQLHSTMT statement, std::string_view text) const {
+  background_.Await();
   if (is_narrow_) return SQLPrepare(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLPrepareW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "database/odbc/background_run.h"
 #include "database/odbc/dialect.h"
 #include "database/odbc/handle.h"
 #include "database/odbc/options.h"
@@ -51,6 +52,11 @@ class Link {
   /// Throws platform::Error.
   StatementHandle NewStatement() const;
 
+  /// Runs a statement in the background. None must be started there.
+  void ExecuteInBackground(SQLHSTMT statement, std::string text) const;
+
+  BackgroundRun& Background() const { return background_; }
+
   SQLRETURN Execute(SQLHSTMT statement, std::string_view text) const;
   SQLRETURN Prepare(SQLHSTMT statement, std::string_view text) const;
 
@@ -81,6 +87,7 @@ class Link {
   void Connect(const Options& options);
   void LearnFacts();
   void SetTimeouts(const Options& options);
+  SQLRETURN ExecuteNow(SQLHSTMT statement, std::string_view text) const;
 
   std::vector<std::string> secrets_;
   const std::string file_;
@@ -93,6 +100,7 @@ class Link {
   std::string name_quote_;
   SQLUINTEGER reading_ = 0;  ///< Bits of SQL_GETDATA_EXTENSIONS.
   SQLULEN statement_timeout_s_ = 0;
+  mutable BackgroundRun background_;
 };
 
 }  // namespace dralo::database::odbc

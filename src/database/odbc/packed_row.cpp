@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "database/ascii.h"
+#include "database/odbc/row_packing.h"
 
 namespace dralo::database::odbc {
 
@@ -13,45 +16,24 @@ namespace {
 
 using platform::VariantView;
 
-struct Field {
-  std::optional<std::string_view> value;
-  char* end;  ///< The "," or ")" behind it.
-};
-
-char* Find(char* from, char* end, char c) {
-  auto* const found = static_cast<char*>(std::memchr(from, c, static_cast<std::size_t>(end - from)));
-  return found != nullptr ? found : end;
-}
-
-char* FindSpecial(char* from, char* end) {
-  char* const quote = Find(from, end, '"');
-  return Find(from, quote, '\\');
-}
-
-/// Inside of quotes a quote is doubled, or stands behind a backslash as a backslash does.
-Field TakeQuoted(char* from, char* end) {
-  char* to = ++from;
-  char* const start = to;
-  while (from < end) {
-    char* const special = FindSpecial(from, end);
-    const auto size = static_cast<std::size_t>(special - from);
-    if (to != from) std::memmove(to, from, size);
-    to += size;
-    from = special;
-    if (from == end) break;
-    const bool is_last = *from == '"' && (from + 1 == end || from[1] != '"');
-    if (is_last) return {std::string_view(start, static_cast<std::size_t>(to - start)), from + 1};
-    *to++ = from[1];
-    from += 2;
+/// Takes the field at the front of `text` off.
+std::string_view TakeField(std::string_view& text, const char* separator) {
+  const char* const begin = text.data();
+  const char* const end = begin + text.size();
+  for (const char* at = begin;; ++at) {
+    at = static_cast<const char*>(std::memchr(at, *separator, static_cast<std::size_t>(end - at)));
+    if (at == nullptr || end - at < std::ptrdiff_t{kSeparatorBytes}) break;
+    if (std::memcmp(at, separator, kSeparatorBytes) != 0) continue;
+    text = {at + kSeparatorBytes, end};
+    return {begin, at};
   }
-  return {std::string_view(start, static_cast<std::size_t>(to - start)), end};
+  return std::exchange(text, std::string_view(end, 0));
 }
 
-Field Take(char* from, char* end) {
-  if (from < end && *from == '"') return TakeQuoted(from, end);
-  auto* const stop = std::find_if(from, end, [](char c) { return c == ',' || c == ')'; });
-  if (stop == from) return {std::nullopt, stop};
-  return {std::string_view(from, static_cast<std::size_t>(stop - from)), stop};
+std::uint64_t ReadNullBits(std::string_view text) {
+  std::uint64_t bits = 0;
+  std::from_chars(text.data(), text.data() + text.size(), bits);
+  return bits;
 }
 
 /// Without the offset of a time zone: "10:20:30+02".
@@ -85,17 +67,14 @@ VariantView ReadBytes(std::string_view text, std::string& scratch) {
 
 }  // namespace
 
-std::span<char> PackedRow::Parse(std::span<char> text) {
-  fields_.clear();
-  char* const end = text.data() + text.size();
-  char* at = text.data();
-  while (at < end && fields_.size() < readers_.size()) {
-    const Field field = Take(at + 1, end);
-    fields_.push_back(field.value);
-    at = field.end;
+std::string_view PackedRow::Parse(std::string_view text) {
+  const char* const separator = FieldSeparator().data();
+  std::uint64_t nulls = ReadNullBits(TakeField(text, separator));
+  for (auto& field : fields_) {
+    field = (nulls & 1) != 0 ? std::nullopt : std::optional(TakeField(text, separator));
+    nulls >>= 1;
   }
-  fields_.resize(readers_.size());
-  return {std::min(at + 1, end), end};
+  return text;
 }
 
 VariantView PackedRow::Value(std::size_t column) {

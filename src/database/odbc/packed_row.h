@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,15 +14,14 @@ namespace dralo::database::odbc {
 /// How a packed row is taken from the driver. Longer ones are fetched one by one.
 inline constexpr Reader kPackedReader{Reading::kText, 2048, false};
 
-/// A row of PostgreSQL as one text: "(1,Anvil,,""...)". The driver takes longer to hand over a value than
-/// PostgreSQL to send it, so a row comes as a single one.
+/// Takes packed rows apart. A text stays as long as values of its row are asked for.
 class PackedRow {
  public:
-  explicit PackedRow(std::vector<Reader> readers) : readers_(std::move(readers)), scratch_(readers_.size()) {}
+  explicit PackedRow(std::vector<Reader> readers)
+      : readers_(std::move(readers)), scratch_(readers_.size()), fields_(readers_.size()) {}
 
-  /// Takes the row at the front of `text` apart, in its own place. It must stay there as long as values are
-  /// asked for. Returns what stands behind the row.
-  std::span<char> Parse(std::span<char> text);
+  /// Takes the row at the front of `text`. Returns what stands behind it.
+  std::string_view Parse(std::string_view text);
 
   platform::VariantView Value(std::size_t column);
 

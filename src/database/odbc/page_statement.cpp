@@ -1,5 +1,6 @@
 #include "database/odbc/page_statement.h"
 
+#include "database/odbc/row_packing.h"
 #include "database/odbc/statement_kind.h"
 
 namespace dralo::database::odbc {
@@ -28,10 +29,10 @@ std::string PageStatement(std::string_view query, std::string_view rows, std::st
   return statement.append("::bigint) OFFSET (SELECT ").append(offset).append("::bigint)");
 }
 
-std::string PackedPageStatement(std::string_view query) {
-  return "SELECT * FROM (SELECT string_agg(ROW(dralo_page.*)::text, '') FROM (" +
-         PageStatement(query, "?", "?") + ") dralo_page) dralo_rows LEFT JOIN " + InParentheses(query) +
-         "dralo_none ON false";
+std::string PackedPageStatement(std::string_view query, std::size_t columns) {
+  return "SELECT * FROM (SELECT string_agg(" + PackedRowText(columns) + ", '" + FieldSeparator() +
+         "') FROM (" + PageStatement(query, "?", "?") + ") " + PackedSource("dralo_page", columns) +
+         ") dralo_rows LEFT JOIN " + InParentheses(query) + "dralo_none ON false";
 }
 
 }  // namespace dralo::database::odbc

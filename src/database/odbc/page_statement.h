@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -18,9 +19,10 @@ std::string OneRowStatement(std::string_view query);
 /// so gives equal sort keys the same order on all pages.
 std::string PageStatement(std::string_view query, std::string_view rows, std::string_view offset);
 
-/// The page for the two parameters "rows" and "offset", to be prepared. It has one row: in the first column
-/// all rows of the page as one text, Null when there are none; then the columns of the query, always Null,
-/// which make PostgreSQL refuse the statement once they are other ones than when it was prepared.
-std::string PackedPageStatement(std::string_view query);
+/// The page of a query with `columns` columns for the two parameters "rows" and "offset", to be prepared. It
+/// has one row: in the first column all rows of the page, packed, Null when there are none; then the columns
+/// of the query, always Null, which make PostgreSQL refuse the statement once they are other ones than when
+/// it was prepared.
+std::string PackedPageStatement(std::string_view query, std::size_t columns);
 
 }  // namespace dralo::database::odbc

@@ -108,7 +108,7 @@ platform::VariantView RowBlock::Value(std::size_t row, std::size_t column) {
   return Read(binding.reader.reading, binding.long_value, binding.scratch);
 }
 
-std::span<char> RowBlock::Text(std::size_t row) {
+std::string_view RowBlock::Text(std::size_t row) {
   Binding& binding = bindings_.front();
   if (binding.cells && binding.indicators[row] == SQL_NULL_DATA) return {};
   if (binding.cells && HasRoom(binding, row)) {

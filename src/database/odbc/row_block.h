@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,7 +29,7 @@ class RowBlock {
   std::size_t Fetch(std::string_view text);
 
   /// The bytes of the only column of a block, "" for Null; valid like Value().
-  std::span<char> Text(std::size_t row);
+  std::string_view Text(std::size_t row);
 
   /// Valid until the next Fetch(), or until the same column of another row is asked for.
   platform::VariantView Value(std::size_t row, std::size_t column);

@@ -1,8 +1,10 @@
 #include "database/odbc/server_cursor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "database/odbc/error.h"
+#include "database/odbc/row_packing.h"
 #include "platform/error.h"
 
 namespace dralo::database::odbc {
@@ -38,15 +40,11 @@ std::string ServerCursor::Declaration(std::string_view query) const {
   return text.append(query).append("\n");
 }
 
-/// In one round trip: the columns of the query, from a cursor of which no row is fetched, and the packed
-/// rows.
 bool ServerCursor::Open(SQLHSTMT statement, Binding& parameters, bool is_lazy, bool wants_origins) {
   session_.Settle();
-  const bool has_parameters = parameters.Count() > 0;
-  is_packed_ = !has_parameters;
   requested_ = is_lazy ? 0 : RowsWanted(kFirstRows);
   const bool begins = !session_.IsInTransaction();
-  if (has_parameters) {
+  if (parameters.Count() > 0) {
     if (begins) session_.GetLink().Run("BEGIN");
     session_.SetCursorTransaction(begins);
     owns_transaction_ = begins;
@@ -56,21 +54,30 @@ bool ServerCursor::Open(SQLHSTMT statement, Binding& parameters, bool is_lazy, b
   }
   session_.SetCursorTransaction(begins);
   owns_transaction_ = begins;
-  const std::string text = (begins ? "BEGIN;" : "") + PackedText() + ";" + FetchText(requested_);
-  if (IsRefusal(session_.GetLink().Execute(statement, text), statement)) return false;
-  is_open_ = true;
+  const std::string columns_of = begins ? "BEGIN;" + ColumnsText() : ColumnsText();
+  if (IsRefusal(session_.GetLink().Execute(statement, columns_of), statement)) return false;
   FindResultWithColumns(statement);
   description_ = Describe(session_.GetLink(), statement, query_, wants_origins);
-  SQLMoreResults(statement);
+  SQLFreeStmt(statement, SQL_CLOSE);
+  if (IsRefusal(session_.GetLink().Execute(statement, RowsText()), statement)) return false;
+  is_open_ = true;
   FindResultWithColumns(statement);
   return true;
 }
 
-/// Declares a cursor only to know the columns of the query, then the one of its packed rows.
-std::string ServerCursor::PackedText() const {
+/// A cursor only to know the columns of the query.
+std::string ServerCursor::ColumnsText() const {
   return "DECLARE dralo_columns NO SCROLL CURSOR FOR " + query_ +
-         "\n;FETCH 0 FROM dralo_columns;CLOSE dralo_columns;" +
-         Declaration("SELECT dralo_row::text FROM (" + query_ + "\n) dralo_row");
+         "\n;FETCH 0 FROM dralo_columns;CLOSE dralo_columns";
+}
+
+std::string ServerCursor::RowsText() {
+  const std::size_t columns = description_.columns->size();
+  is_packed_ = 0 < columns && columns <= kMaxPackedColumns;
+  const std::string rows = is_packed_ ? "SELECT " + PackedRowText(columns) + " FROM (" + query_ + "\n) " +
+                                            PackedSource("dralo_row", columns)
+                                      : query_;
+  return Declaration(rows) + ";" + FetchText(requested_);
 }
 
 bool ServerCursor::OpenWithParameters(SQLHSTMT statement, Binding& parameters) {
@@ -123,7 +130,24 @@ void ServerCursor::Run(SQLHSTMT statement, const std::string& text) {
   link.Require(link.Execute(statement, text), statement, query_);
 }
 
+void ServerCursor::FetchAhead(SQLHSTMT statement) {
+  const std::int64_t behind = position_ + requested_;
+  const bool is_long = requested_ == kRowsPerFetch && (max_records_ == 0 || behind < max_records_);
+  const Link& link = session_.GetLink();
+  if (!is_long || link.Background().IsStarted()) return;
+  requested_ahead_ = max_records_ == 0 ? kRowsPerFetch : std::min(max_records_ - behind, kRowsPerFetch);
+  link.ExecuteInBackground(statement, FetchText(requested_ahead_));
+  statement_ahead_ = statement;
+}
+
 bool ServerCursor::Fetch(SQLHSTMT statement) {
+  if (IsFetchingAhead()) {
+    statement_ahead_ = nullptr;
+    requested_ = requested_ahead_;
+    const Link& link = session_.GetLink();
+    link.Require(link.Background().Take(), statement, query_);
+    return true;
+  }
   requested_ = is_at_end_ || !is_open_ ? 0 : RowsWanted(kRowsPerFetch);
   if (requested_ == 0) return false;
   SQLFreeStmt(statement, SQL_CLOSE);
@@ -145,6 +169,9 @@ void ServerCursor::SetFetched(std::int64_t rows) {
 void ServerCursor::Close() noexcept {
   if (!is_open_) return;
   is_open_ = false;
+  if (IsFetchingAhead()) {
+    session_.GetLink().Background().Cancel(std::exchange(statement_ahead_, nullptr), owns_transaction_);
+  }
   const bool ends = owns_transaction_ && session_.HasCursorTransaction();
   if (ends) session_.SetCursorTransaction(false);
   try {

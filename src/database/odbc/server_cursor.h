@@ -37,8 +37,14 @@ class ServerCursor {
   /// Passes over `rows` rows that were not fetched yet.
   void Skip(std::int64_t rows) { passed_ += rows; }
 
-  /// Fetches the next rows. False at the end or at the limit.
+  /// Fetches the next rows, for `statement`. False at the end or at the limit.
   bool Fetch(SQLHSTMT statement);
+
+  /// While the rows of the last fetch are read: fetches those behind them in the background, for another
+  /// statement, when the result turns out to be a long one. The next Fetch() must be for that statement.
+  void FetchAhead(SQLHSTMT statement);
+
+  bool IsFetchingAhead() const { return statement_ahead_ != nullptr; }
 
   /// After all rows of a fetch were read: how many there were.
   void SetFetched(std::int64_t rows);
@@ -49,7 +55,8 @@ class ServerCursor {
   std::int64_t RowsWanted(std::int64_t at_most) const;
   std::string FetchText(std::int64_t rows) const;
   void Run(SQLHSTMT statement, const std::string& text);
-  std::string PackedText() const;
+  std::string ColumnsText() const;
+  std::string RowsText();
   std::string Declaration(std::string_view query) const;
   bool OpenWithParameters(SQLHSTMT statement, Binding& parameters);
   bool Declare(SQLHSTMT statement, Binding& parameters);
@@ -68,6 +75,8 @@ class ServerCursor {
   std::int64_t position_ = 0;   ///< Rows that were fetched or passed over on the server.
   std::int64_t passed_ = 0;     ///< Rows to pass over before the next fetch.
   std::int64_t requested_ = 0;  ///< Rows that the last fetch asked for.
+  std::int64_t requested_ahead_ = 0;
+  SQLHSTMT statement_ahead_ = nullptr;
 };
 
 }  // namespace dralo::database::odbc

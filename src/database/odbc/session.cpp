@@ -212,6 +212,7 @@ bool Session::Reset() noexcept {
 }
 
 void Session::Settle() {
+  link_->Background().Await();
   if (!has_cursor_transaction_) return;
   has_cursor_transaction_ = false;
   link_->Run("COMMIT");

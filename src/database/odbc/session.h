@@ -60,8 +60,8 @@ class Session final : public database::Session {
     return run();
   }
 
-  /// Before any statement but those of an open cursor: gives up the transaction that one keeps open, which
-  /// goes on without it.
+  /// Before any statement but those of an open cursor: waits for one that runs in the background, and gives
+  /// up the transaction that a cursor keeps open, which goes on without it.
   void Settle();
 
   /// After a statement was run: remembers what it did to the session.

@@ -9,6 +9,7 @@
 #include "database/odbc/cursor.h"
 #include "database/odbc/error.h"
 #include "database/odbc/page_statement.h"
+#include "database/odbc/row_packing.h"
 #include "platform/error.h"
 
 namespace dralo::database::odbc {
@@ -20,9 +21,9 @@ constexpr std::int64_t kMaxRows = 256;
 /// A page that is longer is fetched in pieces.
 constexpr Reader kPageReader{Reading::kText, 16'384, false};
 
-/// The states of PostgreSQL when a statement was prepared for columns that are other ones now, is gone, or,
-/// behind a pooler, belongs to somebody else.
-constexpr std::string_view kStale[] = {"0A000", "26000", "42P05"};
+/// The states of PostgreSQL when a statement was prepared for columns that are other or fewer ones now, is
+/// gone, or, behind a pooler, belongs to somebody else.
+constexpr std::string_view kStale[] = {"0A000", "42P10", "26000", "42P05"};
 
 }  // namespace
 
@@ -85,9 +86,10 @@ bool ShortCursor::TakePrepared() {
   if (statement_.Get() != nullptr) return true;
   const Link& link = session_.GetLink();
   statement_ = link.NewStatement();
-  link.Require(
-      link.Prepare(statement_.Get(), IsOneRow() ? OneRowStatement(text_) : PackedPageStatement(text_)),
-      statement_.Get(), text_);
+  link.Require(link.Prepare(statement_.Get(),
+                            IsOneRow() ? OneRowStatement(text_)
+                                       : PackedPageStatement(text_, known_->description.columns->size())),
+               statement_.Get(), text_);
   return false;
 }
 
@@ -142,7 +144,10 @@ bool ShortCursor::RunPrepared() {
 void ShortCursor::Run() {
   const bool came_before =
       !is_new_ && !session_.IsInTransaction() && session_.Statements().Find(text_) == known_;
-  if (came_before && session_.GetLink().KeepsPrepared() && RunPrepared()) return;
+  const std::size_t columns = known_->description.columns->size();
+  const bool is_packable = IsOneRow() || (0 < columns && columns <= kMaxPackedColumns);
+  const bool may_prepare = came_before && is_packable && session_.GetLink().KeepsPrepared();
+  if (may_prepare && RunPrepared()) return;
   if (!RunDirectly()) OpenLongCursor();
 }
 

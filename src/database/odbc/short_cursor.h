@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -85,7 +84,7 @@ class ShortCursor final : public database::Cursor {
   bool is_prepared_ = false;
   std::optional<PackedRow> packed_row_;
   std::unique_ptr<RowBlock> block_;
-  std::span<char> rest_;                           ///< Of a packed page: the rows behind the current one.
+  std::string_view rest_;                          ///< Of a packed page: the rows behind the current one.
   std::size_t row_ = 0;                            ///< Else: of the block.
   std::size_t block_rows_ = 0;                     ///< Rows in the block.
   std::unique_ptr<database::Cursor> long_cursor_;  ///< When more rows turn out to be wanted.

@@ -3,13 +3,23 @@
 #include <gtest/gtest.h>
 
 #include "data/show.h"
+#include "database/odbc/row_packing.h"
 
 namespace dralo::database::odbc {
 
 namespace {
 
-/// The values of a row whose columns are read as told.
-std::string Values(std::string text, const std::vector<Reading>& readings) {
+constexpr Reading kText = Reading::kText;
+
+/// What PostgreSQL sends for values between whose "|" the separator stands.
+std::string Packed(std::string_view text) {
+  std::string packed;
+  for (const char c : text) packed += c == '|' ? FieldSeparator() : std::string(1, c);
+  return packed;
+}
+
+/// The values of the row at the front of `text`, whose columns are read as told.
+std::string Values(const std::string& text, const std::vector<Reading>& readings) {
   std::vector<Reader> readers;
   for (const Reading reading : readings) readers.push_back({reading, 0, false});
   PackedRow row(readers);
@@ -19,42 +29,66 @@ std::string Values(std::string text, const std::vector<Reading>& readings) {
   return shown;
 }
 
-constexpr Reading kText = Reading::kText;
-
 TEST(PackedRow, TellsNullFromAnEmptyText) {
-  EXPECT_EQ(Values(R"~((,"",,a))~", {kText, kText, kText, kText}), "null '' null 'a' ");
-  EXPECT_EQ(Values("()", {kText}), "null ");
-  EXPECT_EQ(Values("(,)", {kText, kText}), "null null ");
+  EXPECT_EQ(Values(Packed("5||a"), {kText, kText, kText, kText}), "null '' null 'a' ");
+  EXPECT_EQ(Values(Packed("1"), {kText}), "null ");
+  EXPECT_EQ(Values(Packed("0|"), {kText}), "'' ");
+  EXPECT_EQ(Values(Packed("3"), {kText, kText}), "null null ");
 }
 
-TEST(PackedRow, TakesQuotesOff) {
-  EXPECT_EQ(Values(R"~(("a,b",")","""x"" \\ ""","{""a"":""b""}",c))~", {kText, kText, kText, kText, kText}),
-            R"('a,b' ')' '"x" \ "' '{"a":"b"}' 'c' )");
-  EXPECT_EQ(Values(R"~(("\\","""" ))~", {kText}), R"('\' )");
+TEST(PackedRow, LeavesTextAsItIs) {
+  EXPECT_EQ(Values(Packed(R"~(0|a,b|)|"x" \ "|)~"), {kText, kText, kText, kText}),
+            R"~('a,b' ')' '"x" \ "' '' )~");
+}
+
+TEST(PackedRow, KnowsTheSeparatorFromItsBeginnings) {
+  const std::string beginning = FieldSeparator().substr(0, kSeparatorBytes - 1);
+  const std::string text =
+      Packed("0|") + beginning + "x" + Packed("|") + beginning[0] + Packed("|") + beginning;
+  EXPECT_EQ(Values(text, {kText, kText, kText}),
+            "'" + beginning + "x' '" + beginning[0] + "' '" + beginning + "' ");
+}
+
+TEST(PackedRow, TakesOneRowAfterTheOther) {
+  const std::string page = Packed("0|1|a|2|2|1||0|3|");
+  PackedRow row({{Reading::kInteger, 0, false}, {kText, 0, false}});
+  std::string shown;
+  for (std::string_view rest = page; !rest.empty();) {
+    rest = row.Parse(rest);
+    shown += tests::Shown(row.Value(0)) + " " + tests::Shown(row.Value(1)) + "; ";
+  }
+  EXPECT_EQ(shown, "1 'a'; 2 null; null ''; 3 ''; ");
+}
+
+TEST(PackedRow, KnowsTheNullsOfManyColumns) {
+  const std::vector<Reading> readings(kMaxPackedColumns, kText);
+  const std::string shown = Values(Packed("4611686018427387905|" + std::string(60, '|')), readings);
+  EXPECT_TRUE(shown.starts_with("null '' '' "));
+  EXPECT_TRUE(shown.ends_with(" '' null "));
 }
 
 TEST(PackedRow, ReadsNumbers) {
-  EXPECT_EQ(Values("(-7,9223372036854775807,0.1,12.50,t,f)",
+  EXPECT_EQ(Values(Packed("0|-7|9223372036854775807|0.1|12.50|t|f"),
                    {Reading::kInteger, Reading::kInteger, Reading::kDouble, Reading::kDecimal,
                     Reading::kBoolean, Reading::kBoolean}),
             "-7 9223372036854775807 0.1 12.50m true false ");
-  EXPECT_EQ(Values("(1e+300,NaN)", {Reading::kDouble, Reading::kDecimal}), "1e+300 'NaN' ");
+  EXPECT_EQ(Values(Packed("0|1e+300|NaN"), {Reading::kDouble, Reading::kDecimal}), "1e+300 'NaN' ");
 }
 
 TEST(PackedRow, ReadsDatesWithoutTheirZone) {
-  EXPECT_EQ(Values(R"~((2024-02-29,"2024-03-01 10:20:30.000006","2024-03-01 10:20:30-05:30",10:20:30+02))~",
+  EXPECT_EQ(Values(Packed("0|2024-02-29|2024-03-01 10:20:30.000006|2024-03-01 10:20:30-05:30|10:20:30+02"),
                    {Reading::kDateText, Reading::kDateText, Reading::kDateText, Reading::kTimeText}),
             "2024-02-29 00:00:00 2024-03-01 10:20:30.000006000 2024-03-01 10:20:30 1899-12-30 10:20:30 ");
-  EXPECT_EQ(Values(R"~((infinity,"0044-03-15 BC"))~", {Reading::kDateText, Reading::kDateText}),
+  EXPECT_EQ(Values(Packed("0|infinity|0044-03-15 BC"), {Reading::kDateText, Reading::kDateText}),
             "'infinity' '0044-03-15 BC' ");
 }
 
 TEST(PackedRow, ReadsBytes) {
-  EXPECT_EQ(Values(R"~(("\\x00ffAb","\\x"))~", {Reading::kBytes, Reading::kBytes}), "x'00FFAB' x'' ");
+  EXPECT_EQ(Values(Packed(R"~(0|\x00ffAb|\x)~"), {Reading::kBytes, Reading::kBytes}), "x'00FFAB' x'' ");
 }
 
 TEST(PackedRow, YieldsAValueTwice) {
-  std::string text = R"~(("a ""b""","\\x0102"))~";
+  const std::string text = Packed(R"~(0|a "b"|\x0102)~");
   PackedRow row({{Reading::kText, 0, false}, {Reading::kBytes, 0, false}});
   row.Parse(text);
   for (int i = 0; i < 2; ++i) {
@@ -64,9 +98,9 @@ TEST(PackedRow, YieldsAValueTwice) {
 }
 
 TEST(PackedRow, SurvivesARowThatIsCutOff) {
-  for (const char* text : {"", "(", "(a", "(\"a", "(\"a\"", "(\"a\\"}) {
-    const std::string shown = Values(text, {kText, kText});
-    EXPECT_TRUE(shown.ends_with("null ")) << shown;
+  for (const std::string& text :
+       {std::string(), std::string("0"), FieldSeparator().substr(0, 3), Packed("0|a"), Packed("|")}) {
+    EXPECT_TRUE(Values(text, {kText, kText}).ends_with("'' ")) << text;
   }
 }
 

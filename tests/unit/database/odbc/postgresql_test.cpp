@@ -1,4 +1,8 @@
+#include <unistd.h>
+
+#include <atomic>
 #include <clocale>
+#include <csignal>
 #include <cstdlib>
 
 #include "unit/database/odbc/driver_test.h"
@@ -160,6 +164,119 @@ TEST_F(PostgreSqlDriver, GoesOnAfterAFailureInTheMiddleOfAResult) {
   EXPECT_EQ(error.Description(), "division by zero (SQLSTATE 22012)");
   EXPECT_EQ(error.Source(), "SELECT 1 / (i - 3000) FROM generate_series(1, 5000) i");
   EXPECT_EQ(Ask("SELECT 7"), Lines{"7"});
+}
+
+/// Rows come soon up to the 1,200th, then hardly ever.
+constexpr std::string_view kEndlessFrom1200 =
+    "SELECT i, CASE WHEN i > 1200 THEN pg_sleep(3600) END FROM generate_series(1, 5000) i";
+
+void ReadTo1050(platform::Recordset& recordset) {
+  for (int i = 1; i < 1050; ++i) recordset.MoveNext();
+}
+
+TEST_F(PostgreSqlDriver, LeavesAResultWhoseNextRowsTakeLong) {
+  connection_ = Connect(database_.ConnectionString() + ";Query Timeout=0");
+  Run("CREATE TABLE t (i integer)");
+  {
+    const auto recordset = Read(connection_, kEndlessFrom1200);
+    ReadTo1050(*recordset);
+    EXPECT_TRUE(Line(*recordset).starts_with("1050 "));
+  }
+  EXPECT_EQ(Ask("SELECT i FROM t"), Lines{});
+  connection_->Close();
+  EXPECT_EQ(Rows(Connect(database_.ConnectionString()), "SELECT COUNT(*) FROM t"), Lines{"0"});
+}
+
+TEST_F(PostgreSqlDriver, KeepsTheTransactionOfAResultThatIsLeftWhileRowsAreFetched) {
+  Run("CREATE TABLE t (i integer)");
+  Run("BEGIN");
+  Run("INSERT INTO t VALUES (1)");
+  {
+    const auto recordset = Read(
+        connection_, "SELECT i, CASE WHEN i = 1200 THEN pg_sleep(0.3) END FROM generate_series(1, 5000) i");
+    ReadTo1050(*recordset);
+  }
+  Run("INSERT INTO t VALUES (2)");
+  Run("COMMIT");
+  EXPECT_EQ(Ask("SELECT i FROM t ORDER BY i"), (Lines{"1", "2"}));
+}
+
+TEST_F(PostgreSqlDriver, RunsOtherStatementsWhileRowsAreFetched) {
+  Run("CREATE TABLE t (i integer)");
+  const auto recordset = Read(
+      connection_, "SELECT i, CASE WHEN i = 1200 THEN pg_sleep(0.3) END FROM generate_series(1, 5000) i");
+  ReadTo1050(*recordset);
+  Run("INSERT INTO t VALUES (1)");
+  EXPECT_EQ(Ask("SELECT i FROM t", 5), Lines{"1"});
+  EXPECT_EQ(Ask("SELECT i FROM t", 5), Lines{"1"});
+  EXPECT_EQ(Edit(connection_, "SELECT i FROM t")->Fields().size(), 1u);
+  int rows = 1050;
+  for (recordset->MoveNext(); !recordset->Eof(); recordset->MoveNext()) ++rows;
+  EXPECT_EQ(rows, 5000);
+}
+
+std::atomic<int> signals_here = 0;
+std::atomic<int> signals_elsewhere = 0;
+
+TEST_F(PostgreSqlDriver, HandlesSignalsOnlyInTheThreadOfTheProgram) {
+  struct sigaction action {};
+  struct sigaction before {};
+  action.sa_handler = [](int) { ++(gettid() == getpid() ? signals_here : signals_elsewhere); };
+  sigaction(SIGUSR1, &action, &before);
+  const auto recordset = Read(
+      connection_, "SELECT i, CASE WHEN i = 1200 THEN pg_sleep(0.3) END FROM generate_series(1, 5000) i");
+  ReadTo1050(*recordset);
+
+  sigset_t user_signal;
+  sigemptyset(&user_signal);
+  sigaddset(&user_signal, SIGUSR1);
+  pthread_sigmask(SIG_BLOCK, &user_signal, nullptr);
+  kill(getpid(), SIGUSR1);
+  while (!recordset->Eof()) recordset->MoveNext();
+  EXPECT_EQ(signals_elsewhere, 0);
+  pthread_sigmask(SIG_UNBLOCK, &user_signal, nullptr);
+  EXPECT_EQ(signals_here, 1);
+  sigaction(SIGUSR1, &before, nullptr);
+}
+
+TEST_F(PostgreSqlDriver, ReadsRecordsOfNullsAndArraysOfThem) {
+  Run("CREATE TYPE pair AS (a integer, b text)");
+  const std::string sql =
+      "SELECT i, ROW(NULL, NULL)::pair AS nulls, NULL::pair AS nothing, ARRAY[NULL]::text[] AS list, i AS "
+      "last FROM "
+      "generate_series(1, 3) i";
+  const Lines rows = {"1 '(,)' null '{NULL}' 1", "2 '(,)' null '{NULL}' 2", "3 '(,)' null '{NULL}' 3"};
+  EXPECT_EQ(Ask(sql), rows);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Ask(sql, 5), rows);
+}
+
+TEST_F(PostgreSqlDriver, ReadsRowsOfAnyWidth) {
+  for (const int width : {1, 2, 62, 63, 64, 65, 101, 200}) {
+    std::string sql = "SELECT ";
+    std::string expected;
+    for (int i = 1; i <= width; ++i) {
+      const std::string value = i % 5 == 0 ? "NULL" : std::to_string(i);
+      sql.append(i > 1 ? ", " : "").append(value).append(" AS f").append(std::to_string(i));
+      expected.append(i > 1 ? " " : "").append(i % 5 == 0 ? "null" : value);
+    }
+    sql += " FROM generate_series(1, 2)";
+    EXPECT_EQ(Ask(sql), (Lines{expected, expected})) << width;
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(Ask(sql, 5), (Lines{expected, expected})) << width;
+  }
+}
+
+TEST_F(PostgreSqlDriver, ReadsEveryCharacterOfATextAsItIs) {
+  const std::string sql =
+      "SELECT (SELECT string_agg(chr(i), '') FROM generate_series(1, 300) i) AS all, E'\x1f' AS unit, "
+      "E'\x1f\x1f' "
+      "AS units, ' ' AS blank FROM generate_series(1, 3)";
+  const Lines rows = Ask(sql, 1);
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_TRUE(rows.front().ends_with("'\x1F' '\x1F\x1F' ' '")) << rows.front();
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(Ask(sql, 5), Lines(3, rows.front()));
+    EXPECT_EQ(Ask(sql), Lines(3, rows.front()));
+  }
 }
 
 TEST_F(PostgreSqlDriver, RunsStatementsThatCannotHaveACursor) {
