@@ -20,12 +20,13 @@ std::string NoRowStatement(std::string_view query) { return Limited(query, "0");
 
 std::string OneRowStatement(std::string_view query) { return Limited(query, "1"); }
 
-/// The numbers are no constants to the planner; a function that parallel workers may not call keeps them
-/// away, whose rows come in any order; and the join with its one row keeps a sort from being done for the
-/// first rows only, which would give equal keys another order.
+/// The numbers are no constants to the planner. A function that parallel workers may not call keeps them
+/// away, whose rows come in any order. It is never called: the join, which adds nothing to any row, keeps a
+/// sort from being done for the first rows only, which would give equal keys another order. The comment hides
+/// the join from the driver, which would take all columns for nullable.
 std::string PageStatement(std::string_view query, std::string_view rows, std::string_view offset) {
-  std::string statement = "SELECT dralo_row.* FROM current_schema() CROSS JOIN " + InParentheses(query);
-  statement.append("dralo_row LIMIT (SELECT ").append(rows);
+  std::string statement = "SELECT dralo_row.* FROM " + InParentheses(query);
+  statement.append("dralo_row LEFT/**/JOIN current_schema() ON false LIMIT (SELECT ").append(rows);
   return statement.append("::bigint) OFFSET (SELECT ").append(offset).append("::bigint)");
 }
 
