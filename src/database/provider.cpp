@@ -17,7 +17,9 @@ const Provider& FindProvider(const ConnectionString& connection_string) {
     return odbc_provider;
   }
   if (!name) {
-    throw platform::Error("The connection string names no provider; write Provider=SQLite;Data Source=FILE");
+    throw platform::Error(
+        "The connection string names no provider; write Provider=SQLite;Data Source=FILE, or Driver=NAME for "
+        "another database");
   }
   if (EqualsIgnoringCase(*name, "SQLite")) return sqlite_provider;
   throw platform::Error(

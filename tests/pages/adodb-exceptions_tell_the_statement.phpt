@@ -49,7 +49,7 @@ string(0) ""
 string(0) ""
 Dralo\Exception: The database file ./missing.db does not exist or cannot be reached; Mode=ReadWriteCreate makes a new one
 Dralo\Exception: The connection string has a part without "="; write key=value;key=value
-Dralo\Exception: The connection string names no provider; write Provider=SQLite;Data Source=FILE
+Dralo\Exception: The connection string names no provider; write Provider=SQLite;Data Source=FILE, or Driver=NAME for another database
 Dralo\Exception: The connection is open already; close it first
 Dralo\Exception: No object is registered as "ADODB.Stream"
 Dralo\Exception: No object is registered as ""

@@ -76,6 +76,7 @@ std::string PortOfKind() {
 }  // namespace
 
 std::string PortOf(Server server) {
+  setenv("ODBCSYSINI", DRALO_DRIVERS_FOLDER, 0);
   return server == Server::kPostgreSql ? PortOfKind<Server::kPostgreSql>() : PortOfKind<Server::kMariaDb>();
 }
 

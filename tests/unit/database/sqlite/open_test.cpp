@@ -52,9 +52,12 @@ TEST_F(SqliteOpen, MakesADatabaseOfItsOwnForEachConnectionToMemory) {
 }
 
 TEST_F(SqliteOpen, SaysWhatToWriteInAConnectionString) {
-  EXPECT_EQ(OpenError(""), "The connection string names no provider; write Provider=SQLite;Data Source=FILE");
+  EXPECT_EQ(OpenError(""),
+            "The connection string names no provider; write Provider=SQLite;Data Source=FILE, or Driver=NAME "
+            "for another database");
   EXPECT_EQ(OpenError("Data Source=x.db"),
-            "The connection string names no provider; write Provider=SQLite;Data Source=FILE");
+            "The connection string names no provider; write Provider=SQLite;Data Source=FILE, or Driver=NAME "
+            "for another database");
   EXPECT_EQ(OpenError("Provider=Other;Password=hush"),
             "The connection string names an unknown provider; write Provider=SQLite;Data Source=FILE");
   EXPECT_EQ(OpenError("Provider=SQLite"),
