@@ -52,6 +52,7 @@ void Cursor::RequireParameterCount() {
   if (text_.find('?') != text_.npos) {
     SQLSMALLINT count = 0;
     link_.Require(link_.Prepare(Statement(), text_), Statement(), text_);
+    const Deadline deadline = link_.Limit();
     link_.Require(SQLNumParams(Statement(), &count), Statement(), text_);
     SQLFreeStmt(Statement(), SQL_CLOSE);
     expected = static_cast<std::size_t>(count);
@@ -105,7 +106,7 @@ bool Cursor::RunLimited() {
   SQLRETURN code = link_.Prepare(Statement(), Limited(max_records_, offset_));
   if (!SQL_SUCCEEDED(code)) return false;
   parameters_.Bind(link_, Statement(), text_);
-  link_.Require(SQLExecute(Statement()), Statement(), text_);
+  link_.Require(link_.ExecutePrepared(Statement()), Statement(), text_);
   AfterRun();
   return true;
 }
@@ -121,7 +122,7 @@ void Cursor::Run(std::string_view text) {
   } else {
     link_.Require(link_.Prepare(Statement(), text), Statement(), text_);
     parameters_.Bind(link_, Statement(), text_);
-    code = SQLExecute(Statement());
+    code = link_.ExecutePrepared(Statement());
   }
   link_.Require(code, Statement(), text_);
   AfterRun();
@@ -168,11 +169,11 @@ bool Cursor::Step() {
       const std::int64_t rows = std::max<std::int64_t>(max_records_ - offset_, 0);
       Run(Limited(rows, offset_));
     } else if (parameters_.Count() == 0) {
-      link_.Require(SQLExecute(Statement()), Statement(), text_);
+      link_.Require(link_.ExecutePrepared(Statement()), Statement(), text_);
       AfterRun();
     } else {
       parameters_.Bind(link_, Statement(), text_);
-      link_.Require(SQLExecute(Statement()), Statement(), text_);
+      link_.Require(link_.ExecutePrepared(Statement()), Statement(), text_);
       AfterRun();
     }
   }

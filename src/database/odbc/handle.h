@@ -27,6 +27,9 @@ class Handle {
 
   SQLHANDLE Get() const { return handle_; }
 
+  /// Leaves it to the driver manager, which frees it with the handle that it was allocated from.
+  void Release() noexcept { handle_ = nullptr; }
+
   void Reset() noexcept {
     if (handle_ != nullptr) SQLFreeHandle(kType, std::exchange(handle_, nullptr));
   }

@@ -17,6 +17,9 @@ namespace dralo::database::odbc {
 
 namespace {
 
+/// The server's own message about its limit comes first.
+constexpr std::chrono::seconds kGrace{2};
+
 /// The driver manager's environment of this process. One that was inherited by fork() is left alone.
 SQLHENV Environment() {
   static std::mutex mutex;
@@ -100,8 +103,12 @@ void Link::LearnFacts() {
   SQLGetInfo(Handle(), SQL_GETDATA_EXTENSIONS, &reading_, sizeof reading_, nullptr);
 }
 
-/// PostgreSQL has got its limit with the connection string; others are told with each statement.
+/// PostgreSQL has got its limit with the connection string; others are told with each statement. PostgreSQL's
+/// driver would wait for ever for a server that is frozen.
 void Link::SetTimeouts(const Options& options) {
+  const bool has_patience =
+      dialect_ == Dialect::kPostgreSql && options.query_timeout_s > 0 && socket_.IsKnown();
+  if (has_patience) patience_ = std::chrono::seconds(options.query_timeout_s) + kGrace;
   if (options.query_timeout_s == 0 || dialect_ == Dialect::kPostgreSql || dialect_ == Dialect::kSqlite)
     return;
   if (dialect_ == Dialect::kMariaDb) {
@@ -145,6 +152,7 @@ SQLRETURN Link::Execute(SQLHSTMT statement, std::string_view text) const {
 }
 
 SQLRETURN Link::ExecuteNow(SQLHSTMT statement, std::string_view text) const {
+  const Deadline deadline = Limit();
   if (is_narrow_) return SQLExecDirect(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLExecDirectW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
@@ -152,9 +160,21 @@ SQLRETURN Link::ExecuteNow(SQLHSTMT statement, std::string_view text) const {
 
 SQLRETURN Link::Prepare(SQLHSTMT statement, std::string_view text) const {
   background_.Await();
+  const Deadline deadline = Limit();
   if (is_narrow_) return SQLPrepare(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLPrepareW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
+}
+
+SQLRETURN Link::ExecutePrepared(SQLHSTMT statement) const {
+  background_.Await();
+  const Deadline deadline = Limit();
+  return SQLExecute(statement);
+}
+
+Deadline Link::Limit() const {
+  if (patience_ == std::chrono::seconds(0)) return {};
+  return {socket_.Socket(), patience_, is_given_up_};
 }
 
 void Link::Run(std::string_view text) const {
@@ -175,6 +195,12 @@ std::int64_t Link::AskNumber(std::string_view text) const {
 }
 
 platform::Error Link::ErrorOf(SQLHSTMT statement, std::string_view text) const {
+  if (is_given_up_) {
+    const std::string state = "HYT00";
+    return platform::Error("The database has not answered for " + std::to_string(patience_.count()) +
+                               " seconds; the connection is given up (SQLSTATE " + state + ")",
+                           0, state, std::string(text));
+  }
   return MakeError(SQL_HANDLE_STMT, statement, text, secrets_);
 }
 

@@ -3,12 +3,15 @@
 #include <sql.h>
 #include <sys/types.h>
 
+#include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "database/odbc/background_run.h"
+#include "database/odbc/deadline.h"
 #include "database/odbc/dialect.h"
 #include "database/odbc/handle.h"
 #include "database/odbc/options.h"
@@ -59,6 +62,13 @@ class Link {
 
   SQLRETURN Execute(SQLHSTMT statement, std::string_view text) const;
   SQLRETURN Prepare(SQLHSTMT statement, std::string_view text) const;
+  SQLRETURN ExecutePrepared(SQLHSTMT statement) const;
+
+  /// For every call of the driver that may wait for the server.
+  Deadline Limit() const;
+
+  /// The server did not answer in time.
+  bool IsGivenUp() const { return is_given_up_; }
 
   /// Runs a statement whose rows do not matter. Throws platform::Error.
   void Run(std::string_view text) const;
@@ -100,6 +110,8 @@ class Link {
   std::string name_quote_;
   SQLUINTEGER reading_ = 0;  ///< Bits of SQL_GETDATA_EXTENSIONS.
   SQLULEN statement_timeout_s_ = 0;
+  std::chrono::seconds patience_{0};  ///< 0 where the driver has a limit of its own, or none is wanted.
+  mutable std::atomic<bool> is_given_up_ = false;
   mutable BackgroundRun background_;
 };
 

@@ -27,7 +27,7 @@ std::string_view TakeField(std::string_view& text, const char* separator) {
     text = {at + kSeparatorBytes, end};
     return {begin, at};
   }
-  return std::exchange(text, std::string_view(end, 0));
+  return std::exchange(text, text.substr(text.size()));
 }
 
 std::uint64_t ReadNullBits(std::string_view text) {

@@ -117,7 +117,7 @@ bool ServerCursor::Declare(SQLHSTMT statement, Binding& parameters) {
   SQLRETURN code = link.Prepare(statement, Declaration(query_));
   if (SQL_SUCCEEDED(code)) {
     parameters.Bind(link, statement, query_);
-    code = SQLExecute(statement);
+    code = link.ExecutePrepared(statement);
   }
   const bool is_refusal = IsRefusal(code, statement);
   SQLFreeStmt(statement, SQL_CLOSE);

@@ -45,7 +45,7 @@ std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
 
 void Session::Reconnect() {
   has_cursor_transaction_ = false;
-  statements_.Clear();
+  statements_.Abandon();
   link_ = std::make_unique<Link>(options_);
 }
 
@@ -55,7 +55,7 @@ bool Session::MayReconnect(const Error& error, std::string_view text) const {
   const bool is_gone = state.starts_with("08") || state == "57P01" || state == "57P02" ||
                        error.Number() == 2006 || error.Number() == 2013 ||
                        (link_->Socket().IsKnown() && link_->Socket().HasEnded());
-  return is_gone && KindOf(text).is_query;
+  return is_gone && !link_->IsGivenUp() && KindOf(text).is_query;
 }
 
 /// In PostgreSQL a plain name means the one in small letters, as it would without quotes.

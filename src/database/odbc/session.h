@@ -27,6 +27,7 @@ class Session final : public database::Session {
  public:
   /// Throws platform::Error when the database does not open.
   explicit Session(const Options& options);
+  ~Session() override { statements_.Abandon(); }
 
   std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
   std::string QuoteName(std::string_view name) const override;

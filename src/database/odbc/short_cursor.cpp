@@ -56,9 +56,11 @@ bool ShortCursor::IsRefusal(SQLRETURN code) {
 bool ShortCursor::Accepts(const std::string& statement) {
   session_.Settle();
   const Link& link = session_.GetLink();
+  const Deadline deadline = link.Limit();
   statement_ = link.NewStatement();
   if (IsRefusal(link.Execute(statement_.Get(), statement))) return false;
-  known_ = std::make_shared<const KnownQuery>(KindOf(text_), Describe(link, statement_.Get(), text_, false));
+  known_ = std::make_shared<const KnownQuery>(
+      KnownQuery{KindOf(text_), Describe(link, statement_.Get(), text_, false)});
   // The columns of tables that the user's transaction changed may change back.
   if (!session_.IsInTransaction()) session_.Statements().Remember(text_, known_);
   session_.Note(known_->kind);
@@ -120,9 +122,10 @@ bool ShortCursor::HasKnownColumns() const {
 /// before; one that is prepared now may have other columns than those known.
 bool ShortCursor::RunPrepared() {
   session_.Settle();
+  const Deadline deadline = session_.GetLink().Limit();
   const bool was_prepared = TakePrepared();
   BindNumbers();
-  const SQLRETURN code = SQLExecute(statement_.Get());
+  const SQLRETURN code = session_.GetLink().ExecutePrepared(statement_.Get());
   if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) {
     const platform::Error error = session_.GetLink().ErrorOf(statement_.Get(), text_);
     statement_.Reset();

@@ -17,6 +17,9 @@ class SocketWatch {
   /// False when several sockets appeared, or none.
   bool IsKnown() const { return socket_ >= 0; }
 
+  /// The descriptor; negative when it is not known.
+  int Socket() const { return socket_; }
+
   /// Whether the other end has said something, of which only a farewell can be expected between statements.
   bool HasEnded() const;
 

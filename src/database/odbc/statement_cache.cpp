@@ -45,6 +45,13 @@ void StatementCache::Forget(std::string_view text) {
   std::erase_if(entries_, [&](const Entry& entry) { return entry.text == text; });
 }
 
+void StatementCache::Abandon() noexcept {
+  for (Entry& entry : entries_) {
+    for (StatementHandle& statement : entry.statements) statement.Release();
+  }
+  entries_.clear();
+}
+
 StatementHandle StatementCache::Take(std::string_view text, Yield yield) {
   Entry* const entry = FindEntry(text);
   if (entry == nullptr) return {};

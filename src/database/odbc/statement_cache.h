@@ -34,7 +34,9 @@ class StatementCache {
   /// Also the statements that are prepared for it.
   void Forget(std::string_view text);
 
-  void Clear() { entries_.clear(); }
+  /// Forgets all. To be called before the link is closed, which frees the statements without telling the
+  /// server of each.
+  void Abandon() noexcept;
 
   /// The statement that is prepared for a query, to be used by one cursor; an empty handle when there is none
   /// or another cursor uses it.

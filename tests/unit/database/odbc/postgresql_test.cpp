@@ -1,3 +1,4 @@
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -277,6 +278,74 @@ TEST_F(PostgreSqlDriver, ReadsEveryCharacterOfATextAsItIs) {
     EXPECT_EQ(Ask(sql, 5), Lines(3, rows.front()));
     EXPECT_EQ(Ask(sql), Lines(3, rows.front()));
   }
+}
+
+/// A page whose server process is frozen ends with one message. The process is thawed by the end of the test.
+class FrozenServer : public PostgreSqlDriver {
+ protected:
+  void SetUp() override {
+    connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1");
+    pid_ = Ask("SELECT pg_backend_pid()").front();
+  }
+  void TearDown() override { kill(std::stoi(pid_), SIGCONT); }
+
+  void Freeze() const { ASSERT_EQ(kill(std::stoi(pid_), SIGSTOP), 0); }
+
+  std::string pid_;
+  static constexpr std::string_view kMessage =
+      "The database has not answered for 3 seconds; the connection is given up (SQLSTATE HYT00)";
+};
+
+TEST_F(FrozenServer, IsGivenUpByAQuery) {
+  Ask("SELECT 7", 5);
+  Ask("SELECT 7", 5);
+  Freeze();
+  const auto error = ErrorOf([&] { Ask("SELECT 7", 5); });
+  EXPECT_EQ(error.Description(), kMessage);
+  EXPECT_EQ(error.SqlState(), "HYT00");
+  EXPECT_EQ(error.Source(), "SELECT 7");
+  connection_->Close();
+  EXPECT_EQ(Rows(Connect(database_.ConnectionString() + ";Query Timeout=1"), "SELECT 7"), Lines{"7"});
+}
+
+TEST_F(FrozenServer, IsGivenUpInTheMiddleOfAResult) {
+  const auto recordset = Read(connection_, "SELECT i FROM generate_series(1, 50000) i");
+  ReadTo1050(*recordset);
+  Freeze();
+  const auto error = ErrorOf([&] {
+    while (!recordset->Eof()) recordset->MoveNext();
+  });
+  EXPECT_EQ(error.Description(), kMessage);
+}
+
+TEST_F(FrozenServer, IsGivenUpByAStatementAndByARecordToSave) {
+  Run("CREATE TABLE t (i integer PRIMARY KEY)");
+  Run("INSERT INTO t VALUES (1)");
+  const auto recordset = Edit(connection_, "SELECT i FROM t");
+  FieldOf(*recordset, "i").SetValue("2");
+  Freeze();
+  EXPECT_EQ(ErrorOf([&] { recordset->Update(); }).Description(), kMessage);
+  EXPECT_EQ(ErrorOf([&] { Run("INSERT INTO t VALUES (3)"); }).Description(), kMessage);
+}
+
+TEST_F(FrozenServer, IsGivenUpByAChildOfTheProcess) {
+  const pid_t child = fork();
+  if (child == 0) {
+    bool is_given_up = false;
+    try {
+      connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1;ApplicationName=child");
+      pid_ = Ask("SELECT pg_backend_pid()").front();
+      Freeze();
+      Ask("SELECT 7", 5);
+    } catch (const platform::Error& error) {
+      is_given_up = error.Description() == kMessage;
+    }
+    kill(std::stoi(pid_), SIGCONT);
+    _exit(is_given_up ? 0 : 1);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
 }
 
 TEST_F(PostgreSqlDriver, RunsStatementsThatCannotHaveACursor) {
