@@ -33,6 +33,7 @@ Cursor::Cursor(Session& session, const Query& query)
       max_records_(query.max_records),
       is_updatable_(query.is_updatable) {
   RequireNoZeroByte(text_);
+  if (!kind_.is_query || kind_.calls_functions) session_.RunDeferred();
   statement_ = link_.NewStatement();
   RequireParameterCount();
   if (OpenServerCursor()) return;

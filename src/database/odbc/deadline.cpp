@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "database/odbc/blocked_signals.h"
@@ -102,9 +103,14 @@ class Watchdog {
   std::thread thread_;
 };
 
-Deadline::Deadline(int socket, std::chrono::seconds limit, std::atomic<bool>& has_passed)
-    : watched_(Watchdog::OfThisProcess().Add({Watchdog::Clock::now() + limit, socket, &has_passed})),
-      is_set_(true) {}
+Deadline::Deadline(int socket, std::chrono::seconds limit, std::atomic<bool>& has_passed) {
+  try {
+    watched_ = Watchdog::OfThisProcess().Add({Watchdog::Clock::now() + limit, socket, &has_passed});
+    is_set_ = true;
+  } catch (const std::system_error&) {
+    is_set_ = false;
+  }
+}
 
 Deadline::~Deadline() {
   if (is_set_) Watchdog::OfThisProcess().Remove(watched_);

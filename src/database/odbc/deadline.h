@@ -10,7 +10,8 @@ namespace dralo::database::odbc {
 /// limit of its own would wait for ever for a server that neither answers nor goes away.
 class Deadline {
  public:
-  /// Sets `has_passed` when it ends the connection of `socket`. Both must outlive this object.
+  /// Sets `has_passed` when it ends the connection of `socket`. Both must outlive this object. There is no
+  /// deadline when the process can have no thread for it.
   Deadline(int socket, std::chrono::seconds limit, std::atomic<bool>& has_passed);
 
   /// None.

@@ -4,6 +4,7 @@
 #include <sqlucode.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <mutex>
 #include <utility>
@@ -71,7 +72,10 @@ Link::Link(const Options& options)
   }
 }
 
-Link::~Link() { SQLDisconnect(Handle()); }
+Link::~Link() {
+  background_.Await();
+  SQLDisconnect(Handle());
+}
 
 /// The SQLite driver loses characters above U+FFFF in UTF-16, so it is spoken to in UTF-8.
 void Link::Connect(const Options& options) {
@@ -106,8 +110,8 @@ void Link::LearnFacts() {
 /// PostgreSQL has got its limit with the connection string; others are told with each statement. PostgreSQL's
 /// driver would wait for ever for a server that is frozen.
 void Link::SetTimeouts(const Options& options) {
-  const bool has_patience =
-      dialect_ == Dialect::kPostgreSql && options.query_timeout_s > 0 && socket_.IsKnown();
+  const bool has_patience = dialect_ == Dialect::kPostgreSql && options.query_timeout_s > 0 &&
+                            !options.has_own_limit && socket_.IsKnown();
   if (has_patience) patience_ = std::chrono::seconds(options.query_timeout_s) + kGrace;
   if (options.query_timeout_s == 0 || dialect_ == Dialect::kPostgreSql || dialect_ == Dialect::kSqlite)
     return;
@@ -152,7 +156,7 @@ SQLRETURN Link::Execute(SQLHSTMT statement, std::string_view text) const {
 }
 
 SQLRETURN Link::ExecuteNow(SQLHSTMT statement, std::string_view text) const {
-  const Deadline deadline = Limit();
+  const Deadline deadline = Limit(1 + std::ranges::count(text, ';'));
   if (is_narrow_) return SQLExecDirect(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLExecDirectW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
@@ -172,9 +176,9 @@ SQLRETURN Link::ExecutePrepared(SQLHSTMT statement) const {
   return SQLExecute(statement);
 }
 
-Deadline Link::Limit() const {
+Deadline Link::Limit(std::int64_t statements) const {
   if (patience_ == std::chrono::seconds(0)) return {};
-  return {socket_.Socket(), patience_, is_given_up_};
+  return {socket_.Socket(), patience_ * statements, is_given_up_};
 }
 
 void Link::Run(std::string_view text) const {
@@ -197,9 +201,9 @@ std::int64_t Link::AskNumber(std::string_view text) const {
 platform::Error Link::ErrorOf(SQLHSTMT statement, std::string_view text) const {
   if (is_given_up_) {
     const std::string state = "HYT00";
-    return platform::Error("The database has not answered for " + std::to_string(patience_.count()) +
-                               " seconds; the connection is given up (SQLSTATE " + state + ")",
-                           0, state, std::string(text));
+    return platform::Error(
+        "The database has not answered in time; the connection is given up (SQLSTATE " + state + ")", 0,
+        state, std::string(text));
   }
   return MakeError(SQL_HANDLE_STMT, statement, text, secrets_);
 }

@@ -64,8 +64,13 @@ class Link {
   SQLRETURN Prepare(SQLHSTMT statement, std::string_view text) const;
   SQLRETURN ExecutePrepared(SQLHSTMT statement) const;
 
-  /// For every call of the driver that may wait for the server.
-  Deadline Limit() const;
+  /// For every call of the driver that may wait for the server: it has a limit for each of the statements.
+  Deadline Limit(std::int64_t statements = 1) const;
+
+  /// There is no limit any more: the user has changed settings, perhaps the server's limit too.
+  void ForgoLimit() { patience_ = std::chrono::seconds(0); }
+
+  bool HasLimit() const { return patience_ != std::chrono::seconds(0); }
 
   /// The server did not answer in time.
   bool IsGivenUp() const { return is_given_up_; }

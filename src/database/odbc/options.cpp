@@ -119,6 +119,7 @@ void SetPostgreSql(Pairs& pairs, Options& options) {
   const std::string encoding = "set client_encoding to 'UTF8'";
   Set(pairs, "ConnSettings", settings.empty() ? encoding : encoding + ";" + settings);
   const std::string given(ValueOf(pairs, "pqopt"));
+  options.has_own_limit = (settings + given).find("statement_timeout") != std::string::npos;
   Set(pairs, "pqopt", given.empty() ? libpq : libpq + " " + given);
 }
 

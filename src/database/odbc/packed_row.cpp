@@ -53,6 +53,21 @@ unsigned NibbleOf(char c) {
   return IsDigit(c) ? static_cast<unsigned>(c - '0') : static_cast<unsigned>(ToUpper(c) - 'A' + 10);
 }
 
+/// The older spelling: "\\" for a backslash, "\377" for a byte that is no ASCII character.
+void Unescape(std::string_view text, std::string& bytes) {
+  bytes.clear();
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool is_octal = text[i] == '\\' && i + 3 < text.size() && IsDigit(text[i + 1]);
+    if (is_octal) {
+      bytes += static_cast<char>((text[i + 1] - '0') << 6 | (text[i + 2] - '0') << 3 | (text[i + 3] - '0'));
+      i += 3;
+    } else {
+      if (text[i] == '\\') ++i;
+      if (i < text.size()) bytes += text[i];
+    }
+  }
+}
+
 VariantView ReadBytes(std::string_view text, std::string& scratch) {
   if (text.starts_with("\\x")) {
     text.remove_prefix(2);
@@ -60,9 +75,10 @@ VariantView ReadBytes(std::string_view text, std::string& scratch) {
     for (std::size_t i = 0; i < scratch.size(); ++i) {
       scratch[i] = static_cast<char>(NibbleOf(text[2 * i]) << 4 | NibbleOf(text[2 * i + 1]));
     }
-    text = scratch;
+  } else {
+    Unescape(text, scratch);
   }
-  return platform::BytesView{reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+  return platform::BytesView{reinterpret_cast<const std::uint8_t*>(scratch.data()), scratch.size()};
 }
 
 }  // namespace

@@ -31,8 +31,8 @@ std::string PageStatement(std::string_view query, std::string_view rows, std::st
 }
 
 std::string PackedPageStatement(std::string_view query, std::size_t columns) {
-  return "SELECT * FROM (SELECT string_agg(" + PackedRowText(columns) + ", '" + FieldSeparator() +
-         "') FROM (" + PageStatement(query, "?", "?") + ") " + PackedSource("dralo_page", columns) +
+  return "SELECT * FROM (SELECT string_agg(" + PackedRowText(columns) + ", " + SeparatorLiteral() +
+         ") FROM (" + PageStatement(query, "?", "?") + ") " + PackedSource("dralo_page", columns) +
          ") dralo_rows LEFT JOIN " + InParentheses(query) + "dralo_none ON false";
 }
 

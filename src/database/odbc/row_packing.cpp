@@ -40,12 +40,14 @@ const std::string& FieldSeparator() {
   return separator;
 }
 
+std::string SeparatorLiteral() { return "E'\\x1f" + FieldSeparator().substr(1) + "'"; }
+
 std::string PackedSource(std::string_view name, std::size_t columns) {
   return std::string(name) + "(" + Names(columns) + ")";
 }
 
 std::string PackedRowText(std::size_t columns) {
-  return "concat_ws('" + FieldSeparator() + "', " + NullBits(columns) + ", " + Names(columns) + ")";
+  return "concat_ws(" + SeparatorLiteral() + ", " + NullBits(columns) + ", " + Names(columns) + ")";
 }
 
 }  // namespace dralo::database::odbc

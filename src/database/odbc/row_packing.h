@@ -20,6 +20,10 @@ inline constexpr std::size_t kSeparatorBytes = 8;
 /// Of kSeparatorBytes bytes.
 const std::string& FieldSeparator();
 
+/// As it stands in a statement: spelled otherwise, so that a statement that is a value itself does not hold
+/// it.
+std::string SeparatorLiteral();
+
 /// "name(c1, c2, ...)": a query that stands before it in a FROM gets these names for its columns.
 std::string PackedSource(std::string_view name, std::size_t columns);
 

@@ -1,6 +1,7 @@
 #include "database/odbc/server_cursor.h"
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 #include "database/odbc/error.h"
@@ -136,8 +137,12 @@ void ServerCursor::FetchAhead(SQLHSTMT statement) {
   const Link& link = session_.GetLink();
   if (!is_long || link.Background().IsStarted()) return;
   requested_ahead_ = max_records_ == 0 ? kRowsPerFetch : std::min(max_records_ - behind, kRowsPerFetch);
-  link.ExecuteInBackground(statement, FetchText(requested_ahead_));
-  statement_ahead_ = statement;
+  try {
+    link.ExecuteInBackground(statement, FetchText(requested_ahead_));
+    statement_ahead_ = statement;
+  } catch (const std::system_error&) {
+    statement_ahead_ = nullptr;  // No thread to be had: the rows are fetched when they are asked for.
+  }
 }
 
 bool ServerCursor::Fetch(SQLHSTMT statement) {
@@ -170,7 +175,11 @@ void ServerCursor::Close() noexcept {
   if (!is_open_) return;
   is_open_ = false;
   if (IsFetchingAhead()) {
-    session_.GetLink().Background().Cancel(std::exchange(statement_ahead_, nullptr), owns_transaction_);
+    // The driver's way to cancel waits for ever for a server that is frozen. Where there is a limit, the
+    // statement meets it by itself.
+    const bool may_interrupt =
+        owns_transaction_ && !session_.IsInTransaction() && !session_.GetLink().HasLimit();
+    session_.GetLink().Background().Cancel(std::exchange(statement_ahead_, nullptr), may_interrupt);
   }
   const bool ends = owns_transaction_ && session_.HasCursorTransaction();
   if (ends) session_.SetCursorTransaction(false);

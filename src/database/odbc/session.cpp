@@ -123,6 +123,7 @@ void Session::BeginFlat() {
 }
 
 void Session::Begin() {
+  RunDeferred();
   Settle();
   if (is_in_transaction_) {
     if (HasTextTransactions(link_->GetDialect())) link_->Run("SAVEPOINT dralo_" + std::to_string(depth_));
@@ -218,7 +219,19 @@ void Session::Settle() {
   link_->Run("COMMIT");
 }
 
+void Session::RunDeferred() noexcept {
+  const std::vector<database::Cursor*> cursors = std::exchange(deferred_, {});
+  for (database::Cursor* const cursor : cursors) {
+    try {
+      cursor->Verify();
+    } catch (const std::exception&) {
+      continue;
+    }
+  }
+}
+
 void Session::Note(const StatementKind& kind) {
+  if (kind.leaves_traces) link_->ForgoLimit();
   has_traces_ |= kind.leaves_traces;
   called_functions_ |= kind.calls_functions;
   if (kind.begins_transaction) is_in_transaction_ = true;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "database/odbc/link.h"
 #include "database/odbc/options.h"
@@ -65,6 +66,14 @@ class Session final : public database::Session {
   /// up the transaction that a cursor keeps open, which goes on without it.
   void Settle();
 
+  /// `cursor` is not run yet: that is to be done, by its Verify(), before a statement that may change what it
+  /// yields.
+  void Defer(database::Cursor& cursor) { deferred_.push_back(&cursor); }
+  void Undefer(const database::Cursor& cursor) noexcept { std::erase(deferred_, &cursor); }
+
+  /// Before such a statement. A cursor that fails now will say so when it is asked for a row.
+  void RunDeferred() noexcept;
+
   /// After a statement was run: remembers what it did to the session.
   void Note(const StatementKind& kind);
 
@@ -88,7 +97,8 @@ class Session final : public database::Session {
   const Options options_;
   std::unique_ptr<Link> link_;
   StatementCache statements_;  ///< Of the link.
-  bool is_fresh_ = false;      ///< Nothing was run since it was taken from the pool.
+  std::vector<database::Cursor*> deferred_;
+  bool is_fresh_ = false;  ///< Nothing was run since it was taken from the pool.
   bool is_in_transaction_ = false;
   bool has_cursor_transaction_ = false;
   int depth_ = 0;                  ///< Calls of Begin() that are open.

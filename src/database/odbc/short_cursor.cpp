@@ -22,8 +22,8 @@ constexpr std::int64_t kMaxRows = 256;
 constexpr Reader kPageReader{Reading::kText, 16'384, false};
 
 /// The states of PostgreSQL when a statement was prepared for columns that are other or fewer ones now, is
-/// gone, or, behind a pooler, belongs to somebody else.
-constexpr std::string_view kStale[] = {"0A000", "42P10", "26000", "42P05"};
+/// gone, or, behind a pooler, belongs to somebody else; and when the rows are too large to come as one value.
+constexpr std::string_view kUnprepared[] = {"0A000", "42P10", "26000", "42P05", "54000", "53200"};
 
 }  // namespace
 
@@ -34,8 +34,13 @@ std::unique_ptr<database::Cursor> ShortCursor::Open(Session& session, const Quer
   if (!may_be_short) return nullptr;
   std::unique_ptr<ShortCursor> cursor(new ShortCursor(session, query));
   if (!session.IsInTransaction()) cursor->known_ = session.Statements().Find(query.text);
-  if (cursor->known_) return cursor;
-  if (!KindOf(query.text).is_select) return nullptr;
+  if (cursor->known_) {
+    cursor->Defer();
+    return cursor;
+  }
+  const StatementKind kind = KindOf(query.text);
+  if (!kind.is_select) return nullptr;
+  if (kind.calls_functions) session.RunDeferred();
   const bool is_accepted = session.Reconnecting(
       query.text, [&] { return query.max_records > kMaxRows ? cursor->Learn() : cursor->RunDirectly(); });
   if (!is_accepted) return nullptr;
@@ -44,26 +49,24 @@ std::unique_ptr<database::Cursor> ShortCursor::Open(Session& session, const Quer
 
 ShortCursor::~ShortCursor() { Stop(); }
 
-bool ShortCursor::IsRefusal(SQLRETURN code) {
-  if (SQL_SUCCEEDED(code) || code == SQL_NO_DATA) return false;
-  const platform::Error error = session_.GetLink().ErrorOf(statement_.Get(), text_);
-  statement_.Reset();
-  if (!IsRefusalOfPostgreSql(error)) throw error;
-  return true;
-}
-
 /// Returns false, and has done nothing, when the query cannot stand in another one, or is wrong.
-bool ShortCursor::Accepts(const std::string& statement) {
+bool ShortCursor::Accepts(const std::string& text) {
   session_.Settle();
   const Link& link = session_.GetLink();
   const Deadline deadline = link.Limit();
-  statement_ = link.NewStatement();
-  if (IsRefusal(link.Execute(statement_.Get(), statement))) return false;
+  StatementHandle statement = link.NewStatement();
+  const SQLRETURN code = link.Execute(statement.Get(), text);
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) {
+    const platform::Error error = link.ErrorOf(statement.Get(), text_);
+    if (IsRefusalOfPostgreSql(error)) return false;
+    throw error;
+  }
   known_ = std::make_shared<const KnownQuery>(
-      KnownQuery{KindOf(text_), Describe(link, statement_.Get(), text_, false)});
+      KnownQuery{KindOf(text_), Describe(link, statement.Get(), text_, false)});
   // The columns of tables that the user's transaction changed may change back.
   if (!session_.IsInTransaction()) session_.Statements().Remember(text_, known_);
   session_.Note(known_->kind);
+  statement_ = std::move(statement);
   return true;
 }
 
@@ -82,59 +85,55 @@ bool ShortCursor::RunDirectly() {
   return is_accepted;
 }
 
-/// Returns whether the statement was prepared before.
-bool ShortCursor::TakePrepared() {
-  statement_ = session_.Statements().Take(text_, Yield());
-  if (statement_.Get() != nullptr) return true;
-  const Link& link = session_.GetLink();
-  statement_ = link.NewStatement();
-  link.Require(link.Prepare(statement_.Get(),
-                            IsOneRow() ? OneRowStatement(text_)
-                                       : PackedPageStatement(text_, known_->description.columns->size())),
-               statement_.Get(), text_);
-  return false;
+/// Whether the statement that was just prepared has the columns that are known. For types that it does not
+/// know the driver guesses the size by the values, of which there are none yet.
+bool ShortCursor::HasKnownColumns(SQLHSTMT statement) const {
+  const SQLUSMALLINT first = IsOneRow() ? 1 : 2;
+  const Description other = Describe(session_.GetLink(), statement, text_, false, first);
+  const Description& known = known_->description;
+  return std::ranges::equal(*other.columns, *known.columns, {}, &Column::name, &Column::name) &&
+         std::ranges::equal(other.readers, known.readers, {}, &Reader::reading, &Reader::reading);
 }
 
-void ShortCursor::BindNumbers() {
+/// An empty handle when what is known of the query is out of date.
+StatementHandle ShortCursor::Prepared() const {
+  StatementHandle statement = session_.Statements().Take(text_, Yield());
+  if (statement.Get() != nullptr) return statement;
+  const Link& link = session_.GetLink();
+  const std::string text =
+      IsOneRow() ? OneRowStatement(text_) : PackedPageStatement(text_, known_->description.columns->size());
+  statement = link.NewStatement();
+  link.Require(link.Prepare(statement.Get(), text), statement.Get(), text_);
+  if (!HasKnownColumns(statement.Get())) statement.Reset();
+  return statement;
+}
+
+void ShortCursor::BindNumbers(SQLHSTMT statement) {
   if (IsOneRow()) return;
   rows_parameter_ = max_records_ - offset_;
   offset_parameter_ = offset_;
   SQLUSMALLINT number = 0;
   for (SQLBIGINT* const value : {&rows_parameter_, &offset_parameter_}) {
-    const SQLRETURN code = SQLBindParameter(statement_.Get(), ++number, SQL_PARAM_INPUT, SQL_C_SBIGINT,
-                                            SQL_BIGINT, 19, 0, value, 0, nullptr);
-    session_.GetLink().Require(code, statement_.Get(), text_);
+    const SQLRETURN code = SQLBindParameter(statement, ++number, SQL_PARAM_INPUT, SQL_C_SBIGINT, SQL_BIGINT,
+                                            19, 0, value, 0, nullptr);
+    session_.GetLink().Require(code, statement, text_);
   }
 }
 
-/// Whether the statement that was just prepared has the columns that are known.
-bool ShortCursor::HasKnownColumns() const {
-  Columns known = *known_->description.columns;
-  const SQLUSMALLINT first = IsOneRow() ? 1 : 2;
-  Columns columns = *Describe(session_.GetLink(), statement_.Get(), text_, false, first).columns;
-  for (Columns* const each : {&known, &columns}) {
-    for (Column& column : *each) column.is_nullable = true;
-  }
-  return known == columns;
-}
-
-/// Returns false when what is known of the query is out of date. That shows at a statement that was prepared
-/// before; one that is prepared now may have other columns than those known.
+/// Returns false when what is known of the query is out of date, or its page too large for one value.
 bool ShortCursor::RunPrepared() {
   session_.Settle();
-  const Deadline deadline = session_.GetLink().Limit();
-  const bool was_prepared = TakePrepared();
-  BindNumbers();
-  const SQLRETURN code = session_.GetLink().ExecutePrepared(statement_.Get());
-  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) {
-    const platform::Error error = session_.GetLink().ErrorOf(statement_.Get(), text_);
-    statement_.Reset();
+  const Link& link = session_.GetLink();
+  const Deadline deadline = link.Limit();
+  try {
+    StatementHandle statement = Prepared();
+    if (statement.Get() == nullptr) return false;
+    BindNumbers(statement.Get());
+    link.Require(link.ExecutePrepared(statement.Get()), statement.Get(), text_);
+    statement_ = std::move(statement);
+  } catch (const platform::Error& error) {
     session_.Statements().Forget(text_);
-    if (std::ranges::find(kStale, error.SqlState()) == std::end(kStale)) throw error;
-    return false;
-  }
-  if (!was_prepared && !HasKnownColumns()) {
-    statement_.Reset();
+    if (std::ranges::find(kUnprepared, error.SqlState()) == std::end(kUnprepared)) throw;
     return false;
   }
   session_.Note(known_->kind);
@@ -160,16 +159,26 @@ void ShortCursor::OpenLongCursor() {
   state_ = State::kRunning;
 }
 
+/// Functions may do something, so it is not left to the reader of the rows whether they are called.
+void ShortCursor::Defer() {
+  if (known_->kind.calls_functions) {
+    session_.RunDeferred();
+    return Start();
+  }
+  session_.Defer(*this);
+}
+
 void ShortCursor::Start() {
   const std::int64_t rows = max_records_ - offset_;
   if (rows <= 0) {
     state_ = State::kDone;
   } else if (rows > kMaxRows) {
-    OpenLongCursor();
+    session_.Reconnecting(text_, [&] { OpenLongCursor(); });
   } else {
     session_.Reconnecting(text_, [&] { Run(); });
     offset_ = 0;
   }
+  session_.Undefer(*this);
 }
 
 void ShortCursor::Verify() {
@@ -221,6 +230,7 @@ bool ShortCursor::NextRow() {
 }
 
 void ShortCursor::Stop() noexcept {
+  session_.Undefer(*this);
   state_ = State::kDone;
   block_.reset();
   if (long_cursor_) long_cursor_->Stop();

@@ -24,7 +24,8 @@ namespace dralo::database::odbc {
 class ShortCursor final : public database::Cursor {
  public:
   /// Nothing when the query is none that this class can run, or more rows may be wanted. A query that is
-  /// known is run at the first Step() only. Throws platform::Error when it is accepted but fails.
+  /// known and calls no functions is run at the first Step(), or before a statement that may change what it
+  /// yields. Throws platform::Error when it is accepted but fails.
   static std::unique_ptr<database::Cursor> Open(Session& session, const Query& query);
 
   ~ShortCursor() override;
@@ -57,14 +58,14 @@ class ShortCursor final : public database::Cursor {
   StatementCache::Yield Yield() const {
     return IsOneRow() ? StatementCache::Yield::kOneRow : StatementCache::Yield::kSomeRows;
   }
-  bool Accepts(const std::string& statement);
+  bool Accepts(const std::string& text);
   bool Learn();
   bool RunDirectly();
   bool RunPrepared();
-  bool TakePrepared();
-  void BindNumbers();
-  bool HasKnownColumns() const;
-  bool IsRefusal(SQLRETURN code);
+  StatementHandle Prepared() const;
+  void BindNumbers(SQLHSTMT statement);
+  bool HasKnownColumns(SQLHSTMT statement) const;
+  void Defer();
   void Start();
   void Run();
   void OpenLongCursor();

@@ -44,9 +44,9 @@ TEST(PackedRow, LeavesTextAsItIs) {
 TEST(PackedRow, KnowsTheSeparatorFromItsBeginnings) {
   const std::string beginning = FieldSeparator().substr(0, kSeparatorBytes - 1);
   const std::string text =
-      Packed("0|") + beginning + "x" + Packed("|") + beginning[0] + Packed("|") + beginning;
+      Packed("0|") + beginning + "X" + Packed("|") + beginning[0] + Packed("|") + beginning;
   EXPECT_EQ(Values(text, {kText, kText, kText}),
-            "'" + beginning + "x' '" + beginning[0] + "' '" + beginning + "' ");
+            "'" + beginning + "X' '" + beginning[0] + "' '" + beginning + "' ");
 }
 
 TEST(PackedRow, TakesOneRowAfterTheOther) {

@@ -2,9 +2,11 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <clocale>
 #include <csignal>
 #include <cstdlib>
+#include <thread>
 
 #include "unit/database/odbc/driver_test.h"
 
@@ -280,6 +282,17 @@ TEST_F(PostgreSqlDriver, ReadsEveryCharacterOfATextAsItIs) {
   }
 }
 
+TEST_F(PostgreSqlDriver, LetsStatementsTakeAsLongAsTheServerDoes) {
+  connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1");
+  EXPECT_NO_THROW(
+      Run("SELECT pg_sleep(0.8); SELECT pg_sleep(0.8); SELECT pg_sleep(0.8); SELECT pg_sleep(0.8)"));
+  Run("SET statement_timeout = 0");
+  EXPECT_NO_THROW(Run("SELECT pg_sleep(3.3)"));
+  connection_ =
+      Connect(database_.ConnectionString() + ";Query Timeout=1;ConnSettings=SET statement_timeout = 0");
+  EXPECT_NO_THROW(Run("SELECT pg_sleep(3.3)"));
+}
+
 /// A page whose server process is frozen ends with one message. The process is thawed by the end of the test.
 class FrozenServer : public PostgreSqlDriver {
  protected:
@@ -293,7 +306,7 @@ class FrozenServer : public PostgreSqlDriver {
 
   std::string pid_;
   static constexpr std::string_view kMessage =
-      "The database has not answered for 3 seconds; the connection is given up (SQLSTATE HYT00)";
+      "The database has not answered in time; the connection is given up (SQLSTATE HYT00)";
 };
 
 TEST_F(FrozenServer, IsGivenUpByAQuery) {
@@ -316,6 +329,19 @@ TEST_F(FrozenServer, IsGivenUpInTheMiddleOfAResult) {
     while (!recordset->Eof()) recordset->MoveNext();
   });
   EXPECT_EQ(error.Description(), kMessage);
+}
+
+TEST_F(FrozenServer, IsGivenUpByAResultThatIsLeft) {
+  {
+    const auto recordset = Read(connection_, "SELECT i FROM generate_series(1, 50000) i");
+    ReadTo1050(*recordset);
+    for (int i = 1050; i < 1150; ++i) recordset->MoveNext();
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));  // The next rows are there.
+    Freeze();
+    for (int i = 1150; i < 2150; ++i) recordset->MoveNext();
+    EXPECT_EQ(Line(*recordset), "2150");
+  }
+  EXPECT_EQ(ErrorOf([&] { Ask("SELECT 7", 5); }).Description(), kMessage);
 }
 
 TEST_F(FrozenServer, IsGivenUpByAStatementAndByARecordToSave) {

@@ -261,7 +261,7 @@ TEST_F(RepeatedQuery, IsNotSpreadOverWorkersButItsCountMayBe) {
 TEST_F(RepeatedQuery, ComesBackAfterTheServerHasEndedTheIdleSession) {
   MakeGoods();
   const std::string sql = "SELECT id FROM goods";
-  const std::function<Lines()> uses[] = {[&] { return Ask(sql, 5); },
+  const std::function<Lines()> uses[] = {[&] { return Ask(sql, 5); }, [&] { return Ask(sql, 400); },
                                          [&] { return Ask("SELECT COUNT(*) FROM goods", 1); }};
   for (const auto& use : uses) {
     const Lines expected = use();
@@ -275,6 +275,64 @@ TEST_F(RepeatedQuery, ComesBackAfterTheServerHasEndedTheIdleSession) {
     Rows(other, "SELECT pg_terminate_backend(" + pid.front() + ", 5000)");
     EXPECT_EQ(use(), expected);
     EXPECT_NE(Ask("SELECT pg_backend_pid()"), pid);
+  }
+}
+
+TEST_F(RepeatedQuery, EndsWithItsSessionWhenManyRowsAreBeingRead) {
+  MakeGoods();
+  Ask("SELECT id FROM goods", 400);
+  const Lines pid = Ask("SELECT pg_backend_pid()");
+  connection_->Close();
+  connection_->Open(database_.ConnectionString());
+  const auto recordset = Read(connection_, "SELECT id FROM goods", 400);
+  EXPECT_EQ(Line(*recordset), "1");
+  const auto other = Connect(database_.ConnectionString() + ";Query Timeout=28");
+  Rows(other, "SELECT pg_terminate_backend(" + pid.front() + ", 5000)");
+  EXPECT_THROW(Ask("SELECT 1", 5), platform::Error);
+  EXPECT_THROW(Rest(*recordset), platform::Error);
+}
+
+TEST_F(RepeatedQuery, CallsItsFunctionsOnceEachTimeItIsOpened) {
+  Run("CREATE SEQUENCE calls");
+  const std::string sqls[] = {"SELECT nextval('calls')",
+                              "SELECT nextval('calls'), ARRAY[true], '{1,2}'::int[]",
+                              "SELECT nextval('calls'), 'a'::cstring"};
+  int calls = 0;
+  for (const std::string& sql : sqls) {
+    for (const int max_records : {1, 5, 1, 5, 1, 5, 400, 400}) {
+      Read(connection_, sql, max_records);
+      EXPECT_EQ(Ask("SELECT last_value FROM calls"), Lines{std::to_string(++calls)}) << sql << max_records;
+    }
+  }
+}
+
+TEST_F(RepeatedQuery, HasTheRowsOfTheMomentItWasOpened) {
+  MakeGoods();
+  const std::string sql = "SELECT stock FROM goods WHERE id = 1";
+  for (int i = 10; i < 14; ++i) {
+    Run("UPDATE goods SET stock = " + std::to_string(i) + " WHERE id = 1");
+    const auto recordset = Read(connection_, sql, 5);
+    Run("UPDATE goods SET stock = 0 WHERE id = 1");
+    EXPECT_EQ(Rest(*recordset), Lines{std::to_string(i)});
+  }
+}
+
+TEST_F(RepeatedQuery, ReadsTheTextOfItsOwnStatement) {
+  const std::string sql =
+      "SELECT 1 AS a, current_query() LIKE '%current_query%' AS b, current_query() AS q, 3 AS c";
+  for (const int max_records : {1, 5, 5, 5, 0}) {
+    const Lines rows = Ask(sql, max_records);
+    ASSERT_EQ(rows.size(), 1u);
+    EXPECT_TRUE(rows.front().starts_with("1 true '")) << rows.front();
+    EXPECT_TRUE(rows.front().ends_with(" 3")) << rows.front();
+  }
+}
+
+TEST_F(RepeatedQuery, ReadsBytesInTheOlderSpelling) {
+  Run("SET bytea_output = 'escape'");
+  for (const int max_records : {1, 5, 5, 5, 0}) {
+    EXPECT_EQ(Ask("SELECT '\\x00ff5c5c41'::bytea AS b, ''::bytea AS e", max_records),
+              Lines{"x'00FF5C5C41' x''"});
   }
 }
 
