@@ -34,16 +34,15 @@ std::unique_ptr<database::Cursor> ShortCursor::Open(Session& session, const Quer
   if (!may_be_short) return nullptr;
   std::unique_ptr<ShortCursor> cursor(new ShortCursor(session, query));
   if (!session.IsInTransaction()) cursor->known_ = session.Statements().Find(query.text);
-  if (cursor->known_) {
-    cursor->Defer();
-    return cursor;
+  if (!cursor->known_) {
+    const StatementKind kind = KindOf(query.text);
+    if (!kind.is_select) return nullptr;
+    if (kind.calls_functions) session.RunDeferred();
+    const bool is_accepted = session.Reconnecting(
+        query.text, [&] { return query.max_records > kMaxRows ? cursor->Learn() : cursor->RunDirectly(); });
+    if (!is_accepted) return nullptr;
   }
-  const StatementKind kind = KindOf(query.text);
-  if (!kind.is_select) return nullptr;
-  if (kind.calls_functions) session.RunDeferred();
-  const bool is_accepted = session.Reconnecting(
-      query.text, [&] { return query.max_records > kMaxRows ? cursor->Learn() : cursor->RunDirectly(); });
-  if (!is_accepted) return nullptr;
+  if (cursor->state_ == State::kKnown) cursor->Defer();
   return cursor;
 }
 

@@ -309,12 +309,20 @@ TEST_F(RepeatedQuery, CallsItsFunctionsOnceEachTimeItIsOpened) {
 TEST_F(RepeatedQuery, HasTheRowsOfTheMomentItWasOpened) {
   MakeGoods();
   const std::string sql = "SELECT stock FROM goods WHERE id = 1";
-  for (int i = 10; i < 14; ++i) {
+  for (int i = 10; i < 18; ++i) {
     Run("UPDATE goods SET stock = " + std::to_string(i) + " WHERE id = 1");
-    const auto recordset = Read(connection_, sql, 5);
+    const auto recordset = Read(connection_, i % 2 == 0 ? sql : sql + " OR id < 0", i < 14 ? 5 : 400);
     Run("UPDATE goods SET stock = 0 WHERE id = 1");
     EXPECT_EQ(Rest(*recordset), Lines{std::to_string(i)});
   }
+}
+
+TEST_F(RepeatedQuery, HasTheRowsOfTheMomentItWasOpenedWhenItIsALongOneAndNew) {
+  MakeGoods();
+  const auto recordset = Read(connection_, "SELECT id FROM goods ORDER BY id", 400);
+  Run("DELETE FROM goods WHERE id > 3");
+  recordset->Move(297);
+  EXPECT_EQ(Rest(*recordset), (Lines{"298", "299", "300"}));
 }
 
 TEST_F(RepeatedQuery, ReadsTheTextOfItsOwnStatement) {
