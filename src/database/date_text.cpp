@@ -115,4 +115,15 @@ std::string TimeText(const DateTime& time) {
 
 std::string DateTimeText(const DateTime& time) { return DateText(time) + ' ' + TimeText(time); }
 
+std::string StoredText(const platform::DateTime& time, TimeParts parts) {
+  switch (parts) {
+    case TimeParts::kDate:
+      return DateText(time);
+    case TimeParts::kTime:
+      return TimeText(time);
+    default:
+      return DateTimeText(time);
+  }
+}
+
 }  // namespace dralo::database

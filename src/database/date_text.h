@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "database/column.h"
 #include "platform/date_time.h"
 
 namespace dralo::database {
@@ -22,5 +23,8 @@ std::string TimeText(const platform::DateTime& time);
 
 /// Both with a blank between.
 std::string DateTimeText(const platform::DateTime& time);
+
+/// The one of these that a column with `parts` keeps.
+std::string StoredText(const platform::DateTime& time, TimeParts parts);
 
 }  // namespace dralo::database

@@ -1,8 +1,8 @@
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "data/databases.h"
 #include "database/session_pool.h"
+#include "support/child_process.h"
 
 namespace dralo::tests {
 
@@ -21,23 +21,6 @@ class Pooling : public DatabaseContract {
     for (const std::string& ending : Rows(connection, GetParam().list_endings)) {
       connection->Execute(ending.substr(1, ending.size() - 2));
     }
-  }
-
-  /// Whether `action` holds in a child process, which then ends without any clearing up.
-  template <class Action>
-  static bool HoldsInChild(Action&& action) {
-    const pid_t child = fork();
-    if (child == 0) {
-      bool holds = false;
-      try {
-        holds = action();
-      } catch (...) {
-      }
-      _exit(holds ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
   }
 };
 INSTANTIATE_TEST_SUITE_P(Databases, Pooling, kDatabases, DatabaseName);

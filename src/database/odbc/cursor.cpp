@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "database/odbc/base_table.h"
+#include "database/statement_text.h"
 #include "platform/error.h"
 
 namespace dralo::database::odbc {

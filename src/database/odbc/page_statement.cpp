@@ -1,7 +1,7 @@
 #include "database/odbc/page_statement.h"
 
 #include "database/odbc/row_packing.h"
-#include "database/odbc/statement_kind.h"
+#include "database/statement_text.h"
 
 namespace dralo::database::odbc {
 

@@ -6,6 +6,7 @@
 
 #include "database/odbc/error.h"
 #include "database/odbc/row_packing.h"
+#include "database/statement_text.h"
 #include "platform/error.h"
 
 namespace dralo::database::odbc {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/ascii.h"
+#include "database/statement_text.h"
 
 namespace dralo::database::odbc {
 
@@ -11,23 +12,6 @@ namespace {
 bool IsWordCharacter(char c) {
   return ('A' <= ToUpper(c) && ToUpper(c) <= 'Z') || IsDigit(c) || c == '_' ||
          static_cast<unsigned char>(c) >= 0x80;
-}
-
-/// Without blanks, comments and opening parentheses at its front.
-std::string_view WithoutFront(std::string_view text) {
-  while (!text.empty()) {
-    std::size_t end = 1;
-    if (text.starts_with("--")) {
-      end = text.find('\n');
-    } else if (text.starts_with("/*")) {
-      end = text.find("*/", 2);
-      if (end != text.npos) end += 2;
-    } else if (!IsBlank(text.front()) && text.front() != '(') {
-      break;
-    }
-    text.remove_prefix(std::min(end, text.size()));
-  }
-  return text;
 }
 
 std::string_view FirstWord(std::string_view text) {
@@ -119,15 +103,10 @@ StatementKind KindOfStart(std::string_view text) {
 }  // namespace
 
 StatementKind KindOf(std::string_view text) {
-  text = WithoutFront(text);
+  text = WithoutFront(text, '(');
   StatementKind kind = KindOfStart(text);
   kind.calls_functions = !IsAny(FirstWord(text), kDefinitions) && CallsFunctions(text);
   return kind;
-}
-
-std::string_view WithoutEnd(std::string_view text) {
-  while (!text.empty() && (IsBlank(text.back()) || text.back() == ';')) text.remove_suffix(1);
-  return text;
 }
 
 }  // namespace dralo::database::odbc

@@ -25,7 +25,4 @@ struct StatementKind {
 
 StatementKind KindOf(std::string_view text);
 
-/// Without ";" and blanks at the end.
-std::string_view WithoutEnd(std::string_view text);
-
 }  // namespace dralo::database::odbc

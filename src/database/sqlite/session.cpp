@@ -91,14 +91,7 @@ std::string Session::Unchanged(const Column& /*column*/, const std::string& quot
 Variant Session::Stored(const Column& column, const Variant& value) const {
   const auto* time = std::get_if<platform::DateTime>(&value);
   if (!time) return value;
-  switch (column.time_parts) {
-    case TimeParts::kDate:
-      return DateText(*time);
-    case TimeParts::kTime:
-      return TimeText(*time);
-    default:
-      return DateTimeText(*time);
-  }
+  return StoredText(*time, column.time_parts);
 }
 
 std::string Session::InsertOfDefaults(const std::string& quoted_table) const {

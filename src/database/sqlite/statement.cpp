@@ -7,6 +7,7 @@
 #include "database/sqlite/description.h"
 #include "database/sqlite/error.h"
 #include "database/sqlite/plan.h"
+#include "database/statement_text.h"
 #include "platform/error.h"
 
 namespace dralo::database::sqlite {
@@ -21,29 +22,6 @@ constexpr int kLimitParameters = 2;
 /// With 100,000 rows both ways to sort take the same time at about this limit, with more rows at a higher
 /// one.
 constexpr std::int64_t kMaxSortedRecords = 8000;
-
-/// Whether nothing but blanks, ";" and comments is left.
-bool HoldsNoStatement(std::string_view text) {
-  while (!text.empty()) {
-    std::size_t end = 1;
-    if (text.starts_with("--")) {
-      end = text.find('\n');
-    } else if (text.starts_with("/*")) {
-      end = text.find("*/", 2);
-      if (end != text.npos) end += 2;
-    } else if (!IsBlank(text.front()) && text.front() != ';') {
-      return false;
-    }
-    text.remove_prefix(end < text.size() ? end : text.size());
-  }
-  return true;
-}
-
-/// Without ";" and blanks at the end.
-std::string_view WithoutEnd(std::string_view text) {
-  while (!text.empty() && (IsBlank(text.back()) || text.back() == ';')) text.remove_suffix(1);
-  return text;
-}
 
 /// Calls SQLite with a text that is followed by a zero byte, which spares it a copy.
 /// `rest` becomes what follows the first statement.
@@ -81,7 +59,7 @@ std::unique_ptr<Statement> Statement::Prepare(sqlite3* connection, std::string_v
   HandlePtr owned(handle);
   if (code != SQLITE_OK) ThrowError(connection, text);
   if (!owned) throw platform::Error("The statement is empty", 0, {}, copy);
-  if (!HoldsNoStatement(rest)) {
+  if (!WithoutFront(rest, ';').empty()) {
     throw platform::Error("The text has more than one statement; run them one by one", 0, {}, copy);
   }
   return std::unique_ptr<Statement>(new Statement(std::move(owned), std::move(copy), Form::kPlain));

@@ -47,6 +47,13 @@ TEST(DateText, WritesIsoForms) {
   EXPECT_EQ(DateTimeText({2024, 11, 22, 13, 14, 15}), "2024-11-22 13:14:15");
 }
 
+TEST(DateText, WritesWhatAColumnKeeps) {
+  const DateTime time{2024, 11, 22, 13, 14, 15};
+  EXPECT_EQ(StoredText(time, TimeParts::kDate), "2024-11-22");
+  EXPECT_EQ(StoredText(time, TimeParts::kTime), "13:14:15");
+  EXPECT_EQ(StoredText(time, TimeParts::kDateAndTime), "2024-11-22 13:14:15");
+}
+
 }  // namespace
 
 }  // namespace dralo::database

@@ -1,4 +1,3 @@
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -8,6 +7,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "support/child_process.h"
 #include "unit/database/odbc/driver_test.h"
 
 namespace dralo::tests {
@@ -355,23 +355,14 @@ TEST_F(FrozenServer, IsGivenUpByAStatementAndByARecordToSave) {
 }
 
 TEST_F(FrozenServer, IsGivenUpByAChildOfTheProcess) {
-  const pid_t child = fork();
-  if (child == 0) {
-    bool is_given_up = false;
-    try {
-      connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1;ApplicationName=child");
-      pid_ = Ask("SELECT pg_backend_pid()").front();
-      Freeze();
-      Ask("SELECT 7", 5);
-    } catch (const platform::Error& error) {
-      is_given_up = error.Description() == kMessage;
-    }
+  EXPECT_TRUE(HoldsInChild([&] {
+    connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1;ApplicationName=child");
+    pid_ = Ask("SELECT pg_backend_pid()").front();
+    Freeze();
+    const auto error = ErrorOf([&] { Ask("SELECT 7", 5); });
     kill(std::stoi(pid_), SIGCONT);
-    _exit(is_given_up ? 0 : 1);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    return error.Description() == kMessage;
+  }));
 }
 
 TEST_F(PostgreSqlDriver, RunsStatementsThatCannotHaveACursor) {

@@ -57,8 +57,6 @@ TEST(StatementKind, KnowsCallsOfUnknownFunctions) {
   }
 }
 
-TEST(StatementKind, CutsTheEndOfAStatement) { EXPECT_EQ(WithoutEnd("SELECT 1 ; \n;"), "SELECT 1"); }
-
 }  // namespace
 
 }  // namespace dralo::database::odbc

@@ -1,10 +1,10 @@
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
 #include <thread>
 
+#include "support/child_process.h"
 #include "unit/database/sqlite/sqlite_file.h"
 #include "unit/database/sqlite/trace.h"
 
@@ -40,23 +40,6 @@ class SqlitePool : public SqliteFile {
       count += std::filesystem::read_symlink(file.path(), ignored) == Path();
     }
     return count;
-  }
-
-  /// Whether `action` holds in a child process.
-  template <class Action>
-  static bool HoldsInChild(Action&& action) {
-    const pid_t child = fork();
-    if (child == 0) {
-      bool holds = false;
-      try {
-        holds = action();
-      } catch (...) {
-      }
-      _exit(holds ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
   }
 };
 

@@ -1,0 +1,30 @@
+#include "database/statement_text.h"
+
+#include <algorithm>
+
+#include "database/ascii.h"
+
+namespace dralo::database {
+
+std::string_view WithoutFront(std::string_view text, char also) {
+  while (!text.empty()) {
+    std::size_t end = 1;
+    if (text.starts_with("--")) {
+      end = text.find('\n');
+    } else if (text.starts_with("/*")) {
+      end = text.find("*/", 2);
+      if (end != text.npos) end += 2;
+    } else if (!IsBlank(text.front()) && text.front() != also) {
+      break;
+    }
+    text.remove_prefix(std::min(end, text.size()));
+  }
+  return text;
+}
+
+std::string_view WithoutEnd(std::string_view text) {
+  while (!text.empty() && (IsBlank(text.back()) || text.back() == ';')) text.remove_suffix(1);
+  return text;
+}
+
+}  // namespace dralo::database
