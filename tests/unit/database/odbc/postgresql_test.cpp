@@ -287,10 +287,10 @@ TEST_F(PostgreSqlDriver, LetsStatementsTakeAsLongAsTheServerDoes) {
   EXPECT_NO_THROW(
       Run("SELECT pg_sleep(0.8); SELECT pg_sleep(0.8); SELECT pg_sleep(0.8); SELECT pg_sleep(0.8)"));
   Run("SET statement_timeout = 0");
-  EXPECT_NO_THROW(Run("SELECT pg_sleep(3.3)"));
+  EXPECT_NO_THROW(Run("CREATE TABLE slow AS SELECT pg_sleep(3.5)::text"));
   connection_ =
       Connect(database_.ConnectionString() + ";Query Timeout=1;ConnSettings=SET statement_timeout = 0");
-  EXPECT_NO_THROW(Run("SELECT pg_sleep(3.3)"));
+  EXPECT_NO_THROW(Run("CREATE TABLE slower AS SELECT pg_sleep(3.5)::text"));
 }
 
 /// A page whose server process is frozen ends with one message. The process is thawed by the end of the test.
@@ -319,6 +319,13 @@ TEST_F(FrozenServer, IsGivenUpByAQuery) {
   EXPECT_EQ(error.Source(), "SELECT 7");
   connection_->Close();
   EXPECT_EQ(Rows(Connect(database_.ConnectionString() + ";Query Timeout=1"), "SELECT 7"), Lines{"7"});
+}
+
+TEST_F(FrozenServer, IsNotAskedAgainOverAnotherConnection) {
+  connection_->Close();
+  connection_->Open(database_.ConnectionString() + ";Query Timeout=1");
+  Freeze();
+  EXPECT_EQ(ErrorOf([&] { Ask("SELECT 7", 5); }).Description(), kMessage);
 }
 
 TEST_F(FrozenServer, IsGivenUpInTheMiddleOfAResult) {

@@ -193,6 +193,7 @@ TEST_F(RepeatedQuery, RunsInsideOfATransaction) {
   Run("ALTER TABLE goods DROP name");
   EXPECT_EQ(AskThrice(sql), Lines{"1 1"});
   Run("ROLLBACK");
+  EXPECT_EQ(Prepared(), 1);
   EXPECT_EQ(AskThrice(sql), Lines{"1 'good 1' 1"});
 }
 
