@@ -43,7 +43,7 @@ ZEND_END_ARG_INFO()
 }  // namespace
 
 const zend_function_entry kFunctions[] = {
-    ZEND_RAW_FENTRY("Dralo\\CreateObject", CreateObject, create_object_arginfo, 0) ZEND_FE_END};
+    SCRIPT_FUNCTION("Dralo\\CreateObject", CreateObject, create_object_arginfo, 0) ZEND_FE_END};
 
 void RegisterClasses() {
   RegisterIndexedProperty();

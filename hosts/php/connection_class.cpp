@@ -62,9 +62,9 @@ ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(close_arginfo, 0, 0, IS_VOID, 0)
 ZEND_END_ARG_INFO()
 
 const zend_function_entry kMethods[] = {
-    ZEND_RAW_FENTRY("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
-        ZEND_RAW_FENTRY("Execute", Execute, execute_arginfo, ZEND_ACC_PUBLIC)
-            ZEND_RAW_FENTRY("Close", Close, close_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
+    SCRIPT_FUNCTION("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
+        SCRIPT_FUNCTION("Execute", Execute, execute_arginfo, ZEND_ACC_PUBLIC)
+            SCRIPT_FUNCTION("Close", Close, close_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
 
 }  // namespace
 

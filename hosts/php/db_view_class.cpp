@@ -83,10 +83,10 @@ ZEND_END_ARG_INFO()
 
 // clang-format off
 const zend_function_entry kMethods[] = {
-    ZEND_RAW_FENTRY("WriteHtmlTable", WriteHtmlTable, write_html_table_arginfo, ZEND_ACC_PUBLIC)
-    ZEND_RAW_FENTRY("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC)
-    ZEND_RAW_FENTRY("AddEditLookup", AddEditLookup, add_edit_lookup_arginfo, ZEND_ACC_PUBLIC)
-    ZEND_RAW_FENTRY("EditLookupAsString", EditLookupAsString, edit_lookup_as_string_arginfo, ZEND_ACC_PUBLIC)
+    SCRIPT_FUNCTION("WriteHtmlTable", WriteHtmlTable, write_html_table_arginfo, ZEND_ACC_PUBLIC)
+    SCRIPT_FUNCTION("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC)
+    SCRIPT_FUNCTION("AddEditLookup", AddEditLookup, add_edit_lookup_arginfo, ZEND_ACC_PUBLIC)
+    SCRIPT_FUNCTION("EditLookupAsString", EditLookupAsString, edit_lookup_as_string_arginfo, ZEND_ACC_PUBLIC)
     ZEND_FE_END};
 // clang-format on
 

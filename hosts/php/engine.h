@@ -21,3 +21,5 @@
 extern "C" {
 #include <ext/date/php_date.h>
 }
+
+#include "hosts/php/engine_differences.h"

@@ -93,10 +93,10 @@ ZEND_END_ARG_INFO()
 
 // clang-format off
 #define DRALO_OFFSET_METHODS                                                   \
-  ZEND_RAW_FENTRY("offsetExists", OffsetExists, exists_arginfo, ZEND_ACC_PUBLIC) \
-  ZEND_RAW_FENTRY("offsetGet", OffsetGet, get_arginfo, ZEND_ACC_PUBLIC)          \
-  ZEND_RAW_FENTRY("offsetSet", OffsetSet, set_arginfo, ZEND_ACC_PUBLIC)          \
-  ZEND_RAW_FENTRY("offsetUnset", OffsetUnset, unset_arginfo, ZEND_ACC_PUBLIC)
+  SCRIPT_FUNCTION("offsetExists", OffsetExists, exists_arginfo, ZEND_ACC_PUBLIC) \
+  SCRIPT_FUNCTION("offsetGet", OffsetGet, get_arginfo, ZEND_ACC_PUBLIC)          \
+  SCRIPT_FUNCTION("offsetSet", OffsetSet, set_arginfo, ZEND_ACC_PUBLIC)          \
+  SCRIPT_FUNCTION("offsetUnset", OffsetUnset, unset_arginfo, ZEND_ACC_PUBLIC)
 
 const zend_function_entry kArrayAccessMethods[] = {
   DRALO_OFFSET_METHODS
@@ -104,8 +104,8 @@ const zend_function_entry kArrayAccessMethods[] = {
 
 const zend_function_entry kListMethods[] = {
   DRALO_OFFSET_METHODS
-  ZEND_RAW_FENTRY("count", Count, count_arginfo, ZEND_ACC_PUBLIC)
-  ZEND_RAW_FENTRY("getIterator", GetIterator, iterator_arginfo, ZEND_ACC_PUBLIC)
+  SCRIPT_FUNCTION("count", Count, count_arginfo, ZEND_ACC_PUBLIC)
+  SCRIPT_FUNCTION("getIterator", GetIterator, iterator_arginfo, ZEND_ACC_PUBLIC)
   ZEND_FE_END};
 // clang-format on
 

@@ -70,8 +70,8 @@ ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(text_arginfo, 0, 0, IS_STRING, 0)
 ZEND_END_ARG_INFO()
 
 const zend_function_entry kMethods[] = {
-    ZEND_RAW_FENTRY("getSqlState", GetSqlState, text_arginfo, ZEND_ACC_PUBLIC | ZEND_ACC_FINAL)
-        ZEND_RAW_FENTRY("getSource", GetSource, text_arginfo, ZEND_ACC_PUBLIC | ZEND_ACC_FINAL) ZEND_FE_END};
+    SCRIPT_FUNCTION("getSqlState", GetSqlState, text_arginfo, ZEND_ACC_PUBLIC | ZEND_ACC_FINAL)
+        SCRIPT_FUNCTION("getSource", GetSource, text_arginfo, ZEND_ACC_PUBLIC | ZEND_ACC_FINAL) ZEND_FE_END};
 
 void DeclareText(const char* property) {
   zval empty;

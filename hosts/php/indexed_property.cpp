@@ -136,8 +136,8 @@ void DeclareMethod(ScriptClass& view_class, const shell::IndexedProperty& row) {
   const std::string name(row.name);
   const auto* arginfo = row.set == nullptr ? read_arginfo : read_write_arginfo;
   const std::uint32_t arguments = row.set == nullptr ? 1 : 2;
-  const zend_function_entry entries[] = {{name.c_str(), Method, arginfo, arguments, ZEND_ACC_PUBLIC},
-                                         ZEND_FE_END};
+  const zend_function_entry entries[] = {
+      FunctionEntry(name.c_str(), Method, arginfo, arguments, ZEND_ACC_PUBLIC), ZEND_FE_END};
   zend_register_functions(view_class.entry, entries, &view_class.entry->function_table, MODULE_PERSISTENT);
 }
 

@@ -7,7 +7,7 @@
 namespace dralo::php {
 namespace {
 
-int (*next_listener)(unsigned int event, void* data, void** extra) = nullptr;
+decltype(php_rfc1867_callback) next_listener = nullptr;
 
 std::vector<platform::RequestField> fields;
 
@@ -21,7 +21,7 @@ bool Keep(std::string_view name, std::string_view value) noexcept {
   }
 }
 
-int Listen(unsigned int event, void* data, void** extra) {
+MultipartAnswer Listen(unsigned int event, void* data, void** extra) {
   if (next_listener != nullptr && next_listener(event, data, extra) == FAILURE) return FAILURE;
   if (event != MULTIPART_EVENT_FORMDATA) return SUCCESS;
   const auto* field = static_cast<multipart_event_formdata*>(data);

@@ -72,12 +72,12 @@ ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(do_arginfo, 0, 0, IS_VOID, 0)
 ZEND_END_ARG_INFO()
 
 const zend_function_entry kMethods[] = {
-    ZEND_RAW_FENTRY("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
-        ZEND_RAW_FENTRY("MoveNext", Do<&Recordset::MoveNext>, do_arginfo, ZEND_ACC_PUBLIC)
-            ZEND_RAW_FENTRY("AddNew", Do<&Recordset::AddNew>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_RAW_FENTRY(
+    SCRIPT_FUNCTION("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
+        SCRIPT_FUNCTION("MoveNext", Do<&Recordset::MoveNext>, do_arginfo, ZEND_ACC_PUBLIC)
+            SCRIPT_FUNCTION("AddNew", Do<&Recordset::AddNew>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_RAW_FENTRY(
                 "Update", Do<&Recordset::Update>, do_arginfo, ZEND_ACC_PUBLIC)
-                ZEND_RAW_FENTRY("CancelUpdate", Do<&Recordset::CancelUpdate>, do_arginfo, ZEND_ACC_PUBLIC)
-                    ZEND_RAW_FENTRY("Close", Do<&Recordset::Close>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
+                SCRIPT_FUNCTION("CancelUpdate", Do<&Recordset::CancelUpdate>, do_arginfo, ZEND_ACC_PUBLIC)
+                    SCRIPT_FUNCTION("Close", Do<&Recordset::Close>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
 
 }  // namespace
 

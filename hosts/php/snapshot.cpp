@@ -94,7 +94,9 @@ zval* CurrentValue(zend_object_iterator* iterator) {
   return zend_hash_index_find(Z_ARRVAL(snapshot->values), snapshot->position);
 }
 
-int IsValid(zend_object_iterator* iterator) { return CurrentValue(iterator) != nullptr ? SUCCESS : FAILURE; }
+IteratorAnswer IsValid(zend_object_iterator* iterator) {
+  return CurrentValue(iterator) != nullptr ? SUCCESS : FAILURE;
+}
 
 void CurrentKey(zend_object_iterator* iterator, zval* key) {
   const auto* snapshot = AsSnapshot(iterator);

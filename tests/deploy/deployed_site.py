@@ -17,6 +17,7 @@ DEPLOY = HERE.parents[1] / "deploy"
 sys.path += [str(HERE.parents[0] / "support"), str(HERE.parents[0] / "pages")]
 
 from database_servers import free_port  # noqa: E402
+from php_programs import php_program  # noqa: E402
 
 PATIENCE_S = 30
 
@@ -53,7 +54,7 @@ class Unit:
 
     def __init__(self, file):
         values = dict(re.findall(r"^(\w+)=(.*)$", file.read_text(), re.MULTILINE))
-        self.command = shlex.split(values["ExecStart"])
+        self.command = shlex.split(values["ExecStart"].replace("/usr/sbin/php-fpm@PHP@", php_program("php-fpm")))
         self.reload = signal.Signals["SIG" + re.fullmatch(r"/bin/kill -(\w+) \$MAINPID", values["ExecReload"])[1]]
         self.stop = signal.Signals[values["KillSignal"]]
 

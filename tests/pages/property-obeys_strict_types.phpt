@@ -14,10 +14,10 @@ try_it(fn() => $view->Tag = 7);
 try_it(fn() => $view->GridLinkIndex = true);
 try_it(fn() => $view->RecordsPerPage = 15);
 ?>
---EXPECT--
+--EXPECTF--
 TypeError: Cannot assign string to property Dralo\DbView::$RecordsPerPage of type int
 TypeError: Cannot assign float to property Dralo\DbView::$RecordsPerPage of type int
-TypeError: Cannot assign bool to property Dralo\DbView::$RecordCount of type int
+TypeError: Cannot assign %s to property Dralo\DbView::$RecordCount of type int
 TypeError: Cannot assign int to property Dralo\DbView::$UseCSS of type bool
 TypeError: Cannot assign int to property Dralo\DbView::$Tag of type string
 nothing thrown

@@ -34,7 +34,7 @@ var_dump($walked === array_keys($shown));
 $recordset = new Dralo\Recordset();
 var_dump($recordset);
 ?>
---EXPECT--
+--EXPECTF--
 object(Dralo\DBConnection)#1 (2) {
   ["Connection"]=>
   object(Dralo\Connection)#2 (2) {
@@ -89,7 +89,7 @@ bool(true)
 bool(true)
 bool(true)
 bool(true)
-object(Dralo\Recordset)#4 (4) {
+object(Dralo\Recordset)#%d (4) {
   ["MaxRecords"]=>
   int(0)
   ["CursorLocation"]=>
@@ -97,6 +97,6 @@ object(Dralo\Recordset)#4 (4) {
   ["State"]=>
   int(0)
   ["Fields"]=>
-  object(Dralo\Fields)#5 (0) {
+  object(Dralo\Fields)#%d (0) {
   }
 }

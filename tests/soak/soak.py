@@ -21,13 +21,14 @@ import tempfile
 import time
 
 HERE = pathlib.Path(__file__).parent
-sys.path.append(str(HERE.parent / "pages"))
+sys.path += [str(HERE.parent / "pages"), str(HERE.parent / "support")]
 
 import shops  # noqa: E402
 from customer import Customer  # noqa: E402
+from php_programs import php_program  # noqa: E402
 from workers import Workers  # noqa: E402
 
-PHP, PHP_FPM = "php8.2", "php-fpm8.2"
+PHP, PHP_FPM = php_program("php"), php_program("php-fpm")
 WORKERS = 4
 CUSTOMERS = 6
 MEMORY_GROWTH_KIB = 1024
