@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "hosts/php/engine_release.h"
+#include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/process.h"
 #include "hosts/php/values.h"
@@ -22,11 +24,22 @@ constexpr auto kClasses = std::to_array<ScriptClass*>({
     &indexed_property_class,
 });
 
+void ThrowWhyNotHere() { zend_throw_exception(exception_class, WhyNotHere().c_str(), 0); }
+
+zend_object* RefuseToRun(zend_class_entry* entry) {
+  ThrowWhyNotHere();
+  return zend_objects_new(entry);
+}
+
 void CreateObject(INTERNAL_FUNCTION_PARAMETERS) {
   zend_string* identifier;
   ZEND_PARSE_PARAMETERS_START(1, 1)
   Z_PARAM_STR(identifier)
   ZEND_PARSE_PARAMETERS_END();
+  if (!WhyNotHere().empty()) {
+    ThrowWhyNotHere();
+    return;
+  }
   const ScriptClass* script_class = nullptr;
   EnterCpp(Entry::kReads, [&] {
     script_class = FindClass(View(identifier));
@@ -55,6 +68,16 @@ void RegisterClasses() {
   RegisterCommand();
   RegisterDBConnection();
   RegisterDbView();
+}
+
+void RegisterRefusingClasses() {
+  for (const ScriptClass* script_class : kClasses) {
+    zend_class_entry entry;
+    INIT_CLASS_ENTRY_EX(entry, script_class->name, strlen(script_class->name), nullptr);
+    zend_class_entry* registered = zend_register_internal_class(&entry);
+    registered->ce_flags |= ZEND_ACC_FINAL;
+    registered->create_object = RefuseToRun;
+  }
 }
 
 const ScriptClass& ClassOf(const zend_class_entry* entry) {

@@ -30,6 +30,9 @@ void RegisterIndexedProperty();
 /// Registers all of these.
 void RegisterClasses();
 
+/// Registers all of these in an engine that the extension cannot run in: `new` throws Dralo\Exception.
+void RegisterRefusingClasses();
+
 /// The class of one of our class entries.
 const ScriptClass& ClassOf(const zend_class_entry* entry);
 

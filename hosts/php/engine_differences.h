@@ -30,3 +30,6 @@ inline zend_function_entry FunctionEntry(const char* name, zif_handler function,
 }
 
 }  // namespace dralo::php
+
+// Not in every patch release: an extension that needed it would not load in the others.
+extern "C" [[gnu::weak]] void* ZEND_FASTCALL _femalloc(size_t size ZEND_FILE_LINE_DC ZEND_FILE_LINE_ORIG_DC);

@@ -24,12 +24,15 @@ int changes_in_progress = 0;
   return completed;
 }
 
-bool SomethingIsPending() {
-#ifdef ZEND_HAS_OOM
-  if (ZEND_HAS_OOM()) return true;
-#endif
-  return EG(exception) != nullptr;
+/// Some patch releases no longer jump out when memory_limit is exceeded, but wait for somebody to notice.
+/// They have _femalloc(), and the flag that they set does not exist in the others: so the engine that runs is
+/// asked.
+bool MemoryIsExhausted() {
+  return &_femalloc != nullptr && PG(memory_limit) > 0 &&
+         zend_memory_usage(true) > static_cast<std::size_t>(PG(memory_limit));
 }
+
+bool SomethingIsPending() { return EG(exception) != nullptr || MemoryIsExhausted(); }
 
 Outcome OutcomeOf(HostAbort::Reason reason) {
   switch (reason) {

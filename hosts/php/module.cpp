@@ -1,7 +1,6 @@
-#include <cstring>
-
 #include "database/objects.h"
 #include "hosts/php/classes.h"
+#include "hosts/php/engine_release.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/multipart.h"
 #include "hosts/php/native_object.h"
@@ -18,21 +17,17 @@ PHP_INI_ENTRY("dralo.pool_idle_seconds", "60", PHP_INI_SYSTEM, nullptr)
 PHP_INI_ENTRY("dralo.pool_size", "8", PHP_INI_SYSTEM, nullptr)
 PHP_INI_END()
 
-/// Globals of the engine may lie elsewhere in another patch level of it.
-bool EngineIsTheOneCompiledFor() {
-  const zval* running = zend_get_constant_str(ZEND_STRL("PHP_VERSION"));
-  if (running != nullptr && strcmp(Z_STRVAL_P(running), PHP_VERSION) == 0) return true;
-  zend_error(E_CORE_WARNING, "dralo was compiled for PHP %s and does not run with PHP %s: build it again",
-             PHP_VERSION, running == nullptr ? "of an unknown version" : Z_STRVAL_P(running));
-  return false;
-}
-
 PHP_MINIT_FUNCTION(dralo) {
   (void)type;
-  if (!EngineIsTheOneCompiledFor()) return FAILURE;
+  RegisterException();
+  if (!WhyNotHere().empty()) {
+    // A module that fails to start keeps PHP from starting, and with it every other site of the machine.
+    zend_error(E_CORE_WARNING, "%s", WhyNotHere().c_str());
+    RegisterRefusingClasses();
+    return SUCCESS;
+  }
   REGISTER_INI_ENTRIES();
   SetUpObjectHandlers();
-  RegisterException();
   RegisterClasses();
   ListenToMultipart();
   return SUCCESS;
@@ -63,9 +58,9 @@ zend_result AfterRequest() {
 
 PHP_MINFO_FUNCTION(dralo) {
   php_info_print_table_start();
-  php_info_print_table_row(2, "Dralo", "enabled");
+  php_info_print_table_row(2, "Dralo", WhyNotHere().empty() ? "enabled" : WhyNotHere().c_str());
   php_info_print_table_row(2, "Version", DRALO_VERSION);
-  php_info_print_table_row(2, "Compiled for PHP", PHP_VERSION);
+  php_info_print_table_row(2, "Compiled for PHP", CompiledFor().c_str());
   php_info_print_table_row(2, "PHP API", ZEND_TOSTR(PHP_API_VERSION));
   php_info_print_table_end();
   DISPLAY_INI_ENTRIES();
