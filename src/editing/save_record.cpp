@@ -111,7 +111,11 @@ class Save {
   }
 
   bool IsShownAsPosted(const SchemaField& schema, platform::Field& field, std::string_view posted) const {
-    if (schema.type == TypeCode::kBoolean) return IsTicked(field.Value()) == !posted.empty();
+    if (schema.type == TypeCode::kBoolean) {
+      // A box cannot show Null: unticked it stands for False.
+      const platform::VariantView value = field.Value();
+      return !platform::IsNull(value) && IsTicked(value) == !posted.empty();
+    }
     const bool is_select = !settings_.lookups.Find(schema.name).empty();
     std::string scratch;
     return IsUntouched(posted, ControlText(render_, field, scratch),

@@ -13,7 +13,8 @@ namespace dralo::editing {
 /// throws platform::Error for every other failure.
 ///
 /// Fields of an existing record that still show what was posted are left alone, so that saving an untouched
-/// form changes nothing whatever its texts lose on the way through the page.
+/// form changes nothing whatever its texts lose on the way through the page. Only a boolean that is Null
+/// becomes False by its unticked box.
 bool SaveRecord(shell::Render& render, const QuerySchema& schema, std::string& statement);
 
 }  // namespace dralo::editing

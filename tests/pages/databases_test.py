@@ -197,15 +197,26 @@ class Records(OverADatabase):
         self.visitor.type("_Form_Note", "lines\r\n\tand \U0001F3BB \r\n")
         self.visitor.press("FormUpdate")
         self.assertIn("[Record saved ok]", self.visitor.page.text)
-        for number in (3, 12, 13):
+        for number in (12, 13):
             before = self.record(number, "*")
-            self.open_record(number)
-            self.visitor.press("FormEdit")
-            self.visitor.press("FormUpdate")
-            self.assertIn("[Record saved ok]", self.visitor.page.text)
-            self.assert_no_error()
+            self.save_untouched(number)
             self.assertEqual(self.record(number, "*"), before)
         self.assertEqual(self.record(12, "Price"), [(self.shop.price("12.50"),)])
+
+    def test_become_false_where_an_unticked_box_was_null(self):
+        others = ("Name", "Price", "Stock", "Born", "Seen", "Big", "Note")
+        before = self.record(3, *others)
+        self.assertEqual(self.record(3, "Active"), [("NULL",)])
+        self.save_untouched(3)
+        self.assertEqual(self.record(3, *others), before)
+        self.assertEqual(self.record(3, "Active"), [("0",)])
+
+    def save_untouched(self, number):
+        self.open_record(number)
+        self.visitor.press("FormEdit")
+        self.visitor.press("FormUpdate")
+        self.assertIn("[Record saved ok]", self.visitor.page.text)
+        self.assert_no_error()
 
     def test_are_not_saved_with_wrong_values_until_they_are_right(self):
         before = self.record(9, "*")

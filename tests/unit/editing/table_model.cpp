@@ -87,7 +87,7 @@ std::optional<Outcome> TableModel::Assign(const Post& post, std::size_t column, 
   if (post.is_read_only[column] || (post.is_hidden[column] && !input.posted)) return std::nullopt;
   if (column == kActive) {
     const bool is_ticked = !Typed(input).empty();
-    const bool is_untouched = !post.is_insert && (row[column] == "1") == is_ticked;
+    const bool is_untouched = !post.is_insert && row[column] != "NULL" && (row[column] == "1") == is_ticked;
     if (!is_untouched) row[column] = is_ticked ? "1" : "0";
     return std::nullopt;
   }

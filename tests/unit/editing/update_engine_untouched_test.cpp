@@ -74,7 +74,6 @@ TEST(UntouchedField, KeepsItsStoredValueByteForByte) {
            {"DECIMAL(10,4)", "'1.5000'", "1.5"},
            {"DOUBLE", "0.1", "0.1"},
            {"BIGINT", "-9223372036854775808", "-9223372036854775808"},
-           {"BOOLEAN", "NULL", ""},
            {"BOOLEAN", "-1", "on"},
            {"BOOLEAN", "0", ""},
            {"TEXT", "char(10)||'a'||char(10)||char(13)||'b'||char(9)", "\r\na\r\n\r\nb\t"},

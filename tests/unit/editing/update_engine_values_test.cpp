@@ -144,6 +144,11 @@ TEST(BooleanField, IsFalseWithoutOne) {
   EXPECT_EQ(OneField("BOOLEAN NOT NULL", "1").Insert(""), "0");
 }
 
+TEST(BooleanField, IsFalseWithoutOneAlsoWhereItWasNull) {
+  EXPECT_EQ(Saved("BOOLEAN", "", "NULL"), "0");
+  EXPECT_EQ(OneField("BOOLEAN", "NULL").SaveWithoutInput(), "0");
+}
+
 // Texts and the rest
 
 TEST(TextField, StoresThePostedTextAsItIs) {
