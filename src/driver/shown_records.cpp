@@ -27,13 +27,6 @@ bool IsPagingRequest(const shell::RequestKeys& keys) {
       [&](std::string_view button) { return keys.WasPressed(button); });
 }
 
-bool IsAddressedByKey(const Render& render, Mode mode) {
-  const Settings& settings = render.settings;
-  return render.form_view && mode != Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
-         !IsPagingRequest(render.keys) && render.change != shell::Change::kDeleted &&
-         (HasStatement(settings, settings.FormSQL) || HasStatement(settings, settings.EditSQL));
-}
-
 bool IsText(const Settings& settings) {
   return !settings.has_stored_procedure && !settings.has_supplied_recordset;
 }
@@ -41,6 +34,13 @@ bool IsText(const Settings& settings) {
 /// The statement that gives the fields of the form.
 const std::string& FormStatement(const Settings& settings, Mode mode) {
   return mode == Mode::kFormView ? settings.FormSQL : settings.EditSQL;
+}
+
+bool IsAddressedByKey(const Render& render, Mode mode) {
+  const Settings& settings = render.settings;
+  return render.form_view && mode != Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
+         !IsPagingRequest(render.keys) && render.change != shell::Change::kDeleted &&
+         HasStatement(settings, FormStatement(settings, mode));
 }
 
 std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string& sql) {
@@ -68,8 +68,9 @@ bool OpenByPostedKey(Render& render, Mode mode, ShownRecords& records) {
   auto record = OpenOneRecord(render, sql);
   // A save may have changed the key, or taken the record out of the statement.
   if (render.change == shell::Change::kSaved && record->Eof()) return false;
-  if (!IsText(settings)) OpenAtCurrentRecord(render, settings.sql, records);
-  if (records.main == nullptr) records.main = record;
+  // What is paged through is there for the bar; it is not moved, for the number says nothing about the
+  // record.
+  records.main = IsText(settings) ? record : OpenMainRecordset(render, settings.sql, 0);
   records.sql = sql;
   records.keyed = std::move(record);
   records.is_addressed_by_key = true;
