@@ -32,11 +32,16 @@ void AppendInScript(std::string& script, std::string_view text) {
 }  // namespace
 
 PrimaryKeyValueList::PrimaryKeyValueList(const shell::Settings& settings, platform::Recordset& recordset) {
-  if (util::TrimBlanks(settings.EditPrimaryKeys).empty() || !HasEditStatement(settings)) return;
+  if (util::TrimBlanks(settings.EditPrimaryKeys).empty()) return;
   for (const std::string& item : util::Split(settings.EditPrimaryKeys)) {
     const std::string_view name = util::TrimBlanks(item);
     keys_.push_back({std::string(name), cells::FindField(recordset, name)});
   }
+}
+
+PrimaryKeyValueList PrimaryKeyValueList::ForLink(const shell::Settings& settings,
+                                                 platform::Recordset& recordset) {
+  return HasEditStatement(settings) ? PrimaryKeyValueList(settings, recordset) : PrimaryKeyValueList();
 }
 
 bool PrimaryKeyValueList::Read(shell::Settings& settings) {

@@ -12,9 +12,12 @@ namespace dralo::views {
 /// The key values that address a record in links and forms; made once for many records.
 class PrimaryKeyValueList {
  public:
-  /// Looks the fields of EditPrimaryKeys up in `recordset`, which must outlive the list. The list stays empty
-  /// when EditPrimaryKeys is blank or there is no edit statement.
+  /// For the hidden input of a form: looks the fields of EditPrimaryKeys up in `recordset`, which must
+  /// outlive the list. The list stays empty when EditPrimaryKeys is blank.
   PrimaryKeyValueList(const shell::Settings& settings, platform::Recordset& recordset);
+
+  /// The same for a link, which is without a key also when there is no edit statement.
+  static PrimaryKeyValueList ForLink(const shell::Settings& settings, platform::Recordset& recordset);
 
   /// Takes the values of the current record. Returns whether they address one: not when the list is empty,
   /// when its only value is, and after a failure, such as a key that is no field, which is reported in
@@ -32,6 +35,8 @@ class PrimaryKeyValueList {
   std::string Plain() const;
 
  private:
+  PrimaryKeyValueList() = default;
+
   struct Key {
     std::string name;
     platform::Field* field;

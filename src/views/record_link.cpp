@@ -23,7 +23,8 @@ std::string ViewParameter(const shell::Render& render) {
 }  // namespace
 
 RecordLink::RecordLink(const shell::Render& render, platform::Recordset& recordset)
-    : after_number_(render.state_query_tail), key_values_(render.settings, recordset) {
+    : after_number_(render.state_query_tail),
+      key_values_(PrimaryKeyValueList::ForLink(render.settings, recordset)) {
   util::HtmlWriter text;
   text.Put("{}?{}&", Verbatim{render.script_name}, Verbatim{ViewParameter(render)});
   before_key_ = text.Take();

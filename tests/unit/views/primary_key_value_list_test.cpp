@@ -14,9 +14,9 @@ namespace {
 
 using shell::Settings;
 
-/// The written list, or nothing when the values address no record.
+/// The list as links have it, or nothing when the values address no record.
 std::string KeyList(Settings& settings, platform::Recordset& records) {
-  views::PrimaryKeyValueList list(settings, records);
+  auto list = views::PrimaryKeyValueList::ForLink(settings, records);
   if (!list.Read(settings)) return "(none)";
   util::HtmlWriter out;
   list.Put(out);
@@ -54,6 +54,15 @@ TEST(PrimaryKeyValueList, IsEmptyWithoutAnEditStatement) {
   Settings settings = Editable("ID");
   settings.EditSQL = " ";
   EXPECT_EQ(KeyList(settings, *people), "(none)");
+}
+
+TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
+  const Records people(kPeople);
+  Settings settings = Editable("ID");
+  settings.EditSQL.clear();
+  views::PrimaryKeyValueList list(settings, *people);
+  EXPECT_TRUE(list.Read(settings));
+  EXPECT_EQ(list.Plain(), "5");
 }
 
 TEST(PrimaryKeyValueList, TakesNoCommandForAnEditStatement) {
