@@ -33,7 +33,7 @@ function(dralo_folder name)
 endfunction()
 
 # dralo_test(NAME LIBRARY... [PROPERTIES PROPERTY VALUE...]): the tests of this folder and those below it as the program
-# NAME, one CTest test per test case, each with the given properties.
+# NAME and the CTest test cases.NAME with the given properties, which runs all cases in one process.
 function(dralo_test name)
   cmake_parse_arguments(PARSE_ARGV 1 given "" "" "PROPERTIES")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
@@ -43,5 +43,7 @@ function(dralo_test name)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${given_UNPARSED_ARGUMENTS} dralo_options GTest::gtest_main GTest::gmock)
-  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300 ${given_PROPERTIES})
+  add_test(NAME cases.${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/support/run_cases.py ${name} $<TARGET_FILE:${name}>
+                                      ${PROJECT_BINARY_DIR}/cases/cases.${name}.xml)
+  set_tests_properties(cases.${name} PROPERTIES LABELS cases TIMEOUT 1200 ${given_PROPERTIES})
 endfunction()
