@@ -26,7 +26,8 @@ class Replica(PostgreSql):
         self.primary = f"host=127.0.0.1 port={primary_port} user={USER} password='{PASSWORD}'"
 
     def create_command(self):
-        return ["pg_basebackup", "--dbname", self.primary, "--pgdata", self.data, "--write-recovery-conf", "--checkpoint=fast"]
+        return [self.program("pg_basebackup"), "--dbname", self.primary, "--pgdata", self.data, "--write-recovery-conf",
+                "--checkpoint=fast"]
 
 
 class ASiteWithAReplica(unittest.TestCase):

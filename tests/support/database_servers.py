@@ -114,10 +114,12 @@ class PostgreSql(Server):
 
     @staticmethod
     def program(name):
-        found = sorted(pathlib.Path("/usr/lib/postgresql").glob(f"*/bin/{name}"), key=lambda path: int(path.parts[4]))
+        """Servers are not on the path where several releases of them can be installed."""
+        asked = subprocess.run(["pg_config", "--bindir"], capture_output=True, text=True, check=True)
+        found = shutil.which(name, path=asked.stdout.strip() + os.pathsep + os.environ["PATH"])
         if not found:
             raise Failure(f"PostgreSQL's {name} is not installed")
-        return str(found[-1])
+        return found
 
     def create_command(self):
         password = self.put("password", PASSWORD + "\n")
