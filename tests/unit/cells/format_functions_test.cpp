@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <random>
 #include <string>
 #include <string_view>
 
 #include "cells/column_settings.h"
+#include "support/cpu_time.h"
 #include "support/fake_records.h"
 #include "support/records.h"
 #include "support/rendering.h"
@@ -220,9 +220,9 @@ TEST(FormatCell, FormatsEveryKindOfColumn) {
 TEST(FormatCell, EndsACatastrophicPatternWithTheMessage) {
   FormatCells cells;
   const std::string text = std::string(5'000, 'a') + "!";
-  const auto start = std::chrono::steady_clock::now();
+  const double start = CpuSeconds();
   EXPECT_EQ(cells.Cell("REGEXPREPLACE,/^(a|aa)+$/g,x", text), "&nbsp;");
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_LT(CpuSeconds() - start, 20);
   EXPECT_TRUE(cells.Message().ends_with(" Invalid Formatting arguments<br>")) << cells.Message();
 }
 

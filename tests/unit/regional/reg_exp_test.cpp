@@ -3,9 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 #include "platform/error.h"
+#include "support/cpu_time.h"
 
 namespace dralo::regional {
 namespace {
@@ -144,21 +143,21 @@ TEST(RegExp, KeepsItsPatternWhenAnotherFailsToCompile) {
 }
 
 TEST(RegExp, GivesUpOnPatternsThatTakeTooLong) {
-  const auto start = std::chrono::steady_clock::now();
+  const double start = tests::CpuSeconds();
   EXPECT_THAT(FailureOf("(a+)+$", std::string(40, 'a') + "b"), HasSubstr("takes too long"));
   EXPECT_THAT(FailureOf("^(\\w+\\s?)*$", std::string(40, 'a') + "!"), HasSubstr("takes too long"));
   EXPECT_THAT(FailureOf("(x+x+)+y", std::string(60, 'x')), HasSubstr("no failure"));
   EXPECT_THAT(FailureOf("(?:(x+)(x+))+[yz]", std::string(60, 'x')), HasSubstr("takes too long"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_LT(tests::CpuSeconds() - start, 20);
 }
 
 TEST(RegExp, GivesUpOnLongTextsThatAreSlowAtEveryPlace) {
-  const auto start = std::chrono::steady_clock::now();
+  const double start = tests::CpuSeconds();
   const std::string text(300'000, 'a');
   EXPECT_THAT(FailureOf("(?:a|aa){0,30}[bc]", text), HasSubstr("takes too long"));
   EXPECT_THAT(FailureOf("(?:a(?=.*?[bc]))", text), HasSubstr("takes too long"));
   EXPECT_THAT(FailureOf("a(?=(?:.*?[bc])?)", text), HasSubstr("takes too long"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_LT(tests::CpuSeconds() - start, 20);
 }
 
 TEST(RegExp, HandlesDeepRepetitionOfGroups) {

@@ -283,9 +283,11 @@ TEST_F(PostgreSqlDriver, ReadsEveryCharacterOfATextAsItIs) {
 }
 
 TEST_F(PostgreSqlDriver, LetsStatementsTakeAsLongAsTheServerDoes) {
-  connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1");
+  connection_ = Connect(database_.ConnectionString() + ";Query Timeout=4");
   EXPECT_NO_THROW(
-      Run("SELECT pg_sleep(0.8); SELECT pg_sleep(0.8); SELECT pg_sleep(0.8); SELECT pg_sleep(0.8)"));
+      Run("SELECT pg_sleep(1.3); SELECT pg_sleep(1.3); SELECT pg_sleep(1.3); SELECT pg_sleep(1.3); "
+          "SELECT pg_sleep(1.3)"));
+  connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1");
   Run("SET statement_timeout = 0");
   EXPECT_NO_THROW(Run("CREATE TABLE slow AS SELECT pg_sleep(3.5)::text"));
   connection_ =
@@ -303,6 +305,15 @@ class FrozenServer : public PostgreSqlDriver {
   void TearDown() override { kill(std::stoi(pid_), SIGCONT); }
 
   void Freeze() const { ASSERT_EQ(kill(std::stoi(pid_), SIGSTOP), 0); }
+
+  /// Until so many rows have left the server and it waits for the next order.
+  void WaitUntilSent(int rows) {
+    const auto observer = Connect(database_.ConnectionString());
+    const std::string sql =
+        "SELECT 1 FROM sent, pg_stat_activity WHERE last_value >= " + std::to_string(rows) +
+        " AND wait_event = 'ClientRead' AND pid = " + pid_;
+    while (Rows(observer, sql).empty()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
 
   std::string pid_;
   static constexpr std::string_view kMessage =
@@ -340,13 +351,14 @@ TEST_F(FrozenServer, IsGivenUpInTheMiddleOfAResult) {
 
 TEST_F(FrozenServer, IsGivenUpByAResultThatIsLeft) {
   {
-    const auto recordset = Read(connection_, "SELECT i FROM generate_series(1, 50000) i");
+    Run("CREATE SEQUENCE sent");
+    const auto recordset = Read(connection_, "SELECT i, nextval('sent') FROM generate_series(1, 50000) i");
     ReadTo1050(*recordset);
     for (int i = 1050; i < 1150; ++i) recordset->MoveNext();
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));  // The next rows are there.
+    WaitUntilSent(2150);
     Freeze();
     for (int i = 1150; i < 2150; ++i) recordset->MoveNext();
-    EXPECT_EQ(Line(*recordset), "2150");
+    EXPECT_EQ(Line(*recordset), "2150 2150");
   }
   EXPECT_EQ(ErrorOf([&] { Ask("SELECT 7", 5); }).Description(), kMessage);
 }

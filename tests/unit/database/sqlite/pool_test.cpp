@@ -106,13 +106,13 @@ TEST_F(SqlitePool, KeepsAsManyAsItIsTold) {
 }
 
 TEST_F(SqlitePool, ClosesWhatNobodyHasUsedForAWhile) {
-  SessionPool::Instance().SetLimits({8, std::chrono::milliseconds{40}});
   Mark(Connect(ConnectionString()));
   EXPECT_TRUE(IsMarked(Connect(ConnectionString())));
   Connect(ConnectionString("Busy Timeout=7"));
   EXPECT_EQ(Idle(), 2u);
 
   std::this_thread::sleep_for(std::chrono::milliseconds{60});
+  SessionPool::Instance().SetLimits({8, std::chrono::milliseconds{40}});
 
   EXPECT_FALSE(IsMarked(Connect(ConnectionString())));
   EXPECT_EQ(Idle(), 1u);
