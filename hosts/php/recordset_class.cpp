@@ -74,7 +74,7 @@ ZEND_END_ARG_INFO()
 const zend_function_entry kMethods[] = {
     SCRIPT_FUNCTION("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
         SCRIPT_FUNCTION("MoveNext", Do<&Recordset::MoveNext>, do_arginfo, ZEND_ACC_PUBLIC)
-            SCRIPT_FUNCTION("AddNew", Do<&Recordset::AddNew>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_RAW_FENTRY(
+            SCRIPT_FUNCTION("AddNew", Do<&Recordset::AddNew>, do_arginfo, ZEND_ACC_PUBLIC) SCRIPT_FUNCTION(
                 "Update", Do<&Recordset::Update>, do_arginfo, ZEND_ACC_PUBLIC)
                 SCRIPT_FUNCTION("CancelUpdate", Do<&Recordset::CancelUpdate>, do_arginfo, ZEND_ACC_PUBLIC)
                     SCRIPT_FUNCTION("Close", Do<&Recordset::Close>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
