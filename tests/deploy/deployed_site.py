@@ -19,7 +19,8 @@ sys.path += [str(HERE.parents[0] / "support"), str(HERE.parents[0] / "pages")]
 from database_servers import free_port  # noqa: E402
 from php_programs import php_program  # noqa: E402
 
-PATIENCE_S = 30
+# Long enough for any machine: what is waited for comes, or something is wrong.
+PATIENCE_S = 120
 
 
 def account():
@@ -111,6 +112,21 @@ class Host:
             self.process.wait(PATIENCE_S)
             self.process = None
 
+    def wait_until_said(self, text, since):
+        """In its log, behind the first `since` bytes."""
+        wait_until(lambda: text in self.log.read_bytes()[since:], f"{self.name} does not say {text}")
+
+    def wait_for_complaint(self):
+        """What a page says is in the log some time after its answer."""
+        seen = self.seen
+
+        def has_come():
+            self.seen = seen
+            return self.take_complaints()
+
+        wait_until(has_come, f"{self.name} does not complain")
+        self.seen = seen
+
     def take_complaints(self):
         """Of php-fpm and of the pages since the last call."""
         log = self.log.read_text(errors="replace")[self.seen:]
@@ -177,6 +193,8 @@ class Site:
         pages.mkdir()
         for file in (page, DEPLOY / "health.php", DEPLOY / "answer-lost.html"):
             shutil.copy(file, pages)
+        # The folder of the build may be one that servers cannot read.
+        extension = shutil.copy(extension, self.folder)
         self.hosts = [Host(self.folder / name, extension, **own) for name, own in environments.items()]
         self.front = Front(self.folder / "front", pages, self.hosts)
         give_away(self.folder)

@@ -5,7 +5,6 @@ import contextlib
 import http.client
 import random
 import re
-import time
 import urllib.parse
 
 import deployed_site  # noqa: F401  finds the modules of the other tests
@@ -21,7 +20,7 @@ class Lost(Exception):
 
 class Keeper(Visitor):
     """`articles` are the rows [number, name, amount] that the database has to hold. With `may_lose`, answers may get lost;
-    then the keeper looks whether the save is there, and repeats what is not. `query` is a part of every address."""
+    then the keeper waits until the database has settled, looks whether the save is there, and repeats what is not. `query` is a part of every address."""
 
     def __init__(self, port, owner, articles, ledger, query=""):
         super().__init__(port, "/articles.php")
@@ -31,6 +30,7 @@ class Keeper(Visitor):
         self.ledger = ledger
         self.random = random.Random(owner)
         self.may_lose = False
+        self.wait_until_settled = lambda: None
         self.requests = self.lost = self.made = 0
         self.show(self.start)
         self.order, self.descending = "ID", False
@@ -71,8 +71,7 @@ class Keeper(Visitor):
         if not self.may_lose:
             raise
         self.lost += 1
-        # Time for the database to notice that the worker is gone.
-        time.sleep(0.2)
+        self.wait_until_settled()
 
     # What a page has to show
 

@@ -13,7 +13,6 @@ import subprocess
 import sys
 import tempfile
 import threading
-import time
 import unittest
 import urllib.error
 import urllib.request
@@ -83,6 +82,8 @@ class TwoHosts(unittest.TestCase):
         cls.addClassCleanup(cls.site.__exit__)
         cls.front = cls.site.front
         cls.ledger = []
+        cls.has_settled = threading.Event()
+        cls.has_settled.set()
         cls.keepers = [Keeper(cls.front.port, owner, cls.stock.articles(owner), cls.ledger) for owner in OWNERS]
 
     @classmethod
@@ -108,6 +109,7 @@ class TwoHosts(unittest.TestCase):
         def work(keeper):
             keeper.may_lose = may_lose
             try:
+                keeper.wait_until_settled = self.has_settled.wait
                 keeper.back()
                 while not is_over.is_set():
                     keeper.step()
@@ -129,12 +131,27 @@ class TwoHosts(unittest.TestCase):
     def count_answers(self, host, since):
         return sum(host.address in addresses for addresses in self.front.answers()[since:])
 
-    def assert_both_answer(self):
+    def wait_for_answers(self, *hosts):
+        """Until each of the hosts has been asked some more by the visitors. Returns the number of the first of these answers."""
         since = len(self.front.answers())
-        with self.visitors():
-            time.sleep(0.2)
-        for host in self.site.hosts:
-            self.assertGreater(self.count_answers(host, since), 0)
+        for host in hosts:
+            deployed_site.wait_until(lambda: self.count_answers(host, since) > 5, f"{host.name} is not asked")  # noqa: B023
+        return since
+
+    def wait_until_passed_on(self, host):
+        """Until a request that `host` did not take has been passed on to another one."""
+        since = len(self.front.answers())
+        deployed_site.wait_until(
+            lambda: any(addresses[0] == host.address and len(addresses) > 1 for addresses in self.front.answers()[since:]),
+            "no request was passed on")
+
+    def kill(self, host):
+        """What the host has begun is over at the end, and keepers who have lost an answer look only then."""
+        self.has_settled.clear()
+        host.stop(signal.SIGTERM)
+        sessions = f"SELECT pid FROM pg_stat_activity WHERE application_name = '{host.name}'"
+        deployed_site.wait_until(lambda: not self.stock.rows(sessions), "the database does not notice that a host is gone")
+        self.has_settled.set()
 
     def test_requests_alternate_between_the_hosts(self):
         since = len(self.front.answers())
@@ -156,7 +173,7 @@ class TwoHosts(unittest.TestCase):
     def test_nothing_is_lost_while_hosts_are_reloaded(self):
         with self.visitors():
             for host in self.site.hosts * 2:
-                time.sleep(0.2)
+                self.wait_for_answers(host)
                 host.begin_reload()()
 
     def test_nothing_is_lost_while_hosts_are_taken_out_stopped_and_started(self):
@@ -164,37 +181,35 @@ class TwoHosts(unittest.TestCase):
             for host, other in (self.site.hosts, reversed(self.site.hosts)):
                 self.front.use(other)
                 host.stop()
-                since = len(self.front.answers())
-                time.sleep(0.3)
-                self.assertGreater(self.count_answers(other, since), 0)
+                since = self.wait_for_answers(other)
                 self.assertEqual(self.count_answers(host, since), 0)
                 host.start()
                 self.front.use(host, other)
-        self.assert_both_answer()
+            self.wait_for_answers(*self.site.hosts)
 
     def test_what_is_lost_when_a_host_is_killed_can_be_repeated(self):
         with self.visitors(may_lose=True):
             for host in self.site.hosts:
-                time.sleep(0.2)
-                host.stop(signal.SIGTERM)
-                time.sleep(0.2)
+                self.wait_for_answers(host)
+                self.kill(host)
+                self.wait_until_passed_on(host)
                 host.start()
-                since = len(self.front.answers())
-                deployed_site.wait_until(lambda: self.count_answers(host, since), "the host is not asked again")
-        self.assertTrue(any(len(addresses) > 1 for addresses in self.front.answers()), "no request was passed on")
+                self.wait_for_answers(host)
 
     def test_a_save_in_flight_is_finished_while_its_host_is_reloaded(self):
         with self.save_in_flight(self.keepers[1]) as (host, save):
+            seen = host.log.stat().st_size
             wait_until_reloaded = host.begin_reload()
-            time.sleep(0.3)
+            host.wait_until_said(b"Reloading in progress", seen)
             self.assertTrue(save.is_alive(), "this test proves nothing: the save was over already")
         wait_until_reloaded()
         self.assertIsNone(save.failure)
 
     def test_a_save_in_flight_is_finished_before_its_host_stops(self):
         with self.save_in_flight(self.keepers[2]) as (host, save):
+            seen = host.log.stat().st_size
             host.process.send_signal(host.unit.stop)
-            time.sleep(0.3)
+            host.wait_until_said(b"Finishing", seen)
             self.assertTrue(save.is_alive(), "this test proves nothing: the save was over already")
         self.assertIsNone(save.failure)
         host.stop()
@@ -232,10 +247,11 @@ class TwoHosts(unittest.TestCase):
         finally:
             self.stock.server.start()
         for host in self.site.hosts:
+            host.wait_for_complaint()
             [complaint] = host.take_complaints()
             self.assertIn("Connection refused", complaint)
         with self.visitors():
-            time.sleep(0.3)
+            self.wait_for_answers(*self.site.hosts)
 
     def health(self):
         address = f"http://127.0.0.1:{self.front.port}/health.php"

@@ -24,6 +24,7 @@ HERE = pathlib.Path(__file__).parent
 sys.path += [str(HERE.parent / "pages"), str(HERE.parent / "support")]
 
 import shops  # noqa: E402
+from database_servers import end_in_order, end_with_parent  # noqa: E402
 from customer import Customer  # noqa: E402
 from php_programs import php_program  # noqa: E402
 from workers import Workers  # noqa: E402
@@ -33,6 +34,7 @@ WORKERS = 4
 CUSTOMERS = 6
 MEMORY_GROWTH_KIB = 1024
 OUTAGE_S = 0.5
+PATIENCE_S = 60
 SHOWN_FAILURES = 5
 
 # A session keeps 32 queries, each prepared for one row and for more.
@@ -56,15 +58,20 @@ class Crowd:
 
     def __init__(self, workers, marks):
         self.is_over = multiprocessing.Event()
+        self.has_failed = multiprocessing.Event()
         self.pipes = []
+        self.processes = []
         for number in range(CUSTOMERS):
             mine, theirs = multiprocessing.Pipe()
             customer = Customer(workers, number, CUSTOMERS, marks)
-            multiprocessing.Process(target=self.serve, args=[customer, theirs], daemon=True).start()
+            process = multiprocessing.Process(target=self.serve, args=[customer, theirs], daemon=True)
+            process.start()
+            self.processes.append(process)
             self.pipes.append(mine)
 
     def serve(self, customer, pipe):
-        while (order := pipe.recv()) is not None:
+        end_with_parent()
+        while order := pipe.recv():
             if isinstance(order, dict):
                 pipe.send(list(customer.differences(order)))
                 continue
@@ -73,12 +80,14 @@ class Crowd:
                 customer.act()
                 done += 1
                 if customer.failures:
+                    self.has_failed.set()
                     time.sleep(0.01)  # While there is no database, requests fail faster than they succeed.
             pipe.send((done, customer.failures))
             customer.failures = []
 
     def begin(self, number):
         self.is_over.clear()
+        self.has_failed.clear()
         for pipe in self.pipes:
             pipe.send(number // CUSTOMERS)
 
@@ -93,8 +102,10 @@ class Crowd:
         return [difference for pipe in self.pipes for difference in pipe.recv()]
 
     def leave(self):
-        for pipe in self.pipes:
-            pipe.send(None)
+        """At once, whatever they are doing: as long as they live, they hold what this process has open."""
+        for process in self.processes:
+            process.kill()
+            process.join()
 
 
 class Soak:
@@ -116,8 +127,8 @@ class Soak:
             self.shop.create([PHP, "-n", "-d", f"extension={self.extension}"])
             self.workers = cleanup.enter_context(Workers(PHP_FPM, self.extension, folder, WORKERS))
             self.crowd = Crowd(self.workers, self.marks())
+            cleanup.callback(self.crowd.leave)
             self.measure_all()
-            self.crowd.leave()
             complaints = self.workers.complaints()
         self.expect(not complaints, complaints)
 
@@ -126,12 +137,12 @@ class Soak:
         warming_up = max(self.requests // 5, min(1000, self.requests // 2))
         rest = self.requests - warming_up
         self.work(warming_up)
-        before = self.look()
+        before = self.look({})
         self.work(rest // 2)
         if self.kind in SERVER_COUNTS:
             self.restart_server()
         self.work(rest - rest // 2)
-        after = self.look()
+        after = self.look(before[0])
         for difference in self.crowd.differences(self.marks()):
             self.problems.append(difference)
         seconds = time.monotonic() - start
@@ -147,10 +158,10 @@ class Soak:
     def restart_server(self):
         """In the middle of the work. What began before the server was back may have failed."""
         self.crowd.begin(sys.maxsize)
-        time.sleep(0.2)
         stop = time.monotonic()
         self.shop.server.stop()
         time.sleep(OUTAGE_S)
+        self.crowd.has_failed.wait(PATIENCE_S)
         self.shop.server.start()
         back = time.monotonic()
         time.sleep(0.5)
@@ -163,8 +174,8 @@ class Soak:
         print(f"{self.kind}: the server was away for {back - stop:.1f} s, in which {len(in_flight)} requests failed; "
               f"the longest took {max(end - begin for begin, end, _ in in_flight):.1f} s")
 
-    def look(self):
-        """What the workers hold and what the server has, at rest."""
+    def look(self, before):
+        """What the workers hold and what the server has, at rest. `before` is what they held at the last look."""
         counts = [self.workers.ask_all(b"count=" + count.replace(" ", "+").encode())
                   for count in SESSION_COUNTS.get(self.kind, [NOTHING])]
         sessions = [tuple(int(answers[pid]) for answers in counts) for pid in self.workers.pids()]
@@ -172,7 +183,7 @@ class Soak:
         if self.kind in SERVER_COUNTS:
             [row] = self.shop.rows(SERVER_COUNTS[self.kind])
             server = tuple(map(int, row))
-        return self.workers.held(), sessions, server, self.statements()
+        return self.workers.held(before), sessions, server, self.statements()
 
     def statements(self):
         return int(self.shop.rows(STATEMENTS_OF_MARIADB)[0][0]) if self.kind == "mariadb" else 0
@@ -211,6 +222,7 @@ class Soak:
 
 
 def main(kind, extension, requests="100000"):
+    end_in_order()
     soak = Soak(kind, pathlib.Path(extension).resolve(), int(requests))
     soak.run()
     for problem in soak.problems[:SHOWN_FAILURES]:

@@ -4,13 +4,16 @@ import os
 import pathlib
 import pwd
 import re
+import shutil
+import signal
 import subprocess
 import time
 from dataclasses import dataclass
 
 import fastcgi
+from database_servers import end_with_parent
 
-PATIENCE_S = 30
+PATIENCE_S = 120
 
 
 @dataclass
@@ -26,6 +29,8 @@ class Workers:
 
     def __init__(self, program, extension, folder, number):
         self.folder = folder
+        # The folder of the build may be one that the workers cannot read.
+        extension = shutil.copy(extension, folder)
         self.socket = str(folder / "socket")
         self.log = folder / "log"
         self.number = number
@@ -44,13 +49,20 @@ class Workers:
                 os.chown(path, nobody.pw_uid, nobody.pw_gid)
         with open(self.log, "wb") as log:
             self.process = subprocess.Popen(self.command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
-                                            **account)
+                                            preexec_fn=lambda: end_with_parent(signal.SIGTERM), **account)
+        try:
+            self.wait_until_ready()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def wait_until_ready(self):
         deadline = time.monotonic() + PATIENCE_S
         while len(self.pids()) < self.number or not os.path.exists(self.socket):
             if self.process.poll() is not None or time.monotonic() > deadline:
                 raise RuntimeError(self.complaints())
             time.sleep(0.01)
-        return self
 
     def __exit__(self, *_):
         self.process.terminate()
@@ -60,8 +72,14 @@ class Workers:
         children = pathlib.Path(f"/proc/{self.process.pid}/task/{self.process.pid}/children").read_text()
         return [int(pid) for pid in children.split()]
 
-    def held(self):
-        time.sleep(0.2)  # A worker keeps the socket of its last request for a moment.
+    def held(self, before):
+        """A worker keeps the socket of its last request for a moment: `before` is how much to wait for."""
+        time.sleep(0.2)
+        deadline = time.monotonic() + PATIENCE_S
+        while any(open_files(pid) > held.files for pid, held in before.items() if pid in self.pids()):
+            if time.monotonic() > deadline:
+                break
+            time.sleep(0.05)
         return {pid: Held(private_memory_kib(pid), open_files(pid)) for pid in self.pids()}
 
     def ask_all(self, query):

@@ -38,6 +38,11 @@ class Failure(Exception):
     """A server that did not start; the text holds its log."""
 
 
+def end_with_parent(how=signal.SIGKILL):
+    """Has this process get the signal when the one that started it ends, however that ends."""
+    LIBC.prctl(PR_SET_PDEATHSIG, how)
+
+
 class Server:
     """A server and its folder. start() and stop() may alternate; the port stays the same."""
 
@@ -92,7 +97,7 @@ class Server:
         with open(self.log, "wb") as log:
             return subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
                                     start_new_session=True, env={"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8"},
-                                    preexec_fn=lambda: LIBC.prctl(PR_SET_PDEATHSIG, self.death), **self.account)
+                                    preexec_fn=lambda: end_with_parent(self.death), **self.account)
 
     def put(self, name, text):
         file = self.folder / name
@@ -273,6 +278,8 @@ class Served:
 
     def __exit__(self, *_):
         self.process.stdin.close()
+        # Children of this process may hold its input open.
+        self.process.terminate()
         self.process.wait(2 * PATIENCE_S)
         self.process.stdout.close()
 
