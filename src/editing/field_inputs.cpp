@@ -12,8 +12,7 @@ FieldInputs::FieldInputs(const shell::RequestKeys& keys) : keys_(keys) {
 std::optional<std::string_view> FieldInputs::Posted(std::string_view field) const {
   for (const platform::RequestField& posted : keys_.GetRequest().Form()) {
     const std::string_view name = posted.name;
-    if (name.size() == prefix_.size() + field.size() &&
-        util::EqualIgnoringCase(name.substr(0, prefix_.size()), prefix_) &&
+    if (name.size() >= prefix_.size() && util::EqualIgnoringCase(name.substr(0, prefix_.size()), prefix_) &&
         util::EqualIgnoringCase(name.substr(prefix_.size()), field)) {
       return posted.value;
     }

@@ -15,8 +15,8 @@ bool IsBlank(std::string_view text) { return util::TrimBlanks(text).empty(); }
 
 /// The value of the tag's width attribute without quotes; empty when it has none.
 std::string WidthOf(std::string_view tag) {
-  const std::size_t name = util::ToUpper(tag).find("WIDTH");
-  const std::size_t equals = name == std::string::npos ? name : tag.find('=', name);
+  const std::size_t name = util::FindWord(tag, "WIDTH");
+  const std::size_t equals = name == tag.npos ? name : tag.find('=', name);
   if (equals == tag.npos) return {};
   tag.remove_prefix(equals + 1);
   tag.remove_prefix(std::min(tag.find_first_not_of(' '), tag.size()));

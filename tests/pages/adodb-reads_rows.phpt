@@ -38,6 +38,9 @@ var_dump($count);
 
 $connection->Execute("UPDATE Customers SET City = 'Oslo' WHERE ID < 3", $affected);
 var_dump($affected);
+
+$rows = $connection->Execute("SELECT 7 AS \"\u{2c65}\u{3c2}\"");
+var_dump($rows->Fields["\u{23a}\u{3a3}"]->Value, isset($rows->Fields["\u{23a}s"]));
 ?>
 --EXPECT--
 int(1)
@@ -69,3 +72,5 @@ Error: Cannot unset an entry of Dralo\Fields
 Error: Cannot replace an entry of Dralo\Fields
 int(2)
 int(2)
+int(7)
+bool(false)

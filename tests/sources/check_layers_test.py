@@ -34,6 +34,12 @@ class CheckLayers(unittest.TestCase):
         self.assertEqual(status, 1)
         self.assertIn("only src/database may use SQLite", output)
 
+    def test_keeps_the_two_parts_of_icu_in_a_folder_each(self):
+        status, output = check({"src/regional/a.cpp": "#include <unicode/uchar.h>", "src/util/b.cpp": "#include <unicode/uloc.h>"})
+        self.assertEqual((status, output), (
+            1, "src/regional/a.cpp: unicode/uchar.h: only src/util may use ICU's characters\n"
+               "src/util/b.cpp: unicode/uloc.h: only src/regional may use ICU's formatting\n"))
+
     def test_refuses_files_that_include_each_other(self):
         status, output = check({"src/util/a.h": '#include "util/b.h"', "src/util/b.h": '#include "util/a.h"'})
         self.assertEqual((status, output), (1, "circle: src/util/a.h -> src/util/b.h -> src/util/a.h\n"))

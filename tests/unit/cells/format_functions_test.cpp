@@ -105,9 +105,12 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"MID,2", "äöüß", "öüß"}, Case{"MID,2,2", "äöüß", "öü"}, Case{"MID,9", "äöü", "&nbsp;"},
         Case{"MID", "x", "Invalid number of arguments to Mid"},
         Case{"MID,1,2,3", "x", "Invalid number of arguments to Mid"}, Case{"UCASE", "äbc", "ÄBC"},
-        Case{"LCASE", "ÄBC", "äbc"}, Case{"INITCAPS", "hello WORLD", "Hello world"},
-        Case{"INITCAPSALL", "JOHN SMITH", " John Smith"}, Case{"INITCAPSALL", "John SMITH", "John SMITH"},
-        Case{"INITCAPSALL", "123", " 123"}, Case{"LEN", "äöü ", "4"}, Case{"LEN,7", "abc", "3"}));
+        Case{"LCASE", "ÄBC", "äbc"}, Case{"UCASE", "Ὀδυσσεύς ｘ ı", "ὈΔΥΣΣΕΎΣ Ｘ I"},
+        Case{"LCASE", "ὈΔΥΣΣΕΎΣ Ｘ İ", "ὀδυσσεύσ ｘ i"}, Case{"INITCAPS", "ⱥς", "Ⱥσ"},
+        Case{"INITCAPSALL", "ἈΘΉΝΑ ＡＢ", " Ἀθήνα Ａｂ"}, Case{"FORMAT,>", "ῳς", "ῼΣ"},
+        Case{"INITCAPS", "hello WORLD", "Hello world"}, Case{"INITCAPSALL", "JOHN SMITH", " John Smith"},
+        Case{"INITCAPSALL", "John SMITH", "John SMITH"}, Case{"INITCAPSALL", "123", " 123"},
+        Case{"LEN", "äöü ", "4"}, Case{"LEN,7", "abc", "3"}));
 
 INSTANTIATE_TEST_SUITE_P(
     RegularExpressions, FormatFunctions,

@@ -94,6 +94,14 @@ TEST(FreeFormatCell, FindsFieldsInAnyLetterCaseButNotWithBlanks) {
             "The record has no field named \" ID\" in GetFreeCellString. index=1, nArrIdx=1<br>");
 }
 
+TEST(FreeFormatCell, FindsFieldsWithLettersOfEveryScript) {
+  Templates templates;
+  const Records records("CREATE TABLE T (\"ⱥθήνας\" TEXT); INSERT INTO T VALUES ('x')");
+
+  EXPECT_EQ(templates.Cell(*records, "#ȺΘΉΝΑΣ#"), "x");
+  EXPECT_EQ(templates.settings.ErrorMessage, "");
+}
+
 TEST(FreeFormatCell, ReportsAPlaceholderThatNamesNoFieldAndKeepsWhatStandsBefore) {
   Templates templates;
   const Records books(kBooks);

@@ -163,6 +163,12 @@ TEST(GridTableTag, GivesItsWidthToTheViewWithoutQuotes) {
   EXPECT_EQ(settings.GridTableTag, "Width='600' border=0");
 }
 
+TEST(GridTableTag, GivesItsWidthBehindLettersWhoseCapitalsTakeFewerBytes) {
+  Settings settings;
+  SetGridTableTag(settings, "title='ıııııııııı' a=1 width=600");
+  EXPECT_EQ(settings.Width, "600");
+}
+
 TEST(GridTableTag, NeverOverwritesAWidthThatWasSet) {
   Settings settings;
   SetWidth(settings, "50%");

@@ -1,6 +1,7 @@
 #include "util/letter_case.h"
 
 #include <gtest/gtest.h>
+#include <unicode/uchar.h>
 
 #include <string>
 #include <utility>
@@ -8,7 +9,7 @@
 namespace dralo::util {
 namespace {
 
-std::string Utf8(char32_t letter) {
+std::string Utf8(UChar32 letter) {
   const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((letter >> shift) & 0x3F)); };
   if (letter < 0x80) return {static_cast<char>(letter)};
   if (letter < 0x800) return {static_cast<char>(0xC0 | (letter >> 6)), tail(0)};
@@ -42,35 +43,45 @@ INSTANTIATE_TEST_SUITE_P(
                     std::pair("Ә", "ә"), std::pair("Ա", "ա"), std::pair("Ֆ", "ֆ"), std::pair("Ḁ", "ḁ"),
                     std::pair("Ẁ", "ẁ"), std::pair("Ạ", "ạ"), std::pair("Ỹ", "ỹ")));
 
-TEST(LetterCase, IsChangedInBothDirectionsForEveryLetterThatHasAPartner) {
-  int letters = 0;
-  for (unsigned letter = 0; letter < 0x11000; ++letter) {
+bool IsSurrogate(UChar32 letter) { return 0xD800 <= letter && letter < 0xE000; }
+
+TEST(LetterCase, IsTheSimpleMappingOfUnicodeForEveryCharacter) {
+  int cased = 0;
+  for (UChar32 letter = 0; letter <= UCHAR_MAX_VALUE; ++letter) {
+    if (IsSurrogate(letter)) continue;
     const std::string text = Utf8(letter);
-    const std::string capital = ToUpper(text);
-    const std::string small = ToLower(text);
-    EXPECT_EQ(capital.size(), text.size()) << letter;
-    EXPECT_TRUE(capital == text || small == text) << letter;
-    if (capital != text) {
-      ++letters;
-      EXPECT_EQ(ToLower(capital), text) << letter;
-    }
-    if (small != text) {
-      EXPECT_EQ(ToUpper(small), text) << letter;
-    }
+    const std::string capital = Utf8(u_toupper(letter));
+    const std::string small = Utf8(u_tolower(letter));
+    cased += capital != text || small != text ? 1 : 0;
+
+    ASSERT_EQ(ToUpper(text), capital) << letter;
+    ASSERT_EQ(ToLower(text), small) << letter;
+    ASSERT_TRUE(EqualIgnoringCase(text, capital)) << letter;
+    ASSERT_EQ(EqualIgnoringCase(text, small), ToUpper(text) == ToUpper(small)) << letter;
   }
-  EXPECT_GT(letters, 300);
+  EXPECT_GE(cased, 2'799);
+}
+
+TEST(LetterCase, ChangesLettersOfAllScripts) {
+  EXPECT_EQ(ToUpper("ςıſµǅ"), "ΣISΜǄ");
+  EXPECT_EQ(ToLower("İKÅẞΣǅ"), "ikåßσǆ");
+  EXPECT_EQ(ToUpper("ａｚ ἀῷᾳ ⱥⲁ ა ꭰ ⓩ ⅷ 𐐨𞤢"),
+            "ＡＺ Ἀῷᾼ ȺⲀ Ა Ꭰ Ⓩ Ⅷ 𐐀𞤀");
+  EXPECT_EQ(ToLower("ＡＺ ἈΏ ȺⲀ Ა Ꭰ Ⓩ Ⅷ 𐐀𞤀"),
+            "ａｚ ἀώ ⱥⲁ ა ꭰ ⓩ ⅷ 𐐨𞤢");
 }
 
 TEST(LetterCase, KeepsCharactersWithoutASinglePartner) {
-  const std::string kept = "0123 []{}@`ß÷×ıİĸŉſǅςΐΰև中😀";
+  const std::string kept = "0123 []{}@`ß÷×ĸŉΐΰև中😀";
 
   EXPECT_EQ(ToUpper(kept), kept);
   EXPECT_EQ(ToLower(kept), kept);
 }
 
 TEST(LetterCase, KeepsBytesThatAreNoUtf8) {
-  for (const char* text : {"\xFF\xFE", "\x80", "\xC3", "\xE1\xBA", "\xF8\x88", "\xC1\xA1", "\xE0\x81\xA1",
-                           "\xE0\x83\xA0", "\xED\xA0\x80", "\xF0\x9F\x98"}) {
+  for (const char* text :
+       {"\xFF\xFE", "\x80", "\xC3", "\xE1\xBA", "\xF8\x88", "\xC1\xA1", "\xE0\x81\xA1", "\xE0\x83\xA0",
+        "\xED\xA0\x80", "\xF0\x9F\x98", "\xF0\x83\x83\xA0", "\xF4\x90\x90\xA8"}) {
     EXPECT_EQ(ToUpper(text), text);
     EXPECT_EQ(ToLower(text), text);
   }
@@ -91,10 +102,24 @@ TEST(EqualIgnoringCase, ComparesWholeTextsWithoutRegardToCase) {
   EXPECT_FALSE(EqualIgnoringCase("[", "{"));
 }
 
+TEST(EqualIgnoringCase, ComparesLettersWhoseCapitalTakesOtherBytes) {
+  EXPECT_TRUE(EqualIgnoringCase("ⱥıſς😀", "ȺISσ😀"));
+  EXPECT_TRUE(EqualIgnoringCase("KaΣ", "Kaς"));
+  EXPECT_FALSE(EqualIgnoringCase("ⱥ", "Ⱥa"));
+  EXPECT_FALSE(EqualIgnoringCase("ß", "SS"));
+}
+
 TEST(EqualIgnoringCase, TellsDifferentBytesThatAreNoUtf8Apart) {
   EXPECT_TRUE(EqualIgnoringCase("a\xFF", "A\xFF"));
   EXPECT_FALSE(EqualIgnoringCase("\xFF", "\xFE"));
   EXPECT_FALSE(EqualIgnoringCase("\xE0\x83\xA0", "à"));
+}
+
+TEST(FindWord, CountsTheBytesOfTheTextAsItIs) {
+  EXPECT_EQ(FindWord("ııwidth", "WIDTH"), 4U);
+  EXPECT_EQ(FindWord("wıdth", "WIDTH"), std::string_view::npos);
+  EXPECT_EQ(FindWord("a", ""), 0U);
+  EXPECT_EQ(FindWord("", ""), 0U);
 }
 
 TEST(ContainsWord, FindsTheWordAnywhereInAnyLetterCase) {

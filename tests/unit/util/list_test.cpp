@@ -42,6 +42,7 @@ TEST(FindInList, FindsTheFirstEqualItemInAnyLetterCase) {
   EXPECT_EQ(FindInList("ID,Name,name", "NAME"), 2);
   EXPECT_EQ(FindInList("Straße,GRÖSSE", "größe"), 0);
   EXPECT_EQ(FindInList("Straße,GRÖßE", "größe"), 2);
+  EXPECT_EQ(FindInList("a,ⱥς", "ȺΣ"), 2);
 }
 
 TEST(FindInList, TrimsNeitherItemsNorText) {

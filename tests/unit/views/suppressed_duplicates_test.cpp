@@ -32,6 +32,31 @@ TEST(SuppressedDuplicates, ShowARunOfEqualValuesOnceInAnyLetterCase) {
       )"));
 }
 
+TEST(SuppressedDuplicates, CompareLettersOfEveryScript) {
+  Rendering view = RowsOnly();
+  view.settings.UseCSS = false;
+  view.settings.GridFieldsSupressDup = "v";
+  const Records records = Column("VARCHAR(9)", {"'ⱥθήνας'", "'ȺΘΉΝΑΣ'", "'ａ'", "'Ａ'", "'a'"});
+
+  EXPECT_EQ(view.Grid(*records), Lines(R"(
+      <tr id="drl1row_1">
+      <td id="drl1cell_1_1">ⱥθήνας</td>
+      </tr>
+      <tr id="drl1row_2">
+      <td id="drl1cell_2_1"">&nbsp;</td>
+      </tr>
+      <tr id="drl1row_3">
+      <td id="drl1cell_3_1">ａ</td>
+      </tr>
+      <tr id="drl1row_4">
+      <td id="drl1cell_4_1"">&nbsp;</td>
+      </tr>
+      <tr id="drl1row_5">
+      <td id="drl1cell_5_1">a</td>
+      </tr>
+      )"));
+}
+
 TEST(SuppressedDuplicates, KeepAttributesButNoAlignment) {
   Rendering view = RowsOnly();
   view.settings.GridFieldsSupressDup = "1";
