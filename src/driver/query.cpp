@@ -51,9 +51,14 @@ std::string OrderedSql(const shell::Settings& settings, std::string sql) {
 }
 
 void OpenCommand(Recordset& recordset, const shell::Settings& settings, CursorType cursor, LockType lock) {
-  platform::Command& command = *settings.StoredProcCommand;
-  if (command.active_connection == nullptr) command.active_connection = shell::OpenConnection(settings);
-  recordset.Open(command, cursor, lock);
+  const platform::Command& command = *settings.StoredProcCommand;
+  platform::Command bound;
+  bound.active_connection =
+      command.active_connection ? command.active_connection : shell::OpenConnection(settings);
+  bound.command_text = command.command_text;
+  bound.command_type = command.command_type;
+  bound.parameters = command.parameters;
+  recordset.Open(bound, cursor, lock);
 }
 
 std::int64_t PageRecordLimit(const shell::Render& render) {

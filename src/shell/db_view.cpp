@@ -16,23 +16,39 @@ DbView::DbView(platform::Environment& environment) : environment_(environment) {
 DbView::~DbView() = default;
 
 void DbView::OnStartPage(platform::PageContext& page) {
+  page_ = nullptr;
+  page_start_failed_ = true;
+  if (has_ended_page_) ForgetFormerPage();
   Guarded(settings_, "OnStartPage", [&] {
     // A host that cannot say what was asked, or where to write, gives no page.
     static_cast<void>(page.GetRequest());
     static_cast<void>(page.GetResponse());
     page_ = &page;
+    page_start_failed_ = false;
   });
 }
 
 void DbView::OnEndPage() {
   if (settings_.owns_connection) settings_.DrConnection.reset();
-  // What is left may hold statements of a database open.
-  settings_.ADORecordset.reset();
-  settings_.StoredProcCommand.reset();
+  // It may hold a statement of the database open.
+  SetAdoRecordset(settings_, nullptr);
   page_ = nullptr;
+  page_start_failed_ = false;
+  has_ended_page_ = true;
+}
+
+void DbView::ForgetFormerPage() {
+  has_ended_page_ = false;
+  settings_.ErrorMessage.clear();
+  settings_.edit_status_message.clear();
+  settings_.last_save_failed = false;
+  settings_.FromRow = 0;
+  settings_.ToRow = 0;
+  current_record_.clear();
 }
 
 void DbView::WriteHtmlTable() {
+  if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
   if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
   driver::WriteHtmlTable(settings_, environment_, *page_, current_record_);
 }

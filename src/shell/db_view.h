@@ -23,15 +23,19 @@ class DbView final : public platform::Object {
   explicit DbView(platform::Environment& environment);
   ~DbView() override;
 
-  /// Binds the view to the page; `page` must live until OnEndPage().
+  /// Binds the view to the page; `page` must live until OnEndPage(). A page that cannot be had is told in
+  /// ErrorMessage, and the view is bound to none. On a page after the first the view begins anew but for its
+  /// properties: messages, row numbers and the shown record of the former page are forgotten.
   void OnStartPage(platform::PageContext& page);
 
-  /// Gives back the connection that the ConnectionString property opened, and lets go of the page.
+  /// Gives back the connection that the ConnectionString property opened, and lets go of the page and of a
+  /// supplied recordset. Commands stay and can be run on the next page.
   void OnEndPage();
 
   /// Reads the request, carries out a posted change, and writes the view that the request selects.
-  /// Failures of the database and of rendering end up in ErrorMessage. Throws platform::Error when the view
-  /// is not bound to a page, and lets errors of a posted change's preparation through.
+  /// Failures of the database and of rendering end up in ErrorMessage; after a page start that failed it does
+  /// nothing. Throws platform::Error when the view is not bound to a page, and lets errors of a posted
+  /// change's preparation through.
   void WriteHtmlTable();
 
   /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
@@ -66,8 +70,12 @@ class DbView final : public platform::Object {
   platform::Environment& GetEnvironment() const { return environment_; }
 
  private:
+  void ForgetFormerPage();
+
   platform::Environment& environment_;
   platform::PageContext* page_ = nullptr;
+  bool page_start_failed_ = false;
+  bool has_ended_page_ = false;  ///< What the former page left is still there to be read.
   Settings settings_;
   std::vector<platform::Variant> current_record_;
 };
