@@ -1,3 +1,4 @@
+#include "hosts/php/page.h"
 #include "hosts/php/property_rows.h"
 #include "shell/db_connection.h"
 
@@ -14,6 +15,10 @@ ScriptClass db_connection_class = {
     .name = "Dralo\\DBConnection",
     .methods = kMethods,
     .identifier = "Dralo.DBConnection",
+    .start_page =
+        [](platform::Object& connection) {
+          static_cast<DBConnection&>(connection).OnStartPage(CurrentPage());
+        },
     .end_page = [](platform::Object& connection) { static_cast<DBConnection&>(connection).OnEndPage(); },
     .reading = Entry::kReads,
 };

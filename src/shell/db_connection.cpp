@@ -23,7 +23,13 @@ constexpr auto kEngineNames = std::to_array<EngineName>({
 }  // namespace
 
 DBConnection::DBConnection(platform::Environment& environment)
-    : connection_(platform::Create<platform::Connection>(environment, "ADODB.Connection")) {}
+    : environment_(environment),
+      connection_(platform::Create<platform::Connection>(environment, "ADODB.Connection")) {}
+
+void DBConnection::OnStartPage(platform::PageContext& /*page*/) {
+  if (connection_ != nullptr || !owns_connection_) return;
+  connection_ = platform::Create<platform::Connection>(environment_, "ADODB.Connection");
+}
 
 void DBConnection::OnEndPage() {
   if (owns_connection_) connection_.reset();

@@ -6,6 +6,7 @@
 #include "platform/connection.h"
 #include "platform/environment.h"
 #include "platform/object.h"
+#include "platform/page_context.h"
 
 namespace dralo::shell {
 
@@ -15,10 +16,15 @@ enum class DatabaseEngine { kOracle = 1, kSqla = 2, kAccess = 3, kMssql = 4 };
 /// "Dralo.DBConnection".
 class DBConnection final : public platform::Object {
  public:
-  /// Makes an "ADODB.Connection" of its own; it is not open yet.
+  /// Makes an "ADODB.Connection" of its own; it is not open yet. `environment` must outlive the object.
   explicit DBConnection(platform::Environment& environment);
 
-  /// Gives its own connection back; one that the page supplied stays as it is.
+  /// Binds the connection to the page. After OnEndPage() it has a new connection of its own, not open yet,
+  /// where the former page had one.
+  void OnStartPage(platform::PageContext& page);
+
+  /// Gives its own connection back, and lets go of the page; a connection that the page supplied stays as it
+  /// is.
   void OnEndPage();
 
   const std::shared_ptr<platform::Connection>& Connection() const { return connection_; }
@@ -35,6 +41,7 @@ class DBConnection final : public platform::Object {
   void SetEngineName(std::string_view name);
 
  private:
+  platform::Environment& environment_;
   std::shared_ptr<platform::Connection> connection_;
   bool owns_connection_ = true;
   // A connection on which no engine was set reads "ORACLE" as well.

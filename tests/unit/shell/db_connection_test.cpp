@@ -46,6 +46,32 @@ TEST(DBConnection, KeepsASuppliedConnectionAtPageEnd) {
   EXPECT_TRUE(supplied->IsOpen());
 }
 
+TEST(DBConnection, HasANewConnectionOfItsOwnOnASecondPage) {
+  const tests::TemporaryDatabase database;
+  tests::FakePage page;
+  DBConnection connection(TestEnvironment());
+  const auto first = connection.Connection();
+  connection.OnStartPage(page);
+  EXPECT_EQ(connection.Connection(), first);
+  connection.OnEndPage();
+  connection.OnStartPage(page);
+  ASSERT_NE(connection.Connection(), nullptr);
+  EXPECT_FALSE(connection.Connection()->IsOpen());
+  connection.Connection()->Open(database.ConnectionString());
+  connection.OnStartPage(page);
+  EXPECT_TRUE(connection.Connection()->IsOpen());
+}
+
+TEST(DBConnection, HasTheSuppliedConnectionOnASecondPage) {
+  tests::FakePage page;
+  const auto supplied = platform::Create<platform::Connection>(TestEnvironment(), "ADODB.Connection");
+  DBConnection connection(TestEnvironment());
+  connection.SetConnection(supplied);
+  connection.OnEndPage();
+  connection.OnStartPage(page);
+  EXPECT_EQ(connection.Connection(), supplied);
+}
+
 TEST(DBConnection, LetsGoOfItsOwnConnectionWhenAnotherIsSupplied) {
   DBConnection connection(TestEnvironment());
   const std::weak_ptr<platform::Connection> own = connection.Connection();
