@@ -9,12 +9,12 @@
 #include "driver/current_mode.h"
 #include "driver/hidden_state.h"
 #include "driver/page_frame.h"
+#include "driver/posted_change.h"
 #include "driver/query.h"
 #include "driver/request_state.h"
 #include "driver/shown_records.h"
 #include "driver/spreadsheet_download.h"
 #include "editing/edit_form.h"
-#include "editing/update_engine.h"
 #include "shell/render.h"
 #include "util/html_writer.h"
 #include "util/letter_case.h"
@@ -187,9 +187,7 @@ void WriteHtmlTable(shell::Settings& settings, platform::Environment& environmen
                 .current_record_values = current_record};
   settings.last_save_failed = false;
   if (keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
-  if (settings.EditPerformUpdates && (keys.Has(key::kFormUpdate) || keys.Has(key::kFormDelete))) {
-    settings.last_save_failed = !editing::UpdateRecord(render);
-  }
+  CarryOutPostedChange(render, page);
   RenderView(render);
 }
 

@@ -34,10 +34,14 @@ void ReportFailure(shell::Settings& settings, std::string_view description, cons
 
 }  // namespace
 
+bool IsChangePosted(const shell::Render& render) {
+  const bool is_posted = render.keys.Has(key::kFormUpdate) || render.keys.Has(key::kFormDelete);
+  return is_posted && MayUpdate(render.settings);
+}
+
 bool UpdateRecord(shell::Render& render) {
   shell::Settings& settings = render.settings;
-  const bool is_posted = render.keys.Has(key::kFormUpdate) || render.keys.Has(key::kFormDelete);
-  if (!is_posted || !MayUpdate(settings)) return true;
+  if (!IsChangePosted(render)) return true;
   if (settings.EditPrimaryKeys.empty()) {
     settings.ErrorMessage += "Dralo property EditPrimaryKeys must be set!<br>";
     return false;

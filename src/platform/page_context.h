@@ -1,9 +1,17 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/request.h"
 #include "platform/response.h"
 
 namespace dralo::platform {
+
+/// What the component remembers of a page while its views are written one after the other.
+class PageMemory {
+ public:
+  virtual ~PageMemory() = default;
+};
 
 /// What the host hands over at page start. Lives until page end.
 class PageContext {
@@ -11,6 +19,12 @@ class PageContext {
   virtual ~PageContext() = default;
   virtual const Request& GetRequest() const = 0;
   virtual Response& GetResponse() = 0;
+
+  /// The component's own, none at first; hosts need not care.
+  std::shared_ptr<PageMemory>& Memory() { return memory_; }
+
+ private:
+  std::shared_ptr<PageMemory> memory_;
 };
 
 }  // namespace dralo::platform

@@ -9,6 +9,7 @@
 #include "platform/environment.h"
 #include "platform/recordset.h"
 #include "platform/variant.h"
+#include "shell/posted_change.h"
 #include "shell/request_keys.h"
 #include "shell/settings.h"
 #include "util/html_writer.h"
@@ -18,9 +19,6 @@ class FormatFunction;
 }
 
 namespace dralo::shell {
-
-/// What a posted change did to the database.
-enum class Change { kNone, kSaved, kDeleted };
 
 /// Everything that one rendering of a view needs and learns. The driver makes it, fills it step by step and
 /// hands it down; it ends with the call.

@@ -1,0 +1,72 @@
+#include "driver/posted_change.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "editing/update_engine.h"
+#include "util/letter_case.h"
+
+namespace dralo::driver {
+namespace {
+
+using shell::PostedChange;
+using shell::Render;
+using shell::Settings;
+
+/// The posted changes that the views of a page have carried out.
+class PostedChanges final : public platform::PageMemory {
+ public:
+  /// The one posted to views of the tag; none when it was not carried out yet. Tags are compared as request
+  /// keys are.
+  std::shared_ptr<const PostedChange>& Of(std::string_view tag) {
+    for (auto& [known, change] : changes_) {
+      if (util::EqualIgnoringCase(known, tag)) return change;
+    }
+    return changes_.emplace_back(tag, nullptr).second;
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::shared_ptr<const PostedChange>>> changes_;
+};
+
+PostedChanges& ChangesOf(platform::PageContext& page) {
+  std::shared_ptr<platform::PageMemory>& memory = page.Memory();
+  if (memory == nullptr) memory = std::make_shared<PostedChanges>();
+  return static_cast<PostedChanges&>(*memory);
+}
+
+std::shared_ptr<const PostedChange> CarryOut(Render& render) {
+  Settings& settings = render.settings;
+  const std::size_t errors_before = settings.ErrorMessage.size();
+  settings.last_save_failed = !editing::UpdateRecord(render);
+  return std::make_shared<PostedChange>(PostedChange{.change = render.change,
+                                                     .has_failed = settings.last_save_failed,
+                                                     .status_message = settings.edit_status_message,
+                                                     .errors = settings.ErrorMessage.substr(errors_before)});
+}
+
+void TakeOutcome(Render& render, const PostedChange& change) {
+  render.change = change.change;
+  render.settings.last_save_failed = change.has_failed;
+  render.settings.edit_status_message = change.status_message;
+}
+
+}  // namespace
+
+void CarryOutPostedChange(Render& render, platform::PageContext& page) {
+  Settings& settings = render.settings;
+  if (!settings.EditPerformUpdates || !editing::IsChangePosted(render)) return;
+  std::shared_ptr<const PostedChange>& change = ChangesOf(page).Of(settings.Tag);
+  if (change == nullptr) {
+    change = CarryOut(render);
+  } else {
+    TakeOutcome(render, *change);
+    if (settings.reported_change != change) settings.ErrorMessage += change->errors;
+  }
+  settings.reported_change = change;
+}
+
+}  // namespace dralo::driver
