@@ -15,11 +15,21 @@ namespace {
 
 constexpr std::string_view kRenderer = "WriteExcelTable";
 
-void SendRecords(shell::Render& render) {
+/// The records at the first of them. A query that fails does so here, while the page can still be one.
+std::shared_ptr<platform::Recordset> OpenRecords(shell::Render& render) {
   const shell::Settings& settings = render.settings;
   const std::int64_t limit = std::max(settings.RecordsMaxLimit, 1);
-  const std::shared_ptr<platform::Recordset> recordset =
+  std::shared_ptr<platform::Recordset> recordset =
       OpenMainRecordset(render, OrderedSql(settings, settings.sql), limit);
+  static_cast<void>(recordset->Eof());
+  return recordset;
+}
+
+void SendRecords(shell::Render& render, platform::Response& response) {
+  const shell::Settings& settings = render.settings;
+  const std::shared_ptr<platform::Recordset> recordset = OpenRecords(render);
+  response.SetContentType("application/vnd.ms-excel");
+  response.AddHeader("content-disposition", "attachment; filename=DraloExcelExport.xls");
   cells::WriteExcelTable(render, *recordset);
   render.out.Flush();
   if (!settings.has_supplied_recordset) recordset->Close();
@@ -32,9 +42,7 @@ void SendSpreadsheet(shell::Render& render, platform::Response& response) {
   render.out.SetPieceBytes(util::HtmlWriter::kDownloadBytes);
   const bool is_complete = shell::Guarded(render.settings, kRenderer, false, [&] {
     ReadRequestState(render);
-    response.SetContentType("application/vnd.ms-excel");
-    response.AddHeader("content-disposition", "attachment; filename=DraloExcelExport.xls");
-    SendRecords(render);
+    SendRecords(render, response);
     response.End();
     return true;
   });

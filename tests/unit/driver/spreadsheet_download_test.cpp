@@ -191,13 +191,43 @@ TEST(Spreadsheet, ReportsAResponseThatFailsAndLeavesNothingOpen) {
   EXPECT_FALSE(page.WasEnded());
 }
 
-TEST(Spreadsheet, OfAFailingStatementIsAMessageWithoutATable) {
+TEST(Spreadsheet, OfAFailingStatementIsAMessageOnAPageThatStaysOne) {
   ExportPage page;
   page.view.Set("sql", std::string("SELECT * FROM Missing"));
   page.view.Set("DisplayDebug", true);
   EXPECT_EQ(page.Render(), "");
   EXPECT_EQ(page.ErrorMessage(), "no such table: Missing in WriteExcelTable<br>");
-  EXPECT_EQ(page.page.calls, kBeforeTheTable);
+  EXPECT_EQ(page.page.calls, Calls{"clear"});
+}
+
+TEST(Spreadsheet, ThatFailsAtItsFirstRecordLeavesThePageAPage) {
+  ExportPage page;
+  page.view.Set("sql", std::string("SELECT ID, abs(-9223372036854775807-1) AS X FROM Items"));
+  EXPECT_EQ(page.Render(), "");
+  EXPECT_EQ(page.page.calls, Calls{"clear"});
+  EXPECT_EQ(page.ErrorMessage(), "integer overflow in WriteExcelTable<br>");
+  EXPECT_TRUE(page.IsDatabaseFree());
+}
+
+TEST(Spreadsheet, ThatFailsBehindItsFirstByteStaysASpreadsheet) {
+  ExportPage page;
+  page.view.Set(
+      "sql", std::string("SELECT ID, CASE WHEN ID=2 THEN abs(-9223372036854775807-1) END AS X FROM Items"));
+  EXPECT_TRUE(page.Render().starts_with("<table>"));
+  Calls expected = kBeforeTheTable;
+  expected.emplace_back("write");
+  EXPECT_EQ(page.page.calls, expected);
+}
+
+TEST(Spreadsheet, ThatFailsLeavesAPageOfACppProgramHtml) {
+  ExportPage page;
+  host::Page served("/p", "Morvu1ToExcel.x=3");
+  page.view.OnStartPage(served);
+  page.view.Set("sql", std::string("SELECT * FROM Missing"));
+  page.view.WriteHtmlTable();
+  EXPECT_EQ(served.ContentType(), "text/html; charset=utf-8");
+  EXPECT_TRUE(served.Headers().empty());
+  EXPECT_EQ(served.Body(), "");
 }
 
 TEST(Spreadsheet, KeepsTheRecordsBeforeOneThatCannotBeReadAndIsNotClosed) {
