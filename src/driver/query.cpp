@@ -43,6 +43,11 @@ void CountRecords(shell::Render& render, bool wanted) {
   }
 }
 
+const std::string& StatementText(const shell::Settings& settings) {
+  const bool is_command = settings.has_stored_procedure && !settings.has_supplied_recordset;
+  return is_command ? settings.StoredProcCommand->command_text : settings.sql;
+}
+
 std::string OrderedSql(const shell::Settings& settings, std::string sql) {
   if (settings.OrderByFields.empty()) return sql;
   sql.append(" ORDER BY ").append(settings.OrderByFields);

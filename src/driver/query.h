@@ -13,6 +13,9 @@ namespace dralo::driver {
 /// counted.
 void CountRecords(shell::Render& render, bool wanted);
 
+/// What is run for the view, without an order: `sql`, or the text of its command.
+const std::string& StatementText(const shell::Settings& settings);
+
 /// `sql` with the order that the settings ask for behind it.
 std::string OrderedSql(const shell::Settings& settings, std::string sql);
 

@@ -150,7 +150,7 @@ void RunSteps(Render& render, Pass& pass) {
   ReadRequestState(render);
   SelectView(render, pass);
   pass.bar = NavigationBarPlacement(render.settings);
-  pass.records.sql = render.settings.sql;
+  pass.records.sql = StatementText(render.settings);
   CountRecords(render, render.settings.CountRecords);
   SelectRecord(render);
   OpenShownRecords(render, pass.mode, pass.records);

@@ -53,7 +53,7 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
 void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownRecords& records) {
   const Settings& settings = render.settings;
   const bool last = render.keys.WasPressed(key::kLast);
-  records.sql = IsText(settings) ? OrderedSql(settings, statement) : statement;
+  records.sql = IsText(settings) ? OrderedSql(settings, statement) : StatementText(settings);
   records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
 }

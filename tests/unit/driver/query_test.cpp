@@ -226,6 +226,21 @@ TEST(Command, WithParametersShowsItsRows) {
   EXPECT_EQ(page.Settings().RecordCount, 3);
 }
 
+TEST(Command, ShowsItsTextToWhoDebugs) {
+  ItemsPage page(9);
+  const auto command = std::make_shared<platform::Command>();
+  command->command_text = "SELECT * FROM Items WHERE ID<3";
+  page.view.Set("StoredProcCommand", platform::ObjectPtr(command));
+  page.view.Set("DisplayDebug", true);
+  page.view.Set("OrderByFields", std::string("ID"));
+  EXPECT_NE(page.Render().find(">SELECT * FROM Items WHERE ID<3</td>"), std::string::npos);
+  command->command_text = "SELECT * FROM Missing";
+  page.view.Set("RecordCount", std::int64_t{-1});
+  page.Render();
+  EXPECT_EQ(page.ErrorMessage(),
+            "no such table: Missing in WriteHTMLTable.<br>sql='SELECT * FROM Missing'<br>");
+}
+
 TEST(Command, WithAConnectionOfItsOwnRunsOnThat) {
   const ItemsPage other(7);
   ItemsPage page(45);
