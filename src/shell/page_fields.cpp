@@ -17,21 +17,28 @@ bool BelongsToView(std::string_view name, std::string_view tag) {
   return start.starts_with(key::kPrefix) && start.substr(key::kPrefix.size()) == tag;
 }
 
-/// Whether the field makes some view save or delete. Keys are read in any letter case, so this is too.
-bool IsCommandToChange(std::string_view name) {
-  const auto ends_with = [&](std::string_view command) {
-    return name.size() >= command.size() &&
-           util::EqualIgnoringCase(name.substr(name.size() - command.size()), command);
-  };
+bool EndsWith(std::string_view name, std::string_view end) {
+  return name.size() >= end.size() && util::EqualIgnoringCase(name.substr(name.size() - end.size()), end);
+}
+
+/// The name of the button whose place of the click the field tells; else the name itself.
+std::string_view WithoutClick(std::string_view name) {
+  return EndsWith(name, ".x") || EndsWith(name, ".y") ? name.substr(0, name.size() - 2) : name;
+}
+
+/// Whether the field makes some view save, delete or send its spreadsheet. Keys are read in any letter case,
+/// so this is too.
+bool IsCommand(std::string_view name) {
   return util::EqualIgnoringCase(name.substr(0, key::kPrefix.size()), key::kPrefix) &&
-         (ends_with(key::kFormUpdate) || ends_with(key::kFormDelete));
+         (EndsWith(name, key::kFormUpdate) || EndsWith(name, key::kFormDelete) ||
+          EndsWith(WithoutClick(name), key::kToExcel));
 }
 
 template <class Visit>
 void ForEachPageField(const Settings& settings, const platform::Request& request, Visit visit) {
   const auto walk = [&](std::span<const platform::RequestField> fields) {
     for (const platform::RequestField& field : fields) {
-      if (!BelongsToView(field.name, settings.Tag) && !IsCommandToChange(field.name)) visit(field);
+      if (!BelongsToView(field.name, settings.Tag) && !IsCommand(field.name)) visit(field);
     }
   };
   walk(request.QueryString());

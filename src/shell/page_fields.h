@@ -8,10 +8,10 @@ namespace dralo::shell {
 
 /// Writes the page's own request fields back as hidden inputs, so that they survive a click in the view:
 /// those of the query string always, those of the posted form when PersistPageFormRequest is set. Fields of
-/// this view are left out, and so are the commands of other views that save or delete, because they would be
-/// carried out again. Double quotes in names and values are replaced: neither ends its attribute. A field
-/// belongs to this view when its first six characters are "Morvu" and the tag: tags of another length than
-/// one character are not recognised.
+/// this view are left out, and so are the commands of other views that save, delete or send the spreadsheet,
+/// because they would be carried out again. Double quotes in names and values are replaced: neither ends its
+/// attribute. A field belongs to this view when its first six characters are "Morvu" and the tag: tags of
+/// another length than one character are not recognised.
 void PutPageFormFields(util::HtmlWriter& out, const Settings& settings, const platform::Request& request);
 
 /// Writes the same fields as "&name=value" pairs for the query string of links.

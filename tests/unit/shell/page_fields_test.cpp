@@ -140,9 +140,9 @@ TEST(PageFormFields, RecognizeOwnKeysInTheirExactLetterCaseOnly) {
             "<input type=\"hidden\" name=\"MorvuAPK\" value=\"2\">\r\n");
 }
 
-class CommandToChange : public testing::TestWithParam<const char*> {};
+class Command : public testing::TestWithParam<const char*> {};
 
-TEST_P(CommandToChange, OfAnotherViewIsNeverGivenAgain) {
+TEST_P(Command, OfAnotherViewIsNeverGivenAgain) {
   FakePage page;
   page.form = {{GetParam(), "Save"}, {"City", "Bergen"}};
   page.query = {{GetParam(), "Save"}};
@@ -151,15 +151,20 @@ TEST_P(CommandToChange, OfAnotherViewIsNeverGivenAgain) {
   EXPECT_EQ(QueryFields(page), "&City=Bergen");
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, CommandToChange,
+INSTANTIATE_TEST_SUITE_P(Keys, Command,
                          testing::Values("Morvu2FormUpdate", "Morvu2FormDelete", "MorvuordersFormUpdate",
-                                         "MorvuFormDelete", "morvu2formupdate", "MORVU2FORMDELETE"));
+                                         "MorvuFormDelete", "morvu2formupdate", "MORVU2FORMDELETE",
+                                         "Morvu2ToExcel", "Morvu2ToExcel.x", "Morvu2ToExcel.y",
+                                         "MorvuordersToExcel.x", "MorvuToExcel.y", "mORVU2TOEXCEL.X"));
 
 TEST(PageFormFields, OnlyLookLikeACommandWithThePrefixAndTheEnding) {
   FakePage page;
-  page.form = {{"FormUpdate", "1"}, {"myMorvu2FormDelete", "2"}, {"Morvu2FormUpdates", "3"}, {"Morvu", "4"}};
+  page.form = {{"FormUpdate", "1"}, {"myMorvu2FormDelete", "2"}, {"Morvu2FormUpdates", "3"}, {"Morvu", "4"},
+               {"ToExcel.x", "5"},  {"Morvu2ToExcel.z", "6"},    {"Morvu2ToExcelx", "7"},    {".x", "8"}};
 
-  EXPECT_EQ(QueryFields(page), "&FormUpdate=1&myMorvu2FormDelete=2&Morvu2FormUpdates=3&Morvu=4");
+  EXPECT_EQ(QueryFields(page),
+            "&FormUpdate=1&myMorvu2FormDelete=2&Morvu2FormUpdates=3&Morvu=4"
+            "&ToExcel%2Ex=5&Morvu2ToExcel%2Ez=6&Morvu2ToExcelx=7&%2Ex=8");
 }
 
 TEST(PageFormFields, OfALongTagKeepEverythingButItsCommands) {
