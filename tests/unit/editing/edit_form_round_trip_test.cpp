@@ -59,6 +59,7 @@ struct Shop : ViewPage {
   /// Posts what the browser posts for the page, and returns the page that comes back.
   std::string Save(std::vector<platform::RequestField> form) {
     page.form = std::move(form);
+    page.Memory() = nullptr;  // Each save is a request of its own.
     return Render();
   }
 
