@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "cells/standard_text.h"
+#include "util/boolean_text.h"
 #include "util/letter_case.h"
 
 namespace dralo::editing {
@@ -88,6 +89,10 @@ class Walk {
 }  // namespace
 
 std::string_view ControlText(const shell::Render& render, platform::Field& field, std::string& scratch) {
+  if (field.Type() == platform::TypeCode::kBoolean) {
+    const platform::VariantView value = field.Value();
+    if (const auto* flag = std::get_if<bool>(&value)) return util::BooleanText(*flag);
+  }
   return cells::ReadRawText(render.Regional(), field, scratch);
 }
 
@@ -99,7 +104,9 @@ bool IsTicked(const platform::VariantView& value) {
     bool operator()(platform::DecimalView number) const {
       return number.text.find_first_of("123456789") != number.text.npos;
     }
-    bool operator()(std::string_view text) const { return util::EqualIgnoringCase(text, "True"); }
+    bool operator()(std::string_view text) const {
+      return util::EqualIgnoringCase(text, util::BooleanText(true));
+    }
     bool operator()(platform::Null) const { return false; }
     bool operator()(const platform::DateTime&) const { return false; }
     bool operator()(platform::BytesView) const { return false; }

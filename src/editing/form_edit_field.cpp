@@ -8,6 +8,7 @@
 #include "editing/lookup_select.h"
 #include "platform/type_code.h"
 #include "shell/guard.h"
+#include "util/boolean_text.h"
 #include "util/control_markup.h"
 #include "util/field_type.h"
 #include "util/list.h"
@@ -86,7 +87,7 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
     const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
     control.text = util::TrimBlanks(posted);
     // Ticked boxes post anything; in place of a disabled one stands its value.
-    control.is_ticked = is_read_only ? control.text == "True" : !posted.empty();
+    control.is_ticked = is_read_only ? control.text == util::BooleanText(true) : !posted.empty();
   } else if (!adds_record_) {
     control.text = ControlText(render_, field, text_);
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());

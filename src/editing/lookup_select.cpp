@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cells/standard_text.h"
+#include "editing/control_text.h"
 #include "platform/error.h"
 #include "platform/recordset.h"
 #include "shell/open_connection.h"
@@ -31,13 +32,12 @@ void PutOptions(util::HtmlWriter& out, const shell::Render& render, Recordset& r
                 std::string_view value) {
   const auto fields = recordset.Fields();
   if (fields.size() < 2) throw platform::Error("A lookup needs a link field and a display field");
-  const platform::Formatting& formatting = render.Regional();
   std::string scratch;
   for (; !recordset.Eof(); recordset.MoveNext()) {
-    const std::string_view link = cells::ReadRawText(formatting, *fields[0], scratch);
+    const std::string_view link = ControlText(render, *fields[0], scratch);
     out.Put("<option ").PutIf(link == value, " selected ").Put(R"( value=")");
     util::PutAttributeText(out, link);
-    out.Put("\">{}\r\n", Verbatim{cells::ReadRawText(formatting, *fields[1], scratch)});
+    out.Put("\">{}\r\n", Verbatim{cells::ReadRawText(render.Regional(), *fields[1], scratch)});
   }
 }
 

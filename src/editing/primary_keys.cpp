@@ -10,6 +10,7 @@
 #include "platform/error.h"
 #include "shell/guard.h"
 #include "shell/open_connection.h"
+#include "util/boolean_text.h"
 #include "util/letter_case.h"
 #include "util/list.h"
 #include "views/key_text.h"
@@ -72,8 +73,10 @@ std::string FirstValue(const Render& render, std::string_view statement) {
   if (!has_value || platform::IsNull(recordset->Fields()[0]->Value())) {
     throw Error("The statement for a new key yields no value");
   }
+  const platform::VariantView key = recordset->Fields()[0]->Value();
+  const auto* flag = std::get_if<bool>(&key);
   std::string scratch;
-  std::string value(render.Regional().Text(recordset->Fields()[0]->Value(), scratch));
+  std::string value(flag != nullptr ? util::BooleanText(*flag) : render.Regional().Text(key, scratch));
   recordset->Close();
   return value;
 }

@@ -16,10 +16,10 @@ class Formatting {
   virtual ~Formatting() = default;
 
   /// The standard text of `value`: numbers in the locale's plain form, without grouping and without trailing
-  /// zeros after the decimal point; booleans "True" and "False"; date-times as short date, blank, long time,
-  /// where midnight drops the time and the zero date drops the date; text as it is; Null and bytes as "". The
-  /// result stands in `value` itself, in `scratch` (whose content is replaced), or is a constant: valid until
-  /// either changes.
+  /// zeros after the decimal point; booleans as the locale's words for true and false; date-times as short
+  /// date, blank, long time, where midnight drops the time and the zero date drops the date; text as it is;
+  /// Null and bytes as "". The result stands in `value` itself, in `scratch` (whose content is replaced), or
+  /// is a constant: valid until either changes.
   virtual std::string_view Text(const VariantView& value, std::string& scratch) const = 0;
 
   /// The date-time that `text` spells in the locale's or in ISO form, as a date, a time or both; nothing when

@@ -200,6 +200,7 @@ LocaleFacts ReadLocaleFacts(const std::string& locale) {
   ReadTimes(icu_locale, symbols, facts);
   ReadWeeks(icu_locale, facts);
   ReadNumbers(icu_locale, facts);
+  facts.boolean_words = BooleanWordsOf(icu_locale.getLanguage());
   return facts;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "regional/boolean_words.h"
 #include "regional/date_order.h"
 #include "regional/date_time_pattern.h"
 #include "regional/pattern_run.h"
@@ -62,6 +63,7 @@ struct LocaleFacts {
   std::string date_separator;           ///< Between the numbers of a short date.
   DateNames names;
   std::array<std::string, 2> day_half_names;  ///< Morning and afternoon.
+  BooleanWords boolean_words;
 
   int first_day_of_week = 1;   ///< 1 Sunday to 7 Saturday.
   int days_in_first_week = 1;  ///< The first week of the year has at least so many of its days.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/error.h"
+#include "regional/boolean_words.h"
 #include "regional/calendar.h"
 #include "regional/date_pattern.h"
 #include "regional/date_recognizer.h"
@@ -37,6 +38,7 @@ class LocaleFormatting final : public platform::ValueFormatting {
         long_date_(date_texts_, {}),
         short_time_(date_texts_, {}),
         week_rule_(WeekRuleOf(facts)),
+        boolean_words_(facts.boolean_words),
         date_recognizer_(facts),
         number_recognizer_(facts) {
     long_date_.AddPattern("dddddd");
@@ -77,6 +79,9 @@ class LocaleFormatting final : public platform::ValueFormatting {
   }
 
  private:
+  std::string_view BooleanText(bool flag) const {
+    return flag ? boolean_words_.true_word : boolean_words_.false_word;
+  }
   platform::WeekRule Checked(platform::WeekRule rule) const;
   std::string_view DateTimeText(const DateTime& time, std::string& scratch) const;
 
@@ -88,6 +93,7 @@ class LocaleFormatting final : public platform::ValueFormatting {
   DatePattern long_date_;
   DatePattern short_time_;
   platform::WeekRule week_rule_;
+  BooleanWords boolean_words_;
   DateRecognizer date_recognizer_;
   NumberRecognizer number_recognizer_;
 };
@@ -98,7 +104,7 @@ std::string_view LocaleFormatting::Text(const VariantView& value, std::string& s
     std::string& scratch;
 
     std::string_view operator()(platform::Null) const { return {}; }
-    std::string_view operator()(bool flag) const { return flag ? "True" : "False"; }
+    std::string_view operator()(bool flag) const { return formatting.BooleanText(flag); }
     std::string_view operator()(std::int64_t number) const {
       return formatting.numbers_.Write(number, scratch);
     }

@@ -195,9 +195,27 @@ TEST(Text, OfBooleansNullAndBytes) {
   const std::uint8_t bytes[] = {65, 66};
   EXPECT_EQ(Text(true), "True");
   EXPECT_EQ(Text(false), "False");
-  EXPECT_EQ(TextIn("de-DE", true), "True");
   EXPECT_EQ(Text(platform::Null{}), "");
   EXPECT_EQ(Text(platform::BytesView{bytes, sizeof bytes}), "");
+}
+
+TEST(Text, OfBooleansIsInTheLanguageOfTheLocale) {
+  struct Words {
+    std::string_view locale, of_true, of_false;
+  };
+  const Words table[] = {
+      {"de-DE", "Wahr", "Falsch"},      {"de-CH", "Wahr", "Falsch"},      {"nb-NO", "Sann", "Usann"},
+      {"nn-NO", "Sann", "Usann"},       {"no-NO", "Sann", "Usann"},       {"sv-SE", "Sant", "Falskt"},
+      {"da-DK", "Sand", "Falsk"},       {"fr-FR", "Vrai", "Faux"},        {"fr-CA", "Vrai", "Faux"},
+      {"es-MX", "Verdadero", "Falso"},  {"it-IT", "Vero", "Falso"},       {"nl-NL", "Waar", "Onwaar"},
+      {"pt-BR", "Verdadeiro", "Falso"}, {"pt-PT", "Verdadeiro", "Falso"}, {"fi-FI", "Tosi", "Epätosi"},
+      {"pl-PL", "Prawda", "Fałsz"},     {"en-GB", "True", "False"},       {"ja-JP", "True", "False"},
+      {"cs-CZ", "True", "False"},       {"fil-PH", "True", "False"},
+  };
+  for (const auto& [locale, of_true, of_false] : table) {
+    EXPECT_EQ(TextIn(locale, true), of_true) << locale;
+    EXPECT_EQ(TextIn(locale, false), of_false) << locale;
+  }
 }
 
 TEST(Text, OfTextIsTheSameBytes) {
