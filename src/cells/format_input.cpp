@@ -14,15 +14,17 @@ FormatInput::FormatInput(shell::Render& render, platform::Field& field) : render
   if (!TakeDirectly()) value_ = GetStdDbFieldStringRaw(render, field);
 }
 
-/// Takes what need not become a text first: the text of a date or a whole number spells that very value.
-/// A failure is left to GetStdDbFieldStringRaw(), which reports it.
+/// Takes what need not become a text first: the text of a date, a whole number or a boolean spells that very
+/// value. A failure is left to GetStdDbFieldStringRaw(), which reports it.
 bool FormatInput::TakeDirectly() {
   const bool is_date = util::IsDateFieldType(field_.Type());
   if (!is_date && !util::IsNumericFieldType(field_.Type())) return false;
   try {
     value_ = field_.Value();
     if (!is_date) {
-      if (!std::holds_alternative<std::int64_t>(value_)) value_ = Regional().Text(value_, render_.scratch);
+      const bool is_kept =
+          std::holds_alternative<std::int64_t>(value_) || std::holds_alternative<bool>(value_);
+      if (!is_kept) value_ = Regional().Text(value_, render_.scratch);
       return true;
     }
     auto* date = std::get_if<platform::DateTime>(&value_);
@@ -49,6 +51,7 @@ platform::DecimalView FormatInput::Number() {
     const char* end = std::to_chars(digits_.data(), digits_.data() + digits_.size(), *number).ptr;
     return {{digits_.data(), static_cast<std::size_t>(end - digits_.data())}};
   }
+  if (const auto* flag = std::get_if<bool>(&value_)) return {*flag ? "-1" : "0"};
   const auto* text = std::get_if<std::string_view>(&value_);
   auto number = text == nullptr ? std::nullopt : Regional().RecognizeNumber(*text);
   if (!number) throw platform::Error("The value is no number");

@@ -24,10 +24,10 @@ class FormatInput {
 
   std::string_view Text();
 
-  /// A date-time or a whole number as such when the field holds one, else the text.
+  /// A date-time, a whole number or a boolean as such when the field holds one, else the text.
   const platform::VariantView& Value() const { return value_; }
 
-  /// Throws platform::Error when the text is no number.
+  /// Of a boolean -1 or 0. Throws platform::Error when the text is no number.
   platform::DecimalView Number();
 
   /// Throws platform::Error when the text is no date.

@@ -41,10 +41,10 @@ class FormatPattern {
  public:
   virtual ~FormatPattern() = default;
 
-  /// `value`, a whole or decimal number, a date-time or a text, in the pattern. A text is taken for the
-  /// number or the date that it spells when the pattern is one for these; a value that does not fit the
-  /// pattern comes back in its standard text; "True" and "False" are the numbers -1 and 0. The result stands
-  /// in `value`, in `scratch`, whose content is replaced, or is a constant.
+  /// `value`, a whole or decimal number, a boolean, a date-time or a text, in the pattern. A text is taken
+  /// for the number or the date that it spells when the pattern is one for these; a value that does not fit
+  /// the pattern comes back in its standard text; booleans, and the texts "True" and "False", are the numbers
+  /// -1 and 0. The result stands in `value`, in `scratch`, whose content is replaced, or is a constant.
   virtual std::string_view Write(const VariantView& value, std::string& scratch) const = 0;
 };
 
@@ -73,7 +73,7 @@ class ValueFormatting : public Formatting {
   virtual int DatePart(std::string_view interval, const DateTime& time, WeekRule rule) const = 0;
 
   /// The pattern for numbers or for date-times that `pattern` spells or names; nullptr when it is one for
-  /// texts. It may be used as long as this object. Throws Error when `rule` is none.
+  /// texts, as the empty one is. It may be used as long as this object. Throws Error when `rule` is none.
   virtual std::unique_ptr<FormatPattern> MakePattern(std::string_view pattern, WeekRule rule) const = 0;
 };
 

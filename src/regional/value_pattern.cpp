@@ -24,6 +24,7 @@ template <class Body>
 bool WithNumber(const platform::Formatting& formatting, const VariantView& value, Body&& body) {
   if (const auto* number = std::get_if<std::int64_t>(&value)) return body(std::to_string(*number)), true;
   if (const auto* decimal = std::get_if<platform::DecimalView>(&value)) return body(decimal->text), true;
+  if (const auto* flag = std::get_if<bool>(&value)) return body(*flag ? "-1" : "0"), true;
   const auto* text = std::get_if<std::string_view>(&value);
   if (text == nullptr) return false;
   if (*text == "True") return body("-1"), true;
@@ -203,6 +204,7 @@ std::string Placeholders(std::string_view pattern) {
 
 std::unique_ptr<FormatPattern> MakeValuePattern(std::string_view pattern, platform::WeekRule rule,
                                                 const PatternContext& context) {
+  if (pattern.empty()) return nullptr;
   DatePattern date(context.dates, rule);
   if (auto named = NamedNumber(pattern, context)) return named;
   if (auto named = NamedDateFormat(pattern, date, context)) return named;

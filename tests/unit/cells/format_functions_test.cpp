@@ -213,10 +213,36 @@ TEST(FormatCell, FormatsEveryKindOfColumn) {
   EXPECT_EQ(cell("DATETIME", "'2024-05-03'", "FORMAT,dddd"), "Friday");
   EXPECT_EQ(cell("DATETIME", "'2024-02-30'", "FORMATDATETIME"), "&nbsp;");
   EXPECT_EQ(cell("BOOLEAN", "1", "FORMAT,On/Off"), "On");
+  EXPECT_EQ(cell("BOOLEAN", "0", "FORMAT,Yes/No"), "No");
+  EXPECT_EQ(cell("BOOLEAN", "1", "FORMATNUMBER,1"), "-1.0");
+  EXPECT_EQ(cell("BOOLEAN", "0", "FORMATCURRENCY"), "$0.00");
+  EXPECT_EQ(cell("BOOLEAN", "1", "FORMATPERCENT,0"), "-100%");
+  EXPECT_EQ(cell("BOOLEAN", "1", "ABS"), "1");
+  EXPECT_EQ(cell("BOOLEAN", "1", "ROUND"), "-1");
+  EXPECT_EQ(cell("BOOLEAN", "1", "FORMAT,0.0"), "-1.0");
+  EXPECT_EQ(cell("BOOLEAN", "1", "FORMAT,yyyy"), "True");
+  EXPECT_EQ(cell("BOOLEAN", "1", "FORMAT,<"), "true");
+  EXPECT_EQ(cell("BOOLEAN", "1", "REPLACE,True,yes"), "yes");
+  EXPECT_EQ(cell("BOOLEAN", "NULL", "ABS"), "&nbsp;");
   EXPECT_EQ(cell("BOOLEAN", "0", "LCASE"), "false");
   EXPECT_EQ(cell("TEXT", "'a long text'", "LEFT,6"), "a long");
   EXPECT_EQ(cell("BLOB", "x'41'", "LEN"), "&nbsp;");
   EXPECT_EQ(cell("INTEGER", "NULL", "ABS"), "&nbsp;");
+  EXPECT_EQ(cells.Message(), "");
+}
+
+TEST(FormatCell, HasTheTextOfTheValueWithAnEmptyPattern) {
+  FormatCells cells;
+  const auto cell = [&](std::string_view type, std::string_view value) {
+    const Records records("CREATE TABLE T (V " + std::string(type) + "); INSERT INTO T VALUES (" +
+                          std::string(value) + ")");
+    return cells.Cell("FORMAT,", records[0]);
+  };
+  EXPECT_EQ(cell("INTEGER", "-1234567"), "-1234567");
+  EXPECT_EQ(cell("DECIMAL(10,3)", "'2.50'"), "2.5");
+  EXPECT_EQ(cell("BOOLEAN", "1"), "True");
+  EXPECT_EQ(cell("DATE", "'2024-05-03'"), "5/3/2024");
+  EXPECT_EQ(cell("TEXT", "'2.50'"), "2.50");
   EXPECT_EQ(cells.Message(), "");
 }
 

@@ -113,6 +113,18 @@ TEST(NumberPattern, FollowsTheLocale) {
   EXPECT_EQ(In("de-DE", "General Number", DecimalView{"1234.50"}), "1234,5");
 }
 
+TEST(NumberPattern, TakesBooleansForNumbersInEveryLanguage) {
+  for (const std::string_view locale : {"en-US", "de-DE", "pl-PL"}) {
+    EXPECT_EQ(In(locale, "0", true), "-1") << locale;
+    EXPECT_EQ(In(locale, "0", false), "0") << locale;
+    EXPECT_EQ(In(locale, "Yes/No", true), "Yes") << locale;
+    EXPECT_EQ(In(locale, "General Number", true), "-1") << locale;
+  }
+  EXPECT_EQ(In("de-DE", "yyyy", true), "Wahr");
+}
+
+TEST(Pattern, ThatIsEmptyIsOneForTexts) { EXPECT_EQ(Text("", DecimalView{"5"}), "no pattern"); }
+
 TEST(NumberPattern, TakesTextsThatSpellNumbersAndLeavesOthers) {
   EXPECT_EQ(Text("0.00", std::string_view("1,234.5")), "1234.50");
   EXPECT_EQ(Text("0.00", std::int64_t{-7}), "-7.00");
