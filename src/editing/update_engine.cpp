@@ -6,6 +6,7 @@
 #include "editing/delete_record.h"
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
+#include "util/list.h"
 
 namespace dralo::editing {
 namespace {
@@ -42,7 +43,7 @@ bool IsChangePosted(const shell::Render& render) {
 bool UpdateRecord(shell::Render& render) {
   shell::Settings& settings = render.settings;
   if (!IsChangePosted(render)) return true;
-  if (settings.EditPrimaryKeys.empty()) {
+  if (util::TrimBlanks(settings.EditPrimaryKeys).empty()) {
     settings.ErrorMessage += "Dralo property EditPrimaryKeys must be set!<br>";
     return false;
   }

@@ -99,12 +99,14 @@ TEST_F(UpdateEngine, NeedsNoWordButUpdateToInsertAndDelete) {
 }
 
 TEST_F(UpdateEngine, DemandsPrimaryKeys) {
-  saving.settings.EditPrimaryKeys = "";
-  saving.settings.ErrorMessage = "Before.";
-  PostAnna(saving).Post("Name", "Eve");
-  EXPECT_FALSE(saving.Save());
-  EXPECT_EQ(saving.Message(), "Before.Dralo property EditPrimaryKeys must be set!<br>");
-  EXPECT_EQ(Row(database), kAnna);
+  for (const char* keys : {"", "  "}) {
+    saving.settings.EditPrimaryKeys = keys;
+    saving.settings.ErrorMessage = "Before.";
+    PostAnna(saving).Post("Name", "Eve");
+    EXPECT_FALSE(saving.Save());
+    EXPECT_EQ(saving.Message(), "Before.Dralo property EditPrimaryKeys must be set!<br>");
+    EXPECT_EQ(Row(database), kAnna);
+  }
 }
 
 TEST_F(UpdateEngine, ReadsButtonsAndKeysFromTheQueryStringToo) {
