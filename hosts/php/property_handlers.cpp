@@ -17,11 +17,11 @@ bool CallerIsStrict() {
   return caller != nullptr && caller->func != nullptr && ZEND_CALL_USES_STRICT_TYPES(caller);
 }
 
-/// Converts `value` to the property's PHP type as the engine does for any typed property. Pages give true to
-/// 16-bit properties that are switches as well as numbers; there it has all bits set.
+/// Converts `value` to the property's PHP type as the engine does for any typed property. True as a number
+/// has all bits set.
 bool Coerce(const ScriptProperty& property, zval* value) {
-  if (property.type == PropertyType::kInteger &&
-      (Z_TYPE_P(value) == IS_TRUE || Z_TYPE_P(value) == IS_FALSE)) {
+  const bool is_number = property.type == PropertyType::kInteger || property.type == PropertyType::kLong;
+  if (is_number && (Z_TYPE_P(value) == IS_TRUE || Z_TYPE_P(value) == IS_FALSE)) {
     ZVAL_LONG(value, Z_TYPE_P(value) == IS_TRUE ? -1 : 0);
     return true;
   }

@@ -1,5 +1,5 @@
 --TEST--
-Property: values are converted as for any typed property; true has all bits set in a 16-bit number
+Property: values are converted as for any typed property; true has all bits set in a number
 --FILE--
 <?php
 $view = new Dralo\DbView();
@@ -10,6 +10,8 @@ $view->RecordsPerPage = 100000;  var_dump($view->RecordsPerPage);
 $view->GridLinkIndex = true;     var_dump($view->GridLinkIndex);
 $view->GridLinkIndex = false;    var_dump($view->GridLinkIndex);
 $view->RecordCount = true;       var_dump($view->RecordCount);
+$view->RecordCount = false;      var_dump($view->RecordCount);
+$view->MemoFieldLimit = true;    var_dump($view->MemoFieldLimit);
 $view->UseCSS = 0;               var_dump($view->UseCSS);
 $view->UseCSS = 'yes';           var_dump($view->UseCSS);
 $view->Tag = 7;                  var_dump($view->Tag);
@@ -28,7 +30,9 @@ int(16)
 int(16)
 int(-1)
 int(0)
-int(1)
+int(-1)
+int(0)
+int(-1)
 bool(false)
 bool(true)
 string(1) "7"
