@@ -53,7 +53,7 @@ ATTACKS = {
     "a posted statement": Request(form=f"Morvu1SQL={QUOTED(SECRET)}&Morvu1ToExcel.x=1"),
     "another letter case": Request(f"mORVU1sql={QUOTED(SECRET)}&MORVU1TOEXCEL.X=1"),
     "an encoded name": Request(f"%4Dorvu1%53QL={QUOTED(SECRET)}&Morvu1ToExcel%2Ex=1"),
-    "the second of two values": Request(f"Morvu1SQL=+&Morvu1SQL={QUOTED(SECRET)}"),
+    "a statement in the address of a form": Request(f"Morvu1SQL={QUOTED(SECRET)}", form="Morvu1NEXT.x=1"),
     "more fields than PHP reads": Request(f"{MANY_FIELDS}&Morvu1SQL={QUOTED(SECRET)}&Morvu1ToExcel.x=1"),
     "more posted fields than PHP reads": Request(form=f"{MANY_FIELDS}&Morvu1SQL={QUOTED(SECRET)}"),
     "a form in parts": multipart(**{"Morvu1SQL": SECRET, "Morvu1ToExcel.x": "1"}),
