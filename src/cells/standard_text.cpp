@@ -13,7 +13,7 @@
 namespace dralo::cells {
 namespace {
 
-constexpr std::string_view kEmptyCell = "&nbsp;";
+constexpr std::string_view kBlankCell = "&nbsp;";
 
 bool IsBlank(std::string_view text) {
   return text.empty() || (text.front() == ' ' && text.find_first_not_of(' ') == text.npos);
@@ -54,10 +54,10 @@ std::string_view WithEnding(shell::Render& render, std::string_view text, std::s
 /// The memo as cells show it under a MemoFieldLimit of 0 or more.
 std::string_view LimitedMemo(shell::Render& render, std::string_view memo) {
   if (memo.empty() || render.settings.MemoFieldLimit == 0) return {};
-  if (render.form_view) return WithEnding(render, memo, kEmptyCell);
+  if (render.form_view) return WithEnding(render, memo, kBlankCell);
   const auto limit = static_cast<std::size_t>(render.settings.MemoFieldLimit);
   const std::size_t bytes = util::BytesOfCharacters(memo, limit);
-  if (bytes == memo.size()) return WithEnding(render, memo, kEmptyCell);
+  if (bytes == memo.size()) return WithEnding(render, memo, kBlankCell);
   return WithEnding(render, memo.substr(0, bytes), "...");
 }
 
@@ -83,7 +83,7 @@ std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& fie
     const bool limited = render.settings.MemoFieldLimit >= 0 && util::IsMemoFieldType(field.Type());
     return limited ? LimitedMemo(render, whole) : whole;
   });
-  return IsBlank(text) ? kEmptyCell : text;
+  return IsBlank(text) ? kBlankCell : text;
 }
 
 std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field) {

@@ -34,7 +34,7 @@ std::vector<PatternRun> RunsOf(const std::unique_ptr<icu::DateFormat>& format) {
   return SplitPattern(Utf8(simple->toPattern(pattern)));
 }
 
-std::vector<PatternRun> DatePattern(const icu::Locale& locale, icu::DateFormat::EStyle style) {
+std::vector<PatternRun> RunsOfStyle(const icu::Locale& locale, icu::DateFormat::EStyle style) {
   return RunsOf(std::unique_ptr<icu::DateFormat>(icu::DateFormat::createDateInstance(style, locale)));
 }
 
@@ -44,14 +44,14 @@ std::vector<PatternRun> TimePattern(const icu::Locale& locale) {
 }
 
 void ReadDates(const icu::Locale& locale, LocaleFacts& facts) {
-  const std::vector<PatternRun> short_date = DatePattern(locale, icu::DateFormat::kShort);
+  const std::vector<PatternRun> short_date = RunsOfStyle(locale, icu::DateFormat::kShort);
   facts.short_date = ShortDate(short_date);
   facts.date_order = OrderOf(short_date);
   AddDateWords(short_date, facts.date_words);
-  AddDateWords(DatePattern(locale, icu::DateFormat::kLong), facts.date_words);
+  AddDateWords(RunsOfStyle(locale, icu::DateFormat::kLong), facts.date_words);
   facts.date_separator = DateSeparatorOf(short_date);
-  facts.medium_date = DatePattern(locale, icu::DateFormat::kMedium);
-  facts.long_date = DatePattern(locale, icu::DateFormat::kFull);
+  facts.medium_date = RunsOfStyle(locale, icu::DateFormat::kMedium);
+  facts.long_date = RunsOfStyle(locale, icu::DateFormat::kFull);
 }
 
 /// The names from `first` on, without the full stop of an abbreviation when `alone`.

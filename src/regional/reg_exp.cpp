@@ -16,7 +16,7 @@ namespace dralo::regional {
 namespace {
 
 using platform::Error;
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 
 /// PCRE2 counts its steps anew at each place of the text, so a search is also cut into windows of places,
 /// with a look at the clock in between: steps times window is what one look can be late by.
@@ -56,8 +56,8 @@ std::string Reason(int code) {
   throw Error("The regular expression takes too long on this text: make it simpler", code);
 }
 
-void Check(Clock::time_point deadline) {
-  if (Clock::now() > deadline) ThrowTooLong();
+void Check(SteadyClock::time_point deadline) {
+  if (SteadyClock::now() > deadline) ThrowTooLong();
 }
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
@@ -104,7 +104,7 @@ class PcreRegExp final : public platform::RegExp {
   std::string Replace(std::string_view text, std::string_view replacement) const override;
 
  private:
-  bool Find(std::string_view text, std::size_t from, Clock::time_point deadline) const;
+  bool Find(std::string_view text, std::size_t from, SteadyClock::time_point deadline) const;
   bool FindInWindow(std::string_view text, std::size_t from) const;
   std::span<const std::size_t> Groups() const;
 
@@ -132,7 +132,7 @@ void PcreRegExp::Compile(std::string_view pattern, const Options& options) {
 
 std::string PcreRegExp::Replace(std::string_view text, std::string_view replacement) const {
   if (code_ == nullptr) throw Error("A regular expression replaces only after its pattern was compiled");
-  const Clock::time_point deadline = Clock::now() + kMaxTime;
+  const SteadyClock::time_point deadline = SteadyClock::now() + kMaxTime;
   std::string result;
   std::size_t copied = 0;
   std::size_t from = 0;
@@ -150,7 +150,7 @@ std::string PcreRegExp::Replace(std::string_view text, std::string_view replacem
   return result += text.substr(copied);
 }
 
-bool PcreRegExp::Find(std::string_view text, std::size_t from, Clock::time_point deadline) const {
+bool PcreRegExp::Find(std::string_view text, std::size_t from, SteadyClock::time_point deadline) const {
   while (true) {
     const std::size_t last = std::min(from + kWindow, text.size());
     pcre2_set_offset_limit(context_.get(), last);

@@ -15,7 +15,7 @@ constexpr std::array<std::string_view, 12> kEnglishMonths = {"January",   "Febru
                                                              "May",       "June",     "July",     "August",
                                                              "September", "October",  "November", "December"};
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 std::string PlainSpelling(std::string_view text) {
   std::string plain = PlainBlanks(text);
@@ -54,8 +54,9 @@ void TidySpellings(std::vector<Spelling>& spellings) {
 }
 
 bool StartsWith(std::string_view text, std::string_view start) {
-  return text.size() >= start.size() && std::equal(start.begin(), start.end(), text.begin(),
-                                                   [](char a, char b) { return Lower(a) == Lower(b); });
+  return text.size() >= start.size() &&
+         std::equal(start.begin(), start.end(), text.begin(),
+                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
 }
 
 const Spelling* FindSpelling(const std::vector<Spelling>& spellings, std::string_view text) {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kFirstTextBytes = 512;
 
-constexpr bool IsLetterOrDigit(char c) {
+constexpr bool IsUnreserved(char c) {
   return ('0' <= c && c <= '9') || ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z');
 }
 
@@ -28,7 +28,7 @@ HtmlWriter& HtmlWriter::Write(Quoted value) {
 HtmlWriter& HtmlWriter::Write(Encoded value) {
   constexpr char kHexDigits[] = "0123456789ABCDEF";
   for (const char c : value.text) {
-    if (IsLetterOrDigit(c)) {
+    if (IsUnreserved(c)) {
       Append({&c, 1});
     } else if (c == ' ') {
       Append("+");

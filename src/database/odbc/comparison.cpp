@@ -8,7 +8,7 @@ namespace {
 
 using platform::TypeCode;
 
-bool IsText(TypeCode type) {
+bool IsComparedAsText(TypeCode type) {
   return type == TypeCode::kWideChar || type == TypeCode::kVarWideChar || type == TypeCode::kLongVarWideChar;
 }
 
@@ -26,12 +26,12 @@ std::string SameInPostgreSql(TypeCode type, const std::string& column) {
 /// double that it is read as.
 std::string SameInMariaDb(TypeCode type, const std::string& column) {
   if (type == TypeCode::kSingle) return "CAST(" + column + " AS CHAR) = CAST(? AS CHAR)";
-  if (!IsText(type)) return column + " = ?";
+  if (!IsComparedAsText(type)) return column + " = ?";
   return "CAST(CONVERT(" + column + " USING utf8mb4) AS BINARY) = CAST(CONVERT(? USING utf8mb4) AS BINARY)";
 }
 
 std::string SameInSqlServer(TypeCode type, const std::string& column) {
-  if (IsText(type)) {
+  if (IsComparedAsText(type)) {
     return "CAST(" + column + " AS nvarchar(max)) COLLATE Latin1_General_BIN2 = CAST(? AS nvarchar(max))";
   }
   if (type == TypeCode::kLongVarBinary) return "CAST(" + column + " AS varbinary(max)) = ?";

@@ -16,7 +16,7 @@ std::string MakeSeparator() {
 }
 
 /// "c1, c2, ..."
-std::string Names(std::size_t columns) {
+std::string ColumnNames(std::size_t columns) {
   std::string names;
   for (std::size_t i = 1; i <= columns; ++i) names += (i > 1 ? ", c" : "c") + std::to_string(i);
   return names;
@@ -43,11 +43,11 @@ const std::string& FieldSeparator() {
 std::string SeparatorLiteral() { return "E'\\x1f" + FieldSeparator().substr(1) + "'"; }
 
 std::string PackedSource(std::string_view name, std::size_t columns) {
-  return std::string(name) + "(" + Names(columns) + ")";
+  return std::string(name) + "(" + ColumnNames(columns) + ")";
 }
 
 std::string PackedRowText(std::size_t columns) {
-  return "concat_ws(" + SeparatorLiteral() + ", " + NullBits(columns) + ", " + Names(columns) + ")";
+  return "concat_ws(" + SeparatorLiteral() + ", " + NullBits(columns) + ", " + ColumnNames(columns) + ")";
 }
 
 }  // namespace dralo::database::odbc

@@ -16,7 +16,7 @@ namespace dralo::database::odbc {
 
 namespace {
 
-constexpr std::int64_t kMaxRows = 256;
+constexpr std::int64_t kMaxShortRows = 256;
 
 /// A page that is longer is fetched in pieces.
 constexpr Reader kPageReader{Reading::kText, 16'384, false};
@@ -38,8 +38,9 @@ std::unique_ptr<database::Cursor> ShortCursor::Open(Session& session, const Quer
     const StatementKind kind = KindOf(query.text);
     if (!kind.is_select) return nullptr;
     if (kind.calls_functions) session.RunDeferred();
-    const bool is_accepted = session.Reconnecting(
-        query.text, [&] { return query.max_records > kMaxRows ? cursor->Learn() : cursor->RunDirectly(); });
+    const bool is_accepted = session.Reconnecting(query.text, [&] {
+      return query.max_records > kMaxShortRows ? cursor->Learn() : cursor->RunDirectly();
+    });
     if (!is_accepted) return nullptr;
   }
   if (cursor->state_ == State::kKnown) cursor->Defer();
@@ -171,7 +172,7 @@ void ShortCursor::Start() {
   const std::int64_t rows = max_records_ - offset_;
   if (rows <= 0) {
     state_ = State::kDone;
-  } else if (rows > kMaxRows) {
+  } else if (rows > kMaxShortRows) {
     session_.Reconnecting(text_, [&] { OpenLongCursor(); });
   } else {
     session_.Reconnecting(text_, [&] { Run(); });

@@ -9,13 +9,13 @@ namespace dralo::database::odbc {
 
 namespace {
 
-bool IsWordCharacter(char c) {
+bool IsOfAWord(char c) {
   return ('A' <= ToUpper(c) && ToUpper(c) <= 'Z') || IsDigit(c) || c == '_' ||
          static_cast<unsigned char>(c) >= 0x80;
 }
 
 std::string_view FirstWord(std::string_view text) {
-  const auto end = std::ranges::find_if_not(text, IsWordCharacter);
+  const auto end = std::ranges::find_if_not(text, IsOfAWord);
   return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 using tests::FakePage;
 
-constexpr char kItems[] = "SELECT * FROM Items";
+constexpr char kAllItems[] = "SELECT * FROM Items";
 constexpr int kRows = 45;
 
 struct Site {
@@ -26,7 +26,9 @@ struct Site {
 
 void PrintTo(const Site& site, std::ostream* out) { *out << site.name; }
 
-void Set(shell::DbView& view, std::string_view name, const char* text) { view.Set(name, std::string(text)); }
+void SetText(shell::DbView& view, std::string_view name, const char* text) {
+  view.Set(name, std::string(text));
+}
 
 /// How a request was answered.
 struct Answer {
@@ -75,7 +77,7 @@ class Attack : public ::testing::TestWithParam<Site> {
     shell::DbView view(tests::TestEnvironment());
     view.OnStartPage(page);
     view.Set("ConnectionString", database_.ConnectionString());
-    Set(view, "sql", kItems);
+    SetText(view, "sql", kAllItems);
     GetParam().configure(view);
     Answer answer;
     try {
@@ -135,38 +137,38 @@ INSTANTIATE_TEST_SUITE_P(Sites, Attack,
                                                 [](shell::DbView& view) { view.Set("CountRecords", false); }},
                                            Site{"decorated",
                                                 [](shell::DbView& view) {
-                                                  Set(view, "DisplayNavBar", "both");
-                                                  Set(view, "EditOptions", "ADD");
+                                                  SetText(view, "DisplayNavBar", "both");
+                                                  SetText(view, "EditOptions", "ADD");
                                                   view.Set("DisplayRecordsPerPageSelect", true);
                                                   view.Set("RecordsMaxLimit", std::int64_t{30});
                                                   view.Set("EditPerformUpdates", false);
                                                 }},
                                            Site{"long tag",
                                                 [](shell::DbView& view) {
-                                                  Set(view, "Tag", "12");
+                                                  SetText(view, "Tag", "12");
                                                   view.Set("UseCSS", false);
                                                 }},
                                            Site{"form",
                                                 [](shell::DbView& view) {
-                                                  Set(view, "DisplayType", "form");
-                                                  Set(view, "EditOptions", "ADD UPDATE");
+                                                  SetText(view, "DisplayType", "form");
+                                                  SetText(view, "EditOptions", "ADD UPDATE");
                                                   view.Set("RecordsPerPage", std::int64_t{3});
                                                 }},
                                            Site{"edited",
                                                 [](shell::DbView& view) {
-                                                  Set(view, "DisplayType", "form");
-                                                  Set(view, "EditOptions", "ALL");
-                                                  Set(view, "EditPrimaryKeys", "Name");
-                                                  Set(view, "EditSQL", "SELECT Name, ID FROM Items");
-                                                  Set(view, "EditFieldsReadOnly", "*");
-                                                  Set(view, "DeleteSQL", "DELETE FROM Items");
+                                                  SetText(view, "DisplayType", "form");
+                                                  SetText(view, "EditOptions", "ALL");
+                                                  SetText(view, "EditPrimaryKeys", "Name");
+                                                  SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
+                                                  SetText(view, "EditFieldsReadOnly", "*");
+                                                  SetText(view, "DeleteSQL", "DELETE FROM Items");
                                                 }},
                                            Site{"never saved",
                                                 [](shell::DbView& view) {
-                                                  Set(view, "EditOptions", "ALL NOVIEW");
-                                                  Set(view, "EditPrimaryKeys", "Name");
-                                                  Set(view, "EditSQL", "SELECT Name, ID FROM Items");
-                                                  Set(view, "EditFieldsReadOnly", "ID");
+                                                  SetText(view, "EditOptions", "ALL NOVIEW");
+                                                  SetText(view, "EditPrimaryKeys", "Name");
+                                                  SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
+                                                  SetText(view, "EditFieldsReadOnly", "ID");
                                                 },
                                                 "CREATE TRIGGER Added BEFORE INSERT ON Items "
                                                 "BEGIN SELECT RAISE(ABORT, 'no'); END;"
@@ -174,8 +176,8 @@ INSTANTIATE_TEST_SUITE_P(Sites, Attack,
                                                 "BEGIN SELECT RAISE(ABORT, 'no'); END"},
                                            Site{"command",
                                                 [](shell::DbView& view) {
-                                                  Set(view, "sql",
-                                                      "WITH A AS (SELECT * FROM Items) SELECT * FROM A");
+                                                  SetText(view, "sql",
+                                                          "WITH A AS (SELECT * FROM Items) SELECT * FROM A");
                                                 }}),
                          [](const auto& site) {
                            std::string name = site.param.name;

@@ -12,7 +12,7 @@ namespace {
 using editing::QuerySchema;
 using platform::TypeCode;
 
-constexpr std::string_view kTable = R"(
+constexpr std::string_view kQueriedTable = R"(
     CREATE TABLE T (ID INTEGER PRIMARY KEY, Name VARCHAR(20) NOT NULL, Price DECIMAL, Born DATE);
     INSERT INTO T VALUES (1, 'Ann', 1.5, NULL))";
 
@@ -21,7 +21,7 @@ QuerySchema SchemaOf(EditedView& view, std::string_view sql) {
 }
 
 TEST(QuerySchema, TellsNamesTypesAndWhetherFieldsMayBeNullInTheOrderOfTheColumns) {
-  EditedView view(kTable);
+  EditedView view(kQueriedTable);
   const QuerySchema schema = SchemaOf(view, "SELECT Price, Name, Born, ID FROM T");
   ASSERT_EQ(schema.fields.size(), 4U);
   EXPECT_EQ(schema.fields[0].name, "Price");
@@ -37,14 +37,14 @@ TEST(QuerySchema, TellsNamesTypesAndWhetherFieldsMayBeNullInTheOrderOfTheColumns
 }
 
 TEST(QuerySchema, KnowsTheColumnsOfAQueryWithoutRows) {
-  EditedView view(kTable);
+  EditedView view(kQueriedTable);
   const QuerySchema schema = SchemaOf(view, "SELECT ID FROM T WHERE ID = 7");
   EXPECT_EQ(schema.fields.size(), 1U);
   EXPECT_FALSE(schema.has_rows);
 }
 
 TEST(QuerySchema, TakesTheTypeOfAKeyFromTheColumnAtItsPosition) {
-  EditedView view(kTable);
+  EditedView view(kQueriedTable);
   const QuerySchema schema = SchemaOf(view, "SELECT Name, ID FROM T");
   EXPECT_FALSE(schema.IsNumericAt(0));
   EXPECT_TRUE(schema.IsNumericAt(1));
@@ -52,7 +52,7 @@ TEST(QuerySchema, TakesTheTypeOfAKeyFromTheColumnAtItsPosition) {
 }
 
 TEST(QuerySchema, FindsFieldsInAnyLetterCase) {
-  EditedView view(kTable);
+  EditedView view(kQueriedTable);
   const QuerySchema schema = SchemaOf(view, "SELECT Name FROM T");
   EXPECT_TRUE(schema.HasField("nAME"));
   EXPECT_FALSE(schema.HasField("ID"));
@@ -73,7 +73,7 @@ TEST(QuerySchema, ReadsAtMostOneRowOnTheClientForwardAndReadOnly) {
 }
 
 TEST(QuerySchema, SaysWhatToSetWithoutAConnection) {
-  EditedView view(kTable);
+  EditedView view(kQueriedTable);
   view.Settings().DrConnection.reset();
   try {
     SchemaOf(view, "SELECT ID FROM T");

@@ -8,7 +8,7 @@ namespace {
 
 using Meaning = Input::Meaning;
 
-const Outcome kRequired{false, "&nbsp;Record WAS NOT SAVED. Fill out all required fields.", ""};
+const Outcome kFillOut{false, "&nbsp;Record WAS NOT SAVED. Fill out all required fields.", ""};
 
 Outcome InUpdateRecord(const std::string& description) {
   return {false, "", description + " in UpdateRecord.<br>"};
@@ -73,7 +73,7 @@ std::optional<Outcome> TableModel::AssignKey(const Post& post, Row& row) const {
     return std::nullopt;
   }
   if (rows.empty()) {  // The highest key of no rows is Null.
-    Outcome failure = kRequired;
+    Outcome failure = kFillOut;
     failure.message = "The statement for a new key yields no value in GetNewPKValue.<br>";
     return failure;
   }
@@ -94,7 +94,7 @@ std::optional<Outcome> TableModel::Assign(const Post& post, std::size_t column, 
   switch (input.meaning) {
     case Meaning::kNothing:
       if (!post.is_insert && row[column] == "' '") return std::nullopt;  // Shown as nothing, so untouched.
-      if (column <= kName) return kRequired;
+      if (column <= kName) return kFillOut;
       row[column] = "NULL";
       return std::nullopt;
     case Meaning::kNoNumber:

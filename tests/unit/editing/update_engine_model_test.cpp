@@ -14,7 +14,7 @@ namespace {
 
 using Meaning = Input::Meaning;
 
-constexpr std::string_view kTable =
+constexpr std::string_view kModelTable =
     "PRAGMA journal_mode=WAL;"
     "CREATE TABLE T(ID INTEGER PRIMARY KEY, Name VARCHAR(10) NOT NULL, City VARCHAR(10) UNIQUE, Stock INT,"
     "  Price DECIMAL(10,2), Since DATE, Active BOOLEAN, Notes TEXT);";
@@ -169,7 +169,7 @@ struct Variant {
 class RandomPosts : public testing::TestWithParam<Variant> {};
 
 TEST_P(RandomPosts, DoWhatAPlainModelOfTheTableDoes) {
-  const TemporaryDatabase database(kTable);
+  const TemporaryDatabase database(kModelTable);
   TableModel model;
   Visitors visitors(GetParam().seed);
   int saved = 0;

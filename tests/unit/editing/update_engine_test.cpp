@@ -8,7 +8,7 @@ namespace dralo::tests {
 
 namespace {
 
-constexpr std::string_view kAnna = "1,'Anna','Oslo',3,2.5,'2024-05-03',1,'first'";
+constexpr std::string_view kAnnaBefore = "1,'Anna','Oslo',3,2.5,'2024-05-03',1,'first'";
 
 /// The whole form of Anna's record, as it is when nobody touched it.
 Saving& PostAnna(Saving& saving) {
@@ -28,7 +28,7 @@ class UpdateEngine : public testing::Test {
   void ExpectIgnored() {
     EXPECT_EQ(saving.Message(), "");
     EXPECT_EQ(saving.Status(), "");
-    EXPECT_EQ(Row(database), kAnna);
+    EXPECT_EQ(Row(database), kAnnaBefore);
     EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
   }
 
@@ -105,7 +105,7 @@ TEST_F(UpdateEngine, DemandsPrimaryKeys) {
     PostAnna(saving).Post("Name", "Eve");
     EXPECT_FALSE(saving.Save());
     EXPECT_EQ(saving.Message(), "Before.Dralo property EditPrimaryKeys must be set!<br>");
-    EXPECT_EQ(Row(database), kAnna);
+    EXPECT_EQ(Row(database), kAnnaBefore);
   }
 }
 
@@ -134,7 +134,7 @@ TEST_F(UpdateEngine, ReadsTheFormOfItsOwnTagOnly) {
   saving.settings.Tag = "2";
   PostAnna(saving).Post("Name", "Two");
   EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(Row(database), kAnna);
+  EXPECT_EQ(Row(database), kAnnaBefore);
 }
 
 TEST_F(UpdateEngine, TakesTheFirstOfInputsWithTheSameName) {

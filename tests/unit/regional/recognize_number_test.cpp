@@ -10,12 +10,12 @@ std::string Recognized(std::string_view locale, std::string_view text) {
   return number ? number->text : "none";
 }
 
-struct Row {
+struct NumberRow {
   std::string_view text, number;
 };
 
 template <std::size_t Size>
-void ExpectNumbers(std::string_view locale, const Row (&table)[Size]) {
+void ExpectNumbers(std::string_view locale, const NumberRow (&table)[Size]) {
   const auto formatting = MakeFormatting(locale);
   for (const auto& [text, number] : table) {
     const auto recognized = formatting->RecognizeNumber(text);

@@ -27,8 +27,8 @@ std::string Text(const VariantView& value) {
   return std::string(formatting->Text(value, scratch));
 }
 
-constexpr DateTime kAfternoon{2024, 5, 3, 14, 5, 9, 0};
-constexpr DateTime kNight{2024, 12, 31, 0, 30, 0, 0};
+constexpr DateTime kAfternoonInMay{2024, 5, 3, 14, 5, 9, 0};
+constexpr DateTime kNewYearsEve{2024, 12, 31, 0, 30, 0, 0};
 constexpr DateTime kDay{2024, 5, 3};
 constexpr DateTime kTimeAlone{1899, 12, 30, 9, 5, 0, 0};
 constexpr DateTime kZero{};
@@ -67,8 +67,8 @@ TEST(Text, FollowsTheLocale) {
   };
   for (const Expected& expected : table) {
     SCOPED_TRACE(expected.locale);
-    EXPECT_EQ(TextIn(expected.locale, kAfternoon), expected.afternoon);
-    EXPECT_EQ(TextIn(expected.locale, kNight), expected.night);
+    EXPECT_EQ(TextIn(expected.locale, kAfternoonInMay), expected.afternoon);
+    EXPECT_EQ(TextIn(expected.locale, kNewYearsEve), expected.night);
     EXPECT_EQ(TextIn(expected.locale, kDay), expected.day);
     EXPECT_EQ(TextIn(expected.locale, kTimeAlone), expected.time_alone);
     EXPECT_EQ(TextIn(expected.locale, kZero), expected.zero);
@@ -246,11 +246,11 @@ TEST(Text, OfAnyDateTimeIsWritten) {
 TEST(Text, NeedsNoMoreMemoryOnceTheScratchHasGrown) {
   const auto formatting = MakeFormatting("en-US");
   std::string scratch;
-  formatting->Text(kAfternoon, scratch);
+  formatting->Text(kAfternoonInMay, scratch);
   formatting->Text(1.0 / 3, scratch);
   const char* place = scratch.data();
   for (const VariantView& value :
-       {VariantView(kAfternoon), VariantView(std::int64_t{-5}), VariantView(2.0 / 3), VariantView(kZero),
+       {VariantView(kAfternoonInMay), VariantView(std::int64_t{-5}), VariantView(2.0 / 3), VariantView(kZero),
         VariantView(DecimalView{"-1.5"})}) {
     const std::string_view text = formatting->Text(value, scratch);
     EXPECT_EQ(scratch.data(), place);
@@ -262,7 +262,7 @@ TEST(Text, NeedsNoMoreMemoryOnceTheScratchHasGrown) {
 TEST(Text, HasOrdinaryBlanksOnly) {
   for (const std::string_view locale :
        {"en-US", "en-AU", "es-MX", "fr-CA", "zh-TW", "ar-EG", "fa-IR", "he-IL"}) {
-    const std::string text = TextIn(locale, kAfternoon);
+    const std::string text = TextIn(locale, kAfternoonInMay);
     for (const std::string_view hidden : {"\u00A0", "\u202F", "\u200E", "\u200F", "\u061C"}) {
       EXPECT_EQ(text.find(hidden), text.npos) << locale << ": " << text;
     }

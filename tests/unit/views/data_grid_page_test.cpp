@@ -14,12 +14,12 @@ using platform::TypeCode;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::string_view kPeople = R"(
+constexpr std::string_view kPeopleOnPages = R"(
     CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Member BOOLEAN);
     INSERT INTO T VALUES (5, 'Ann', 1), (6, NULL, 0))";
 
-/// Numbers 1 to `count`.
-Records Numbers(int count) {
+/// Numbered 1 to `count`.
+Records Numbered(int count) {
   return Records(
       "CREATE TABLE T (N INTEGER); WITH RECURSIVE C(N) AS (SELECT 1 UNION ALL SELECT N + 1 FROM C "
       "WHERE N < " +
@@ -29,7 +29,7 @@ Records Numbers(int count) {
 TEST(DataGrid, WritesOnePageOfRows) {
   Rendering view = RowsOnly();
   view.settings.RecordsPerPage = 10;
-  const Records numbers = Numbers(25);
+  const Records numbers = Numbered(25);
 
   view.Grid(*numbers);
   EXPECT_EQ(view.rows, 10);
@@ -49,7 +49,7 @@ TEST(DataGrid, EndsAtTheRecordLimit) {
   view.settings.RecordsPerPage = 10;
   view.settings.RecordsMaxLimit = 25;
   view.current_record = 21;
-  const Records numbers = Numbers(100);
+  const Records numbers = Numbered(100);
 
   view.Grid(*numbers);
 
@@ -60,7 +60,7 @@ TEST(DataGrid, WritesNothingBeyondTheRecordLimitOrBelowOneRow) {
   Rendering view = RowsOnly();
   view.settings.RecordsMaxLimit = 2147483647;
   view.current_record = 2147483647;
-  const Records numbers = Numbers(3);
+  const Records numbers = Numbered(3);
   view.Grid(*numbers);
   EXPECT_EQ(view.rows, 1);
 
@@ -75,7 +75,7 @@ TEST(DataGrid, WritesNothingBeyondTheRecordLimitOrBelowOneRow) {
 TEST(DataGrid, KeepsTheValuesOfItsFirstRow) {
   Rendering view = RowsOnly();
   view.settings.GridFieldsShow = "Name";
-  const Records people(kPeople);
+  const Records people(kPeopleOnPages);
 
   view.Grid(*people);
 

@@ -10,7 +10,7 @@
 namespace dralo::tests {
 namespace {
 
-constexpr std::string_view kPeople = R"(
+constexpr std::string_view kPeopleInAGrid = R"(
     CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Member BOOLEAN);
     INSERT INTO T VALUES (5, 'Ann', 1), (6, NULL, 0))";
 
@@ -18,7 +18,7 @@ TEST(DataGrid, WritesOddAndEvenRowsWithIdsAndAlignments) {
   Rendering view;
   view.settings.DisplayHeader = false;
   view.settings.GridLinkIndex = -1;
-  const Records people(kPeople);
+  const Records people(kPeopleInAGrid);
 
   EXPECT_EQ(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
@@ -44,7 +44,7 @@ TEST(DataGrid, HasNoClassesWithoutCSS) {
   view.settings.UseCSS = false;
   view.settings.Tag = "left";
   view.settings.GridLinkIndex = 99;
-  const Records people(kPeople);
+  const Records people(kPeopleInAGrid);
 
   EXPECT_EQ(view.Grid(*people), Lines(R"(
       <tr id="drlleftrow_1">
@@ -64,8 +64,8 @@ TEST(DataGrid, HasNoClassesWithoutCSS) {
 
 TEST(DataGrid, HasTheSameIdsWithAHeaderAsWithoutOne) {
   Rendering view;
-  const Records with_header(kPeople);
-  const Records without_header(kPeople);
+  const Records with_header(kPeopleInAGrid);
+  const Records without_header(kPeopleInAGrid);
 
   const std::string whole = view.Grid(*with_header);
   view.settings.DisplayHeader = false;
@@ -78,7 +78,7 @@ TEST(DataGrid, CountsHiddenColumnsInIdsAndLists) {
   Rendering view = RowsOnly();
   view.settings.GridFieldsHide = "Name";
   view.settings.GridCellsNoBr = "3";
-  const Records people(kPeople);
+  const Records people(kPeopleInAGrid);
 
   EXPECT_EQ(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
@@ -239,7 +239,7 @@ TEST(DataGrid, ReportsATagWithAnUnknownFieldInEveryRowAndGoesOn) {
 
 TEST(DisplayedGridColumns, CountsTheShownColumnsAndTheIndex) {
   Rendering view;
-  const Records people(kPeople);
+  const Records people(kPeopleInAGrid);
   EXPECT_EQ(views::DisplayedGridColumns(view.settings, *people), 4);
 
   view.settings.GridFieldsShow = "Name,x,y";

@@ -30,18 +30,18 @@ Settings Editable(std::string_view keys) {
   return settings;
 }
 
-constexpr std::string_view kPeople = R"(
+constexpr std::string_view kPeopleWithKeys = R"(
     CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Born DATE);
     INSERT INTO T VALUES (5, 'Ann Lee', '2001-02-03'), (NULL, '', NULL))";
 
 TEST(PrimaryKeyValueList, HoldsTheEncodedTextsInTheOrderOfTheKeys) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   Settings settings = Editable("Name, ID ,born");
   EXPECT_EQ(KeyList(settings, *people), "Ann+Lee,5,2001%2D02%2D03");
 }
 
 TEST(PrimaryKeyValueList, IsEmptyWithoutKeys) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   for (const std::string_view keys : {"", "  "}) {
     Settings settings = Editable(keys);
     EXPECT_EQ(KeyList(settings, *people), "(none)");
@@ -50,7 +50,7 @@ TEST(PrimaryKeyValueList, IsEmptyWithoutKeys) {
 }
 
 TEST(PrimaryKeyValueList, IsEmptyWithoutAnEditStatement) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   Settings settings = Editable("ID");
   settings.EditSQL = " ";
   EXPECT_EQ(KeyList(settings, *people), "(none)");
@@ -66,7 +66,7 @@ TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
 }
 
 TEST(PrimaryKeyValueList, TakesNoCommandForAnEditStatement) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   Settings settings = Editable("ID");
   settings.has_stored_procedure = true;
   EXPECT_EQ(KeyList(settings, *people), "(none)");
@@ -76,7 +76,7 @@ TEST(PrimaryKeyValueList, TakesNoCommandForAnEditStatement) {
 }
 
 TEST(PrimaryKeyValueList, IsEmptyWhenItsOnlyValueIs) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   people->MoveNext();
   Settings id = Editable("ID");
   EXPECT_EQ(KeyList(id, *people), "(none)");
@@ -85,7 +85,7 @@ TEST(PrimaryKeyValueList, IsEmptyWhenItsOnlyValueIs) {
 }
 
 TEST(PrimaryKeyValueList, ReportsAKeyThatIsNoField) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   Settings settings = Editable("ID,Town");
   EXPECT_EQ(KeyList(settings, *people), "(none)");
   EXPECT_EQ(settings.ErrorMessage,
