@@ -29,6 +29,9 @@ function(dralo_folder name)
   target_link_libraries(dralo_${name} ${scope} ${ARGN})
   if(sources)
     target_link_libraries(dralo_${name} PRIVATE dralo_options)
+    # clang-tidy checks the sources as they are compiled together.
+    set_target_properties(dralo_${name} PROPERTIES
+                          UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
   endif()
 endfunction()
 
