@@ -57,7 +57,7 @@ TEST(PrimaryKeyValueList, IsEmptyWithoutAnEditStatement) {
 }
 
 TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
-  const Records people(kPeople);
+  const Records people(kPeopleWithKeys);
   Settings settings = Editable("ID");
   settings.EditSQL.clear();
   views::PrimaryKeyValueList list(settings, *people);
