@@ -29,8 +29,8 @@ COMPILED = ("src", "hosts", ".ninja_log", ".ninja_deps")
 
 
 def all_but_objects(folder, names):
-    """The rest may be configured anew by another test at this moment."""
-    return [name for name in names if not name.endswith((".o", ".a")) and not os.path.isdir(os.path.join(folder, name))]
+    """All but these and what they were compiled from: it may be configured anew by another test at this moment."""
+    return [name for name in names if not name.endswith((".o", ".a", ".cxx")) and not os.path.isdir(os.path.join(folder, name))]
 
 
 class Demo(unittest.TestCase):
