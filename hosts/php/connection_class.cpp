@@ -1,6 +1,7 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/property_rows.h"
+#include "hosts/php/statement_options.h"
 
 namespace dralo::php {
 namespace {
@@ -28,14 +29,18 @@ void Open(INTERNAL_FUNCTION_PARAMETERS) {
 void Execute(INTERNAL_FUNCTION_PARAMETERS) {
   zend_string* command_text;
   zval* records_affected = nullptr;
-  ZEND_PARSE_PARAMETERS_START(1, 2)
+  zend_long options = -1;
+  ZEND_PARSE_PARAMETERS_START(1, 3)
   Z_PARAM_STR(command_text)
   Z_PARAM_OPTIONAL
   Z_PARAM_ZVAL(records_affected)
+  Z_PARAM_LONG(options)
   ZEND_PARSE_PARAMETERS_END();
+  if (!AreStatementOptions(options, 3)) RETURN_THROWS();
   std::int64_t affected = -1;
   const bool executed = EnterCpp(Entry::kChanges, [&] {
-    const auto rows = NativeAs<Connection>(Z_OBJ_P(ZEND_THIS)).Execute(View(command_text), &affected);
+    auto& connection = NativeAs<Connection>(Z_OBJ_P(ZEND_THIS));
+    const auto rows = connection.Execute(View(command_text), &affected, static_cast<int>(options));
     PutObject(recordset_class, rows, return_value);
   });
   if (executed && records_affected != nullptr) ZEND_TRY_ASSIGN_REF_LONG(records_affected, affected);
@@ -56,6 +61,7 @@ ZEND_END_ARG_INFO()
 ZEND_BEGIN_ARG_WITH_RETURN_OBJ_INFO_EX(execute_arginfo, 0, 1, Dralo\\Recordset, 0)
 ZEND_ARG_TYPE_INFO(0, CommandText, IS_STRING, 0)
 ZEND_ARG_INFO_WITH_DEFAULT_VALUE(1, RecordsAffected, "null")
+ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, Options, IS_LONG, 0, "-1")
 ZEND_END_ARG_INFO()
 
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(close_arginfo, 0, 0, IS_VOID, 0)

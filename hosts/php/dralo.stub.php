@@ -352,8 +352,9 @@ final class Connection
     /**
      * Runs one statement. Returns its rows, or a closed recordset when it yields none.
      * @param int|null $RecordsAffected receives the number of rows changed, -1 when the database does not tell
+     * @param int $Options -1 unspecified, 1 a statement even if it looks like a table name
      */
-    public function Execute(string $CommandText, &$RecordsAffected = null): Recordset {}
+    public function Execute(string $CommandText, &$RecordsAffected = null, int $Options = -1): Recordset {}
 
     /** Gives the connection back; open recordsets on it are closed. */
     public function Close(): void {}
@@ -383,8 +384,9 @@ final class Recordset
      * @param Connection|null $ActiveConnection of a statement; a command has its own
      * @param int $CursorType 0 forward only, 1 keyset, 2 dynamic, 3 static; -1 unspecified
      * @param int $LockType 1 read-only, 2 pessimistic, 3 optimistic, 4 batch; -1 unspecified
+     * @param int $Options -1 unspecified, 1 a statement even if it looks like a table name
      */
-    public function Open(Command|string $Source, ?Connection $ActiveConnection = null, int $CursorType = 0, int $LockType = 1): void {}
+    public function Open(Command|string $Source, ?Connection $ActiveConnection = null, int $CursorType = 0, int $LockType = 1, int $Options = -1): void {}
 
     /** Goes to the next row. */
     public function MoveNext(): void {}

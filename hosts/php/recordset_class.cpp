@@ -1,6 +1,7 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/property_rows.h"
+#include "hosts/php/statement_options.h"
 
 namespace dralo::php {
 namespace {
@@ -26,12 +27,14 @@ void Open(INTERNAL_FUNCTION_PARAMETERS) {
   zend_object* connection = nullptr;
   zend_long cursor = static_cast<zend_long>(CursorType::kForwardOnly);
   zend_long lock = static_cast<zend_long>(LockType::kReadOnly);
-  ZEND_PARSE_PARAMETERS_START(1, 4)
+  zend_long options = -1;
+  ZEND_PARSE_PARAMETERS_START(1, 5)
   Z_PARAM_OBJ_OF_CLASS_OR_STR(command, command_class.entry, statement)
   Z_PARAM_OPTIONAL
   Z_PARAM_OBJ_OF_CLASS_OR_NULL(connection, connection_class.entry)
   Z_PARAM_LONG(cursor)
   Z_PARAM_LONG(lock)
+  Z_PARAM_LONG(options)
   ZEND_PARSE_PARAMETERS_END();
   if (command == nullptr && connection == nullptr) {
     zend_argument_value_error(2, "must be a connection when the source is a statement");
@@ -44,13 +47,15 @@ void Open(INTERNAL_FUNCTION_PARAMETERS) {
   }
   if (!IsBetween(CursorType::kUnspecified, CursorType::kStatic, cursor, 3)) RETURN_THROWS();
   if (!IsBetween(LockType::kUnspecified, LockType::kBatchOptimistic, lock, 4)) RETURN_THROWS();
+  if (!AreStatementOptions(options, 5)) RETURN_THROWS();
   EnterCpp(Entry::kChanges, [&] {
     auto& recordset = NativeAs<Recordset>(Z_OBJ_P(ZEND_THIS));
     const auto cursor_type = static_cast<CursorType>(cursor);
     const auto lock_type = static_cast<LockType>(lock);
-    if (command != nullptr) return recordset.Open(NativeAs<Command>(command), cursor_type, lock_type);
+    const auto known = static_cast<int>(options);
+    if (command != nullptr) return recordset.Open(NativeAs<Command>(command), cursor_type, lock_type, known);
     recordset.Open(View(statement), std::static_pointer_cast<Connection>(NativeOf(connection)), cursor_type,
-                   lock_type);
+                   lock_type, known);
   });
 }
 
@@ -66,6 +71,7 @@ ZEND_ARG_OBJ_TYPE_MASK(0, Source, Dralo\\Command, MAY_BE_STRING, NULL)
 ZEND_ARG_OBJ_INFO_WITH_DEFAULT_VALUE(0, ActiveConnection, Dralo\\Connection, 1, "null")
 ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, CursorType, IS_LONG, 0, "0")
 ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, LockType, IS_LONG, 0, "1")
+ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, Options, IS_LONG, 0, "-1")
 ZEND_END_ARG_INFO()
 
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(do_arginfo, 0, 0, IS_VOID, 0)

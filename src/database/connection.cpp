@@ -25,10 +25,10 @@ void Connection::Open(std::string_view connection_string, std::string_view user,
   session_ = std::move(session);
 }
 
-std::shared_ptr<platform::Recordset> Connection::Execute(std::string_view sql,
-                                                         std::int64_t* records_affected) {
+std::shared_ptr<platform::Recordset> Connection::Execute(std::string_view sql, std::int64_t* records_affected,
+                                                         int options) {
   auto recordset = std::make_shared<Recordset>(formatting_);
-  const std::int64_t affected = recordset->Run(shared_from_this(), sql);
+  const std::int64_t affected = recordset->Run(shared_from_this(), sql, options);
   if (records_affected) *records_affected = affected;
   return recordset;
 }

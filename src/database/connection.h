@@ -23,8 +23,8 @@ class Connection final : public platform::Connection, public std::enable_shared_
             int options = -1) override;
   const std::string& ConnectionString() const override { return connection_string_; }
   bool IsOpen() const override { return session_ != nullptr; }
-  std::shared_ptr<platform::Recordset> Execute(std::string_view sql,
-                                               std::int64_t* records_affected = nullptr) override;
+  std::shared_ptr<platform::Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
+                                               int options = -1) override;
   void Close() override;
 
   /// Throws platform::Error when the connection is closed or was opened by a parent process.

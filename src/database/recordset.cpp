@@ -44,22 +44,24 @@ void Recordset::SetCursorLocation(platform::CursorLocation location) {
 }
 
 void Recordset::Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
-                     platform::CursorType cursor, platform::LockType lock) {
+                     platform::CursorType cursor, platform::LockType lock, int options) {
   RequireClosed();
   auto ours = RequireConnection(connection);
-  const std::string text = StatementOf(ours->GetSession(), sql);
+  const std::string text = StatementOf(ours->GetSession(), sql, options);
   Start(std::move(ours), {text, {}, max_records_, AreUpdatable(location_, cursor, lock)});
 }
 
-void Recordset::Open(platform::Command& command, platform::CursorType cursor, platform::LockType lock) {
+void Recordset::Open(platform::Command& command, platform::CursorType cursor, platform::LockType lock,
+                     int options) {
   RequireClosed();
+  RequireKnown(options);
   auto ours = RequireConnection(command.active_connection);
   const std::string text = StatementOf(ours->GetSession(), command);
   Start(std::move(ours), {text, command.parameters, max_records_, AreUpdatable(location_, cursor, lock)});
 }
 
-std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_view sql) {
-  const std::string text = StatementOf(connection->GetSession(), sql);
+std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_view sql, int options) {
+  const std::string text = StatementOf(connection->GetSession(), sql, options);
   return Start(std::move(connection), {text, {}, max_records_});
 }
 

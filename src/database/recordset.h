@@ -36,9 +36,9 @@ class Recordset final : public platform::Recordset {
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { criteria_ = criteria; }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor = platform::CursorType::kForwardOnly,
-            platform::LockType lock = platform::LockType::kReadOnly) override;
+            platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
   void Open(platform::Command& command, platform::CursorType cursor = platform::CursorType::kForwardOnly,
-            platform::LockType lock = platform::LockType::kReadOnly) override;
+            platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
   bool IsOpen() const override { return position_ != Position::kClosed; }
   bool Eof() override;
   void MoveNext() override;
@@ -50,7 +50,7 @@ class Recordset final : public platform::Recordset {
   void Close() override;
 
   /// Opens read-only. Stays closed when the statement yields no rows. Returns the number of rows changed.
-  std::int64_t Run(std::shared_ptr<Connection> connection, std::string_view sql);
+  std::int64_t Run(std::shared_ptr<Connection> connection, std::string_view sql, int options);
 
   // What the fields show; `column` counts from 0 and is always below the number of fields.
   const Column& ColumnAt(std::size_t column) const { return (*columns_)[column]; }

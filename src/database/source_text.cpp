@@ -4,6 +4,7 @@
 #include <array>
 
 #include "database/ascii.h"
+#include "platform/error.h"
 
 namespace dralo::database {
 
@@ -30,7 +31,15 @@ std::string SelectAll(const Session& session, std::string_view table) {
   return "SELECT * FROM " + session.QuoteName(table);
 }
 
-std::string StatementOf(const Session& session, std::string_view source) {
+void RequireKnown(int options) {
+  if (options == kStatementOrTable || options == kStatement) return;
+  throw platform::Error(
+      "The options must be -1 or 1; a table or a stored procedure is run by a command of that type");
+}
+
+std::string StatementOf(const Session& session, std::string_view source, int options) {
+  RequireKnown(options);
+  if (options == kStatement) return std::string(source);
   const auto name = Trimmed(source);
   const auto dot = name.find('.');
   if (dot != name.npos && IsBareName(name.substr(0, dot)) && IsBareName(name.substr(dot + 1))) {

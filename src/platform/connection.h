@@ -27,9 +27,10 @@ class Connection : public Object {
 
   /// Runs one statement. Returns its rows, or a closed recordset when it yields none.
   /// `records_affected`, when given, receives the number of rows changed, or -1 when the database does not
-  /// tell.
-  virtual std::shared_ptr<Recordset> Execute(std::string_view sql,
-                                             std::int64_t* records_affected = nullptr) = 0;
+  /// tell. `options` is -1, or 1 when `sql` is a statement even if it looks like a table name; others are an
+  /// Error.
+  virtual std::shared_ptr<Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
+                                             int options = -1) = 0;
 
   /// Gives the connection back; open recordsets on it are closed. Closing a closed connection does nothing.
   virtual void Close() = 0;

@@ -44,14 +44,17 @@ class Recordset : public Object {
 
   /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
   /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the
-  /// columns come from one table that has a key. Throws Error when the statement does not run or the
+  /// columns come from one table that has a key. `options` is -1, or 1 when `sql` is a statement even if it
+  /// looks like a table name. Throws Error when the statement does not run, the options are others or the
   /// recordset is open already.
   virtual void Open(std::string_view sql, const std::shared_ptr<Connection>& connection,
-                    CursorType cursor = CursorType::kForwardOnly, LockType lock = LockType::kReadOnly) = 0;
+                    CursorType cursor = CursorType::kForwardOnly, LockType lock = LockType::kReadOnly,
+                    int options = -1) = 0;
 
-  /// Runs `command` on its active connection, with its parameters.
+  /// Runs `command` on its active connection, with its parameters. Its type says what its text is, so the two
+  /// `options` mean the same.
   virtual void Open(Command& command, CursorType cursor = CursorType::kForwardOnly,
-                    LockType lock = LockType::kReadOnly) = 0;
+                    LockType lock = LockType::kReadOnly, int options = -1) = 0;
 
   virtual bool IsOpen() const = 0;
 

@@ -1,3 +1,4 @@
+#include "data/commands.h"
 #include "data/databases.h"
 
 namespace dralo::tests {
@@ -103,6 +104,40 @@ TEST_P(Reading, MovesForwardOnly) {
 TEST_P(Reading, TakesABareTableNameAsTheWholeTable) {
   EXPECT_EQ(Rest(*Read(connection_, "Goods")).size(), 5u);
   EXPECT_EQ(Rest(*Read(connection_, "  Goods ")).size(), 5u);
+}
+
+TEST_P(Reading, TakesATableNameForAStatementWhenTheOptionsSaySo) {
+  const auto open = [&](std::string_view source, int options) {
+    auto recordset = database::MakeRecordset();
+    recordset->Open(source, connection_, platform::CursorType::kForwardOnly, platform::LockType::kReadOnly,
+                    options);
+    return Rest(*recordset);
+  };
+  EXPECT_EQ(open("Goods", -1).size(), 5u);
+  EXPECT_EQ(open("SELECT ID FROM Goods", 1).size(), 5u);
+  EXPECT_EQ(Rest(*connection_->Execute("Goods", nullptr, -1)).size(), 5u);
+  EXPECT_EQ(Rest(*connection_->Execute("SELECT ID FROM Goods", nullptr, 1)).size(), 5u);
+  EXPECT_THROW(open("Goods", 1), platform::Error);
+  EXPECT_THROW(connection_->Execute("Goods", nullptr, 1), platform::Error);
+}
+
+TEST_P(Reading, RefusesOtherOptionsBeforeAnythingRuns) {
+  const auto command = MakeCommand(connection_, "DELETE FROM Goods");
+  for (const int options : {-2, 0, 2, 4, 8, 128, 129}) {
+    const auto recordset = database::MakeRecordset();
+    const auto open = [&](auto&&... source) {
+      recordset->Open(source..., platform::CursorType::kForwardOnly, platform::LockType::kReadOnly, options);
+    };
+    for (const std::string& message :
+         {MessageOf([&] { open("DELETE FROM Goods", connection_); }), MessageOf([&] { open(*command); }),
+          MessageOf([&] { connection_->Execute("DELETE FROM Goods", nullptr, options); })}) {
+      EXPECT_EQ(
+          message,
+          "The options must be -1 or 1; a table or a stored procedure is run by a command of that type");
+    }
+    EXPECT_FALSE(recordset->IsOpen());
+  }
+  EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"5"});
 }
 
 TEST_P(Reading, RunsSeveralRecordsetsSideBySide) {

@@ -29,6 +29,24 @@ try_it(fn() => $rows->Open($command, $command->ActiveConnection));
 try_it(fn() => $rows->Open('SELECT 1'));
 try_it(fn() => $rows->Open('SELECT 1', $command->ActiveConnection, 4));
 try_it(fn() => $rows->Open('SELECT 1', $command->ActiveConnection, 0, 5));
+foreach ([0, 2, 129, PHP_INT_MAX, (1 << 32) + 1] as $options) {
+    try_it(fn() => $rows->Open('SELECT 1', $command->ActiveConnection, 0, 1, $options));
+    try_it(fn() => $rows->Open($command, null, 0, 1, $options));
+    try_it(fn() => $command->ActiveConnection->Execute('DELETE FROM Customers', $none, $options));
+}
+foreach ([-1, 1] as $options) {
+    $rows->Close();
+    $rows->Open($command, null, 0, 1, $options);
+    echo $rows->Fields[0]->Value, "\n";
+    $rows->Close();
+    $rows->Open('SELECT COUNT(*) FROM Customers', $command->ActiveConnection, 0, 1, $options);
+    echo $rows->Fields[0]->Value, ' ';
+    echo $command->ActiveConnection->Execute('SELECT 7', $none, $options)->Fields[0]->Value, "\n";
+}
+echo $command->ActiveConnection->Execute('Customers', $none, -1)->Fields['Name']->Value, "\n";
+try_it(fn() => $command->ActiveConnection->Execute('Customers', $none, 1));
+$rows->Close();
+try_it(fn() => $rows->Open('Customers', $command->ActiveConnection, Options: 1));
 try_it(fn() => $rows->Open($command->ActiveConnection));
 try_it(fn() => (new Dralo\Recordset())->Open(new Dralo\Command()));
 ?>
@@ -52,5 +70,27 @@ ValueError: Dralo\Recordset::Open(): Argument #2 ($ActiveConnection) must be nul
 ValueError: Dralo\Recordset::Open(): Argument #2 ($ActiveConnection) must be a connection when the source is a statement
 ValueError: Dralo\Recordset::Open(): Argument #3 ($CursorType) must be between -1 and 3
 ValueError: Dralo\Recordset::Open(): Argument #4 ($LockType) must be between -1 and 4
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Connection::Execute(): Argument #3 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Connection::Execute(): Argument #3 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Connection::Execute(): Argument #3 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Connection::Execute(): Argument #3 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Recordset::Open(): Argument #5 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+ValueError: Dralo\Connection::Execute(): Argument #3 ($Options) must be -1 or 1; a table or a stored procedure is run by a command
+Cid & "Co"
+3 7
+Cid & "Co"
+3 7
+Ann
+Dralo\Exception: near "Customers": syntax error
+Dralo\Exception: near "Customers": syntax error
 TypeError: Dralo\Recordset::Open(): Argument #1 ($Source) must be of type Dralo\Command|string, Dralo\Connection given
 Dralo\Exception: The recordset has no connection

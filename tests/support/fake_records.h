@@ -72,8 +72,8 @@ class FakeRecords : public platform::Recordset {
   platform::CursorLocation Location() const override { return platform::CursorLocation::kServer; }
   void SetUpdateCriteria(platform::UpdateCriteria) override {}
   void Open(std::string_view, const std::shared_ptr<platform::Connection>&, platform::CursorType,
-            platform::LockType) override {}
-  void Open(platform::Command&, platform::CursorType, platform::LockType) override {}
+            platform::LockType, int) override {}
+  void Open(platform::Command&, platform::CursorType, platform::LockType, int) override {}
   void AddNew() override {}
   void Update() override {}
   void CancelUpdate() override {}

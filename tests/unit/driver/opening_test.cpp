@@ -32,10 +32,10 @@ class NotingRecords : public tests::FakeRecords {
   void SetMaxRecords(std::int64_t rows) override { calls_.push_back("at most " + std::to_string(rows)); }
   void Move(std::int64_t rows) override { calls_.push_back("move " + std::to_string(rows)); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>&, CursorType cursor,
-            LockType lock) override {
+            LockType lock, int /*options*/) override {
     Note("open " + std::string(sql), cursor, lock);
   }
-  void Open(platform::Command& command, CursorType cursor, LockType lock) override {
+  void Open(platform::Command& command, CursorType cursor, LockType lock, int /*options*/) override {
     Note("run " + command.command_text, cursor, lock);
   }
   void Close() override { calls_.emplace_back("close"); }

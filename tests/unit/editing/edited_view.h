@@ -68,7 +68,7 @@ class OpenedRecords final : public FakeRecords {
   void SetMaxRecords(std::int64_t rows) override { max_records = rows; }
   void SetCursorLocation(platform::CursorLocation at) override { location = at; }
   void Open(std::string_view statement, const std::shared_ptr<platform::Connection>&,
-            platform::CursorType cursor_type, platform::LockType lock_type) override {
+            platform::CursorType cursor_type, platform::LockType lock_type, int /*options*/) override {
     sql = statement;
     cursor = cursor_type;
     lock = lock_type;

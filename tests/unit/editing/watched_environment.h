@@ -28,13 +28,14 @@ class WatchedRecordset final : public platform::Recordset {
   platform::CursorLocation Location() const override { return inner_->Location(); }
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { inner_->SetUpdateCriteria(criteria); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
-            platform::CursorType cursor, platform::LockType lock) override {
+            platform::CursorType cursor, platform::LockType lock, int options) override {
     watch_("Open");
-    inner_->Open(sql, connection, cursor, lock);
+    inner_->Open(sql, connection, cursor, lock, options);
   }
-  void Open(platform::Command& command, platform::CursorType cursor, platform::LockType lock) override {
+  void Open(platform::Command& command, platform::CursorType cursor, platform::LockType lock,
+            int options) override {
     watch_("Open");
-    inner_->Open(command, cursor, lock);
+    inner_->Open(command, cursor, lock, options);
   }
   bool IsOpen() const override { return inner_->IsOpen(); }
   bool Eof() override {
