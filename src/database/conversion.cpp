@@ -148,10 +148,7 @@ std::int64_t CountCharacters(std::string_view text) {
 struct ToText {
   std::optional<std::string> operator()(std::string_view text) const { return std::string(text); }
   std::optional<std::string> operator()(bool flag) const { return flag ? "True" : "False"; }
-  std::optional<std::string> operator()(const DateTime& time) const {
-    if (time.HasZeroDate()) return TimeText(time);
-    return time.IsMidnight() ? DateText(time) : DateTimeText(time);
-  }
+  std::optional<std::string> operator()(const DateTime& time) const { return PlainText(time); }
   std::optional<std::string> operator()(Null) const { return std::nullopt; }
   std::optional<std::string> operator()(BytesView) const { return std::nullopt; }
   template <class Number>

@@ -115,6 +115,12 @@ std::string TimeText(const DateTime& time) {
 
 std::string DateTimeText(const DateTime& time) { return DateText(time) + ' ' + TimeText(time); }
 
+std::string PlainText(const DateTime& time) {
+  if (time.HasZeroDate()) return TimeText(time);
+  const bool is_date = time.IsMidnight() && time.nanosecond == 0;
+  return is_date ? DateText(time) : DateTimeText(time);
+}
+
 std::string StoredText(const platform::DateTime& time, TimeParts parts) {
   switch (parts) {
     case TimeParts::kDate:

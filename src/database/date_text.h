@@ -24,6 +24,9 @@ std::string TimeText(const platform::DateTime& time);
 /// Both with a blank between.
 std::string DateTimeText(const platform::DateTime& time);
 
+/// The shortest of these that loses nothing: a time of day on the zero date, a date at midnight.
+std::string PlainText(const platform::DateTime& time);
+
 /// The one of these that a column with `parts` keeps.
 std::string StoredText(const platform::DateTime& time, TimeParts parts);
 

@@ -27,6 +27,14 @@ for ($rows = $connection->Execute('SELECT * FROM Kinds ORDER BY ID'); !$rows->EO
 foreach ([[], new stdClass(), fopen('php://memory', 'r'), new DateTime('0000-12-31'), (new DateTime())->setDate(10000, 1, 1)] as $value) {
     try_it(function () use ($set, $value) { $set->Parameters[0] = $value; });
 }
+$text = new Dralo\Recordset();
+$text->CursorLocation = 3;
+$text->Open('SELECT ID, S FROM Kinds WHERE ID = 3', $connection, 1, 3);
+foreach (['2024-02-29 00:00:00.5', '2024-02-29', '2024-02-29 13:14:15.000001'] as $time) {
+    $text->Fields['S']->Value = new DateTime($time);
+    $text->Update();
+    echo $connection->Execute('SELECT S FROM Kinds WHERE ID = 3')->Fields[0]->Value, "\n";
+}
 ?>
 --EXPECT--
 ID int 1
@@ -64,3 +72,6 @@ TypeError: A database value must be null, bool, int, float, string or DateTimeIn
 TypeError: A database value must be null, bool, int, float, string or DateTimeInterface, resource given
 ValueError: A date must be in the years 1 to 9999
 ValueError: A date must be in the years 1 to 9999
+2024-02-29 00:00:00.5
+2024-02-29
+2024-02-29 13:14:15.000001

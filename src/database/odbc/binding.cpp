@@ -69,8 +69,7 @@ struct Binder {
   }
 
   SQLRETURN PutIsoText(const platform::DateTime& time) const {
-    const bool is_date = time.IsMidnight() && time.nanosecond == 0;
-    slot.bytes = time.HasZeroDate() ? TimeText(time) : is_date ? DateText(time) : DateTimeText(time);
+    slot.bytes = PlainText(time);
     return PutBytes(SQL_C_CHAR, SQL_VARCHAR, 0);
   }
 

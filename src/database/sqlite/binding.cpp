@@ -14,12 +14,6 @@ namespace {
 
 using platform::DateTime;
 
-std::string IsoText(const DateTime& time) {
-  if (time.HasZeroDate()) return TimeText(time);
-  const bool is_date = time.IsMidnight() && time.nanosecond == 0;
-  return is_date ? DateText(time) : DateTimeText(time);
-}
-
 std::optional<std::int64_t> ExactInteger(const std::string& decimal) {
   std::int64_t number = 0;
   const char* const end = decimal.data() + decimal.size();
@@ -57,7 +51,7 @@ struct Binder {
                                SQLITE_STATIC);
   }
   int operator()(const DateTime& time) const {
-    const std::string text = IsoText(time);
+    const std::string text = PlainText(time);
     return sqlite3_bind_text64(statement, index, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
   }
 };

@@ -127,6 +127,10 @@ TEST(Conversion, MakesText) {
   EXPECT_EQ(Converted(TypeCode::kVarWideChar, 0.5), "'0.5'");
   EXPECT_EQ(Converted(TypeCode::kVarWideChar, false), "'False'");
   EXPECT_EQ(Converted(TypeCode::kVarWideChar, DateTime{2024, 2, 3}), "'2024-02-03'");
+  EXPECT_EQ(Converted(TypeCode::kLongVarWideChar, DateTime{2024, 2, 3, 0, 0, 0, 500'000'000}),
+            "'2024-02-03 00:00:00.5'");
+  EXPECT_EQ(Converted(TypeCode::kLongVarWideChar, DateTime{1899, 12, 30, 0, 0, 0, 1}),
+            "'00:00:00.000000001'");
   EXPECT_EQ(Converted(TypeCode::kGuid, DateTime{2024, 2, 3, 4, 5, 6}), "'2024-02-03 04:05:06'");
   EXPECT_EQ(Converted(TypeCode::kVarWideChar, Bytes{1}), "is not text");
 }
