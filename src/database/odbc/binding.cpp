@@ -60,7 +60,9 @@ struct Binder {
     if (link.GetDialect() == Dialect::kSqlite) return PutIsoText(time);
     if (time.HasZeroDate()) {
       slot.bytes = TimeText(time);
-      return PutBytes(SQL_C_CHAR, SQL_TYPE_TIME, 6);
+      // MariaDB's driver refuses a time with a fraction, which the database takes as a text as well.
+      const bool is_text = link.GetDialect() == Dialect::kMariaDb;
+      return PutBytes(SQL_C_CHAR, is_text ? SQL_VARCHAR : SQL_TYPE_TIME, 6);
     }
     slot.time = {
         time.year, time.month, time.day, time.hour, time.minute, time.second, time.nanosecond / 1000 * 1000};

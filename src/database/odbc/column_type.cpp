@@ -93,6 +93,12 @@ void CorrectSqlite(Kind& kind, const DriverType& type) {
 
 bool IsText(TypeCode type) { return type == TypeCode::kWideChar || type == TypeCode::kVarWideChar; }
 
+/// Of the texts of other types PostgreSQL's driver makes a size up: four characters for eight bits.
+bool HasMadeUpSize(const DriverType& type, Dialect dialect) {
+  constexpr std::string_view kSized[] = {"varchar", "bpchar", "char", "name"};
+  return dialect == Dialect::kPostgreSql && std::ranges::find(kSized, type.name) == std::end(kSized);
+}
+
 std::int64_t DefinedSize(TypeCode type, SQLULEN size) {
   const bool is_sized = IsText(type) || type == TypeCode::kBinary || type == TypeCode::kVarBinary;
   return is_sized && size < kMaxDeclaredSize ? static_cast<std::int64_t>(size) : 0;
@@ -144,7 +150,7 @@ Reader SetType(Column& column, const DriverType& type, Dialect dialect, bool spe
     kind.type = TypeCode::kLongVarWideChar;
   column.type = kind.type;
   column.has_declared_type = true;
-  column.defined_size = DefinedSize(kind.type, type.size);
+  column.defined_size = HasMadeUpSize(type, dialect) ? 0 : DefinedSize(kind.type, type.size);
   if (kind.type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
   if (kind.type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;
   if (dialect == Dialect::kSqlite && kind.type == TypeCode::kInteger) column.holds_64_bits = true;

@@ -44,14 +44,16 @@ bool IsNullable(const Link& link, SQLHSTMT statement, SQLUSMALLINT number, const
 }
 
 bool IsUnsigned(const Link& link, SQLHSTMT statement, SQLUSMALLINT number, SQLSMALLINT type) {
-  return IsInteger(type) && link.GetDialect() != Dialect::kPostgreSql &&
-         link.GetDialect() != Dialect::kSqlite &&
-         NumberAttribute(statement, number, SQL_DESC_UNSIGNED) == SQL_TRUE;
+  const bool is_told =
+      link.GetDialect() == Dialect::kPostgreSql ? type == SQL_INTEGER : link.GetDialect() != Dialect::kSqlite;
+  return is_told && IsInteger(type) && NumberAttribute(statement, number, SQL_DESC_UNSIGNED) == SQL_TRUE;
 }
 
 std::string TypeName(const Link& link, SQLHSTMT statement, SQLUSMALLINT number, SQLSMALLINT type) {
-  const bool is_needed = link.GetDialect() == Dialect::kSqlite ||
-                         (link.GetDialect() == Dialect::kPostgreSql && type == SQL_FLOAT);
+  const bool is_told_apart = type == SQL_FLOAT || type == SQL_CHAR || type == SQL_VARCHAR ||
+                             type == SQL_WCHAR || type == SQL_WVARCHAR;
+  const bool is_needed =
+      link.GetDialect() == Dialect::kSqlite || (link.GetDialect() == Dialect::kPostgreSql && is_told_apart);
   return is_needed ? TextAttribute(link, statement, number, SQL_DESC_TYPE_NAME) : std::string{};
 }
 

@@ -87,7 +87,8 @@ std::string Session::ProcedureCall(std::string_view name, std::size_t parameters
 }
 
 std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
-  return was_null ? quoted_column + " IS NULL" : SameValue(link_->GetDialect(), column, quoted_column);
+  return was_null ? NoValue(link_->GetDialect(), column, quoted_column)
+                  : SameValue(link_->GetDialect(), column, quoted_column);
 }
 
 Variant Session::Stored(const Column& column, const Variant& value) const {
