@@ -22,7 +22,7 @@ constexpr std::string_view kRecords = R"(
     INSERT INTO T VALUES(2, -9223372036854775808, NULL, NULL, 1e300, '0.10', '-0.0', 0, '1899-12-30',
       '2024-05-03 00:00:00', '00:00:00', char(10, 9, 13) || '<b>"', '        ', char(13, 10, 13, 10) || 'b' ||
       char(9, 10, 10, 13) || '</textarea><script>alert(1)</script>', NULL, '');
-    INSERT INTO T VALUES(3, 0, 0, 0, -0.0, '00012.30', '.5', NULL, 'no date', 1714745109, 'no time',
+    INSERT INTO T VALUES(3, 0, 0, 0, -0.0, '00012.30', '.5', 0, 'no date', 1714745109, 'no time',
       char(128512) || ' &#65; &#x41 &notit; &not', char(65533), '&lt;/textarea&gt;&quot;&amp;amp; ?a=1&copy=2', x'', NULL);
     INSERT INTO T VALUES(4, NULL, NULL, NULL, NULL, NULL, NULL, 0, NULL, NULL, NULL, '', NULL, NULL, NULL, NULL);
     INSERT INTO T VALUES(5, 1, 1, 1, 'many', 'few', 'none', 'yes', '', '', '', CAST(x'41FFC3' AS TEXT),
