@@ -142,9 +142,9 @@ std::string Decoded(std::string_view rest, bool in_attribute) {
 }
 
 /// Reads control by control what would be posted.
-class Reader {
+class FormReader {
  public:
-  explicit Reader(std::string_view button) : button_(button) {}
+  explicit FormReader(std::string_view button) : button_(button) {}
 
   void Read(const Element& element) {
     if (element.Is("option")) return ReadOption(element);
@@ -204,7 +204,7 @@ std::string AsReadByBrowser(std::string_view page) {
 
 std::vector<platform::RequestField> PostedByBrowser(std::string_view page, std::string_view button) {
   const std::string html = AsReadByBrowser(page);
-  Reader reader(button);
+  FormReader reader(button);
   for (const Element& element : Elements(html)) reader.Read(element);
   return std::move(reader.fields);
 }

@@ -23,7 +23,7 @@ std::span<const Element> FormOf(std::span<const Element> elements, std::string_v
 }
 
 /// Reads element by element and remembers what it stands in.
-class Reader {
+class ViewReader {
  public:
   void Read(const Element& element) {
     ReadControl(element);
@@ -123,7 +123,7 @@ ShownView::Fields ShownView::Choose(const Control& select, std::string_view opti
 
 ShownView ReadView(std::string_view html, std::string_view tag) {
   const std::vector<Element> elements = Elements(html);
-  Reader reader;
+  ViewReader reader;
   for (const Element& element : FormOf(elements, tag)) reader.Read(element);
   return reader.view;
 }

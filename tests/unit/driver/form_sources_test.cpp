@@ -9,13 +9,13 @@
 namespace dralo::driver {
 namespace {
 
-constexpr char kCustomers[] =
+constexpr char kFewCustomers[] =
     "CREATE TABLE Customers(ID INTEGER PRIMARY KEY, Name VARCHAR(40) NOT NULL);"
     "INSERT INTO Customers VALUES(1,'Ada'),(2,'Bo'),(3,'Cy'),(4,'Di')";
 constexpr char kEditSql[] = "SELECT ID, Name FROM Customers";
 
 struct FormSources : ::testing::Test {
-  tests::ViewPage shop{kCustomers};
+  tests::ViewPage shop{kFewCustomers};
   std::string body;
 
   FormSources() {

@@ -12,7 +12,7 @@
 namespace dralo::tests {
 namespace {
 
-constexpr char kTable[] =
+constexpr char kTruths[] =
     "CREATE TABLE T(ID INTEGER PRIMARY KEY, Name VARCHAR(20) NOT NULL, Active BOOLEAN NOT NULL);"
     "INSERT INTO T VALUES(1,'Ada',1),(2,'Bo',0);"
     "CREATE TABLE Changes(N); CREATE TRIGGER Noted AFTER UPDATE ON T BEGIN INSERT INTO Changes VALUES(1); "
@@ -22,7 +22,7 @@ constexpr char kTable[] =
 /// A German page with the records of a table of booleans.
 struct GermanPage {
   host::Environment environment{"de-DE"};
-  TemporaryDatabase database{kTable};
+  TemporaryDatabase database{kTruths};
 
   std::string Body(std::string_view query, std::string_view form, auto&& configure) {
     host::Page page("/p", query, form);
@@ -87,7 +87,7 @@ TEST(RegionalBooleans, AreOfferedAndChosenInListsByTheirText) {
 
 TEST(RegionalBooleans, AreKeysWhateverTheLanguage) {
   host::Environment german("de-DE");
-  EditedView view(kTable, german);
+  EditedView view(kTruths, german);
   const auto key = [&](std::string_view statement) {
     return view.Rendered([&](shell::Render& render) { return editing::GetNewPKValue(render, statement); });
   };
