@@ -92,12 +92,19 @@ async function freshDatabase(statements) {
 }
 
 export async function freePort() {
-  const probe = createServer().listen(0, "127.0.0.1");
-  await once(probe, "listening");
-  const { port } = probe.address();
-  probe.close();
-  await once(probe, "close");
-  return port;
+  // Below those that the system gives to clients: none of them takes it before the server does.
+  for (;;) {
+    const port = 10_000 + Math.floor(Math.random() * 22_000);
+    const probe = createServer().listen(port, "127.0.0.1");
+    try {
+      await once(probe, "listening");
+    } catch {
+      continue;
+    }
+    probe.close();
+    await once(probe, "close");
+    return port;
+  }
 }
 
 async function answers(url) {
@@ -125,7 +132,7 @@ async function startServer(pages, environment) {
     await ended;
   };
 
-  const last = Date.now() + 15_000;
+  const last = Date.now() + 120_000;
   while (!(await answers(`${url}/gfx/nextpg.gif`))) {
     if (server.exitCode !== null || Date.now() > last) {
       await stop();
@@ -155,7 +162,7 @@ function serverTest(name, visitor, start, body) {
     const { server, ...given } = await start();
     const context = await (await theBrowser()).newContext({ ...visitor, baseURL: server.url });
     try {
-      context.setDefaultTimeout(10_000);
+      context.setDefaultTimeout(60_000);
       const page = await context.newPage();
       await body({ page, url: server.url, ...given, troubles: watch(page) });
     } catch (error) {

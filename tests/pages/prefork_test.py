@@ -68,10 +68,10 @@ class AForkedWorker(unittest.TestCase):
 
     def stop(self):
         self.server.terminate()
-        self.server.wait(timeout=20)
+        self.server.wait(timeout=120)
 
     def wait_for(self, file):
-        deadline = time.monotonic() + 20
+        deadline = time.monotonic() + 120
         while not file.exists():
             if time.monotonic() > deadline or self.server.poll() is not None:
                 self.fail((self.folder / "fpm.log").read_text())

@@ -6,12 +6,16 @@ import shutil
 import socket
 import sqlite3
 import subprocess
+import sys
 import tempfile
 import time
 
 import fastcgi
 
 HERE = pathlib.Path(__file__).parent
+sys.path.append(str(HERE.parent / "support"))
+
+from database_servers import free_port  # noqa: E402
 
 
 class Server:
@@ -41,12 +45,12 @@ class Server:
 
     def __exit__(self, *_):
         self.process.terminate()
-        self.process.wait(timeout=20)
+        self.process.wait(timeout=120)
         self.log.close()
         shutil.rmtree(self.folder)
 
     def wait_until_ready(self):
-        for _ in range(200):
+        for _ in range(2000):
             try:
                 self.get("well")
                 return
@@ -90,9 +94,7 @@ class BuiltInServer(Server):
     """php -S with one process."""
 
     def command(self):
-        with socket.socket() as probe:
-            probe.bind(("127.0.0.1", 0))
-            self.port = probe.getsockname()[1]
+        self.port = free_port()
         return [self.program, *self.options, "-S", f"127.0.0.1:{self.port}", "-t", str(self.folder)]
 
     def start(self, query, body=b""):

@@ -18,6 +18,7 @@ import ctypes
 import os
 import pathlib
 import pwd
+import random
 import select
 import shutil
 import signal
@@ -29,7 +30,7 @@ import time
 
 USER = "dralo"
 PASSWORD = "hush;4711"
-PATIENCE_S = 60
+PATIENCE_S = 120
 PR_SET_PDEATHSIG = 1
 LIBC = ctypes.CDLL(None, use_errno=True)
 
@@ -165,9 +166,12 @@ KINDS = {"postgresql": PostgreSql, "mariadb": MariaDb}
 
 
 def free_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
+    """Not one of those that the system gives to clients: one of them could take it while its server is away."""
+    first_of_clients = int(pathlib.Path("/proc/sys/net/ipv4/ip_local_port_range").read_text().split()[0])
+    while True:
+        with contextlib.suppress(OSError), socket.socket() as probe:
+            probe.bind(("127.0.0.1", random.randrange(10_000, max(first_of_clients, 20_000))))
+            return probe.getsockname()[1]
 
 
 @contextlib.contextmanager
