@@ -8,15 +8,15 @@ import subprocess
 # Takes time and serves no program.
 UNREAD = ("/usr/share/doc/", "/usr/share/man/", "/usr/share/locale/", "/usr/share/info/")
 INSIDE = {"PATH": "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin", "HOME": "/root", "LANG": "C.UTF-8"}
-ENTER = """
+# Of the devices only single files: whatever happens to this folder, the machine keeps its own.
+DEVICES = ("/dev/null", "/dev/zero", "/dev/random", "/dev/urandom")
+ENTER = f"""
 set -e
-root=$1 shared=$2 own=$3; shift 3
-mkdir -p "$root$shared"
+root=$1 folder=$2; shift 2
 ldconfig -r "$root"
-for kernel in /proc /dev; do mount --rbind "$kernel" "$root$kernel"; done
-mount --bind "$shared" "$root$shared"
-mount --bind "$own" "$root$shared/build"
-exec chroot "$root" sh -c 'cd "$1" && shift && exec "$@"' sh "$shared" "$@"
+mount --rbind /proc "$root/proc"
+for device in {' '.join(DEVICES)}; do mount --bind "$device" "$root$device"; done
+exec chroot "$root" sh -c 'cd "$1" && shift && exec "$@"' sh "$folder" "$@"
 """
 
 
@@ -36,6 +36,9 @@ class BareSystem:
         self.put_alternatives()
         for path in ("/etc/passwd", "/etc/group"):
             self.put(path)
+        for device in DEVICES:
+            self.inside(device).touch()
+        (root / "dev/fd").symlink_to("/proc/self/fd")
         (root / "var/lib/dpkg/status").write_text("".join(package.stanza + "\n\n" for package in packages))
 
     def inside(self, path):
@@ -67,9 +70,18 @@ class BareSystem:
                     self.put(choice)
                     self.put(entry.path)
 
-    def start(self, command, project, build):
-        """Runs the command in the folder of the project, which is seen as it is but for its folder "build"."""
-        account = [] if os.geteuid() == 0 else ["--user", "--map-root-user"]
-        return subprocess.Popen(["unshare", *account, "--mount", "sh", "-c", ENTER, "sh", self.root, project, build, *command],
-                                env=INSIDE, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                                text=True)
+    def start(self, command, folder):
+        """Runs the command in a folder of this system. What it needs mounted is gone when it has ended."""
+        apart = ["unshare", *([] if os.geteuid() == 0 else ["--user", "--map-root-user"]), "--mount"]
+        if subprocess.run([*apart, "true"], stderr=subprocess.DEVNULL).returncode != 0:
+            # In a chroot, whose root is no mount of its own.
+            apart += ["--propagation", "unchanged"]
+        return subprocess.Popen([*apart, "sh", "-c", ENTER, "sh", self.root, folder, *command], env=INSIDE,
+                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+
+    def remove(self):
+        """First what may have stayed mounted, where mounts of one system are seen by all."""
+        for path in ("/proc", *DEVICES):
+            if os.path.ismount(self.inside(path)):
+                subprocess.run(["umount", "--lazy", self.inside(path)], check=True)
+        shutil.rmtree(self.root)

@@ -38,14 +38,15 @@ class Demo(unittest.TestCase):
 
     def setUp(self):
         """In the build folder: what lies there can be linked to the files of most machines, and is copied in no time."""
-        folder = pathlib.Path(tempfile.mkdtemp(prefix="bare-", dir=self.compiled))
-        self.addCleanup(shutil.rmtree, folder)
+        root = pathlib.Path(tempfile.mkdtemp(prefix="bare-", dir=self.compiled))
         listed = subprocess.run([PROJECT / "tools/setup", "list"], capture_output=True, text=True, check=True)
         installed = InstalledPackages()
         packages = installed.with_all_they_need(installed.bare() + listed.stdout.split())
-        self.system = BareSystem(folder / "root", packages)
-        self.build = folder / "build"
-        self.copy_compiled(self.build / "release")
+        self.system = BareSystem(root, packages)
+        self.addCleanup(self.system.remove)
+        self.clone = self.system.inside(str(PROJECT))
+        shutil.copytree(PROJECT, self.clone, symlinks=True, ignore=shutil.ignore_patterns(".git", "build", "node_modules"))
+        self.copy_compiled(self.clone / "build/release")
 
     def copy_compiled(self, release):
         release.mkdir(parents=True)
@@ -64,7 +65,7 @@ class Demo(unittest.TestCase):
 
     def start(self):
         port = free_port()
-        demo = self.system.start(["./demo", str(port)], PROJECT, self.build)
+        demo = self.system.start(["./demo", str(port)], PROJECT)
         self.addCleanup(self.end, demo)
         said = ""
         for line in demo.stdout:
@@ -84,7 +85,7 @@ class Demo(unittest.TestCase):
         _, port = self.start()
         with urllib.request.urlopen(f"http://127.0.0.1:{port}/customers.php", timeout=60) as page:
             self.assertIn(b'id="drl1row_1"', page.read())
-        self.assertTrue(os.path.exists(self.build / "release/dralo.so"))
+        self.assertTrue((self.clone / "build/release/dralo.so").exists())
 
 
 if __name__ == "__main__":
