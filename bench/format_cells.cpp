@@ -66,6 +66,8 @@ const Sample kDecimal(TypeCode::kDecimal,
 const Sample kDate{TypeCode::kDate,
                    {dralo::platform::DateTime{2024, 5, 3, 14, 7, 9, 0},
                     dralo::platform::DateTime{1999, 12, 31, 0, 0, 0, 0}}};
+const Sample kLatin{TypeCode::kVarWideChar, {"The quick brown fox jumps over the lazy dog", "OSLO"}};
+const Sample kGreek{TypeCode::kVarWideChar, {"Ξεσκεπάζω την ψυχοφθόρα βδελυγμία", "ΑΘΉΝΑ"}};
 
 BENCHMARK_CAPTURE(FormatCells, number_of_integer, "FORMATNUMBER,2", kWhole);
 BENCHMARK_CAPTURE(FormatCells, number_of_double, "FORMATNUMBER,2", kDouble);
@@ -76,6 +78,8 @@ BENCHMARK_CAPTURE(FormatCells, long_date, "FORMATDATETIME,1", kDate);
 BENCHMARK_CAPTURE(FormatCells, short_time, "FORMATDATETIME,4", kDate);
 BENCHMARK_CAPTURE(FormatCells, date_pattern, "FORMAT,yyyy-mm-dd hh:nn", kDate);
 BENCHMARK_CAPTURE(FormatCells, number_pattern, "FORMAT,0.00;(0.00)", kDecimal);
+BENCHMARK_CAPTURE(FormatCells, capitals_of_latin, "UCASE", kLatin);
+BENCHMARK_CAPTURE(FormatCells, capitals_of_greek, "UCASE", kGreek);
 
 }  // namespace
 

@@ -69,15 +69,19 @@ CellFunction Mid(const FormatArguments& arguments) {
   };
 }
 
-CellFunction UpperCase(const FormatArguments& /*arguments*/) {
-  return
-      [](FormatInput& input, std::string& to) { return std::string_view(to = util::ToUpper(input.Text())); };
+/// Into the same memory for every cell.
+template <void (*Append)(std::string&, std::string_view)>
+CellFunction InCase() {
+  return [](FormatInput& input, std::string& to) {
+    to.clear();
+    Append(to, input.Text());
+    return std::string_view(to);
+  };
 }
 
-CellFunction LowerCase(const FormatArguments& /*arguments*/) {
-  return
-      [](FormatInput& input, std::string& to) { return std::string_view(to = util::ToLower(input.Text())); };
-}
+CellFunction UpperCase(const FormatArguments& /*arguments*/) { return InCase<util::AppendUpper>(); }
+
+CellFunction LowerCase(const FormatArguments& /*arguments*/) { return InCase<util::AppendLower>(); }
 
 CellFunction InitCaps(const FormatArguments& /*arguments*/) {
   return [](FormatInput& input, std::string& to) {

@@ -41,9 +41,8 @@ void AppendLetter(std::string& text, UChar32 letter) {
 }
 
 template <UChar32 (*Convert)(UChar32), char (*ConvertAscii)(char)>
-std::string Converted(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
+void AppendInCase(std::string& result, std::string_view text) {
+  result.reserve(result.size() + text.size());
   for (std::size_t at = 0; at < text.size();) {
     if (IsAscii(text[at])) {
       result += ConvertAscii(text[at++]);
@@ -58,7 +57,6 @@ std::string Converted(std::string_view text) {
     }
     at += character.bytes.size();
   }
-  return result;
 }
 
 /// Takes the first character off `rest`, which is not empty. Returns its capital; for a byte that is no UTF-8
@@ -76,9 +74,21 @@ UChar32 TakeCapital(std::string_view& rest) {
 
 }  // namespace
 
-std::string ToUpper(std::string_view text) { return Converted<u_toupper, CapitalAscii>(text); }
+void AppendUpper(std::string& to, std::string_view text) { AppendInCase<u_toupper, CapitalAscii>(to, text); }
 
-std::string ToLower(std::string_view text) { return Converted<u_tolower, SmallAscii>(text); }
+void AppendLower(std::string& to, std::string_view text) { AppendInCase<u_tolower, SmallAscii>(to, text); }
+
+std::string ToUpper(std::string_view text) {
+  std::string result;
+  AppendUpper(result, text);
+  return result;
+}
+
+std::string ToLower(std::string_view text) {
+  std::string result;
+  AppendLower(result, text);
+  return result;
+}
 
 bool EqualIgnoringCase(std::string_view left, std::string_view right) {
   if (left == right) return true;

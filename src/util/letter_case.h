@@ -12,6 +12,10 @@ namespace dralo::util {
 std::string ToUpper(std::string_view text);
 std::string ToLower(std::string_view text);
 
+/// The same behind what stands in `to`, of which `text` must be no part.
+void AppendUpper(std::string& to, std::string_view text);
+void AppendLower(std::string& to, std::string_view text);
+
 /// Whether the two texts are equal when both are upper-cased.
 bool EqualIgnoringCase(std::string_view left, std::string_view right);
 

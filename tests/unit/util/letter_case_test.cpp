@@ -71,6 +71,17 @@ TEST(LetterCase, ChangesLettersOfAllScripts) {
             "ａｚ ἀώ ⱥⲁ ა ꭰ ⓩ ⅷ 𐐨𞤢");
 }
 
+TEST(LetterCase, IsAppendedIntoMemoryThatIsThere) {
+  std::string to = "äß ";
+  to.reserve(100);
+  const char* const memory = to.data();
+  AppendUpper(to, "ⱥς");
+  AppendLower(to, "ÄB");
+
+  EXPECT_EQ(to, "äß ȺΣäb");
+  EXPECT_EQ(to.data(), memory);
+}
+
 TEST(LetterCase, KeepsCharactersWithoutASinglePartner) {
   const std::string kept = "0123 []{}@`ß÷×ĸŉΐΰև中😀";
 
