@@ -8,7 +8,7 @@
 namespace dralo::tests {
 namespace {
 
-constexpr std::string_view kPeople = R"(
+constexpr std::string_view kLinkedPeople = R"(
     CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Member BOOLEAN);
     INSERT INTO T VALUES (5, 'Ann', 1), (6, NULL, 0))";
 
@@ -24,7 +24,7 @@ TEST(DataGrid, LinksTheRowNumberByDefault) {
   view.settings.DisplayHeader = false;
   view.settings.GridFieldsShow = "Name";
   view.current_record = 21;
-  const Records people(kPeople);
+  const Records people(kLinkedPeople);
 
   EXPECT_EQ(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
@@ -47,7 +47,7 @@ TEST(DataGrid, LinksTheStandardTextOfTheLinkColumn) {
   view.settings.GridLinkIndex = 2;
   view.settings.GridFieldsShow = "Name";
   view.settings.RecordsPerPage = 1;
-  const Records people(kPeople);
+  const Records people(kLinkedPeople);
   std::string url = RecordUrl(1);
   url.replace(url.find("maxrecords=20"), 13, "maxrecords=1");
 
@@ -90,7 +90,7 @@ TEST(DataGrid, LinksToThePrimaryKeyOfEachRecord) {
   Rendering view;
   view.settings.EditSQL = "SELECT * FROM T";
   view.settings.EditPrimaryKeys = "Name,ID";
-  const Records people(kPeople);
+  const Records people(kLinkedPeople);
 
   const std::string grid = view.Grid(*people);
 
@@ -100,7 +100,7 @@ TEST(DataGrid, LinksToThePrimaryKeyOfEachRecord) {
 
 TEST(DataGrid, HasNoLinkWithoutTheIndexColumnThatWouldCarryIt) {
   Rendering view = RowsOnly();
-  const Records people(kPeople);
+  const Records people(kLinkedPeople);
 
   EXPECT_EQ(view.Grid(*people).find("<a"), std::string::npos);
 }
