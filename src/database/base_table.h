@@ -14,7 +14,7 @@ struct BaseTable {
   /// Per column of the result its name in the table; empty when it cannot be written.
   std::vector<std::string> columns;
 
-  /// The columns of the result that together identify a row; at least one.
+  /// The columns of the result that together identify a row; none when no declared key is among them.
   std::vector<std::size_t> key;
 
   /// The column of the result that the database numbers by itself.

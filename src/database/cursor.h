@@ -28,6 +28,10 @@ class Cursor {
   /// The type of a column. Without a declared type it is known from the first Step() on.
   virtual platform::TypeCode Type(std::size_t column) const = 0;
 
+  /// Takes the types of columns without a declared one from the current row, where the rows stand in the
+  /// database still.
+  virtual void TakeTypes() {}
+
   /// Whether running the statement may change the database.
   virtual bool ChangesData() const = 0;
 

@@ -140,6 +140,11 @@ void Recordset::AddNew() {
   edit_ = Edit{true, AssignedValues(columns_->size())};
 }
 
+void Recordset::TakeTypesOfRow() {
+  RequireOpen();
+  if (IsOnRow()) cursor_->TakeTypes();
+}
+
 void Recordset::Update() {
   RequireOpen();
   if (!edit_) return;
@@ -148,7 +153,7 @@ void Recordset::Update() {
     InsertRow(connection_->GetSession(), cursor, edit_->values);
     position_ = Position::kOnRow;
   } else {
-    UpdateRow(connection_->GetSession(), cursor, edit_->values, criteria_);
+    UpdateRow(connection_->GetSession(), cursor, edit_->values, {criteria_, identity_});
   }
   edit_.reset();
 }

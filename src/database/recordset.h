@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "database/client_cursor.h"
@@ -34,6 +35,7 @@ class Recordset final : public platform::Recordset {
   void SetCursorLocation(platform::CursorLocation location) override;
   platform::CursorLocation Location() const override { return location_; }
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { criteria_ = criteria; }
+  void SetIdentity(platform::RecordIdentity identity) override { identity_ = std::move(identity); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor = platform::CursorType::kForwardOnly,
             platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
@@ -45,6 +47,7 @@ class Recordset final : public platform::Recordset {
   void Move(std::int64_t rows) override;
   std::span<platform::Field* const> Fields() override;
   void AddNew() override;
+  void TakeTypesOfRow() override;
   void Update() override;
   void CancelUpdate() override;
   void Close() override;
@@ -89,6 +92,7 @@ class Recordset final : public platform::Recordset {
   std::int64_t max_records_ = 0;
   platform::CursorLocation location_ = platform::CursorLocation::kServer;
   platform::UpdateCriteria criteria_ = platform::UpdateCriteria::kChangedColumns;
+  platform::RecordIdentity identity_;
 
   Position position_ = Position::kClosed;
   std::shared_ptr<Connection> connection_;

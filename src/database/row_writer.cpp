@@ -1,10 +1,13 @@
 #include "database/row_writer.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "database/ascii.h"
 #include "database/transaction.h"
 #include "platform/error.h"
 
@@ -31,8 +34,8 @@ std::string_view RequireOwn(const BaseTable& table, const Columns& columns, std:
 }
 
 /// One changed row or none: everything else is undone.
-void RunForOneRow(Session& session, const Change& change, const char* otherwise) {
-  if (session.Run({change.text, change.parameters}) != 1) throw Error(otherwise, 0, {}, change.text);
+void RequireOne(std::int64_t changed, const Change& change, const char* otherwise) {
+  if (changed != 1) throw Error(otherwise, 0, {}, change.text);
 }
 
 Change MakeInsert(Session& session, ClientCursor& cursor, const AssignedValues& values) {
@@ -53,53 +56,109 @@ Change MakeInsert(Session& session, ClientCursor& cursor, const AssignedValues& 
   return change;
 }
 
-/// Adds the condition that a column has the stored value, if that is known.
-void AddCondition(Session& session, Change& change, const Column& column, const std::string& quoted_column,
-                  const ClientCursor::Cell& cell) {
-  if (!cell.stored) return;
-  const bool was_null = IsNull(View(*cell.stored));
-  change.text += " AND " + session.Unchanged(column, quoted_column, was_null);
-  if (!was_null) change.Bind(*cell.stored);
-}
-
-void AddKey(Change& change, const BaseTable& table, const ClientCursor& cursor) {
-  std::string_view separator = " WHERE ";
-  for (const std::size_t i : table.key) {
-    const auto& stored = cursor.At(i).stored;
-    if (!stored)
-      throw Error("The key of the new row is not known; open the recordset again to change the row");
-    change.text.append(separator).append(table.columns[i]).append(" = ?");
-    change.Bind(*stored);
-    separator = " AND ";
+/// An UPDATE in the making.
+class RowUpdate {
+ public:
+  RowUpdate(Session& session, ClientCursor& cursor)
+      : session_(session), cursor_(cursor), table_(cursor.Table()), columns_(cursor.GetColumns()) {
+    change_.text = "UPDATE " + table_.name;
   }
-}
 
-/// Whether the column is one of the table, and not of its key, which is compared anyhow.
-bool IsComparable(const BaseTable& table, std::size_t column) {
-  return !table.columns[column].empty() && std::ranges::find(table.key, column) == table.key.end();
-}
+  Change Make(const AssignedValues& values, const RowMatch& match) {
+    Set(values);
+    if (HasKey()) {
+      CompareKey();
+    } else {
+      Identify(match.identity);
+    }
+    const bool compares_all = !HasKey() || match.criteria == platform::UpdateCriteria::kAllColumns;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (values[i] || (compares_all && IsComparable(i))) Compare(i);
+    }
+    if (!has_condition_) {
+      throw Error("Nothing is known that tells the row from others; open the recordset again to change it");
+    }
+    return std::move(change_);
+  }
 
-Change MakeUpdate(Session& session, ClientCursor& cursor, const AssignedValues& values,
-                  platform::UpdateCriteria criteria) {
-  const BaseTable& table = cursor.Table();
-  const auto columns = cursor.GetColumns();
-  Change change;
-  change.text = "UPDATE " + table.name;
-  std::string_view separator = " SET ";
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    if (!values[i]) continue;
-    change.text.append(separator).append(RequireOwn(table, *columns, i)).append(" = ?");
-    change.Bind(session.Stored((*columns)[i], *values[i]));
-    separator = ", ";
+  /// A declared key finds one row only where none of its values is Null: some databases allow that.
+  bool HasKey() const {
+    const auto is_null = [&](std::size_t i) {
+      return cursor_.At(i).stored && IsNull(View(*cursor_.At(i).stored));
+    };
+    return !table_.key.empty() && std::ranges::none_of(table_.key, is_null);
   }
-  AddKey(change, table, cursor);
-  const bool compares_all = criteria == platform::UpdateCriteria::kAllColumns;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    if (values[i] || (compares_all && IsComparable(table, i)))
-      AddCondition(session, change, (*columns)[i], table.columns[i], cursor.At(i));
+
+ private:
+  void Set(const AssignedValues& values) {
+    std::string_view separator = " SET ";
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (!values[i]) continue;
+      change_.text.append(separator).append(RequireOwn(table_, *columns_, i)).append(" = ?");
+      change_.Bind(session_.Stored((*columns_)[i], *values[i]));
+      separator = ", ";
+    }
   }
-  return change;
-}
+
+  void Require(std::string_view condition) {
+    change_.text.append(has_condition_ ? " AND " : " WHERE ").append(condition);
+    has_condition_ = true;
+  }
+
+  void CompareKey() {
+    for (const std::size_t i : table_.key) {
+      if (!cursor_.At(i).stored)
+        throw Error("The key of the new row is not known; open the recordset again to change the row");
+      CompareByIndex(i);
+    }
+  }
+
+  /// What the page says about the row, so that an index can be used and fields that are not shown count.
+  void Identify(const platform::RecordIdentity& identity) {
+    if (!identity.condition.empty()) Require("(" + identity.condition + ")");
+    for (std::size_t i = 0; i < columns_->size(); ++i) {
+      const auto is_named = [&](const std::string& name) {
+        return EqualsIgnoringCase(name, (*columns_)[i].name);
+      };
+      const bool has_value = cursor_.At(i).stored && !IsNull(View(*cursor_.At(i).stored));
+      if (has_value && !table_.columns[i].empty() && std::ranges::any_of(identity.fields, is_named))
+        CompareByIndex(i);
+    }
+  }
+
+  /// A value that the database would round or convert before it compares it has a comparison of its own.
+  void CompareByIndex(std::size_t i) {
+    const platform::TypeCode type = (*columns_)[i].type;
+    if (type == platform::TypeCode::kSingle || type == platform::TypeCode::kCurrency ||
+        IsNull(View(*cursor_.At(i).stored))) {
+      return Compare(i);
+    }
+    Require(table_.columns[i] + " = ?");
+    change_.Bind(*cursor_.At(i).stored);
+  }
+
+  /// Adds the condition that a column has the stored value, if that is known.
+  void Compare(std::size_t i) {
+    const auto& stored = cursor_.At(i).stored;
+    if (!stored) return;
+    const bool was_null = IsNull(View(*stored));
+    Require(session_.Unchanged((*columns_)[i], table_.columns[i], was_null));
+    if (!was_null) change_.Bind(*stored);
+  }
+
+  /// Whether the column is one of the table, and not of its key, which is compared anyhow.
+  bool IsComparable(std::size_t column) const {
+    const bool is_key = HasKey() && std::ranges::find(table_.key, column) != table_.key.end();
+    return !table_.columns[column].empty() && !is_key;
+  }
+
+  Session& session_;
+  const ClientCursor& cursor_;
+  const BaseTable& table_;
+  const std::shared_ptr<const Columns> columns_;
+  Change change_;
+  bool has_condition_ = false;
+};
 
 }  // namespace
 
@@ -112,7 +171,8 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
   }
 
   Transaction transaction(session);
-  RunForOneRow(session, change, "The row was not added; a rule of the database prevented it");
+  RequireOne(session.Run({change.text, change.parameters}), change,
+             "The row was not added; a rule of the database prevented it");
   const auto identity = cursor.Table().identity;
   if (identity && IsNull(View(row[*identity].value))) {
     const Variant number = session.LastIdentity(cursor.Table(), (*columns)[*identity]);
@@ -122,13 +182,20 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
   cursor.Append(std::move(row));
 }
 
-void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values,
-               platform::UpdateCriteria criteria) {
-  const Change change = MakeUpdate(session, cursor, values, criteria);
+void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values, const RowMatch& match) {
+  RowUpdate update(session, cursor);
+  const Change change = update.Make(values, match);
   Transaction transaction(session);
-  RunForOneRow(
-      session, change,
-      "Row cannot be located for updating. Some values may have been changed since it was last read.");
+  const std::int64_t changed = session.Run({change.text, change.parameters});
+  if (changed > 1 && !update.HasKey()) {
+    throw Error(
+        "Several records are equal in all fields of the query, so none was changed. Add a field that tells "
+        "them "
+        "apart.",
+        0, {}, change.text);
+  }
+  RequireOne(changed, change,
+             "Row cannot be located for updating. Some values may have been changed since it was last read.");
   transaction.Commit();
 
   const auto columns = cursor.GetColumns();

@@ -17,9 +17,15 @@ using AssignedValues = std::vector<std::optional<platform::Variant>>;
 /// The number that the database gave it stands in its field. Throws platform::Error, having changed nothing.
 void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& values);
 
+/// How the row to change is found again.
+struct RowMatch {
+  platform::UpdateCriteria criteria;
+  const platform::RecordIdentity& identity;  ///< Counts where the table's key is not among the columns.
+};
+
 /// Writes the assigned values to the current row of `cursor` if the row is still there and its values, those
-/// that are replaced or all, are still the old ones. Throws platform::Error, having changed nothing.
-void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values,
-               platform::UpdateCriteria criteria);
+/// that are replaced or all, are still the old ones. Without a key all are compared, and no other row must
+/// have them. Throws platform::Error, having changed nothing.
+void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values, const RowMatch& match);
 
 }  // namespace dralo::database

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/command.h"
 #include "platform/connection.h"
@@ -25,6 +27,12 @@ enum class CursorLocation : int { kServer = 2, kClient = 3 };
 /// Whose old values must still be there when a row is written.
 enum class UpdateCriteria { kChangedColumns, kAllColumns };
 
+/// What tells a record from others where the fields hold no key that the database declares.
+struct RecordIdentity {
+  std::vector<std::string> fields = {};  ///< Names in any letter case; those of no field do not count.
+  std::string condition = "";            ///< On columns that are no fields, as it stands behind WHERE.
+};
+
 /// The rows of a query, read forward one at a time.
 /// Opening is lazy: the statement is checked by Open(), but no row is read before a row, a field or the end
 /// is asked for.
@@ -42,9 +50,13 @@ class Recordset : public Object {
   /// one of two changes of a row always fails.
   virtual void SetUpdateCriteria(UpdateCriteria criteria) = 0;
 
+  /// For Update(). Without a declared key the old values of all columns are compared in any case; this finds
+  /// the record faster, and more exactly where a key is not among the fields.
+  virtual void SetIdentity(RecordIdentity identity) = 0;
+
   /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
   /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the
-  /// columns come from one table that has a key. `options` is -1, or 1 when `sql` is a statement even if it
+  /// columns come from one table. `options` is -1, or 1 when `sql` is a statement even if it
   /// looks like a table name. Throws Error when the statement does not run, the options are others or the
   /// recordset is open already.
   virtual void Open(std::string_view sql, const std::shared_ptr<Connection>& connection,
@@ -73,6 +85,10 @@ class Recordset : public Object {
 
   /// Starts a new row whose fields are Null.
   virtual void AddNew() = 0;
+
+  /// Fields without a declared type take their types from the current row from now on, no longer from the
+  /// first.
+  virtual void TakeTypesOfRow() = 0;
 
   /// Writes the new or changed row: exactly one row, whose old values must still be there; of which columns,
   /// the update criteria say. On failure nothing

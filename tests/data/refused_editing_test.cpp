@@ -87,14 +87,6 @@ TEST_P(RefusedEditing, CannotChangeTheRecordsOfSeveralTables) {
   EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'Anvil'"});
 }
 
-TEST_P(RefusedEditing, CannotChangeRecordsWithoutTheirKey) {
-  const auto recordset = Edit(connection_, "SELECT Name FROM Goods");
-  EXPECT_EQ(MessageOf([&] { recordset->AddNew(); }),
-            "The records cannot be changed: the query has no field that identifies a record of the table");
-  Set(recordset, "Name", "x");
-  EXPECT_THROW(recordset->Update(), platform::Error);
-}
-
 TEST_P(RefusedEditing, CannotChangeExpressions) {
   const auto counts = Edit(connection_, "SELECT COUNT(*) AS n FROM Goods");
   EXPECT_THROW(counts->AddNew(), platform::Error);

@@ -74,7 +74,9 @@ class FakeRecords : public platform::Recordset {
   void Open(std::string_view, const std::shared_ptr<platform::Connection>&, platform::CursorType,
             platform::LockType, int) override {}
   void Open(platform::Command&, platform::CursorType, platform::LockType, int) override {}
+  void SetIdentity(platform::RecordIdentity) override {}
   void AddNew() override {}
+  void TakeTypesOfRow() override {}
   void Update() override {}
   void CancelUpdate() override {}
 

@@ -97,7 +97,6 @@ BaseTable FindBaseTable(const Link& link, const Columns& columns, std::string_vi
   table.identity = FindIdentity(link, name, columns, own);
   table.key = FindColumns(own, PrimaryKey(link, name));
   if (table.key.empty()) table.key = FindUniqueKey(link, name, own);
-  if (table.key.empty()) Refuse("the query has no field that identifies a record of the table", text);
   return table;
 }
 

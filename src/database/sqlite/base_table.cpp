@@ -112,7 +112,6 @@ BaseTable FindBaseTable(sqlite3* connection, const Columns& columns, std::string
   if (table.identity) table.key = {*table.identity};
   if (table.key.empty()) table.key = FindPrimaryKey(connection, own, sample);
   if (table.key.empty()) table.key = FindUniqueKey(connection, own, sample);
-  if (table.key.empty()) Refuse("the query has no field that identifies a record of the table", text);
   return table;
 }
 

@@ -85,6 +85,12 @@ TypeCode Cursor::Type(std::size_t column) const {
   return described.has_declared_type || first_types_.empty() ? described.type : first_types_[column];
 }
 
+void Cursor::TakeTypes() {
+  for (int i = 0; std::cmp_less(i, first_types_.size()); ++i) {
+    first_types_[static_cast<std::size_t>(i)] = TypeOf(sqlite3_column_type(statement_->Handle(), i));
+  }
+}
+
 bool Cursor::ChangesData() const { return sqlite3_stmt_readonly(statement_->Handle()) == 0; }
 
 /// Only where types are declared: others come from the first value, which must be that of the first row.

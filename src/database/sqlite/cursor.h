@@ -22,6 +22,7 @@ class Cursor final : public database::Cursor {
   std::shared_ptr<const Columns> GetColumns() const override { return statement_->Describe().columns; }
   void Verify() override;
   platform::TypeCode Type(std::size_t column) const override;
+  void TakeTypes() override;
   bool ChangesData() const override;
   bool Skip(std::int64_t rows) override;
   bool Step() override;

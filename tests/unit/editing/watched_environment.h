@@ -27,6 +27,8 @@ class WatchedRecordset final : public platform::Recordset {
   void SetCursorLocation(platform::CursorLocation location) override { inner_->SetCursorLocation(location); }
   platform::CursorLocation Location() const override { return inner_->Location(); }
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { inner_->SetUpdateCriteria(criteria); }
+  void SetIdentity(platform::RecordIdentity identity) override { inner_->SetIdentity(std::move(identity)); }
+  void TakeTypesOfRow() override { inner_->TakeTypesOfRow(); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor, platform::LockType lock, int options) override {
     watch_("Open");

@@ -40,20 +40,25 @@ TEST_F(SqliteBaseTable, FindsTheRecordByEveryKindOfKey) {
   }
 }
 
-TEST_F(SqliteBaseTable, NeedsAWholeKey) {
-  const std::string no_key =
-      "The records cannot be changed: the query has no field that identifies a record of the table";
+TEST_F(SqliteBaseTable, ComparesAllFieldsWithoutAWholeKey) {
+  const std::string equal =
+      "Several records are equal in all fields of the query, so none was changed. Add a field that tells "
+      "them "
+      "apart.";
   Run("CREATE TABLE by_rowid (a TEXT)");
   Run("CREATE TABLE by_two (k INTEGER, l TEXT, a TEXT, PRIMARY KEY (l, k))");
   Run("CREATE TABLE by_unique (n TEXT UNIQUE, m TEXT NOT NULL, a TEXT)");
-  Run("CREATE UNIQUE INDEX partial ON by_unique (m) WHERE m > 'a'");
-  Run("CREATE UNIQUE INDEX computed ON by_unique (lower(m))");
-  Run("INSERT INTO by_rowid VALUES ('old')");
-  Run("INSERT INTO by_two VALUES (1, 'x', 'old')");
-  Run("INSERT INTO by_unique VALUES ('x', 'm', 'old')");
-  EXPECT_EQ(Change("SELECT a FROM by_rowid", "a", "new"), no_key);
-  EXPECT_EQ(Change("SELECT k, a FROM by_two", "a", "new"), no_key);
-  EXPECT_EQ(Change("SELECT * FROM by_unique", "a", "new"), no_key);
+  Run("CREATE UNIQUE INDEX partial ON by_unique (m) WHERE m > 'n'");
+  Run("CREATE UNIQUE INDEX computed ON by_unique (lower(n))");
+  Run("INSERT INTO by_rowid VALUES ('old'), ('old')");
+  Run("INSERT INTO by_two VALUES (1, 'x', 'old'), (1, 'y', 'old')");
+  Run("INSERT INTO by_unique VALUES (NULL, 'm', 'old'), (NULL, 'm', 'old')");
+  for (const char* query : {"SELECT a FROM by_rowid", "SELECT k, a FROM by_two", "SELECT * FROM by_unique"}) {
+    EXPECT_EQ(Change(query, "a", "new"), equal) << query;
+  }
+  Run("UPDATE by_unique SET n = 'x' WHERE rowid = 1");
+  EXPECT_EQ(Change("SELECT * FROM by_unique", "a", "new"), "");
+  EXPECT_EQ(Rows("SELECT n, a FROM by_unique ORDER BY rowid"), (Lines{"'x' 'new'", "null 'old'"}));
 }
 
 TEST_F(SqliteBaseTable, ChangesOnlyRecordsOfOneTable) {
