@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/field.h"
 #include "platform/type_code.h"
 
 namespace dralo::database {
@@ -31,6 +32,9 @@ struct Column {
 
   /// An integer column that holds 64 bits whatever its type code says.
   bool holds_64_bits = false;
+
+  /// See platform::Field::Comparison().
+  platform::KeyComparison comparison = nullptr;
 
   /// The column of a table that this one shows, unquoted; all empty for an expression.
   std::string origin_database = {};

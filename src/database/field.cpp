@@ -31,6 +31,8 @@ std::int64_t Field::DefinedSize() const { return recordset_.ColumnAt(column_).de
 
 std::int64_t Field::ActualSize() { return static_cast<std::int64_t>(std::visit(SizeInBytes{}, Value())); }
 
+platform::KeyComparison Field::Comparison() const { return recordset_.ColumnAt(column_).comparison; }
+
 platform::VariantView Field::Value() { return recordset_.Value(column_); }
 
 void Field::SetValue(const platform::Variant& value) { recordset_.SetValue(column_, value); }

@@ -18,6 +18,7 @@ class Field final : public platform::Field {
   int Attributes() const override;
   std::int64_t DefinedSize() const override;
   std::int64_t ActualSize() override;
+  platform::KeyComparison Comparison() const override;
   platform::VariantView Value() override;
   void SetValue(const platform::Variant& value) override;
 

@@ -1,12 +1,17 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "platform/type_code.h"
 #include "platform/variant.h"
 
 namespace dralo::platform {
+
+/// Writes the condition that the column which a statement calls `name` has the value that `text` stands for
+/// in a primary key; "" when `text` is no value of the column.
+using KeyComparison = std::string (*)(std::string_view name, std::string_view text);
 
 /// One column of a recordset. Owned by its recordset and valid until that is closed.
 class Field {
@@ -26,6 +31,10 @@ class Field {
 
   /// Bytes of the current value; 0 for Null.
   virtual std::int64_t ActualSize() = 0;
+
+  /// How a record is found by this field where neither "name=number" nor "name='text'" finds it; nullptr
+  /// where they do.
+  virtual KeyComparison Comparison() const { return nullptr; }
 
   /// The value in the current row, of the kind that the type code promises where the stored value can be read
   /// so (a date column yields DateTime), else of the stored kind. Valid until the recordset moves or closes.

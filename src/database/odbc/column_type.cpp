@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "database/ascii.h"
+#include "database/key_comparison.h"
 
 namespace dralo::database::odbc {
 
@@ -139,6 +140,39 @@ Reader ReaderOf(Reading reading, const Column& column) {
   return {reading, is_bounded ? needed : kMaxCellBytes, is_bounded};
 }
 
+platform::KeyComparison PostgreSqlComparison(TypeCode type) {
+  switch (type) {
+    case TypeCode::kBoolean:
+      return SameBoolean;
+    case TypeCode::kCurrency:
+      return SameMoney;
+    case TypeCode::kSingle:
+      return SameReal;
+    default:
+      return nullptr;
+  }
+}
+
+platform::KeyComparison SqliteComparison(TypeCode type, std::string_view declared) {
+  if (declared.empty()) return SameOfAnyKind;
+  if (type == TypeCode::kDbDate || type == TypeCode::kDbTimestamp) return SameMoment;
+  return type == TypeCode::kDbTime ? SameTimeOfDay : nullptr;
+}
+
+/// Where the database does not find a value by its text.
+platform::KeyComparison ComparisonOf(Dialect dialect, TypeCode type, std::string_view declared) {
+  switch (dialect) {
+    case Dialect::kPostgreSql:
+      return PostgreSqlComparison(type);
+    case Dialect::kMariaDb:
+      return type == TypeCode::kSingle ? SamePrintedNumber : nullptr;
+    case Dialect::kSqlite:
+      return SqliteComparison(type, declared);
+    default:
+      return nullptr;
+  }
+}
+
 }  // namespace
 
 Reader SetType(Column& column, const DriverType& type, Dialect dialect, bool speaks_utf8) {
@@ -150,6 +184,7 @@ Reader SetType(Column& column, const DriverType& type, Dialect dialect, bool spe
     kind.type = TypeCode::kLongVarWideChar;
   column.type = kind.type;
   column.has_declared_type = true;
+  column.comparison = ComparisonOf(dialect, kind.type, type.name);
   column.defined_size = HasMadeUpSize(type, dialect) ? 0 : DefinedSize(kind.type, type.size);
   if (kind.type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
   if (kind.type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;

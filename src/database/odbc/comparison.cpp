@@ -16,6 +16,7 @@ bool IsComparedAsText(TypeCode type) {
 /// concat() writes every type as it is read. Padded texts lose their blanks as "text".
 std::string SameInPostgreSql(TypeCode type, const std::string& column) {
   if (type == TypeCode::kSingle) return column + " = CAST(? AS real)";
+  if (type == TypeCode::kCurrency) return column + " = CAST(CAST(? AS numeric) AS money)";
   if (type == TypeCode::kVarWideChar || type == TypeCode::kLongVarWideChar) {
     return "concat(" + column + ") = CAST(? AS text)";
   }

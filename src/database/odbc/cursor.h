@@ -34,7 +34,10 @@ class Cursor final : public database::Cursor {
   platform::VariantView Value(std::size_t column) override {
     return packed_row_ ? packed_row_->Value(column) : block_->Value(row_, column);
   }
-  platform::VariantView Stored(std::size_t column) override { return Value(column); }
+  platform::VariantView Stored(std::size_t column) override {
+    // In SQLite a date may be spelled in several ways, and compares as the text that it is.
+    return link_.GetDialect() == Dialect::kSqlite ? block_->Stored(row_, column) : Value(column);
+  }
   std::int64_t RowsAffected() const override { return rows_affected_; }
   const BaseTable& Table() override;
 

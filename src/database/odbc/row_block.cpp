@@ -94,18 +94,28 @@ bool RowBlock::HasRoom(const Binding& binding, std::size_t row) {
 }
 
 platform::VariantView RowBlock::Value(std::size_t row, std::size_t column) {
+  return Value(row, column, bindings_[column].reader.reading);
+}
+
+platform::VariantView RowBlock::Stored(std::size_t row, std::size_t column) {
+  const Reading reading = bindings_[column].reader.reading;
+  const bool is_spelled = reading == Reading::kDateText || reading == Reading::kTimeText;
+  return Value(row, column, is_spelled ? Reading::kText : reading);
+}
+
+platform::VariantView RowBlock::Value(std::size_t row, std::size_t column, Reading reading) {
   Binding& binding = bindings_[column];
   if (binding.cells) [[likely]] {
     const SQLLEN size = binding.indicators[row];
     if (size == SQL_NULL_DATA) return {};
     if (HasRoom(binding, row)) [[likely]] {
       const char* cell = binding.cells + row * binding.reader.cell_bytes;
-      return Read(binding.reader.reading, {cell, static_cast<std::size_t>(size)}, binding.scratch);
+      return Read(reading, {cell, static_cast<std::size_t>(size)}, binding.scratch);
     }
   }
   if (binding.long_row != row + 1) FetchCell(row, column);
   if (binding.is_long_null) return {};
-  return Read(binding.reader.reading, binding.long_value, binding.scratch);
+  return Read(reading, binding.long_value, binding.scratch);
 }
 
 std::string_view RowBlock::Text(std::size_t row) {

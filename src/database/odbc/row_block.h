@@ -34,6 +34,9 @@ class RowBlock {
   /// Valid until the next Fetch(), or until the same column of another row is asked for.
   platform::VariantView Value(std::size_t row, std::size_t column);
 
+  /// The same, but dates and times as the texts that they were read from.
+  platform::VariantView Stored(std::size_t row, std::size_t column);
+
  private:
   struct Binding {
     Reader reader;
@@ -45,6 +48,7 @@ class RowBlock {
     bool is_long_null = false;
   };
 
+  platform::VariantView Value(std::size_t row, std::size_t column, Reading reading);
   void Bind();
   static bool HasRoom(const Binding& binding, std::size_t row);
   void FetchCell(std::size_t row, std::size_t column);

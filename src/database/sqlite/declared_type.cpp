@@ -4,6 +4,7 @@
 #include <string>
 
 #include "database/ascii.h"
+#include "database/key_comparison.h"
 
 namespace dralo::database::sqlite {
 
@@ -72,6 +73,12 @@ const NamedType* Find(std::string_view name) {
   return nullptr;
 }
 
+/// Dates and times are texts that may spell the same one in several ways.
+platform::KeyComparison ComparisonOf(TypeCode type) {
+  if (type == TypeCode::kDate) return SameMoment;
+  return type == TypeCode::kDbTime ? SameTimeOfDay : nullptr;
+}
+
 /// The number behind the first "(", or 0.
 std::int64_t SizeIn(std::string_view declared) {
   const auto open = declared.find('(');
@@ -88,6 +95,7 @@ void SetDeclaredType(Column& column, std::string_view declared) {
   std::string name(Trimmed(declared.substr(0, declared.find('('))));
   for (char& c : name) c = ToUpper(c);
   const NamedType* type = Find(name);
+  column.comparison = type ? ComparisonOf(type->type) : SameOfAnyKind;
   if (!type) return;
   column.type = type->type;
   column.has_declared_type = true;

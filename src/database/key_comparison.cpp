@@ -1,0 +1,115 @@
+#include "database/key_comparison.h"
+
+#include <array>
+#include <chrono>
+#include <optional>
+#include <vector>
+
+#include "database/date_text.h"
+#include "database/decimal_text.h"
+
+namespace dralo::database {
+
+namespace {
+
+using platform::DateTime;
+
+/// The name and the number that the text spells, between the other parts; "" when it spells none.
+std::string WithNumber(std::string_view before_name, std::string_view name, std::string_view before_number,
+                       std::string_view text, std::string_view behind) {
+  const auto number = ParseDecimal(text);
+  if (!number) return {};
+  return std::string(before_name).append(name).append(before_number).append(*number).append(behind);
+}
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "'";
+  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
+  return quoted += '\'';
+}
+
+std::string In(std::string_view name, const std::vector<std::string>& values) {
+  std::string text(name);
+  std::string_view separator = " IN (";
+  for (const std::string& value : values) {
+    text.append(separator).append(value);
+    separator = ",";
+  }
+  return text += ')';
+}
+
+/// The usual spellings of one time of day.
+std::vector<std::string> TimeTexts(const DateTime& time) {
+  constexpr std::size_t kSeconds = std::string_view("HH:MM:SS").size();
+  constexpr std::size_t kMinutes = std::string_view("HH:MM").size();
+  const std::string exact = TimeText(time);
+  std::vector<std::string> texts = {exact};
+  if (time.nanosecond == 0) {
+    texts.push_back(exact + ".000");
+    if (time.second == 0) texts.push_back(exact.substr(0, kMinutes));
+    return texts;
+  }
+  const std::size_t digits = exact.size() - kSeconds - 1;
+  for (const std::size_t kept : std::array<std::size_t, 3>{3, 6, 9}) {
+    if (kept > digits) texts.push_back(exact + std::string(kept - digits, '0'));
+  }
+  return texts;
+}
+
+std::int64_t UnixSeconds(const DateTime& time) {
+  using std::chrono::day;
+  using std::chrono::month;
+  using std::chrono::year;
+  const std::chrono::sys_days date = year{time.year} / month{time.month} / day{time.day};
+  const auto seconds = std::chrono::sys_seconds(date).time_since_epoch().count();
+  return seconds + time.hour * 3600 + time.minute * 60 + time.second;
+}
+
+}  // namespace
+
+std::string SameBoolean(std::string_view name, std::string_view text) {
+  if (text != "0" && text != "1") return {};
+  return std::string(name).append("='").append(text).append("'");
+}
+
+std::string SameMoney(std::string_view name, std::string_view text) {
+  return WithNumber("", name, "=CAST(", text, " AS money)");
+}
+
+std::string SameReal(std::string_view name, std::string_view text) {
+  return WithNumber("", name, "=CAST(", text, " AS real)");
+}
+
+std::string SamePrintedNumber(std::string_view name, std::string_view text) {
+  return WithNumber("CAST(", name, " AS CHAR)+0=", text, "");
+}
+
+std::string SameMoment(std::string_view name, std::string_view text) {
+  const auto moment = ParseIsoDateTime(text);
+  if (!moment) return {};
+  const std::string day = DateText(*moment);
+  std::vector<std::string> values;
+  if (moment->IsMidnight() && moment->nanosecond == 0) values.push_back(Quoted(day));
+  for (const std::string& time : TimeTexts(*moment)) {
+    for (const char* form : {" ", "T"}) values.push_back(Quoted(day + form + time));
+    values.push_back(Quoted(day + "T" + time + "Z"));
+  }
+  if (moment->nanosecond == 0) values.push_back(std::to_string(UnixSeconds(*moment)));
+  return In(name, values);
+}
+
+std::string SameTimeOfDay(std::string_view name, std::string_view text) {
+  const auto time = ParseTimeOfDay(text);
+  if (!time) return {};
+  std::vector<std::string> values;
+  for (const std::string& spelled : TimeTexts(*time)) values.push_back(Quoted(spelled));
+  return In(name, values);
+}
+
+std::string SameOfAnyKind(std::string_view name, std::string_view text) {
+  const auto number = ParseDecimal(text);
+  if (!number) return std::string(name).append("=").append(Quoted(text));
+  return In(name, {*number, Quoted(text)});
+}
+
+}  // namespace dralo::database
