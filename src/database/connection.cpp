@@ -3,6 +3,8 @@
 #include "database/connection_string.h"
 #include "database/provider.h"
 #include "database/recordset.h"
+#include "database/source_text.h"
+#include "database/transaction.h"
 #include "platform/error.h"
 
 namespace dralo::database {
@@ -31,6 +33,15 @@ std::shared_ptr<platform::Recordset> Connection::Execute(std::string_view sql, s
   const std::int64_t affected = recordset->Run(shared_from_this(), sql, options);
   if (records_affected) *records_affected = affected;
   return recordset;
+}
+
+std::int64_t Connection::ChangeOneRecord(std::string_view sql) {
+  Session& session = GetSession();
+  const std::string text = StatementOf(session, sql);
+  Transaction transaction(session);
+  const std::int64_t changed = session.Run({text});
+  if (changed <= 1) transaction.Commit();
+  return changed;
 }
 
 void Connection::Close() {

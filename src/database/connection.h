@@ -25,6 +25,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
   bool IsOpen() const override { return session_ != nullptr; }
   std::shared_ptr<platform::Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
                                                int options = -1) override;
+  std::int64_t ChangeOneRecord(std::string_view sql) override;
   void Close() override;
 
   /// Throws platform::Error when the connection is closed or was opened by a parent process.

@@ -32,6 +32,10 @@ class Connection : public Object {
   virtual std::shared_ptr<Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
                                              int options = -1) = 0;
 
+  /// Runs a statement that is to change one record. When it changes more, all that it did is undone.
+  /// Returns how many records it changed, or would have, or -1 when the database does not tell.
+  virtual std::int64_t ChangeOneRecord(std::string_view sql) = 0;
+
   /// Gives the connection back; open recordsets on it are closed. Closing a closed connection does nothing.
   virtual void Close() = 0;
 };
