@@ -61,8 +61,9 @@ std::int64_t UnixSeconds(const DateTime& time) {
   using std::chrono::month;
   using std::chrono::year;
   const std::chrono::sys_days date = year{time.year} / month{time.month} / day{time.day};
-  const auto seconds = std::chrono::sys_seconds(date).time_since_epoch().count();
-  return seconds + time.hour * 3600 + time.minute * 60 + time.second;
+  const auto moment = std::chrono::sys_seconds(date) + std::chrono::hours(time.hour) +
+                      std::chrono::minutes(time.minute) + std::chrono::seconds(time.second);
+  return moment.time_since_epoch().count();
 }
 
 }  // namespace
@@ -91,8 +92,10 @@ std::string SameMoment(std::string_view name, std::string_view text) {
   std::vector<std::string> values;
   if (moment->IsMidnight() && moment->nanosecond == 0) values.push_back(Quoted(day));
   for (const std::string& time : TimeTexts(*moment)) {
-    for (const char* form : {" ", "T"}) values.push_back(Quoted(day + form + time));
-    values.push_back(Quoted(day + "T" + time + "Z"));
+    for (const char* separator : {" ", "T"}) {
+      values.push_back(Quoted(std::string(day).append(separator).append(time)));
+    }
+    values.push_back(Quoted(std::string(day).append("T").append(time).append("Z")));
   }
   if (moment->nanosecond == 0) values.push_back(std::to_string(UnixSeconds(*moment)));
   return In(name, values);
