@@ -117,7 +117,8 @@ bool HasKeys(const Render& render) { return !util::TrimBlanks(render.settings.Ed
 /// Empty unless a record is edited.
 std::string KeyOfEditedRecord(Render& render, const Pass& pass) {
   if (pass.mode != Mode::kFormEdit || !HasKeys(render)) return {};
-  if (pass.records.is_addressed_by_key) return std::string(render.keys.Value(key::kPrimaryKey));
+  const bool stays = render.settings.last_save_failed && render.keys.Has(key::kPrimaryKey);
+  if (pass.records.is_addressed_by_key || stays) return std::string(render.keys.Value(key::kPrimaryKey));
   Recordset& shown = pass.records.Shown();
   if (shown.Eof()) return {};
   views::PrimaryKeyValueList keys(render.settings, shown);

@@ -1,9 +1,11 @@
 #include "driver/shown_records.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "driver/query.h"
 #include "editing/primary_keys.h"
+#include "shell/guard.h"
 #include "shell/open_connection.h"
 #include "util/list.h"
 
@@ -50,12 +52,13 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
 }
 
 /// Opens the view's own records and goes to the current one.
-void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownRecords& records) {
+void OpenAtCurrentRecord(Render& render, Mode mode, const std::string& statement, ShownRecords& records) {
   const Settings& settings = render.settings;
   const bool last = render.keys.WasPressed(key::kLast);
   records.sql = IsText(settings) ? OrderedSql(settings, statement) : StatementText(settings);
   records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
+  if (mode == Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
 
 /// Returns whether the posted key addresses the record to show, which is open then.
@@ -77,6 +80,17 @@ bool OpenByPostedKey(Render& render, Mode mode, ShownRecords& records) {
   return true;
 }
 
+/// The same after a failed save, whose key may be one that the database does not take.
+bool OpenByFailedKey(Render& render, Mode mode, ShownRecords& records) {
+  try {
+    return OpenByPostedKey(render, mode, records);
+  } catch (const std::exception& error) {
+    shell::ReportError(render.settings, error.what(), "WriteHTMLTable.");
+    records = {};
+    return false;
+  }
+}
+
 /// A form with a statement of its own has other fields than the statement that is paged through: shows the
 /// record of the same key in it.
 void OpenInFormStatement(Render& render, const std::string& form_statement, ShownRecords& records) {
@@ -91,6 +105,16 @@ void OpenInFormStatement(Render& render, const std::string& form_statement, Show
   if (settings.RecordCount < 0) records.main->MoveNext();
 }
 
+/// What was typed comes back in the fields of the form's own statement, whatever became of its record.
+void OpenFieldsOnly(const Render& render, const std::string& form_statement, ShownRecords& records) {
+  if (records.keyed != nullptr || !HasStatement(render.settings, form_statement)) return;
+  records.keyed = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
+  records.keyed->SetMaxRecords(1);
+  records.keyed->Open(form_statement, shell::OpenConnection(render.settings));
+  if (!records.keyed->Eof()) records.keyed->MoveNext();
+}
+
+/// The form needs the fields alone: it is shown also where the statement cannot be added to.
 void OpenNewRecord(const Render& render, ShownRecords& records) {
   records.sql = render.settings.EditSQL;
   records.main = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
@@ -98,8 +122,13 @@ void OpenNewRecord(const Render& render, ShownRecords& records) {
   records.main->SetCursorLocation(platform::CursorLocation::kClient);
   records.main->Open(records.sql, shell::OpenConnection(render.settings), platform::CursorType::kKeyset,
                      platform::LockType::kOptimistic);
-  records.main->AddNew();
-  records.is_added = true;
+  try {
+    records.main->AddNew();
+    records.is_added = true;
+  } catch (const std::exception& error) {
+    if (render.settings.last_save_failed) return;  // Which said so.
+    shell::ReportError(render.settings, error.what(), "WriteHTMLTable.");
+  }
 }
 
 }  // namespace
@@ -107,12 +136,15 @@ void OpenNewRecord(const Render& render, ShownRecords& records) {
 void OpenShownRecords(Render& render, Mode mode, ShownRecords& records) {
   const Settings& settings = render.settings;
   if (mode == Mode::kFormAdd) return OpenNewRecord(render, records);
-  if (OpenByPostedKey(render, mode, records)) return;
+  const bool has_failed = settings.last_save_failed;
+  if (has_failed ? OpenByFailedKey(render, mode, records) : OpenByPostedKey(render, mode, records)) return;
   const std::string& form_statement = FormStatement(settings, mode);
   const bool only_form = IsText(settings) && settings.sql.empty() && render.form_view;
   const std::string& statement = only_form ? form_statement : settings.sql;
-  OpenAtCurrentRecord(render, statement, records);
-  if (form_statement != statement) OpenInFormStatement(render, form_statement, records);
+  OpenAtCurrentRecord(render, mode, statement, records);
+  if (form_statement == statement) return;
+  OpenInFormStatement(render, form_statement, records);
+  if (has_failed) OpenFieldsOnly(render, form_statement, records);
 }
 
 void CloseShownRecords(const Render& render, ShownRecords& records) {
