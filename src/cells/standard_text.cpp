@@ -29,9 +29,9 @@ std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
   return std::nullopt;
 }
 
-std::string_view DateText(const platform::Formatting& formatting, platform::Field& field,
+std::string_view DateText(const platform::Formatting& formatting, const platform::VariantView& value,
                           std::string& scratch) {
-  const auto date = AsDate(formatting, field.Value());
+  const auto date = AsDate(formatting, value);
   return date ? formatting.Text(*date, scratch) : std::string_view();
 }
 
@@ -40,9 +40,13 @@ std::string_view WholeText(const platform::Formatting& formatting, platform::Fie
                            std::string& scratch) {
   const platform::TypeCode type = field.Type();
   if (util::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
-  if (util::IsDateFieldType(type)) return DateText(formatting, field, scratch);
+  if (util::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);
   return type == platform::TypeCode::kLongVarBinary ? std::string_view()
                                                     : formatting.Text(field.Value(), scratch);
+}
+
+bool KeepsBlanks(platform::TypeCode type) {
+  return util::IsMemoFieldType(type) || util::IsDateFieldType(type);
 }
 
 /// `text`, which may stand in the scratch itself, followed by `ending`.
@@ -94,8 +98,15 @@ std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& 
 std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
                              std::string& scratch) {
   const std::string_view text = WholeText(formatting, field, scratch);
-  const bool keeps_blanks = util::IsMemoFieldType(field.Type()) || util::IsDateFieldType(field.Type());
-  return keeps_blanks || !IsBlank(text) ? text : std::string_view();
+  return KeepsBlanks(field.Type()) || !IsBlank(text) ? text : std::string_view();
+}
+
+std::string_view RawText(const platform::Formatting& formatting, platform::TypeCode type,
+                         const platform::VariantView& value, std::string& scratch) {
+  if (type == platform::TypeCode::kLongVarBinary) return {};
+  const std::string_view text =
+      util::IsDateFieldType(type) ? DateText(formatting, value, scratch) : formatting.Text(value, scratch);
+  return KeepsBlanks(type) || !IsBlank(text) ? text : std::string_view();
 }
 
 std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,

@@ -21,6 +21,10 @@ std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& 
 std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
                              std::string& scratch);
 
+/// The same for a value of a field of that type which is not in a record.
+std::string_view RawText(const platform::Formatting& formatting, platform::TypeCode type,
+                         const platform::VariantView& value, std::string& scratch);
+
 /// The text of a long field, in `scratch` or in the record; empty when it cannot be read. Never throws
 /// std::exception.
 std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,

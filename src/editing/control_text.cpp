@@ -96,6 +96,11 @@ std::string_view ControlText(const shell::Render& render, platform::Field& field
   return cells::ReadRawText(render.Regional(), field, scratch);
 }
 
+std::string_view ControlText(const shell::Render& render, platform::TypeCode type,
+                             const platform::VariantView& value, std::string& scratch) {
+  return cells::RawText(render.Regional(), type, value, scratch);
+}
+
 bool IsTicked(const platform::VariantView& value) {
   struct Tick {
     bool operator()(bool flag) const { return flag; }

@@ -16,6 +16,10 @@ namespace dralo::editing {
 /// when the value cannot be read; a memo that cannot be read is "".
 std::string_view ControlText(const shell::Render& render, platform::Field& field, std::string& scratch);
 
+/// The same for a value of a field of that type which is not in a record.
+std::string_view ControlText(const shell::Render& render, platform::TypeCode type,
+                             const platform::VariantView& value, std::string& scratch);
+
 /// Whether the checkbox of a field with that value is ticked.
 bool IsTicked(const platform::VariantView& value);
 

@@ -1,22 +1,27 @@
 #include "editing/delete_record.h"
 
+#include <cstdint>
 #include <exception>
 
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
+#include "platform/error.h"
 #include "shell/open_connection.h"
 
 namespace dralo::editing {
 
 bool DeleteRecord(shell::Render& render, const QuerySchema& schema, std::string& statement) {
   shell::Settings& settings = render.settings;
-  statement = settings.DeleteSQL + " WHERE " + PostedKeyCondition(render, schema);
+  statement = settings.DeleteSQL + " WHERE " + ReadPostedKey(render, schema).condition;
+  std::int64_t changed = 0;
   try {
-    shell::OpenConnection(settings)->Execute(statement);
+    changed = shell::OpenConnection(settings)->ChangeOneRecord(statement);
   } catch (const std::exception& error) {
     settings.edit_status_message.assign("Delete failed: ").append(error.what()).append("<br>");
     return false;
   }
+  if (changed == 0) ReportFailure(settings, "There is no record with the posted key", statement);
+  if (changed > 1) throw platform::Error("Several records have the posted key, so none was deleted");
   SetOutcome(settings, shell::kDeleted);
   return true;
 }

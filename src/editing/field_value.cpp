@@ -23,6 +23,8 @@ std::size_t TakeDigits(std::string_view& rest) {
   return count;
 }
 
+bool IsDigit(char c) { return '0' <= c && c <= '9'; }
+
 void TakeSign(std::string_view& rest) {
   if (rest.starts_with('-') || rest.starts_with('+')) rest.remove_prefix(1);
 }
@@ -65,7 +67,11 @@ Value NumberWithFraction(std::string_view posted) {
   std::string number(posted);
   std::ranges::replace(number, ',', '.');
   if (!IsPlainNumber(number)) return Refusal::kNoNumber;
-  return Variant(std::move(number));
+  // A column without a type would keep a text as one.
+  const std::size_t first = number.starts_with('-') ? 1 : 0;
+  const bool is_decimal = number.find_first_not_of(".0123456789", first) == number.npos &&
+                          IsDigit(number[first]) && IsDigit(number.back());
+  return is_decimal ? Variant(platform::Decimal{std::move(number)}) : Variant(std::move(number));
 }
 
 Value Date(const platform::Formatting& regional, const SchemaField& field, std::string_view posted) {

@@ -1,5 +1,8 @@
 #include "editing/key_condition.h"
 
+#include "platform/error.h"
+#include "util/field_type.h"
+
 namespace dralo::editing {
 namespace {
 
@@ -12,13 +15,39 @@ void AppendQuoted(std::string& text, std::string_view value) {
 }  // namespace
 
 void KeyCondition::Add(std::string_view name, std::string_view value, bool is_numeric) {
-  text_.append(text_.empty() ? "([" : " AND ([").append(name).append("]=");
+  std::string term;
+  term.append("[").append(name).append("]=");
   if (is_numeric) {
-    text_.append(value);
+    term.append(value);
   } else {
-    AppendQuoted(text_, value);
+    AppendQuoted(term, value);
   }
-  text_ += ')';
+  AddTerm(term);
+}
+
+void KeyCondition::AddExact(std::string_view name, const SchemaField* field, std::string_view text,
+                            bool is_numeric) {
+  if (field == nullptr) return Add(name, text, is_numeric);
+  if (util::IsBinaryFieldType(field->type)) {
+    throw platform::Error("The key \"" + std::string(name) +
+                          "\" holds binary data, by which no record can be found");
+  }
+  const std::string column = "[" + std::string(name) + "]";
+  const std::string term = field->comparison != nullptr ? field->comparison(column, text) : std::string();
+  if (term.empty()) return Add(name, text, is_numeric);
+  AddTerm(term);
+}
+
+void KeyCondition::AddEmpty(std::string_view name, const SchemaField& field) {
+  using platform::TypeCode;
+  const bool is_text = !util::IsNumericFieldType(field.type) && !util::IsDateFieldType(field.type) &&
+                       field.type != TypeCode::kDbTime && field.type != TypeCode::kGuid;
+  const std::string column = "[" + std::string(name) + "]";
+  AddTerm((is_text ? column + "='' OR " : std::string()) + column + " IS NULL");
+}
+
+void KeyCondition::AddTerm(std::string_view term) {
+  text_.append(text_.empty() ? "(" : " AND (").append(term).append(")");
 }
 
 std::string KeyCondition::Text(std::string_view database_engine) const {

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "editing/query_schema.h"
+
 namespace dralo::editing {
 
 /// The condition that addresses one record by its keys, as it stands behind WHERE.
@@ -11,11 +13,24 @@ class KeyCondition {
   /// Adds the term for the key `name`: a text value is quoted, a numeric one stands as it is.
   void Add(std::string_view name, std::string_view value, bool is_numeric);
 
+  /// Adds the term for the key `name` whose text in links and forms is `text`, in the way in which the
+  /// database finds it by the column `field`; nullptr for a key that is no column. `is_numeric` says how it
+  /// is written where nothing else is needed. Throws platform::Error for a column of bytes.
+  void AddExact(std::string_view name, const SchemaField* field, std::string_view text, bool is_numeric);
+
+  /// Adds the term for a key of several whose text is empty because its value in the column `field` is, or is
+  /// Null.
+  void AddEmpty(std::string_view name, const SchemaField& field);
+
+  bool IsEmpty() const { return text_.empty(); }
+
   /// The terms joined by AND. Only the engines "MSSQL" and "ACCESS" know names in brackets; for all others
   /// every bracket is taken out, also those inside values.
   std::string Text(std::string_view database_engine) const;
 
  private:
+  void AddTerm(std::string_view term);
+
   std::string text_;
 };
 

@@ -14,4 +14,11 @@ inline void SetOutcome(shell::Settings& settings, shell::UpdateSlot slot) {
   settings.edit_status_message.assign(kOutcomePrefix).append(settings.language_tables->Update(slot));
 }
 
+/// Adds to ErrorMessage what the texts of the outcome have no word for.
+inline void ReportFailure(shell::Settings& settings, std::string_view description,
+                          std::string_view statement) {
+  settings.ErrorMessage.append(description).append(" in UpdateRecord.<br>");
+  if (settings.DisplayDebug) settings.ErrorMessage.append("sql='").append(statement).append("'<br>");
+}
+
 }  // namespace dralo::editing

@@ -1,44 +1,142 @@
 #include "editing/posted_key.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <string>
+#include <optional>
 #include <string_view>
-#include <vector>
+#include <utility>
 
+#include "cells/named_field.h"
+#include "editing/control_text.h"
+#include "editing/field_inputs.h"
 #include "editing/key_condition.h"
 #include "shell/db_connection.h"
 #include "util/field_type.h"
+#include "util/letter_case.h"
+#include "util/list.h"
 #include "views/key_text.h"
 
 namespace dralo::editing {
 namespace {
 
 using platform::TypeCode;
+using Texts = std::vector<std::string>;
 
-/// The posted key as the database reads it: forms show dates, and numbers with fractions, in the regional
-/// form.
-std::string DatabaseText(const platform::Formatting& regional, TypeCode type, std::string_view posted) {
-  std::string text(posted);
-  if (util::IsFractionalFieldType(type)) {
-    std::ranges::replace(text, ',', '.');
-  } else if (util::IsDateFieldType(type)) {
-    if (const auto date = regional.RecognizeDate(posted)) views::KeyText(*date, type, text);
+/// The key inputs of one posted form.
+class KeyInputs {
+ public:
+  KeyInputs(const shell::Render& render, const QuerySchema& schema)
+      : render_(render), schema_(schema), names_(KeyNames(render.settings)), inputs_(render.keys) {}
+
+  PostedKey Read() {
+    PostedKey key;
+    if (auto exact = ExactTexts()) key.exact = *std::move(exact);
+    KeyCondition condition;
+    KeyCondition outside;
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      const bool is_numeric = schema_.IsNumericAt(i);
+      Add(condition, i, key, is_numeric);
+      if (schema_.Find(names_[i]) == nullptr) Add(outside, i, key, is_numeric);
+    }
+    const auto& engine = render_.settings.DrConnection->EngineName();
+    key.condition = condition.Text(engine);
+    if (!outside.IsEmpty()) key.outside_columns = outside.Text(engine);
+    return key;
   }
-  return text;
-}
+
+ private:
+  void Add(KeyCondition& condition, std::size_t i, const PostedKey& key, bool is_numeric) const {
+    const SchemaField* field = schema_.Find(names_[i]);
+    // As when the form was opened: a key that is no column counts as a number.
+    if (field == nullptr && !key.exact.empty()) is_numeric = true;
+    if (key.exact.empty()) {
+      condition.AddExact(names_[i], field, TypedText(i), is_numeric);
+    } else if (key.exact[i].empty() && field != nullptr && field->is_nullable) {
+      condition.AddEmpty(names_[i], *field);
+    } else {
+      condition.AddExact(names_[i], field, key.exact[i], is_numeric);
+    }
+  }
+
+  TypeCode TypeOf(std::size_t i) const {
+    const SchemaField* field = schema_.Find(names_[i]);
+    return field != nullptr ? field->type : schema_.fields[i].type;
+  }
+
+  std::string_view Value(std::size_t i) const { return render_.keys.Value("_Form_" + names_[i]); }
+
+  bool IsPosted(std::size_t i) const { return !Value(i).empty() || inputs_.Posted(names_[i]).has_value(); }
+
+  std::optional<Texts> ExactTexts() const {
+    if (!render_.keys.Has(shell::key::kPrimaryKey)) return std::nullopt;
+    Texts texts = PostedKeyTexts(render_, names_.size());
+    if (texts.size() < names_.size()) return std::nullopt;
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      if (!StillShows(i, texts[i])) return std::nullopt;
+    }
+    texts.resize(names_.size());
+    return texts;
+  }
+
+  /// Whether the key's input holds what the form shows for the value with that key text.
+  bool StillShows(std::size_t i, std::string_view text) const {
+    const SchemaField* field = schema_.Find(names_[i]);
+    if (field == nullptr) return !IsPosted(i) || Value(i) == text;
+    const platform::Variant value = views::KeyValue(render_.Regional(), field->type, text);
+    if (field->type == TypeCode::kBoolean) return IsTickPosted(i) == IsTicked(platform::View(value));
+    if (!IsPosted(i)) return true;
+    const bool is_select = !render_.settings.lookups.Find(field->name).empty();
+    std::string scratch;
+    const std::string_view shown = ControlText(render_, field->type, platform::View(value), scratch);
+    return IsUntouched(Value(i), util::TrimBlanks(shown), !is_select && !util::IsMemoFieldType(field->type));
+  }
+
+  /// In place of a box that is disabled or hidden stands its text.
+  bool IsTickPosted(std::size_t i) const {
+    return !Value(i).empty() && !util::EqualIgnoringCase(Value(i), "False");
+  }
+
+  /// What was typed as key text: forms show dates, and numbers with fractions, in the regional form.
+  std::string TypedText(std::size_t i) const {
+    const TypeCode type = TypeOf(i);
+    std::string text(Value(i));
+    if (util::IsFractionalFieldType(type)) {
+      std::ranges::replace(text, ',', '.');
+    } else if (util::IsDateFieldType(type) || type == TypeCode::kDbTime) {
+      if (const auto date = render_.Regional().RecognizeDate(text)) views::KeyText(*date, type, text);
+    } else if (type == TypeCode::kBoolean && text != "0" && text != "1") {
+      text = IsTickPosted(i) ? "1" : "0";
+    }
+    return text;
+  }
+
+  const shell::Render& render_;
+  const QuerySchema& schema_;
+  const Texts names_;
+  const FieldInputs inputs_;
+};
 
 }  // namespace
 
-std::string PostedKeyCondition(const shell::Render& render, const QuerySchema& schema) {
-  const std::vector<std::string> names = KeyNames(render.settings);
-  KeyCondition condition;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    const bool is_numeric = schema.IsNumericAt(i);
-    const std::string_view posted = render.keys.Value("_Form_" + names[i]);
-    condition.Add(names[i], DatabaseText(render.Regional(), schema.fields[i].type, posted), is_numeric);
+Texts PostedKeyTexts(const shell::Render& render, std::size_t keys) {
+  const std::string_view posted = render.keys.Value(shell::key::kPrimaryKey);
+  if (keys < 2) return {std::string(posted)};
+  Texts texts = util::Split(posted);
+  for (std::string& text : texts) text = std::string(util::TrimBlanks(text));
+  return texts;
+}
+
+PostedKey ReadPostedKey(const shell::Render& render, const QuerySchema& schema) {
+  return KeyInputs(render, schema).Read();
+}
+
+bool IsRecordOfKey(const shell::Render& render, platform::Recordset& recordset, const PostedKey& key) {
+  const Texts names = KeyNames(render.settings);
+  std::string scratch;
+  for (std::size_t i = 0; i < key.exact.size(); ++i) {
+    platform::Field* field = cells::FindField(recordset, names[i]);
+    if (field != nullptr && util::TrimBlanks(views::KeyText(*field, scratch)) != key.exact[i]) return false;
   }
-  return condition.Text(render.settings.DrConnection->EngineName());
+  return true;
 }
 
 }  // namespace dralo::editing

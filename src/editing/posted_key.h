@@ -1,15 +1,40 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "editing/query_schema.h"
+#include "platform/recordset.h"
 #include "shell/render.h"
 
 namespace dralo::editing {
 
-/// The condition for the record whose key stands in the posted inputs of the key fields. Unlike those of
-/// other fields they may come in the query string too, and blanks around them do not count. `schema` is that
-/// of EditSQL. Throws platform::Error when it has fewer columns than there are keys.
-std::string PostedKeyCondition(const shell::Render& render, const QuerySchema& schema);
+/// The items of the posted key, in the order of EditPrimaryKeys. A single key is not split, for its value may
+/// contain commas; of several there may be less or more items than `keys`.
+std::vector<std::string> PostedKeyTexts(const shell::Render& render, std::size_t keys);
+
+/// Which record a posted form addresses.
+struct PostedKey {
+  std::string condition = "";  ///< As it stands behind WHERE.
+
+  /// The texts of the keys by which the form was opened, in their order: none when a visitor typed another
+  /// key into the form, or when the form was not opened by one.
+  std::vector<std::string> exact = {};
+
+  /// The part of the condition on keys that are no columns of EditSQL, in the same form; "" for none.
+  std::string outside_columns = "";
+};
+
+/// The record of the key by which the form was opened, as long as every posted input of a key field still
+/// holds what the form shows for that record: key texts are exact where a form shows less, as of fractions of
+/// seconds. Else the record whose key stands in the inputs. Unlike those of other fields these may come in
+/// the query string too, and blanks around them do not count. `schema` is that of EditSQL. Throws
+/// platform::Error when it has fewer columns than there are keys, and for a key of bytes.
+PostedKey ReadPostedKey(const shell::Render& render, const QuerySchema& schema);
+
+/// Whether the record on which `recordset` stands is the one of the exact key, which the database may have
+/// compared with less care. True without an exact key.
+bool IsRecordOfKey(const shell::Render& render, platform::Recordset& recordset, const PostedKey& key);
 
 }  // namespace dralo::editing

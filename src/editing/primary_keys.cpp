@@ -6,6 +6,7 @@
 
 #include "cells/named_field.h"
 #include "editing/key_condition.h"
+#include "editing/posted_key.h"
 #include "editing/query_schema.h"
 #include "platform/error.h"
 #include "shell/guard.h"
@@ -35,15 +36,12 @@ Texts ShownKeyValues(Recordset& shown, const Texts& names) {
   return values;
 }
 
-/// A single key is not split: its value may contain commas.
+/// Throws platform::Error when the request has fewer values than there are keys.
 Texts PostedKeyValues(const Render& render, const Texts& names) {
-  const std::string_view posted = render.keys.Value(shell::key::kPrimaryKey);
-  if (names.size() < 2) return {std::string(posted)};
-  Texts values = util::Split(posted);
+  Texts values = PostedKeyTexts(render, names.size());
   if (values.size() < names.size()) {
     throw Error("The request has no value for the key \"" + names[values.size()] + "\"");
   }
-  for (std::string& value : values) value = std::string(util::TrimBlanks(value));
   return values;
 }
 
@@ -51,7 +49,13 @@ std::string ConditionFor(const Render& render, const QuerySchema& schema, const 
                          const Texts& values) {
   KeyCondition condition;
   for (std::size_t key = 0; key < names.size(); ++key) {
-    condition.Add(names[key], values[key], !schema.HasField(names[key]) || schema.IsNumericAt(key));
+    const SchemaField* field = schema.Find(names[key]);
+    const bool is_numeric = field == nullptr || schema.IsNumericAt(key);
+    if (values[key].empty() && field != nullptr && field->is_nullable) {
+      condition.AddEmpty(names[key], *field);
+    } else {
+      condition.AddExact(names[key], field, values[key], is_numeric);
+    }
   }
   return condition.Text(render.settings.DrConnection->EngineName());
 }

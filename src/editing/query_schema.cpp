@@ -15,9 +15,10 @@ bool QuerySchema::IsNumericAt(std::size_t key) const {
   return util::IsNumericFieldType(fields[key].type);
 }
 
-bool QuerySchema::HasField(std::string_view name) const {
-  return std::ranges::any_of(
+const SchemaField* QuerySchema::Find(std::string_view name) const {
+  const auto found = std::ranges::find_if(
       fields, [&](const SchemaField& field) { return util::EqualIgnoringCase(field.name, name); });
+  return found == fields.end() ? nullptr : &*found;
 }
 
 std::shared_ptr<platform::Recordset> OpenFirstRow(const shell::Render& render, std::string_view sql) {
@@ -36,7 +37,8 @@ QuerySchema ReadQuerySchema(const shell::Render& render, std::string_view sql) {
   for (const platform::Field* field : recordset->Fields()) {
     schema.fields.push_back({.name = std::string(field->Name()),
                              .type = field->Type(),
-                             .is_nullable = (field->Attributes() & platform::kFieldIsNullable) != 0});
+                             .is_nullable = (field->Attributes() & platform::kFieldIsNullable) != 0,
+                             .comparison = field->Comparison()});
   }
   recordset->Close();
   return schema;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/field.h"
 #include "platform/recordset.h"
 #include "platform/type_code.h"
 #include "shell/render.h"
@@ -16,6 +17,7 @@ struct SchemaField {
   std::string name = "";
   platform::TypeCode type{};
   bool is_nullable = false;
+  platform::KeyComparison comparison = nullptr;
 };
 
 /// What the columns of a statement are, in their order.
@@ -28,8 +30,8 @@ struct QuerySchema {
   /// are fewer columns.
   bool IsNumericAt(std::size_t key) const;
 
-  /// Whether a column bears the name, in any letter case.
-  bool HasField(std::string_view name) const;
+  /// The first column that bears the name, in any letter case; nullptr when there is none.
+  const SchemaField* Find(std::string_view name) const;
 };
 
 /// The first row of `sql`, at most, on the view's connection. Throws platform::Error when it does not open.

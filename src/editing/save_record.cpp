@@ -1,5 +1,6 @@
 #include "editing/save_record.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <memory>
@@ -46,7 +47,10 @@ class Save {
 
   bool Run(std::string& statement) {
     statement = WithoutWhere(settings_.EditSQL);
-    if (!is_insert_) statement += " WHERE " + PostedKeyCondition(render_, schema_);
+    if (!is_insert_) {
+      key_ = ReadPostedKey(render_, schema_);
+      statement += " WHERE " + key_.condition;
+    }
     if (!Open(statement) || !Begin()) return false;
     for (std::size_t i = 0; i < schema_.fields.size(); ++i) {
       if (!Assign(i)) return false;
@@ -60,6 +64,10 @@ class Save {
     recordset_->SetCursorLocation(platform::CursorLocation::kClient);
     // Of two saves of one record at the same moment one must fail, or the record would be a mixture of both.
     recordset_->SetUpdateCriteria(platform::UpdateCriteria::kAllColumns);
+    if (!is_insert_) {
+      recordset_->SetMaxRecords(1);  // However many a made-up key finds.
+      recordset_->SetIdentity({KeyNames(settings_), key_.outside_columns});
+    }
     try {
       recordset_->Open(statement, shell::OpenConnection(settings_), platform::CursorType::kKeyset,
                        platform::LockType::kOptimistic);
@@ -74,8 +82,11 @@ class Save {
   }
 
   bool Begin() {
-    if (!is_insert_ && !is_found_) throw platform::Error("There is no record with the posted key");
-    if (!is_insert_) return true;
+    if (!is_insert_) {
+      if (!is_found_ || !IsRecordOfKey(render_, *recordset_, key_))
+        throw platform::Error("There is no record with the posted key");
+      return true;
+    }
     try {
       recordset_->AddNew();
     } catch (const std::exception& error) {
@@ -88,11 +99,13 @@ class Save {
 
   /// Gives the field its value. False when there is none for it, which the status message then tells.
   bool Assign(std::size_t index) {
-    const SchemaField& field = schema_.fields[index];
+    SchemaField field = schema_.fields[index];
+    // Without a declared type the schema has that of another record.
+    if (!is_insert_) field.type = FieldAt(index).Type();
     const NewKey key = is_insert_ ? MakeNewKey(render_, field.name) : NewKey{};
     const auto posted = inputs_.Posted(field.name);
     if (key.is_left_to_database || field.type == TypeCode::kLongVarBinary) return true;
-    if (!key.value && IsLeftAlone(index, posted)) return true;
+    if (!key.value && IsLeftAlone(field, index, posted)) return true;
 
     const std::string_view text = key.value ? std::string_view(*key.value) : posted.value_or("");
     const auto value = FieldValue(render_.Regional(), field, text);
@@ -102,12 +115,18 @@ class Save {
   }
 
   /// Whether what was posted, or was not, is no reason to set the field.
-  bool IsLeftAlone(std::size_t index, std::optional<std::string_view> posted) {
-    const SchemaField& field = schema_.fields[index];
+  bool IsLeftAlone(const SchemaField& field, std::size_t index, std::optional<std::string_view> posted) {
     const int position = static_cast<int>(index);
     if (views::IsFieldReadOnly(settings_, field.name, position)) return true;
     if (!posted && !views::IsFormFieldShown(settings_, field.name, position + 1)) return true;
-    return !is_insert_ && IsShownAsPosted(field, FieldAt(index), posted.value_or(""));
+    if (is_insert_) return false;
+    return IsUntouchedKey(field.name) || IsShownAsPosted(field, FieldAt(index), posted.value_or(""));
+  }
+
+  bool IsUntouchedKey(std::string_view name) const {
+    return !key_.exact.empty() && std::ranges::any_of(KeyNames(settings_), [&](const std::string& key) {
+      return util::EqualIgnoringCase(key, name);
+    });
   }
 
   bool IsShownAsPosted(const SchemaField& schema, platform::Field& field, std::string_view posted) const {
@@ -161,6 +180,7 @@ class Save {
   const QuerySchema& schema_;
   FieldInputs inputs_;
   bool is_insert_;
+  PostedKey key_;          ///< Of an update.
   bool is_found_ = false;  ///< Whether there is a record with the posted key.
   std::shared_ptr<platform::Recordset> recordset_;
 };

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "editing/delete_record.h"
+#include "editing/outcome.h"
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
 #include "util/list.h"
@@ -26,11 +27,6 @@ bool CarryOut(shell::Render& render, std::string& statement) {
       is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);
   if (is_done) render.change = is_delete ? shell::Change::kDeleted : shell::Change::kSaved;
   return is_done;
-}
-
-void ReportFailure(shell::Settings& settings, std::string_view description, const std::string& statement) {
-  settings.ErrorMessage.append(description).append(" in UpdateRecord.<br>");
-  if (settings.DisplayDebug) settings.ErrorMessage.append("sql='").append(statement).append("'<br>");
 }
 
 }  // namespace

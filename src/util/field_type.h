@@ -43,6 +43,12 @@ constexpr bool IsFractionalFieldType(platform::TypeCode type) {
   }
 }
 
+/// Bytes, of which no text can be made.
+constexpr bool IsBinaryFieldType(platform::TypeCode type) {
+  return type == platform::TypeCode::kBinary || type == platform::TypeCode::kVarBinary ||
+         type == platform::TypeCode::kLongVarBinary;
+}
+
 /// Long text, narrow or wide: a memo.
 constexpr bool IsMemoFieldType(platform::TypeCode type) {
   return type == platform::TypeCode::kLongVarChar || type == platform::TypeCode::kLongVarWideChar;

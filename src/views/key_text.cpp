@@ -3,9 +3,11 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <optional>
 #include <variant>
 
 #include "platform/type_code.h"
+#include "util/field_type.h"
 
 namespace dralo::views {
 namespace {
@@ -70,7 +72,44 @@ struct KeyTextWriter {
   }
 };
 
+template <class Number>
+std::optional<Number> Parse(std::string_view text) {
+  Number number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+}
+
+bool IsDouble(platform::TypeCode type) {
+  return type == platform::TypeCode::kSingle || type == platform::TypeCode::kDouble;
+}
+
+/// A value that `text` may be the key text of; Null when the type has none.
+platform::Variant Candidate(const platform::Formatting& formatting, platform::TypeCode type,
+                            std::string_view text) {
+  using platform::Variant;
+  if (type == platform::TypeCode::kBoolean) return Variant(text == "1");
+  if (type == platform::TypeCode::kDbTime || util::IsDateFieldType(type)) {
+    const auto time = formatting.RecognizeDate(text);
+    return time ? Variant(*time) : Variant();
+  }
+  if (!util::IsNumericFieldType(type)) return Variant(std::string(text));
+  if (text.find_first_not_of("+-.0123456789e") != text.npos) return {};  // Such as "nan".
+  if (const auto integer = Parse<std::int64_t>(text); integer && !IsDouble(type)) return Variant(*integer);
+  const auto number = Parse<double>(text);
+  const bool is_decimal = number && !IsDouble(type) && text.find('e') == text.npos;
+  if (is_decimal) return Variant(platform::Decimal{std::string(text)});
+  return number ? Variant(*number) : Variant();
+}
+
 }  // namespace
+
+platform::Variant KeyValue(const platform::Formatting& formatting, platform::TypeCode type,
+                           std::string_view text) {
+  platform::Variant value = Candidate(formatting, type, text);
+  std::string scratch;
+  const bool is_exact = std::visit(KeyTextWriter{type, scratch}, platform::View(value)) == text;
+  return is_exact ? value : platform::Variant(std::string(text));
+}
 
 std::string_view KeyText(platform::Field& field, std::string& scratch) {
   return std::visit(KeyTextWriter{field.Type(), scratch}, field.Value());

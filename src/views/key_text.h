@@ -4,6 +4,8 @@
 #include <string_view>
 
 #include "platform/field.h"
+#include "platform/formatting.h"
+#include "platform/variant.h"
 
 namespace dralo::views {
 
@@ -16,5 +18,10 @@ std::string_view KeyText(platform::Field& field, std::string& scratch);
 
 /// The same for a date, or with kDbTime for a time of day, that is not in a record.
 std::string_view KeyText(const platform::DateTime& time, platform::TypeCode type, std::string& scratch);
+
+/// The value of that type whose key text is exactly `text`; where there is none the text itself, as of a
+/// value that is not of its field's type.
+platform::Variant KeyValue(const platform::Formatting& formatting, platform::TypeCode type,
+                           std::string_view text);
 
 }  // namespace dralo::views

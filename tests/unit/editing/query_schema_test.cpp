@@ -54,8 +54,8 @@ TEST(QuerySchema, TakesTheTypeOfAKeyFromTheColumnAtItsPosition) {
 TEST(QuerySchema, FindsFieldsInAnyLetterCase) {
   EditedView view(kQueriedTable);
   const QuerySchema schema = SchemaOf(view, "SELECT Name FROM T");
-  EXPECT_TRUE(schema.HasField("nAME"));
-  EXPECT_FALSE(schema.HasField("ID"));
+  EXPECT_EQ(schema.Find("nAME"), &schema.fields[0]);
+  EXPECT_EQ(schema.Find("ID"), nullptr);
 }
 
 TEST(QuerySchema, ReadsAtMostOneRowOnTheClientForwardAndReadOnly) {

@@ -40,8 +40,9 @@ Outcome TableModel::Apply(const Post& post) {
 Outcome TableModel::Delete(const Post& post) {
   const Input& key = post.inputs[0];
   if (const auto error = KeyError(key)) return {false, "Delete failed: " + *error + "<br>", ""};
-  rows.erase(std::stoi(key.stored));
-  return {true, "&nbsp;[Record deleted]", ""};
+  const bool was_there = rows.erase(std::stoi(key.stored)) > 0;
+  return {true, "&nbsp;[Record deleted]",
+          was_there ? "" : "There is no record with the posted key in UpdateRecord.<br>"};
 }
 
 Outcome TableModel::Save(const Post& post) {

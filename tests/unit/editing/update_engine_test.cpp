@@ -245,11 +245,22 @@ TEST_F(UpdateEngine, CannotDeleteWithAStatementThatHasAWhereOfItsOwn) {
   EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
 }
 
-TEST_F(UpdateEngine, SaysDeletedWhenTheRecordWasGoneAlready) {
+TEST_F(UpdateEngine, SaysDeletedAndWhyNotWhenTheRecordWasGoneAlready) {
   saving.settings.DeleteSQL = "DELETE FROM T";
   saving.Post("ID", "77");
   EXPECT_TRUE(saving.Delete());
   EXPECT_EQ(saving.Status(), "&nbsp;[Record deleted]");
+  EXPECT_EQ(saving.Message(), "There is no record with the posted key in UpdateRecord.<br>");
+  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
+}
+
+TEST_F(UpdateEngine, DeletesNothingThatAnExpressionFinds) {
+  saving.settings.DeleteSQL = "DELETE FROM T";
+  saving.Post("ID", "1 OR 1=1");
+  EXPECT_FALSE(saving.Delete());
+  EXPECT_EQ(saving.Status(), "");
+  EXPECT_EQ(saving.Message(),
+            "Several records have the posted key, so none was deleted in UpdateRecord.<br>");
   EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
 }
 

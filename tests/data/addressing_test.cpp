@@ -1,0 +1,177 @@
+#include <optional>
+
+#include "data/database_contract.h"
+#include "data/databases.h"
+#include "data/key_journey.h"
+#include "data/key_types.h"
+
+/// The record that a form shows is the one that is saved or deleted, whatever the type of its key.
+namespace dralo::tests {
+
+namespace {
+
+class Addressing : public ::testing::TestWithParam<Database> {
+ protected:
+  void SetUp() override {
+    database_ = GetParam().make();
+    connection_ = Connect(database_->ConnectionString());
+  }
+
+  /// A table of the keys with the notes n1, n2, ... Returns its name.
+  std::string Make(const KeyType& type, bool is_declared) {
+    const std::string table = "Keys" + std::to_string(++tables_);
+    connection_->Execute("CREATE TABLE " + table + " (K " + type.name + (is_declared ? " PRIMARY KEY" : "") +
+                         ", Note VARCHAR(20))");
+    int number = 0;
+    for (const std::string& key : type.keys) {
+      connection_->Execute("INSERT INTO " + table + " VALUES (" + key + ", 'n" + Padded(++number) + "')");
+    }
+    return table;
+  }
+
+  /// Numbers sort as texts.
+  static std::string Padded(int number) { return std::to_string(10 + number); }
+
+  Lines Notes(const std::string& table) {
+    return Rows(connection_, "SELECT Note FROM " + table + " ORDER BY Note");
+  }
+
+  /// The notes of a table as Make() fills it, with another one in place of the number's, or none.
+  static Lines Expected(const KeyType& type, int number, const std::optional<std::string>& note) {
+    Lines notes;
+    for (int i = 1; static_cast<std::size_t>(i) <= type.keys.size(); ++i) {
+      if (i != number) notes.push_back("'n" + Padded(i) + "'");
+    }
+    if (note) notes.push_back("'" + *note + "'");
+    std::sort(notes.begin(), notes.end());
+    return notes;
+  }
+
+  void Visit(const KeyType& type, const std::string& table, int number, const KeyJourney::Fields& link,
+             KeyJourney& visitor) {
+    SCOPED_TRACE(type.name + " " + type.keys[static_cast<std::size_t>(number - 1)]);
+    const std::string note = "n" + Padded(number);
+    const std::string viewed = visitor.Show(link);
+    EXPECT_EQ(visitor.Error(), "");
+    EXPECT_NE(viewed.find("<td>" + note + "</td>"), viewed.npos) << "opened by its link";
+
+    const auto form = visitor.Posted(link, "Morvu1FormUpdate", "zz");
+    const std::string saved = visitor.Show({}, form);
+    EXPECT_EQ(visitor.Error(), "");
+    EXPECT_NE(saved.find("[Record saved ok]"), saved.npos);
+    EXPECT_EQ(Notes(table), Expected(type, number, "zz"));
+    connection_->Execute("UPDATE " + table + " SET Note = '" + note + "' WHERE Note = 'zz'");
+  }
+
+  void Delete(const KeyType& type, const std::string& table, int number, const KeyJourney::Fields& link,
+              KeyJourney& visitor) {
+    SCOPED_TRACE("delete " + type.name + " " + type.keys[static_cast<std::size_t>(number - 1)]);
+    const std::string deleted = visitor.Show({}, visitor.Posted(link, "Morvu1FormDelete", "zz"));
+    EXPECT_EQ(visitor.Error(), "");
+    EXPECT_NE(deleted.find("[Record deleted]"), deleted.npos);
+    const auto left = type.keys.size() - static_cast<std::size_t>(number);
+    EXPECT_EQ(Notes(table).size(), left);
+    if (left > 0) {
+      EXPECT_EQ(Notes(table).front(), "'n" + Padded(number + 1) + "'");
+    }
+  }
+
+  /// With the key in that list of fields.
+  void VisitAll(const KeyType& type, const std::string& table, const std::string& list) {
+    SCOPED_TRACE(list);
+    KeyJourney visitor(database_->ConnectionString(), table);
+    if (!list.empty()) visitor.settings = {{list, "K,k"}};
+    const auto links = visitor.Links();
+    ASSERT_EQ(links.size(), type.keys.size());
+    for (std::size_t i = 0; i < links.size(); ++i)
+      Visit(type, table, static_cast<int>(i + 1), links[i], visitor);
+  }
+
+  void DeleteAll(const KeyType& type, const std::string& table) {
+    KeyJourney visitor(database_->ConnectionString(), table);
+    const auto links = visitor.Links();
+    ASSERT_EQ(links.size(), type.keys.size());
+    for (std::size_t i = 0; i < links.size(); ++i)
+      Delete(type, table, static_cast<int>(i + 1), links[i], visitor);
+  }
+
+  std::unique_ptr<NewDatabase> database_;
+  ConnectionPtr connection_;
+  int tables_ = 0;
+};
+
+INSTANTIATE_TEST_SUITE_P(Databases, Addressing, kDatabases, DatabaseName);
+
+TEST_P(Addressing, FindsEveryRecordByItsKeyAgain) {
+  for (const KeyType& type : KeyTypesOf(GetParam().name)) {
+    const std::string table = Make(type, type.can_be_declared);
+    EXPECT_EQ(Read(connection_, "SELECT K FROM " + table)->Fields()[0]->Type(), type.code) << type.name;
+    VisitAll(type, table, "");
+    VisitAll(type, table, "EditFieldsReadOnly");
+    DeleteAll(type, table);
+  }
+}
+
+TEST_P(Addressing, FindsEveryRecordWithoutADeclaredKeyAgain) {
+  for (const KeyType& type : KeyTypesOf(GetParam().name)) {
+    const std::string table = Make(type, false);
+    VisitAll(type, table, "FormFieldsHide");
+    DeleteAll(type, table);
+  }
+}
+
+TEST_P(Addressing, SaysThatBytesAddressNoRecord) {
+  const KeyType bytes{GetParam().bytes.name, GetParam().bytes.code, {"NULL"}};
+  const std::string table = Make(bytes, false);
+  KeyJourney visitor(database_->ConnectionString(), table);
+  const FakePage::Fields form = {
+      {"Morvu1FormDisplay", "formOneRec"}, {"Morvu1FormDelete", "Delete"}, {"Morvu1_Form_K", "x"}};
+  visitor.Show({}, form);
+  EXPECT_EQ(visitor.Error(),
+            "The key \"K\" holds binary data, by which no record can be found in UpdateRecord.<br>");
+  EXPECT_EQ(Notes(table), Lines{"'n11'"});
+}
+
+TEST_P(Addressing, ReportsADeleteThatFindsNoRecord) {
+  const KeyType numbers{GetParam().small.name, GetParam().small.code, {"5", "6"}};
+  const std::string table = Make(numbers, true);
+  KeyJourney visitor(database_->ConnectionString(), table);
+  const auto form = visitor.Posted(visitor.Links().at(0), "Morvu1FormDelete", "zz");
+  connection_->Execute("DELETE FROM " + table + " WHERE K = 5");
+  const std::string page = visitor.Show({}, form);
+  EXPECT_EQ(visitor.Error(), "There is no record with the posted key in UpdateRecord.<br>");
+  EXPECT_NE(page.find("[Record deleted]"), page.npos) << "it is not there any more";
+  EXPECT_NE(page.find("value=\"n12\""), page.npos) << "the record that stands there now";
+}
+
+TEST_P(Addressing, DeletesNothingWhenSeveralRecordsHaveTheKey) {
+  const KeyType numbers{GetParam().small.name, GetParam().small.code, {"5", "5", "6"}};
+  const std::string table = Make(numbers, false);
+  KeyJourney visitor(database_->ConnectionString(), table);
+  visitor.Show({}, visitor.Posted(visitor.Links().at(0), "Morvu1FormDelete", "zz"));
+  EXPECT_EQ(visitor.Error(), "Several records have the posted key, so none was deleted in UpdateRecord.<br>");
+  EXPECT_EQ(Notes(table).size(), 3U);
+
+  visitor.Show(
+      {},
+      {{"Morvu1FormDisplay", "formOneRec"}, {"Morvu1FormDelete", "Delete"}, {"Morvu1_Form_K", "5 OR 1=1"}});
+  EXPECT_NE(visitor.Error(), "");
+  EXPECT_EQ(Notes(table).size(), 3U);
+}
+
+/// MariaDB's driver counts records that were changed, not those that were found.
+TEST_P(Addressing, CountsARecordThatWasDeletedBeforeAsFound) {
+  const KeyType numbers{GetParam().small.name, GetParam().small.code, {"5", "6"}};
+  const std::string table = Make(numbers, true);
+  KeyJourney visitor(database_->ConnectionString(), table);
+  visitor.settings = {{"DeleteSQL", "UPDATE " + table + " SET Note = 'n11'"}};
+  const std::string page = visitor.Show({}, visitor.Posted(visitor.Links().at(0), "Morvu1FormDelete", "zz"));
+  const bool counts_found = GetParam().name != "MariaDb";
+  EXPECT_EQ(visitor.Error(),
+            counts_found ? "" : "There is no record with the posted key in UpdateRecord.<br>");
+  EXPECT_NE(page.find("[Record deleted]"), page.npos);
+}
+
+}  // namespace
+
+}  // namespace dralo::tests
