@@ -19,12 +19,15 @@ class Addressing : public ::testing::TestWithParam<Database> {
 
   /// A table of the keys with the notes n1, n2, ... Returns its name.
   std::string Make(const KeyType& type, bool is_declared) {
-    const std::string table = "Keys" + std::to_string(++tables_);
-    connection_->Execute("CREATE TABLE " + table + " (K " + type.name + (is_declared ? " PRIMARY KEY" : "") +
-                         ", Note VARCHAR(20))");
+    std::string table = "Keys" + std::to_string(++tables_);
+    std::string statement = "CREATE TABLE " + table + " (K ";
+    statement.append(type.name).append(is_declared ? " PRIMARY KEY" : "").append(", Note VARCHAR(20))");
+    connection_->Execute(statement);
     int number = 0;
     for (const std::string& key : type.keys) {
-      connection_->Execute("INSERT INTO " + table + " VALUES (" + key + ", 'n" + Padded(++number) + "')");
+      statement = "INSERT INTO " + table;
+      statement.append(" VALUES (").append(key).append(", 'n").append(Padded(++number)).append("')");
+      connection_->Execute(statement);
     }
     return table;
   }
