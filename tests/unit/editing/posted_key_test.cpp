@@ -159,7 +159,7 @@ class LimitedRecords final : public FakeRecords {
   LimitedRecords(int rows, std::vector<std::int64_t>& limits) : FakeRecords(rows), limits_(limits) {}
   void SetMaxRecords(std::int64_t rows) override { limit_ = rows; }
   void Open(std::string_view, const std::shared_ptr<platform::Connection>&, platform::CursorType,
-            platform::LockType) override {
+            platform::LockType, int /*options*/) override {
     limits_.push_back(limit_);
   }
 
