@@ -2,7 +2,7 @@
 
 import assert from "node:assert/strict";
 import { buttons, changes, field, kindOfView, message, openRecord, stored, text, toList, unchanged } from "./form.mjs";
-import { siteTest, visitors, withAndWithoutScripts } from "./site.mjs";
+import { editTest, visitors, withAndWithoutScripts } from "./site.mjs";
 import { column, counter, press } from "./view.mjs";
 
 async function fillIn(page) {
@@ -40,7 +40,7 @@ const waysToAdd = {
 };
 
 for (const [way, { visitor, open }] of Object.entries(waysToAdd)) {
-  siteTest(`A failed new record stays new until it is right, and is saved once (${way})`, visitor, async ({
+  editTest(`A failed new record stays new until it is right, and is saved once (${way})`, visitor, async ({
     page,
     shop,
     troubles,
@@ -67,7 +67,7 @@ for (const [way, { visitor, open }] of Object.entries(waysToAdd)) {
     assert.deepEqual(troubles, []);
   });
 
-  siteTest(`Close adds nothing (${way})`, visitor, async ({ page, shop }) => {
+  editTest(`Close adds nothing (${way})`, visitor, async ({ page, shop }) => {
     const before = await stored(shop, "Customers");
     await page.goto("/customers.php");
     await open(page);
@@ -81,7 +81,7 @@ for (const [way, { visitor, open }] of Object.entries(waysToAdd)) {
   });
 }
 
-siteTest("A new record is found in the grid, in the order of the page", visitors.light, async ({ page }) => {
+editTest("A new record is found in the grid, in the order of the page", visitors.light, async ({ page }) => {
   await page.goto("/customers.php");
   await press(page, "Add");
   await fillIn(page);
@@ -94,7 +94,7 @@ siteTest("A new record is found in the grid, in the order of the page", visitors
   assert.deepEqual(await column(page, 2), [`"Æsops" Teer & Co`]);
 });
 
-siteTest("A new line of an order gets the order's number and the next of its own", visitors.light, async ({ page, shop }) => {
+editTest("A new line of an order gets the order's number and the next of its own", visitors.light, async ({ page, shop }) => {
   const before = await stored(shop, "OrderLines");
   await page.goto("/order-lines.php?Order=2997");
   await press(page, "Add");

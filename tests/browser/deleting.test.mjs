@@ -2,7 +2,7 @@
 
 import assert from "node:assert/strict";
 import { buttons, changes, field, kindOfView, message, openRecord, shownRecord, stored, toList, unchanged } from "./form.mjs";
-import { servedTest, siteTest, visitors, withAndWithoutScripts } from "./site.mjs";
+import { editTest, servedTest, visitors, withAndWithoutScripts } from "./site.mjs";
 import { button, column, press } from "./view.mjs";
 
 /** Answers every question of the page's scripts; returns the questions. */
@@ -22,7 +22,7 @@ async function editSecondLine(page) {
   await press(page, "Edit");
 }
 
-siteTest("Delete asks, and deletes after a yes", visitors.light, async ({ page, shop, troubles }) => {
+editTest("Delete asks, and deletes after a yes", visitors.light, async ({ page, shop, troubles }) => {
   const before = await stored(shop, "OrderLines");
   const asked = answerQuestions(page, true);
   await editSecondLine(page);
@@ -41,7 +41,7 @@ siteTest("Delete asks, and deletes after a yes", visitors.light, async ({ page, 
   assert.deepEqual(troubles, []);
 });
 
-siteTest("After a no nothing is deleted, and the form is as it was", visitors.light, async ({ page, shop }) => {
+editTest("After a no nothing is deleted, and the form is as it was", visitors.light, async ({ page, shop }) => {
   const before = await stored(shop, "OrderLines");
   const asked = answerQuestions(page, false);
   await editSecondLine(page);
@@ -54,7 +54,7 @@ siteTest("After a no nothing is deleted, and the form is as it was", visitors.li
   assert.deepEqual(await changes(before, shop, "OrderLines"), unchanged);
 });
 
-siteTest("After a no the form can still be saved", visitors.light, async ({ page, shop }) => {
+editTest("After a no the form can still be saved", visitors.light, async ({ page, shop }) => {
   answerQuestions(page, false);
   await editSecondLine(page);
   await field(page, "Quantity").fill("99");
@@ -66,7 +66,7 @@ siteTest("After a no the form can still be saved", visitors.light, async ({ page
   assert.equal((await stored(shop, "OrderLines", "OrderID = 2997 AND Line = 2"))[0].Quantity, "integer:99");
 });
 
-siteTest("Without scripts Delete deletes and asks nothing", withAndWithoutScripts["without scripts"], async ({
+editTest("Without scripts Delete deletes and asks nothing", withAndWithoutScripts["without scripts"], async ({
   page,
   shop,
 }) => {
@@ -79,7 +79,7 @@ siteTest("Without scripts Delete deletes and asks nothing", withAndWithoutScript
   assert.equal(await field(page, "Line").first().inputValue(), "3");
 });
 
-siteTest("What the database refuses to delete stays, and the page says why", visitors.light, async ({ page, shop }) => {
+editTest("What the database refuses to delete stays, and the page says why", visitors.light, async ({ page, shop }) => {
   const before = await stored(shop, "Customers");
   answerQuestions(page, true);
   await page.goto("/customers.php");

@@ -6,7 +6,7 @@ import { once } from "node:events";
 import { readdir, readFile } from "node:fs/promises";
 import { createServer } from "node:net";
 import { join } from "node:path";
-import { test } from "node:test";
+import { test } from "./cases.mjs";
 import { freePort, root } from "./site.mjs";
 
 /** Starts ./demo, which ends with the test `t`; `until(text)` waits until it has said that, or has ended. */

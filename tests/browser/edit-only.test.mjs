@@ -2,11 +2,11 @@
 
 import assert from "node:assert/strict";
 import { buttons, changes, field, kindOfView, message, openRecord, stored, toList } from "./form.mjs";
-import { siteTest, withAndWithoutScripts } from "./site.mjs";
+import { editTest, withAndWithoutScripts } from "./site.mjs";
 import { column, counter, press } from "./view.mjs";
 
 for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
-  siteTest(`Records open as forms, are saved, and the form stays (${kind})`, visitor, async ({ page, shop, troubles }) => {
+  editTest(`Records open as forms, are saved, and the form stays (${kind})`, visitor, async ({ page, shop, troubles }) => {
     const before = await stored(shop, "Products");
     await page.goto("/stock.php");
     const names = await column(page, 2);

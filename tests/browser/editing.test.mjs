@@ -2,7 +2,7 @@
 
 import assert from "node:assert/strict";
 import { buttons, changes, field, kindOfView, message, openRecord, shownRecord, stored, text, toList, unchanged } from "./form.mjs";
-import { siteTest, visitors, withAndWithoutScripts } from "./site.mjs";
+import { editTest, visitors, withAndWithoutScripts } from "./site.mjs";
 import { column, counter, press, viewOf } from "./view.mjs";
 
 /** Opens the form of the second customer by way of its view. */
@@ -18,7 +18,7 @@ async function closeForm(page) {
 }
 
 for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
-  siteTest(`What fails stays in the form until it is right, and only then is saved (${kind})`, visitor, async ({
+  editTest(`What fails stays in the form until it is right, and only then is saved (${kind})`, visitor, async ({
     page,
     shop,
     troubles,
@@ -76,7 +76,7 @@ for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
     assert.deepEqual(troubles, []);
   });
 
-  siteTest(`Close leaves the record as it is (${kind})`, visitor, async ({ page, shop }) => {
+  editTest(`Close leaves the record as it is (${kind})`, visitor, async ({ page, shop }) => {
     const before = await stored(shop, "Customers");
     await editSecond(page);
     await field(page, "Company").fill("Somebody else");
@@ -89,7 +89,7 @@ for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
     assert.deepEqual(await changes(before, shop, "Customers"), unchanged);
   });
 
-  siteTest(`After a failure Close shows the record as it is stored (${kind})`, visitor, async ({ page }) => {
+  editTest(`After a failure Close shows the record as it is stored (${kind})`, visitor, async ({ page }) => {
     await editSecond(page);
     await field(page, "Company").fill("");
     await press(page, "Save");
@@ -102,7 +102,7 @@ for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
   });
 }
 
-siteTest("A refusal of the database is told, and the form keeps what was typed", visitors.light, async ({ page, shop }) => {
+editTest("A refusal of the database is told, and the form keeps what was typed", visitors.light, async ({ page, shop }) => {
   const before = await stored(shop, "Customers");
   await editSecond(page);
   const letter = "All we ever wrote to each other. ".repeat(700);
@@ -117,7 +117,7 @@ siteTest("A refusal of the database is told, and the form keeps what was typed",
   assert.deepEqual(await changes(before, shop, "Customers"), unchanged);
 });
 
-siteTest("Enter in a field saves", visitors.light, async ({ page, shop }) => {
+editTest("Enter in a field saves", visitors.light, async ({ page, shop }) => {
   await editSecond(page);
   await field(page, "Contact").fill("Nuala Ní Dhomhnaill");
 
@@ -127,7 +127,7 @@ siteTest("Enter in a field saves", visitors.light, async ({ page, shop }) => {
   assert.equal((await stored(shop, "Customers", "ID = 2"))[0].Contact, text("Nuala Ní Dhomhnaill"));
 });
 
-siteTest("Fields show what kind of value they take", visitors.light, async ({ page }) => {
+editTest("Fields show what kind of value they take", visitors.light, async ({ page }) => {
   await editSecond(page);
 
   assert.equal(await field(page, "ID").first().isDisabled(), true);
@@ -139,7 +139,7 @@ siteTest("Fields show what kind of value they take", visitors.light, async ({ pa
   assert.deepEqual(required, ["ID", "Company", "City", "Country", "Newsletter", "Since"]);
 });
 
-siteTest("Emptied fields that may be empty become null", visitors.light, async ({ page, shop }) => {
+editTest("Emptied fields that may be empty become null", visitors.light, async ({ page, shop }) => {
   await editSecond(page);
   for (const name of ["Contact", "Email", "CreditLimit", "LastVisit", "Notes"]) await field(page, name).fill("");
 
@@ -150,7 +150,7 @@ siteTest("Emptied fields that may be empty become null", visitors.light, async (
   assert.deepEqual(emptied, Array(5).fill("null:NULL"));
 });
 
-siteTest("The form shows another record when the bar leads there", visitors.light, async ({ page, shop }) => {
+editTest("The form shows another record when the bar leads there", visitors.light, async ({ page, shop }) => {
   const before = await stored(shop, "Customers");
   await editSecond(page);
   await field(page, "Company").fill("Not saved");
@@ -162,7 +162,7 @@ siteTest("The form shows another record when the bar leads there", visitors.ligh
   assert.deepEqual(await changes(before, shop, "Customers"), unchanged);
 });
 
-siteTest("Loading the page again after a save saves the same again", visitors.light, async ({ page, shop }) => {
+editTest("Loading the page again after a save saves the same again", visitors.light, async ({ page, shop }) => {
   await editSecond(page);
   await field(page, "Contact").fill("Once");
   await press(page, "Save");
@@ -174,7 +174,7 @@ siteTest("Loading the page again after a save saves the same again", visitors.li
   assert.deepEqual(await changes(saved, shop, "Customers"), unchanged);
 });
 
-siteTest("Markup that a visitor saves is text wherever it is shown", visitors.light, async ({ page, shop, troubles }) => {
+editTest("Markup that a visitor saves is text wherever it is shown", visitors.light, async ({ page, shop, troubles }) => {
   const markup = `</textarea><script>document.title = "taken"</script>"><img src=x onerror='document.title = "taken"'>`;
   await editSecond(page);
   await field(page, "Contact").fill(markup.slice(0, 60));

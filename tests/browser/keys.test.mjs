@@ -2,11 +2,11 @@
 
 import assert from "node:assert/strict";
 import { changes, field, kindOfView, message, openRecord, shownRecord, stored, text, toList, unchanged } from "./form.mjs";
-import { servedTest, siteTest, visitors, withAndWithoutScripts } from "./site.mjs";
+import { editTest, servedTest, visitors, withAndWithoutScripts } from "./site.mjs";
 import { column, counter, press } from "./view.mjs";
 
 for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
-  siteTest(`Two columns together say which record is meant (${kind})`, visitor, async ({ page, shop, troubles }) => {
+  editTest(`Two columns together say which record is meant (${kind})`, visitor, async ({ page, shop, troubles }) => {
     const before = await stored(shop, "OrderLines");
     await page.goto("/order-lines.php?Order=2986");
     await openRecord(page, 3);

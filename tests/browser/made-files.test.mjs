@@ -4,7 +4,7 @@ import assert from "node:assert/strict";
 import { mkdtemp, rm } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
-import { test } from "node:test";
+import { test } from "./cases.mjs";
 import { root, run } from "./site.mjs";
 
 test("The shop is the same, byte for byte, however often it is made", async () => {

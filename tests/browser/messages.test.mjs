@@ -2,7 +2,7 @@
 
 import assert from "node:assert/strict";
 import { buttons, field, message, openRecord } from "./form.mjs";
-import { siteTest, visitors } from "./site.mjs";
+import { editTest, visitors } from "./site.mjs";
 import { press } from "./view.mjs";
 
 const languages = [
@@ -41,7 +41,7 @@ const languages = [
 for (const language of languages) {
   const [edit, save, close, add, remove] = language.buttons;
 
-  siteTest(`Saving, failing and deleting speak ${language.name}`, visitors.light, async ({ page, troubles }) => {
+  editTest(`Saving, failing and deleting speak ${language.name}`, visitors.light, async ({ page, troubles }) => {
     const asked = [];
     page.on("dialog", (dialog) => {
       asked.push(dialog.message());

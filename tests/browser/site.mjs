@@ -1,22 +1,21 @@
-// The fixture of the browser tests: a PHP server of its own with a fresh copy of the example shop, and a Chromium page.
+// The fixture of the browser tests: a PHP server with the example shop, and a page of a Chromium that all cases share.
 
 import assert from "node:assert/strict";
 import { execFile, spawn } from "node:child_process";
-import { copyFile, mkdir, mkdtemp, rm } from "node:fs/promises";
+import { copyFile, mkdir, mkdtemp, readFile, rm } from "node:fs/promises";
 import { createServer } from "node:net";
 import { once } from "node:events";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
-import { after, test } from "node:test";
 import { setTimeout as pause } from "node:timers/promises";
 import { promisify } from "node:util";
 import { chromium } from "playwright-core";
+import { atTheEnd, test } from "./cases.mjs";
 
 export const root = resolve(import.meta.dirname ?? new URL(".", import.meta.url).pathname, "../..");
 export const run = promisify(execFile);
 
 const extension = process.env.DRALO_EXTENSION ?? join(root, "build/release/dralo.so");
-const givenShop = process.env.DRALO_TEST_SHOP;
 const screenshots = join(root, "build/screenshots");
 
 /** What a visitor may have: each page must work in all of them. */
@@ -34,14 +33,18 @@ export const withAndWithoutScripts = {
 
 let browser;
 let folder;
+let sharedSite;
 
-after(async () => {
+atTheEnd(async () => {
   await browser?.close();
+  await sharedSite?.server.stop();
   if (folder) await rm(folder, { recursive: true });
 });
 
+/** The browser of all cases; when it has crashed, a new one. */
 async function theBrowser() {
-  browser ??= await chromium.launch({
+  if (browser?.isConnected()) return browser;
+  browser = await chromium.launch({
     executablePath: "/usr/bin/chromium",
     args: [
       "--headless",
@@ -57,7 +60,7 @@ async function theBrowser() {
   return browser;
 }
 
-/** A folder of its own for a test, inside that of the file of tests. */
+/** A folder of its own for a case, inside that of the process. */
 async function freshFolder() {
   if (!folder) {
     await run("php", ["-n", "-d", `extension=${extension}`, "-r", "exit(extension_loaded('dralo') ? 0 : 1);"]);
@@ -74,9 +77,9 @@ async function makeShop() {
   return shop;
 }
 
-/** A copy of the shop that nobody else uses. The shop itself is the one given, or made once for each file of tests. */
+/** A copy of the shop that nobody else uses. */
 async function freshShop() {
-  const shop = givenShop ?? (await (madeShop ??= makeShop()));
+  const shop = await (madeShop ??= makeShop());
   const copy = join(await freshFolder(), "shop.db");
   await copyFile(shop, copy);
   return copy;
@@ -128,7 +131,7 @@ async function startServer(pages, environment) {
   server.stderr.on("data", (text) => (said += text));
   const ended = once(server, "exit");
   const stop = async () => {
-    if (server.exitCode === null) server.kill("SIGTERM");
+    if (server.exitCode === null && server.signalCode === null) server.kill("SIGTERM");
     await ended;
   };
 
@@ -140,7 +143,7 @@ async function startServer(pages, environment) {
     }
     await pause(50);
   }
-  return { url, stop, log: () => said };
+  return { url, stop, runs: () => server.exitCode === null && server.signalCode === null, log: () => said };
 }
 
 /** What goes wrong in a page without a visitor's doing: errors of scripts, requests that fail. */
@@ -156,45 +159,71 @@ function watch(page) {
   return troubles;
 }
 
-/** A test with a server and a page of the browser. When it fails, what the server said is printed. */
-function serverTest(name, visitor, start, body) {
+/** A case with a server and a page. When it fails, what the server said is printed. `release` is done after it. */
+function serverTest(name, visitor, start, body, release) {
   test(name, async () => {
     const { server, ...given } = await start();
-    const context = await (await theBrowser()).newContext({ ...visitor, baseURL: server.url });
+    const before = server.log().length;
     try {
-      context.setDefaultTimeout(60_000);
-      const page = await context.newPage();
-      await body({ page, url: server.url, ...given, troubles: watch(page) });
+      const context = await (await theBrowser()).newContext({ ...visitor, baseURL: server.url });
+      try {
+        context.setDefaultTimeout(60_000);
+        const page = await context.newPage();
+        await body({ page, url: server.url, ...given, troubles: watch(page) });
+      } finally {
+        await context.close();
+      }
     } catch (error) {
-      console.error(`The server of "${name}" said:\n${server.log()}`);
+      console.error(`The server of "${name}" said:\n${server.log().slice(before)}`);
       throw error;
     } finally {
-      await context.close();
-      await server.stop();
+      await release({ server, ...given });
     }
   });
 }
 
-/** A test with the example site. `body` gets { page, url, shop, troubles }; `shop` is the file that all pages use. */
-export function siteTest(name, visitor, body) {
-  const start = async () => {
-    const shop = await freshShop();
-    return { shop, server: await startServer(join(root, "site"), { DRALO_SHOP_DB: shop, DRALO_OPEN_SHOP_DB: shop }) };
-  };
-  serverTest(name, visitor, start, body);
+const stopServer = ({ server }) => server.stop();
+
+async function startSite() {
+  const shop = await freshShop();
+  return { shop, server: await startServer(join(root, "site"), { DRALO_SHOP_DB: shop, DRALO_OPEN_SHOP_DB: shop }) };
 }
 
-/** A test with the pages in "served" and a database made by `statements`. `body` gets { page, url, database, troubles }. */
+/** The example site of all cases that change nothing. */
+async function theSite() {
+  if (!sharedSite?.server.runs()) sharedSite = await startSite();
+  return sharedSite;
+}
+
+async function staysAsItWas({ server, shop }) {
+  if ((await readFile(shop)).equals(await readFile(await madeShop))) return;
+  sharedSite = undefined;
+  await server.stop();
+  assert.fail("the shop of all cases was changed; a case that changes it is an editTest");
+}
+
+/** A case that changes nothing on the example site. `body` gets { page, url, shop, troubles }; `shop` is the pages' database. */
+export function siteTest(name, visitor, body) {
+  serverTest(name, visitor, theSite, body, staysAsItWas);
+}
+
+/** A case with an example site and a shop of its own. */
+export function editTest(name, visitor, body) {
+  serverTest(name, visitor, startSite, body, stopServer);
+}
+
+/** A case with the pages in "served" and a database made by `statements`. `body` gets { page, url, database, troubles }. */
 export function servedTest(name, visitor, statements, body) {
   const start = async () => {
     const database = await freshDatabase(statements);
     return { database, server: await startServer(join(root, "tests/browser/served"), { DRALO_TEST_DATABASE: database }) };
   };
-  serverTest(name, visitor, start, body);
+  serverTest(name, visitor, start, body, stopServer);
 }
 
-/** Keeps a picture of the whole page in build/screenshots, for people to look at. */
+/** With DRALO_SCREENSHOTS in the environment, keeps a picture of the whole page in build/screenshots for people to look at. */
 export async function keepScreenshot(page, name) {
+  if (!process.env.DRALO_SCREENSHOTS) return;
   await mkdir(screenshots, { recursive: true });
   await page.screenshot({ path: join(screenshots, `${name}.png`), fullPage: true });
 }
