@@ -136,8 +136,10 @@ class Customer:
         if not self.added:
             return self.add()
         good = self.random.choice(list(self.added))
+        # Whose save was not answered may not be there: then the page says so.
+        complete = COMPLETE if self.added[good] else END
         if self.ask(form={"Morvu1FormDisplay": "formOneRec", "Morvu1FormDelete": "Delete", "Morvu1_Form_ID": good},
-                    expected=(COMPLETE, b"[Record deleted]")):
+                    expected=(complete, b"[Record deleted]")):
             del self.added[good]
         else:
             self.added[good] = False
