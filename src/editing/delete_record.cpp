@@ -12,7 +12,9 @@ namespace dralo::editing {
 
 bool DeleteRecord(shell::Render& render, const QuerySchema& schema, std::string& statement) {
   shell::Settings& settings = render.settings;
-  statement = settings.DeleteSQL + " WHERE " + ReadPostedKey(render, schema).condition;
+  const PostedKey key = ReadPostedKey(render, schema);
+  statement = settings.DeleteSQL + " WHERE " + key.condition;
+  RefuseAmbiguousKey(render, key);
   std::int64_t changed = 0;
   try {
     changed = shell::OpenConnection(settings)->ChangeOneRecord(statement);

@@ -14,6 +14,12 @@ void AppendQuoted(std::string& text, std::string_view value) {
 
 }  // namespace
 
+bool MayBeEmptyText(platform::TypeCode type) {
+  using platform::TypeCode;
+  return !util::IsNumericFieldType(type) && !util::IsDateFieldType(type) && type != TypeCode::kDbTime &&
+         type != TypeCode::kGuid;
+}
+
 void KeyCondition::Add(std::string_view name, std::string_view value, bool is_numeric) {
   std::string term;
   term.append("[").append(name).append("]=");
@@ -39,11 +45,8 @@ void KeyCondition::AddExact(std::string_view name, const SchemaField* field, std
 }
 
 void KeyCondition::AddEmpty(std::string_view name, const SchemaField& field) {
-  using platform::TypeCode;
-  const bool is_text = !util::IsNumericFieldType(field.type) && !util::IsDateFieldType(field.type) &&
-                       field.type != TypeCode::kDbTime && field.type != TypeCode::kGuid;
   const std::string column = "[" + std::string(name) + "]";
-  AddTerm((is_text ? column + "='' OR " : std::string()) + column + " IS NULL");
+  AddTerm((MayBeEmptyText(field.type) ? column + "='' OR " : std::string()) + column + " IS NULL");
 }
 
 void KeyCondition::AddTerm(std::string_view term) {

@@ -7,6 +7,9 @@
 
 namespace dralo::editing {
 
+/// Whether a value of that type can be an empty text, which links and forms show as they show Null.
+bool MayBeEmptyText(platform::TypeCode type);
+
 /// The condition that addresses one record by its keys, as it stands behind WHERE.
 class KeyCondition {
  public:

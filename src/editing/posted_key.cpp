@@ -32,14 +32,24 @@ class KeyInputs {
     if (auto exact = ExactTexts()) key.exact = *std::move(exact);
     KeyCondition condition;
     KeyCondition outside;
+    KeyCondition also_shown;
+    std::string nulls;
     for (std::size_t i = 0; i < names_.size(); ++i) {
       const bool is_numeric = schema_.IsNumericAt(i);
       Add(condition, i, key, is_numeric);
-      if (schema_.Find(names_[i]) == nullptr) Add(outside, i, key, is_numeric);
+      const SchemaField* field = schema_.Find(names_[i]);
+      if (field == nullptr) Add(outside, i, key, is_numeric);
+      if (!IsEmptyOrNull(i, field)) {
+        Add(also_shown, i, key, is_numeric);
+        continue;
+      }
+      also_shown.AddEmpty(names_[i], *field);
+      nulls.append(nulls.empty() ? " AND (" : " OR ").append(names_[i]).append(" IS NULL");
     }
     const auto& engine = render_.settings.DrConnection->EngineName();
     key.condition = condition.Text(engine);
     if (!outside.IsEmpty()) key.outside_columns = outside.Text(engine);
+    if (!nulls.empty()) key.also_shown = also_shown.Text(engine) + nulls + ")";
     return key;
   }
 
@@ -55,6 +65,13 @@ class KeyInputs {
     } else {
       condition.AddExact(names_[i], field, key.exact[i], is_numeric);
     }
+  }
+
+  /// Whether nothing tells which of the two the form showed: it was not opened by a key.
+  bool IsEmptyOrNull(std::size_t i, const SchemaField* field) const {
+    if (field == nullptr || !field->is_nullable || render_.keys.Has(shell::key::kPrimaryKey)) return false;
+    if (field->type == TypeCode::kBoolean) return !IsTickPosted(i);
+    return MayBeEmptyText(field->type) && inputs_.Posted(names_[i]) && Value(i).empty();
   }
 
   TypeCode TypeOf(std::size_t i) const {
@@ -127,6 +144,14 @@ Texts PostedKeyTexts(const shell::Render& render, std::size_t keys) {
 
 PostedKey ReadPostedKey(const shell::Render& render, const QuerySchema& schema) {
   return KeyInputs(render, schema).Read();
+}
+
+void RefuseAmbiguousKey(const shell::Render& render, const PostedKey& key) {
+  if (key.also_shown.empty()) return;
+  const std::string statement =
+      std::string(WithoutWhere(render.settings.EditSQL)) + " WHERE " + key.also_shown;
+  if (!OpenFirstRow(render, statement)->Eof())
+    throw platform::Error("The posted key is empty, and so are those of several records");
 }
 
 bool IsRecordOfKey(const shell::Render& render, platform::Recordset& recordset, const PostedKey& key) {

@@ -24,6 +24,10 @@ struct PostedKey {
 
   /// The part of the condition on keys that are no columns of EditSQL, in the same form; "" for none.
   std::string outside_columns = "";
+
+  /// The condition for the records that the inputs show in the same way although the key misses them, because
+  /// an empty input shows Null as well; "" for none.
+  std::string also_shown = "";
 };
 
 /// The record of the key by which the form was opened, as long as every posted input of a key field still
@@ -32,6 +36,9 @@ struct PostedKey {
 /// the query string too, and blanks around them do not count. `schema` is that of EditSQL. Throws
 /// platform::Error when it has fewer columns than there are keys, and for a key of bytes.
 PostedKey ReadPostedKey(const shell::Render& render, const QuerySchema& schema);
+
+/// Throws platform::Error when the form may have shown another record than the one that `key` finds.
+void RefuseAmbiguousKey(const shell::Render& render, const PostedKey& key);
 
 /// Whether the record on which `recordset` stands is the one of the exact key, which the database may have
 /// compared with less care. True without an exact key.

@@ -44,6 +44,14 @@ QuerySchema ReadQuerySchema(const shell::Render& render, std::string_view sql) {
   return schema;
 }
 
+std::string_view WithoutWhere(std::string_view sql) {
+  constexpr std::string_view kWhere = " WHERE ";
+  for (std::size_t at = sql.find(' '); at != sql.npos; at = sql.find(' ', at + 1)) {
+    if (util::EqualIgnoringCase(sql.substr(at, kWhere.size()), kWhere)) return sql.substr(0, at);
+  }
+  return sql;
+}
+
 std::vector<std::string> KeyNames(const shell::Settings& settings) {
   std::vector<std::string> names = util::Split(settings.EditPrimaryKeys);
   for (std::string& name : names) name = std::string(util::TrimBlanks(name));

@@ -40,6 +40,9 @@ std::shared_ptr<platform::Recordset> OpenFirstRow(const shell::Render& render, s
 /// Opens `sql` on the view's connection to learn its columns. Throws platform::Error when it does not open.
 QuerySchema ReadQuerySchema(const shell::Render& render, std::string_view sql);
 
+/// The statement without its first WHERE and all that follows, an ORDER BY included.
+std::string_view WithoutWhere(std::string_view sql);
+
 /// The names of EditPrimaryKeys without blanks around them, in their order; an item may be empty.
 std::vector<std::string> KeyNames(const shell::Settings& settings);
 

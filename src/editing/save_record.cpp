@@ -26,15 +26,6 @@ namespace {
 
 using platform::TypeCode;
 
-/// The statement without its first WHERE and all that follows, an ORDER BY included.
-std::string_view WithoutWhere(std::string_view sql) {
-  constexpr std::string_view kWhere = " WHERE ";
-  for (std::size_t at = sql.find(' '); at != sql.npos; at = sql.find(' ', at + 1)) {
-    if (util::EqualIgnoringCase(sql.substr(at, kWhere.size()), kWhere)) return sql.substr(0, at);
-  }
-  return sql;
-}
-
 /// One save of one posted form. The recordset it opens goes with it, and what was not written.
 class Save {
  public:
@@ -50,6 +41,7 @@ class Save {
     if (!is_insert_) {
       key_ = ReadPostedKey(render_, schema_);
       statement += " WHERE " + key_.condition;
+      RefuseAmbiguousKey(render_, key_);
     }
     if (!Open(statement) || !Begin()) return false;
     for (std::size_t i = 0; i < schema_.fields.size(); ++i) {

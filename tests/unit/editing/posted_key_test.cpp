@@ -114,6 +114,40 @@ TEST(PostedKey, WithANullAmongItsPartsIsFound) {
   EXPECT_EQ(Values(database), "new,two,three");
 }
 
+TEST(PostedKey, ThatIsEmptyIsNoGuessBetweenAnEmptyTextAndNull) {
+  const TemporaryDatabase database(
+      "CREATE TABLE T(K VARCHAR(9) UNIQUE, V TEXT); INSERT INTO T VALUES(NULL, 'null'), ('', 'empty')");
+  const auto page = [&] {
+    Opened form(database, "K", "");
+    form.Post({{"K", ""}, {"V", "new"}});
+    return form;
+  };
+  Opened save = page();
+  EXPECT_FALSE(save.Save());
+  EXPECT_EQ(save.Message(),
+            "The posted key is empty, and so are those of several records in UpdateRecord.<br>");
+  Opened deletion = page();
+  EXPECT_FALSE(deletion.Delete());
+  EXPECT_EQ(deletion.Message(), save.Message());
+  EXPECT_EQ(Values(database), "null,empty");
+
+  database.Run("DELETE FROM T WHERE K IS NULL");
+  Opened only = page();
+  EXPECT_TRUE(only.Save()) << only.Message();
+  EXPECT_EQ(Values(database), "new");
+}
+
+TEST(PostedKey, ThatIsAnEmptyBoxIsNoGuessBetweenFalseAndNull) {
+  const TemporaryDatabase database(
+      "CREATE TABLE T(K BOOLEAN UNIQUE, V TEXT); INSERT INTO T VALUES(NULL, 'null'), (0, 'false')");
+  Opened form(database, "K", "");
+  form.Post("V", "new");
+  EXPECT_FALSE(form.Save());
+  EXPECT_EQ(form.Message(),
+            "The posted key is empty, and so are those of several records in UpdateRecord.<br>");
+  EXPECT_EQ(Values(database), "null,false");
+}
+
 TEST(PostedKey, ThatIsNoColumnOfTheFormStillCounts) {
   const TemporaryDatabase database(
       "CREATE TABLE T(ID INTEGER PRIMARY KEY, V TEXT); INSERT INTO T "
