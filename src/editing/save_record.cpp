@@ -99,7 +99,8 @@ class Save {
     if (key.is_left_to_database || field.type == TypeCode::kLongVarBinary) return true;
     if (!key.value && IsLeftAlone(field, index, posted)) return true;
 
-    const std::string_view text = key.value ? std::string_view(*key.value) : posted.value_or("");
+    std::string_view text = key.value ? std::string_view(*key.value) : posted.value_or("");
+    if (key.value || IsSelect(field.name)) text = AsOfBox(field, text);
     const auto value = FieldValue(render_.Regional(), field, text);
     if (const auto* refusal = std::get_if<Refusal>(&value)) return Refuse(*refusal, text);
     FieldAt(index).SetValue(std::get<platform::Variant>(value));
@@ -122,15 +123,27 @@ class Save {
   }
 
   bool IsShownAsPosted(const SchemaField& schema, platform::Field& field, std::string_view posted) const {
+    const bool is_select = IsSelect(schema.name);
     if (schema.type == TypeCode::kBoolean) {
+      if (is_select) {
+        if (platform::IsNull(field.Value())) return posted.empty();
+        return !posted.empty() && IsTicked(field.Value()) == !AsOfBox(schema, posted).empty();
+      }
       // A box cannot show Null: unticked it stands for False.
       const platform::VariantView value = field.Value();
       return !platform::IsNull(value) && IsTicked(value) == !posted.empty();
     }
-    const bool is_select = !settings_.lookups.Find(schema.name).empty();
     std::string scratch;
     return IsUntouched(posted, ControlText(render_, field, scratch),
                        !is_select && !util::IsMemoFieldType(schema.type));
+  }
+
+  bool IsSelect(std::string_view field_name) const { return !settings_.lookups.Find(field_name).empty(); }
+
+  /// A box posts a text only for true; other sources say false in words.
+  static std::string_view AsOfBox(const SchemaField& field, std::string_view text) {
+    const bool is_false = util::EqualIgnoringCase(text, "False") || text == "0";
+    return field.type == TypeCode::kBoolean && is_false ? std::string_view() : text;
   }
 
   platform::Field& FieldAt(std::size_t index) {

@@ -218,6 +218,36 @@ TEST(ComputedField, CanBeShownAndSavedWhenNobodyTouchesIt) {
   EXPECT_EQ(saving.Message(), "The field Big is computed and cannot be set in UpdateRecord.<br>");
 }
 
+TEST(ChosenBooleans, AreThoseOfTheSelectList) {
+  const TemporaryDatabase database(
+      "CREATE TABLE T(ID INTEGER PRIMARY KEY, B BOOLEAN); INSERT INTO T VALUES(1, 1), (2, 0), (3, NULL)");
+  const auto save = [&](std::string_view id, std::string_view choice) {
+    Saving saving(database);
+    saving.settings.lookups.Add({"B", "Words", "Flag", "Word", "", true});
+    saving.Post({{"ID", id}, {"B", choice}});
+    EXPECT_TRUE(saving.Save()) << saving.Message();
+    return Row(database, "ID=" + std::string(id), "B");
+  };
+  EXPECT_EQ(save("2", "False"), "0");
+  EXPECT_EQ(save("3", ""), "NULL") << "a list shows Null";
+  EXPECT_EQ(save("1", "False"), "0");
+  EXPECT_EQ(save("1", "True"), "1");
+  EXPECT_EQ(save("2", "1"), "1");
+  EXPECT_EQ(save("2", "0"), "0");
+  EXPECT_EQ(save("1", ""), "0");
+}
+
+TEST(GeneratedBooleans, KeepTheirValue) {
+  const TemporaryDatabase database(
+      "CREATE TABLE T(K BOOLEAN, V TEXT); CREATE TABLE S(B BOOLEAN); INSERT INTO S VALUES(0)");
+  Saving saving(database);
+  saving.settings.EditPrimaryKeys = "K";
+  saving.settings.EditNewPKStatement = "SELECT B FROM S";
+  saving.Post("V", "x");
+  EXPECT_TRUE(saving.Insert()) << saving.Message();
+  EXPECT_EQ(Row(database, "V='x'", "K"), "0");
+}
+
 }  // namespace
 
 }  // namespace dralo::tests
