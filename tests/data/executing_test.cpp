@@ -31,6 +31,13 @@ TEST_P(Executing, LeavesARecordsetClosedThatIsOpenedOnAStatementWithoutRows) {
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"4"});
 }
 
+TEST_P(Executing, RefusesAnEmptyStatement) {
+  for (const char* text : {"", "  "}) {
+    EXPECT_EQ(MessageOf([&] { connection_->Execute(text); }), "The statement is empty") << text;
+    EXPECT_EQ(MessageOf([&] { Read(connection_, text); }), "The statement is empty") << text;
+  }
+}
+
 TEST_P(Executing, ReportsAFailureWithItsStatement) {
   const auto error =
       ErrorOf([&] { connection_->Execute("INSERT INTO Goods (ID, Name) VALUES (1, 'Twice')"); });

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "database/ascii.h"
 #include "database/odbc/base_table.h"
 #include "database/statement_text.h"
 #include "platform/error.h"
@@ -18,7 +19,8 @@ constexpr std::int64_t kFewRecords = 1000;
 
 bool HasLimitClause(Dialect dialect) { return dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite; }
 
-void RequireNoZeroByte(const std::string& text) {
+void RequireStatement(const std::string& text) {
+  if (Trimmed(text).empty()) throw platform::Error("The statement is empty", 0, {}, text);
   if (text.find('\0') == text.npos) return;
   throw platform::Error("The statement has a zero byte in its text", 0, {}, text);
 }
@@ -33,7 +35,7 @@ Cursor::Cursor(Session& session, const Query& query)
       parameters_(query.parameters),
       max_records_(query.max_records),
       is_updatable_(query.is_updatable) {
-  RequireNoZeroByte(text_);
+  RequireStatement(text_);
   if (!kind_.is_query || kind_.calls_functions) session_.RunDeferred();
   statement_ = link_.NewStatement();
   RequireParameterCount();
