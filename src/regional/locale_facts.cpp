@@ -6,8 +6,12 @@
 #include <unicode/dtfmtsym.h>
 #include <unicode/smpdtfmt.h>
 
+#include <algorithm>
 #include <memory>
 #include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/error.h"
 #include "regional/blanks.h"
@@ -81,6 +85,15 @@ void ReadNames(const icu::DateFormatSymbols& symbols, DateNames& names) {
   ReadNames(found, count, 1, false, names.short_days);
   found = symbols.getWeekdays(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
   ReadNames(found, count, 1, true, names.short_days_alone);
+}
+
+/// Months such as "5월" are a number and a word. Whether ICU has them as names, or has the word in the
+/// pattern of a date, depends on its version.
+void AddWordOfNumberedMonths(const DateNames& names, std::vector<std::string>& words) {
+  const std::string_view may = names.months[4];
+  if (!may.starts_with('5')) return;
+  const std::string word(may.substr(1));
+  if (!word.empty() && std::find(words.begin(), words.end(), word) == words.end()) words.push_back(word);
 }
 
 void ReadWeeks(const icu::Locale& locale, LocaleFacts& facts) {
@@ -197,6 +210,7 @@ LocaleFacts ReadLocaleFacts(const std::string& locale) {
   ReadDates(icu_locale, facts);
   ReadMonths(icu_locale, symbols, facts.months);
   ReadNames(symbols, facts.names);
+  AddWordOfNumberedMonths(facts.names, facts.date_words);
   ReadTimes(icu_locale, symbols, facts);
   ReadWeeks(icu_locale, facts);
   ReadNumbers(icu_locale, facts);
