@@ -6,9 +6,10 @@
 // stdin the names of the cases that are to be run, in JSON, and tells the begin and the end of each. An error that no case
 // catches ends the process; run_files.py starts another one for the cases that are left.
 
-import { readFileSync, writeSync } from "node:fs";
+import { writeSync } from "node:fs";
 import { readFile } from "node:fs/promises";
 import { basename, resolve } from "node:path";
+import { text } from "node:stream/consumers";
 import { pathToFileURL } from "node:url";
 import { inspect } from "node:util";
 import { collectInto, end } from "./cases.mjs";
@@ -47,7 +48,7 @@ for (const file of files) {
 }
 tell({ cases: [...bodies.keys()], broken });
 
-for (const name of JSON.parse(readFileSync(0, "utf8"))) {
+for (const name of JSON.parse(await text(process.stdin))) {
   tell({ begins: name });
   const start = performance.now();
   const failure = await run(bodies.get(name)).then(
