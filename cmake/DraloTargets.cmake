@@ -32,6 +32,10 @@ function(dralo_folder name)
     # clang-tidy checks the sources as they are compiled together.
     set_target_properties(dralo_${name} PROPERTIES
                           UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+    # Compiled together the optimiser's choices make pages some 5 % slower.
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+      set_target_properties(dralo_${name} PROPERTIES UNITY_BUILD OFF)
+    endif()
   endif()
 endfunction()
 
