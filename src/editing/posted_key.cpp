@@ -9,7 +9,6 @@
 #include "editing/control_text.h"
 #include "editing/field_inputs.h"
 #include "editing/key_condition.h"
-#include "shell/db_connection.h"
 #include "util/field_type.h"
 #include "util/letter_case.h"
 #include "util/list.h"

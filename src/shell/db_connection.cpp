@@ -8,6 +8,8 @@
 namespace dralo::shell {
 namespace {
 
+using platform::DatabaseEngine;
+
 struct EngineName {
   std::string_view name;
   DatabaseEngine engine;

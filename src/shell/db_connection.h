@@ -5,16 +5,14 @@
 
 #include "platform/connection.h"
 #include "platform/environment.h"
-#include "platform/object.h"
+#include "platform/page_connection.h"
 #include "platform/page_context.h"
 
 namespace dralo::shell {
 
-enum class DatabaseEngine { kOracle = 1, kSqla = 2, kAccess = 3, kMssql = 4 };
-
 /// Lets several views on one page share one open database connection. Scripts know it as
 /// "Dralo.DBConnection".
-class DBConnection final : public platform::Object {
+class DBConnection final : public platform::PageConnection {
  public:
   /// Makes an "ADODB.Connection" of its own; it is not open yet. `environment` must outlive the object.
   explicit DBConnection(platform::Environment& environment);
@@ -27,25 +25,21 @@ class DBConnection final : public platform::Object {
   /// is.
   void OnEndPage();
 
-  const std::shared_ptr<platform::Connection>& Connection() const { return connection_; }
+  const std::shared_ptr<platform::Connection>& Connection() const override { return connection_; }
 
   /// From now on uses `connection`, which stays the page's own: it is not closed at page end.
   void SetConnection(std::shared_ptr<platform::Connection> connection);
 
-  DatabaseEngine Engine() const { return engine_; }
-
-  /// "ORACLE", "SQLA", "ACCESS" or "MSSQL".
-  std::string_view EngineName() const;
-
-  /// Takes one of these names in any letter case; every other name stands for "ORACLE".
-  void SetEngineName(std::string_view name);
+  platform::DatabaseEngine Engine() const override { return engine_; }
+  std::string_view EngineName() const override;
+  void SetEngineName(std::string_view name) override;
 
  private:
   platform::Environment& environment_;
   std::shared_ptr<platform::Connection> connection_;
   bool owns_connection_ = true;
   // A connection on which no engine was set reads "ORACLE" as well.
-  DatabaseEngine engine_ = DatabaseEngine::kOracle;
+  platform::DatabaseEngine engine_ = platform::DatabaseEngine::kOracle;
 };
 
 }  // namespace dralo::shell

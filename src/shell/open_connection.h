@@ -4,7 +4,6 @@
 
 #include "platform/connection.h"
 #include "platform/error.h"
-#include "shell/db_connection.h"
 #include "shell/settings.h"
 
 namespace dralo::shell {

@@ -4,7 +4,6 @@
 #include <limits>
 #include <utility>
 
-#include "shell/db_connection.h"
 #include "util/letter_case.h"
 #include "util/list.h"
 
@@ -138,12 +137,12 @@ void SetStoredProcCommand(Settings& settings, std::shared_ptr<platform::Command>
 
 void SetConnectionString(Settings& settings, platform::Environment& environment, std::string value) {
   settings.ConnectionString = std::move(value);
-  settings.DrConnection = platform::Create<DBConnection>(environment, "Dralo.DBConnection");
+  settings.DrConnection = platform::Create<platform::PageConnection>(environment, "Dralo.DBConnection");
   settings.owns_connection = true;
   settings.DrConnection->Connection()->Open(settings.ConnectionString, "", "", -1);
 }
 
-void SetDrConnection(Settings& settings, std::shared_ptr<DBConnection> value) {
+void SetDrConnection(Settings& settings, std::shared_ptr<platform::PageConnection> value) {
   // A connection that the view had opened itself goes back with its last owner.
   settings.owns_connection = false;
   settings.DrConnection = std::move(value);

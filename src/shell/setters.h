@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/environment.h"
+#include "platform/page_connection.h"
 #include "platform/recordset.h"
 #include "shell/settings.h"
 
@@ -54,7 +55,7 @@ void SetStoredProcCommand(Settings& settings, std::shared_ptr<platform::Command>
 void SetConnectionString(Settings& settings, platform::Environment& environment, std::string value);
 
 /// Shares the given connection; the view does not close it.
-void SetDrConnection(Settings& settings, std::shared_ptr<DBConnection> value);
+void SetDrConnection(Settings& settings, std::shared_ptr<platform::PageConnection> value);
 
 /// Fills all language tables from the built-in language; an unknown code changes nothing.
 void SetLanguage(Settings& settings, std::string value);

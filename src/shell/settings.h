@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/command.h"
+#include "platform/page_connection.h"
 #include "platform/recordset.h"
 #include "shell/column_store.h"
 #include "shell/language.h"
@@ -13,8 +14,6 @@
 #include "shell/posted_change.h"
 
 namespace dralo::shell {
-
-class DBConnection;
 
 /// What a page has set on a view, with the defaults. Members that are properties bear the property's name and
 /// are written only by its setter, by the reader of the request and, for counts and row numbers, by the
@@ -28,7 +27,7 @@ struct Settings {
   bool PersistentSQL = false;
   std::shared_ptr<platform::Command> StoredProcCommand;
   std::string ConnectionString = "";
-  std::shared_ptr<DBConnection> DrConnection;
+  std::shared_ptr<platform::PageConnection> DrConnection;
   std::shared_ptr<platform::Recordset> ADORecordset;
 
   // Views, records and paging.

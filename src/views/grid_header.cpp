@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "cells/column_settings.h"
-#include "shell/db_connection.h"
 #include "shell/request_keys.h"
 #include "util/field_type.h"
 #include "util/letter_case.h"
@@ -27,7 +26,7 @@ class SortLinks {
         settings_(render.settings),
         any_(!settings_.has_stored_procedure && !util::ContainsWord(settings_.sql, "ORDER BY")),
         long_columns_(settings_.DrConnection &&
-                      settings_.DrConnection->Engine() == shell::DatabaseEngine::kSqla) {
+                      settings_.DrConnection->Engine() == platform::DatabaseEngine::kSqla) {
     if (any_) PrepareAddress(bookmark);
   }
 

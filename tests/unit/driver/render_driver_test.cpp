@@ -291,7 +291,7 @@ TEST_F(CurrentRecord, IsEmptyWhileARecordIsBeingAdded) {
 using PageEnd = RenderTest;
 
 TEST_F(PageEnd, ReleasesTheConnectionThatTheViewOpened) {
-  const std::weak_ptr<shell::DBConnection> own = page.Settings().DrConnection;
+  const std::weak_ptr<platform::PageConnection> own = page.Settings().DrConnection;
   page.view.OnEndPage();
   EXPECT_TRUE(own.expired());
 }

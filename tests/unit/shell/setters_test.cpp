@@ -272,7 +272,7 @@ TEST(DrConnection, AfterAConnectionStringReplacesThePrivateConnection) {
   const tests::TemporaryDatabase database;
   Settings settings;
   SetConnectionString(settings, TestEnvironment(), database.ConnectionString());
-  const std::weak_ptr<DBConnection> replaced = settings.DrConnection;
+  const std::weak_ptr<platform::PageConnection> replaced = settings.DrConnection;
   SetDrConnection(settings, std::make_shared<DBConnection>(TestEnvironment()));
   EXPECT_FALSE(settings.owns_connection);
   EXPECT_TRUE(replaced.expired());

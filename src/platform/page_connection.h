@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/connection.h"
+#include "platform/object.h"
+
+namespace dralo::platform {
+
+enum class DatabaseEngine { kOracle = 1, kSqla = 2, kAccess = 3, kMssql = 4 };
+
+/// A connection that the views of a page may share, and the dialect that the page says is spoken behind it.
+class PageConnection : public Object {
+ public:
+  /// nullptr where the page has set none, and after the end of the page.
+  virtual const std::shared_ptr<platform::Connection>& Connection() const = 0;
+
+  virtual DatabaseEngine Engine() const = 0;
+
+  /// "ORACLE", "SQLA", "ACCESS" or "MSSQL".
+  virtual std::string_view EngineName() const = 0;
+
+  /// Takes one of these names in any letter case; every other name stands for "ORACLE".
+  virtual void SetEngineName(std::string_view name) = 0;
+};
+
+}  // namespace dralo::platform
