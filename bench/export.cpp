@@ -12,10 +12,10 @@
 #include <string>
 #include <string_view>
 
+#include "component/db_view.h"
 #include "connection_string.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/page.h"
-#include "shell/db_view.h"
 
 namespace {
 
@@ -41,7 +41,7 @@ int main(int argc, char** argv) {
   page.send = [](const Page&, std::string_view piece) {
     if (write(STDOUT_FILENO, piece.data(), piece.size()) < 0) std::exit(3);
   };
-  dralo::shell::DbView view(environment);
+  dralo::component::DbView view(environment);
   view.OnStartPage(page);
   view.Set("ConnectionString", ConnectionStringOf(argv[1]));
   view.Set("sql", std::string("SELECT * FROM orders"));

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "cells/column_settings.h"
 #include "cells/format_functions.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/page.h"
+#include "settings/column_settings.h"
 
 namespace {
 
@@ -42,12 +42,12 @@ void FormatCells(benchmark::State& state, std::string_view format, const Sample&
   Values values(sample);
   dralo::host::Environment environment("en-US");
   dralo::host::Page page("/cells", "");
-  dralo::shell::Settings settings;
-  dralo::cells::SetGridFormatCellFunction(settings, 1, format);
-  const dralo::shell::RequestKeys keys(page.GetRequest(), settings.Tag);
-  dralo::util::HtmlWriter out;
+  dralo::settings::Settings settings;
+  dralo::settings::SetGridFormatCellFunction(settings, 1, format);
+  const dralo::state::RequestKeys keys(page.GetRequest(), settings.Tag);
+  dralo::html::HtmlWriter out;
   std::vector<dralo::platform::Variant> current;
-  dralo::shell::Render render{.settings = settings,
+  dralo::state::Render render{.settings = settings,
                               .environment = environment,
                               .keys = keys,
                               .out = out,

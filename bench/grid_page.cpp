@@ -13,11 +13,11 @@
 #include <string>
 #include <string_view>
 
+#include "component/db_view.h"
 #include "connection_string.h"
 #include "database/objects.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/page.h"
-#include "shell/db_view.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ void RenderPage(Environment& environment, const std::string& connection_string,
   page.send = [](const Page&, std::string_view piece) {
     if (write(STDOUT_FILENO, piece.data(), piece.size()) < 0) std::exit(3);
   };
-  dralo::shell::DbView view(environment);
+  dralo::component::DbView view(environment);
   view.OnStartPage(page);
   view.Set("ConnectionString", connection_string);
   view.Set("sql", std::string("SELECT * FROM orders"));

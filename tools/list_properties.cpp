@@ -6,15 +6,15 @@
 #include <string_view>
 #include <variant>
 
+#include "component/db_connection.h"
+#include "component/db_view.h"
+#include "component/property.h"
 #include "hosts/cpp/environment.h"
-#include "shell/db_connection.h"
-#include "shell/db_view.h"
-#include "shell/property.h"
 
 namespace {
 
-using dralo::shell::Access;
-using dralo::shell::PropertyType;
+using dralo::component::Access;
+using dralo::component::PropertyType;
 
 constexpr std::string_view kHead = R"(# Properties
 
@@ -86,7 +86,7 @@ struct DefaultText {
 };
 
 template <class Owner>
-void PrintRows(std::span<const dralo::shell::Property<Owner>> rows, const Owner& untouched) {
+void PrintRows(std::span<const dralo::component::Property<Owner>> rows, const Owner& untouched) {
   for (const auto& row : rows) {
     const std::string type =
         row.object_class.empty() ? std::string(TypeName(row.type)) : Code(row.object_class);
@@ -99,7 +99,7 @@ void PrintRows(std::span<const dralo::shell::Property<Owner>> rows, const Owner&
 }
 
 void PrintIndexedRows() {
-  for (const auto& row : dralo::shell::DbViewIndexedProperties()) {
+  for (const auto& row : dralo::component::DbViewIndexedProperties()) {
     std::cout << "| " << Code(row.name) << " | " << AccessName(row.access) << " | " << row.doc << " |\n";
   }
 }
@@ -109,10 +109,10 @@ void PrintIndexedRows() {
 int main() {
   dralo::host::Environment environment("en-US");
   std::cout << kHead << kColumns;
-  PrintRows(dralo::shell::DbViewProperties(), dralo::shell::DbView(environment));
+  PrintRows(dralo::component::DbViewProperties(), dralo::component::DbView(environment));
   std::cout << kIndexedHead;
   PrintIndexedRows();
   std::cout << kConnectionHead << kColumns;
-  PrintRows(dralo::shell::DBConnectionProperties(), dralo::shell::DBConnection(environment));
+  PrintRows(dralo::component::DBConnectionProperties(), dralo::component::DBConnection(environment));
   return std::cout.flush() ? 0 : 1;
 }

@@ -7,14 +7,14 @@
 #include <string>
 #include <string_view>
 
+#include "component/property.h"
 #include "hosts/php/adodb_properties.h"
 #include "hosts/php/class_names.h"
-#include "shell/property.h"
 
 namespace {
 
-using dralo::shell::Access;
-using dralo::shell::PropertyType;
+using dralo::component::Access;
+using dralo::component::PropertyType;
 
 constexpr std::string_view kHead = R"(<?php
 
@@ -204,10 +204,10 @@ void PrintList(const dralo::php::ListProperty& list) {
 }
 
 void PrintIndexedProperties() {
-  for (const auto& row : dralo::shell::DbViewIndexedProperties()) {
+  for (const auto& row : dralo::component::DbViewIndexedProperties()) {
     PrintProperty(row.doc, true, "IndexedProperty", row.name);
   }
-  for (const auto& row : dralo::shell::DbViewIndexedProperties()) {
+  for (const auto& row : dralo::component::DbViewIndexedProperties()) {
     std::cout << "\n    /** " << row.doc << (row.set == nullptr ? "" : " With a text it is set first.")
               << " */\n    public function " << row.name
               << (row.set == nullptr ? "(int $Index): mixed {}\n"
@@ -219,10 +219,10 @@ constexpr std::string_view kEndOfClass = "}\n";
 
 void PrintViewClasses() {
   std::cout << kViewClass;
-  PrintProperties(dralo::shell::DbViewProperties());
+  PrintProperties(dralo::component::DbViewProperties());
   PrintIndexedProperties();
   std::cout << kViewMethods << kEndOfClass << kDBConnectionClass;
-  PrintProperties(dralo::shell::DBConnectionProperties());
+  PrintProperties(dralo::component::DBConnectionProperties());
   std::cout << kEndOfClass << kIndexedPropertyClass << kListMethods << kEndOfClass;
 }
 

@@ -3,12 +3,12 @@
 #include <array>
 #include <string>
 
+#include "component/db_connection.h"
+#include "component/db_view.h"
 #include "database/objects.h"
 #include "regional/locale_formatting.h"
 #include "regional/reg_exp.h"
-#include "shell/db_connection.h"
-#include "shell/db_view.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::host {
 namespace {
@@ -27,10 +27,10 @@ constexpr auto kRegistrations = std::to_array<Registration>({
      [](Environment& environment) -> ObjectPtr { return database::MakeRecordset(&environment.Regional()); }},
     {"ADODB.Command", [](Environment&) -> ObjectPtr { return std::make_shared<platform::Command>(); }},
     {"Dralo.DbView",
-     [](Environment& environment) -> ObjectPtr { return std::make_shared<shell::DbView>(environment); }},
+     [](Environment& environment) -> ObjectPtr { return std::make_shared<component::DbView>(environment); }},
     {"Dralo.DBConnection",
      [](Environment& environment) -> ObjectPtr {
-       return std::make_shared<shell::DBConnection>(environment);
+       return std::make_shared<component::DBConnection>(environment);
      }},
 });
 
@@ -42,7 +42,7 @@ Environment::~Environment() = default;
 
 ObjectPtr Environment::CreateObject(std::string_view programmatic_identifier) {
   for (const Registration& registration : kRegistrations) {
-    if (util::EqualIgnoringCase(registration.identifier, programmatic_identifier))
+    if (text::EqualIgnoringCase(registration.identifier, programmatic_identifier))
       return registration.make(*this);
   }
   throw platform::Error("No object is registered as \"" + std::string(programmatic_identifier) + "\"");

@@ -9,12 +9,12 @@
 namespace dralo::php {
 namespace {
 
+using component::PropertyValue;
 using platform::Command;
 using platform::Connection;
 using platform::Recordset;
-using shell::PropertyValue;
-using enum shell::Access;
-using enum shell::PropertyType;
+using enum component::Access;
+using enum component::PropertyType;
 
 PropertyValue State(bool is_open) { return std::int64_t{is_open}; }
 

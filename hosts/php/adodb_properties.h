@@ -3,24 +3,24 @@
 #include <span>
 #include <string_view>
 
+#include "component/property.h"
 #include "hosts/php/field_reference.h"
 #include "platform/command.h"
 #include "platform/connection.h"
 #include "platform/recordset.h"
-#include "shell/property.h"
 
 namespace dralo::php {
 
-/// One property of a database object, as shell::Property is one of a view. Reading may move a lazy recordset,
-/// so the owner is not constant.
+/// One property of a database object, as component::Property is one of a view. Reading may move a lazy
+/// recordset, so the owner is not constant.
 template <class Owner>
 struct AdodbProperty {
   std::string_view name;
-  shell::PropertyType type;
-  shell::Access access;
+  component::PropertyType type;
+  component::Access access;
   std::string_view doc;
-  shell::PropertyValue (*get)(Owner& owner);
-  void (*set)(Owner& owner, const shell::PropertyValue& value);  ///< nullptr when read-only.
+  component::PropertyValue (*get)(Owner& owner);
+  void (*set)(Owner& owner, const component::PropertyValue& value);  ///< nullptr when read-only.
   std::string_view object_class = {};
 };
 

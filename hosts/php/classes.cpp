@@ -7,7 +7,7 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/process.h"
 #include "hosts/php/values.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::php {
 namespace {
@@ -88,7 +88,7 @@ const ScriptClass& ClassOf(const zend_class_entry* entry) {
 
 const ScriptClass* FindClass(std::string_view identifier) {
   for (const ScriptClass* script_class : kClasses) {
-    if (!script_class->identifier.empty() && util::EqualIgnoringCase(script_class->identifier, identifier)) {
+    if (!script_class->identifier.empty() && text::EqualIgnoringCase(script_class->identifier, identifier)) {
       return script_class;
     }
   }

@@ -1,11 +1,11 @@
+#include "component/db_connection.h"
 #include "hosts/php/page.h"
 #include "hosts/php/property_rows.h"
-#include "shell/db_connection.h"
 
 namespace dralo::php {
 namespace {
 
-using shell::DBConnection;
+using component::DBConnection;
 
 const zend_function_entry kMethods[] = {ZEND_FE_END};
 
@@ -25,7 +25,7 @@ ScriptClass db_connection_class = {
 
 void RegisterDBConnection() {
   RegisterClass(db_connection_class);
-  DeclareRows<DBConnection>(db_connection_class, shell::DBConnectionProperties());
+  DeclareRows<DBConnection>(db_connection_class, component::DBConnectionProperties());
 }
 
 }  // namespace dralo::php

@@ -1,15 +1,15 @@
+#include "component/db_view.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/indexed_property.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/page.h"
 #include "hosts/php/property_rows.h"
 #include "hosts/php/values.h"
-#include "shell/db_view.h"
 
 namespace dralo::php {
 namespace {
 
-using shell::DbView;
+using component::DbView;
 
 void WriteHtmlTable(INTERNAL_FUNCTION_PARAMETERS) {
   ZEND_PARSE_PARAMETERS_NONE();
@@ -103,7 +103,7 @@ ScriptClass db_view_class = {
 
 void RegisterDbView() {
   RegisterClass(db_view_class);
-  DeclareRows<DbView>(db_view_class, shell::DbViewProperties());
+  DeclareRows<DbView>(db_view_class, component::DbViewProperties());
   DeclareIndexedProperties(db_view_class);
 }
 

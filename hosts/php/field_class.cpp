@@ -24,7 +24,7 @@ void RegisterField() {
   DeclareRows<FieldReference>(field_class, FieldProperties());
   // Of any type: the table's types are none of it.
   const ScriptProperty value{
-      kFieldValueName, shell::PropertyType::kObject, shell::Access::kReadWrite, nullptr, ReadValue,
+      kFieldValueName, component::PropertyType::kObject, component::Access::kReadWrite, nullptr, ReadValue,
       WriteValue};
   const zend_type any = ZEND_TYPE_INIT_MASK(MAY_BE_ANY);
   DeclareProperty(field_class, value, any, kFieldValueDoc);

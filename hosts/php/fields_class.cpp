@@ -9,7 +9,7 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/values.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::php {
 namespace {
@@ -24,7 +24,7 @@ std::span<platform::Field* const> FieldsOf(const platform::ObjectPtr& owner) {
 
 std::optional<std::size_t> PositionOf(std::span<platform::Field* const> fields, std::string_view name) {
   for (std::size_t position = 0; position < fields.size(); ++position) {
-    if (util::EqualIgnoringCase(fields[position]->Name(), name)) return position;
+    if (text::EqualIgnoringCase(fields[position]->Name(), name)) return position;
   }
   return std::nullopt;
 }

@@ -5,29 +5,29 @@
 #include <utility>
 #include <vector>
 
+#include "component/db_view.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/entry_handlers.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/values.h"
-#include "shell/db_view.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::php {
 namespace {
 
-using shell::DbView;
+using component::DbView;
 
 /// What $view->Name yields.
 class BoundProperty final : public platform::Object {
  public:
-  BoundProperty(platform::ObjectPtr view, const shell::IndexedProperty& bound_row)
+  BoundProperty(platform::ObjectPtr view, const component::IndexedProperty& bound_row)
       : row(bound_row), view_(std::move(view)) {}
 
   DbView& View() const { return static_cast<DbView&>(*view_); }
 
-  const shell::IndexedProperty& row;
+  const component::IndexedProperty& row;
 
  private:
   platform::ObjectPtr view_;
@@ -57,14 +57,14 @@ std::int16_t ToIndex(const zval* offset, std::string_view property) {
   return ToIndex(index, property);
 }
 
-void Set(DbView& view, const shell::IndexedProperty& row, std::int16_t index, std::string_view text) {
+void Set(DbView& view, const component::IndexedProperty& row, std::int16_t index, std::string_view text) {
   if (row.set == nullptr) {
     throw ScriptError{ScriptError::Kind::kError, std::string(row.name) + " is read-only"};
   }
   row.set(view, index, text);
 }
 
-void Get(DbView& view, const shell::IndexedProperty& row, std::int16_t index, zval* result) {
+void Get(DbView& view, const component::IndexedProperty& row, std::int16_t index, zval* result) {
   const platform::Variant value = row.get(view, index);
   PutVariant(platform::View(value), result);
 }
@@ -97,9 +97,9 @@ bool HasAt(const platform::ObjectPtr& owner, const zval* offset) {
 
 constexpr Entries kEntries{.read = ReadAt, .write = WriteAt, .has = HasAt};
 
-const shell::IndexedProperty& RowOf(const zend_function* method) {
+const component::IndexedProperty& RowOf(const zend_function* method) {
   const std::string_view name = View(method->common.function_name);
-  const auto rows = shell::DbViewIndexedProperties();
+  const auto rows = component::DbViewIndexedProperties();
   std::size_t index = 0;
   while (rows[index].name != name) ++index;
   return rows[index];
@@ -109,7 +109,7 @@ const shell::IndexedProperty& RowOf(const zend_function* method) {
 void Method(INTERNAL_FUNCTION_PARAMETERS) {
   zend_long index;
   zend_string* text = nullptr;
-  const shell::IndexedProperty& row = RowOf(EX(func));
+  const component::IndexedProperty& row = RowOf(EX(func));
   ZEND_PARSE_PARAMETERS_START(1, row.set == nullptr ? 1 : 2)
   Z_PARAM_LONG(index)
   Z_PARAM_OPTIONAL
@@ -132,7 +132,7 @@ ZEND_ARG_TYPE_INFO(0, Index, IS_LONG, 0)
 ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, Text, IS_STRING, 1, "null")
 ZEND_END_ARG_INFO()
 
-void DeclareMethod(ScriptClass& view_class, const shell::IndexedProperty& row) {
+void DeclareMethod(ScriptClass& view_class, const component::IndexedProperty& row) {
   const std::string name(row.name);
   const auto* arginfo = row.set == nullptr ? read_arginfo : read_write_arginfo;
   const std::uint32_t arguments = row.set == nullptr ? 1 : 2;
@@ -153,10 +153,10 @@ ScriptClass indexed_property_class = {
 void RegisterIndexedProperty() { RegisterClass(indexed_property_class); }
 
 void DeclareIndexedProperties(ScriptClass& view_class) {
-  for (const auto& row : shell::DbViewIndexedProperties()) {
+  for (const auto& row : component::DbViewIndexedProperties()) {
     ScriptProperty property{row.name,
-                            shell::PropertyType::kObject,
-                            shell::Access::kReadOnly,
+                            component::PropertyType::kObject,
+                            component::Access::kReadOnly,
                             &row,
                             nullptr,
                             nullptr,
@@ -164,7 +164,7 @@ void DeclareIndexedProperties(ScriptClass& view_class) {
                             false};
     property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
       const auto bound =
-          std::make_shared<BoundProperty>(owner, *static_cast<const shell::IndexedProperty*>(of.row));
+          std::make_shared<BoundProperty>(owner, *static_cast<const component::IndexedProperty*>(of.row));
       CallPhp([&] { ZVAL_OBJ(result, NewObject(*of.holds, bound)); });
     };
     DeclareProperty(view_class, property, PhpType(indexed_property_class), row.doc);

@@ -10,7 +10,7 @@
 namespace dralo::php {
 namespace {
 
-using shell::PropertyType;
+using component::PropertyType;
 
 bool CallerIsStrict() {
   const zend_execute_data* caller = EG(current_execute_data);

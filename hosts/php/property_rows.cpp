@@ -7,7 +7,7 @@ namespace dralo::php {
 
 void DeclareList(ScriptClass& script_class, const ListProperty& list, const ScriptClass& list_class) {
   ScriptProperty property{
-      list.name,  shell::PropertyType::kObject, shell::Access::kReadOnly, &list, nullptr, nullptr,
+      list.name,  component::PropertyType::kObject, component::Access::kReadOnly, &list, nullptr, nullptr,
       &list_class};
   property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
     PutObject(*of.holds, owner, result);

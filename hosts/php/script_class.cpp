@@ -39,16 +39,16 @@ void RegisterClass(ScriptClass& script_class) {
   zend_hash_init(&script_class.by_name, 16, nullptr, nullptr, true);
 }
 
-zend_type PhpType(shell::PropertyType type, const ScriptClass* holds) {
+zend_type PhpType(component::PropertyType type, const ScriptClass* holds) {
   switch (type) {
-    case shell::PropertyType::kText:
+    case component::PropertyType::kText:
       return ZEND_TYPE_INIT_MASK(MAY_BE_STRING);
-    case shell::PropertyType::kBoolean:
+    case component::PropertyType::kBoolean:
       return ZEND_TYPE_INIT_MASK(MAY_BE_BOOL);
-    case shell::PropertyType::kInteger:
-    case shell::PropertyType::kLong:
+    case component::PropertyType::kInteger:
+    case component::PropertyType::kLong:
       return ZEND_TYPE_INIT_MASK(MAY_BE_LONG);
-    case shell::PropertyType::kObject:
+    case component::PropertyType::kObject:
       break;
   }
   return ZEND_TYPE_INIT_CLASS(Permanent(holds->name), true, 0);

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "component/property.h"
 #include "hosts/php/engine.h"
 #include "hosts/php/guard.h"
 #include "platform/object.h"
-#include "shell/property.h"
 
 namespace dralo::php {
 
@@ -17,8 +17,8 @@ struct ScriptClass;
 /// A property of a PHP class, made from a row of a property table.
 struct ScriptProperty {
   std::string_view name;
-  shell::PropertyType type;
-  shell::Access access;
+  component::PropertyType type;
+  component::Access access;
   const void* row;  ///< The row it was made from.
 
   /// Puts the property's value into `result`; nullptr when the property is write-only.
@@ -90,7 +90,7 @@ void DeclareProperty(ScriptClass& script_class, ScriptProperty property, zend_ty
                      std::string_view doc);
 
 /// The type of a property as PHP declares it.
-zend_type PhpType(shell::PropertyType type, const ScriptClass* holds);
+zend_type PhpType(component::PropertyType type, const ScriptClass* holds);
 
 /// The type of a property that always holds an object of that class.
 zend_type PhpType(const ScriptClass& holds);

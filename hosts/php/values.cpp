@@ -106,7 +106,7 @@ platform::Variant ToVariant(const zval* value) {
           zend_zval_type_name(value) + " given"};
 }
 
-void PutPropertyValue(const shell::PropertyValue& value, const ScriptClass* holds, zval* result) {
+void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* holds, zval* result) {
   if (const auto* text = std::get_if<std::string>(&value)) {
     PutText(*text, result);
   } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
@@ -118,7 +118,7 @@ void PutPropertyValue(const shell::PropertyValue& value, const ScriptClass* hold
   }
 }
 
-shell::PropertyValue ToPropertyValue(const zval* value) {
+component::PropertyValue ToPropertyValue(const zval* value) {
   switch (Z_TYPE_P(value)) {
     case IS_FALSE:
       return false;

@@ -2,9 +2,9 @@
 
 #include <string_view>
 
+#include "component/property.h"
 #include "hosts/php/script_class.h"
 #include "platform/variant.h"
-#include "shell/property.h"
 
 namespace dralo::php {
 
@@ -21,10 +21,10 @@ void PutVariant(const platform::VariantView& value, zval* result);
 platform::Variant ToVariant(const zval* value);
 
 /// `holds` is the class of an object property.
-void PutPropertyValue(const shell::PropertyValue& value, const ScriptClass* holds, zval* result);
+void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* holds, zval* result);
 
 /// `value` has the PHP type of a property: bool, int, string, one of our objects, or null for no object.
-shell::PropertyValue ToPropertyValue(const zval* value);
+component::PropertyValue ToPropertyValue(const zval* value);
 
 inline std::string_view View(const zend_string* text) { return {ZSTR_VAL(text), ZSTR_LEN(text)}; }
 

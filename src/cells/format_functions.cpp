@@ -5,13 +5,13 @@
 #include <memory>
 #include <utility>
 
-#include "cells/column_settings.h"
 #include "cells/date_functions.h"
 #include "cells/number_functions.h"
 #include "cells/regexp_replace.h"
 #include "cells/standard_text.h"
 #include "cells/text_functions.h"
 #include "platform/error.h"
+#include "settings/column_settings.h"
 
 namespace dralo::cells {
 namespace {
@@ -63,16 +63,16 @@ CellFunction MakeFunction(platform::Environment& environment, std::string_view t
 
 }  // namespace
 
-FormatFunction::FormatFunction(const shell::Render& render, int column) {
+FormatFunction::FormatFunction(const state::Render& render, int column) {
   try {
-    function_ = MakeFunction(render.environment, GetFormatCellStringRaw(render.settings, column),
+    function_ = MakeFunction(render.environment, settings::GetFormatCellStringRaw(render.settings, column),
                              render.settings.GridFreeFormatCellColumnDelimiter);
   } catch (const std::exception& error) {
     failure_ = error.what();
   }
 }
 
-std::string_view FormatFunction::CellText(shell::Render& render, platform::Field& field) {
+std::string_view FormatFunction::CellText(state::Render& render, platform::Field& field) {
   FormatInput input(render, field);
   if (input.IsBlank()) return kEmptyCell;
   try {
@@ -85,7 +85,7 @@ std::string_view FormatFunction::CellText(shell::Render& render, platform::Field
   }
 }
 
-std::string_view GetFormatCellString(shell::Render& render, platform::Field& field, int column) {
+std::string_view GetFormatCellString(state::Render& render, platform::Field& field, int column) {
   const auto place = static_cast<std::size_t>(column);
   if (place >= render.format_functions.size()) render.format_functions.resize(place + 1);
   std::shared_ptr<FormatFunction>& function = render.format_functions[place];

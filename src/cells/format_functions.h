@@ -5,7 +5,7 @@
 
 #include "cells/cell_function.h"
 #include "platform/field.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::cells {
 
@@ -13,10 +13,10 @@ namespace dralo::cells {
 class FormatFunction {
  public:
   /// Takes the column's format text as it stands now.
-  FormatFunction(const shell::Render& render, int column);
+  FormatFunction(const state::Render& render, int column);
 
   /// See GetFormatCellString().
-  std::string_view CellText(shell::Render& render, platform::Field& field);
+  std::string_view CellText(state::Render& render, platform::Field& field);
 
  private:
   CellFunction function_;  ///< Empty when the text makes no function; `failure_` says why.
@@ -27,6 +27,6 @@ class FormatFunction {
 /// The text of a cell whose column has a format function; never empty: "&nbsp;" stands for what is empty or
 /// blank and for what cannot be formatted, which is reported in ErrorMessage. Values are not escaped. Valid
 /// until the next call for the column, the record moves or `render.scratch` changes.
-std::string_view GetFormatCellString(shell::Render& render, platform::Field& field, int column);
+std::string_view GetFormatCellString(state::Render& render, platform::Field& field, int column);
 
 }  // namespace dralo::cells

@@ -5,20 +5,20 @@
 
 #include "cells/standard_text.h"
 #include "platform/error.h"
-#include "util/field_type.h"
-#include "util/list.h"
+#include "platform/field_type.h"
+#include "text/list.h"
 
 namespace dralo::cells {
 
-FormatInput::FormatInput(shell::Render& render, platform::Field& field) : render_(render), field_(field) {
+FormatInput::FormatInput(state::Render& render, platform::Field& field) : render_(render), field_(field) {
   if (!TakeDirectly()) value_ = GetStdDbFieldStringRaw(render, field);
 }
 
 /// Takes what need not become a text first: the text of a date, a whole number or a boolean spells that very
 /// value. A failure is left to GetStdDbFieldStringRaw(), which reports it.
 bool FormatInput::TakeDirectly() {
-  const bool is_date = util::IsDateFieldType(field_.Type());
-  if (!is_date && !util::IsNumericFieldType(field_.Type())) return false;
+  const bool is_date = platform::IsDateFieldType(field_.Type());
+  if (!is_date && !platform::IsNumericFieldType(field_.Type())) return false;
   try {
     value_ = field_.Value();
     if (!is_date) {
@@ -38,7 +38,7 @@ bool FormatInput::TakeDirectly() {
 
 bool FormatInput::IsBlank() const {
   const auto* text = std::get_if<std::string_view>(&value_);
-  return text != nullptr && util::TrimBlanks(*text).empty();
+  return text != nullptr && text::TrimBlanks(*text).empty();
 }
 
 std::string_view FormatInput::Text() {

@@ -6,7 +6,7 @@
 
 #include "platform/field.h"
 #include "platform/variant.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::cells {
 
@@ -15,7 +15,7 @@ namespace dralo::cells {
 /// the record or in `render.scratch`.
 class FormatInput {
  public:
-  FormatInput(shell::Render& render, platform::Field& field);
+  FormatInput(state::Render& render, platform::Field& field);
   FormatInput(const FormatInput&) = delete;
   FormatInput& operator=(const FormatInput&) = delete;
 
@@ -33,14 +33,14 @@ class FormatInput {
   /// Throws platform::Error when the text is no date.
   platform::DateTime Date();
 
-  shell::Render& GetRender() { return render_; }
+  state::Render& GetRender() { return render_; }
   platform::Field& GetField() { return field_; }
   const platform::ValueFormatting& Regional() const { return render_.Regional(); }
 
  private:
   bool TakeDirectly();
 
-  shell::Render& render_;
+  state::Render& render_;
   platform::Field& field_;
   platform::VariantView value_;
   std::string number_;

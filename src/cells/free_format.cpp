@@ -1,40 +1,41 @@
 #include "cells/free_format.h"
 
-#include "cells/column_settings.h"
-#include "shell/guard.h"
-#include "util/list.h"
+#include "settings/column_settings.h"
+#include "settings/guard.h"
+#include "text/list.h"
 
 namespace dralo::cells {
 
-FreeFormatCell::FreeFormatCell(const shell::Render& render, platform::Recordset& recordset, int column)
+FreeFormatCell::FreeFormatCell(const state::Render& render, platform::Recordset& recordset, int column)
     : column_(column),
       name_in_messages_(
-          ReaderInMessages("GetFreeCellString", render.settings.GridFreeFormatCellByCol, column)) {
-  if (const auto text = FindColumnSetting(render.settings.GridFreeFormatCellByCol, column)) {
+          settings::ReaderInMessages("GetFreeCellString", render.settings.GridFreeFormatCellByCol, column)) {
+  if (const auto text = settings::FindColumnSetting(render.settings.GridFreeFormatCellByCol, column)) {
     template_.emplace(*text, render.settings.GridFreeFormatCellDataFieldDelimiter, render, recordset);
   }
 }
 
-void FreeFormatCell::Put(util::HtmlWriter& out, shell::Render& render, std::int32_t number) {
-  shell::Settings& settings = render.settings;
+void FreeFormatCell::Put(html::HtmlWriter& out, state::Render& render, std::int32_t number) {
+  settings::Settings& settings = render.settings;
   if (!template_) {
-    return ReportMissingSetting(settings, "GetFreeCellString", settings.GridFreeFormatCellByCol, column_);
+    return settings::ReportMissingSetting(settings, "GetFreeCellString", settings.GridFreeFormatCellByCol,
+                                          column_);
   }
-  shell::Guarded(settings, name_in_messages_, [&] { template_->Put(out, render, number); });
+  settings::Guarded(settings, name_in_messages_, [&] { template_->Put(out, render, number); });
 }
 
-RecordTag::RecordTag(std::string_view text, const shell::Render& render, platform::Recordset& recordset)
+RecordTag::RecordTag(std::string_view text, const state::Render& render, platform::Recordset& recordset)
     : template_(text, "##", render, recordset) {
-  if (!template_.HasPlaceholders()) text_.Write(util::Verbatim{text});
+  if (!template_.HasPlaceholders()) text_.Write(html::Verbatim{text});
 }
 
-std::string_view RecordTag::Text(shell::Render& render, std::int32_t number) {
+std::string_view RecordTag::Text(state::Render& render, std::int32_t number) {
   if (template_.HasPlaceholders()) {
     text_.Clear();
-    shell::Guarded(render.settings, "ReplaceFieldValuesFromTag",
-                   [&] { template_.Put(text_, render, number); });
+    settings::Guarded(render.settings, "ReplaceFieldValuesFromTag",
+                      [&] { template_.Put(text_, render, number); });
   }
-  return util::TrimBlanks(text_.Collected());
+  return text::TrimBlanks(text_.Collected());
 }
 
 }  // namespace dralo::cells

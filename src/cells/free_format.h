@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "cells/record_template.h"
+#include "html/html_writer.h"
 #include "platform/recordset.h"
-#include "shell/render.h"
-#include "util/html_writer.h"
+#include "state/render.h"
 
 namespace dralo::cells {
 
@@ -16,11 +16,11 @@ namespace dralo::cells {
 class FreeFormatCell {
  public:
   /// Takes the column's template as it stands now, for the records of `recordset`, which must outlive it.
-  FreeFormatCell(const shell::Render& render, platform::Recordset& recordset, int column);
+  FreeFormatCell(const state::Render& render, platform::Recordset& recordset, int column);
 
   /// Writes the cell of the current record, which `number` counts from 1; it may be empty. Failures are
   /// reported in ErrorMessage under GetFreeCellString; what stands before the failure is written.
-  void Put(util::HtmlWriter& out, shell::Render& render, std::int32_t number);
+  void Put(html::HtmlWriter& out, state::Render& render, std::int32_t number);
 
  private:
   int column_;
@@ -32,15 +32,15 @@ class FreeFormatCell {
 class RecordTag {
  public:
   /// `recordset` must outlive the tag.
-  RecordTag(std::string_view text, const shell::Render& render, platform::Recordset& recordset);
+  RecordTag(std::string_view text, const state::Render& render, platform::Recordset& recordset);
 
   /// The attributes for the current record, without blanks around; valid until the next call. Failures are
   /// reported in ErrorMessage under ReplaceFieldValuesFromTag; what stands before the failure is returned.
-  std::string_view Text(shell::Render& render, std::int32_t number);
+  std::string_view Text(state::Render& render, std::int32_t number);
 
  private:
   RecordTemplate template_;
-  util::HtmlWriter text_;
+  html::HtmlWriter text_;
 };
 
 }  // namespace dralo::cells

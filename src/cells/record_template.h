@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "html/html_writer.h"
 #include "platform/recordset.h"
-#include "shell/render.h"
-#include "util/html_writer.h"
-#include "views/record_link.h"
+#include "state/record_link.h"
+#include "state/render.h"
 
 namespace dralo::cells {
 
@@ -20,7 +20,7 @@ class RecordTemplate {
   /// DRALOPOSTBACKURL for the address of the record's one-record view, DRALOFORMURL for the same with the
   /// view's key at its end (both in any letter case and with blanks around), else the name of a field of
   /// `recordset`, which must outlive the template.
-  RecordTemplate(std::string_view text, std::string_view delimiter, const shell::Render& render,
+  RecordTemplate(std::string_view text, std::string_view delimiter, const state::Render& render,
                  platform::Recordset& recordset);
 
   bool HasPlaceholders() const { return pieces_.size() > 1; }
@@ -28,17 +28,17 @@ class RecordTemplate {
   /// Writes the template for the record that the recordset stands on; `number` counts it from 1. Values are
   /// written in their plain text, Null as nothing. Throws platform::Error at a placeholder that names no
   /// field, and when a value cannot be read; what stands before it is written by then.
-  void Put(util::HtmlWriter& out, shell::Render& render, std::int32_t number);
+  void Put(html::HtmlWriter& out, state::Render& render, std::int32_t number);
 
  private:
   struct Piece {
     std::string text = {};  ///< A literal, or the name of an unknown field.
     platform::Field* field = nullptr;
-    std::optional<views::RecordLink> link = {};
+    std::optional<state::RecordLink> link = {};
     bool is_literal = false;
   };
 
-  static Piece Placeholder(std::string text, const shell::Render& render, platform::Recordset& recordset);
+  static Piece Placeholder(std::string text, const state::Render& render, platform::Recordset& recordset);
 
   std::vector<Piece> pieces_;
 };

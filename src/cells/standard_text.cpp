@@ -5,10 +5,10 @@
 #include <string>
 #include <variant>
 
-#include "shell/guard.h"
-#include "util/characters.h"
-#include "util/field_type.h"
-#include "util/list.h"
+#include "platform/field_type.h"
+#include "settings/guard.h"
+#include "text/characters.h"
+#include "text/list.h"
 
 namespace dralo::cells {
 namespace {
@@ -39,58 +39,58 @@ std::string_view DateText(const platform::Formatting& formatting, const platform
 std::string_view WholeText(const platform::Formatting& formatting, platform::Field& field,
                            std::string& scratch) {
   const platform::TypeCode type = field.Type();
-  if (util::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
-  if (util::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);
+  if (platform::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
+  if (platform::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);
   return type == platform::TypeCode::kLongVarBinary ? std::string_view()
                                                     : formatting.Text(field.Value(), scratch);
 }
 
 bool KeepsBlanks(platform::TypeCode type) {
-  return util::IsMemoFieldType(type) || util::IsDateFieldType(type);
+  return platform::IsMemoFieldType(type) || platform::IsDateFieldType(type);
 }
 
 /// `text`, which may stand in the scratch itself, followed by `ending`.
-std::string_view WithEnding(shell::Render& render, std::string_view text, std::string_view ending) {
+std::string_view WithEnding(state::Render& render, std::string_view text, std::string_view ending) {
   render.scratch.assign(text);
   return render.scratch.append(ending);
 }
 
 /// The memo as cells show it under a MemoFieldLimit of 0 or more.
-std::string_view LimitedMemo(shell::Render& render, std::string_view memo) {
+std::string_view LimitedMemo(state::Render& render, std::string_view memo) {
   if (memo.empty() || render.settings.MemoFieldLimit == 0) return {};
   if (render.form_view) return WithEnding(render, memo, kBlankCell);
   const auto limit = static_cast<std::size_t>(render.settings.MemoFieldLimit);
-  const std::size_t bytes = util::BytesOfCharacters(memo, limit);
+  const std::size_t bytes = text::BytesOfCharacters(memo, limit);
   if (bytes == memo.size()) return WithEnding(render, memo, kBlankCell);
   return WithEnding(render, memo.substr(0, bytes), "...");
 }
 
 /// body() with failures reported as those of `function` on the field; empty when it failed.
 template <class Body>
-std::string_view GuardedText(shell::Render& render, platform::Field& field, std::string_view function,
+std::string_view GuardedText(state::Render& render, platform::Field& field, std::string_view function,
                              Body&& body) {
   try {
     return body();
   } catch (const std::exception& error) {
     std::string name(function);
     name.append(". oField.Name=").append(field.Name());
-    shell::ReportError(render.settings, error.what(), name);
+    settings::ReportError(render.settings, error.what(), name);
   }
   return {};
 }
 
 }  // namespace
 
-std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& field) {
+std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field) {
   const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
     const std::string_view whole = WholeText(render.Regional(), field, render.scratch);
-    const bool limited = render.settings.MemoFieldLimit >= 0 && util::IsMemoFieldType(field.Type());
+    const bool limited = render.settings.MemoFieldLimit >= 0 && platform::IsMemoFieldType(field.Type());
     return limited ? LimitedMemo(render, whole) : whole;
   });
   return IsBlank(text) ? kBlankCell : text;
 }
 
-std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field) {
+std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field) {
   return GuardedText(render, field, "GetStdDbFieldStringRaw",
                      [&] { return ReadRawText(render.Regional(), field, render.scratch); });
 }
@@ -104,8 +104,8 @@ std::string_view ReadRawText(const platform::Formatting& formatting, platform::F
 std::string_view RawText(const platform::Formatting& formatting, platform::TypeCode type,
                          const platform::VariantView& value, std::string& scratch) {
   if (type == platform::TypeCode::kLongVarBinary) return {};
-  const std::string_view text =
-      util::IsDateFieldType(type) ? DateText(formatting, value, scratch) : formatting.Text(value, scratch);
+  const std::string_view text = platform::IsDateFieldType(type) ? DateText(formatting, value, scratch)
+                                                                : formatting.Text(value, scratch);
   return KeepsBlanks(type) || !IsBlank(text) ? text : std::string_view();
 }
 
@@ -117,7 +117,7 @@ std::string_view GetMemoFieldText(const platform::Formatting& formatting, platfo
     // A second read succeeds with some drivers.
   }
   try {
-    return util::TrimBlanks(formatting.Text(field.Value(), scratch));
+    return text::TrimBlanks(formatting.Text(field.Value(), scratch));
   } catch (const std::exception&) {
     return {};
   }

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "platform/field.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::cells {
 
@@ -11,10 +11,10 @@ namespace dralo::cells {
 /// blank. Memos are cut to MemoFieldLimit, dates follow the regional settings, binary values are never shown.
 /// Values are not escaped. Failures are reported in ErrorMessage. Valid until the record moves or
 /// `render.scratch` changes.
-std::string_view GetStdDbFieldString(shell::Render& render, platform::Field& field);
+std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field);
 
 /// The same text without anything added for HTML: whole memos, and "" for what is empty.
-std::string_view GetStdDbFieldStringRaw(shell::Render& render, platform::Field& field);
+std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field);
 
 /// GetStdDbFieldStringRaw() whose failures are thrown, as platform::Error, instead of reported. In `scratch`,
 /// in the record or a constant: valid until either changes.

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <limits>
 
-#include "util/capitalisation.h"
-#include "util/characters.h"
-#include "util/letter_case.h"
+#include "text/capitalisation.h"
+#include "text/characters.h"
+#include "text/letter_case.h"
 
 namespace dralo::cells {
 namespace {
@@ -30,7 +30,7 @@ CellFunction Replace(const FormatArguments& arguments) {
   return [before, what = arguments.Text(1), with = arguments.Text(2)](FormatInput& input, std::string& to) {
     std::string_view text = input.Text();
     if (what.empty()) return text;
-    const std::size_t kept = util::BytesOfCharacters(text, before);
+    const std::size_t kept = text::BytesOfCharacters(text, before);
     to = text.substr(0, kept);
     text.remove_prefix(kept);
     for (std::size_t at = text.find(what); at != text.npos; at = text.find(what)) {
@@ -45,7 +45,7 @@ CellFunction Left(const FormatArguments& arguments) {
   if (arguments.Count() != 1) return WrongCount("Left");
   return [count = Characters(arguments, 1)](FormatInput& input, std::string&) {
     const std::string_view text = input.Text();
-    return text.substr(0, util::BytesOfCharacters(text, count));
+    return text.substr(0, text::BytesOfCharacters(text, count));
   };
 }
 
@@ -53,8 +53,8 @@ CellFunction Right(const FormatArguments& arguments) {
   if (arguments.Count() != 1) return WrongCount("Right");
   return [count = Characters(arguments, 1)](FormatInput& input, std::string&) {
     const std::string_view text = input.Text();
-    const std::size_t characters = util::CountCharacters(text);
-    return text.substr(util::BytesOfCharacters(text, characters - std::min(count, characters)));
+    const std::size_t characters = text::CountCharacters(text);
+    return text.substr(text::BytesOfCharacters(text, characters - std::min(count, characters)));
   };
 }
 
@@ -64,8 +64,8 @@ CellFunction Mid(const FormatArguments& arguments) {
   const std::size_t count = arguments.Count() == 2 ? Characters(arguments, 2) : std::string::npos;
   return [before, count](FormatInput& input, std::string&) {
     std::string_view text = input.Text();
-    text.remove_prefix(util::BytesOfCharacters(text, before));
-    return text.substr(0, util::BytesOfCharacters(text, count));
+    text.remove_prefix(text::BytesOfCharacters(text, before));
+    return text.substr(0, text::BytesOfCharacters(text, count));
   };
 }
 
@@ -79,25 +79,25 @@ CellFunction InCase() {
   };
 }
 
-CellFunction UpperCase(const FormatArguments& /*arguments*/) { return InCase<util::AppendUpper>(); }
+CellFunction UpperCase(const FormatArguments& /*arguments*/) { return InCase<text::AppendUpper>(); }
 
-CellFunction LowerCase(const FormatArguments& /*arguments*/) { return InCase<util::AppendLower>(); }
+CellFunction LowerCase(const FormatArguments& /*arguments*/) { return InCase<text::AppendLower>(); }
 
 CellFunction InitCaps(const FormatArguments& /*arguments*/) {
   return [](FormatInput& input, std::string& to) {
-    return std::string_view(to = util::CapitaliseFirst(util::ToUpper(input.Text())));
+    return std::string_view(to = text::CapitaliseFirst(text::ToUpper(input.Text())));
   };
 }
 
 CellFunction InitCapsAll(const FormatArguments& /*arguments*/) {
   return [](FormatInput& input, std::string& to) {
-    return std::string_view(to = util::CapitaliseWords(input.Text()));
+    return std::string_view(to = text::CapitaliseWords(input.Text()));
   };
 }
 
 CellFunction Length(const FormatArguments& /*arguments*/) {
   return [](FormatInput& input, std::string& to) {
-    const auto characters = static_cast<std::int64_t>(util::CountCharacters(input.Text()));
+    const auto characters = static_cast<std::int64_t>(text::CountCharacters(input.Text()));
     return input.Regional().Text(characters, to);
   };
 }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "util/characters.h"
-#include "util/letter_case.h"
+#include "text/characters.h"
+#include "text/letter_case.h"
 
 namespace dralo::cells {
 
@@ -45,14 +45,14 @@ void TextPattern::Write(std::string_view text, std::string& to) const {
     case LetterCase::kKept:
       return Fill(text, to);
     case LetterCase::kSmall:
-      return Fill(util::ToLower(text), to);
+      return Fill(text::ToLower(text), to);
     case LetterCase::kCapital:
-      return Fill(util::ToUpper(text), to);
+      return Fill(text::ToUpper(text), to);
   }
 }
 
 void TextPattern::Fill(std::string_view text, std::string& to) const {
-  const std::size_t characters = util::CountCharacters(text);
+  const std::size_t characters = text::CountCharacters(text);
   std::size_t place = 0;
   for (const Token& token : tokens_) {
     if (token.place == '\0') {
@@ -60,7 +60,7 @@ void TextPattern::Fill(std::string_view text, std::string& to) const {
       continue;
     }
     const std::size_t count = CharactersAt(place++, characters);
-    const std::size_t bytes = util::BytesOfCharacters(text, count);
+    const std::size_t bytes = text::BytesOfCharacters(text, count);
     if (count == 0 && token.place == '@') to += ' ';
     to += text.substr(0, bytes);
     text.remove_prefix(bytes);

@@ -3,33 +3,33 @@
 #include <algorithm>
 #include <string>
 
-#include "driver/request_state.h"
-#include "util/letter_case.h"
-#include "util/list.h"
-#include "views/links.h"
+#include "state/links.h"
+#include "state/request_state.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 #include "views/navigation_bar.h"
 
 namespace dralo::driver {
 namespace {
 
-using util::Verbatim;
+using html::Verbatim;
 
 /// The number that the page's first record must be below for the last-page button to work.
-std::int32_t LastRecordNumber(const shell::Render& render) {
+std::int32_t LastRecordNumber(const state::Render& render) {
   const std::int32_t count = render.settings.RecordCount;
   if (count < 0) return -1;
   const std::int32_t reachable = std::clamp(render.settings.RecordsMaxLimit, 0, count);
-  return render.form_view ? reachable : FirstOfLastPage(reachable, render.settings.RecordsPerPage);
+  return render.form_view ? reachable : state::FirstOfLastPage(reachable, render.settings.RecordsPerPage);
 }
 
-bool SelectGoesTo(const shell::Render& render, std::string_view placement) {
-  return views::ShowsRecordsPerPageSelect(render) &&
-         util::EqualIgnoringCase(util::TrimBlanks(render.settings.RecordsPerPageSelectPlacement), placement);
+bool SelectGoesTo(const state::Render& render, std::string_view placement) {
+  return state::ShowsRecordsPerPageSelect(render) &&
+         text::EqualIgnoringCase(text::TrimBlanks(render.settings.RecordsPerPageSelectPlacement), placement);
 }
 
 /// What the page set on the grid's table; nothing with the defaults.
-std::string GridTableAttributes(const shell::Settings& settings) {
-  static const std::string default_tag = shell::Settings().TableTag;
+std::string GridTableAttributes(const settings::Settings& settings) {
+  static const std::string default_tag = settings::Settings().TableTag;
   std::string attributes;
   if (settings.TableTag != default_tag) attributes += settings.TableTag;
   if (!attributes.empty() && !settings.GridTableTag.empty()) attributes += ' ';
@@ -38,16 +38,16 @@ std::string GridTableAttributes(const shell::Settings& settings) {
 
 }  // namespace
 
-BarPlacement NavigationBarPlacement(const shell::Settings& settings) {
+BarPlacement NavigationBarPlacement(const settings::Settings& settings) {
   const auto contains = [&](std::string_view word) {
-    return util::ContainsWord(settings.DisplayNavBar, word);
+    return text::ContainsWord(settings.DisplayNavBar, word);
   };
   if (contains("NONE")) return {};
   return {.top = contains("TOP") || contains("BOTH"), .bottom = contains("BOTTOM") || contains("BOTH")};
 }
 
-void PutOpening(const shell::Render& render, std::string_view final_sql) {
-  const shell::Settings& settings = render.settings;
+void PutOpening(const state::Render& render, std::string_view final_sql) {
+  const settings::Settings& settings = render.settings;
   render.out.Put("\r\n\r\n<!-- Dralo -->\r\n\r\n")
       .Put(R"(<table border="0" cellspacing="0" cellpadding="0")")
       .PutIf(!render.form_view && !settings.Width.empty(), R"( width="{}" )", Verbatim{settings.Width})
@@ -64,7 +64,7 @@ void PutOpening(const shell::Render& render, std::string_view final_sql) {
       .Put("\r\n");
 }
 
-void PutHeaderRow(const shell::Render& render, bool bar, int column_span) {
+void PutHeaderRow(const state::Render& render, bool bar, int column_span) {
   render.out.PutIf(render.settings.UseCSS, R"(<tr><td width="100%" class="DRLOTableHeader">)")
       .PutIf(!render.settings.UseCSS, R"(<tr><td width="100%">)");
   if (SelectGoesTo(render, "top")) render.out.Write(Verbatim{views::RecordsPerPageSelect(render)});
@@ -72,21 +72,21 @@ void PutHeaderRow(const shell::Render& render, bool bar, int column_span) {
   render.out.Put("</td></tr>\r\n");
 }
 
-void PutAddButtonRow(const shell::Render& render) {
-  const shell::Settings& settings = render.settings;
-  if (!util::ContainsWord(settings.EditOptions, "ADD")) return;
-  const Verbatim caption{settings.language_tables->buttons[shell::kAdd]};
+void PutAddButtonRow(const state::Render& render) {
+  const settings::Settings& settings = render.settings;
+  if (!text::ContainsWord(settings.EditOptions, "ADD")) return;
+  const Verbatim caption{settings.language_tables->buttons[settings::kAdd]};
   render.out.Put(R"(<tr><td width="100%"><table width="100%" cellspacing=0 cellpadding=0>)")
       .PutIf(settings.UseCSS, R"(<tr><td colspan=2 class="DraloEditBtnBar">)")
       .PutIf(!settings.UseCSS, "<tr><td colspan=2>")
       .PutIf(settings.UseCSS,
              R"(<input class="DraloInputBtn" Value="{}" type="button" onclick="window.location=')", caption)
       .PutIf(!settings.UseCSS, R"(<input Value="{}" type="button" onclick="window.location=')", caption);
-  views::PutAddLink(render.out, render);
+  state::PutAddLink(render.out, render);
   render.out.Put("'\"></table></td></tr>\r\n");
 }
 
-void PutGridTableOpening(const shell::Render& render, int displayed_columns) {
+void PutGridTableOpening(const state::Render& render, int displayed_columns) {
   const std::string attributes = GridTableAttributes(render.settings);
   render.out.Put("<tr><td valign=top align=left>\r\n")
       .Put(R"(<table width="100%")")
@@ -96,21 +96,21 @@ void PutGridTableOpening(const shell::Render& render, int displayed_columns) {
       .Put(">\r\n");
 }
 
-void PutFormTableOpening(const shell::Render& render) {
+void PutFormTableOpening(const state::Render& render) {
   render.out.Put("<tr><td valign=top align=left>\r\n")
       .Put(R"(<table width="100%" border="0" cellpadding="0" cellspacing="0")")
       .PutIf(render.settings.UseCSS, R"( class="DRLOTableFormOuter" )")
       .Put(">\r\n");
 }
 
-void PutTableClosing(const shell::Render& render) { render.out.Put("</table></td></tr>\r\n"); }
+void PutTableClosing(const state::Render& render) { render.out.Put("</table></td></tr>\r\n"); }
 
-void PutNavigationBar(const shell::Render& render, int column_span) {
+void PutNavigationBar(const state::Render& render, int column_span) {
   render.out.Write(Verbatim{views::NavigationBar(render, column_span, "", LastRecordNumber(render))});
 }
 
-void PutClosing(const shell::Render& render) {
-  const shell::Settings& settings = render.settings;
+void PutClosing(const state::Render& render) {
+  const settings::Settings& settings = render.settings;
   if (SelectGoesTo(render, "bottom")) {
     render.out.Put("<tr><td")
         .PutIf(settings.UseCSS, R"( class="DRLOTableFooter")")

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "driver/current_mode.h"
-#include "shell/render.h"
+#include "state/current_mode.h"
+#include "state/render.h"
 
 /// The parts of the page around the grid or form, in the order in which they are written.
 namespace dralo::driver {
@@ -15,29 +15,29 @@ struct BarPlacement {
   bool bottom = false;
 };
 
-BarPlacement NavigationBarPlacement(const shell::Settings& settings);
+BarPlacement NavigationBarPlacement(const settings::Settings& settings);
 
 /// The comment, the outer table, the statement when debugging, and the form's opening tag.
-void PutOpening(const shell::Render& render, std::string_view final_sql);
+void PutOpening(const state::Render& render, std::string_view final_sql);
 
 /// The header row with the select for the page size and, when `bar` is set, the navigation bar.
-void PutHeaderRow(const shell::Render& render, bool bar, int column_span);
+void PutHeaderRow(const state::Render& render, bool bar, int column_span);
 
 /// The row with the add button, when records may be added.
-void PutAddButtonRow(const shell::Render& render);
+void PutAddButtonRow(const state::Render& render);
 
 /// The opening tags of the grid's table and of the table around a form.
-void PutGridTableOpening(const shell::Render& render, int displayed_columns);
-void PutFormTableOpening(const shell::Render& render);
+void PutGridTableOpening(const state::Render& render, int displayed_columns);
+void PutFormTableOpening(const state::Render& render);
 
 /// The end of either table and of its row.
-void PutTableClosing(const shell::Render& render);
+void PutTableClosing(const state::Render& render);
 
 /// The navigation bar as it stands.
-void PutNavigationBar(const shell::Render& render, int column_span);
+void PutNavigationBar(const state::Render& render, int column_span);
 
 /// The select for the page size when it goes to the bottom, the footer text, and the end of form and outer
 /// table.
-void PutClosing(const shell::Render& render);
+void PutClosing(const state::Render& render);
 
 }  // namespace dralo::driver

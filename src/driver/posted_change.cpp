@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "editing/update_engine.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::driver {
 namespace {
 
-using shell::PostedChange;
-using shell::Render;
-using shell::Settings;
+using settings::PostedChange;
+using settings::Settings;
+using state::Render;
 
 /// The posted changes that the views of a page have carried out.
 class PostedChanges final : public platform::PageMemory {
@@ -23,7 +23,7 @@ class PostedChanges final : public platform::PageMemory {
   /// keys are.
   std::shared_ptr<const PostedChange>& Of(std::string_view tag) {
     for (auto& [known, change] : changes_) {
-      if (util::EqualIgnoringCase(known, tag)) return change;
+      if (text::EqualIgnoringCase(known, tag)) return change;
     }
     return changes_.emplace_back(tag, nullptr).second;
   }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/page_context.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::driver {
 
 /// Carries out the change that the request posted to views of this tag, unless a view of the page has done so
 /// before: then this view has its outcome and its messages.
-void CarryOutPostedChange(shell::Render& render, platform::PageContext& page);
+void CarryOutPostedChange(state::Render& render, platform::PageContext& page);
 
 }  // namespace dralo::driver

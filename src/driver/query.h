@@ -5,38 +5,38 @@
 #include <string>
 
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::driver {
 
 /// Fills RecordCount when it is below 1: counted when `wanted`, else -1. A supplied recordset is never
 /// counted.
-void CountRecords(shell::Render& render, bool wanted);
+void CountRecords(state::Render& render, bool wanted);
 
 /// What is run for the view, without an order: `sql`, or the text of its command.
-const std::string& StatementText(const shell::Settings& settings);
+const std::string& StatementText(const settings::Settings& settings);
 
 /// `sql` with the order that the settings ask for behind it.
-std::string OrderedSql(const shell::Settings& settings, std::string sql);
+std::string OrderedSql(const settings::Settings& settings, std::string sql);
 
 /// Runs the view's command on its connection, or on its own when it has one.
-void OpenCommand(platform::Recordset& recordset, const shell::Settings& settings, platform::CursorType cursor,
-                 platform::LockType lock);
+void OpenCommand(platform::Recordset& recordset, const settings::Settings& settings,
+                 platform::CursorType cursor, platform::LockType lock);
 
 /// How many records are fetched for a page at most: up to its end and one more, which tells whether there is
 /// a next page.
-std::int64_t PageRecordLimit(const shell::Render& render);
+std::int64_t PageRecordLimit(const state::Render& render);
 
 /// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already,
 /// with at most `record_limit` records; 0 means all.
-std::shared_ptr<platform::Recordset> OpenMainRecordset(shell::Render& render, const std::string& sql,
+std::shared_ptr<platform::Recordset> OpenMainRecordset(state::Render& render, const std::string& sql,
                                                        std::int64_t record_limit);
 
 /// After the last-page button: cuts RecordCount to RecordsMaxLimit, so that the last page ends there.
-void CutLastPageToLimit(shell::Render& render);
+void CutLastPageToLimit(state::Render& render);
 
 /// Cuts the current record number to a known count and moves the recordset there, never beyond
 /// RecordsMaxLimit.
-void MoveToCurrentRecord(shell::Render& render, platform::Recordset& recordset);
+void MoveToCurrentRecord(state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::driver

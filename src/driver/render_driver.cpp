@@ -6,62 +6,62 @@
 #include <memory>
 #include <string>
 
-#include "driver/current_mode.h"
-#include "driver/hidden_state.h"
 #include "driver/page_frame.h"
 #include "driver/posted_change.h"
 #include "driver/query.h"
-#include "driver/request_state.h"
 #include "driver/shown_records.h"
 #include "driver/spreadsheet_download.h"
 #include "editing/edit_form.h"
-#include "shell/render.h"
-#include "util/html_writer.h"
-#include "util/letter_case.h"
-#include "util/list.h"
+#include "html/html_writer.h"
+#include "settings/field_lists.h"
+#include "state/current_mode.h"
+#include "state/hidden_state.h"
+#include "state/links.h"
+#include "state/primary_key_value_list.h"
+#include "state/render.h"
+#include "state/request_state.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 #include "views/data_grid.h"
-#include "views/field_lists.h"
 #include "views/form_grid.h"
-#include "views/links.h"
-#include "views/primary_key_value_list.h"
 
 namespace dralo::driver {
 namespace {
 
-namespace key = shell::key;
+namespace key = state::key;
 using platform::Recordset;
-using shell::Render;
+using state::Render;
 
 /// What one pass decides on its way.
 struct Pass {
-  Mode mode = Mode::kGrid;
+  state::Mode mode = state::Mode::kGrid;
   BarPlacement bar;
   ShownRecords records;
 };
 
 /// In the one-record view a page holds several records only when the page asked for a form with several.
 std::int32_t RecordsOnPage(const Render& render) {
-  if (render.form_view && !util::ContainsWord(render.settings.DisplayType, "FORM")) return 1;
+  if (render.form_view && !text::ContainsWord(render.settings.DisplayType, "FORM")) return 1;
   return render.settings.RecordsPerPage;
 }
 
 void SelectView(Render& render, Pass& pass) {
-  pass.mode = CurrentMode(render.settings, &render.keys, render.Regional());
-  render.form_view = pass.mode != Mode::kGrid;
+  pass.mode = state::CurrentMode(render.settings, &render.keys, render.Regional());
+  render.form_view = pass.mode != state::Mode::kGrid;
   render.records_on_page = RecordsOnPage(render);
 }
 
 void SelectRecord(Render& render) {
   const bool last = render.keys.WasPressed(key::kLast);
   if (last) CountRecords(render, true);
-  ApplyPagingButtons(render);
+  state::ApplyPagingButtons(render);
   if (last && render.settings.RecordCount >= 0) CutLastPageToLimit(render);
   if (render.form_view && render.keys.Has(key::kBookmark))
     render.current_record = std::max(render.bookmark, 1);
 }
 
 /// The number of the last record that can be shown, as far as it is known.
-std::int32_t KnownEnd(const shell::Settings& settings) {
+std::int32_t KnownEnd(const settings::Settings& settings) {
   const std::int32_t limit = settings.RecordsMaxLimit;
   return settings.RecordCount < 0 ? limit : std::min(settings.RecordCount, limit);
 }
@@ -82,7 +82,7 @@ void ExpectRows(Render& render) {
 }
 
 void SetRows(Render& render, const Pass& pass, std::int32_t rows) {
-  shell::Settings& settings = render.settings;
+  settings::Settings& settings = render.settings;
   settings.FromRow = rows == 0 ? 0 : render.current_record;
   settings.ToRow = rows == 0 ? 0 : render.current_record + (rows - 1);
   const bool is_counted = settings.RecordCount >= 0;
@@ -102,7 +102,7 @@ std::int32_t PutGrid(Render& render, const Pass& pass) {
 std::int32_t PutForm(Render& render, const Pass& pass) {
   PutFormTableOpening(render);
   std::int32_t rows = 0;
-  if (pass.mode == Mode::kFormView) {
+  if (pass.mode == state::Mode::kFormView) {
     views::MakeFormGrid(render, pass.records.Shown(), rows);
   } else {
     editing::RenderEditForm(render, pass.records.Shown(), rows);
@@ -111,51 +111,51 @@ std::int32_t PutForm(Render& render, const Pass& pass) {
   return rows;
 }
 
-bool HasKeys(const Render& render) { return !util::TrimBlanks(render.settings.EditPrimaryKeys).empty(); }
+bool HasKeys(const Render& render) { return !text::TrimBlanks(render.settings.EditPrimaryKeys).empty(); }
 
 /// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
 /// Empty unless a record is edited.
 std::string KeyOfEditedRecord(Render& render, const Pass& pass) {
-  if (pass.mode != Mode::kFormEdit || !HasKeys(render)) return {};
+  if (pass.mode != state::Mode::kFormEdit || !HasKeys(render)) return {};
   const bool stays = render.settings.last_save_failed && render.keys.Has(key::kPrimaryKey);
   if (pass.records.is_addressed_by_key || stays) return std::string(render.keys.Value(key::kPrimaryKey));
   Recordset& shown = pass.records.Shown();
   if (shown.Eof()) return {};
-  views::PrimaryKeyValueList keys(render.settings, shown);
+  state::PrimaryKeyValueList keys(render.settings, shown);
   if (!keys.Read(render.settings)) return {};
   return keys.Plain();
 }
 
 void PutPage(Render& render, Pass& pass) {
   const int span =
-      views::GridColumnSpan(render.settings, static_cast<int>(pass.records.Shown().Fields().size()));
+      settings::GridColumnSpan(render.settings, static_cast<int>(pass.records.Shown().Fields().size()));
   const bool count_known = render.settings.RecordCount >= 0;
   if (count_known) ExpectRows(render);
   const std::string shown_key = KeyOfEditedRecord(render, pass);
   PutOpening(render, pass.records.sql);
   PutHeaderRow(render, pass.bar.top && count_known, span);
   SetRows(render, pass, render.form_view ? PutForm(render, pass) : PutGrid(render, pass));
-  PutHiddenState(render);
-  if (pass.mode == Mode::kFormEdit && HasKeys(render)) PutHiddenKey(render, shown_key);
+  state::PutHiddenState(render);
+  if (pass.mode == state::Mode::kFormEdit && HasKeys(render)) state::PutHiddenKey(render, shown_key);
   if (pass.bar.bottom) PutNavigationBar(render, span);
   CloseShownRecords(render, pass.records);
   PutClosing(render);
 }
 
-void ReportFailure(shell::Settings& settings, std::string_view description, const std::string& sql) {
+void ReportFailure(settings::Settings& settings, std::string_view description, const std::string& sql) {
   settings.ErrorMessage.append(description).append(" in WriteHTMLTable.<br>");
   if (settings.DisplayDebug) settings.ErrorMessage.append("sql='").append(sql).append("'<br>");
 }
 
 void RunSteps(Render& render, Pass& pass) {
-  ReadRequestState(render);
+  state::ReadRequestState(render);
   SelectView(render, pass);
   pass.bar = NavigationBarPlacement(render.settings);
   pass.records.sql = StatementText(render.settings);
   CountRecords(render, render.settings.CountRecords);
   SelectRecord(render);
   OpenShownRecords(render, pass.mode, pass.records);
-  render.state_query_tail = views::StateQueryTail(render);
+  render.state_query_tail = state::StateQueryTail(render);
   PutPage(render, pass);
 }
 
@@ -175,11 +175,11 @@ void RenderView(Render& render) {
 
 }  // namespace
 
-void WriteHtmlTable(shell::Settings& settings, platform::Environment& environment,
+void WriteHtmlTable(settings::Settings& settings, platform::Environment& environment,
                     platform::PageContext& page, std::vector<platform::Variant>& current_record) {
   const platform::Request& request = page.GetRequest();
-  const shell::RequestKeys keys(request, settings.Tag);
-  util::HtmlWriter out(page.GetResponse());
+  const state::RequestKeys keys(request, settings.Tag);
+  html::HtmlWriter out(page.GetResponse());
   Render render{.settings = settings,
                 .environment = environment,
                 .keys = keys,

@@ -5,25 +5,25 @@
 
 #include "driver/query.h"
 #include "editing/primary_keys.h"
-#include "shell/guard.h"
-#include "shell/open_connection.h"
-#include "util/list.h"
+#include "settings/guard.h"
+#include "settings/open_connection.h"
+#include "text/list.h"
 
 namespace dralo::driver {
 namespace {
 
-namespace key = shell::key;
+namespace key = state::key;
 using platform::Recordset;
-using shell::Render;
-using shell::Settings;
+using settings::Settings;
+using state::Render;
 
 /// Setting `sql` copies it into the form's statements, but a command is nothing to address records in.
 bool HasStatement(const Settings& settings, const std::string& statement) {
   const bool is_command_copy = settings.has_stored_procedure && statement == settings.sql;
-  return !util::TrimBlanks(statement).empty() && !is_command_copy;
+  return !text::TrimBlanks(statement).empty() && !is_command_copy;
 }
 
-bool IsPagingRequest(const shell::RequestKeys& keys) {
+bool IsPagingRequest(const state::RequestKeys& keys) {
   return std::ranges::any_of(
       std::initializer_list<std::string_view>{key::kFirst, key::kPrevious, key::kNext, key::kLast},
       [&](std::string_view button) { return keys.WasPressed(button); });
@@ -34,35 +34,36 @@ bool IsText(const Settings& settings) {
 }
 
 /// The statement that gives the fields of the form.
-const std::string& FormStatement(const Settings& settings, Mode mode) {
-  return mode == Mode::kFormView ? settings.FormSQL : settings.EditSQL;
+const std::string& FormStatement(const Settings& settings, state::Mode mode) {
+  return mode == state::Mode::kFormView ? settings.FormSQL : settings.EditSQL;
 }
 
-bool IsAddressedByKey(const Render& render, Mode mode) {
+bool IsAddressedByKey(const Render& render, state::Mode mode) {
   const Settings& settings = render.settings;
-  return render.form_view && mode != Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
-         !IsPagingRequest(render.keys) && render.change != shell::Change::kDeleted &&
+  return render.form_view && mode != state::Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
+         !IsPagingRequest(render.keys) && render.change != settings::Change::kDeleted &&
          HasStatement(settings, FormStatement(settings, mode));
 }
 
 std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string& sql) {
   auto recordset = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
-  recordset->Open(sql, shell::OpenConnection(render.settings));
+  recordset->Open(sql, settings::OpenConnection(render.settings));
   return recordset;
 }
 
 /// Opens the view's own records and goes to the current one.
-void OpenAtCurrentRecord(Render& render, Mode mode, const std::string& statement, ShownRecords& records) {
+void OpenAtCurrentRecord(Render& render, state::Mode mode, const std::string& statement,
+                         ShownRecords& records) {
   const Settings& settings = render.settings;
   const bool last = render.keys.WasPressed(key::kLast);
   records.sql = IsText(settings) ? OrderedSql(settings, statement) : StatementText(settings);
   records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
-  if (mode == Mode::kFormEdit) records.main->TakeTypesOfRow();
+  if (mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
 
 /// Returns whether the posted key addresses the record to show, which is open then.
-bool OpenByPostedKey(Render& render, Mode mode, ShownRecords& records) {
+bool OpenByPostedKey(Render& render, state::Mode mode, ShownRecords& records) {
   const Settings& settings = render.settings;
   if (!IsAddressedByKey(render, mode)) return false;
   const std::string sql = editing::GetSqlPK(render, FormStatement(settings, mode));
@@ -70,7 +71,7 @@ bool OpenByPostedKey(Render& render, Mode mode, ShownRecords& records) {
   records.sql = sql;
   auto record = OpenOneRecord(render, sql);
   // A save may have changed the key, or taken the record out of the statement.
-  if (render.change == shell::Change::kSaved && record->Eof()) return false;
+  if (render.change == settings::Change::kSaved && record->Eof()) return false;
   // What is paged through is there for the bar; it is not moved, for the number says nothing about the
   // record.
   records.main = IsText(settings) ? record : OpenMainRecordset(render, settings.sql, 0);
@@ -81,11 +82,11 @@ bool OpenByPostedKey(Render& render, Mode mode, ShownRecords& records) {
 }
 
 /// The same after a failed save, whose key may be one that the database does not take.
-bool OpenByFailedKey(Render& render, Mode mode, ShownRecords& records) {
+bool OpenByFailedKey(Render& render, state::Mode mode, ShownRecords& records) {
   try {
     return OpenByPostedKey(render, mode, records);
   } catch (const std::exception& error) {
-    shell::ReportError(render.settings, error.what(), "WriteHTMLTable.");
+    settings::ReportError(render.settings, error.what(), "WriteHTMLTable.");
     records = {};
     return false;
   }
@@ -95,7 +96,7 @@ bool OpenByFailedKey(Render& render, Mode mode, ShownRecords& records) {
 /// record of the same key in it.
 void OpenInFormStatement(Render& render, const std::string& form_statement, ShownRecords& records) {
   const Settings& settings = render.settings;
-  const bool has_keys = !util::TrimBlanks(settings.EditPrimaryKeys).empty();
+  const bool has_keys = !text::TrimBlanks(settings.EditPrimaryKeys).empty();
   if (!render.form_view || render.records_on_page != 1 || !has_keys) return;
   if (!HasStatement(settings, form_statement) || records.main->Eof()) return;
   const std::string sql = editing::GetSqlPK(render, form_statement, records.main.get());
@@ -110,7 +111,7 @@ void OpenFieldsOnly(const Render& render, const std::string& form_statement, Sho
   if (records.keyed != nullptr || !HasStatement(render.settings, form_statement)) return;
   records.keyed = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   records.keyed->SetMaxRecords(1);
-  records.keyed->Open(form_statement, shell::OpenConnection(render.settings));
+  records.keyed->Open(form_statement, settings::OpenConnection(render.settings));
   if (!records.keyed->Eof()) records.keyed->MoveNext();
 }
 
@@ -120,22 +121,22 @@ void OpenNewRecord(const Render& render, ShownRecords& records) {
   records.main = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   records.main->SetMaxRecords(1);
   records.main->SetCursorLocation(platform::CursorLocation::kClient);
-  records.main->Open(records.sql, shell::OpenConnection(render.settings), platform::CursorType::kKeyset,
+  records.main->Open(records.sql, settings::OpenConnection(render.settings), platform::CursorType::kKeyset,
                      platform::LockType::kOptimistic);
   try {
     records.main->AddNew();
     records.is_added = true;
   } catch (const std::exception& error) {
     if (render.settings.last_save_failed) return;  // Which said so.
-    shell::ReportError(render.settings, error.what(), "WriteHTMLTable.");
+    settings::ReportError(render.settings, error.what(), "WriteHTMLTable.");
   }
 }
 
 }  // namespace
 
-void OpenShownRecords(Render& render, Mode mode, ShownRecords& records) {
+void OpenShownRecords(Render& render, state::Mode mode, ShownRecords& records) {
   const Settings& settings = render.settings;
-  if (mode == Mode::kFormAdd) return OpenNewRecord(render, records);
+  if (mode == state::Mode::kFormAdd) return OpenNewRecord(render, records);
   const bool has_failed = settings.last_save_failed;
   if (has_failed ? OpenByFailedKey(render, mode, records) : OpenByPostedKey(render, mode, records)) return;
   const std::string& form_statement = FormStatement(settings, mode);

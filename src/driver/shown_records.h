@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "driver/current_mode.h"
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/current_mode.h"
+#include "state/render.h"
 
 namespace dralo::driver {
 
@@ -24,9 +24,9 @@ struct ShownRecords {
 /// add form, else the current record of the view's statement, for a form in the columns of the form's own
 /// statement. `records.sql` is set before a statement runs, so that it is there for a failure.
 /// Throws platform::Error when a statement fails.
-void OpenShownRecords(shell::Render& render, Mode mode, ShownRecords& records);
+void OpenShownRecords(state::Render& render, state::Mode mode, ShownRecords& records);
 
 /// Closes what was opened here: a supplied recordset stays open, a new record is forgotten.
-void CloseShownRecords(const shell::Render& render, ShownRecords& records);
+void CloseShownRecords(const state::Render& render, ShownRecords& records);
 
 }  // namespace dralo::driver

@@ -5,10 +5,10 @@
 #include <memory>
 #include <string_view>
 
-#include "cells/spreadsheet_export.h"
 #include "driver/query.h"
-#include "driver/request_state.h"
-#include "shell/guard.h"
+#include "settings/guard.h"
+#include "state/request_state.h"
+#include "views/spreadsheet_export.h"
 
 namespace dralo::driver {
 namespace {
@@ -16,8 +16,8 @@ namespace {
 constexpr std::string_view kRenderer = "WriteExcelTable";
 
 /// The records at the first of them. A query that fails does so here, while the page can still be one.
-std::shared_ptr<platform::Recordset> OpenRecords(shell::Render& render) {
-  const shell::Settings& settings = render.settings;
+std::shared_ptr<platform::Recordset> OpenRecords(state::Render& render) {
+  const settings::Settings& settings = render.settings;
   const std::int64_t limit = std::max(settings.RecordsMaxLimit, 1);
   std::shared_ptr<platform::Recordset> recordset =
       OpenMainRecordset(render, OrderedSql(settings, settings.sql), limit);
@@ -25,29 +25,29 @@ std::shared_ptr<platform::Recordset> OpenRecords(shell::Render& render) {
   return recordset;
 }
 
-void SendRecords(shell::Render& render, platform::Response& response) {
-  const shell::Settings& settings = render.settings;
+void SendRecords(state::Render& render, platform::Response& response) {
+  const settings::Settings& settings = render.settings;
   const std::shared_ptr<platform::Recordset> recordset = OpenRecords(render);
   response.SetContentType("application/vnd.ms-excel");
   response.AddHeader("content-disposition", "attachment; filename=DraloExcelExport.xls");
-  cells::WriteExcelTable(render, *recordset);
+  views::WriteExcelTable(render, *recordset);
   render.out.Flush();
   if (!settings.has_supplied_recordset) recordset->Close();
 }
 
 }  // namespace
 
-void SendSpreadsheet(shell::Render& render, platform::Response& response) {
+void SendSpreadsheet(state::Render& render, platform::Response& response) {
   response.Clear();
-  render.out.SetPieceBytes(util::HtmlWriter::kDownloadBytes);
-  const bool is_complete = shell::Guarded(render.settings, kRenderer, false, [&] {
-    ReadRequestState(render);
+  render.out.SetPieceBytes(html::HtmlWriter::kDownloadBytes);
+  const bool is_complete = settings::Guarded(render.settings, kRenderer, false, [&] {
+    state::ReadRequestState(render);
     SendRecords(render, response);
     response.End();
     return true;
   });
   // What was written before a failure stays in the response.
-  if (!is_complete) shell::Guarded(render.settings, kRenderer, [&] { render.out.Flush(); });
+  if (!is_complete) settings::Guarded(render.settings, kRenderer, [&] { render.out.Flush(); });
 }
 
 }  // namespace dralo::driver

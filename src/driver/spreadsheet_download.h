@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/response.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::driver {
 
@@ -9,6 +9,6 @@ namespace dralo::driver {
 /// are sent as they are read, so that the number of them does not matter for memory.
 /// Failures are reported in ErrorMessage under WriteExcelTable; what was written before one stays, and the
 /// page is not ended. Throws platform::Error when part of the page was sent already.
-void SendSpreadsheet(shell::Render& render, platform::Response& response);
+void SendSpreadsheet(state::Render& render, platform::Response& response);
 
 }  // namespace dralo::driver

@@ -5,8 +5,8 @@
 #include <variant>
 
 #include "cells/standard_text.h"
-#include "util/boolean_text.h"
-#include "util/letter_case.h"
+#include "text/boolean_text.h"
+#include "text/letter_case.h"
 
 namespace dralo::editing {
 namespace {
@@ -88,15 +88,15 @@ class Walk {
 
 }  // namespace
 
-std::string_view ControlText(const shell::Render& render, platform::Field& field, std::string& scratch) {
+std::string_view ControlText(const state::Render& render, platform::Field& field, std::string& scratch) {
   if (field.Type() == platform::TypeCode::kBoolean) {
     const platform::VariantView value = field.Value();
-    if (const auto* flag = std::get_if<bool>(&value)) return util::BooleanText(*flag);
+    if (const auto* flag = std::get_if<bool>(&value)) return text::BooleanText(*flag);
   }
   return cells::ReadRawText(render.Regional(), field, scratch);
 }
 
-std::string_view ControlText(const shell::Render& render, platform::TypeCode type,
+std::string_view ControlText(const state::Render& render, platform::TypeCode type,
                              const platform::VariantView& value, std::string& scratch) {
   return cells::RawText(render.Regional(), type, value, scratch);
 }
@@ -110,7 +110,7 @@ bool IsTicked(const platform::VariantView& value) {
       return number.text.find_first_of("123456789") != number.text.npos;
     }
     bool operator()(std::string_view text) const {
-      return util::EqualIgnoringCase(text, util::BooleanText(true));
+      return text::EqualIgnoringCase(text, text::BooleanText(true));
     }
     bool operator()(platform::Null) const { return false; }
     bool operator()(const platform::DateTime&) const { return false; }

@@ -5,7 +5,7 @@
 
 #include "platform/field.h"
 #include "platform/variant.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -14,10 +14,10 @@ namespace dralo::editing {
 /// only. The update engine compares what was posted with it, so that saving an unchanged form changes
 /// nothing. In `scratch`, in the record or a constant; valid until either changes. Throws platform::Error
 /// when the value cannot be read; a memo that cannot be read is "".
-std::string_view ControlText(const shell::Render& render, platform::Field& field, std::string& scratch);
+std::string_view ControlText(const state::Render& render, platform::Field& field, std::string& scratch);
 
 /// The same for a value of a field of that type which is not in a record.
-std::string_view ControlText(const shell::Render& render, platform::TypeCode type,
+std::string_view ControlText(const state::Render& render, platform::TypeCode type,
                              const platform::VariantView& value, std::string& scratch);
 
 /// Whether the checkbox of a field with that value is ticked.

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "editing/query_schema.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -11,6 +11,6 @@ namespace dralo::editing {
 /// `statement` is left as the one in use. A failure of the statement is told in the edit status message. That
 /// it found no record is told in ErrorMessage, and the record counts as deleted; when it found several, all
 /// is undone. Throws platform::Error for this and every other failure.
-bool DeleteRecord(shell::Render& render, const QuerySchema& schema, std::string& statement);
+bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string& statement);
 
 }  // namespace dralo::editing

@@ -8,28 +8,28 @@
 
 #include "editing/form_edit_field.h"
 #include "editing/query_schema.h"
+#include "html/html_writer.h"
 #include "platform/field.h"
 #include "platform/type_code.h"
-#include "shell/guard.h"
-#include "shell/language.h"
-#include "util/html_writer.h"
-#include "util/letter_case.h"
-#include "util/list.h"
+#include "settings/field_lists.h"
+#include "settings/guard.h"
+#include "settings/language.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 #include "views/button_bar.h"
 #include "views/current_record.h"
-#include "views/field_lists.h"
 
 namespace dralo::editing {
 namespace {
 
-namespace key = shell::key;
-using shell::Settings;
-using util::Verbatim;
+namespace key = state::key;
+using html::Verbatim;
+using settings::Settings;
 
 /// Writes one form.
 class EditForm {
  public:
-  explicit EditForm(shell::Render& render)
+  explicit EditForm(state::Render& render)
       : render_(render), settings_(render.settings), out_(render.out), fields_(render) {}
 
   void Put(platform::Recordset& recordset, std::int32_t& rows);
@@ -43,15 +43,15 @@ class EditForm {
   void PutRow(platform::Field& field, int column);
   void PutLabelCell(const platform::Field& field, int column);
 
-  bool Allows(std::string_view word) const { return util::ContainsWord(settings_.EditOptions, word); }
+  bool Allows(std::string_view word) const { return text::ContainsWord(settings_.EditOptions, word); }
   bool IsKey(std::string_view field_name) const;
 
   Verbatim ButtonClass() const { return {settings_.UseCSS ? R"( class="DraloInputBtn" )" : " "}; }
-  Verbatim Caption(shell::ButtonSlot slot) const { return {settings_.language_tables->buttons[slot]}; }
+  Verbatim Caption(settings::ButtonSlot slot) const { return {settings_.language_tables->buttons[slot]}; }
 
-  shell::Render& render_;
+  state::Render& render_;
   const Settings& settings_;
-  util::HtmlWriter& out_;
+  html::HtmlWriter& out_;
   FormEditFields fields_;
   std::vector<std::string> key_names_ = KeyNames(settings_);
 };
@@ -76,7 +76,7 @@ void EditForm::PutButtonBar() {
   PutSaveButton();
   if (!Allows("NOVIEW")) {
     out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
-             render_.keys(key::kFormView), Caption(shell::kClose));
+             render_.keys(key::kFormView), Caption(settings::kClose));
   }
   if (!fields_.AddsRecord()) {
     views::PutAddButton(render_);
@@ -95,7 +95,7 @@ void EditForm::PutStateInputs() {
 void EditForm::PutSaveButton() {
   out_.Put(R"(<input{}type="submit" onclick="FormDraloGrid{}.{}.value=''" name="{}" value="{}">)",
            ButtonClass(), Verbatim{settings_.Tag}, render_.keys(key::kFormEdit),
-           render_.keys(key::kFormUpdate), Caption(shell::kSave));
+           render_.keys(key::kFormUpdate), Caption(settings::kSave));
 }
 
 void EditForm::PutDeleteButton() {
@@ -104,7 +104,7 @@ void EditForm::PutDeleteButton() {
            Verbatim{settings_.Tag}, render_.keys(key::kFormEdit))
       .PutIf(!settings_.EditConfirmDeleteString.empty(), "return confirm('{}');",
              Verbatim{settings_.EditConfirmDeleteString})
-      .Put(R"(" name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(shell::kDelete));
+      .Put(R"(" name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(settings::kDelete));
 }
 
 void EditForm::PutFieldTable(platform::Recordset& recordset) {
@@ -115,7 +115,7 @@ void EditForm::PutFieldTable(platform::Recordset& recordset) {
   int column = 0;
   for (platform::Field* field : recordset.Fields()) {
     ++column;
-    if (views::IsFormFieldShown(settings_, field->Name(), column)) {
+    if (settings::IsFormFieldShown(settings_, field->Name(), column)) {
       PutRow(*field, column);
     } else if (!fields_.AddsRecord() && IsKey(field->Name())) {
       // A save finds its record by the keys. A new record whose key nobody typed has none: an empty input
@@ -135,29 +135,29 @@ void EditForm::PutRow(platform::Field& field, int column) {
 }
 
 void EditForm::PutLabelCell(const platform::Field& field, int column) {
-  const std::string_view width = util::NthItem(settings_.FormCellWidths, column);
+  const std::string_view width = text::NthItem(settings_.FormCellWidths, column);
   const bool is_required = (field.Attributes() & platform::kFieldIsNullable) == 0;
   out_.Put("<th")
       .PutIf(!width.empty(), R"( width="{}")", Verbatim{width})
       .Put(" align=left>")
       .PutIf(is_required && settings_.UseCSS, R"(<span class="DraloRequiredFieldLabel">)")
       .PutIf(is_required && !settings_.UseCSS, "<span>")
-      .Write(Verbatim{views::FormDisplayName(settings_, field.Name(), column)})
+      .Write(Verbatim{settings::FormDisplayName(settings_, field.Name(), column)})
       .PutIf(is_required, "</span>")
       .Put("</th>");
 }
 
 bool EditForm::IsKey(std::string_view field_name) const {
   return std::ranges::any_of(
-      key_names_, [&](std::string_view key_name) { return util::EqualIgnoringCase(key_name, field_name); });
+      key_names_, [&](std::string_view key_name) { return text::EqualIgnoringCase(key_name, field_name); });
 }
 
 }  // namespace
 
-void RenderEditForm(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+void RenderEditForm(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
   render.current_record_values.clear();
   rows = 0;
-  shell::Guarded(render.settings, "RenderEditForm", [&] { EditForm(render).Put(recordset, rows); });
+  settings::Guarded(render.settings, "RenderEditForm", [&] { EditForm(render).Put(recordset, rows); });
 }
 
 }  // namespace dralo::editing

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -12,6 +12,6 @@ namespace dralo::editing {
 /// where it is. `rows` becomes the number of records written, 1 or 0: without a record there is only the row
 /// of buttons, or after a failed save the form with what was posted. Failures are reported in ErrorMessage;
 /// what was written stays written.
-void RenderEditForm(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows);
+void RenderEditForm(state::Render& render, platform::Recordset& recordset, std::int32_t& rows);
 
 }  // namespace dralo::editing

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/type_code.h"
-#include "util/list.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
@@ -31,7 +31,7 @@ void TakeSign(std::string_view& rest) {
 
 /// Whether the text is a number with "." as its decimal point, perhaps with an exponent.
 bool IsPlainNumber(std::string_view text) {
-  std::string_view rest = util::TrimBlanks(text);
+  std::string_view rest = text::TrimBlanks(text);
   TakeSign(rest);
   std::size_t digits = TakeDigits(rest);
   if (rest.starts_with('.')) {

@@ -6,32 +6,32 @@
 
 #include "editing/control_text.h"
 #include "editing/lookup_select.h"
+#include "html/control_markup.h"
+#include "platform/field_type.h"
 #include "platform/type_code.h"
-#include "shell/guard.h"
-#include "util/boolean_text.h"
-#include "util/control_markup.h"
-#include "util/field_type.h"
-#include "util/list.h"
-#include "views/field_lists.h"
+#include "settings/field_lists.h"
+#include "settings/guard.h"
+#include "text/boolean_text.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
 
+using html::Joined;
+using html::Verbatim;
 using platform::TypeCode;
-using util::Joined;
-using util::Verbatim;
 
 constexpr std::int64_t kWidestInput = 60;
 
 /// A failed save decides by what its own form said: an insert comes back as an insert, and nothing else does.
-bool AddsRecord(const shell::Render& render) {
-  namespace key = shell::key;
+bool AddsRecord(const state::Render& render) {
+  namespace key = state::key;
   if (render.settings.last_save_failed) return render.keys.Has(key::kFormInsert);
   return render.keys.Has(key::kFormAdd) && !render.keys.Has(key::kFormView);
 }
 
 /// An attribute that is written only on pages with classes, and the blank behind it.
-Verbatim Class(const shell::Render& render, std::string_view attribute) {
+Verbatim Class(const state::Render& render, std::string_view attribute) {
   return {render.settings.UseCSS ? attribute : std::string_view()};
 }
 
@@ -51,11 +51,11 @@ struct FormEditFields::Control {
   Verbatim Disabled() const { return {is_read_only ? " disabled " : ""}; }
 };
 
-FormEditFields::FormEditFields(shell::Render& render)
+FormEditFields::FormEditFields(state::Render& render)
     : render_(render), out_(render.out), inputs_(render.keys), adds_record_(editing::AddsRecord(render)) {}
 
 void FormEditFields::GetFormEditField(platform::Field& field, int index) {
-  Guarded(field, [&] { Put(Read(field, views::IsFieldReadOnly(render_.settings, field.Name(), index))); });
+  Guarded(field, [&] { Put(Read(field, settings::IsFieldReadOnly(render_.settings, field.Name(), index))); });
 }
 
 void FormEditFields::PutHidden(platform::Field& field) {
@@ -71,7 +71,7 @@ void FormEditFields::Guarded(const platform::Field& field, Body&& body) {
     body();
   } catch (const std::exception& error) {
     std::string name("GetFormEditField. oField.Name=");
-    shell::ReportError(render_.settings, error.what(), name.append(field.Name()));
+    settings::ReportError(render_.settings, error.what(), name.append(field.Name()));
   }
 }
 
@@ -85,9 +85,9 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
   if (control.type == TypeCode::kLongVarBinary) return control;
   if (render_.settings.last_save_failed) {
     const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
-    control.text = util::TrimBlanks(posted);
+    control.text = text::TrimBlanks(posted);
     // Ticked boxes post anything; in place of a disabled one stands its value.
-    control.is_ticked = is_read_only ? control.text == util::BooleanText(true) : !posted.empty();
+    control.is_ticked = is_read_only ? control.text == text::BooleanText(true) : !posted.empty();
   } else if (!adds_record_) {
     control.text = ControlText(render_, field, text_);
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
@@ -99,7 +99,7 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
 /// beginning alone, and the field would be saved as if its input had been emptied.
 Joined FormEditFields::InputName(std::string_view field_name) {
   field_name_.Clear();
-  util::PutAttributeText(field_name_, field_name);
+  html::PutAttributeText(field_name_, field_name);
   return inputs_.Name(field_name_.Collected());
 }
 
@@ -121,11 +121,11 @@ bool FormEditFields::PutLookup(const Control& control) {
 }
 
 void FormEditFields::PutByType(const Control& control) {
-  if (util::IsMemoFieldType(control.type)) {
+  if (platform::IsMemoFieldType(control.type)) {
     PutTextarea(control);
   } else if (control.type == TypeCode::kBoolean) {
     PutCheckbox(control);
-  } else if (util::IsDateFieldType(control.type)) {
+  } else if (platform::IsDateFieldType(control.type)) {
     PutDateInput(control);
   } else {
     PutTextInput(control);
@@ -135,7 +135,7 @@ void FormEditFields::PutByType(const Control& control) {
 void FormEditFields::PutTextarea(const Control& control) {
   out_.Put(R"(<textarea cols=60 rows=5 {}{}id="{}" name="{}">)", control.Disabled(),
            Class(render_, R"(class="DraloTextArea" )"), control.name, control.name);
-  util::PutTextareaText(out_, control.text);
+  html::PutTextareaText(out_, control.text);
   out_.Put("</textarea>");
 }
 
@@ -148,25 +148,25 @@ void FormEditFields::PutCheckbox(const Control& control) {
 void FormEditFields::PutDateInput(const Control& control) {
   out_.Put(R"(<input {}{}size=22 maxlength=25 type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), control.name, control.name);
-  util::PutAttributeText(out_, control.text);
+  html::PutAttributeText(out_, control.text);
   out_.Put(R"(">)");
 }
 
 void FormEditFields::PutTextInput(const Control& control) {
   constexpr std::int64_t kNumberSize = 20;
-  const bool is_number = util::IsNumericFieldType(control.type);
+  const bool is_number = platform::IsNumericFieldType(control.type);
   const std::int64_t max_length = is_number ? kNumberSize : control.defined_size;
   const std::int64_t room = is_number ? 0 : 2;
   const std::int64_t size = max_length > 0 ? std::min(max_length, kWidestInput - room) + room : kWidestInput;
   out_.Put(R"(<input {}{}size={} type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), size, control.name, control.name);
-  util::PutAttributeText(out_, control.text);
+  html::PutAttributeText(out_, control.text);
   out_.Put(R"(" maxlength=")").PutIf(max_length > 0, "{}", max_length).Put(R"(">)");
 }
 
 void FormEditFields::PutHiddenInput(const Control& control) {
   out_.Put(R"(<input type="hidden" name="{}" value=")", control.name);
-  util::PutAttributeText(out_, control.text);
+  html::PutAttributeText(out_, control.text);
   out_.Put(R"(">)");
 }
 

@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "editing/field_inputs.h"
+#include "html/html_writer.h"
 #include "platform/field.h"
-#include "shell/render.h"
-#include "util/html_writer.h"
+#include "state/field_inputs.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -16,7 +16,7 @@ namespace dralo::editing {
 class FormEditFields {
  public:
   /// `render` must outlive the object.
-  explicit FormEditFields(shell::Render& render);
+  explicit FormEditFields(state::Render& render);
 
   /// Whether the form adds a record: the add button was pressed, or adding one has just failed.
   bool AddsRecord() const { return adds_record_; }
@@ -33,7 +33,7 @@ class FormEditFields {
   struct Control;
 
   Control Read(platform::Field& field, bool is_read_only);
-  util::Joined InputName(std::string_view field_name);
+  html::Joined InputName(std::string_view field_name);
   void Put(const Control& control);
   bool PutLookup(const Control& control);
   void PutByType(const Control& control);
@@ -46,12 +46,12 @@ class FormEditFields {
   template <class Body>
   void Guarded(const platform::Field& field, Body&& body);
 
-  shell::Render& render_;
-  util::HtmlWriter& out_;
-  FieldInputs inputs_;
+  state::Render& render_;
+  html::HtmlWriter& out_;
+  state::FieldInputs inputs_;
   bool adds_record_;
   std::string text_;             ///< For the text of the current control.
-  util::HtmlWriter field_name_;  ///< For the name of the current control.
+  html::HtmlWriter field_name_;  ///< For the name of the current control.
 };
 
 }  // namespace dralo::editing

@@ -1,7 +1,7 @@
 #include "editing/key_condition.h"
 
 #include "platform/error.h"
-#include "util/field_type.h"
+#include "platform/field_type.h"
 
 namespace dralo::editing {
 namespace {
@@ -16,8 +16,8 @@ void AppendQuoted(std::string& text, std::string_view value) {
 
 bool MayBeEmptyText(platform::TypeCode type) {
   using platform::TypeCode;
-  return !util::IsNumericFieldType(type) && !util::IsDateFieldType(type) && type != TypeCode::kDbTime &&
-         type != TypeCode::kGuid;
+  return !platform::IsNumericFieldType(type) && !platform::IsDateFieldType(type) &&
+         type != TypeCode::kDbTime && type != TypeCode::kGuid;
 }
 
 void KeyCondition::Add(std::string_view name, std::string_view value, bool is_numeric) {
@@ -34,7 +34,7 @@ void KeyCondition::Add(std::string_view name, std::string_view value, bool is_nu
 void KeyCondition::AddExact(std::string_view name, const SchemaField* field, std::string_view text,
                             bool is_numeric) {
   if (field == nullptr) return Add(name, text, is_numeric);
-  if (util::IsBinaryFieldType(field->type)) {
+  if (platform::IsBinaryFieldType(field->type)) {
     throw platform::Error("The key \"" + std::string(name) +
                           "\" holds binary data, by which no record can be found");
   }

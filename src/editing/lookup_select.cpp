@@ -6,29 +6,29 @@
 
 #include "cells/standard_text.h"
 #include "editing/control_text.h"
+#include "html/control_markup.h"
 #include "platform/error.h"
 #include "platform/recordset.h"
-#include "shell/open_connection.h"
-#include "util/control_markup.h"
-#include "util/list.h"
+#include "settings/open_connection.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
 
+using html::Verbatim;
 using platform::Recordset;
-using util::Verbatim;
 
 std::string LookupStatement(std::string_view definition) {
   std::string sql("SELECT ");
-  sql.append(util::NthItem(definition, 3)).append(",").append(util::NthItem(definition, 4));
-  sql.append(" FROM ").append(util::NthItem(definition, 2));
-  const std::string_view order_by = util::NthItem(definition, 5);
+  sql.append(text::NthItem(definition, 3)).append(",").append(text::NthItem(definition, 4));
+  sql.append(" FROM ").append(text::NthItem(definition, 2));
+  const std::string_view order_by = text::NthItem(definition, 5);
   if (!order_by.empty()) sql.append(" ORDER BY ").append(order_by);
   return sql;
 }
 
 /// Writes an option for every record; the one whose link text is `value` is selected.
-void PutOptions(util::HtmlWriter& out, const shell::Render& render, Recordset& recordset,
+void PutOptions(html::HtmlWriter& out, const state::Render& render, Recordset& recordset,
                 std::string_view value) {
   const auto fields = recordset.Fields();
   if (fields.size() < 2) throw platform::Error("A lookup needs a link field and a display field");
@@ -36,23 +36,23 @@ void PutOptions(util::HtmlWriter& out, const shell::Render& render, Recordset& r
   for (; !recordset.Eof(); recordset.MoveNext()) {
     const std::string_view link = ControlText(render, *fields[0], scratch);
     out.Put("<option ").PutIf(link == value, " selected ").Put(R"( value=")");
-    util::PutAttributeText(out, link);
+    html::PutAttributeText(out, link);
     out.Put("\">{}\r\n", Verbatim{cells::ReadRawText(render.Regional(), *fields[1], scratch)});
   }
 }
 
 }  // namespace
 
-bool PutLookupSelect(util::HtmlWriter& out, shell::Render& render, util::Joined input_name,
+bool PutLookupSelect(html::HtmlWriter& out, state::Render& render, html::Joined input_name,
                      std::string_view attribute, std::string_view definition, std::string_view value) {
   const std::string sql = LookupStatement(definition);
   // Collected first: a statement may fail at any row, and part of a list would offer to lose the value.
-  util::HtmlWriter list;
+  html::HtmlWriter list;
   try {
     const auto recordset = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
-    recordset->Open(sql, shell::OpenConnection(render.settings));
+    recordset->Open(sql, settings::OpenConnection(render.settings));
     list.Put("<select {}id=\"{}\" name=\"{}\">\r\n", Verbatim{attribute}, input_name, input_name);
-    list.PutIf(util::NthItem(definition, 6) == "1", "<option value=''>\r\n");
+    list.PutIf(text::NthItem(definition, 6) == "1", "<option value=''>\r\n");
     PutOptions(list, render, *recordset, value);
     list.Put("</select>\r\n");
     recordset->Close();

@@ -7,26 +7,26 @@
 #include "editing/primary_keys.h"
 #include "editing/query_schema.h"
 #include "platform/error.h"
-#include "util/letter_case.h"
-#include "util/list.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 
-NewKey MakeNewKey(shell::Render& render, std::string_view field_name) {
-  const shell::Settings& settings = render.settings;
-  if (util::TrimBlanks(settings.EditNewPKStatement).empty()) return {};
+NewKey MakeNewKey(state::Render& render, std::string_view field_name) {
+  const settings::Settings& settings = render.settings;
+  if (text::TrimBlanks(settings.EditNewPKStatement).empty()) return {};
   const std::vector<std::string> names = KeyNames(settings);
   const auto name = std::ranges::find_if(
-      names, [&](const std::string& key) { return util::EqualIgnoringCase(key, field_name); });
+      names, [&](const std::string& key) { return text::EqualIgnoringCase(key, field_name); });
   if (name == names.end()) return {};
-  const std::vector<std::string> items = util::Split(settings.EditNewPKStatement);
+  const std::vector<std::string> items = text::Split(settings.EditNewPKStatement);
   const auto position = static_cast<std::size_t>(name - names.begin());
   if (position >= items.size()) {
     throw platform::Error("EditNewPKStatement has fewer items than EditPrimaryKeys");
   }
   const std::string& item = items[position];
-  if (util::EqualIgnoringCase(item, "autoincrement")) return {.is_left_to_database = true};
-  if (util::TrimBlanks(item).empty()) return {};
+  if (text::EqualIgnoringCase(item, "autoincrement")) return {.is_left_to_database = true};
+  if (text::TrimBlanks(item).empty()) return {};
   return {.value = GetNewPKValue(render, item)};
 }
 

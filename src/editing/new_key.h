@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -17,6 +17,6 @@ struct NewKey {
 /// What EditNewPKStatement says for the field: nothing unless it is a primary key. A statement that fails
 /// leaves its message in ErrorMessage and yields "". Throws platform::Error when EditNewPKStatement has no
 /// item for the key.
-NewKey MakeNewKey(shell::Render& render, std::string_view field_name);
+NewKey MakeNewKey(state::Render& render, std::string_view field_name);
 
 }  // namespace dralo::editing

@@ -5,14 +5,14 @@
 #include <string_view>
 #include <utility>
 
-#include "cells/named_field.h"
 #include "editing/control_text.h"
-#include "editing/field_inputs.h"
 #include "editing/key_condition.h"
-#include "util/field_type.h"
-#include "util/letter_case.h"
-#include "util/list.h"
-#include "views/key_text.h"
+#include "platform/field_type.h"
+#include "state/field_inputs.h"
+#include "state/key_text.h"
+#include "state/named_field.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
@@ -23,7 +23,7 @@ using Texts = std::vector<std::string>;
 /// The key inputs of one posted form.
 class KeyInputs {
  public:
-  KeyInputs(const shell::Render& render, const QuerySchema& schema)
+  KeyInputs(const state::Render& render, const QuerySchema& schema)
       : render_(render), schema_(schema), names_(KeyNames(render.settings)), inputs_(render.keys) {}
 
   PostedKey Read() {
@@ -68,7 +68,7 @@ class KeyInputs {
 
   /// Whether nothing tells which of the two the form showed: it was not opened by a key.
   bool IsEmptyOrNull(std::size_t i, const SchemaField* field) const {
-    if (field == nullptr || !field->is_nullable || render_.keys.Has(shell::key::kPrimaryKey)) return false;
+    if (field == nullptr || !field->is_nullable || render_.keys.Has(state::key::kPrimaryKey)) return false;
     if (field->type == TypeCode::kBoolean) return !IsTickPosted(i);
     return MayBeEmptyText(field->type) && inputs_.Posted(names_[i]) && Value(i).empty();
   }
@@ -83,7 +83,7 @@ class KeyInputs {
   bool IsPosted(std::size_t i) const { return !Value(i).empty() || inputs_.Posted(names_[i]).has_value(); }
 
   std::optional<Texts> ExactTexts() const {
-    if (!render_.keys.Has(shell::key::kPrimaryKey)) return std::nullopt;
+    if (!render_.keys.Has(state::key::kPrimaryKey)) return std::nullopt;
     Texts texts = PostedKeyTexts(render_, names_.size());
     if (texts.size() < names_.size()) return std::nullopt;
     for (std::size_t i = 0; i < names_.size(); ++i) {
@@ -97,55 +97,56 @@ class KeyInputs {
   bool StillShows(std::size_t i, std::string_view text) const {
     const SchemaField* field = schema_.Find(names_[i]);
     if (field == nullptr) return !IsPosted(i) || Value(i) == text;
-    const platform::Variant value = views::KeyValue(render_.Regional(), field->type, text);
+    const platform::Variant value = state::KeyValue(render_.Regional(), field->type, text);
     if (field->type == TypeCode::kBoolean) return IsTickPosted(i) == IsTicked(platform::View(value));
     if (!IsPosted(i)) return true;
     const bool is_select = !render_.settings.lookups.Find(field->name).empty();
     std::string scratch;
     const std::string_view shown = ControlText(render_, field->type, platform::View(value), scratch);
-    return IsUntouched(Value(i), util::TrimBlanks(shown), !is_select && !util::IsMemoFieldType(field->type));
+    return IsUntouched(Value(i), text::TrimBlanks(shown),
+                       !is_select && !platform::IsMemoFieldType(field->type));
   }
 
   /// In place of a box that is disabled or hidden stands its text.
   bool IsTickPosted(std::size_t i) const {
-    return !Value(i).empty() && !util::EqualIgnoringCase(Value(i), "False");
+    return !Value(i).empty() && !text::EqualIgnoringCase(Value(i), "False");
   }
 
   /// What was typed as key text: forms show dates, and numbers with fractions, in the regional form.
   std::string TypedText(std::size_t i) const {
     const TypeCode type = TypeOf(i);
     std::string text(Value(i));
-    if (util::IsFractionalFieldType(type)) {
+    if (platform::IsFractionalFieldType(type)) {
       std::ranges::replace(text, ',', '.');
-    } else if (util::IsDateFieldType(type) || type == TypeCode::kDbTime) {
-      if (const auto date = render_.Regional().RecognizeDate(text)) views::KeyText(*date, type, text);
+    } else if (platform::IsDateFieldType(type) || type == TypeCode::kDbTime) {
+      if (const auto date = render_.Regional().RecognizeDate(text)) state::KeyText(*date, type, text);
     } else if (type == TypeCode::kBoolean && text != "0" && text != "1") {
       text = IsTickPosted(i) ? "1" : "0";
     }
     return text;
   }
 
-  const shell::Render& render_;
+  const state::Render& render_;
   const QuerySchema& schema_;
   const Texts names_;
-  const FieldInputs inputs_;
+  const state::FieldInputs inputs_;
 };
 
 }  // namespace
 
-Texts PostedKeyTexts(const shell::Render& render, std::size_t keys) {
-  const std::string_view posted = render.keys.Value(shell::key::kPrimaryKey);
+Texts PostedKeyTexts(const state::Render& render, std::size_t keys) {
+  const std::string_view posted = render.keys.Value(state::key::kPrimaryKey);
   if (keys < 2) return {std::string(posted)};
-  Texts texts = util::Split(posted);
-  for (std::string& text : texts) text = std::string(util::TrimBlanks(text));
+  Texts texts = text::Split(posted);
+  for (std::string& text : texts) text = std::string(text::TrimBlanks(text));
   return texts;
 }
 
-PostedKey ReadPostedKey(const shell::Render& render, const QuerySchema& schema) {
+PostedKey ReadPostedKey(const state::Render& render, const QuerySchema& schema) {
   return KeyInputs(render, schema).Read();
 }
 
-void RefuseAmbiguousKey(const shell::Render& render, const PostedKey& key) {
+void RefuseAmbiguousKey(const state::Render& render, const PostedKey& key) {
   if (key.also_shown.empty()) return;
   const std::string statement =
       std::string(WithoutWhere(render.settings.EditSQL)) + " WHERE " + key.also_shown;
@@ -153,12 +154,12 @@ void RefuseAmbiguousKey(const shell::Render& render, const PostedKey& key) {
     throw platform::Error("The posted key is empty, and so are those of several records");
 }
 
-bool IsRecordOfKey(const shell::Render& render, platform::Recordset& recordset, const PostedKey& key) {
+bool IsRecordOfKey(const state::Render& render, platform::Recordset& recordset, const PostedKey& key) {
   const Texts names = KeyNames(render.settings);
   std::string scratch;
   for (std::size_t i = 0; i < key.exact.size(); ++i) {
-    platform::Field* field = cells::FindField(recordset, names[i]);
-    if (field != nullptr && util::TrimBlanks(views::KeyText(*field, scratch)) != key.exact[i]) return false;
+    platform::Field* field = state::FindField(recordset, names[i]);
+    if (field != nullptr && text::TrimBlanks(state::KeyText(*field, scratch)) != key.exact[i]) return false;
   }
   return true;
 }

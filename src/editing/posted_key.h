@@ -6,13 +6,13 @@
 
 #include "editing/query_schema.h"
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
 /// The items of the posted key, in the order of EditPrimaryKeys. A single key is not split, for its value may
 /// contain commas; of several there may be less or more items than `keys`.
-std::vector<std::string> PostedKeyTexts(const shell::Render& render, std::size_t keys);
+std::vector<std::string> PostedKeyTexts(const state::Render& render, std::size_t keys);
 
 /// Which record a posted form addresses.
 struct PostedKey {
@@ -35,13 +35,13 @@ struct PostedKey {
 /// seconds. Else the record whose key stands in the inputs. Unlike those of other fields these may come in
 /// the query string too, and blanks around them do not count. `schema` is that of EditSQL. Throws
 /// platform::Error when it has fewer columns than there are keys, and for a key of bytes.
-PostedKey ReadPostedKey(const shell::Render& render, const QuerySchema& schema);
+PostedKey ReadPostedKey(const state::Render& render, const QuerySchema& schema);
 
 /// Throws platform::Error when the form may have shown another record than the one that `key` finds.
-void RefuseAmbiguousKey(const shell::Render& render, const PostedKey& key);
+void RefuseAmbiguousKey(const state::Render& render, const PostedKey& key);
 
 /// Whether the record on which `recordset` stands is the one of the exact key, which the database may have
 /// compared with less care. True without an exact key.
-bool IsRecordOfKey(const shell::Render& render, platform::Recordset& recordset, const PostedKey& key);
+bool IsRecordOfKey(const state::Render& render, platform::Recordset& recordset, const PostedKey& key);
 
 }  // namespace dralo::editing

@@ -4,34 +4,34 @@
 #include <memory>
 #include <vector>
 
-#include "cells/named_field.h"
 #include "editing/key_condition.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
 #include "platform/error.h"
-#include "shell/guard.h"
-#include "shell/open_connection.h"
-#include "util/boolean_text.h"
-#include "util/letter_case.h"
-#include "util/list.h"
-#include "views/key_text.h"
+#include "settings/guard.h"
+#include "settings/open_connection.h"
+#include "state/key_text.h"
+#include "state/named_field.h"
+#include "text/boolean_text.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
 
 using platform::Error;
 using platform::Recordset;
-using shell::Render;
+using state::Render;
 using Texts = std::vector<std::string>;
 
 Texts ShownKeyValues(Recordset& shown, const Texts& names) {
   Texts values;
   std::string scratch;
   for (const std::string& name : names) {
-    platform::Field* field = cells::FindField(shown, name);
-    if (field == nullptr) throw cells::UnknownField(name);
+    platform::Field* field = state::FindField(shown, name);
+    if (field == nullptr) throw state::UnknownField(name);
     if (platform::IsNull(field->Value())) throw Error("The key \"" + name + "\" of the record is empty");
-    values.emplace_back(views::KeyText(*field, scratch));
+    values.emplace_back(state::KeyText(*field, scratch));
   }
   return values;
 }
@@ -63,7 +63,7 @@ std::string ConditionFor(const Render& render, const QuerySchema& schema, const 
 /// A statement with a condition of its own becomes a table to select from, so that both hold.
 std::string Restricted(std::string_view sql, std::string_view condition) {
   std::string text;
-  if (util::ContainsWord(sql, " WHERE ")) {
+  if (text::ContainsWord(sql, " WHERE ")) {
     text.append("SELECT * FROM (").append(sql).append(") DRTEMPTABLE");
   } else {
     text = sql;
@@ -80,7 +80,7 @@ std::string FirstValue(const Render& render, std::string_view statement) {
   const platform::VariantView key = recordset->Fields()[0]->Value();
   const auto* flag = std::get_if<bool>(&key);
   std::string scratch;
-  std::string value(flag != nullptr ? util::BooleanText(*flag) : render.Regional().Text(key, scratch));
+  std::string value(flag != nullptr ? text::BooleanText(*flag) : render.Regional().Text(key, scratch));
   recordset->Close();
   return value;
 }
@@ -88,12 +88,12 @@ std::string FirstValue(const Render& render, std::string_view statement) {
 }  // namespace
 
 std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
-  shell::Settings& settings = render.settings;
-  if (util::TrimBlanks(settings.EditPrimaryKeys).empty()) {
+  settings::Settings& settings = render.settings;
+  if (text::TrimBlanks(settings.EditPrimaryKeys).empty()) {
     settings.ErrorMessage.append("Dralo property EditPrimaryKeys must be set!<br>");
     return {};
   }
-  return shell::Guarded(settings, "GetSqlPK.", std::string(), [&]() -> std::string {
+  return settings::Guarded(settings, "GetSqlPK.", std::string(), [&]() -> std::string {
     if (shown != nullptr && shown->Eof()) return {};
     const Texts names = KeyNames(settings);
     const QuerySchema schema = ReadQuerySchema(render, sql);
@@ -104,7 +104,7 @@ std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
 }
 
 std::string GetNewPKValue(Render& render, std::string_view statement) {
-  shell::Settings& settings = render.settings;
+  settings::Settings& settings = render.settings;
   try {
     return FirstValue(render, statement);
   } catch (const std::exception& error) {

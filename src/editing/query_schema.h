@@ -9,7 +9,7 @@
 #include "platform/field.h"
 #include "platform/recordset.h"
 #include "platform/type_code.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -35,15 +35,15 @@ struct QuerySchema {
 };
 
 /// The first row of `sql`, at most, on the view's connection. Throws platform::Error when it does not open.
-std::shared_ptr<platform::Recordset> OpenFirstRow(const shell::Render& render, std::string_view sql);
+std::shared_ptr<platform::Recordset> OpenFirstRow(const state::Render& render, std::string_view sql);
 
 /// Opens `sql` on the view's connection to learn its columns. Throws platform::Error when it does not open.
-QuerySchema ReadQuerySchema(const shell::Render& render, std::string_view sql);
+QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql);
 
 /// The statement without its first WHERE and all that follows, an ORDER BY included.
 std::string_view WithoutWhere(std::string_view sql);
 
 /// The names of EditPrimaryKeys without blanks around them, in their order; an item may be empty.
-std::vector<std::string> KeyNames(const shell::Settings& settings);
+std::vector<std::string> KeyNames(const settings::Settings& settings);
 
 }  // namespace dralo::editing

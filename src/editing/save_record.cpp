@@ -9,17 +9,17 @@
 #include <variant>
 
 #include "editing/control_text.h"
-#include "editing/field_inputs.h"
 #include "editing/field_value.h"
 #include "editing/new_key.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
 #include "platform/error.h"
+#include "platform/field_type.h"
 #include "platform/recordset.h"
-#include "shell/open_connection.h"
-#include "util/field_type.h"
-#include "util/letter_case.h"
-#include "views/field_lists.h"
+#include "settings/field_lists.h"
+#include "settings/open_connection.h"
+#include "state/field_inputs.h"
+#include "text/letter_case.h"
 
 namespace dralo::editing {
 namespace {
@@ -29,12 +29,12 @@ using platform::TypeCode;
 /// One save of one posted form. The recordset it opens goes with it, and what was not written.
 class Save {
  public:
-  Save(shell::Render& render, const QuerySchema& schema)
+  Save(state::Render& render, const QuerySchema& schema)
       : render_(render),
         settings_(render.settings),
         schema_(schema),
         inputs_(render.keys),
-        is_insert_(render.keys.Has(shell::key::kFormInsert)) {}
+        is_insert_(render.keys.Has(state::key::kFormInsert)) {}
 
   bool Run(std::string& statement) {
     statement = WithoutWhere(settings_.EditSQL);
@@ -61,7 +61,7 @@ class Save {
       recordset_->SetIdentity({KeyNames(settings_), key_.outside_columns});
     }
     try {
-      recordset_->Open(statement, shell::OpenConnection(settings_), platform::CursorType::kKeyset,
+      recordset_->Open(statement, settings::OpenConnection(settings_), platform::CursorType::kKeyset,
                        platform::LockType::kOptimistic);
       if (is_insert_) return true;  // Without reading a row of the whole table.
       is_found_ = !recordset_->Eof();
@@ -110,15 +110,15 @@ class Save {
   /// Whether what was posted, or was not, is no reason to set the field.
   bool IsLeftAlone(const SchemaField& field, std::size_t index, std::optional<std::string_view> posted) {
     const int position = static_cast<int>(index);
-    if (views::IsFieldReadOnly(settings_, field.name, position)) return true;
-    if (!posted && !views::IsFormFieldShown(settings_, field.name, position + 1)) return true;
+    if (settings::IsFieldReadOnly(settings_, field.name, position)) return true;
+    if (!posted && !settings::IsFormFieldShown(settings_, field.name, position + 1)) return true;
     if (is_insert_) return false;
     return IsUntouchedKey(field.name) || IsShownAsPosted(field, FieldAt(index), posted.value_or(""));
   }
 
   bool IsUntouchedKey(std::string_view name) const {
     return !key_.exact.empty() && std::ranges::any_of(KeyNames(settings_), [&](const std::string& key) {
-      return util::EqualIgnoringCase(key, name);
+      return text::EqualIgnoringCase(key, name);
     });
   }
 
@@ -135,14 +135,14 @@ class Save {
     }
     std::string scratch;
     return IsUntouched(posted, ControlText(render_, field, scratch),
-                       !is_select && !util::IsMemoFieldType(schema.type));
+                       !is_select && !platform::IsMemoFieldType(schema.type));
   }
 
   bool IsSelect(std::string_view field_name) const { return !settings_.lookups.Find(field_name).empty(); }
 
   /// A box posts a text only for true; other sources say false in words.
   static std::string_view AsOfBox(const SchemaField& field, std::string_view text) {
-    const bool is_false = util::EqualIgnoringCase(text, "False") || text == "0";
+    const bool is_false = text::EqualIgnoringCase(text, "False") || text == "0";
     return field.type == TypeCode::kBoolean && is_false ? std::string_view() : text;
   }
 
@@ -156,7 +156,7 @@ class Save {
   /// Only a missing value cancels what was assigned; after the others it ends with the recordset.
   bool Refuse(Refusal refusal, std::string_view text) {
     if (refusal == Refusal::kRequired) {
-      SetOutcome(settings_, shell::kNotSaved);
+      SetOutcome(settings_, settings::kNotSaved);
       recordset_->CancelUpdate();
       recordset_->Close();
       return false;
@@ -175,15 +175,15 @@ class Save {
       recordset_->Close();
       return false;
     }
-    SetOutcome(settings_, is_insert_ ? shell::kInserted : shell::kUpdated);
+    SetOutcome(settings_, is_insert_ ? settings::kInserted : settings::kUpdated);
     recordset_->Close();
     return true;
   }
 
-  shell::Render& render_;
-  shell::Settings& settings_;
+  state::Render& render_;
+  settings::Settings& settings_;
   const QuerySchema& schema_;
-  FieldInputs inputs_;
+  state::FieldInputs inputs_;
   bool is_insert_;
   PostedKey key_;          ///< Of an update.
   bool is_found_ = false;  ///< Whether there is a record with the posted key.
@@ -192,7 +192,7 @@ class Save {
 
 }  // namespace
 
-bool SaveRecord(shell::Render& render, const QuerySchema& schema, std::string& statement) {
+bool SaveRecord(state::Render& render, const QuerySchema& schema, std::string& statement) {
   return Save(render, schema).Run(statement);
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "editing/query_schema.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::editing {
 
@@ -15,6 +15,6 @@ namespace dralo::editing {
 /// Fields of an existing record that still show what was posted are left alone, so that saving an untouched
 /// form changes nothing whatever its texts lose on the way through the page. Only a boolean that is Null
 /// becomes False by its unticked box.
-bool SaveRecord(shell::Render& render, const QuerySchema& schema, std::string& statement);
+bool SaveRecord(state::Render& render, const QuerySchema& schema, std::string& statement);
 
 }  // namespace dralo::editing

@@ -7,39 +7,39 @@
 #include "editing/outcome.h"
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
-#include "util/list.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
 
-namespace key = shell::key;
+namespace key = state::key;
 
 /// Looks for the word in capitals, in what the page assigned: a page that wrote "update" allows no saving.
-bool MayUpdate(const shell::Settings& settings) {
+bool MayUpdate(const settings::Settings& settings) {
   return settings.edit_options_as_assigned.find("UPDATE") != std::string::npos;
 }
 
-bool CarryOut(shell::Render& render, std::string& statement) {
-  const shell::Settings& settings = render.settings;
+bool CarryOut(state::Render& render, std::string& statement) {
+  const settings::Settings& settings = render.settings;
   const QuerySchema schema = ReadQuerySchema(render, statement);
   const bool is_delete = !settings.DeleteSQL.empty() && render.keys.Has(key::kFormDelete);
   const bool is_done =
       is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);
-  if (is_done) render.change = is_delete ? shell::Change::kDeleted : shell::Change::kSaved;
+  if (is_done) render.change = is_delete ? settings::Change::kDeleted : settings::Change::kSaved;
   return is_done;
 }
 
 }  // namespace
 
-bool IsChangePosted(const shell::Render& render) {
+bool IsChangePosted(const state::Render& render) {
   const bool is_posted = render.keys.Has(key::kFormUpdate) || render.keys.Has(key::kFormDelete);
   return is_posted && MayUpdate(render.settings);
 }
 
-bool UpdateRecord(shell::Render& render) {
-  shell::Settings& settings = render.settings;
+bool UpdateRecord(state::Render& render) {
+  settings::Settings& settings = render.settings;
   if (!IsChangePosted(render)) return true;
-  if (util::TrimBlanks(settings.EditPrimaryKeys).empty()) {
+  if (text::TrimBlanks(settings.EditPrimaryKeys).empty()) {
     settings.ErrorMessage += "Dralo property EditPrimaryKeys must be set!<br>";
     return false;
   }

@@ -2,21 +2,21 @@
 
 #include <string_view>
 
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::views {
 
 /// Opens the row of buttons above a record, in the one-record view and in the edit form.
-void PutButtonBarStart(const shell::Render& render);
+void PutButtonBarStart(const state::Render& render);
 
 /// Writes the button that asks for the add form, when EditOptions allows adding.
-void PutAddButton(const shell::Render& render);
+void PutAddButton(const state::Render& render);
 
 /// Writes `message`, the outcome of the last save or delete, which may be empty, and closes the row.
-void PutButtonBarEnd(const shell::Render& render, std::string_view message);
+void PutButtonBarEnd(const state::Render& render, std::string_view message);
 
 /// Writes the row for a form view that has no record to show: adding is possible, and the outcome of the last
 /// save or delete is told. Writes nothing when EditOptions does not allow updates.
-void PutButtonBarWithoutRecord(const shell::Render& render);
+void PutButtonBarWithoutRecord(const state::Render& render);
 
 }  // namespace dralo::views

@@ -1,10 +1,10 @@
 #include "views/cell_heads.h"
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 
 namespace dralo::views {
 
-using util::Verbatim;
+using html::Verbatim;
 
 void CellHeads::SetAttributes(std::string_view attributes) {
   if (!parts_.empty() && attributes == attributes_) return;
@@ -12,7 +12,7 @@ void CellHeads::SetAttributes(std::string_view attributes) {
   text_.Clear();
   parts_.clear();
   parts_.reserve(columns_.size() + 1);
-  Add(0, cells::GridColAttributes(settings_, 0), false, false);
+  Add(0, settings::GridColAttributes(settings_, 0), false, false);
   for (const GridColumn& column : columns_) {
     Add(column.number, column.attributes, column.is_numeric, column.is_unbroken);
   }

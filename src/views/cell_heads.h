@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/settings.h"
-#include "util/html_writer.h"
+#include "html/html_writer.h"
+#include "settings/settings.h"
 #include "views/grid_column.h"
 
 namespace dralo::views {
@@ -22,7 +22,7 @@ constexpr std::string_view ParityWord(RowParity parity) { return parity == kOdd 
 class CellHeads {
  public:
   /// `settings` and `columns` must outlive the heads.
-  CellHeads(shell::Settings& settings, std::span<const GridColumn> columns, RowParity parity)
+  CellHeads(settings::Settings& settings, std::span<const GridColumn> columns, RowParity parity)
       : settings_(settings), columns_(columns), parity_(parity) {}
 
   /// Takes the attributes that all cells of the next row get.
@@ -47,11 +47,11 @@ class CellHeads {
 
   void Add(int number, std::string_view column_attributes, bool is_numeric, bool is_unbroken);
 
-  shell::Settings& settings_;
+  settings::Settings& settings_;
   std::span<const GridColumn> columns_;
   RowParity parity_;
   std::string attributes_;
-  util::HtmlWriter text_;
+  html::HtmlWriter text_;
   std::vector<Part> parts_;
 };
 

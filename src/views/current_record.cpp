@@ -24,7 +24,7 @@ void Copy(const platform::VariantView& value, platform::Variant& copy) {
 
 }  // namespace
 
-void KeepCurrentRecord(shell::Render& render, platform::Recordset& recordset) {
+void KeepCurrentRecord(state::Render& render, platform::Recordset& recordset) {
   const auto fields = recordset.Fields();
   render.current_record_values.resize(fields.size());
   for (std::size_t at = 0; at < fields.size(); ++at) {

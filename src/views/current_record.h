@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::views {
 
 /// Copies the values of the recordset's current row, for CurrentRecord. A value that cannot be read becomes
 /// Null: where it is shown, it is reported.
-void KeepCurrentRecord(shell::Render& render, platform::Recordset& recordset);
+void KeepCurrentRecord(state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::views

@@ -10,30 +10,30 @@
 #include <vector>
 
 #include "cells/free_format.h"
+#include "html/html_writer.h"
 #include "platform/error.h"
-#include "shell/guard.h"
-#include "util/html_writer.h"
-#include "util/letter_case.h"
-#include "util/list.h"
+#include "settings/field_lists.h"
+#include "settings/guard.h"
+#include "state/record_link.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 #include "views/cell_heads.h"
 #include "views/current_record.h"
-#include "views/field_lists.h"
 #include "views/grid_column.h"
 #include "views/grid_header.h"
-#include "views/record_link.h"
 
 namespace dralo::views {
 namespace {
 
-using shell::Settings;
-using util::Verbatim;
+using html::Verbatim;
+using settings::Settings;
 
 /// The texts with one blank between them; empty when all are blank. Two blanks in a row become one, in one
 /// pass.
 std::string Combined(std::initializer_list<std::string_view> texts) {
   std::string combined;
   for (const std::string_view text : texts) combined.append(text).append(" ");
-  if (util::TrimBlanks(combined).empty()) return "";
+  if (text::TrimBlanks(combined).empty()) return "";
   combined.pop_back();
   for (std::size_t at = combined.find("  "); at != combined.npos; at = combined.find("  ", at + 1)) {
     combined.erase(at, 1);
@@ -54,7 +54,7 @@ std::string RowTag(const Settings& settings, RowParity parity) {
 /// Writes the rows of one page.
 class GridRows {
  public:
-  GridRows(shell::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns);
+  GridRows(state::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns);
 
   void Put(std::int32_t& rows);
 
@@ -73,15 +73,15 @@ class GridRows {
   bool RepeatsLastValue(const GridColumn& column);
   void LeaveRecord(std::int32_t row);
 
-  shell::Render& render_;
+  state::Render& render_;
   const Settings& settings_;
-  util::HtmlWriter& out_;
+  html::HtmlWriter& out_;
   platform::Recordset& recordset_;
   std::span<GridColumn> columns_;
   std::array<CellHeads, 2> heads_;
   std::array<cells::RecordTag, 2> cell_tags_;
   std::array<cells::RecordTag, 2> row_tags_;
-  RecordLink link_;
+  state::RecordLink link_;
 
   /// By position in GridFieldsSupressDup the value last written; nothing before the first.
   std::vector<std::optional<std::string>> last_values_;
@@ -89,10 +89,10 @@ class GridRows {
   // Of the current row.
   std::int32_t record_ = 0;  ///< Counted from 1 over all pages.
   CellHeads* row_heads_ = nullptr;
-  util::HtmlWriter cell_start_;  ///< What all its cells begin with.
+  html::HtmlWriter cell_start_;  ///< What all its cells begin with.
 };
 
-GridRows::GridRows(shell::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns)
+GridRows::GridRows(state::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns)
     : render_(render),
       settings_(render.settings),
       out_(render.out),
@@ -209,7 +209,7 @@ bool GridRows::RepeatsLastValue(const GridColumn& column) {
     last.emplace(value);
     return false;
   }
-  const bool repeats = util::EqualIgnoringCase(*last, value);
+  const bool repeats = text::EqualIgnoringCase(*last, value);
   last->assign(value);
   return repeats;
 }
@@ -219,7 +219,7 @@ void GridRows::LeaveRecord(std::int32_t row) {
   recordset_.MoveNext();
 }
 
-void PutGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+void PutGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
   std::vector<GridColumn> columns = GridColumns(render, recordset);
   if (render.settings.DisplayHeader) PutGridHeader(render, columns, render.current_record + rows - 1);
   rows = 0;
@@ -227,7 +227,7 @@ void PutGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t
 }
 
 void Report(Settings& settings, int number, std::string_view description) {
-  shell::ReportError(settings, std::to_string(number).append(" ").append(description), "MakeDataGrid");
+  settings::ReportError(settings, std::to_string(number).append(" ").append(description), "MakeDataGrid");
 }
 
 }  // namespace
@@ -236,12 +236,12 @@ int DisplayedGridColumns(const Settings& settings, platform::Recordset& recordse
   int number = 0;
   int displayed = settings.GridDisplayIndex ? 1 : 0;
   for (const platform::Field* field : recordset.Fields()) {
-    if (IsGridFieldShown(settings, field->Name(), ++number)) ++displayed;
+    if (settings::IsGridFieldShown(settings, field->Name(), ++number)) ++displayed;
   }
   return displayed;
 }
 
-void MakeDataGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+void MakeDataGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
   render.current_record_values.clear();
   try {
     PutGrid(render, recordset, rows);

@@ -3,15 +3,15 @@
 #include <cstdint>
 
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 
 namespace dralo::views {
 
 /// How many columns of the recordset the grid really shows, the row-number column included.
-int DisplayedGridColumns(const shell::Settings& settings, platform::Recordset& recordset);
+int DisplayedGridColumns(const settings::Settings& settings, platform::Recordset& recordset);
 
 /// Writes the header row and the rows of one page from the recordset's current row on, row by row.
 /// `rows` counts the rows written. Failures are reported in ErrorMessage; rows already written stay.
-void MakeDataGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows);
+void MakeDataGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows);
 
 }  // namespace dralo::views

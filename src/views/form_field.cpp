@@ -3,43 +3,44 @@
 #include <cstdint>
 #include <string_view>
 
-#include "cells/column_settings.h"
-#include "util/html_writer.h"
-#include "util/list.h"
-#include "views/field_lists.h"
+#include "html/html_writer.h"
+#include "settings/column_settings.h"
+#include "settings/field_lists.h"
+#include "text/list.h"
 
 namespace dralo::views {
 namespace {
 
-using shell::Settings;
-using util::Verbatim;
+using html::Verbatim;
+using settings::Settings;
 
-void PutWidth(util::HtmlWriter& out, std::string_view width) {
+void PutWidth(html::HtmlWriter& out, std::string_view width) {
   out.PutIf(!width.empty(), R"( width="{}")", Verbatim{width});
 }
 
-void PutLabelCell(util::HtmlWriter& out, const Settings& settings, const FormField& field) {
+void PutLabelCell(html::HtmlWriter& out, const Settings& settings, const FormField& field) {
   out.Put("<th");
-  PutWidth(out, util::NthItem(settings.FormCellWidths, 1));
+  PutWidth(out, text::NthItem(settings.FormCellWidths, 1));
   std::string_view attributes = settings.THTag;
   if (attributes.empty()) attributes = "align=left";
   out.Put(" {}>{}</th>", Verbatim{attributes},
-          Verbatim{FormDisplayName(settings, field.field->Name(), field.number)});
+          Verbatim{settings::FormDisplayName(settings, field.field->Name(), field.number)});
 }
 
-void PutValueCellStart(util::HtmlWriter& out, Settings& settings, int number) {
+void PutValueCellStart(html::HtmlWriter& out, Settings& settings, int number) {
   out.Put("<td");
-  PutWidth(out, util::NthItem(settings.FormCellWidths, 2));
+  PutWidth(out, text::NthItem(settings.FormCellWidths, 2));
   out.PutIf(!settings.FormTDTag.empty(), " {}", Verbatim{settings.FormTDTag});
   if (settings.ApplyColFormattingToForm) {
-    const std::string_view attributes = cells::GridColAttributes(settings, static_cast<std::int16_t>(number));
+    const std::string_view attributes =
+        settings::GridColAttributes(settings, static_cast<std::int16_t>(number));
     out.PutIf(!attributes.empty(), " {}", Verbatim{attributes});
   }
   out.Put(">");
 }
 
 std::string RowStart(Settings& settings, const FormField& field) {
-  util::HtmlWriter out;
+  html::HtmlWriter out;
   out.Put("<tr").PutIf(settings.UseCSS, R"( class="DRLOTableTR")").Put(">");
   if (settings.DisplayHeader) PutLabelCell(out, settings, field);
   PutValueCellStart(out, settings, field.number);
@@ -48,12 +49,12 @@ std::string RowStart(Settings& settings, const FormField& field) {
 
 }  // namespace
 
-std::vector<FormField> FormFields(const shell::Render& render, platform::Recordset& recordset) {
+std::vector<FormField> FormFields(const state::Render& render, platform::Recordset& recordset) {
   std::vector<FormField> shown;
   int number = 0;
   for (platform::Field* field : recordset.Fields()) {
     ++number;
-    if (!IsFormFieldShown(render.settings, field->Name(), number)) continue;
+    if (!settings::IsFormFieldShown(render.settings, field->Name(), number)) continue;
     FormField& added = shown.emplace_back(FormField{MakeShownColumn(render, recordset, *field, number)});
     if (!render.settings.ApplyCellFormattingToForm) added.has_format_function = false;
     added.row_start = RowStart(render.settings, added);

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 #include "views/shown_column.h"
 
 namespace dralo::views {
@@ -16,6 +16,6 @@ struct FormField : ShownColumn {
 };
 
 /// The fields that the one-record view shows, in their order.
-std::vector<FormField> FormFields(const shell::Render& render, platform::Recordset& recordset);
+std::vector<FormField> FormFields(const state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::views

@@ -3,25 +3,25 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/guard.h"
-#include "util/html_writer.h"
-#include "util/letter_case.h"
-#include "util/list.h"
+#include "html/html_writer.h"
+#include "settings/guard.h"
+#include "state/primary_key_value_list.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 #include "views/button_bar.h"
 #include "views/current_record.h"
 #include "views/form_field.h"
-#include "views/primary_key_value_list.h"
 
 namespace dralo::views {
 namespace {
 
-using shell::Settings;
-using util::Verbatim;
+using html::Verbatim;
+using settings::Settings;
 
 /// Writes the records of one page.
 class FormRecords {
  public:
-  FormRecords(shell::Render& render, platform::Recordset& recordset);
+  FormRecords(state::Render& render, platform::Recordset& recordset);
 
   void Put(std::int32_t& rows);
 
@@ -33,23 +33,23 @@ class FormRecords {
   void PutEditButton();
   void PutFields(std::int32_t row);
 
-  shell::Render& render_;
+  state::Render& render_;
   const Settings& settings_;
-  util::HtmlWriter& out_;
+  html::HtmlWriter& out_;
   platform::Recordset& recordset_;
   std::vector<FormField> fields_;
-  PrimaryKeyValueList key_values_;
+  state::PrimaryKeyValueList key_values_;
   bool has_buttons_;
 };
 
-FormRecords::FormRecords(shell::Render& render, platform::Recordset& recordset)
+FormRecords::FormRecords(state::Render& render, platform::Recordset& recordset)
     : render_(render),
       settings_(render.settings),
       out_(render.out),
       recordset_(recordset),
       fields_(FormFields(render, recordset)),
       key_values_(render.settings, recordset),
-      has_buttons_(util::ContainsWord(settings_.EditOptions, "UPDATE")) {}
+      has_buttons_(text::ContainsWord(settings_.EditOptions, "UPDATE")) {}
 
 void FormRecords::Put(std::int32_t& rows) {
   while (!IsPageFull(rows) && !recordset_.Eof()) {
@@ -79,8 +79,8 @@ void FormRecords::PutGap() {
 
 /// What an Edit button puts the key of its record into; one serves all records of the page.
 void FormRecords::PutKeyInput() {
-  out_.PutIf(!util::TrimBlanks(settings_.EditPrimaryKeys).empty(),
-             "<input type=\"hidden\" name=\"{}\" value=''>\r\n", render_.keys(shell::key::kPrimaryKey));
+  out_.PutIf(!text::TrimBlanks(settings_.EditPrimaryKeys).empty(),
+             "<input type=\"hidden\" name=\"{}\" value=''>\r\n", render_.keys(state::key::kPrimaryKey));
 }
 
 void FormRecords::PutButtonBar(std::int32_t row) {
@@ -94,10 +94,10 @@ void FormRecords::PutEditButton() {
   out_.Put("<input")
       .PutIf(settings_.UseCSS, R"( class="DraloInputBtn")")
       .Put(R"( type="submit" name="{}"  onclick="FormDraloGrid{}.{}.value=')",
-           render_.keys(shell::key::kFormEdit), Verbatim{settings_.Tag},
-           render_.keys(shell::key::kPrimaryKey));
+           render_.keys(state::key::kFormEdit), Verbatim{settings_.Tag},
+           render_.keys(state::key::kPrimaryKey));
   if (key_values_.Read(render_.settings)) key_values_.PutInScript(out_);
-  out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[shell::kEdit]});
+  out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
 }
 
 void FormRecords::PutFields(std::int32_t row) {
@@ -116,10 +116,10 @@ void FormRecords::PutFields(std::int32_t row) {
 
 }  // namespace
 
-void MakeFormGrid(shell::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
+void MakeFormGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
   render.current_record_values.clear();
   rows = 0;
-  shell::Guarded(render.settings, "MakeFormGrid", [&] {
+  settings::Guarded(render.settings, "MakeFormGrid", [&] {
     FormRecords(render, recordset).Put(rows);
     if (rows == 0) PutButtonBarWithoutRecord(render);
   });

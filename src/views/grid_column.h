@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/recordset.h"
-#include "shell/render.h"
+#include "state/render.h"
 #include "views/shown_column.h"
 
 namespace dralo::views {
@@ -20,6 +20,6 @@ struct GridColumn : ShownColumn {
 };
 
 /// The columns that the grid shows, in their order.
-std::vector<GridColumn> GridColumns(const shell::Render& render, platform::Recordset& recordset);
+std::vector<GridColumn> GridColumns(const state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::views

@@ -3,28 +3,28 @@
 #include <string>
 #include <string_view>
 
-#include "cells/column_settings.h"
-#include "shell/request_keys.h"
-#include "util/field_type.h"
-#include "util/letter_case.h"
-#include "util/list.h"
-#include "views/field_lists.h"
-#include "views/links.h"
+#include "platform/field_type.h"
+#include "settings/column_settings.h"
+#include "settings/field_lists.h"
+#include "state/links.h"
+#include "state/request_keys.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 
 namespace dralo::views {
 namespace {
 
-namespace key = shell::key;
-using shell::Settings;
-using util::Verbatim;
+namespace key = state::key;
+using html::Verbatim;
+using settings::Settings;
 
 /// The names of columns that are sort links. What all addresses share is put together once.
 class SortLinks {
  public:
-  SortLinks(const shell::Render& render, std::int32_t bookmark)
+  SortLinks(const state::Render& render, std::int32_t bookmark)
       : render_(render),
         settings_(render.settings),
-        any_(!settings_.has_stored_procedure && !util::ContainsWord(settings_.sql, "ORDER BY")),
+        any_(!settings_.has_stored_procedure && !text::ContainsWord(settings_.sql, "ORDER BY")),
         long_columns_(settings_.DrConnection &&
                       settings_.DrConnection->Engine() == platform::DatabaseEngine::kSqla) {
     if (any_) PrepareAddress(bookmark);
@@ -32,36 +32,36 @@ class SortLinks {
 
   bool Has(const GridColumn& column) const {
     return any_ && (long_columns_ || !IsLong(column.field->Type())) &&
-           !IsGridColNoSort(settings_, column.field->Name(), column.number);
+           !settings::IsGridColNoSort(settings_, column.field->Name(), column.number);
   }
 
   void Put(const GridColumn& column, Verbatim name) const;
 
  private:
   static bool IsLong(platform::TypeCode type) {
-    return util::IsMemoFieldType(type) || type == platform::TypeCode::kLongVarBinary;
+    return platform::IsMemoFieldType(type) || type == platform::TypeCode::kLongVarBinary;
   }
 
   void PrepareAddress(std::int32_t bookmark);
 
-  const shell::Render& render_;
+  const state::Render& render_;
   const Settings& settings_;
   bool any_;
   bool long_columns_;  ///< Only one engine sorts by them; a grid without a connection is not on it.
-  util::HtmlWriter before_number_;
-  util::HtmlWriter after_number_;
+  html::HtmlWriter before_number_;
+  html::HtmlWriter after_number_;
 };
 
 void SortLinks::PrepareAddress(std::int32_t bookmark) {
   before_number_.Put("<a")
       .PutIf(settings_.UseCSS, R"( class="DRLOTableTH")")
       .Put(R"( href="{}?)", Verbatim{render_.script_name});
-  PutStateQuery(before_number_, render_, render_.current_record);
+  state::PutStateQuery(before_number_, render_, render_.current_record);
   before_number_.Put("&{}=", render_.keys(key::kOrderByFields));
   after_number_.Put("&{}={}", render_.keys(key::kBookmark), bookmark);
 }
 
-void PutArrow(const shell::Render& render) {
+void PutArrow(const state::Render& render) {
   const Verbatim folder{render.settings.ImageDir};
   if (render.settings.OrderByDesc) {
     render.out.Put(R"(&nbsp;<img border="0" src="{}orderdesc.gif">)", folder);
@@ -82,17 +82,17 @@ void SortLinks::Put(const GridColumn& column, Verbatim name) const {
 }
 
 /// The start of a header cell with the column's own attributes.
-void PutCellStart(const shell::Render& render, int column) {
-  const auto attributes = cells::GridColHeadAttributes(render.settings, static_cast<std::int16_t>(column));
+void PutCellStart(const state::Render& render, int column) {
+  const auto attributes = settings::GridColHeadAttributes(render.settings, static_cast<std::int16_t>(column));
   render.out.Put("<th ").PutIf(!attributes.empty(), "{} ", Verbatim{attributes});
 }
 
-void PutTHTag(const shell::Render& render) {
+void PutTHTag(const state::Render& render) {
   const std::string& tag = render.settings.THTag;
   render.out.PutIf(!tag.empty(), " {} ", Verbatim{tag});
 }
 
-void PutIndexCell(const shell::Render& render) {
+void PutIndexCell(const state::Render& render) {
   PutCellStart(render, 0);
   if (render.settings.UseCSS) {
     render.out.Put(R"(class="DRLOTableTH")");
@@ -102,10 +102,10 @@ void PutIndexCell(const shell::Render& render) {
   render.out.Put(">#</th>\r\n");
 }
 
-void PutCell(const shell::Render& render, const GridColumn& column, const SortLinks& links) {
+void PutCell(const state::Render& render, const GridColumn& column, const SortLinks& links) {
   const Settings& settings = render.settings;
-  const std::string_view width = util::NthItem(settings.GridCellWidths, column.number);
-  const Verbatim name{GridDisplayName(settings, column.field->Name(), column.number)};
+  const std::string_view width = text::NthItem(settings.GridCellWidths, column.number);
+  const Verbatim name{settings::GridDisplayName(settings, column.field->Name(), column.number)};
 
   PutCellStart(render, column.number);
   PutTHTag(render);
@@ -123,7 +123,7 @@ void PutCell(const shell::Render& render, const GridColumn& column, const SortLi
 
 }  // namespace
 
-void PutGridHeader(const shell::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark) {
+void PutGridHeader(const state::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark) {
   render.out.Put("<tr").PutIf(render.settings.UseCSS, R"( class="DRLOTableTR")").Put(">\r\n");
   if (render.settings.GridDisplayIndex) PutIndexCell(render);
   const SortLinks links(render, bookmark);

@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <span>
 
-#include "shell/render.h"
+#include "state/render.h"
 #include "views/grid_column.h"
 
 namespace dralo::views {
 
 /// Writes the row with the names of the columns, their sort links and sort arrows; `bookmark` goes into the
 /// links as it is.
-void PutGridHeader(const shell::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark);
+void PutGridHeader(const state::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark);
 
 }  // namespace dralo::views

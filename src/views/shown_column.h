@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "cells/free_format.h"
+#include "html/html_writer.h"
 #include "platform/field.h"
 #include "platform/recordset.h"
-#include "shell/render.h"
-#include "util/html_writer.h"
+#include "state/render.h"
 
 namespace dralo::views {
 
@@ -22,14 +22,14 @@ struct ShownColumn {
 
   /// The text of the current record's cell, for columns without a template. Not escaped; valid until the next
   /// call, the record moves or `render.scratch` changes.
-  std::string_view Text(shell::Render& render) const;
+  std::string_view Text(state::Render& render) const;
 
   /// Writes the text of the cell of the current record, which `record` counts from 1.
-  void Put(util::HtmlWriter& out, shell::Render& render, std::int32_t record);
+  void Put(html::HtmlWriter& out, state::Render& render, std::int32_t record);
 };
 
 /// The column of `field`, which belongs to `recordset`, with the settings of column `number`.
-ShownColumn MakeShownColumn(const shell::Render& render, platform::Recordset& recordset,
+ShownColumn MakeShownColumn(const state::Render& render, platform::Recordset& recordset,
                             platform::Field& field, int number);
 
 }  // namespace dralo::views

@@ -4,8 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "component/db_view.h"
 #include "data/databases.h"
-#include "shell/db_view.h"
 #include "support/browser_form.h"
 #include "support/fake_page.h"
 #include "support/regional_environment.h"
@@ -60,7 +60,7 @@ class EditedRecord {
   }
 
   FakePage page_;
-  shell::DbView view_;
+  component::DbView view_;
 };
 
 /// The input of the field; nullptr when the form has none.

@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "component/db_view.h"
 #include "data/shorthand.h"
 #include "hosts/cpp/environment.h"
-#include "shell/db_view.h"
 #include "support/browser_form.h"
 #include "support/fake_page.h"
 #include "support/shown_view.h"
@@ -34,7 +34,7 @@ class KeyJourney {
     page.query = std::move(query);
     page.form = std::move(form);
     static host::Environment environment("en-US");
-    shell::DbView view(environment);
+    component::DbView view(environment);
     view.OnStartPage(page);
     view.Set("ConnectionString", connection_string_);
     const std::vector<std::pair<std::string, std::string>> usual = {{"sql", "SELECT K, Note FROM " + table_},

@@ -36,7 +36,7 @@ def known_names(root):
     stub = read("hosts/php/dralo.stub.php")
     names = set(re.findall(r"(?:\$|function |class )(\w+)", stub))
     names |= set(re.findall(r"\b[A-Z]\w+", read("site/data/schema.sql")))
-    names |= set(re.findall(r'= "(\w+)";', read("src/shell/request_keys.h")))
+    names |= set(re.findall(r'= "(\w+)";', read("src/state/request_keys.h")))
     names |= set(re.findall(r"\.((?:DRLO|Dralo)\w+)", read("assets/dralo.css")))
     for source in root.glob("src/**/*.cpp"):
         text = source.read_text(encoding="utf-8")

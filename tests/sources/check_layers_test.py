@@ -22,12 +22,12 @@ def check(files):
 
 class CheckLayers(unittest.TestCase):
     def test_accepts_includes_down_the_layers(self):
-        status, _ = check({"src/platform/a.h": "#include <string>", "src/util/b.cpp": '#include "platform/a.h"'})
+        status, _ = check({"src/platform/a.h": "#include <string>", "src/text/b.cpp": '#include "platform/a.h"'})
         self.assertEqual(status, 0)
 
     def test_refuses_includes_up_the_layers(self):
-        status, output = check({"src/views/a.h": "", "src/util/b.cpp": '#include "views/a.h"'})
-        self.assertEqual((status, output), (1, "src/util/b.cpp: views/a.h: src/util may not include src/views\n"))
+        status, output = check({"src/views/a.h": "", "src/text/b.cpp": '#include "views/a.h"'})
+        self.assertEqual((status, output), (1, "src/text/b.cpp: views/a.h: src/text may not include src/views\n"))
 
     def test_refuses_a_library_outside_its_folder(self):
         status, output = check({"src/cells/a.cpp": "#include <sqlite3.h>"})
@@ -35,14 +35,14 @@ class CheckLayers(unittest.TestCase):
         self.assertIn("only src/database may use SQLite", output)
 
     def test_keeps_the_two_parts_of_icu_in_a_folder_each(self):
-        status, output = check({"src/regional/a.cpp": "#include <unicode/uchar.h>", "src/util/b.cpp": "#include <unicode/uloc.h>"})
+        status, output = check({"src/regional/a.cpp": "#include <unicode/uchar.h>", "src/text/b.cpp": "#include <unicode/uloc.h>"})
         self.assertEqual((status, output), (
-            1, "src/regional/a.cpp: unicode/uchar.h: only src/util may use ICU's characters\n"
-               "src/util/b.cpp: unicode/uloc.h: only src/regional may use ICU's formatting\n"))
+            1, "src/regional/a.cpp: unicode/uchar.h: only src/text may use ICU's characters\n"
+               "src/text/b.cpp: unicode/uloc.h: only src/regional may use ICU's formatting\n"))
 
     def test_refuses_files_that_include_each_other(self):
-        status, output = check({"src/util/a.h": '#include "util/b.h"', "src/util/b.h": '#include "util/a.h"'})
-        self.assertEqual((status, output), (1, "circle: src/util/a.h -> src/util/b.h -> src/util/a.h\n"))
+        status, output = check({"src/text/a.h": '#include "text/b.h"', "src/text/b.h": '#include "text/a.h"'})
+        self.assertEqual((status, output), (1, "circle: src/text/a.h -> src/text/b.h -> src/text/a.h\n"))
 
     def test_refuses_a_folder_that_is_in_no_layer(self):
         status, output = check({"src/manager/a.h": ""})

@@ -31,7 +31,7 @@ struct ItemsPage : ViewPage {
   }
 
   std::vector<int> Shown() { return ItemsShown(Render()); }
-  const shell::Settings& Settings() const { return view.GetSettings(); }
+  const settings::Settings& Settings() const { return view.GetSettings(); }
 };
 
 }  // namespace dralo::tests

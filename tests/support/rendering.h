@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/render.h"
+#include "state/links.h"
+#include "state/render.h"
 #include "support/fake_page.h"
 #include "support/regional_environment.h"
 #include "views/data_grid.h"
-#include "views/links.h"
 
 namespace dralo::tests {
 
@@ -29,7 +29,7 @@ inline std::string Lines(std::string_view text) {
 
 /// Renderings of one view on one page: set what it needs, then render parts of it.
 struct Rendering {
-  shell::Settings settings;
+  settings::Settings settings;
   FakePage page;
   std::int32_t current_record = 1;
   bool form_view = false;
@@ -40,9 +40,9 @@ struct Rendering {
   /// What body(out, render) writes.
   template <class Body>
   std::string Text(Body&& body) {
-    util::HtmlWriter out;
-    const shell::RequestKeys keys(page.GetRequest(), settings.Tag);
-    shell::Render render{.settings = settings,
+    html::HtmlWriter out;
+    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
+    state::Render render{.settings = settings,
                          .environment = AmericanEnvironment(),
                          .keys = keys,
                          .out = out,
@@ -50,7 +50,7 @@ struct Rendering {
                          .current_record_values = current_record_values,
                          .form_view = form_view,
                          .current_record = current_record};
-    render.state_query_tail = views::StateQueryTail(render);
+    render.state_query_tail = state::StateQueryTail(render);
     body(out, render);
     return out.Take();
   }
@@ -58,7 +58,7 @@ struct Rendering {
   std::string Grid(platform::Recordset& records) {
     rows = 0;
     return Text(
-        [&](util::HtmlWriter&, shell::Render& render) { views::MakeDataGrid(render, records, rows); });
+        [&](html::HtmlWriter&, state::Render& render) { views::MakeDataGrid(render, records, rows); });
   }
 };
 

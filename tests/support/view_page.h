@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "component/db_view.h"
 #include "hosts/cpp/environment.h"
-#include "shell/db_view.h"
 #include "support/fake_page.h"
 #include "support/temporary_database.h"
 
@@ -48,7 +48,7 @@ struct ViewPage {
 
   TemporaryDatabase database;
   FakePage page;
-  shell::DbView view;
+  component::DbView view;
 };
 
 }  // namespace dralo::tests

@@ -72,13 +72,13 @@ class OddTexts {
 };
 
 /// Sets templates, formats, attributes and delimiters of any content on the view.
-void SetOddColumns(shell::DbView& view, OddTexts& texts) {
+void SetOddColumns(component::DbView& view, OddTexts& texts) {
   if (texts.Below(2) == 0) view.Set("GridFreeFormatCellDataFieldDelimiter", texts.Next());
   if (texts.Below(2) == 0) view.Set("GridFreeFormatCellColumnDelimiter", texts.Next());
   if (texts.Below(2) == 0) view.Set("GridFreeFormatCell", texts.Next());
   if (texts.Below(2) == 0) view.Set("GridTROddTag", texts.Next());
   if (texts.Below(2) == 0) view.Set("TDTag", texts.Next());
-  for (const shell::IndexedProperty& property : shell::DbViewIndexedProperties()) {
+  for (const component::IndexedProperty& property : component::DbViewIndexedProperties()) {
     if (property.set == nullptr) continue;
     const auto column = static_cast<std::int16_t>(static_cast<int>(texts.Below(5)) - 1);
     property.set(view, column, texts.Next());

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/cpu_time.h"
 #include "support/fake_records.h"
 #include "support/records.h"
@@ -21,10 +21,10 @@ using platform::TypeCode;
 struct FormatCells : Rendering {
   std::string Cell(std::string_view format, platform::Field& field) {
     settings.GridFormatCellFunction = {};
-    cells::SetGridFormatCellFunction(settings, 1, "X");
-    cells::SetGridFormatCellFunction(settings, 1, format);
-    return Text([&](util::HtmlWriter& out, shell::Render& render) {
-      out.Write(util::Verbatim{cells::GetFormatCellString(render, field, 1)});
+    settings::SetGridFormatCellFunction(settings, 1, "X");
+    settings::SetGridFormatCellFunction(settings, 1, format);
+    return Text([&](html::HtmlWriter& out, state::Render& render) {
+      out.Write(html::Verbatim{cells::GetFormatCellString(render, field, 1)});
     });
   }
 
@@ -176,9 +176,9 @@ TEST(FormatCell, UsesTheCurrentDelimiter) {
 
 TEST(FormatCell, ReportsEveryFailingCell) {
   FormatCells cells;
-  cells::SetGridFormatCellFunction(cells.settings, 1, "ABS");
+  settings::SetGridFormatCellFunction(cells.settings, 1, "ABS");
   FakeField field("V", TypeCode::kVarWideChar, [] { return platform::VariantView(std::string_view("x")); });
-  cells.Text([&](util::HtmlWriter&, shell::Render& render) {
+  cells.Text([&](html::HtmlWriter&, state::Render& render) {
     for (int i = 0; i < 2; ++i) cells::GetFormatCellString(render, field, 1);
   });
   EXPECT_EQ(cells.Message(),

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/fake_records.h"
 #include "support/records.h"
 #include "support/rendering.h"
@@ -17,20 +17,20 @@ using platform::TypeCode;
 struct Templates : Rendering {
   /// The cell of a column.
   std::string Cell(platform::Recordset& records, int column, std::int32_t number = 1) {
-    return Text([&](util::HtmlWriter& out, shell::Render& render) {
+    return Text([&](html::HtmlWriter& out, state::Render& render) {
       cells::FreeFormatCell(render, records, column).Put(out, render, number);
     });
   }
 
   /// The cell of column 1 with that template.
   std::string Cell(platform::Recordset& records, std::string_view text) {
-    cells::SetGridFreeFormatCellByCol(settings, 1, text);
+    settings::SetGridFreeFormatCellByCol(settings, 1, text);
     return Cell(records, 1);
   }
 
   std::string Tag(platform::Recordset& records, std::string_view text) {
-    return Text([&](util::HtmlWriter& out, shell::Render& render) {
-      out.Write(util::Verbatim{cells::RecordTag(text, render, records).Text(render, 1)});
+    return Text([&](html::HtmlWriter& out, state::Render& render) {
+      out.Write(html::Verbatim{cells::RecordTag(text, render, records).Text(render, 1)});
     });
   }
 };
@@ -49,7 +49,7 @@ constexpr std::string_view kFormLink =
 TEST(FreeFormatCell, PutsFieldValuesBetweenTheTextOfABulkTemplate) {
   Templates templates;
   const Records books(kBooks);
-  cells::SetGridFreeFormatCell(templates.settings, "2,<b>#Title#</b>,4,#Price# EUR");
+  settings::SetGridFreeFormatCell(templates.settings, "2,<b>#Title#</b>,4,#Price# EUR");
 
   EXPECT_EQ(templates.Cell(*books, 2), "<b>The <i>Hobbit</i></b>");
   EXPECT_EQ(templates.Cell(*books, 4), "10.5 EUR");
@@ -148,7 +148,7 @@ TEST(FreeFormatCell, ReportsAColumnWithoutATemplate) {
 TEST(FreeFormatCell, ReportsAColumnWhoseTemplateIsMissingInTheBulkText) {
   Templates templates;
   const Records books(kBooks);
-  cells::SetGridFreeFormatCell(templates.settings, "1,x,2");
+  settings::SetGridFreeFormatCell(templates.settings, "1,x,2");
 
   EXPECT_EQ(templates.Cell(*books, 2), "");
   EXPECT_EQ(templates.settings.ErrorMessage,
@@ -195,7 +195,7 @@ TEST(FreeFormatCell, LinksToTheKeyOfEachRecord) {
   templates.settings.EditPrimaryKeys = "ID";
   const Records books(kBooks);
   books->MoveNext();
-  cells::SetGridFreeFormatCellByCol(templates.settings, 1, "#DRALOFORMURL#");
+  settings::SetGridFreeFormatCellByCol(templates.settings, 1, "#DRALOFORMURL#");
 
   EXPECT_EQ(templates.Cell(*books, 1, 27),
             "/p?&Morvu1PK=2&Morvu1OrderByFields=&Morvu1CurrRecord=27"

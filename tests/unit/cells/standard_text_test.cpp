@@ -16,13 +16,13 @@ using platform::TypeCode;
 /// The texts of single fields.
 struct Cells : Rendering {
   std::string Standard(platform::Field& field) {
-    return Text([&](util::HtmlWriter& out, shell::Render& render) {
-      out.Write(util::Verbatim{cells::GetStdDbFieldString(render, field)});
+    return Text([&](html::HtmlWriter& out, state::Render& render) {
+      out.Write(html::Verbatim{cells::GetStdDbFieldString(render, field)});
     });
   }
   std::string Raw(platform::Field& field) {
-    return Text([&](util::HtmlWriter& out, shell::Render& render) {
-      out.Write(util::Verbatim{cells::GetStdDbFieldStringRaw(render, field)});
+    return Text([&](html::HtmlWriter& out, state::Render& render) {
+      out.Write(html::Verbatim{cells::GetStdDbFieldStringRaw(render, field)});
     });
   }
 };

@@ -8,7 +8,7 @@
 #include "support/hostile_fields.h"
 #include "support/html_elements.h"
 #include "support/items.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::driver {
 namespace {
@@ -20,13 +20,13 @@ constexpr int kRows = 45;
 
 struct Site {
   const char* name;
-  void (*configure)(shell::DbView& view);
+  void (*configure)(component::DbView& view);
   const char* statements = "";
 };
 
 void PrintTo(const Site& site, std::ostream* out) { *out << site.name; }
 
-void SetText(shell::DbView& view, std::string_view name, const char* text) {
+void SetText(component::DbView& view, std::string_view name, const char* text) {
   view.Set(name, std::string(text));
 }
 
@@ -42,7 +42,7 @@ struct Answer {
 bool HasKey(const FakePage& page, std::string_view ending) {
   const auto ends_so = [&](const platform::RequestField& field) {
     return field.name.size() >= ending.size() &&
-           util::EqualIgnoringCase(field.name.substr(field.name.size() - ending.size()), ending);
+           text::EqualIgnoringCase(field.name.substr(field.name.size() - ending.size()), ending);
   };
   return std::ranges::any_of(page.query, ends_so) || std::ranges::any_of(page.form, ends_so);
 }
@@ -74,7 +74,7 @@ class Attack : public ::testing::TestWithParam<Site> {
 
   /// The page must be whole or say what went wrong, and must leave the database to others.
   Answer Send(FakePage& page) {
-    shell::DbView view(tests::TestEnvironment());
+    component::DbView view(tests::TestEnvironment());
     view.OnStartPage(page);
     view.Set("ConnectionString", database_.ConnectionString());
     SetText(view, "sql", kAllItems);
@@ -131,59 +131,58 @@ TEST_P(Attack, OfAnyKindGivesAPageOrAMessageAndLeavesNothingBehind) {
   EXPECT_GT(messages, 20);
 }
 
-INSTANTIATE_TEST_SUITE_P(Sites, Attack,
-                         ::testing::Values(Site{"plain", [](shell::DbView&) {}},
-                                           Site{"uncounted",
-                                                [](shell::DbView& view) { view.Set("CountRecords", false); }},
-                                           Site{"decorated",
-                                                [](shell::DbView& view) {
-                                                  SetText(view, "DisplayNavBar", "both");
-                                                  SetText(view, "EditOptions", "ADD");
-                                                  view.Set("DisplayRecordsPerPageSelect", true);
-                                                  view.Set("RecordsMaxLimit", std::int64_t{30});
-                                                  view.Set("EditPerformUpdates", false);
-                                                }},
-                                           Site{"long tag",
-                                                [](shell::DbView& view) {
-                                                  SetText(view, "Tag", "12");
-                                                  view.Set("UseCSS", false);
-                                                }},
-                                           Site{"form",
-                                                [](shell::DbView& view) {
-                                                  SetText(view, "DisplayType", "form");
-                                                  SetText(view, "EditOptions", "ADD UPDATE");
-                                                  view.Set("RecordsPerPage", std::int64_t{3});
-                                                }},
-                                           Site{"edited",
-                                                [](shell::DbView& view) {
-                                                  SetText(view, "DisplayType", "form");
-                                                  SetText(view, "EditOptions", "ALL");
-                                                  SetText(view, "EditPrimaryKeys", "Name");
-                                                  SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
-                                                  SetText(view, "EditFieldsReadOnly", "*");
-                                                  SetText(view, "DeleteSQL", "DELETE FROM Items");
-                                                }},
-                                           Site{"never saved",
-                                                [](shell::DbView& view) {
-                                                  SetText(view, "EditOptions", "ALL NOVIEW");
-                                                  SetText(view, "EditPrimaryKeys", "Name");
-                                                  SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
-                                                  SetText(view, "EditFieldsReadOnly", "ID");
-                                                },
-                                                "CREATE TRIGGER Added BEFORE INSERT ON Items "
-                                                "BEGIN SELECT RAISE(ABORT, 'no'); END;"
-                                                "CREATE TRIGGER Changed BEFORE UPDATE ON Items "
-                                                "BEGIN SELECT RAISE(ABORT, 'no'); END"},
-                                           Site{"command",
-                                                [](shell::DbView& view) {
-                                                  SetText(view, "sql",
-                                                          "WITH A AS (SELECT * FROM Items) SELECT * FROM A");
-                                                }}),
-                         [](const auto& site) {
-                           std::string name = site.param.name;
-                           std::erase(name, ' ');
-                           return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    Sites, Attack,
+    ::testing::Values(Site{"plain", [](component::DbView&) {}},
+                      Site{"uncounted", [](component::DbView& view) { view.Set("CountRecords", false); }},
+                      Site{"decorated",
+                           [](component::DbView& view) {
+                             SetText(view, "DisplayNavBar", "both");
+                             SetText(view, "EditOptions", "ADD");
+                             view.Set("DisplayRecordsPerPageSelect", true);
+                             view.Set("RecordsMaxLimit", std::int64_t{30});
+                             view.Set("EditPerformUpdates", false);
+                           }},
+                      Site{"long tag",
+                           [](component::DbView& view) {
+                             SetText(view, "Tag", "12");
+                             view.Set("UseCSS", false);
+                           }},
+                      Site{"form",
+                           [](component::DbView& view) {
+                             SetText(view, "DisplayType", "form");
+                             SetText(view, "EditOptions", "ADD UPDATE");
+                             view.Set("RecordsPerPage", std::int64_t{3});
+                           }},
+                      Site{"edited",
+                           [](component::DbView& view) {
+                             SetText(view, "DisplayType", "form");
+                             SetText(view, "EditOptions", "ALL");
+                             SetText(view, "EditPrimaryKeys", "Name");
+                             SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
+                             SetText(view, "EditFieldsReadOnly", "*");
+                             SetText(view, "DeleteSQL", "DELETE FROM Items");
+                           }},
+                      Site{"never saved",
+                           [](component::DbView& view) {
+                             SetText(view, "EditOptions", "ALL NOVIEW");
+                             SetText(view, "EditPrimaryKeys", "Name");
+                             SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
+                             SetText(view, "EditFieldsReadOnly", "ID");
+                           },
+                           "CREATE TRIGGER Added BEFORE INSERT ON Items "
+                           "BEGIN SELECT RAISE(ABORT, 'no'); END;"
+                           "CREATE TRIGGER Changed BEFORE UPDATE ON Items "
+                           "BEGIN SELECT RAISE(ABORT, 'no'); END"},
+                      Site{"command",
+                           [](component::DbView& view) {
+                             SetText(view, "sql", "WITH A AS (SELECT * FROM Items) SELECT * FROM A");
+                           }}),
+    [](const auto& site) {
+      std::string name = site.param.name;
+      std::erase(name, ' ');
+      return name;
+    });
 
 /// A page with three of its rows shown on each page.
 struct LargeRequest : ::testing::Test {
@@ -217,7 +216,7 @@ TEST_F(LargeRequest, WithThousandsOfFieldsCarriesThemOn) {
   std::ptrdiff_t own = 0;
   while (own < 3'000) {
     platform::RequestField field = fields.Next();
-    const bool belongs_to_a_view = util::EqualIgnoringCase(field.name.substr(0, 5), "Morvu");
+    const bool belongs_to_a_view = text::EqualIgnoringCase(field.name.substr(0, 5), "Morvu");
     if (belongs_to_a_view) continue;
     page.page.form.push_back(std::move(field));
     ++own;

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/db_view.h"
+#include "component/db_view.h"
 #include "support/fake_page.h"
 #include "support/fake_records.h"
 #include "support/view_page.h"
@@ -79,7 +79,7 @@ struct Opening : ::testing::Test {
   Notes notes;
   Calls& calls = notes.calls;
   NotingEnvironment environment{notes};
-  shell::DbView view{environment};
+  component::DbView view{environment};
   tests::FakePage page;
 
   Opening() {
@@ -183,7 +183,7 @@ TEST_F(Opening, LeavesASuppliedRecordsetToThePage) {
 }
 
 TEST_F(Opening, ShowsTheStatementOfTheFormWhenTheGridHasNone) {
-  shell::DbView form(environment);
+  component::DbView form(environment);
   form.OnStartPage(page);
   form.Set("ConnectionString", database.ConnectionString());
   form.Set("FormSQL", std::string("SELECT V FROM F"));
@@ -193,7 +193,7 @@ TEST_F(Opening, ShowsTheStatementOfTheFormWhenTheGridHasNone) {
 }
 
 TEST_F(Opening, OfAGridWithoutAStatementIsTheDatabasesErrorToReport) {
-  shell::DbView empty(tests::TestEnvironment());
+  component::DbView empty(tests::TestEnvironment());
   empty.OnStartPage(page);
   empty.Set("ConnectionString", database.ConnectionString());
   empty.WriteHtmlTable();

@@ -53,7 +53,7 @@ struct Words {
 class NavigationBarWords : public ::testing::TestWithParam<Words> {};
 
 TEST_P(NavigationBarWords, ChooseThePlacesOfTheBar) {
-  shell::Settings settings;
+  settings::Settings settings;
   settings.DisplayNavBar = GetParam().text;
   const BarPlacement placement = NavigationBarPlacement(settings);
   EXPECT_EQ(placement.top, GetParam().top);

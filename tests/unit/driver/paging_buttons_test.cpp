@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "driver/request_state.h"
-#include "shell/db_connection.h"
+#include "component/db_connection.h"
+#include "state/request_state.h"
 #include "support/items.h"
 
 namespace dralo::driver {
@@ -102,11 +102,11 @@ TEST(Bookmark, MovesAFormButNotAGrid) {
 }
 
 TEST(FirstOfLastPage, IsAFullPageBeforeTheEndWhenTheCountDivides) {
-  EXPECT_EQ(FirstOfLastPage(45, 20), 41);
-  EXPECT_EQ(FirstOfLastPage(40, 20), 21);
-  EXPECT_EQ(FirstOfLastPage(19, 20), 1);
-  EXPECT_EQ(FirstOfLastPage(1, 1), 1);
-  EXPECT_EQ(FirstOfLastPage(0, 20), 1);
+  EXPECT_EQ(state::FirstOfLastPage(45, 20), 41);
+  EXPECT_EQ(state::FirstOfLastPage(40, 20), 21);
+  EXPECT_EQ(state::FirstOfLastPage(19, 20), 1);
+  EXPECT_EQ(state::FirstOfLastPage(1, 1), 1);
+  EXPECT_EQ(state::FirstOfLastPage(0, 20), 1);
 }
 
 }  // namespace

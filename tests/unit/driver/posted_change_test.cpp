@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "component/db_connection.h"
 #include "hosts/cpp/page.h"
-#include "shell/db_connection.h"
 #include "support/view_page.h"
 
 namespace dralo::driver {
@@ -18,17 +18,17 @@ constexpr char kDelete[] = "Morvu1FormDelete=Delete&Morvu1_Form_ID=2&Morvu1PK=2"
 /// Pages whose scripts make views of one table.
 struct Pages : ::testing::Test {
   tests::TemporaryDatabase database{kTable};
-  std::shared_ptr<shell::DBConnection> connection =
-      std::make_shared<shell::DBConnection>(tests::TestEnvironment());
+  std::shared_ptr<component::DBConnection> connection =
+      std::make_shared<component::DBConnection>(tests::TestEnvironment());
 
   Pages() { connection->Connection()->Open(database.ConnectionString()); }
 
-  static void Set(shell::DbView& view, std::string_view name, const char* text) {
+  static void Set(component::DbView& view, std::string_view name, const char* text) {
     view.Set(name, std::string(text));
   }
 
-  std::unique_ptr<shell::DbView> View(host::Page& page, const char* tag = "1") const {
-    auto view = std::make_unique<shell::DbView>(tests::TestEnvironment());
+  std::unique_ptr<component::DbView> View(host::Page& page, const char* tag = "1") const {
+    auto view = std::make_unique<component::DbView>(tests::TestEnvironment());
     view->OnStartPage(page);
     view->Set("DrConnection", platform::ObjectPtr(connection));
     Set(*view, "Tag", tag);
@@ -42,13 +42,13 @@ struct Pages : ::testing::Test {
   }
 
   /// What a further rendering writes.
-  static std::string Written(host::Page& page, shell::DbView& view) {
+  static std::string Written(host::Page& page, component::DbView& view) {
     const std::size_t before = page.Body().size();
     view.WriteHtmlTable();
     return page.Body().substr(before);
   }
 
-  static const std::string& ErrorMessage(const shell::DbView& view) {
+  static const std::string& ErrorMessage(const component::DbView& view) {
     return view.GetSettings().ErrorMessage;
   }
   std::string Names() const { return database.Value("SELECT group_concat(Name) FROM T"); }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/db_connection.h"
+#include "component/db_connection.h"
 #include "support/items.h"
 
 namespace dralo::driver {
@@ -156,7 +156,7 @@ TEST(RecordsMaxLimit, OfZeroOrLessShowsNothing) {
 }
 
 TEST(OrderedStatement, HasTheOrderBehindTheText) {
-  shell::Settings settings;
+  settings::Settings settings;
   EXPECT_EQ(OrderedSql(settings, "SELECT 1"), "SELECT 1");
   settings.OrderByFields = "Name";
   EXPECT_EQ(OrderedSql(settings, "SELECT 1"), "SELECT 1 ORDER BY Name");
@@ -207,7 +207,7 @@ TEST(SuppliedRecordset, WinsOverACommand) {
 
 TEST(SuppliedRecordset, NeedsNoConnectionOfTheView) {
   ItemsPage page(3);
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   tests::FakePage other;
   view.OnStartPage(other);
   view.Set("ADORecordset", platform::ObjectPtr(OpenItems(page)));
@@ -254,7 +254,7 @@ TEST(Command, WithAConnectionOfItsOwnRunsOnThat) {
 
 TEST(Command, SetBeforeTheConnectionRunsOnTheLaterOne) {
   const tests::TemporaryDatabase database(tests::ViewPage::ItemsTable(3));
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   tests::FakePage page;
   view.OnStartPage(page);
   view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
@@ -264,7 +264,7 @@ TEST(Command, SetBeforeTheConnectionRunsOnTheLaterOne) {
 }
 
 TEST(View, WithoutAConnectionSaysWhatToSet) {
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   tests::FakePage page;
   view.OnStartPage(page);
   view.Set("sql", std::string("SELECT 1"));

@@ -5,7 +5,7 @@
 #include <string>
 #include <tuple>
 
-#include "shell/db_connection.h"
+#include "component/db_connection.h"
 #include "unit/driver/visitor.h"
 
 namespace dralo::driver {
@@ -30,41 +30,41 @@ INSTANTIATE_TEST_SUITE_P(Tables, RandomWalk, ::testing::Values(0, 1, 19, 20, 21,
 
 const Variant kVariants[] = {
     {.name = "UnknownCount",
-     .configure = [](shell::DbView& view) { view.Set("CountRecords", false); },
+     .configure = [](component::DbView& view) { view.Set("CountRecords", false); },
      .rules = {.is_counted = false}},
     {.name = "UnknownCountWithoutEnds",
      .configure =
-         [](shell::DbView& view) {
+         [](component::DbView& view) {
            view.Set("DisplayNavBarFirstLastBtn", false);
            view.Set("CountRecords", false);
          },
      .rules = {.is_counted = false},
      .has_ends = false},
     {.name = "Limit",
-     .configure = [](shell::DbView& view) { view.Set("RecordsMaxLimit", std::int64_t{50}); },
+     .configure = [](component::DbView& view) { view.Set("RecordsMaxLimit", std::int64_t{50}); },
      .rules = {.limit = 50}},
     {.name = "LimitOfAnUnknownCount",
      .configure =
-         [](shell::DbView& view) {
+         [](component::DbView& view) {
            view.Set("CountRecords", false);
            view.Set("RecordsMaxLimit", std::int64_t{50});
          },
      .rules = {.limit = 50, .is_counted = false}},
-    {.name = "BarAtTheTop", .configure = [](shell::DbView& view) { Set(view, "DisplayNavBar", "top"); }},
+    {.name = "BarAtTheTop", .configure = [](component::DbView& view) { Set(view, "DisplayNavBar", "top"); }},
     {.name = "BothBarsAndALimit",
      .configure =
-         [](shell::DbView& view) {
+         [](component::DbView& view) {
            Set(view, "DisplayNavBar", "both");
            view.Set("RecordsMaxLimit", std::int64_t{50});
            Set(view, "RecordsPerPageSelectPlacement", "bottom");
          },
      .rules = {.limit = 50},
      .bars = 2},
-    {.name = "WithoutCss", .configure = [](shell::DbView& view) { view.Set("UseCSS", false); }},
+    {.name = "WithoutCss", .configure = [](component::DbView& view) { view.Set("UseCSS", false); }},
     {.name = "AnotherTag", .tags = {"2"}},
     {.name = "TwoViews", .tags = {"1", "2"}},
     {.name = "TwoUncountedViews",
-     .configure = [](shell::DbView& view) { view.Set("CountRecords", false); },
+     .configure = [](component::DbView& view) { view.Set("CountRecords", false); },
      .rules = {.is_counted = false},
      .tags = {"a", "B"},
      .own_fields = {{"Search", "x"}}},
@@ -72,11 +72,11 @@ const Variant kVariants[] = {
      .own_fields =
          {{"Search", "5\" <b> & 'x' + 100%"}, {"City[]", "Oslo"}, {"City[]", ""}, {"\"", "\xFF\r\n"}}},
     {.name = "PostedStatement",
-     .configure = [](shell::DbView& view) { view.Set("PersistentSQL", true); },
+     .configure = [](component::DbView& view) { view.Set("PersistentSQL", true); },
      .posts_statement = true},
     {.name = "Command",
      .configure =
-         [](shell::DbView& view) {
+         [](component::DbView& view) {
            auto command = std::make_shared<platform::Command>();
            command->command_text = "SELECT * FROM Items WHERE ID>?";
            command->parameters = {std::int64_t{0}};
@@ -84,7 +84,7 @@ const Variant kVariants[] = {
          }},
     {.name = "SuppliedRecordset",
      .configure =
-         [](shell::DbView& view) {
+         [](component::DbView& view) {
            auto records = platform::Create<platform::Recordset>(tests::TestEnvironment(), "ADODB.Recordset");
            records->Open(kItems, view.GetSettings().DrConnection->Connection());
            view.Set("ADORecordset", platform::ObjectPtr(records));
@@ -92,7 +92,7 @@ const Variant kVariants[] = {
          },
      .rules = {.is_counted = false}},
     {.name = "WithoutSelect",
-     .configure = [](shell::DbView& view) { view.Set("DisplayRecordsPerPageSelect", false); }},
+     .configure = [](component::DbView& view) { view.Set("DisplayRecordsPerPageSelect", false); }},
 };
 
 class VariedWalk : public ::testing::TestWithParam<std::tuple<Variant, int>> {};

@@ -235,7 +235,7 @@ TEST_F(Failure, InTheMiddleOfALongPageLeavesNoStatementOpen) {
 }
 
 TEST_F(Failure, OfABareCallWithoutAPageIsThrown) {
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   EXPECT_THROW(view.WriteHtmlTable(), platform::Error);
 }
 
@@ -252,7 +252,7 @@ using QHtmlTable = RenderTest;
 
 TEST_F(QHtmlTable, RendersWhatTheSameStatementWould) {
   const std::string expected = Render();
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   tests::FakePage other;
   view.OnStartPage(other);
   view.QHtmlTable(page.database.ConnectionString(), "Items");
@@ -298,7 +298,7 @@ TEST_F(PageEnd, ReleasesTheConnectionThatTheViewOpened) {
 
 TEST_F(PageEnd, LeavesASharedConnectionOpen) {
   const auto shared = std::get<platform::ObjectPtr>(page.view.Get("DrConnection"));
-  shell::DbView other(tests::TestEnvironment());
+  component::DbView other(tests::TestEnvironment());
   tests::FakePage other_page;
   other.OnStartPage(other_page);
   other.Set("DrConnection", shared);
@@ -311,7 +311,7 @@ TEST(PageStart, ThatFailsIsReportedAndThePageGoesOn) {
     const platform::Request& GetRequest() const override { throw platform::Error("No request"); }
     platform::Response& GetResponse() override { throw platform::Error("No response"); }
   } broken;
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   view.OnStartPage(broken);
   EXPECT_EQ(view.GetSettings().ErrorMessage, "No request in OnStartPage<br>");
 }
@@ -327,7 +327,7 @@ TEST(SecondRendering, OnTheSamePageSeesWhatTheFirstTookFromTheRequest) {
 
 TEST(TwoViews, WithTheirOwnTagsPageIndependently) {
   ItemsPage first(45);
-  shell::DbView second(tests::TestEnvironment());
+  component::DbView second(tests::TestEnvironment());
   second.OnStartPage(first.page);
   second.Set("Tag", std::string("2"));
   second.Set("DrConnection", first.view.Get("DrConnection"));

@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "component/db_connection.h"
 #include "hosts/cpp/page.h"
 #include "platform/command.h"
 #include "platform/error.h"
-#include "shell/db_connection.h"
 #include "support/items.h"
 
 namespace dralo::driver {
@@ -35,8 +35,9 @@ struct KeptView {
   const std::string& ErrorMessage() const { return view.GetSettings().ErrorMessage; }
 
   tests::TemporaryDatabase database;
-  std::shared_ptr<shell::DBConnection> connection = std::make_shared<shell::DBConnection>(TestEnvironment());
-  shell::DbView view;
+  std::shared_ptr<component::DBConnection> connection =
+      std::make_shared<component::DBConnection>(TestEnvironment());
+  component::DbView view;
 };
 
 std::shared_ptr<platform::Recordset> Items(const KeptView& kept) {
@@ -124,7 +125,7 @@ TEST(SecondPage, BeginsWithoutMessagesAndRowsOfTheFirst) {
 }
 
 TEST(FirstPage, KeepsMessagesFromBeforeIt) {
-  shell::DbView view(TestEnvironment());
+  component::DbView view(TestEnvironment());
   view.Set("LanguageString", std::string("too,few"));
   host::Page page("/p", "");
   view.OnStartPage(page);
@@ -151,7 +152,7 @@ TEST(PageStart, ThatFailsLeavesTheMessageAndAViewThatWritesNothing) {
 
 TEST(PageStart, ThatFailsLeavesAWholeTableUnwrittenToo) {
   const tests::TemporaryDatabase database(tests::ViewPage::ItemsTable(3));
-  shell::DbView view(TestEnvironment());
+  component::DbView view(TestEnvironment());
   BrokenPage broken;
   view.OnStartPage(broken);
   view.QHtmlTable(database.ConnectionString(), "Items");

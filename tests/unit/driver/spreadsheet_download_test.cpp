@@ -253,7 +253,7 @@ TEST(Spreadsheet, IsNotSentWithANumberThatIsNone) {
 }
 
 TEST(Spreadsheet, NeedsAConnection) {
-  shell::DbView view(tests::TestEnvironment());
+  component::DbView view(tests::TestEnvironment());
   tests::FakePage page;
   page.query = {{"Morvu1ToExcel.x", "3"}};
   view.OnStartPage(page);

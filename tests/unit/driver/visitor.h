@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/db_connection.h"
+#include "component/db_connection.h"
 #include "support/grid_model.h"
 #include "support/shown_view.h"
 #include "support/view_page.h"
@@ -26,7 +26,7 @@ inline constexpr char kItems[] = "SELECT ID, City, Amount, Note FROM Items";
 /// A page script that differs from the plain one.
 struct Variant {
   const char* name;
-  void (*configure)(shell::DbView& view) = [](shell::DbView&) {};
+  void (*configure)(component::DbView& view) = [](component::DbView&) {};
   GridModel::Rules rules = {};
   std::size_t bars = 1;
   bool has_ends = true;  ///< Buttons for the first and the last page.
@@ -35,7 +35,7 @@ struct Variant {
   bool posts_statement = false;  ///< The page sets it at first only; later it comes from the request.
 };
 
-inline void Set(shell::DbView& view, std::string_view name, const char* text) {
+inline void Set(component::DbView& view, std::string_view name, const char* text) {
   view.Set(name, std::string(text));
 }
 
@@ -120,7 +120,7 @@ class Visitor {
     shown_.clear();
     numbers_.clear();
     for (const std::string& tag : variant_.tags) {
-      shell::DbView view(tests::TestEnvironment());
+      component::DbView view(tests::TestEnvironment());
       view.OnStartPage(page);
       view.Set("Tag", tag);
       view.Set("DrConnection", platform::ObjectPtr(connection_));
@@ -129,7 +129,7 @@ class Visitor {
       Set(view, "RecordsPerPageOptions", "3,10,20,50");
       variant_.configure(view);
       view.WriteHtmlTable();
-      const shell::Settings& settings = view.GetSettings();
+      const settings::Settings& settings = view.GetSettings();
       EXPECT_EQ(settings.ErrorMessage, "");
       numbers_.emplace_back(settings.FromRow, settings.ToRow);
       view.OnEndPage();
@@ -262,8 +262,8 @@ class Visitor {
 
   const Variant& variant_;
   tests::TemporaryDatabase database_;
-  std::shared_ptr<shell::DBConnection> connection_ =
-      platform::Create<shell::DBConnection>(tests::TestEnvironment(), "Dralo.DBConnection");
+  std::shared_ptr<component::DBConnection> connection_ =
+      platform::Create<component::DBConnection>(tests::TestEnvironment(), "Dralo.DBConnection");
   std::vector<GridModel> models_;
   std::vector<ShownView> shown_;
   std::vector<std::pair<int, int>> numbers_;  ///< FromRow and ToRow of each view.

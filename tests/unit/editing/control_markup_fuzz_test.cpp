@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "editing/control_text.h"
+#include "html/control_markup.h"
 #include "support/browser_form.h"
 #include "support/html_elements.h"
-#include "util/control_markup.h"
 
 namespace dralo::tests {
 namespace {
@@ -90,13 +90,13 @@ class MarkupTexts {
 
 /// A page that shows the text in every kind of control.
 std::string PageWith(std::string_view text) {
-  util::HtmlWriter out;
+  html::HtmlWriter out;
   out.Put(R"(<form><input type="text" name="line" value=")");
-  util::PutAttributeText(out, text);
+  html::PutAttributeText(out, text);
   out.Put(R"("><input type="hidden" name="hidden" value=")");
-  util::PutAttributeText(out, text);
+  html::PutAttributeText(out, text);
   out.Put(R"("><textarea name="memo">)");
-  util::PutTextareaText(out, text);
+  html::PutTextareaText(out, text);
   out.Put("</textarea><input type=\"hidden\" name=\"end\" value=\"\"></form>");
   return out.Take();
 }
@@ -146,8 +146,8 @@ TEST(AnyText, IsWrittenWithNoMoreReplacementsThanBrowsersNeed) {
   MarkupTexts texts(3);
   for (int i = 0; i < 8000; ++i) {
     const std::string text = texts.Next();
-    util::HtmlWriter out;
-    util::PutAttributeText(out, text);
+    html::HtmlWriter out;
+    html::PutAttributeText(out, text);
     const std::string written = out.Take();
     if (text.find('"') != text.npos || text.find("&#") != text.npos || text.find(';') != text.npos) continue;
     const bool is_misread =

@@ -18,13 +18,13 @@ using editing::IsUntouched;
 using platform::TypeCode;
 using namespace std::string_view_literals;
 
-std::string TextOf(platform::Field& field, const shell::Settings& settings = {}) {
+std::string TextOf(platform::Field& field, const settings::Settings& settings = {}) {
   Rendering view;
   view.settings = settings;
   std::string scratch;
   std::string text;
   view.Text(
-      [&](util::HtmlWriter&, shell::Render& render) { text = editing::ControlText(render, field, scratch); });
+      [&](html::HtmlWriter&, state::Render& render) { text = editing::ControlText(render, field, scratch); });
   EXPECT_EQ(view.settings.ErrorMessage, "");
   return text;
 }
@@ -74,7 +74,7 @@ TEST(ControlText, OfBooleansIsAWord) {
 TEST(ControlText, OfMemosIsWholeWhateverTheLimit) {
   const Records records("CREATE TABLE T(V TEXT); INSERT INTO T VALUES('  one two three  ')");
   for (const int limit : {-1, 0, 3}) {
-    shell::Settings settings;
+    settings::Settings settings;
     settings.MemoFieldLimit = limit;
     EXPECT_EQ(TextOf(records[0], settings), "  one two three  ") << limit;
   }

@@ -26,7 +26,7 @@ TEST(EditForm, OfANewRecordPostsAnInsert) {
 
 TEST(EditForm, OfANewRecordHasNeitherAddNorDelete) {
   EditFormPage form;
-  shell::SetEditOptions(form.settings, "UPDATE ADD DELETE");
+  settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
   const std::string buttons =
       "<input type=\"hidden\" name=\"Morvu1FormEdit\" value=\"1\"><input type=\"hidden\" "
@@ -37,7 +37,7 @@ TEST(EditForm, OfANewRecordHasNeitherAddNorDelete) {
   EXPECT_EQ(Bar(form), buttons);
 
   EditFormPage failed;
-  shell::SetEditOptions(failed.settings, "UPDATE ADD DELETE");
+  settings::SetEditOptions(failed.settings, "UPDATE ADD DELETE");
   failed.settings.DeleteSQL = "DELETE FROM T";
   failed.FailSave({});
   failed.Post("FormInsert", "1");
@@ -69,14 +69,14 @@ TEST(EditForm, CannotBeClosedWhereThereIsNoView) {
   EXPECT_TRUE(Contains(
       Bar(form),
       "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormView\" value=\"Close\">"));
-  shell::SetEditOptions(form.settings, "UPDATE NOVIEW");
+  settings::SetEditOptions(form.settings, "UPDATE NOVIEW");
   EXPECT_FALSE(Contains(Bar(form), "Morvu1FormView"));
 }
 
 TEST(EditForm, HasAnAddButtonWhereAddingIsAllowed) {
   EditFormPage form;
   EXPECT_FALSE(Contains(Bar(form), "Morvu1FormAdd"));
-  shell::SetEditOptions(form.settings, "UPDATE ADD");
+  settings::SetEditOptions(form.settings, "UPDATE ADD");
   EXPECT_TRUE(
       Contains(Bar(form),
                "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormAdd\" value=\"Add\">"));
@@ -86,7 +86,7 @@ TEST(EditForm, HasADeleteButtonWhereDeletingIsAllowedAndHasAStatement) {
   EditFormPage form;
   form.settings.DeleteSQL = "DELETE FROM T";
   EXPECT_FALSE(Contains(Bar(form), "Morvu1FormDelete"));
-  shell::SetEditOptions(form.settings, "UPDATE DELETE");
+  settings::SetEditOptions(form.settings, "UPDATE DELETE");
   EXPECT_TRUE(Contains(Bar(form),
                        "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" "
                        "onclick=\"FormDraloGrid1.Morvu1FormEdit.value='';\" name=\"Morvu1FormDelete\" "
@@ -97,7 +97,7 @@ TEST(EditForm, HasADeleteButtonWhereDeletingIsAllowedAndHasAStatement) {
 
 TEST(EditForm, AsksBeforeItDeletes) {
   EditFormPage form;
-  shell::SetEditOptions(form.settings, "UPDATE DELETE");
+  settings::SetEditOptions(form.settings, "UPDATE DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
   form.settings.EditConfirmDeleteString = "Really?";
   EXPECT_TRUE(Contains(Bar(form),
@@ -108,8 +108,8 @@ TEST(EditForm, AsksBeforeItDeletes) {
 
 TEST(EditForm, SpeaksTheLanguageOfTheView) {
   EditFormPage form;
-  form.settings.language_tables = shell::BuiltInTables("NOR");
-  shell::SetEditOptions(form.settings, "UPDATE ADD DELETE");
+  form.settings.language_tables = settings::BuiltInTables("NOR");
+  settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
   const std::string bar = Bar(form);
   for (const std::string_view caption : {"Lagre", "Lukk", "Ny", "Slett"}) {
@@ -120,7 +120,7 @@ TEST(EditForm, SpeaksTheLanguageOfTheView) {
 TEST(EditForm, BearsTheTagOfTheView) {
   EditFormPage form;
   form.settings.Tag = "2";
-  shell::SetEditOptions(form.settings, "UPDATE DELETE");
+  settings::SetEditOptions(form.settings, "UPDATE DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
   const std::string bar = Bar(form);
   EXPECT_FALSE(Contains(bar, "Morvu1"));

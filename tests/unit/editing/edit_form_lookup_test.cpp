@@ -17,7 +17,7 @@ struct LookupPage : EditFormPage {
                  "); CREATE TABLE L(ID, Name); INSERT INTO L VALUES(1, 'One'), (2, 'Two')"),
         records("CREATE TABLE T(n " + std::string(declared_type) + "); INSERT INTO T VALUES(" +
                 std::string(literal) + ")") {
-    settings.DrConnection = std::make_shared<shell::DBConnection>(AmericanEnvironment());
+    settings.DrConnection = std::make_shared<component::DBConnection>(AmericanEnvironment());
     settings.DrConnection->Connection()->Open(database.ConnectionString());
   }
 

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
+#include "component/db_connection.h"
 #include "editing/edit_form.h"
 #include "editing/form_edit_field.h"
-#include "shell/db_connection.h"
-#include "shell/setters.h"
+#include "settings/setters.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -29,18 +29,18 @@ inline Records OneValue(std::string_view declared_type, std::string_view literal
 struct EditFormPage : Rendering {
   EditFormPage() {
     form_view = true;
-    shell::SetEditOptions(settings, "UPDATE");
+    settings::SetEditOptions(settings, "UPDATE");
   }
 
   std::string Form(platform::Recordset& records) {
     rows = -1;
     return Text(
-        [&](util::HtmlWriter&, shell::Render& render) { editing::RenderEditForm(render, records, rows); });
+        [&](html::HtmlWriter&, state::Render& render) { editing::RenderEditForm(render, records, rows); });
   }
 
   /// The control of a field at that 0-based position of the record.
   std::string Control(platform::Field& field, int index = 0) {
-    return Text([&](util::HtmlWriter&, shell::Render& render) {
+    return Text([&](html::HtmlWriter&, state::Render& render) {
       editing::FormEditFields(render).GetFormEditField(field, index);
     });
   }

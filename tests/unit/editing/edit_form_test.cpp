@@ -45,7 +45,7 @@ TEST(EditForm, HasNoClassesWhenThePageWantsNone) {
   form.settings.UseCSS = false;
   form.settings.FormFieldsShow = "Name";
   form.settings.DeleteSQL = "DELETE FROM T";
-  shell::SetEditOptions(form.settings, "UPDATE ADD DELETE");
+  settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   const Records people(kPeople);
 
   EXPECT_EQ(form.Form(*people), Lines(R"(
@@ -179,7 +179,7 @@ TEST(EditForm, OfANewRecordNeedsNoRecord) {
 
 TEST(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
   EditFormPage form;
-  shell::SetEditOptions(form.settings, "UPDATE ADD DELETE");
+  settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   form.settings.edit_status_message = "&nbsp;[Record deleted]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID=0");
 

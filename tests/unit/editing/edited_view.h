@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "shell/db_view.h"
-#include "shell/render.h"
+#include "component/db_view.h"
+#include "state/render.h"
 #include "support/fake_page.h"
 #include "support/fake_records.h"
 #include "support/regional_environment.h"
@@ -32,10 +32,10 @@ struct EditedView {
   /// What body(render) returns.
   template <class Body>
   auto Rendered(Body&& body) {
-    const shell::RequestKeys keys(page.GetRequest(), Settings().Tag);
-    util::HtmlWriter out;
+    const state::RequestKeys keys(page.GetRequest(), Settings().Tag);
+    html::HtmlWriter out;
     std::vector<platform::Variant> current_record_values;
-    shell::Render render{.settings = Settings(),
+    state::Render render{.settings = Settings(),
                          .environment = environment,
                          .keys = keys,
                          .out = out,
@@ -44,13 +44,13 @@ struct EditedView {
     return body(render);
   }
 
-  shell::Settings& Settings() { return view.MutableSettings(); }
+  settings::Settings& Settings() { return view.MutableSettings(); }
   const std::string& ErrorMessage() { return Settings().ErrorMessage; }
 
   TemporaryDatabase database;
   platform::Environment& environment;
   FakePage page;
-  shell::DbView view;
+  component::DbView view;
 };
 
 /// Made-up records that know how they were opened.

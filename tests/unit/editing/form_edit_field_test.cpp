@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/field_type.h"
 #include "support/fake_records.h"
 #include "unit/editing/edit_form_page.h"
-#include "util/field_type.h"
 
 namespace dralo::tests {
 namespace {
@@ -216,7 +216,7 @@ TEST(EditField, IsOneOfTheControlsForEveryTypeCode) {
                                       : code == 11  ? "type=\"checkbox\""
                                       : code == 205 ? "&nbsp;"
                                       : is_date     ? "maxlength=25"
-                                      : util::IsNumericFieldType(static_cast<TypeCode>(code))
+                                      : platform::IsNumericFieldType(static_cast<TypeCode>(code))
                                           ? "maxlength=\"20\""
                                           : "maxlength=\"\"";
     EXPECT_TRUE(Contains(control, expected)) << code << control;

@@ -2,10 +2,10 @@
 
 #include "editing/primary_keys.h"
 #include "hosts/cpp/environment.h"
-#include "shell/open_connection.h"
+#include "settings/open_connection.h"
+#include "state/primary_key_value_list.h"
 #include "support/shown_view.h"
 #include "unit/editing/edited_view.h"
-#include "views/primary_key_value_list.h"
 
 namespace dralo::tests {
 namespace {
@@ -34,18 +34,18 @@ struct KeyRoundTrip : testing::Test {
 
   static std::shared_ptr<platform::Recordset> Open(EditedView& view, std::string_view sql) {
     auto records = platform::Create<platform::Recordset>(view.environment, "ADODB.Recordset");
-    records->Open(sql, shell::OpenConnection(view.Settings()));
+    records->Open(sql, settings::OpenConnection(view.Settings()));
     return records;
   }
 
   static void CheckRows(EditedView& view) {
     const auto records = Open(view, kQuery);
-    views::PrimaryKeyValueList list(view.Settings(), *records);
+    state::PrimaryKeyValueList list(view.Settings(), *records);
     int rows = 0;
     for (; !records->Eof(); records->MoveNext(), ++rows) {
       ASSERT_TRUE(list.Read(view.Settings())) << view.ErrorMessage();
       const auto number = platform::Own(records->Fields()[2]->Value());
-      util::HtmlWriter link;
+      html::HtmlWriter link;
       list.Put(link.Put("/p?Morvu1PK="));
       EXPECT_EQ(Found(view, QueryOf(link.Take())), number);
       EXPECT_EQ(Found(view, {{"Morvu1PK", list.Plain()}}), number);
@@ -58,7 +58,7 @@ struct KeyRoundTrip : testing::Test {
   static platform::Variant Found(EditedView& view, const FakePage::Fields& posted) {
     view.page.form = posted;
     const std::string sql =
-        view.Rendered([](shell::Render& render) { return editing::GetSqlPK(render, kQuery); });
+        view.Rendered([](state::Render& render) { return editing::GetSqlPK(render, kQuery); });
     if (sql.empty()) return view.ErrorMessage();
     const auto records = Open(view, sql);
     if (records->Eof()) return "no row for " + sql;

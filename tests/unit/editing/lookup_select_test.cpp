@@ -22,9 +22,9 @@ struct Select {
 
 Select SelectOf(EditedView& view, std::string_view definition, std::string_view value,
                 std::string_view attribute = "") {
-  return view.Rendered([&](shell::Render& render) {
-    util::HtmlWriter out;
-    out.Write(util::Verbatim{kWrittenBefore});
+  return view.Rendered([&](state::Render& render) {
+    html::HtmlWriter out;
+    out.Write(html::Verbatim{kWrittenBefore});
     const bool is_written =
         editing::PutLookupSelect(out, render, {"Morvu1_Form_", "City"}, attribute, definition, value);
     return Select{out.Take().substr(kWrittenBefore.size()), is_written};

@@ -224,7 +224,7 @@ TEST(PostedKey, ReadsOneRecordHoweverManyItFinds) {
   view.Settings().edit_options_as_assigned = "UPDATE";
   view.Post("FormUpdate", "Save");
   view.Post("_Form_ID", "5 OR 1=1");
-  EXPECT_TRUE(view.Rendered([](shell::Render& render) { return editing::UpdateRecord(render); }));
+  EXPECT_TRUE(view.Rendered([](state::Render& render) { return editing::UpdateRecord(render); }));
   EXPECT_EQ(environment.limits, (std::vector<std::int64_t>{1, 1})) << "the fields, then the record";
 }
 

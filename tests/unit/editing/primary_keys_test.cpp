@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/cpp/environment.h"
-#include "shell/open_connection.h"
+#include "settings/open_connection.h"
 #include "unit/editing/edited_view.h"
 
 namespace dralo::tests {
@@ -22,19 +22,19 @@ struct KeyedView : EditedView {
   }
 
   std::string Restricted(std::string_view sql) {
-    return Rendered([&](shell::Render& render) { return editing::GetSqlPK(render, sql); });
+    return Rendered([&](state::Render& render) { return editing::GetSqlPK(render, sql); });
   }
 
   /// `sql` restricted to the record on which the recordset of `shown` stands after `rows` moves.
   std::string RestrictedToShown(std::string_view sql, std::string_view shown, int rows = 0) {
     const auto records = platform::Create<platform::Recordset>(AmericanEnvironment(), "ADODB.Recordset");
-    records->Open(shown, shell::OpenConnection(Settings()));
+    records->Open(shown, settings::OpenConnection(Settings()));
     records->Move(rows);
-    return Rendered([&](shell::Render& render) { return editing::GetSqlPK(render, sql, records.get()); });
+    return Rendered([&](state::Render& render) { return editing::GetSqlPK(render, sql, records.get()); });
   }
 
   std::string NewKey(std::string_view statement) {
-    return Rendered([&](shell::Render& render) { return editing::GetNewPKValue(render, statement); });
+    return Rendered([&](state::Render& render) { return editing::GetNewPKValue(render, statement); });
   }
 };
 
@@ -84,7 +84,7 @@ TEST(GetSqlPK, WritesNoBracketsWhenNoEngineIsSet) {
   view.Settings().EditPrimaryKeys = "ID";
   view.Post("PK", "5");
   const std::string sql =
-      view.Rendered([](shell::Render& render) { return editing::GetSqlPK(render, "SELECT * FROM T"); });
+      view.Rendered([](state::Render& render) { return editing::GetSqlPK(render, "SELECT * FROM T"); });
   EXPECT_EQ(sql, "SELECT * FROM T WHERE (ID=5)");
 }
 
@@ -240,7 +240,7 @@ TEST(GetNewPKValue, ComesInTheRegionalTextLikePostedValues) {
   host::Environment german("de-DE");
   EditedView view("", german);
   const std::string key =
-      view.Rendered([](shell::Render& render) { return editing::GetNewPKValue(render, "SELECT 1.5"); });
+      view.Rendered([](state::Render& render) { return editing::GetNewPKValue(render, "SELECT 1.5"); });
   EXPECT_EQ(key, "1,5");
 }
 
@@ -280,7 +280,7 @@ TEST(GetNewPKValue, ReadsAtMostOneRowOnTheClientForwardAndReadOnly) {
   PreparedEnvironment environment(records);
   EditedView view("", environment);
   const std::string key = view.Rendered(
-      [](shell::Render& render) { return editing::GetNewPKValue(render, "SELECT max(ID) FROM T"); });
+      [](state::Render& render) { return editing::GetNewPKValue(render, "SELECT max(ID) FROM T"); });
   EXPECT_EQ(key, "9");
   EXPECT_EQ(records->sql, "SELECT max(ID) FROM T");
   EXPECT_EQ(records->max_records, 1);

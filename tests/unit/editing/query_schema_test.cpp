@@ -17,7 +17,7 @@ constexpr std::string_view kQueriedTable = R"(
     INSERT INTO T VALUES (1, 'Ann', 1.5, NULL))";
 
 QuerySchema SchemaOf(EditedView& view, std::string_view sql) {
-  return view.Rendered([&](shell::Render& render) { return editing::ReadQuerySchema(render, sql); });
+  return view.Rendered([&](state::Render& render) { return editing::ReadQuerySchema(render, sql); });
 }
 
 TEST(QuerySchema, TellsNamesTypesAndWhetherFieldsMayBeNullInTheOrderOfTheColumns) {
@@ -84,7 +84,7 @@ TEST(QuerySchema, SaysWhatToSetWithoutAConnection) {
 }
 
 TEST(KeyNames, AreTrimmedAndCountEmptyItems) {
-  shell::Settings settings;
+  settings::Settings settings;
   settings.EditPrimaryKeys = " ID , Line,";
   EXPECT_THAT(editing::KeyNames(settings), testing::ElementsAre("ID", "Line", ""));
 }

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "component/db_connection.h"
+#include "component/db_view.h"
 #include "editing/primary_keys.h"
 #include "hosts/cpp/page.h"
-#include "shell/db_connection.h"
-#include "shell/db_view.h"
 #include "unit/editing/edited_view.h"
 
 /// Booleans are shown in the regional language; what is posted and stored knows nothing of it.
@@ -26,7 +26,7 @@ struct GermanPage {
 
   std::string Body(std::string_view query, std::string_view form, auto&& configure) {
     host::Page page("/p", query, form);
-    shell::DbView view(environment);
+    component::DbView view(environment);
     view.OnStartPage(page);
     view.Set("ConnectionString", database.ConnectionString());
     view.Set("sql", std::string("SELECT * FROM T"));
@@ -39,7 +39,7 @@ struct GermanPage {
     return page.Body();
   }
   std::string Body(std::string_view query, std::string_view form = "") {
-    return Body(query, form, [](shell::DbView&) {});
+    return Body(query, form, [](component::DbView&) {});
   }
 };
 
@@ -55,7 +55,9 @@ TEST(RegionalBooleans, AreShownInTheLanguage) {
 
 TEST(RegionalBooleans, HaveTheirTextInTheFormsWhateverTheLanguage) {
   GermanPage page;
-  const auto read_only = [](shell::DbView& view) { view.Set("EditFieldsReadOnly", std::string("Active")); };
+  const auto read_only = [](component::DbView& view) {
+    view.Set("EditFieldsReadOnly", std::string("Active"));
+  };
   const std::string body =
       page.Body("Morvu1FormDisplay=formOneRec&Morvu1PK=1&Morvu1FormEdit=1", "", read_only);
   EXPECT_TRUE(Has(body, R"(name="Morvu1_Form_Active" checked >)"));
@@ -79,9 +81,9 @@ TEST(RegionalBooleans, ThatAreUntouchedAreNotWritten) {
 
 TEST(RegionalBooleans, AreOfferedAndChosenInListsByTheirText) {
   GermanPage page;
-  const std::string body =
-      page.Body("Morvu1FormDisplay=formOneRec&Morvu1PK=1&Morvu1FormEdit=1", "",
-                [](shell::DbView& view) { view.AddEditLookup("Active", "Choices", "V", "Name", "", false); });
+  const std::string body = page.Body(
+      "Morvu1FormDisplay=formOneRec&Morvu1PK=1&Morvu1FormEdit=1", "",
+      [](component::DbView& view) { view.AddEditLookup("Active", "Choices", "V", "Name", "", false); });
   EXPECT_TRUE(Has(body, "<option  selected  value=\"True\">Wahr\r\n<option  value=\"False\">Falsch\r\n"));
 }
 
@@ -89,7 +91,7 @@ TEST(RegionalBooleans, AreKeysWhateverTheLanguage) {
   host::Environment german("de-DE");
   EditedView view(kTruths, german);
   const auto key = [&](std::string_view statement) {
-    return view.Rendered([&](shell::Render& render) { return editing::GetNewPKValue(render, statement); });
+    return view.Rendered([&](state::Render& render) { return editing::GetNewPKValue(render, statement); });
   };
   EXPECT_EQ(key("SELECT Active FROM T WHERE ID=1"), "True");
   EXPECT_EQ(key("SELECT Active FROM T WHERE ID=2"), "False");

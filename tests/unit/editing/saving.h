@@ -6,14 +6,14 @@
 #include <utility>
 #include <vector>
 
+#include "component/db_connection.h"
 #include "editing/update_engine.h"
-#include "shell/db_connection.h"
-#include "shell/render.h"
-#include "shell/setters.h"
+#include "settings/setters.h"
+#include "state/render.h"
 #include "support/fake_page.h"
 #include "support/regional_environment.h"
 #include "support/temporary_database.h"
-#include "util/list.h"
+#include "text/list.h"
 
 namespace dralo::tests {
 
@@ -32,11 +32,11 @@ class Saving {
                   platform::Environment& environment = AmericanEnvironment(),
                   std::string_view connection_settings = {})
       : environment_(environment) {
-    settings.DrConnection = std::make_shared<shell::DBConnection>(environment);
+    settings.DrConnection = std::make_shared<component::DBConnection>(environment);
     settings.DrConnection->Connection()->Open(database.ConnectionString() + std::string(connection_settings));
     settings.EditSQL = "SELECT * FROM T";
     settings.EditPrimaryKeys = "ID";
-    shell::SetEditOptions(settings, "ADD UPDATE DELETE");
+    settings::SetEditOptions(settings, "ADD UPDATE DELETE");
   }
 
   /// Adds the input of a field to the form.
@@ -59,10 +59,10 @@ class Saving {
 
   /// What the engine makes of the request as it is. Output of the render would be an error.
   bool Update() {
-    util::HtmlWriter out;
-    const shell::RequestKeys keys(page.GetRequest(), settings.Tag);
+    html::HtmlWriter out;
+    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
     std::vector<platform::Variant> current_record;
-    shell::Render render{.settings = settings,
+    state::Render render{.settings = settings,
                          .environment = environment_,
                          .keys = keys,
                          .out = out,
@@ -76,7 +76,7 @@ class Saving {
   const std::string& Message() const { return settings.ErrorMessage; }
   const std::string& Status() const { return settings.edit_status_message; }
 
-  shell::Settings settings;
+  settings::Settings settings;
   FakePage page;
 
  private:
@@ -93,7 +93,7 @@ inline std::string Row(const TemporaryDatabase& database, std::string_view condi
                        std::string_view columns = "ID,Name,City,Stock,Price,Since,Active,Notes") {
   std::string query = "SELECT ";
   std::string_view separator;
-  for (const std::string& column : util::Split(columns)) {
+  for (const std::string& column : text::Split(columns)) {
     query.append(separator).append("quote(").append(column).append(")");
     separator = "||','||";
   }

@@ -125,7 +125,7 @@ class Visitors {
 
 Outcome Send(const TemporaryDatabase& database, const Page& page, const Post& post, bool use_css) {
   Saving saving(database);
-  shell::SetEditOptions(saving.settings, page.edit_options);
+  settings::SetEditOptions(saving.settings, page.edit_options);
   saving.settings.EditFieldsReadOnly = page.read_only;
   saving.settings.FormFieldsHide = page.hidden;
   saving.settings.FormFieldsShow = page.shown;

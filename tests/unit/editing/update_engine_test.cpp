@@ -61,7 +61,7 @@ TEST_F(UpdateEngine, DoesNothingForButtonsWithBlankValues) {
 
 TEST_F(UpdateEngine, DoesNothingWithoutThePermissionToUpdate) {
   for (const std::string_view options : {"", "ADD", "DELETE", "NOVIEW", "ADD DELETE NOVIEW"}) {
-    shell::SetEditOptions(saving.settings, options);
+    settings::SetEditOptions(saving.settings, options);
     saving.settings.DeleteSQL = "DELETE FROM T";
     PostAnna(saving).Post("Name", "Eve");
     EXPECT_TRUE(saving.Save()) << options;
@@ -71,28 +71,28 @@ TEST_F(UpdateEngine, DoesNothingWithoutThePermissionToUpdate) {
 }
 
 TEST_F(UpdateEngine, TakesThePermissionOnlyFromTheWordInCapitals) {
-  shell::SetEditOptions(saving.settings, "update");
+  settings::SetEditOptions(saving.settings, "update");
   saving.Post({{"ID", "1"}, {"Name", "Eve"}});
   EXPECT_TRUE(saving.Save());
   ExpectIgnored();
 }
 
 TEST_F(UpdateEngine, TakesThePermissionFromTheWordsThatAllStandsFor) {
-  shell::SetEditOptions(saving.settings, "all");
+  settings::SetEditOptions(saving.settings, "all");
   PostAnna(saving);
   EXPECT_TRUE(saving.Save());
   EXPECT_EQ(saving.Status(), "&nbsp;[Record saved ok]");
 }
 
 TEST_F(UpdateEngine, NeedsNoWordButUpdateToInsertAndDelete) {
-  shell::SetEditOptions(saving.settings, "UPDATE");
+  settings::SetEditOptions(saving.settings, "UPDATE");
   saving.settings.DeleteSQL = "DELETE FROM T";
   saving.Post({{"ID", "1"}});
   EXPECT_TRUE(saving.Delete());
   EXPECT_EQ(saving.Status(), "&nbsp;[Record deleted]");
 
   Saving adding(database);
-  shell::SetEditOptions(adding.settings, "UPDATE");
+  settings::SetEditOptions(adding.settings, "UPDATE");
   adding.Post({{"ID", "9"}, {"Name", "Ida"}});
   EXPECT_TRUE(adding.Insert());
   EXPECT_EQ(adding.Status(), "&nbsp;[New record saved ok]");
@@ -271,7 +271,7 @@ struct Texts {
 };
 
 /// The outcomes of one save of each kind.
-void ExpectOutcomes(const std::function<void(shell::Settings&)>& set_language, const Texts& texts) {
+void ExpectOutcomes(const std::function<void(settings::Settings&)>& set_language, const Texts& texts) {
   const TemporaryDatabase database(kCustomers);
   const auto outcome = [&](auto&& act) {
     Saving saving(database);
@@ -294,24 +294,25 @@ void ExpectOutcomes(const std::function<void(shell::Settings&)>& set_language, c
 
 TEST(UpdateMessages, AreTheSameInEnglishAndGerman) {
   for (const std::string_view code : {"ENG", "GER"}) {
-    ExpectOutcomes([&](shell::Settings& settings) { settings.language_tables = shell::BuiltInTables(code); },
-                   {"&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
-                    "&nbsp;Record WAS NOT SAVED. Fill out all required fields."});
+    ExpectOutcomes(
+        [&](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables(code); },
+        {"&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
+         "&nbsp;Record WAS NOT SAVED. Fill out all required fields."});
   }
 }
 
 TEST(UpdateMessages, AreNorwegianInNorwegian) {
   ExpectOutcomes(
-      [](shell::Settings& settings) { settings.language_tables = shell::BuiltInTables("NOR"); },
+      [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("NOR"); },
       {"&nbsp;[Ny datapost lagret]", "&nbsp;[Dataposten ble lagret]", "&nbsp;[Dataposten ble slettet]",
        "&nbsp;Dataposten ble IKKE LAGRET. Fyll ut påkrevde verdier."});
 }
 
 TEST(UpdateMessages, HaveNoTextWhereAPagesOwnListIsTooShort) {
   ExpectOutcomes(
-      [](shell::Settings& settings) {
-        settings.language_tables =
-            std::make_shared<shell::LanguageTables>(shell::LanguageTables{{}, {}, {"new", "saved", " gone"}});
+      [](settings::Settings& settings) {
+        settings.language_tables = std::make_shared<settings::LanguageTables>(
+            settings::LanguageTables{{}, {}, {"new", "saved", " gone"}});
       },
       {"&nbsp;new", "&nbsp;saved", "&nbsp; gone", "&nbsp;"});
 }

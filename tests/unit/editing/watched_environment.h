@@ -9,7 +9,7 @@
 #include "platform/environment.h"
 #include "platform/recordset.h"
 #include "support/regional_environment.h"
-#include "util/letter_case.h"
+#include "text/letter_case.h"
 
 namespace dralo::tests {
 

@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
-#include "driver/hidden_state.h"
 #include "hosts/cpp/page.h"
 #include "platform/error.h"
-#include "shell/page_fields.h"
+#include "state/hidden_state.h"
+#include "state/page_fields.h"
+#include "state/request_number.h"
 #include "support/rendering.h"
-#include "util/conversion.h"
 
 namespace dralo::host {
 namespace {
@@ -64,8 +64,8 @@ constexpr std::string_view kQueryStringCharacters =
 
 template <class Put>
 std::string Written(Put put, const platform::Request& request) {
-  util::HtmlWriter out;
-  put(out, shell::Settings(), request);
+  html::HtmlWriter out;
+  put(out, settings::Settings(), request);
   return out.Take();
 }
 
@@ -77,8 +77,8 @@ TEST(AnyBytesInARequest, NeverBreakOutOfAnAttributeOrALink) {
     const std::string form = requests.Next();
     const Page page("/p", query, form);
 
-    const std::string inputs = Written(shell::PutPageFormFields, page.GetRequest());
-    const std::string link = Written(shell::PutPageQueryFields, page.GetRequest());
+    const std::string inputs = Written(state::PutPageFormFields, page.GetRequest());
+    const std::string link = Written(state::PutPageQueryFields, page.GetRequest());
 
     ASSERT_EQ(Count(inputs, '"'), kQuotesOfAnInput * Inputs(inputs)) << query << "\n" << form;
     ASSERT_EQ(link.find_first_not_of(kQueryStringCharacters), link.npos) << query << "\n" << form;
@@ -95,14 +95,14 @@ TEST(AnyBytesInARequest, GiveAKeyATrimmedValueThatIsANumberOrAnError) {
   int errors = 0;
   for (int count = 0; count < kRequests; ++count) {
     const Page page("/p", requests.Next(), requests.Next());
-    const shell::RequestKeys keys(page.GetRequest(), "1");
-    const std::string_view value = keys.Value(shell::key::kCurrRecord);
+    const state::RequestKeys keys(page.GetRequest(), "1");
+    const std::string_view value = keys.Value(state::key::kCurrRecord);
 
     ASSERT_FALSE(value.starts_with(' ') || value.ends_with(' ')) << value;
-    ASSERT_EQ(keys.Has(shell::key::kCurrRecord), !value.empty());
+    ASSERT_EQ(keys.Has(state::key::kCurrRecord), !value.empty());
     if (value.empty()) continue;
     try {
-      util::ToInt32(tests::AmericanEnvironment().Regional(), value, "CurrRecord");
+      state::ToInt32(tests::AmericanEnvironment().Regional(), value, "CurrRecord");
       ++numbers;
     } catch (const platform::Error&) {
       ++errors;
@@ -119,9 +119,9 @@ TEST(AnyBytesInARequest, StayInsideTheAttributesOfTheHiddenState) {
     rendering.page.form = {{requests.Next() + "x", requests.Next()}};
     rendering.settings.OrderByFields = requests.Next();
 
-    const std::string html = rendering.Text([&](util::HtmlWriter&, shell::Render& render) {
+    const std::string html = rendering.Text([&](html::HtmlWriter&, state::Render& render) {
       render.form_display = requests.Next();
-      driver::PutHiddenState(render);
+      state::PutHiddenState(render);
     });
 
     ASSERT_EQ(Count(html, '"'), kQuotesOfAnInput * Inputs(html)) << html;

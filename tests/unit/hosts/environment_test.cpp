@@ -4,11 +4,11 @@
 
 #include <string>
 
+#include "component/db_connection.h"
+#include "component/db_view.h"
 #include "platform/command.h"
 #include "platform/connection.h"
 #include "platform/recordset.h"
-#include "shell/db_connection.h"
-#include "shell/db_view.h"
 
 namespace dralo::host {
 namespace {
@@ -24,15 +24,15 @@ TEST(Environment, MakesTheObjectsThatPagesUseByTheirIdentifiers) {
   EXPECT_TRUE(Makes<platform::Connection>(environment, "ADODB.Connection"));
   EXPECT_TRUE(Makes<platform::Recordset>(environment, "ADODB.Recordset"));
   EXPECT_TRUE(Makes<platform::Command>(environment, "ADODB.Command"));
-  EXPECT_TRUE(Makes<shell::DbView>(environment, "Dralo.DbView"));
-  EXPECT_TRUE(Makes<shell::DBConnection>(environment, "Dralo.DBConnection"));
+  EXPECT_TRUE(Makes<component::DbView>(environment, "Dralo.DbView"));
+  EXPECT_TRUE(Makes<component::DBConnection>(environment, "Dralo.DBConnection"));
 }
 
 TEST(Environment, FindsIdentifiersInAnyLetterCase) {
   Environment environment("en-US");
 
   EXPECT_TRUE(Makes<platform::Recordset>(environment, "adodb.RECORDSET"));
-  EXPECT_TRUE(Makes<shell::DbView>(environment, "DRALO.dbview"));
+  EXPECT_TRUE(Makes<component::DbView>(environment, "DRALO.dbview"));
 }
 
 TEST(Environment, MakesANewObjectEachTime) {

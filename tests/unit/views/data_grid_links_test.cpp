@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/grid_rows.h"
 
 namespace dralo::tests {
@@ -108,12 +108,12 @@ TEST(DataGrid, HasNoLinkWithoutTheIndexColumnThatWouldCarryIt) {
 TEST(DataGrid, LinksNeitherFreeFormatNorFormattedTexts) {
   Rendering view = RowsOnly();
   view.settings.GridLinkIndex = 1;
-  cells::SetGridFreeFormatCellByCol(view.settings, 1, "[#V#]");
+  settings::SetGridFreeFormatCellByCol(view.settings, 1, "[#V#]");
   const Records free_format = Column("INTEGER", {"7"});
   EXPECT_EQ(view.Grid(*free_format).find("<a"), std::string::npos);
 
   view.settings.GridFreeFormatCellByCol = {};
-  cells::SetGridFormatCellFunction(view.settings, 1, "ABS");
+  settings::SetGridFormatCellFunction(view.settings, 1, "ABS");
   const Records formatted = Column("INTEGER", {"7"});
   EXPECT_EQ(view.Grid(*formatted).find("<a"), std::string::npos);
 }
@@ -130,7 +130,7 @@ TEST(DataGrid, KeepsLinksAndTemplatesOnOneLineToo) {
       </tr>
       )"));
 
-  cells::SetGridFreeFormatCellByCol(view.settings, 1, "<b>#V#</b>");
+  settings::SetGridFreeFormatCellByCol(view.settings, 1, "<b>#V#</b>");
   const Records free_format = Column("VARCHAR(9)", {"'x'"});
   EXPECT_EQ(view.Grid(*free_format), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/grid_rows.h"
 
 namespace dralo::tests {
@@ -94,8 +94,8 @@ TEST(DataGrid, CountsHiddenColumnsInIdsAndLists) {
 
 TEST(DataGrid, TakesTheTemplateBeforeTheFormatFunction) {
   Rendering view = RowsOnly();
-  cells::SetGridFreeFormatCellByCol(view.settings, 1, "T");
-  cells::SetGridFormatCellFunction(view.settings, 1, "UCASE");
+  settings::SetGridFreeFormatCellByCol(view.settings, 1, "T");
+  settings::SetGridFormatCellFunction(view.settings, 1, "UCASE");
   const Records records = Column("VARCHAR(9)", {"'x'"});
 
   EXPECT_EQ(view.Grid(*records), Lines(R"(
@@ -108,7 +108,7 @@ TEST(DataGrid, TakesTheTemplateBeforeTheFormatFunction) {
 
 TEST(DataGrid, LeavesTheCellOfAnEmptyTemplateEmpty) {
   Rendering view = RowsOnly();
-  cells::SetGridFreeFormatCellByCol(view.settings, 1, "#V#");
+  settings::SetGridFreeFormatCellByCol(view.settings, 1, "#V#");
   const Records records = Column("INTEGER", {"NULL"});
 
   EXPECT_EQ(view.Grid(*records), Lines(R"(
@@ -123,8 +123,8 @@ TEST(DataGrid, PutsColumnAttributesBeforeThoseOfTheRowsCells) {
   view.settings.DisplayHeader = false;
   view.settings.GridLinkIndex = -1;
   view.settings.TDTag = "valign=top";
-  cells::SetGridColAttributes(view.settings, 0, "title='no'");
-  cells::SetGridColAttributes(view.settings, 1, "nowrap");
+  settings::SetGridColAttributes(view.settings, 0, "title='no'");
+  settings::SetGridColAttributes(view.settings, 1, "nowrap");
   const Records records = Column("INTEGER", {"7"});
 
   EXPECT_EQ(view.Grid(*records), Lines(R"(
@@ -140,8 +140,8 @@ TEST(DataGrid, PutsColumnAttributesDirectlyBehindTheIdWithoutCSS) {
   view.settings.DisplayHeader = false;
   view.settings.UseCSS = false;
   view.settings.GridLinkIndex = -1;
-  cells::SetGridColAttributes(view.settings, 0, "title='no'");
-  cells::SetGridColAttributes(view.settings, 1, "nowrap");
+  settings::SetGridColAttributes(view.settings, 0, "title='no'");
+  settings::SetGridColAttributes(view.settings, 1, "nowrap");
   const Records records = Column("VARCHAR(9)", {"'x'"});
 
   EXPECT_EQ(view.Grid(*records), Lines(R"(
@@ -154,7 +154,7 @@ TEST(DataGrid, PutsColumnAttributesDirectlyBehindTheIdWithoutCSS) {
 
 TEST(DataGrid, CombinesTheTagsOfCellsAndRowsByParity) {
   Rendering view = RowsOnly();
-  shell::Settings& settings = view.settings;
+  settings::Settings& settings = view.settings;
   settings.TDTag = "a";
   settings.GridTDTag = "b";
   settings.TDOddTag = "c1";

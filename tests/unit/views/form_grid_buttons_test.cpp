@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/language.h"
+#include "settings/language.h"
 #include "support/grid_rows.h"
 #include "unit/views/form_page.h"
 
@@ -99,7 +99,7 @@ TEST(FormGridButtons, AreAllMissingWithoutThePermissionToUpdate) {
 TEST(FormGridButtons, HaveTheCaptionsOfTheView) {
   ButtonsPage page;
   page.settings.EditOptions = "ADD UPDATE";
-  auto texts = std::make_shared<shell::LanguageTables>(*page.settings.language_tables);
+  auto texts = std::make_shared<settings::LanguageTables>(*page.settings.language_tables);
   texts->buttons = {"Modifier", "Enregistrer", "Fermer", "Ajouter", "Effacer"};
   page.settings.language_tables = texts;
   const Records people(kPeople);

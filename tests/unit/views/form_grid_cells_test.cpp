@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/grid_rows.h"
 #include "unit/views/form_page.h"
 
@@ -28,15 +28,15 @@ struct ValuePage : FormPage {
 
 TEST(FormGridCell, TakesTheTemplateBeforeTheFormatFunction) {
   ValuePage page;
-  cells::SetGridFreeFormatCellByCol(page.settings, 1, "<b>#V#</b>");
-  cells::SetGridFormatCellFunction(page.settings, 1, "UCASE");
+  settings::SetGridFreeFormatCellByCol(page.settings, 1, "<b>#V#</b>");
+  settings::SetGridFormatCellFunction(page.settings, 1, "UCASE");
 
   EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "<b>x</b>");
 }
 
 TEST(FormGridCell, TakesTheFormatFunctionBeforeTheStandardText) {
   ValuePage page;
-  cells::SetGridFormatCellFunction(page.settings, 1, "UCASE");
+  settings::SetGridFormatCellFunction(page.settings, 1, "UCASE");
 
   EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "X");
 }
@@ -44,16 +44,16 @@ TEST(FormGridCell, TakesTheFormatFunctionBeforeTheStandardText) {
 TEST(FormGridCell, LeavesFormatFunctionsButNotTemplatesToTheGridWhenThePageSaysSo) {
   ValuePage page;
   page.settings.ApplyCellFormattingToForm = false;
-  cells::SetGridFormatCellFunction(page.settings, 1, "UCASE");
+  settings::SetGridFormatCellFunction(page.settings, 1, "UCASE");
   EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "x");
 
-  cells::SetGridFreeFormatCellByCol(page.settings, 1, "<b>#V#</b>");
+  settings::SetGridFreeFormatCellByCol(page.settings, 1, "<b>#V#</b>");
   EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "<b>x</b>");
 }
 
 TEST(FormGridCell, OfAnEmptyTemplateIsEmpty) {
   ValuePage page;
-  cells::SetGridFreeFormatCellByCol(page.settings, 1, "#V#");
+  settings::SetGridFreeFormatCellByCol(page.settings, 1, "#V#");
 
   EXPECT_EQ(page.Cell(Column("INTEGER", {"NULL"})), "");
 }
@@ -99,7 +99,7 @@ TEST(FormGridCell, LeadsFromATemplateToItsOwnRecord) {
   ValuePage page;
   page.settings.EditPrimaryKeys = "V";
   page.current_record = 5;
-  cells::SetGridFreeFormatCellByCol(page.settings, 1, "#DRALOFORMURL#");
+  settings::SetGridFreeFormatCellByCol(page.settings, 1, "#DRALOFORMURL#");
   const Records values = Column("VARCHAR(9)", {"'a b'"});
 
   EXPECT_TRUE(Contains(page.Form(*values), "Morvu1PK=a+b&"));
@@ -111,7 +111,7 @@ TEST(FormGridCell, OfATemplateCountsItsRecordOverAllPages) {
   page.settings.EditSQL = "";
   page.current_record = 5;
   page.records_on_page = 2;
-  cells::SetGridFreeFormatCellByCol(page.settings, 1, "#DRALOPOSTBACKURL#");
+  settings::SetGridFreeFormatCellByCol(page.settings, 1, "#DRALOPOSTBACKURL#");
   const Records values = Column("INTEGER", {"1", "2", "3"});
 
   const std::string form = page.Form(*values);
@@ -123,7 +123,7 @@ TEST(FormGridCell, OfATemplateCountsItsRecordOverAllPages) {
 
 TEST(FormGridCell, WithATemplateThatNamesNoFieldIsReportedAndTheOthersAreShown) {
   FormPage page;
-  cells::SetGridFreeFormatCellByCol(page.settings, 1, "[#Nobody#]");
+  settings::SetGridFreeFormatCellByCol(page.settings, 1, "[#Nobody#]");
   const Records people(kPeople);
 
   EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(

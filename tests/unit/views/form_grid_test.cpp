@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "unit/views/form_page.h"
 
 namespace dralo::tests {
@@ -96,7 +96,7 @@ TEST(FormGrid, PutsTheTagOfFormCellsBetweenWidthAndColumnAttributes) {
   page.settings.FormFieldsShow = "ID";
   page.settings.FormCellWidths = ",70%";
   page.settings.FormTDTag = "nowrap";
-  cells::SetGridColAttributes(page.settings, 1, "title='No.'");
+  settings::SetGridColAttributes(page.settings, 1, "title='No.'");
   const Records people(kPeople);
 
   EXPECT_EQ(
@@ -120,7 +120,7 @@ TEST(FormGrid, LeavesColumnAttributesToTheGridWhenThePageSaysSo) {
   FormPage page;
   page.settings.FormFieldsShow = "ID,Name";
   page.settings.ApplyColFormattingToForm = false;
-  cells::SetGridColAttributes(page.settings, 1, "title='No.'");
+  settings::SetGridColAttributes(page.settings, 1, "title='No.'");
   const Records people(kPeople);
 
   EXPECT_FALSE(Contains(page.Form(*people), "title"));
@@ -132,7 +132,7 @@ TEST(FormGrid, LeavesOutHiddenFieldsButCountsThem) {
   page.settings.FormFieldsShow = "Name";
   page.settings.GridFieldsHide = "ID";
   page.settings.FormDisplayFieldNames = "No.,Never shown,In the club";
-  cells::SetGridColAttributes(page.settings, 3, "title='M'");
+  settings::SetGridColAttributes(page.settings, 3, "title='M'");
   const Records people(kPeople);
 
   EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(

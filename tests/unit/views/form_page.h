@@ -25,7 +25,7 @@ struct FormPage : Rendering {
 
   std::string Form(platform::Recordset& records) {
     rows = -1;
-    return Text([&](util::HtmlWriter&, shell::Render& render) {
+    return Text([&](html::HtmlWriter&, state::Render& render) {
       render.records_on_page = records_on_page;
       views::MakeFormGrid(render, records, rows);
     });

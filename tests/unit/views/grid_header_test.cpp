@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "cells/column_settings.h"
-#include "shell/db_connection.h"
+#include "component/db_connection.h"
+#include "settings/column_settings.h"
 #include "support/fake_records.h"
 #include "support/records.h"
 #include "support/rendering.h"
@@ -98,8 +98,8 @@ TEST(GridHeader, PutsColumnAttributesFirst) {
   Rendering view = WithoutLinks();
   view.settings.THTag = "nowrap";
   view.settings.GridFieldsShow = "ID";
-  cells::SetGridColHeadAttributes(view.settings, 0, "title='no'");
-  cells::SetGridColHeadAttributes(view.settings, 1, "title='id'");
+  settings::SetGridColHeadAttributes(view.settings, 0, "title='no'");
+  settings::SetGridColHeadAttributes(view.settings, 1, "title='id'");
   const Records people = People();
 
   EXPECT_EQ(view.Grid(*people), Lines(R"(
@@ -280,7 +280,7 @@ TEST(SortLink, IsMissingForLongColumnsWithoutAConnection) {
 
 TEST(SortLink, IsThereForLongColumnsOnTheEngineThatCanSortThem) {
   Rendering view;
-  view.settings.DrConnection = std::make_shared<shell::DBConnection>(AmericanEnvironment());
+  view.settings.DrConnection = std::make_shared<component::DBConnection>(AmericanEnvironment());
   FakeRecords records(0);
   const auto read = [] { return platform::VariantView(); };
   records.Add("A", TypeCode::kLongVarChar, read);

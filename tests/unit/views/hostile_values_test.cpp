@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/fake_records.h"
 #include "support/grid_rows.h"
 #include "views/data_grid.h"
@@ -53,7 +53,7 @@ TEST(HostileValues, AreComparedWhenTheyAreNoUtf8) {
 
 TEST(HostileValues, InTemplatesAndTagsAreWrittenAsTheyStand) {
   Rendering view = RowsOnly();
-  cells::SetGridFreeFormatCellByCol(view.settings, 1, "[#V#]");
+  settings::SetGridFreeFormatCellByCol(view.settings, 1, "[#V#]");
   EXPECT_EQ(CellText(view, TypeCode::kVarWideChar, "#V#<\xFF>"), "[#V#<\xFF>]");
 }
 
@@ -78,7 +78,7 @@ TEST(HostileValues, OfAMegabyteAreCutAtTheLimit) {
 TEST(HostileValues, MayFillThreeHundredColumns) {
   Rendering view;
   view.settings.GridFieldsSupressDup = "300,1";
-  cells::SetGridColAttributes(view.settings, 300, "last");
+  settings::SetGridColAttributes(view.settings, 300, "last");
   std::string columns = "'c' AS C1";
   for (int column = 2; column <= 300; ++column) columns += ", " + std::to_string(column);
   const Records records("CREATE TABLE T (A); INSERT INTO T VALUES (1)", "SELECT " + columns + " FROM T");

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "state/request_state.h"
 #include "support/rendering.h"
 #include "views/navigation_bar.h"
 
@@ -36,10 +37,10 @@ struct Bar : tests::Rendering {
   }
 
   std::string Html(int column_span = 4) {
-    return Text([&](util::HtmlWriter& out, shell::Render& render) {
+    return Text([&](html::HtmlWriter& out, state::Render& render) {
       render.records_on_page = records_on_page;
       render.is_last_page = is_last_page;
-      out.Write(util::Verbatim{NavigationBar(render, column_span, class_suffix, last_record)});
+      out.Write(html::Verbatim{NavigationBar(render, column_span, class_suffix, last_record)});
     });
   }
 
@@ -54,16 +55,16 @@ struct Bar : tests::Rendering {
   }
 
   std::string Select() {
-    return Text([](util::HtmlWriter& out, shell::Render& render) {
-      out.Write(util::Verbatim{RecordsPerPageSelect(render)});
+    return Text([](html::HtmlWriter& out, state::Render& render) {
+      out.Write(html::Verbatim{RecordsPerPageSelect(render)});
     });
   }
 
   bool ShowsSelect() {
     bool shows = false;
-    Text([&](util::HtmlWriter&, shell::Render& render) {
+    Text([&](html::HtmlWriter&, state::Render& render) {
       render.records_on_page = records_on_page;
-      shows = ShowsRecordsPerPageSelect(render);
+      shows = state::ShowsRecordsPerPageSelect(render);
     });
     return shows;
   }

@@ -148,7 +148,7 @@ TEST(NavigationButtons, TakeTheirImagesFromTheFolderOfThePage) {
 
 TEST(NavigationButtons, SpeakOfRecordsWhereOneIsShownAtATime) {
   Bar bar;
-  bar.settings.language_tables = shell::BuiltInTables("GER");
+  bar.settings.language_tables = settings::BuiltInTables("GER");
   bar.ShowRecord(3);
 
   for (const char* title :
@@ -159,7 +159,7 @@ TEST(NavigationButtons, SpeakOfRecordsWhereOneIsShownAtATime) {
 
 TEST(NavigationButtons, SpeakOfPagesInTheGridWithTheOtherGrammaticalForm) {
   Bar bar;
-  bar.settings.language_tables = shell::BuiltInTables("GER");
+  bar.settings.language_tables = settings::BuiltInTables("GER");
   bar.ShowRows(21, 40);
 
   for (const char* title : {"Erste Seite", "Vorherige Seite", "Nächste Seite", "Letzter Seite"}) {

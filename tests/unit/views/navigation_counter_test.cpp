@@ -85,7 +85,7 @@ TEST(Counters, ShowTheFullCountBehindALimit) {
 
 TEST(Counters, SpeakTheLanguageOfTheView) {
   Bar bar;
-  bar.settings.language_tables = shell::BuiltInTables("NOR");
+  bar.settings.language_tables = settings::BuiltInTables("NOR");
   EXPECT_EQ(bar.Counter(), "poster (1..20) av 45&nbsp;&nbsp;side 1 av 3");
 
   bar.ShowRows(45, 45);

@@ -56,7 +56,7 @@ TEST(RecordsPerPageSelect, ComparesOptionsWithoutBlanksAndWritesThemAsTheyStand)
 
 TEST(RecordsPerPageSelect, HasTheLabelOfItsLanguage) {
   Bar bar;
-  bar.settings.language_tables = shell::BuiltInTables("GER");
+  bar.settings.language_tables = settings::BuiltInTables("GER");
 
   EXPECT_TRUE(bar.Select().starts_with("Datensätze pro Seite&nbsp;:&nbsp;<select "));
 }

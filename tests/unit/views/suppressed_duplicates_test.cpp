@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "cells/column_settings.h"
+#include "settings/column_settings.h"
 #include "support/grid_rows.h"
 
 namespace dralo::tests {
@@ -62,7 +62,7 @@ TEST(SuppressedDuplicates, KeepAttributesButNoAlignment) {
   view.settings.GridFieldsSupressDup = "1";
   view.settings.GridCellsNoBr = "1";
   view.settings.GridTDTag = "valign=top";
-  cells::SetGridColAttributes(view.settings, 1, "nowrap");
+  settings::SetGridColAttributes(view.settings, 1, "nowrap");
   const Records records = Column("INTEGER", {"7", "7"});
 
   EXPECT_EQ(view.Grid(*records), Lines(R"(
@@ -133,7 +133,7 @@ TEST(SuppressedDuplicates, AreRememberedByColumnUnlessTwoShareAnEntry) {
 TEST(SuppressedDuplicates, CompareValuesAndNotTemplates) {
   Rendering view = RowsOnly();
   view.settings.GridFieldsSupressDup = "V";
-  cells::SetGridFreeFormatCellByCol(view.settings, 1, "same");
+  settings::SetGridFreeFormatCellByCol(view.settings, 1, "same");
   const Records records = Column("INTEGER", {"1", "2", "2"});
 
   const std::string grid = view.Grid(*records);

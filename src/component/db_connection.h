@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/connection.h"
+#include "platform/environment.h"
+#include "platform/page_connection.h"
+#include "platform/page_context.h"
+
+namespace dralo::component {
+
+/// Lets several views on one page share one open database connection. Scripts know it as
+/// "Dralo.DBConnection".
+class DBConnection final : public platform::PageConnection {
+ public:
+  /// Makes an "ADODB.Connection" of its own; it is not open yet. `environment` must outlive the object.
+  explicit DBConnection(platform::Environment& environment);
+
+  /// Binds the connection to the page. After OnEndPage() it has a new connection of its own, not open yet,
+  /// where the former page had one.
+  void OnStartPage(platform::PageContext& page);
+
+  /// Gives its own connection back, and lets go of the page; a connection that the page supplied stays as it
+  /// is.
+  void OnEndPage();
+
+  const std::shared_ptr<platform::Connection>& Connection() const override { return connection_; }
+
+  /// From now on uses `connection`, which stays the page's own: it is not closed at page end.
+  void SetConnection(std::shared_ptr<platform::Connection> connection);
+
+  platform::DatabaseEngine Engine() const override { return engine_; }
+  std::string_view EngineName() const override;
+  void SetEngineName(std::string_view name) override;
+
+ private:
+  platform::Environment& environment_;
+  std::shared_ptr<platform::Connection> connection_;
+  bool owns_connection_ = true;
+  // A connection on which no engine was set reads "ORACLE" as well.
+  platform::DatabaseEngine engine_ = platform::DatabaseEngine::kOracle;
+};
+
+}  // namespace dralo::component

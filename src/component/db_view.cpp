@@ -1,0 +1,114 @@
+#include "component/db_view.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "driver/render_driver.h"
+#include "settings/guard.h"
+#include "settings/setters.h"
+#include "state/current_mode.h"
+#include "state/request_keys.h"
+
+namespace dralo::component {
+
+DbView::DbView(platform::Environment& environment) : environment_(environment) {}
+
+DbView::~DbView() = default;
+
+void DbView::OnStartPage(platform::PageContext& page) {
+  page_ = nullptr;
+  page_start_failed_ = true;
+  if (has_ended_page_) ForgetFormerPage();
+  settings::Guarded(settings_, "OnStartPage", [&] {
+    // A host that cannot say what was asked, or where to write, gives no page.
+    static_cast<void>(page.GetRequest());
+    static_cast<void>(page.GetResponse());
+    page_ = &page;
+    page_start_failed_ = false;
+  });
+}
+
+void DbView::OnEndPage() {
+  if (settings_.owns_connection) settings_.DrConnection.reset();
+  // It may hold a statement of the database open.
+  settings::SetAdoRecordset(settings_, nullptr);
+  page_ = nullptr;
+  page_start_failed_ = false;
+  has_ended_page_ = true;
+}
+
+void DbView::ForgetFormerPage() {
+  has_ended_page_ = false;
+  settings_.ErrorMessage.clear();
+  settings_.edit_status_message.clear();
+  settings_.last_save_failed = false;
+  settings_.FromRow = 0;
+  settings_.ToRow = 0;
+  current_record_.clear();
+}
+
+void DbView::WriteHtmlTable() {
+  if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
+  if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
+  driver::WriteHtmlTable(settings_, environment_, *page_, current_record_);
+}
+
+void DbView::QHtmlTable(std::string_view connection_string, std::string_view table_name) {
+  settings::SetConnectionString(settings_, environment_, std::string(connection_string));
+  settings::SetSql(settings_, environment_, "SELECT * FROM " + std::string(table_name));
+  WriteHtmlTable();
+}
+
+std::string_view DbView::CurrentMode() const {
+  if (page_ == nullptr)
+    return state::ModeName(state::CurrentMode(settings_, nullptr, environment_.Regional()));
+  const state::RequestKeys keys(page_->GetRequest(), settings_.Tag);
+  return state::ModeName(state::CurrentMode(settings_, &keys, environment_.Regional()));
+}
+
+platform::Variant DbView::CurrentRecord(std::int16_t index) const {
+  const bool adding =
+      page_ != nullptr && state::RequestKeys(page_->GetRequest(), settings_.Tag).Has(state::key::kFormAdd);
+  if (adding || index < 1 || static_cast<std::size_t>(index) > current_record_.size()) return std::string();
+  return current_record_[static_cast<std::size_t>(index) - 1];
+}
+
+void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_table,
+                           std::string_view link_field, std::string_view display_field,
+                           std::string_view order_by, bool allow_nulls) {
+  try {
+    settings_.lookups.Add({.field_name = field_name,
+                           .table = lookup_table,
+                           .link_field = link_field,
+                           .display_field = display_field,
+                           .order_by = order_by,
+                           .allow_nulls = allow_nulls});
+  } catch (const std::exception& error) {
+    const std::string bound = std::to_string(settings_.lookups.UpperBound());
+    settings::ReportError(settings_, error.what(), "AddEditLookup. currUBound=" + bound);
+  }
+}
+
+std::string_view DbView::EditLookupAsString(std::string_view field_name) const {
+  return settings_.lookups.Find(field_name);
+}
+
+PropertyValue DbView::Get(std::string_view name) const {
+  const auto* property = FindDbViewProperty(name);
+  if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));
+  if (property->get == nullptr) throw std::invalid_argument(std::string(property->name) + " cannot be read");
+  return property->get(*this);
+}
+
+void DbView::Set(std::string_view name, const PropertyValue& value) {
+  const auto* property = FindDbViewProperty(name);
+  if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));
+  if (property->set == nullptr) throw std::invalid_argument(std::string(property->name) + " cannot be set");
+  try {
+    property->set(*this, value);
+  } catch (const std::invalid_argument& misfit) {
+    throw std::invalid_argument(std::string(property->name) + " " + misfit.what());
+  }
+}
+
+}  // namespace dralo::component

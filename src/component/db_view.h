@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "component/property.h"
+#include "platform/environment.h"
+#include "platform/object.h"
+#include "platform/page_context.h"
+#include "platform/variant.h"
+#include "settings/settings.h"
+
+namespace dralo::component {
+
+/// Turns a database query into an interactive part of a web page. Scripts know it as "Dralo.DbView".
+/// Lives for one page: made by the page script, bound to the page, configured through its properties,
+/// rendered.
+class DbView final : public platform::Object {
+ public:
+  /// `environment` must outlive the view.
+  explicit DbView(platform::Environment& environment);
+  ~DbView() override;
+
+  /// Binds the view to the page; `page` must live until OnEndPage(). A page that cannot be had is told in
+  /// ErrorMessage, and the view is bound to none. On a page after the first the view begins anew but for its
+  /// properties: messages, row numbers and the shown record of the former page are forgotten.
+  void OnStartPage(platform::PageContext& page);
+
+  /// Gives back the connection that the ConnectionString property opened, and lets go of the page and of a
+  /// supplied recordset. Commands stay and can be run on the next page.
+  void OnEndPage();
+
+  /// Reads the request, carries out a posted change, and writes the view that the request selects.
+  /// Failures of the database and of rendering end up in ErrorMessage; after a page start that failed it does
+  /// nothing. Throws platform::Error when the view is not bound to a page, and lets errors of a posted
+  /// change's preparation through.
+  void WriteHtmlTable();
+
+  /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
+  /// Throws platform::Error when the connection cannot be opened.
+  void QHtmlTable(std::string_view connection_string, std::string_view table_name);
+
+  /// "grid", "formview", "formedit" or "formadd": the view that the request and the properties select.
+  /// May be asked before and after rendering.
+  std::string_view CurrentMode() const;
+
+  /// The value at the 1-based position `index` of the record that was rendered (of a grid: its first); an
+  /// empty text before rendering, out of range, and while a record is being added.
+  platform::Variant CurrentRecord(std::int16_t index) const;
+
+  /// Shows the edit field as a select list: the values of `link_field` in the table, as the texts of
+  /// `display_field`, in the order of `order_by` when it is not empty; `allow_nulls` adds an empty choice. No
+  /// text may contain a comma. Of several lookups of a field the first counts.
+  void AddEditLookup(std::string_view field_name, std::string_view lookup_table, std::string_view link_field,
+                     std::string_view display_field, std::string_view order_by, bool allow_nulls);
+
+  /// The texts and "1" or "0" that AddEditLookup() was given for the field, joined by ","; empty when it has
+  /// no lookup. Letter case does not matter. Valid until the next AddEditLookup().
+  std::string_view EditLookupAsString(std::string_view field_name) const;
+
+  /// A property by its name in any letter case. Throws std::invalid_argument naming the property when there
+  /// is none of that name, when its access does not allow it, and when the value does not fit.
+  PropertyValue Get(std::string_view name) const;
+  void Set(std::string_view name, const PropertyValue& value);
+
+  const settings::Settings& GetSettings() const { return settings_; }
+  settings::Settings& MutableSettings() { return settings_; }
+  platform::Environment& GetEnvironment() const { return environment_; }
+
+ private:
+  void ForgetFormerPage();
+
+  platform::Environment& environment_;
+  platform::PageContext* page_ = nullptr;
+  bool page_start_failed_ = false;
+  bool has_ended_page_ = false;  ///< What the former page left is still there to be read.
+  settings::Settings settings_;
+  std::vector<platform::Variant> current_record_;
+};
+
+}  // namespace dralo::component

@@ -1,0 +1,26 @@
+#include "driver/record_count.h"
+
+#include "platform/recordset.h"
+#include "state/request_number.h"
+
+namespace dralo::driver {
+
+std::string RecordCountStatement(std::string_view query) {
+  std::string statement = "SELECT COUNT(*) AS ANT FROM (";
+  statement += query;
+  statement += ") DRALOALIAS";
+  return statement;
+}
+
+std::int32_t RecordCount(platform::Environment& environment,
+                         const std::shared_ptr<platform::Connection>& connection, std::string_view query) {
+  const auto recordset = platform::Create<platform::Recordset>(environment, "ADODB.Recordset");
+  recordset->SetMaxRecords(1);
+  recordset->Open(RecordCountStatement(query), connection);
+  const std::int32_t count =
+      state::ToInt32(environment.Regional(), recordset->Fields()[0]->Value(), "The record count");
+  recordset->Close();
+  return count;
+}
+
+}  // namespace dralo::driver

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/connection.h"
+#include "platform/environment.h"
+
+namespace dralo::driver {
+
+/// The statement that counts the records of `query`, which must be valid as a derived table.
+std::string RecordCountStatement(std::string_view query);
+
+/// How many records `query` has. Throws platform::Error when the counting statement fails, its source being
+/// the counting statement, or when the number does not fit 32 bits.
+std::int32_t RecordCount(platform::Environment& environment,
+                         const std::shared_ptr<platform::Connection>& connection, std::string_view query);
+
+}  // namespace dralo::driver

@@ -1,0 +1,192 @@
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "platform/response.h"
+
+namespace dralo::html {
+
+/// Text that is written as it is: the page author's markup, names, and values of the database, which pages
+/// print without escaping.
+struct Verbatim {
+  std::string_view text;
+};
+
+/// Two texts written one directly behind the other, as they are: a request key of its prefix and its name.
+struct Joined {
+  std::string_view first;
+  std::string_view second;
+};
+
+/// Text inside an attribute: double quotes are written "&quot;", everything else as it is.
+struct Quoted {
+  std::string_view text;
+};
+
+/// Text inside a query string: letters and digits as they are, a blank as "+", every other byte as "%XX".
+struct Encoded {
+  std::string_view text;
+};
+
+/// An integer type whose values are numbers, not truth values or characters.
+template <class T>
+concept Number = std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char>;
+
+/// What may stand in a slot: a number, or a text that says how it is written.
+template <class T>
+concept Slot = Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined> ||
+    std::is_same_v<T, Quoted> || std::is_same_v<T, Encoded>;
+
+/// A string literal with one "{}" slot per argument. Only a literal converts to it, so a value can never
+/// become markup by accident; a wrong number of slots does not compile.
+template <class... Slots>
+class Template {
+ public:
+  consteval Template(const char* literal) {  // NOLINT(google-explicit-constructor): Put("<b>") is the point
+    std::string_view rest(literal);
+    std::size_t slots = 0;
+    for (std::size_t at = rest.find("{}"); at != rest.npos; at = rest.find("{}"), ++slots) {
+      if (slots == sizeof...(Slots)) throw "more {} slots than arguments";
+      pieces_[slots] = rest.substr(0, at);
+      rest.remove_prefix(at + 2);
+    }
+    if (slots != sizeof...(Slots)) throw "fewer {} slots than arguments";
+    pieces_[slots] = rest;
+  }
+
+  /// The literal text before slot `index`; with the number of slots, the text behind the last.
+  constexpr std::string_view Piece(std::size_t index) const { return pieces_[index]; }
+
+ private:
+  std::array<std::string_view, sizeof...(Slots) + 1> pieces_;
+};
+
+/// Appends HTML to one buffer and hands it to a response in pieces, or keeps it as a text.
+/// Literals are kept byte for byte.
+class HtmlWriter {
+ public:
+  /// For pages: the first piece reaches the visitor soon.
+  static constexpr std::size_t kPageBytes = std::size_t{16} * 1024;
+  /// For downloads: servers pass on few large pieces with much less work than many small ones.
+  static constexpr std::size_t kDownloadBytes = std::size_t{64} * 1024;
+
+  /// Collects a text; see Take().
+  HtmlWriter() = default;
+
+  /// Writes to `response`, which must outlive the writer. What was not flushed is lost with the writer.
+  explicit HtmlWriter(platform::Response& response) : response_(&response) {}
+
+  HtmlWriter(const HtmlWriter&) = delete;
+  HtmlWriter& operator=(const HtmlWriter&) = delete;
+
+  /// About how many bytes a piece has from the next one on; at first kPageBytes.
+  void SetPieceBytes(std::size_t bytes) { piece_bytes_ = bytes; }
+
+  /// Writes `markup`, each slot replaced by the next value.
+  template <Slot... Slots>
+  HtmlWriter& Put(Template<std::type_identity_t<Slots>...> markup, const Slots&... values) {
+    std::size_t piece = 0;
+    ((Append(markup.Piece(piece++)), Write(values)), ...);
+    Append(markup.Piece(piece));
+    return *this;
+  }
+
+  /// Same as Put(), but writes nothing unless `wanted`.
+  template <Slot... Slots>
+  HtmlWriter& PutIf(bool wanted, Template<std::type_identity_t<Slots>...> markup, const Slots&... values) {
+    return wanted ? Put<Slots...>(markup, values...) : *this;
+  }
+
+  HtmlWriter& Write(Verbatim value) {
+    Append(value.text);
+    return *this;
+  }
+  HtmlWriter& Write(Joined value) {
+    Append(value.first);
+    Append(value.second);
+    return *this;
+  }
+  HtmlWriter& Write(Quoted value);
+  HtmlWriter& Write(Encoded value);
+
+  HtmlWriter& Write(Number auto number) {
+    constexpr std::size_t kMostDigits = 24;
+    if (kMostDigits > capacity_ - used_) [[unlikely]]
+      MakeRoom(kMostDigits);
+    char* const start = buffer_.get() + used_;
+    used_ += static_cast<std::size_t>(std::to_chars(start, start + kMostDigits, number).ptr - start);
+    return *this;
+  }
+
+  /// Hands what was collected to the response. Does nothing without one.
+  void Flush();
+
+  /// The collected text so far, for writers without a response.
+  std::string_view Collected() const { return {buffer_.get(), used_}; }
+
+  /// Forgets the collected text, but keeps its room.
+  void Clear() { used_ = 0; }
+
+  std::string Take() {
+    std::string text(Collected());
+    used_ = 0;
+    return text;
+  }
+
+ private:
+  void Append(std::string_view text) {
+    if (text.size() > capacity_ - used_) [[unlikely]]
+      return AppendBeyondBuffer(text);
+    Copy(buffer_.get() + used_, text.data(), text.size());
+    used_ += text.size();
+  }
+
+  /// Most pieces are shorter than a call of the library's function is worth: up to 32 bytes are copied as two
+  /// halves that may overlap.
+  static void Copy(char* to, const char* from, std::size_t bytes) {
+    if (bytes > 32) {
+      std::memcpy(to, from, bytes);
+    } else if (bytes >= 16) {
+      CopyHalves<16>(to, from, bytes);
+    } else if (bytes >= 8) {
+      CopyHalves<8>(to, from, bytes);
+    } else if (bytes >= 4) {
+      CopyHalves<4>(to, from, bytes);
+    } else {
+      for (std::size_t at = 0; at < bytes; ++at) to[at] = from[at];
+    }
+  }
+
+  template <std::size_t kHalf>
+  static void CopyHalves(char* to, const char* from, std::size_t bytes) {
+    char halves[2][kHalf];
+    std::memcpy(halves[0], from, kHalf);
+    std::memcpy(halves[1], from + bytes - kHalf, kHalf);
+    std::memcpy(to, halves[0], kHalf);
+    std::memcpy(to + bytes - kHalf, halves[1], kHalf);
+  }
+
+  /// Appends a text that does not fit behind what is collected.
+  void AppendBeyondBuffer(std::string_view text);
+
+  /// Sends the buffer, or lets it grow, so that `bytes` fit, at most a piece.
+  void MakeRoom(std::size_t bytes);
+  void Grow(std::size_t capacity);
+
+  platform::Response* response_ = nullptr;
+  std::size_t piece_bytes_ = kPageBytes;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t capacity_ = 0;
+  std::size_t used_ = 0;
+};
+
+}  // namespace dralo::html

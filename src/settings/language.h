@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dralo::settings {
+
+/// Slots of LanguageTables::navigation. "First" and "second" are grammatical forms: one goes with a record,
+/// the other with a page.
+enum NavigationSlot : std::size_t {
+  kNextRecord = 0,
+  kNextPage = 1,
+  kPreviousRecord = 2,
+  kPreviousPage = 3,
+  kRecord = 4,
+  kRecords = 5,
+  kList = 6,
+  kOf = 7,
+  kFirst = 8,
+  kLast = 9,
+  kRecordsPerPage = 10,
+  kPage = 11,
+};
+
+/// Slots of LanguageTables::buttons.
+enum ButtonSlot : std::size_t { kEdit = 0, kSave = 1, kClose = 2, kAdd = 3, kDelete = 4 };
+
+/// Slots of LanguageTables::updates.
+enum UpdateSlot : std::size_t { kInserted = 0, kUpdated = 1, kDeleted = 2, kNotSaved = 3 };
+
+/// Every text that the component itself puts on a page.
+struct LanguageTables {
+  std::vector<std::string> navigation;  ///< At least 12.
+  std::vector<std::string> buttons;     ///< At least 5.
+  std::vector<std::string> updates;     ///< At least 3; the fourth may be missing.
+
+  /// The text of an update slot; empty when a page's own list is too short for it.
+  std::string_view Update(UpdateSlot slot) const {
+    return slot < updates.size() ? std::string_view(updates[slot]) : std::string_view();
+  }
+};
+
+/// The texts of "ENG", "GER" or "NOR", in exactly this letter case; nullptr for any other code.
+std::shared_ptr<const LanguageTables> BuiltInTables(std::string_view code);
+
+}  // namespace dralo::settings

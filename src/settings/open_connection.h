@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/connection.h"
+#include "platform/error.h"
+#include "settings/settings.h"
+
+namespace dralo::settings {
+
+/// The open connection of the view. Throws platform::Error that says what to set when there is none.
+inline const std::shared_ptr<platform::Connection>& OpenConnection(const Settings& settings) {
+  if (settings.DrConnection == nullptr || settings.DrConnection->Connection() == nullptr) {
+    throw platform::Error("There is no database connection: set ConnectionString or DrConnection");
+  }
+  return settings.DrConnection->Connection();
+}
+
+}  // namespace dralo::settings

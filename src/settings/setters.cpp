@@ -1,0 +1,168 @@
+#include "settings/setters.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "text/letter_case.h"
+#include "text/list.h"
+
+namespace dralo::settings {
+namespace {
+
+/// The value of the tag's width attribute without quotes; empty when it has none.
+std::string WidthOf(std::string_view tag) {
+  const std::size_t name = text::FindWord(tag, "WIDTH");
+  const std::size_t equals = name == tag.npos ? name : tag.find('=', name);
+  if (equals == tag.npos) return {};
+  tag.remove_prefix(equals + 1);
+  tag.remove_prefix(std::min(tag.find_first_not_of(' '), tag.size()));
+  std::string width(tag.substr(0, tag.find(' ')));
+  std::erase_if(width, [](char c) { return c == '"' || c == '\''; });
+  return width;
+}
+
+void TakeWidth(Settings& settings, std::string_view tag) {
+  if (settings.Width.empty() && text::ContainsWord(tag, "WIDTH")) settings.Width = WidthOf(tag);
+}
+
+bool IsQuery(std::string_view sql) {
+  return text::EqualIgnoringCase(text::TrimBlanks(sql).substr(0, 7), "SELECT ");
+}
+
+/// Puts the list's items in the place of `table`, or reports how many there were.
+/// The number reported is the upper bound of the items, one less than their count.
+void ReplaceTable(Settings& settings, std::vector<std::string> LanguageTables::*table, std::string_view list,
+                  std::size_t least_bound, std::string_view name, std::string_view wanted) {
+  std::vector<std::string> items = text::Split(list);
+  const std::size_t bound = items.size() - 1;
+  if (bound < least_bound) {
+    settings.ErrorMessage.append("Wrong number of strings set in the ")
+        .append(name)
+        .append(". ")
+        .append(std::to_string(bound))
+        .append(" was given. The correct number of strings separated by comma is ")
+        .append(wanted)
+        .append("!<br>");
+    return;
+  }
+  auto tables = std::make_shared<LanguageTables>(*settings.language_tables);
+  (*tables).*table = std::move(items);
+  settings.language_tables = std::move(tables);
+}
+
+}  // namespace
+
+void SetSql(Settings& settings, platform::Environment& environment, std::string value) {
+  settings.sql = std::move(value);
+  if (text::IsBlank(settings.FormSQL)) settings.FormSQL = settings.sql;
+  if (text::IsBlank(settings.EditSQL)) settings.EditSQL = settings.sql;
+  settings.has_stored_procedure = !IsQuery(settings.sql);
+  if (!settings.has_stored_procedure) return;
+  // The command's connection is looked up when it runs: the page may set it after the statement.
+  auto command = platform::Create<platform::Command>(environment, "ADODB.Command");
+  command->command_text = settings.sql;
+  settings.StoredProcCommand = std::move(command);
+}
+
+void SetFormSql(Settings& settings, std::string value) {
+  const bool edit_follows = text::IsBlank(settings.EditSQL) || settings.EditSQL == settings.sql;
+  if (edit_follows) settings.EditSQL = value;
+  if (value != settings.sql) settings.has_distinct_form_sql = true;
+  settings.FormSQL = std::move(value);
+  settings.ApplyCellFormattingToForm = false;
+  settings.ApplyColFormattingToForm = false;
+}
+
+void SetEditSql(Settings& settings, std::string value) {
+  if (value != settings.sql) settings.has_distinct_form_sql = true;
+  settings.EditSQL = std::move(value);
+}
+
+void SetEditOptions(Settings& settings, std::string_view value) {
+  constexpr std::string_view kAll = " ADD UPDATE DELETE";
+  settings.EditOptions = text::ToUpper(text::TrimBlanks(value));
+  settings.edit_options_as_assigned = value;
+  if (!text::ContainsWord(settings.EditOptions, "ALL")) return;
+  settings.EditOptions += kAll;
+  settings.edit_options_as_assigned += kAll;
+}
+
+void SetTableTag(Settings& settings, std::string_view value) {
+  settings.TableTag = text::ContainsWord(value, "CELLSPACING") ? "" : R"(cellspacing="0" )";
+  settings.TableTag += value;
+  TakeWidth(settings, settings.TableTag);
+}
+
+void SetGridTableTag(Settings& settings, std::string value) {
+  settings.GridTableTag = std::move(value);
+  TakeWidth(settings, settings.GridTableTag);
+}
+
+void SetWidth(Settings& settings, std::string_view value) {
+  settings.Width = value;
+  std::erase_if(settings.Width, [](char c) { return c == '"' || c == '\''; });
+}
+
+void SetDisplayNavBar(Settings& settings, std::string value) {
+  settings.DisplayNavBar = std::move(value);
+  const bool top =
+      text::ContainsWord(settings.DisplayNavBar, "TOP") || text::ContainsWord(settings.DisplayNavBar, "BOTH");
+  if (top && settings.DisplayNavBarFirstLastBtn) settings.CountRecords = true;
+}
+
+void SetDisplayNavBarFirstLastBtn(Settings& settings, bool value) {
+  settings.DisplayNavBarFirstLastBtn = value;
+  if (value) settings.CountRecords = true;
+}
+
+void SetRecordsPerPage(Settings& settings, std::int64_t value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (value >= settings.RecordsMaxLimit || value < Limits::min() || value > Limits::max()) return;
+  settings.RecordsPerPage = static_cast<std::int16_t>(value);
+}
+
+void SetAdoRecordset(Settings& settings, std::shared_ptr<platform::Recordset> value) {
+  settings.has_supplied_recordset = value != nullptr;
+  if (value != nullptr) settings.CountRecords = false;
+  settings.ADORecordset = std::move(value);
+}
+
+void SetStoredProcCommand(Settings& settings, std::shared_ptr<platform::Command> value) {
+  settings.has_stored_procedure = value != nullptr;
+  settings.StoredProcCommand = std::move(value);
+}
+
+void SetConnectionString(Settings& settings, platform::Environment& environment, std::string value) {
+  settings.ConnectionString = std::move(value);
+  settings.DrConnection = platform::Create<platform::PageConnection>(environment, "Dralo.DBConnection");
+  settings.owns_connection = true;
+  settings.DrConnection->Connection()->Open(settings.ConnectionString, "", "", -1);
+}
+
+void SetDrConnection(Settings& settings, std::shared_ptr<platform::PageConnection> value) {
+  // A connection that the view had opened itself goes back with its last owner.
+  settings.owns_connection = false;
+  settings.DrConnection = std::move(value);
+}
+
+void SetLanguage(Settings& settings, std::string value) {
+  auto tables = BuiltInTables(value);
+  if (tables == nullptr) return;
+  settings.language_tables = std::move(tables);
+  settings.Language = std::move(value);
+}
+
+void SetLanguageString(Settings& settings, std::string_view list) {
+  ReplaceTable(settings, &LanguageTables::navigation, list, 11, "LanguageString", "12");
+}
+
+void SetLanguageBtnString(Settings& settings, std::string_view list) {
+  ReplaceTable(settings, &LanguageTables::buttons, list, 4, "LanguageBtnString", "5");
+}
+
+void SetLangUpdString(Settings& settings, std::string_view list) {
+  ReplaceTable(settings, &LanguageTables::updates, list, 2, "LanguageUpdString", "3");
+}
+
+}  // namespace dralo::settings

@@ -1,0 +1,131 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/command.h"
+#include "platform/page_connection.h"
+#include "platform/recordset.h"
+#include "settings/column_store.h"
+#include "settings/language.h"
+#include "settings/lookup_list.h"
+#include "settings/posted_change.h"
+
+namespace dralo::settings {
+
+/// What a page has set on a view, with the defaults. Members that are properties bear the property's name and
+/// are written only by its setter, by the reader of the request and, for counts and row numbers, by the
+/// render itself.
+struct Settings {
+  // The query.
+  std::string sql = "";
+  std::string FormSQL = "";
+  std::string EditSQL = "";
+  std::string DeleteSQL = "";
+  bool PersistentSQL = false;
+  std::shared_ptr<platform::Command> StoredProcCommand;
+  std::string ConnectionString = "";
+  std::shared_ptr<platform::PageConnection> DrConnection;
+  std::shared_ptr<platform::Recordset> ADORecordset;
+
+  // Views, records and paging.
+  std::string Tag = "1";
+  std::string DisplayType = "default";
+  std::int16_t RecordsPerPage = 20;
+  std::int32_t RecordsMaxLimit = 1'000'000;
+  std::int32_t RecordCount = -1;
+  bool CountRecords = true;
+  std::int32_t FromRow = 0;
+  std::int32_t ToRow = 0;
+  std::string OrderByFields = "";
+  bool OrderByDesc = false;
+  bool PersistPageFormRequest = true;
+
+  // The look of the whole page.
+  bool UseCSS = true;
+  bool DisplayHeader = true;
+  bool DisplayDebug = false;
+  std::string ErrorMessage = "";
+  std::string Width = "";
+  std::string TableTag = R"(border="0" cellspacing="0")";
+  std::string GridTableTag = "";
+  std::string FormTableTag = "";
+  std::string THTag = "";
+  std::string TDTag = "";
+  std::string TDOddTag = "";
+  std::string TDEvenTag = "";
+  std::string GridTRTag = "";
+  std::string GridTROddTag = "";
+  std::string GridTREvenTag = "";
+  std::string GridTDTag = "";
+  std::string GridTDOddTag = "";
+  std::string GridTDEvenTag = "";
+  std::string FormTDTag = "";
+  std::string FooterText = "";
+
+  // Lists of columns.
+  std::string GridCellWidths = "";
+  std::string FormCellWidths = "";
+  std::string GridFieldsShow = "";
+  std::string GridFieldsHide = "";
+  std::string FormFieldsShow = "";
+  std::string FormFieldsHide = "";
+  std::string GridColsNoSort = "";
+  std::string GridCellsNoBr = "";
+  std::string GridFieldsSupressDup = "";
+  std::string GridDisplayFieldNames = "";
+  std::string FormDisplayFieldNames = "";
+  bool GridDisplayIndex = true;
+  std::int16_t GridLinkIndex = 0;
+
+  // The navigation bar.
+  std::string ImageDir = "../gfx/";
+  std::string DisplayNavBar = "bottom";
+  std::string DisplayNavBarTextOptions = "both";
+  bool DisplayNavBarFirstLastBtn = true;
+  bool DisableNavBarLastPageBtn = false;
+  bool DisplayRecordsPerPageSelect = false;
+  std::string RecordsPerPageOptions = "5,10,20,30,40,50,100,200";
+  std::string RecordsPerPageSelectPlacement = "top";
+  bool DisplayExcelIcon = true;
+
+  // Cells.
+  bool ApplyCellFormattingToExcel = false;
+  bool ApplyCellFormattingToForm = true;
+  bool ApplyColFormattingToForm = true;
+  std::int32_t MemoFieldLimit = -1;
+  std::string GridFreeFormatCellDataFieldDelimiter = "#";
+  std::string GridFreeFormatCellColumnDelimiter = ",";
+  ColumnStore GridFreeFormatCellByCol;
+  ColumnStore GridFormatCellFunction;
+  ColumnStore GridColAttributes;
+  ColumnStore GridColHeadAttributes;
+
+  // Editing.
+  std::string EditOptions = "";
+  bool EditPerformUpdates = true;
+  std::string EditPrimaryKeys = "";
+  std::string EditNewPKStatement = "";
+  std::string EditConfirmDeleteString = "";
+  std::string EditFieldsReadOnly = "";
+  std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
+  LookupList lookups;  ///< What AddEditLookup added.
+
+  // Interface language.
+  std::string Language = "ENG";
+  std::shared_ptr<const LanguageTables> language_tables = BuiltInTables("ENG");
+
+  // What setters note for the render.
+  bool has_stored_procedure = false;    ///< StoredProcCommand is run instead of an SQL text.
+  bool has_supplied_recordset = false;  ///< ADORecordset is shown and nothing is opened.
+  bool has_distinct_form_sql = false;
+  bool last_save_failed = false;         ///< A posted change was tried in the latest render and failed.
+  std::string edit_status_message = "";  ///< The outcome of the last save or delete, for the form views.
+  std::shared_ptr<const PostedChange> reported_change;  ///< Whose errors ErrorMessage has.
+  bool owns_connection = false;               ///< DrConnection was made by the ConnectionString setter.
+  std::string edit_options_as_assigned = "";  ///< EditOptions in the page's own letter case.
+};
+
+}  // namespace dralo::settings

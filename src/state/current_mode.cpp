@@ -1,0 +1,81 @@
+#include "state/current_mode.h"
+
+#include <cstdint>
+
+#include "platform/error.h"
+#include "state/request_state.h"
+#include "text/letter_case.h"
+
+namespace dralo::state {
+namespace {
+
+/// The page size that the request asks for; the property's where it asks for none or for none that can be
+/// read.
+std::int16_t RequestedRecordsPerPage(const settings::Settings& settings, const RequestKeys& keys,
+                                     const platform::Formatting& formatting) {
+  try {
+    return RecordsPerPage(settings, keys, formatting);
+  } catch (const platform::Error&) {
+    return settings.RecordsPerPage;
+  }
+}
+
+/// What decides about the view besides the properties.
+struct ViewRequest {
+  std::int16_t records_per_page = 0;
+  bool form_display = false;  ///< The one-record view is asked for.
+  bool edit = false;          ///< The edit form is asked for.
+  bool add = false;           ///< The add form is asked for.
+};
+
+bool AsksForEdit(const settings::Settings& settings, const RequestKeys& keys) {
+  if (settings.last_save_failed) return true;
+  return keys.Has(key::kFormEdit) && !keys.Has(key::kFormView);
+}
+
+bool AsksForAdd(const settings::Settings& settings, const RequestKeys& keys) {
+  if (settings.last_save_failed) return keys.Has(key::kFormInsert);
+  return keys.Has(key::kFormAdd) && !keys.Has(key::kFormView);
+}
+
+bool AsksForFormDisplay(const RequestKeys& keys) {
+  return text::EqualIgnoringCase(keys.Value(key::kFormDisplay), "FORMONEREC");
+}
+
+Mode SelectMode(const settings::Settings& settings, const ViewRequest& request) {
+  const bool form = text::ContainsWord(settings.DisplayType, "FORM") || request.form_display ||
+                    (text::ContainsWord(settings.DisplayType, "DEFAULT") && request.records_per_page == 1);
+  if (!form) return Mode::kGrid;
+  // Adding, too, needs the permission to update: the add button alone needs "ADD".
+  if (!text::ContainsWord(settings.EditOptions, "UPDATE")) return Mode::kFormView;
+  if (request.add) return Mode::kFormAdd;
+  if (request.edit || text::ContainsWord(settings.EditOptions, "NOVIEW")) return Mode::kFormEdit;
+  return Mode::kFormView;
+}
+
+}  // namespace
+
+std::string_view ModeName(Mode mode) {
+  switch (mode) {
+    case Mode::kGrid:
+      return "grid";
+    case Mode::kFormView:
+      return "formview";
+    case Mode::kFormEdit:
+      return "formedit";
+    case Mode::kFormAdd:
+      return "formadd";
+  }
+  return "grid";
+}
+
+Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
+                 const platform::Formatting& formatting) {
+  if (keys == nullptr) return SelectMode(settings, {.records_per_page = settings.RecordsPerPage});
+  return SelectMode(settings, {.records_per_page = RequestedRecordsPerPage(settings, *keys, formatting),
+                               .form_display = AsksForFormDisplay(*keys),
+                               .edit = AsksForEdit(settings, *keys),
+                               .add = AsksForAdd(settings, *keys)});
+}
+
+}  // namespace dralo::state

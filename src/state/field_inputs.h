@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "html/html_writer.h"
+#include "state/request_keys.h"
+
+namespace dralo::state {
+
+/// The inputs of the edit form's fields in the page and in what was posted. An input is named "Morvu", the
+/// view's tag, "_Form_" and the field's name.
+class FieldInputs {
+ public:
+  /// `keys` must outlive the object.
+  explicit FieldInputs(const RequestKeys& keys);
+
+  /// The name of a field's input. Valid as long as the object and `field`.
+  html::Joined Name(std::string_view field) const { return {prefix_, field}; }
+
+  /// What was posted for the field, as posted; nothing when its input is not in the posted form. The query
+  /// string does not count, letter case does not matter. Valid as long as the request.
+  std::optional<std::string_view> Posted(std::string_view field) const;
+
+ private:
+  const RequestKeys& keys_;
+  std::string prefix_;
+};
+
+}  // namespace dralo::state

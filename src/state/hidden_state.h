@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+
+#include "state/render.h"
+
+namespace dralo::state {
+
+/// Writes the view's state, and the page's own fields behind it, as hidden inputs into the view's form.
+void PutHiddenState(Render& render);
+
+/// Writes the key of the record that is edited, as the next request must post it.
+void PutHiddenKey(Render& render, std::string_view primary_key);
+
+}  // namespace dralo::state

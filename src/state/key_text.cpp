@@ -1,0 +1,122 @@
+#include "state/key_text.h"
+
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+#include <variant>
+
+#include "platform/field_type.h"
+#include "platform/type_code.h"
+
+namespace dralo::state {
+namespace {
+
+using platform::DateTime;
+
+/// `number` with zeros in front, so that it has at least so many digits.
+void AppendPadded(std::string& text, unsigned number, std::size_t digits) {
+  std::array<char, 10> written{};
+  const char* end = std::to_chars(written.begin(), written.end(), number).ptr;
+  const auto size = static_cast<std::size_t>(end - written.data());
+  if (size < digits) text.append(digits - size, '0');
+  text.append(written.data(), size);
+}
+
+void AppendDate(std::string& text, const DateTime& time) {
+  AppendPadded(text, static_cast<unsigned>(time.year), 4);
+  text += '-';
+  AppendPadded(text, time.month, 2);
+  text += '-';
+  AppendPadded(text, time.day, 2);
+}
+
+void AppendTime(std::string& text, const DateTime& time) {
+  AppendPadded(text, time.hour, 2);
+  text += ':';
+  AppendPadded(text, time.minute, 2);
+  text += ':';
+  AppendPadded(text, time.second, 2);
+  if (time.nanosecond == 0) return;
+  text += '.';
+  AppendPadded(text, time.nanosecond, 9);
+  text.erase(text.find_last_not_of('0') + 1);
+}
+
+struct KeyTextWriter {
+  platform::TypeCode type;
+  std::string& scratch;
+
+  std::string_view operator()(platform::Null /*value*/) const { return {}; }
+  std::string_view operator()(platform::BytesView /*value*/) const { return {}; }
+  std::string_view operator()(std::string_view text) const { return text; }
+  std::string_view operator()(platform::DecimalView decimal) const { return decimal.text; }
+  std::string_view operator()(bool flag) const { return flag ? "1" : "0"; }
+  std::string_view operator()(std::int64_t number) const { return Digits(number); }
+  std::string_view operator()(double number) const { return Digits(number); }
+
+  std::string_view operator()(const DateTime& time) const {
+    scratch.clear();
+    const bool is_time_of_day = type == platform::TypeCode::kDbTime;
+    if (!is_time_of_day) AppendDate(scratch, time);
+    if (!is_time_of_day && time.IsMidnight() && time.nanosecond == 0) return scratch;
+    if (!is_time_of_day) scratch += ' ';
+    AppendTime(scratch, time);
+    return scratch;
+  }
+
+  std::string_view Digits(auto number) const {
+    std::array<char, 32> written{};
+    const char* end = std::to_chars(written.begin(), written.end(), number).ptr;
+    return scratch.assign(written.data(), static_cast<std::size_t>(end - written.data()));
+  }
+};
+
+template <class Number>
+std::optional<Number> Parse(std::string_view text) {
+  Number number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+}
+
+bool IsDouble(platform::TypeCode type) {
+  return type == platform::TypeCode::kSingle || type == platform::TypeCode::kDouble;
+}
+
+/// A value that `text` may be the key text of; Null when the type has none.
+platform::Variant Candidate(const platform::Formatting& formatting, platform::TypeCode type,
+                            std::string_view text) {
+  using platform::Variant;
+  if (type == platform::TypeCode::kBoolean) return Variant(text == "1");
+  if (type == platform::TypeCode::kDbTime || platform::IsDateFieldType(type)) {
+    const auto time = formatting.RecognizeDate(text);
+    return time ? Variant(*time) : Variant();
+  }
+  if (!platform::IsNumericFieldType(type)) return Variant(std::string(text));
+  if (text.find_first_not_of("+-.0123456789e") != text.npos) return {};  // Such as "nan".
+  if (const auto integer = Parse<std::int64_t>(text); integer && !IsDouble(type)) return Variant(*integer);
+  const auto number = Parse<double>(text);
+  const bool is_decimal = number && !IsDouble(type) && text.find('e') == text.npos;
+  if (is_decimal) return Variant(platform::Decimal{std::string(text)});
+  return number ? Variant(*number) : Variant();
+}
+
+}  // namespace
+
+platform::Variant KeyValue(const platform::Formatting& formatting, platform::TypeCode type,
+                           std::string_view text) {
+  platform::Variant value = Candidate(formatting, type, text);
+  std::string scratch;
+  const bool is_exact = std::visit(KeyTextWriter{type, scratch}, platform::View(value)) == text;
+  return is_exact ? value : platform::Variant(std::string(text));
+}
+
+std::string_view KeyText(platform::Field& field, std::string& scratch) {
+  return std::visit(KeyTextWriter{field.Type(), scratch}, field.Value());
+}
+
+std::string_view KeyText(const DateTime& time, platform::TypeCode type, std::string& scratch) {
+  return KeyTextWriter{type, scratch}(time);
+}
+
+}  // namespace dralo::state

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "html/html_writer.h"
+#include "state/render.h"
+
+namespace dralo::state {
+
+/// What the query string of every link of this rendering carries behind the record number: count, page size,
+/// the SQL text when it travels in the page, and the page's own fields. Kept in Render::state_query_tail.
+std::string StateQueryTail(const Render& render);
+
+/// Writes the query string that carries the view's state, standing on record `number`.
+void PutStateQuery(html::HtmlWriter& out, const Render& render, std::int32_t number);
+
+/// Writes the sort order as "&name=value" pairs.
+void PutOrderQuery(html::HtmlWriter& out, const Render& render);
+
+/// Writes the address of the add form.
+void PutAddLink(html::HtmlWriter& out, const Render& render);
+
+/// Writes the address of the grid, for the way back from the one-record view.
+void PutListLink(html::HtmlWriter& out, const Render& render);
+
+}  // namespace dralo::state

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/error.h"
+#include "platform/recordset.h"
+
+namespace dralo::state {
+
+/// The field called `name`, in any letter case; nullptr when there is none.
+platform::Field* FindField(platform::Recordset& recordset, std::string_view name);
+
+/// For throwing where a setting names a field that the record does not have.
+platform::Error UnknownField(std::string_view name);
+
+}  // namespace dralo::state

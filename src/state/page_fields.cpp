@@ -1,0 +1,66 @@
+#include "state/page_fields.h"
+
+#include <span>
+#include <string_view>
+
+#include "text/characters.h"
+#include "text/letter_case.h"
+
+namespace dralo::state {
+namespace {
+
+/// How many characters of a name are compared with the view's prefix, whatever the length of its tag.
+constexpr std::size_t kComparedCharacters = 6;
+
+bool BelongsToView(std::string_view name, std::string_view tag) {
+  const std::string_view start = name.substr(0, text::BytesOfCharacters(name, kComparedCharacters));
+  return start.starts_with(key::kPrefix) && start.substr(key::kPrefix.size()) == tag;
+}
+
+bool EndsWith(std::string_view name, std::string_view end) {
+  return name.size() >= end.size() && text::EqualIgnoringCase(name.substr(name.size() - end.size()), end);
+}
+
+/// The name of the button whose place of the click the field tells; else the name itself.
+std::string_view WithoutClick(std::string_view name) {
+  return EndsWith(name, ".x") || EndsWith(name, ".y") ? name.substr(0, name.size() - 2) : name;
+}
+
+/// Whether the field makes some view save, delete or send its spreadsheet. Keys are read in any letter case,
+/// so this is too.
+bool IsCommand(std::string_view name) {
+  return text::EqualIgnoringCase(name.substr(0, key::kPrefix.size()), key::kPrefix) &&
+         (EndsWith(name, key::kFormUpdate) || EndsWith(name, key::kFormDelete) ||
+          EndsWith(WithoutClick(name), key::kToExcel));
+}
+
+template <class Visit>
+void ForEachPageField(const settings::Settings& settings, const platform::Request& request, Visit visit) {
+  const auto walk = [&](std::span<const platform::RequestField> fields) {
+    for (const platform::RequestField& field : fields) {
+      if (!BelongsToView(field.name, settings.Tag) && !IsCommand(field.name)) visit(field);
+    }
+  };
+  walk(request.QueryString());
+  if (settings.PersistPageFormRequest) walk(request.Form());
+}
+
+}  // namespace
+
+void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings,
+                       const platform::Request& request) {
+  ForEachPageField(settings, request, [&](const platform::RequestField& field) {
+    // The name is the visitor's as much as the value is.
+    out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Quoted{field.name},
+            html::Quoted{field.value});
+  });
+}
+
+void PutPageQueryFields(html::HtmlWriter& out, const settings::Settings& settings,
+                        const platform::Request& request) {
+  ForEachPageField(settings, request, [&](const platform::RequestField& field) {
+    out.Put("&{}={}", html::Encoded{field.name}, html::Encoded{field.value});
+  });
+}
+
+}  // namespace dralo::state

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "html/html_writer.h"
+#include "platform/recordset.h"
+#include "settings/settings.h"
+
+namespace dralo::state {
+
+/// The key values that address a record in links and forms; made once for many records.
+class PrimaryKeyValueList {
+ public:
+  /// For the hidden input of a form: looks the fields of EditPrimaryKeys up in `recordset`, which must
+  /// outlive the list. The list stays empty when EditPrimaryKeys is blank.
+  PrimaryKeyValueList(const settings::Settings& settings, platform::Recordset& recordset);
+
+  /// The same for a link, which is without a key also when there is no edit statement.
+  static PrimaryKeyValueList ForLink(const settings::Settings& settings, platform::Recordset& recordset);
+
+  /// Takes the values of the current record. Returns whether they address one: not when the list is empty,
+  /// when its only value is, and after a failure, such as a key that is no field, which is reported in
+  /// ErrorMessage.
+  bool Read(settings::Settings& settings);
+
+  /// Writes the values last read, URL-encoded and joined with ",".
+  void Put(html::HtmlWriter& out) const;
+
+  /// Writes the values last read, joined with ",", as they stand between the single quotes of a text in a
+  /// script that an attribute in double quotes holds.
+  void PutInScript(html::HtmlWriter& out) const;
+
+  /// The values last read, joined with ",".
+  std::string Plain() const;
+
+ private:
+  PrimaryKeyValueList() = default;
+
+  struct Key {
+    std::string name;
+    platform::Field* field;
+    std::string value = {};
+  };
+
+  std::vector<Key> keys_;
+  std::string scratch_;
+};
+
+}  // namespace dralo::state

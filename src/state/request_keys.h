@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "html/html_writer.h"
+#include "platform/request.h"
+
+namespace dralo::state {
+
+/// Names of the keys that carry a view's state through the request; each stands behind the view's prefix.
+namespace key {
+/// What every key of every view begins with; the view's tag follows.
+inline constexpr std::string_view kPrefix = "Morvu";
+
+inline constexpr std::string_view kMaxRecords = "maxrecords";
+inline constexpr std::string_view kCountRecords = "CountRecords";
+inline constexpr std::string_view kCurrRecord = "CurrRecord";
+inline constexpr std::string_view kSql = "SQL";
+inline constexpr std::string_view kFormDisplay = "FormDisplay";
+inline constexpr std::string_view kOrderByFields = "OrderByFields";
+inline constexpr std::string_view kOrderByDesc = "OrderByDesc";
+inline constexpr std::string_view kFirst = "FIRST";
+inline constexpr std::string_view kPrevious = "PREV";
+inline constexpr std::string_view kNext = "NEXT";
+inline constexpr std::string_view kLast = "LAST";
+inline constexpr std::string_view kBookmark = "BookMark";
+inline constexpr std::string_view kPrimaryKey = "PK";
+inline constexpr std::string_view kFormEdit = "FormEdit";
+inline constexpr std::string_view kFormAdd = "FormAdd";
+inline constexpr std::string_view kFormView = "FormView";
+inline constexpr std::string_view kFormInsert = "FormInsert";
+inline constexpr std::string_view kFormUpdate = "FormUpdate";
+inline constexpr std::string_view kFormDelete = "FormDelete";
+inline constexpr std::string_view kToExcel = "ToExcel";
+
+/// What a browser appends to the name of an image button that was pressed.
+inline constexpr std::string_view kPressed = ".x";
+}  // namespace key
+
+/// The request keys of one view: "Morvu", its tag, and the key's name. The one place where keys are formed.
+class RequestKeys {
+ public:
+  RequestKeys(const platform::Request& request, std::string_view tag);
+
+  /// The key as it is written into the page. Valid as long as this object.
+  html::Joined operator()(std::string_view name) const { return {prefix_, name}; }
+
+  /// The value of the key, without blanks around it; of the posted form, else of the query string; the first
+  /// when the key occurs several times. Empty, as for a missing key, when it is blank. Letter case does not
+  /// matter. Valid as long as the request.
+  std::string_view Value(std::string_view name) const;
+
+  /// Whether the image button of that name was pressed.
+  bool WasPressed(std::string_view button) const;
+
+  bool Has(std::string_view name) const { return !Value(name).empty(); }
+
+  const platform::Request& GetRequest() const { return request_; }
+
+ private:
+  std::string_view Find(std::string_view name, std::string_view suffix) const;
+
+  const platform::Request& request_;
+  std::string prefix_;
+};
+
+}  // namespace dralo::state

@@ -1,0 +1,66 @@
+#include "state/request_number.h"
+
+#include <charconv>
+#include <limits>
+#include <optional>
+#include <string>
+
+#include "platform/error.h"
+
+namespace dralo::state {
+namespace {
+
+/// `decimal` rounded half to even, or nothing when it does not fit 64 bits.
+std::optional<std::int64_t> Rounded(std::string_view decimal) {
+  const std::size_t point = decimal.find('.');
+  const std::string_view whole = decimal.substr(0, point);
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(whole.data(), whole.data() + whole.size(), number);
+  if (error != std::errc() || end != whole.data() + whole.size()) return std::nullopt;
+  if (point == decimal.npos) return number;
+
+  const std::string_view fraction = decimal.substr(point + 1);
+  const bool half = fraction.starts_with('5') && fraction.find_first_not_of('0', 1) == fraction.npos;
+  const bool up = half ? number % 2 != 0 : fraction.starts_with('5') || fraction.find_first_of("6789") == 0;
+  if (!up) return number;
+  const bool negative = decimal.starts_with('-');
+  if (number ==
+      (negative ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max())) {
+    return std::nullopt;
+  }
+  return negative ? number - 1 : number + 1;
+}
+
+std::optional<std::int64_t> ToInt64(const platform::Formatting& formatting,
+                                    const platform::VariantView& value) {
+  if (const auto* number = std::get_if<std::int64_t>(&value)) return *number;
+  if (const auto* flag = std::get_if<bool>(&value)) return *flag ? -1 : 0;
+  if (const auto* decimal = std::get_if<platform::DecimalView>(&value)) return Rounded(decimal->text);
+  std::string scratch;
+  const auto recognized = formatting.RecognizeNumber(formatting.Text(value, scratch));
+  return recognized ? Rounded(recognized->text) : std::nullopt;
+}
+
+template <class Integer>
+Integer ToInteger(const platform::Formatting& formatting, const platform::VariantView& value,
+                  std::string_view what) {
+  const auto number = ToInt64(formatting, value);
+  using Limits = std::numeric_limits<Integer>;
+  if (number && *number >= Limits::min() && *number <= Limits::max()) return static_cast<Integer>(*number);
+  throw platform::Error(std::string(what) + " must be a whole number from " + std::to_string(Limits::min()) +
+                        " to " + std::to_string(Limits::max()));
+}
+
+}  // namespace
+
+std::int32_t ToInt32(const platform::Formatting& formatting, const platform::VariantView& value,
+                     std::string_view what) {
+  return ToInteger<std::int32_t>(formatting, value, what);
+}
+
+std::int16_t ToInt16(const platform::Formatting& formatting, const platform::VariantView& value,
+                     std::string_view what) {
+  return ToInteger<std::int16_t>(formatting, value, what);
+}
+
+}  // namespace dralo::state

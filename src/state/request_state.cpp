@@ -1,0 +1,96 @@
+#include "state/request_state.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+#include "state/request_number.h"
+#include "text/letter_case.h"
+#include "text/list.h"
+
+namespace dralo::state {
+namespace {
+
+constexpr std::int16_t kDefaultRecordsPerPage = 20;
+
+/// The request key as messages name it.
+std::string KeyName(const RequestKeys& keys, std::string_view name) {
+  const html::Joined joined = keys(name);
+  return std::string(joined.first).append(joined.second);
+}
+
+std::int32_t Int32Value(const Render& render, std::string_view name) {
+  return ToInt32(render.Regional(), render.keys.Value(name), KeyName(render.keys, name));
+}
+
+/// `number` moved by `records`, at the ends of 32 bits no further.
+std::int32_t Moved(std::int32_t number, std::int32_t records) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const std::int64_t moved = std::int64_t{number} + records;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(moved, Limits::min(), Limits::max()));
+}
+
+void ReadOrder(Render& render) {
+  const bool has_fields = render.keys.Has(key::kOrderByFields);
+  if (has_fields) render.settings.OrderByFields = render.keys.Value(key::kOrderByFields);
+  if (render.keys.Has(key::kOrderByDesc)) {
+    render.settings.OrderByDesc = true;
+  } else if (has_fields) {
+    // A click on a header asks for ascending order by saying nothing, also when the page had preset the
+    // other.
+    render.settings.OrderByDesc = false;
+  }
+}
+
+}  // namespace
+
+std::int16_t RecordsPerPage(const settings::Settings& settings, const RequestKeys& keys,
+                            const platform::Formatting& formatting) {
+  std::int16_t records = settings.RecordsPerPage;
+  if (keys.Has(key::kMaxRecords)) {
+    records = ToInt16(formatting, keys.Value(key::kMaxRecords), KeyName(keys, key::kMaxRecords));
+  }
+  return records < 1 ? kDefaultRecordsPerPage : records;
+}
+
+bool ShowsRecordsPerPageSelect(const Render& render) {
+  const settings::Settings& settings = render.settings;
+  if (!settings.DisplayRecordsPerPageSelect || (render.form_view && render.records_on_page < 2)) return false;
+  const std::string_view placement = text::TrimBlanks(settings.RecordsPerPageSelectPlacement);
+  return text::EqualIgnoringCase(placement, "top") || text::EqualIgnoringCase(placement, "bottom");
+}
+
+void ReadRequestState(Render& render) {
+  settings::Settings& settings = render.settings;
+  settings.RecordsPerPage = RecordsPerPage(settings, render.keys, render.Regional());
+  if (render.keys.Has(key::kCountRecords)) settings.CountRecords = true;
+  render.current_record =
+      render.keys.Has(key::kCurrRecord) ? std::max(Int32Value(render, key::kCurrRecord), 1) : 1;
+  if (render.keys.Has(key::kSql)) settings.sql = render.keys.Value(key::kSql);
+  render.form_display = render.keys.Value(key::kFormDisplay);
+  ReadOrder(render);
+}
+
+std::int32_t FirstOfLastPage(std::int32_t records, std::int32_t page_size) {
+  const std::int32_t remainder = records % page_size;
+  return std::max(records - (remainder == 0 ? page_size : remainder) + 1, 1);
+}
+
+void ApplyPagingButtons(Render& render) {
+  const RequestKeys& keys = render.keys;
+  const std::int32_t step = render.form_view ? 1 : render.settings.RecordsPerPage;
+  std::int32_t& current = render.current_record;
+  if (keys.WasPressed(key::kNext)) {
+    current = Moved(current, step);
+  } else if (keys.WasPressed(key::kPrevious)) {
+    current = Moved(current, -step);
+  } else if (keys.WasPressed(key::kFirst)) {
+    current = 1;
+  } else if (keys.WasPressed(key::kLast) && render.settings.RecordCount >= 0) {
+    current = FirstOfLastPage(render.settings.RecordCount, step);
+  }
+  current = std::max(current, 1);
+  render.bookmark = keys.Has(key::kBookmark) ? Int32Value(render, key::kBookmark) : current;
+}
+
+}  // namespace dralo::state

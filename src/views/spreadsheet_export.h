@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/recordset.h"
+#include "state/render.h"
+
+namespace dralo::views {
+
+/// Writes the records from the current one on, at most RecordsMaxLimit of them, as an HTML table that
+/// spreadsheet programs open: the columns that the grid shows, with their attributes, and a header row when
+/// DisplayHeader is set. Templates are not applied, format functions only with ApplyCellFormattingToExcel.
+/// Records are written as they are read. Throws platform::Error when one cannot be read; what stands before
+/// it is written by then.
+void WriteExcelTable(state::Render& render, platform::Recordset& recordset);
+
+}  // namespace dralo::views

@@ -1,0 +1,213 @@
+#include "settings/column_settings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace dralo::tests {
+namespace {
+
+using settings::SetGridFreeFormatCell;
+using settings::SetGridFreeFormatCellByCol;
+using settings::Settings;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A text that no string can hold, so that storing it fails.
+std::string_view TooLong() { return {"", std::string().max_size() + 1}; }
+
+TEST(ColumnSettings, KeepColumnsAndTextsInTheOrderOfTheirFirstSetting) {
+  Settings settings;
+
+  SetGridFreeFormatCellByCol(settings, 3, "#Name#");
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "3");
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("3", "#Name#"));
+
+  SetGridFreeFormatCellByCol(settings, 5, "x");
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "3,5");
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("3", "#Name#", "5", "x"));
+
+  SetGridFreeFormatCellByCol(settings, 3, "new");
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "3,5");
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("3", "new", "5", "x"));
+}
+
+TEST(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
+  Settings settings;
+  settings::SetGridFreeFormatCellByCol(settings, 1, " a ");
+  settings::SetGridFormatCellFunction(settings, 2, "UCASE");
+  settings::SetGridColAttributes(settings, 0, " b ");
+  settings::SetGridColHeadAttributes(settings, -4, " c ");
+
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 1), " a ");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2), "UCASE");
+  EXPECT_EQ(settings::GridColAttributes(settings, 0), " b ");
+  EXPECT_EQ(settings::GridColHeadAttributes(settings, -4), " c ");
+}
+
+TEST(ColumnSettings, ReadAsEmptyWithoutAMessageForAColumnThatHasNone) {
+  Settings settings;
+  settings::SetGridColAttributes(settings, 1, "nowrap");
+
+  EXPECT_EQ(settings::GridColAttributes(settings, 9), "");
+  EXPECT_EQ(settings::GridColHeadAttributes(settings, 9), "");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 9), "");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 9), "");
+  EXPECT_EQ(settings.ErrorMessage, "");
+}
+
+TEST(ColumnSettings, AreReportedWhenAReaderCountsOnAMissingOne) {
+  Settings settings;
+
+  EXPECT_EQ(settings::GetFreeCellStringRaw(settings, 3), "");
+  EXPECT_EQ(settings.ErrorMessage,
+            "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=-1<br>");
+
+  settings.ErrorMessage.clear();
+  EXPECT_EQ(settings::GetFormatCellStringRaw(settings, 4), "");
+  EXPECT_EQ(settings.ErrorMessage,
+            "The column has no setting in GetFormatCellStringRaw. index=4, nArrIdx=-1<br>");
+}
+
+TEST(ColumnSettings, AreFoundByTheWholeNumberOnly) {
+  Settings settings;
+  SetGridFreeFormatCellByCol(settings, 12, "x");
+
+  EXPECT_TRUE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 12));
+  for (const int column : {1, 2, 0, -12, 121}) {
+    EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, column)) << column;
+  }
+}
+
+TEST(ColumnSettings, StripAFormatFunctionOfANewColumnOnly) {
+  Settings settings;
+
+  settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2), "LEFT,3");
+
+  settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2), "  LEFT,3 ");
+}
+
+TEST(ColumnSettings, ShowTheStepsWhenTheFirstTemplateCannotBeStored) {
+  Settings settings;
+
+  SetGridFreeFormatCellByCol(settings, 3, TooLong());
+
+  EXPECT_THAT(settings.ErrorMessage,
+              testing::EndsWith(" in GridFreeFormatCellByCol. trace=Setting initial array. "
+                                "mvarGridFreeFormatCellIdx=3<br>Setting marrGridFreeCell(0)=3<br><br>"));
+}
+
+TEST(ColumnSettings, ShowTheStepsWhenAFurtherTemplateCannotBeStored) {
+  Settings settings;
+  SetGridFreeFormatCellByCol(settings, 3, "x");
+
+  SetGridFreeFormatCellByCol(settings, 5, TooLong());
+
+  EXPECT_THAT(settings.ErrorMessage,
+              testing::EndsWith(" in GridFreeFormatCellByCol. trace=Expanding array. currUBound=1, "
+                                "mvarGridFreeFormatCellIdx=3,5<br>Setting marrGridFreeCell(2)=5<br><br>"));
+}
+
+TEST(ColumnSettings, ShowTheStepsWhenAFormatFunctionCannotBeStored) {
+  Settings settings;
+
+  // Blanks around the text would be read, so it must not be trimmed: the column has a function already.
+  settings::SetGridFormatCellFunction(settings, 3, "x");
+  settings::SetGridFormatCellFunction(settings, 3, TooLong());
+
+  EXPECT_THAT(settings.ErrorMessage, testing::EndsWith(" in GridFormatCellFunction. trace=<br>"));
+}
+
+TEST(ColumnSettings, ReportAttributesThatCannotBeStored) {
+  Settings settings;
+
+  settings::SetGridColAttributes(settings, 3, TooLong());
+  EXPECT_THAT(settings.ErrorMessage, testing::EndsWith(" in GridColAttributes. <br>"));
+  settings::SetGridColHeadAttributes(settings, 3, TooLong());
+  EXPECT_THAT(settings.ErrorMessage, testing::EndsWith(" in GridColHeadAttributes. <br>"));
+}
+
+TEST(BulkTemplates, AreNumberAndTemplateInTurn) {
+  Settings settings;
+  SetGridFreeFormatCellByCol(settings, 9, "gone");
+
+  SetGridFreeFormatCell(settings, "2,<b>#Title#</b>,4,#Price# EUR");
+
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2,4");
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values,
+              ElementsAre("2", "<b>#Title#</b>", "4", "#Price# EUR"));
+  EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 9));
+}
+
+TEST(BulkTemplates, NeverMatchAColumnWhoseNumberBeginsWithABlank) {
+  Settings settings;
+
+  SetGridFreeFormatCell(settings, "2,x, 4,y");
+
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2, 4");
+  EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 4));
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2), "x");
+}
+
+TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
+  Settings settings;
+  settings.GridFreeFormatCellColumnDelimiter = "||";
+
+  SetGridFreeFormatCell(settings, "2||a,b||4||c");
+
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2), "a,b");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 4), "c");
+}
+
+TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
+  Settings settings;
+  SetGridFreeFormatCell(settings, "2,x");
+
+  SetGridFreeFormatCell(settings, "");
+
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2");
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, IsEmpty());
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2), "");
+  EXPECT_EQ(settings.ErrorMessage,
+            "The column has no setting in GetFreeCellStringRaw. index=2, nArrIdx=1<br>");
+}
+
+TEST(BulkTemplates, ReportALastColumnWithoutATemplate) {
+  Settings settings;
+
+  SetGridFreeFormatCell(settings, "2,x,3");
+
+  EXPECT_TRUE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 3));
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 3), "");
+  EXPECT_EQ(settings.ErrorMessage,
+            "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=3<br>");
+}
+
+TEST(BulkTemplates, CanBeSetByColumnAfterAnEmptyText) {
+  Settings settings;
+  SetGridFreeFormatCell(settings, "2,x,4,y");
+  SetGridFreeFormatCell(settings, "");
+
+  SetGridFreeFormatCellByCol(settings, 4, "new");
+  SetGridFreeFormatCellByCol(settings, 7, "other");
+
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2,4,7");
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("2", "", "4", "new", "7", "other"));
+  EXPECT_EQ(settings.ErrorMessage, "");
+}
+
+TEST(BulkTemplates, GetTheirMissingTemplateWhenAnotherColumnIsSet) {
+  Settings settings;
+  SetGridFreeFormatCell(settings, "2,x,3");
+
+  SetGridFreeFormatCellByCol(settings, 5, "y");
+
+  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("2", "x", "3", "", "5", "y"));
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 5), "y");
+}
+
+}  // namespace
+}  // namespace dralo::tests

@@ -1,0 +1,144 @@
+#include "state/primary_key_value_list.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+#include "support/fake_records.h"
+#include "support/records.h"
+
+namespace dralo::tests {
+namespace {
+
+using settings::Settings;
+
+/// The list as links have it, or nothing when the values address no record.
+std::string KeyList(Settings& settings, platform::Recordset& records) {
+  auto list = state::PrimaryKeyValueList::ForLink(settings, records);
+  if (!list.Read(settings)) return "(none)";
+  html::HtmlWriter out;
+  list.Put(out);
+  return out.Take();
+}
+
+Settings Editable(std::string_view keys) {
+  Settings settings;
+  settings.EditPrimaryKeys = keys;
+  settings.sql = settings.EditSQL = "SELECT * FROM T";
+  return settings;
+}
+
+constexpr std::string_view kPeopleWithKeys = R"(
+    CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Born DATE);
+    INSERT INTO T VALUES (5, 'Ann Lee', '2001-02-03'), (NULL, '', NULL))";
+
+TEST(PrimaryKeyValueList, HoldsTheEncodedTextsInTheOrderOfTheKeys) {
+  const Records people(kPeopleWithKeys);
+  Settings settings = Editable("Name, ID ,born");
+  EXPECT_EQ(KeyList(settings, *people), "Ann+Lee,5,2001%2D02%2D03");
+}
+
+TEST(PrimaryKeyValueList, IsEmptyWithoutKeys) {
+  const Records people(kPeopleWithKeys);
+  for (const std::string_view keys : {"", "  "}) {
+    Settings settings = Editable(keys);
+    EXPECT_EQ(KeyList(settings, *people), "(none)");
+    EXPECT_EQ(settings.ErrorMessage, "");
+  }
+}
+
+TEST(PrimaryKeyValueList, IsEmptyWithoutAnEditStatement) {
+  const Records people(kPeopleWithKeys);
+  Settings settings = Editable("ID");
+  settings.EditSQL = " ";
+  EXPECT_EQ(KeyList(settings, *people), "(none)");
+}
+
+TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
+  const Records people(kPeopleWithKeys);
+  Settings settings = Editable("ID");
+  settings.EditSQL.clear();
+  state::PrimaryKeyValueList list(settings, *people);
+  EXPECT_TRUE(list.Read(settings));
+  EXPECT_EQ(list.Plain(), "5");
+}
+
+TEST(PrimaryKeyValueList, TakesNoCommandForAnEditStatement) {
+  const Records people(kPeopleWithKeys);
+  Settings settings = Editable("ID");
+  settings.has_stored_procedure = true;
+  EXPECT_EQ(KeyList(settings, *people), "(none)");
+
+  settings.EditSQL = "SELECT ID FROM T";
+  EXPECT_EQ(KeyList(settings, *people), "5");
+}
+
+TEST(PrimaryKeyValueList, IsEmptyWhenItsOnlyValueIs) {
+  const Records people(kPeopleWithKeys);
+  people->MoveNext();
+  Settings id = Editable("ID");
+  EXPECT_EQ(KeyList(id, *people), "(none)");
+  Settings both = Editable("ID,Name");
+  EXPECT_EQ(KeyList(both, *people), ",");
+}
+
+TEST(PrimaryKeyValueList, ReportsAKeyThatIsNoField) {
+  const Records people(kPeopleWithKeys);
+  Settings settings = Editable("ID,Town");
+  EXPECT_EQ(KeyList(settings, *people), "(none)");
+  EXPECT_EQ(settings.ErrorMessage,
+            "The record has no field named \"Town\", when trying to construct a Primary Key URL link<br>");
+}
+
+TEST(PrimaryKeyValueList, ReportsAValueThatCannotBeRead) {
+  FakeRecords records(1);
+  records.Add("ID", platform::TypeCode::kInteger, Unreadable);
+  Settings settings = Editable("ID");
+  EXPECT_EQ(KeyList(settings, records), "(none)");
+  EXPECT_EQ(settings.ErrorMessage, "Disk gone, when trying to construct a Primary Key URL link<br>");
+}
+
+/// The key of the one record `row` of a table T(A, B), as it stands in a script and by itself.
+std::pair<std::string, std::string> ScriptAndPlain(std::string_view row) {
+  const Records records("CREATE TABLE T (A TEXT, B INTEGER); INSERT INTO T VALUES " + std::string(row));
+  Settings settings = Editable("A,B");
+  state::PrimaryKeyValueList list(settings, *records);
+  EXPECT_TRUE(list.Read(settings));
+  html::HtmlWriter out;
+  list.PutInScript(out);
+  return {out.Take(), list.Plain()};
+}
+
+TEST(PrimaryKeyValueList, IsPlainInScriptsAndInputs) {
+  EXPECT_THAT(ScriptAndPlain("('Ann Lee, Zoë & Co/100%', 5)"),
+              testing::Pair("Ann Lee, Zoë & Co/100%,5", "Ann Lee, Zoë & Co/100%,5"));
+}
+
+TEST(PrimaryKeyValueList, MasksInScriptsWhatWouldEndTheTextOrTheAttribute) {
+  EXPECT_THAT(ScriptAndPlain("('O''Neil', 5)"), testing::Pair(R"(O\'Neil,5)", "O'Neil,5"));
+  EXPECT_THAT(ScriptAndPlain(R"(('a\b\', 5))"), testing::Pair(R"(a\\b\\,5)", R"(a\b\,5)"));
+  EXPECT_THAT(ScriptAndPlain(R"(('say "x"', 5))"), testing::Pair("say &quot;x&quot;,5", R"(say "x",5)"));
+  EXPECT_THAT(ScriptAndPlain("('a&lt;b & c', 5)"), testing::Pair("a&amp;lt;b & c,5", "a&lt;b & c,5"));
+  EXPECT_THAT(ScriptAndPlain("('a' || char(13, 10) || 'b', 5)"), testing::Pair(R"(a\r\nb,5)", "a\r\nb,5"));
+}
+
+TEST(PrimaryKeyValueList, ForgetsTheLastRecordWhenTheNextCannotBeRead) {
+  FakeRecords records(1);
+  bool is_readable = true;
+  records.Add("ID", platform::TypeCode::kInteger, [&]() -> platform::VariantView {
+    if (!is_readable) throw platform::Error("Disk gone");
+    return std::int64_t{5};
+  });
+  Settings settings = Editable("ID");
+  state::PrimaryKeyValueList list(settings, records);
+  EXPECT_TRUE(list.Read(settings));
+  EXPECT_EQ(list.Plain(), "5");
+  is_readable = false;
+  EXPECT_FALSE(list.Read(settings));
+  EXPECT_EQ(list.Plain(), "");
+}
+
+}  // namespace
+}  // namespace dralo::tests

@@ -1,0 +1,150 @@
+#include "text/letter_case.h"
+
+#include <gtest/gtest.h>
+#include <unicode/uchar.h>
+
+#include <string>
+#include <utility>
+
+namespace dralo::text {
+namespace {
+
+std::string Utf8(UChar32 letter) {
+  const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((letter >> shift) & 0x3F)); };
+  if (letter < 0x80) return {static_cast<char>(letter)};
+  if (letter < 0x800) return {static_cast<char>(0xC0 | (letter >> 6)), tail(0)};
+  if (letter < 0x10000) return {static_cast<char>(0xE0 | (letter >> 12)), tail(6), tail(0)};
+  return {static_cast<char>(0xF0 | (letter >> 18)), tail(12), tail(6), tail(0)};
+}
+
+class LetterPair : public testing::TestWithParam<std::pair<const char*, const char*>> {};
+
+TEST_P(LetterPair, HasOneCapitalAndOneSmallLetter) {
+  const auto [capital, small] = GetParam();
+
+  EXPECT_EQ(ToUpper(small), capital);
+  EXPECT_EQ(ToLower(capital), small);
+  EXPECT_EQ(ToUpper(capital), capital);
+  EXPECT_EQ(ToLower(small), small);
+  EXPECT_TRUE(EqualIgnoringCase(capital, small));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Alphabets, LetterPair,
+    testing::Values(std::pair("A", "a"), std::pair("Z", "z"), std::pair("À", "à"), std::pair("Ä", "ä"),
+                    std::pair("Ö", "ö"), std::pair("Ø", "ø"), std::pair("Þ", "þ"), std::pair("Ÿ", "ÿ"),
+                    std::pair("Ā", "ā"), std::pair("Į", "į"), std::pair("Ķ", "ķ"), std::pair("Ĺ", "ĺ"),
+                    std::pair("Ł", "ł"), std::pair("Ŋ", "ŋ"), std::pair("Ŷ", "ŷ"), std::pair("Ź", "ź"),
+                    std::pair("Ž", "ž"), std::pair("Ơ", "ơ"), std::pair("Ư", "ư"), std::pair("Ǎ", "ǎ"),
+                    std::pair("Ș", "ș"), std::pair("Ə", "ə"), std::pair("Ά", "ά"), std::pair("Έ", "έ"),
+                    std::pair("Ί", "ί"), std::pair("Α", "α"), std::pair("Ρ", "ρ"), std::pair("Σ", "σ"),
+                    std::pair("Ϋ", "ϋ"), std::pair("Ό", "ό"), std::pair("Ώ", "ώ"), std::pair("А", "а"),
+                    std::pair("Я", "я"), std::pair("Ё", "ё"), std::pair("Џ", "џ"), std::pair("Ґ", "ґ"),
+                    std::pair("Ә", "ә"), std::pair("Ա", "ա"), std::pair("Ֆ", "ֆ"), std::pair("Ḁ", "ḁ"),
+                    std::pair("Ẁ", "ẁ"), std::pair("Ạ", "ạ"), std::pair("Ỹ", "ỹ")));
+
+bool IsSurrogate(UChar32 letter) { return 0xD800 <= letter && letter < 0xE000; }
+
+TEST(LetterCase, IsTheSimpleMappingOfUnicodeForEveryCharacter) {
+  int cased = 0;
+  for (UChar32 letter = 0; letter <= UCHAR_MAX_VALUE; ++letter) {
+    if (IsSurrogate(letter)) continue;
+    const std::string text = Utf8(letter);
+    const std::string capital = Utf8(u_toupper(letter));
+    const std::string small = Utf8(u_tolower(letter));
+    cased += capital != text || small != text ? 1 : 0;
+
+    ASSERT_EQ(ToUpper(text), capital) << letter;
+    ASSERT_EQ(ToLower(text), small) << letter;
+    ASSERT_TRUE(EqualIgnoringCase(text, capital)) << letter;
+    ASSERT_EQ(EqualIgnoringCase(text, small), ToUpper(text) == ToUpper(small)) << letter;
+  }
+  EXPECT_GE(cased, 2'799);
+}
+
+TEST(LetterCase, ChangesLettersOfAllScripts) {
+  EXPECT_EQ(ToUpper("ςıſµǅ"), "ΣISΜǄ");
+  EXPECT_EQ(ToLower("İKÅẞΣǅ"), "ikåßσǆ");
+  EXPECT_EQ(ToUpper("ａｚ ἀῷᾳ ⱥⲁ ა ꭰ ⓩ ⅷ 𐐨𞤢"),
+            "ＡＺ Ἀῷᾼ ȺⲀ Ა Ꭰ Ⓩ Ⅷ 𐐀𞤀");
+  EXPECT_EQ(ToLower("ＡＺ ἈΏ ȺⲀ Ა Ꭰ Ⓩ Ⅷ 𐐀𞤀"),
+            "ａｚ ἀώ ⱥⲁ ა ꭰ ⓩ ⅷ 𐐨𞤢");
+}
+
+TEST(LetterCase, IsAppendedIntoMemoryThatIsThere) {
+  std::string to = "äß ";
+  to.reserve(100);
+  const char* const memory = to.data();
+  AppendUpper(to, "ⱥς");
+  AppendLower(to, "ÄB");
+
+  EXPECT_EQ(to, "äß ȺΣäb");
+  EXPECT_EQ(to.data(), memory);
+}
+
+TEST(LetterCase, KeepsCharactersWithoutASinglePartner) {
+  const std::string kept = "0123 []{}@`ß÷×ĸŉΐΰև中😀";
+
+  EXPECT_EQ(ToUpper(kept), kept);
+  EXPECT_EQ(ToLower(kept), kept);
+}
+
+TEST(LetterCase, KeepsBytesThatAreNoUtf8) {
+  for (const char* text :
+       {"\xFF\xFE", "\x80", "\xC3", "\xE1\xBA", "\xF8\x88", "\xC1\xA1", "\xE0\x81\xA1", "\xE0\x83\xA0",
+        "\xED\xA0\x80", "\xF0\x9F\x98", "\xF0\x83\x83\xA0", "\xF4\x90\x90\xA8"}) {
+    EXPECT_EQ(ToUpper(text), text);
+    EXPECT_EQ(ToLower(text), text);
+  }
+  EXPECT_EQ(ToUpper("a\xC3z"), "A\xC3Z");
+  EXPECT_EQ(ToLower("\xE1"
+                    "BC"),
+            "\xE1"
+            "bc");
+}
+
+TEST(EqualIgnoringCase, ComparesWholeTextsWithoutRegardToCase) {
+  EXPECT_TRUE(EqualIgnoringCase("", ""));
+  EXPECT_TRUE(EqualIgnoringCase("formOneRec", "FORMONEREC"));
+  EXPECT_TRUE(EqualIgnoringCase("ÆØÅ og я", "æøå OG Я"));
+  EXPECT_FALSE(EqualIgnoringCase("a", "ab"));
+  EXPECT_FALSE(EqualIgnoringCase("a ", "a"));
+  EXPECT_FALSE(EqualIgnoringCase("o", "ö"));
+  EXPECT_FALSE(EqualIgnoringCase("[", "{"));
+}
+
+TEST(EqualIgnoringCase, ComparesLettersWhoseCapitalTakesOtherBytes) {
+  EXPECT_TRUE(EqualIgnoringCase("ⱥıſς😀", "ȺISσ😀"));
+  EXPECT_TRUE(EqualIgnoringCase("KaΣ", "Kaς"));
+  EXPECT_FALSE(EqualIgnoringCase("ⱥ", "Ⱥa"));
+  EXPECT_FALSE(EqualIgnoringCase("ß", "SS"));
+}
+
+TEST(EqualIgnoringCase, TellsDifferentBytesThatAreNoUtf8Apart) {
+  EXPECT_TRUE(EqualIgnoringCase("a\xFF", "A\xFF"));
+  EXPECT_FALSE(EqualIgnoringCase("\xFF", "\xFE"));
+  EXPECT_FALSE(EqualIgnoringCase("\xE0\x83\xA0", "à"));
+}
+
+TEST(FindWord, CountsTheBytesOfTheTextAsItIs) {
+  EXPECT_EQ(FindWord("ııwidth", "WIDTH"), 4U);
+  EXPECT_EQ(FindWord("wıdth", "WIDTH"), std::string_view::npos);
+  EXPECT_EQ(FindWord("a", ""), 0U);
+  EXPECT_EQ(FindWord("", ""), 0U);
+}
+
+TEST(ContainsWord, FindsTheWordAnywhereInAnyLetterCase) {
+  EXPECT_TRUE(ContainsWord("topBoth", "BOTH"));
+  EXPECT_TRUE(ContainsWord("FORM", "FORM"));
+  EXPECT_TRUE(ContainsWord("x", ""));
+  EXPECT_TRUE(ContainsWord("", ""));
+}
+
+TEST(ContainsWord, DoesNotFindWhatIsNotThere) {
+  EXPECT_FALSE(ContainsWord("", "TOP"));
+  EXPECT_FALSE(ContainsWord("TO P", "TOP"));
+  EXPECT_FALSE(ContainsWord("bo\xC3tom", "BOTTOM"));
+}
+
+}  // namespace
+}  // namespace dralo::text
