@@ -20,6 +20,7 @@ constexpr std::array kTexts = {Name("Oslo"),     Name("New & \"old\""), Name("O'
 constexpr std::array kWrongTexts = {Name(""), Name("\xFF\xFE"),
                                     Name("more than forty characters are too many for it"), Name("a\r\nb"),
                                     Name("\0", 1)};
+constexpr std::array kCodes = {Name("NO"), Name("DE"), Name("A1"), Name("ß")};
 constexpr std::array kWholes = {Name("1"), Name("42"), Name("-3"), Name("0"), Name("7")};
 constexpr std::array kWrongWholes = {Name("x"),     Name("3.5"),   Name("99999999999"), Name(""),
                                      Name("1.000"), Name("1,000"), Name("0x1F"),        Name("40000")};
@@ -43,6 +44,8 @@ KindTexts TextsOf(FieldKind kind) {
       return {kNewKeys, kWrongKeys};
     case FieldKind::kText:
       return {kTexts, kWrongTexts};
+    case FieldKind::kCode:
+      return {kCodes, kWrongTexts};
     case FieldKind::kWhole:
       return {kWholes, kWrongWholes};
     case FieldKind::kFraction:

@@ -61,6 +61,7 @@ void PageScript::Set(std::string_view name, const PropertyValue& value) {
 
 void PageScript::SetUp() {
   SetText("Tag", plan_.tag);
+  if (chance_.Percent(15)) SetText("Language", chance_.Pick(SuitableTexts("Language")));
   Connect();
   if (chance_.Percent(70)) SetRandomProperties();
   SetStatements();
@@ -90,6 +91,7 @@ void PageScript::SetStatements() {
   if (kind == 1) sql += " WHERE 1=1";
   if (kind == 2 && !plan_.is_careful) sql += " ORDER BY 1";
   SetText("sql", sql);
+  if (plan_.wish == Wish::kFormView && chance_.Percent(30)) SetFormOfSeveral();
   if (chance_.Percent(25)) SetOtherStatements();
 }
 
@@ -101,7 +103,26 @@ void PageScript::SetOtherStatements() {
   if (chance_.Percent(20)) SetText("EditSQL", chance_.Pick(SuitableTexts("EditSQL")));
 }
 
+void PageScript::SetFormOfSeveral() {
+  SetText("DisplayType", "form");
+  Set("RecordsPerPage", static_cast<std::int64_t>(1 + chance_.Below(5)));
+}
+
+void PageScript::SetEngine() {
+  static constexpr std::array kEngines = {Name("ORACLE"), Name("SQLA"), Name("MSSQL"), Name("access"),
+                                          Name("x")};
+  const std::string engine(chance_.Pick(kEngines));
+  const auto connection =
+      std::dynamic_pointer_cast<DBConnection>(std::get<ObjectPtr>(view_.Get("DrConnection")));
+  if (connection == nullptr) return;
+  for (const ConnectionProperty& property : ConnectionProperties()) {
+    if (property.name == "DatabaseEngine") property.set(*connection, engine);
+    journal_.AddProperty(property.name, property.get(*connection));
+  }
+}
+
 void PageScript::SetEditing() {
+  if (chance_.Percent(30)) SetEngine();
   SetText("EditOptions", chance_.Percent(50) ? "ADD UPDATE DELETE" : "ALL");
   if (chance_.Percent(10)) SetText("EditOptions", chance_.Pick(SuitableTexts("EditOptions")));
   if (plan_.is_careful || chance_.Percent(85)) SetText("EditPrimaryKeys", plan_.table->keys);
@@ -125,6 +146,7 @@ void PageScript::SetRandomProperties() {
 void PageScript::SetRandom(const ViewProperty& property) {
   const bool is_essential = std::ranges::find(kEssential, property.name) != kEssential.end();
   if (is_essential && (plan_.is_careful || chance_.Percent(80))) return;
+  if (property.set == nullptr && chance_.Percent(95)) return;
   if (property.name == "ConnectionString" && chance_.Percent(95)) return;
   if (property.type == PropertyType::kObject && chance_.Percent(95)) return;
   Set(property.name, RandomValue(property));

@@ -33,6 +33,8 @@ class PageScript {
 
   void SetStatements();
   void SetOtherStatements();
+  void SetFormOfSeveral();
+  void SetEngine();
   void SetEditing();
   void SetRandomProperties();
   void SetRandom(const ViewProperty& property);

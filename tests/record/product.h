@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/cpp/environment.h"
+#include "hosts/cpp/page.h"
 #include "platform/command.h"
 #include "platform/connection.h"
 #include "platform/page_context.h"
@@ -22,6 +23,7 @@ using platform::CursorLocation;
 using platform::CursorType;
 using platform::LockType;
 using platform::ObjectPtr;
+using platform::PageContext;
 using platform::Recordset;
 using platform::RequestField;
 using platform::Variant;
@@ -31,10 +33,13 @@ using shell::PropertyType;
 using shell::PropertyValue;
 using tests::FakePage;
 
+using HostPage = host::Page;
 using ViewProperty = shell::Property<DbView>;
+using ConnectionProperty = shell::Property<DBConnection>;
 using IndexedProperty = shell::IndexedProperty;
 
 inline auto ViewProperties() { return shell::DbViewProperties(); }
+inline auto ConnectionProperties() { return shell::DBConnectionProperties(); }
 inline auto IndexedProperties() { return shell::DbViewIndexedProperties(); }
 
 }  // namespace dralo::record

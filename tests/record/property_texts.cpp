@@ -99,12 +99,12 @@ constexpr std::array kStatements = {Name("SELECT ID, Company FROM Customers WHER
                                     Name(""),
                                     Name("select Company, ID from Customers where City='Oslo' "),
                                     Name("  SELECT 1 AS ID, 'x' AS Name")};
-constexpr std::array kLists = {Name("Next,NextP,Prev,PrevP,Rec,Recs,List,of,First,Last,Per Page,Page"),
-                               Name("a,b,c"),
-                               Name("E,S,C,A,D"),
-                               Name("neu,geändert,weg,fehlt"),
-                               Name("<b>1</b>,2,3,4,5,6,7,8,9,10,11,12,13"),
-                               Name("")};
+constexpr std::array kNavigationTexts = {
+    Name("Next,NextP,Prev,PrevP,Rec,Recs,List,of,First,Last,Per Page,Page"),
+    Name("<b>1</b>,2,3,4,5,6,7,8,9,10,11,12,13"), Name("a,b,c")};
+constexpr std::array kButtonTexts = {Name("E,S,C,A,D"), Name("Ändern,\"Sichern\",Zu,Neu,Weg,Mehr"),
+                                     Name("E,S")};
+constexpr std::array kOutcomeTexts = {Name("neu,geändert,weg,fehlt"), Name("new,changed,gone"), Name("a")};
 constexpr std::array kAddresses = {Name("../gfx/"), Name("/img/"), Name("http://x/?a=1&b="), Name("")};
 constexpr std::array kBulk = {Name("1,<b>#ID#</b>,2,#Company# (#City#)"),
                               Name("1"),
@@ -155,9 +155,9 @@ const std::array kPools = {
     Pool{"FormSQL", kStatements},
     Pool{"EditSQL", kStatements},
     Pool{"DeleteSQL", kStatements},
-    Pool{"LanguageString", kLists},
-    Pool{"LanguageBtnString", kLists},
-    Pool{"LangUpdString", kLists},
+    Pool{"LanguageString", kNavigationTexts},
+    Pool{"LanguageBtnString", kButtonTexts},
+    Pool{"LangUpdString", kOutcomeTexts},
     Pool{"ImageDir", kAddresses},
     Pool{"GridFreeFormatCell", kBulk},
     Pool{"EditConfirmDeleteString", kQuestions},

@@ -10,10 +10,10 @@ using Names = std::string_view;
 
 constexpr std::array kCustomerFields = {
     ShopField{"ID", kKey},         ShopField{"Company", kText},    ShopField{"City", kText},
-    ShopField{"Country", kText},   ShopField{"Credit", kFraction}, ShopField{"Price", kFraction},
+    ShopField{"Country", kCode},   ShopField{"Credit", kFraction}, ShopField{"Price", kFraction},
     ShopField{"Ratio", kFraction}, ShopField{"Stars", kWhole},     ShopField{"Big", kWhole},
     ShopField{"Active", kFlag},    ShopField{"Since", kDate},      ShopField{"Seen", kDate},
-    ShopField{"Wakes", kTime},     ShopField{"Note", kMemo},       ShopField{"Token", kText},
+    ShopField{"Wakes", kTime},     ShopField{"Note", kMemo},       ShopField{"Token", kCode},
 };
 constexpr std::array kLineFields = {
     ShopField{"Order", kWhole}, ShopField{"Line No", kWhole},           ShopField{"Item", kText},
@@ -24,8 +24,11 @@ constexpr std::array kPlainLineFields = {
     ShopField{"Qty", kWhole},     ShopField{"Paid", kFlag},    ShopField{"Due", kDate},
 };
 constexpr std::array kNoteFields = {ShopField{"ID", kKey}, ShopField{"Name", kText}, ShopField{"Day", kDate}};
-constexpr std::array kCodeFields = {ShopField{"Code", kText}, ShopField{"Name", kText},
+constexpr std::array kCodeFields = {ShopField{"Code", kCode}, ShopField{"Name", kText},
                                     ShopField{"Day", kDate}, ShopField{"Flag", kFlag}};
+constexpr std::array kDayFields = {ShopField{"Day", kDate}, ShopField{"Word", kText},
+                                   ShopField{"Works", kFlag}};
+constexpr std::array kAmountFields = {ShopField{"Amount", kFraction}, ShopField{"Since", kDate}};
 constexpr std::array kLooseFields = {ShopField{"a", kText}, ShopField{"b", kWhole}, ShopField{"c", kText}};
 
 constexpr std::array kCustomerKeys = {Names("1"), Names("2"),  Names("3"),
@@ -34,6 +37,8 @@ constexpr std::array kLineKeys = {Names("1,1"), Names("1,2"), Names("2,1"), Name
 constexpr std::array kNoteKeys = {Names("1")};
 constexpr std::array kCodeKeys = {Names("A1"),   Names("b'2"), Names("C,3"),
                                   Names("D\"4"), Names("Å&5"), Names("")};
+constexpr std::array kDayKeys = {Names("2024-02-29"), Names("2024-05-03"), Names("5/3/2024")};
+constexpr std::array kAmountKeys = {Names("12.5"), Names("-0.25"), Names("1000"), Names("12,5")};
 constexpr std::array kLooseKeys = {Names("1"), Names("x"), Names("2.5")};
 
 constexpr auto kTables = std::to_array<ShopTable>({
@@ -55,6 +60,10 @@ constexpr auto kTables = std::to_array<ShopTable>({
     {"Codes", "SELECT Code, Name, Day, Flag FROM Codes", "SELECT Name, Code FROM Codes", "Code", "",
      kCodeKeys, kCodeFields},
     {"Loose", "SELECT a, b, c FROM Loose", "SELECT a, c FROM Loose", "a", "", kLooseKeys, kLooseFields},
+    {"Days", "SELECT Day, Word, Works FROM Days", "SELECT Day, Works FROM Days", "Day", "", kDayKeys,
+     kDayFields},
+    {"Amounts", "SELECT Amount, Since FROM Amounts", "SELECT Since, Amount FROM Amounts", "Amount",
+     "SELECT 7.5", kAmountKeys, kAmountFields},
 });
 
 constexpr std::string_view kStatements = R"(
@@ -91,6 +100,10 @@ CREATE TABLE Empties(ID INTEGER PRIMARY KEY, Name VARCHAR(10), Day DATE);
 CREATE TABLE Codes(Code VARCHAR(10) UNIQUE, Name VARCHAR(20), Day DATE, Flag BOOL);
 INSERT INTO Codes VALUES('A1','first','2001-01-01',1),('b''2','quote',NULL,0),('C,3','comma','2003-03-03',NULL),
   ('D"4','double','1600-12-31',1),('Å&5','letters',NULL,NULL),('','empty',NULL,1),(NULL,'null','2024-12-31',0);
+CREATE TABLE Days(Day DATE NOT NULL PRIMARY KEY, Word VARCHAR(20), Works BOOLEAN);
+INSERT INTO Days VALUES('2024-02-29','leap',1),('2024-05-03',NULL,0),('1999-12-31','last',NULL);
+CREATE TABLE Amounts(Amount DECIMAL(8,2) PRIMARY KEY, Since DATETIME);
+INSERT INTO Amounts VALUES(12.5,'2024-05-03 14:07:09'),(-0.25,NULL),(1000,'2001-01-01');
 CREATE TABLE Loose(a,b,c);
 INSERT INTO Loose VALUES(1,2,'three'),('x',NULL,4.5),(2.5,'y',x'41'),(NULL,NULL,NULL),(1,7,'again');
 )";

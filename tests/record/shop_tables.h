@@ -7,7 +7,7 @@
 namespace dralo::record {
 
 /// What a form may send for a field.
-enum class FieldKind { kKey, kText, kWhole, kFraction, kDate, kTime, kFlag, kMemo };
+enum class FieldKind { kKey, kText, kCode, kWhole, kFraction, kDate, kTime, kFlag, kMemo };
 
 struct ShopField {
   std::string_view name;

@@ -136,7 +136,7 @@ class ViewRequest {
 
   void PutFields(std::string_view key) {
     const bool is_complete = chance_.Percent(plan_.is_careful ? 90 : 50);
-    const std::size_t wrong_percent = plan_.is_careful ? 0 : 8;
+    const std::size_t wrong_percent = plan_.is_careful ? 0 : 12;
     for (const ShopField& field : plan_.table->fields) {
       if (!is_complete && chance_.Percent(25)) continue;
       std::string value = FieldText(field.kind, chance_, wrong_percent);
