@@ -15,7 +15,7 @@ constexpr std::array kWishes = {
 };
 
 /// A record to change is needed more often than a table without any.
-constexpr std::array<std::size_t, 14> kTableNumbers = {0, 0, 0, 0, 0, 1, 2, 2, 3, 4, 5, 6, 7, 8};
+constexpr std::array<std::size_t, 16> kTableNumbers = {0, 0, 0, 0, 0, 0, 1, 2, 2, 3, 4, 5, 6, 7, 8, 9};
 
 constexpr std::array kViewTags = {std::string_view("1"), std::string_view("1"), std::string_view("1"),
                                   std::string_view("2"), std::string_view("a"), std::string_view("B")};

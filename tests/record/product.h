@@ -23,6 +23,7 @@ using platform::CursorLocation;
 using platform::CursorType;
 using platform::LockType;
 using platform::ObjectPtr;
+using platform::Own;
 using platform::PageContext;
 using platform::Recordset;
 using platform::RequestField;

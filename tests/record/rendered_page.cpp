@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "record/chance.h"
+#include "record/database_script.h"
 #include "record/page_script.h"
 #include "record/plan.h"
 #include "record/session.h"
@@ -61,6 +62,10 @@ RenderedPage PageMaker::Make(std::uint64_t number) {
   stage.shared = Create<DBConnection>(stage.environment, "Dralo.DBConnection");
   stage.shared->Connection()->Open(shop_.ConnectionString());
   const std::vector<Plan> plans = MakePlans(chance);
+  if (chance.Percent(12)) {
+    RunDatabaseScript(stage, *plans[0].table, chance, journal);
+    journal.Add("tables after the script", shop_.TakeChanges());
+  }
   Session(stage, plans, chance, journal).Run();
   stage.shared->OnEndPage();
   journal.Add("written tables", shop_.TakeChanges());

@@ -1,5 +1,7 @@
 #include "record/shop.h"
 
+#include <array>
+#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
@@ -18,6 +20,13 @@ Statement Prepare(sqlite3* database, std::string_view sql) {
   return {statement, &sqlite3_finalize};
 }
 
+/// SQLite's releases differ in the last digits of the numbers that they write.
+std::string FloatAt(sqlite3_stmt* row, int column) {
+  std::array<char, 32> digits;
+  const double number = sqlite3_column_double(row, column);
+  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+}
+
 std::string_view TextAt(sqlite3_stmt* row, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
   if (text == nullptr) return "NULL";
@@ -29,10 +38,14 @@ void AppendRows(sqlite3* database, const std::string& table, std::string& conten
   const Statement rows = Prepare(database, "SELECT * FROM \"" + table + "\"");
   while (sqlite3_step(rows.get()) == SQLITE_ROW) {
     for (int column = 0; column < sqlite3_column_count(rows.get()); ++column) {
-      content.append(std::to_string(sqlite3_column_type(rows.get(), column)))
-          .append("=")
-          .append(TextAt(rows.get(), column))
-          .append("|");
+      const int type = sqlite3_column_type(rows.get(), column);
+      content.append(std::to_string(type)).append("=");
+      if (type == SQLITE_FLOAT) {
+        content += FloatAt(rows.get(), column);
+      } else {
+        content += TextAt(rows.get(), column);
+      }
+      content += '|';
     }
     content += '\n';
   }

@@ -136,10 +136,14 @@ class ViewRequest {
 
   void PutFields(std::string_view key) {
     const bool is_complete = chance_.Percent(plan_.is_careful ? 90 : 50);
-    const std::size_t wrong_percent = plan_.is_careful ? 0 : 12;
-    for (const ShopField& field : plan_.table->fields) {
+    const std::span<const ShopField> fields = plan_.table->fields;
+    const std::size_t wrong = chance_.Percent(25) ? chance_.Below(fields.size()) : fields.size();
+    for (const ShopField& field : fields) {
       if (!is_complete && chance_.Percent(25)) continue;
-      std::string value = FieldText(field.kind, chance_, wrong_percent);
+      std::string value = FieldText(field.kind, chance_,
+                                    &field == &fields[0] + wrong ? 100
+                                    : plan_.is_careful           ? 0
+                                                                 : 4);
       if (const auto text = KeyText(field, key); !text.empty() && chance_.Percent(95)) value = text;
       Put("_Form_" + std::string(field.name), value);
     }
@@ -148,14 +152,16 @@ class ViewRequest {
   /// The part of the key that the field holds; empty when it is none.
   std::string KeyText(const ShopField& field, std::string_view key) const {
     if (plan_.wish == Wish::kInsert) return {};
-    const auto& fields = plan_.table->fields;
-    const std::size_t comma = key.find(',');
+    const std::span<const ShopField> fields = plan_.table->fields;
     if (plan_.table->keys.find(',') == std::string_view::npos) {
-      return field.name == fields[0].name ? std::string(key) : std::string();
+      return &field == &fields[0] ? std::string(key) : std::string();
     }
-    if (field.name == fields[0].name) return std::string(key.substr(0, comma));
-    if (field.name == fields[1].name && comma != key.npos) return std::string(key.substr(comma + 1));
-    return {};
+    for (const ShopField* known = &fields[0]; known != &field; ++known) {
+      const std::size_t comma = key.find(',');
+      if (comma == key.npos) return {};
+      key.remove_prefix(comma + 1);
+    }
+    return std::string(key.substr(0, key.find(',')));
   }
 
   const Plan& plan_;
