@@ -3,9 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace dralo::record {
 

@@ -1,11 +1,9 @@
 /// Renders random pages, the same ones in every run, and prints for each its number and a hash of all that is
 /// observable of it: see the text that --help prints.
 #include <cstdint>
-#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -11,7 +11,7 @@
 
 namespace dralo::record {
 
-/// One page and what statistics count of it.
+/// All that is known of one page.
 struct RenderedPage {
   std::string text;  ///< All that is observable.
   /// Whether nothing in the text is another library's: the texts of locales and messages of SQLite.
