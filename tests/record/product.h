@@ -1,19 +1,23 @@
 #pragma once
 
+#include "component/db_connection.h"
+#include "component/db_view.h"
+#include "component/property.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/page.h"
 #include "platform/command.h"
 #include "platform/connection.h"
 #include "platform/page_context.h"
 #include "platform/recordset.h"
-#include "shell/db_connection.h"
-#include "shell/db_view.h"
-#include "shell/property.h"
 #include "support/fake_page.h"
 
 /// The product as a host sees it: the only place of this folder that names its namespaces and headers.
 namespace dralo::record {
 
+using component::DBConnection;
+using component::DbView;
+using component::PropertyType;
+using component::PropertyValue;
 using host::Environment;
 using platform::Command;
 using platform::CommandType;
@@ -28,19 +32,15 @@ using platform::PageContext;
 using platform::Recordset;
 using platform::RequestField;
 using platform::Variant;
-using shell::DBConnection;
-using shell::DbView;
-using shell::PropertyType;
-using shell::PropertyValue;
 using tests::FakePage;
 
 using HostPage = host::Page;
-using ViewProperty = shell::Property<DbView>;
-using ConnectionProperty = shell::Property<DBConnection>;
-using IndexedProperty = shell::IndexedProperty;
+using ViewProperty = component::Property<DbView>;
+using ConnectionProperty = component::Property<DBConnection>;
+using IndexedProperty = component::IndexedProperty;
 
-inline auto ViewProperties() { return shell::DbViewProperties(); }
-inline auto ConnectionProperties() { return shell::DBConnectionProperties(); }
-inline auto IndexedProperties() { return shell::DbViewIndexedProperties(); }
+inline auto ViewProperties() { return component::DbViewProperties(); }
+inline auto ConnectionProperties() { return component::DBConnectionProperties(); }
+inline auto IndexedProperties() { return component::DbViewIndexedProperties(); }
 
 }  // namespace dralo::record
