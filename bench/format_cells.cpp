@@ -46,17 +46,13 @@ void FormatCells(benchmark::State& state, std::string_view format, const Sample&
   dralo::settings::SetGridFormatCellFunction(settings, 1, format);
   const dralo::state::RequestKeys keys(page.GetRequest(), settings.Tag);
   dralo::html::HtmlWriter out;
-  std::vector<dralo::platform::Variant> current;
-  dralo::state::Render render{.settings = settings,
-                              .environment = environment,
-                              .keys = keys,
-                              .out = out,
-                              .script_name = "",
-                              .current_record_values = current};
+  dralo::state::Render render{
+      .settings = settings, .environment = environment, .keys = keys, .out = out, .script_name = ""};
+  dralo::cells::FormatFunction function(render, 1);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(dralo::cells::GetFormatCellString(render, values, 1));
+    benchmark::DoNotOptimize(function.CellText(render, values));
   }
-  if (!settings.ErrorMessage.empty()) state.SkipWithError("a cell could not be formatted");
+  if (!render.outcome.errors.empty()) state.SkipWithError("a cell could not be formatted");
 }
 
 const Sample kWhole{TypeCode::kInteger, {std::int64_t{1234567}, std::int64_t{-89}, std::int64_t{0}}};

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <exception>
-#include <memory>
 #include <utility>
 
 #include "cells/date_functions.h"
@@ -63,9 +62,10 @@ CellFunction MakeFunction(platform::Environment& environment, std::string_view t
 
 }  // namespace
 
-FormatFunction::FormatFunction(const state::Render& render, int column) {
+FormatFunction::FormatFunction(state::Render& render, int column) {
   try {
-    function_ = MakeFunction(render.environment, settings::GetFormatCellStringRaw(render.settings, column),
+    function_ = MakeFunction(render.environment,
+                             settings::GetFormatCellStringRaw(render.settings, column, render.Errors()),
                              render.settings.GridFreeFormatCellColumnDelimiter);
   } catch (const std::exception& error) {
     failure_ = error.what();
@@ -80,17 +80,9 @@ std::string_view FormatFunction::CellText(state::Render& render, platform::Field
     const std::string_view text = function_(input, text_);
     return text.empty() ? kEmptyCell : text;
   } catch (const std::exception& error) {
-    render.settings.ErrorMessage.append(error.what()).append(" Invalid Formatting arguments<br>");
+    render.Errors().AddFormattingFailure(error.what());
     return kEmptyCell;
   }
-}
-
-std::string_view GetFormatCellString(state::Render& render, platform::Field& field, int column) {
-  const auto place = static_cast<std::size_t>(column);
-  if (place >= render.format_functions.size()) render.format_functions.resize(place + 1);
-  std::shared_ptr<FormatFunction>& function = render.format_functions[place];
-  if (!function) function = std::make_shared<FormatFunction>(render, column);
-  return function->CellText(render, field);
 }
 
 }  // namespace dralo::cells

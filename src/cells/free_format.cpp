@@ -1,7 +1,7 @@
 #include "cells/free_format.h"
 
 #include "settings/column_settings.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "text/list.h"
 
 namespace dralo::cells {
@@ -16,12 +16,11 @@ FreeFormatCell::FreeFormatCell(const state::Render& render, platform::Recordset&
 }
 
 void FreeFormatCell::Put(html::HtmlWriter& out, state::Render& render, std::int32_t number) {
-  settings::Settings& settings = render.settings;
   if (!template_) {
-    return settings::ReportMissingSetting(settings, "GetFreeCellString", settings.GridFreeFormatCellByCol,
-                                          column_);
+    return settings::ReportMissingSetting(render.Errors(), "GetFreeCellString",
+                                          render.settings.GridFreeFormatCellByCol, column_);
   }
-  settings::Guarded(settings, name_in_messages_, [&] { template_->Put(out, render, number); });
+  settings::Guarded(render.Errors(), name_in_messages_, [&] { template_->Put(out, render, number); });
 }
 
 RecordTag::RecordTag(std::string_view text, const state::Render& render, platform::Recordset& recordset)
@@ -32,7 +31,7 @@ RecordTag::RecordTag(std::string_view text, const state::Render& render, platfor
 std::string_view RecordTag::Text(state::Render& render, std::int32_t number) {
   if (template_.HasPlaceholders()) {
     text_.Clear();
-    settings::Guarded(render.settings, "ReplaceFieldValuesFromTag",
+    settings::Guarded(render.Errors(), "ReplaceFieldValuesFromTag",
                       [&] { template_.Put(text_, render, number); });
   }
   return text::TrimBlanks(text_.Collected());

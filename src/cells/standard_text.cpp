@@ -6,7 +6,7 @@
 #include <variant>
 
 #include "platform/field_type.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "text/characters.h"
 #include "text/list.h"
 
@@ -58,7 +58,7 @@ std::string_view WithEnding(state::Render& render, std::string_view text, std::s
 /// The memo as cells show it under a MemoFieldLimit of 0 or more.
 std::string_view LimitedMemo(state::Render& render, std::string_view memo) {
   if (memo.empty() || render.settings.MemoFieldLimit == 0) return {};
-  if (render.form_view) return WithEnding(render, memo, kBlankCell);
+  if (state::IsForm(render.view.mode)) return WithEnding(render, memo, kBlankCell);
   const auto limit = static_cast<std::size_t>(render.settings.MemoFieldLimit);
   const std::size_t bytes = text::BytesOfCharacters(memo, limit);
   if (bytes == memo.size()) return WithEnding(render, memo, kBlankCell);
@@ -74,7 +74,7 @@ std::string_view GuardedText(state::Render& render, platform::Field& field, std:
   } catch (const std::exception& error) {
     std::string name(function);
     name.append(". oField.Name=").append(field.Name());
-    settings::ReportError(render.settings, error.what(), name);
+    render.Errors().Add(error.what(), name);
   }
   return {};
 }

@@ -4,12 +4,27 @@
 #include <utility>
 
 #include "driver/render_driver.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "settings/setters.h"
 #include "state/current_mode.h"
 #include "state/request_keys.h"
 
 namespace dralo::component {
+namespace {
+
+template <class Action>
+class Finally {
+ public:
+  explicit Finally(Action action) : action_(std::move(action)) {}
+  ~Finally() { action_(); }
+  Finally(const Finally&) = delete;
+  Finally& operator=(const Finally&) = delete;
+
+ private:
+  Action action_;
+};
+
+}  // namespace
 
 DbView::DbView(platform::Environment& environment) : environment_(environment) {}
 
@@ -19,7 +34,7 @@ void DbView::OnStartPage(platform::PageContext& page) {
   page_ = nullptr;
   page_start_failed_ = true;
   if (has_ended_page_) ForgetFormerPage();
-  settings::Guarded(settings_, "OnStartPage", [&] {
+  settings::Guarded(settings::ErrorReport(settings_.ErrorMessage), "OnStartPage", [&] {
     // A host that cannot say what was asked, or where to write, gives no page.
     static_cast<void>(page.GetRequest());
     static_cast<void>(page.GetResponse());
@@ -40,17 +55,38 @@ void DbView::OnEndPage() {
 void DbView::ForgetFormerPage() {
   has_ended_page_ = false;
   settings_.ErrorMessage.clear();
-  settings_.edit_status_message.clear();
-  settings_.last_save_failed = false;
   settings_.FromRow = 0;
   settings_.ToRow = 0;
-  current_record_.clear();
+  outcome_ = {};
 }
 
 void DbView::WriteHtmlTable() {
   if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
   if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
-  driver::WriteHtmlTable(settings_, environment_, *page_, current_record_);
+  const platform::Request& request = page_->GetRequest();
+  const state::RequestKeys keys(request, settings_.Tag);
+  html::HtmlWriter out(page_->GetResponse());
+  state::Render render{.settings = settings_,
+                       .environment = environment_,
+                       .keys = keys,
+                       .out = out,
+                       .script_name = request.ServerVariable("SCRIPT_NAME"),
+                       .outcome = StartingOutcome()};
+  // However the rendering ends: a host may end the page in the middle of it.
+  const Finally commit([&] {
+    state::Commit(render, settings_);
+    outcome_ = std::move(render.outcome);
+  });
+  driver::WriteHtmlTable(render, *page_);
+}
+
+state::Outcome DbView::StartingOutcome() {
+  return {.record_count = settings_.RecordCount,
+          .from_row = settings_.FromRow,
+          .to_row = settings_.ToRow,
+          .status_message = outcome_.status_message,
+          .reported_change = outcome_.reported_change,
+          .record = std::move(outcome_.record)};
 }
 
 void DbView::QHtmlTable(std::string_view connection_string, std::string_view table_name) {
@@ -61,16 +97,17 @@ void DbView::QHtmlTable(std::string_view connection_string, std::string_view tab
 
 std::string_view DbView::CurrentMode() const {
   if (page_ == nullptr)
-    return state::ModeName(state::CurrentMode(settings_, nullptr, environment_.Regional()));
+    return state::ModeName(state::CurrentMode(settings_, nullptr, environment_.Regional(), false));
   const state::RequestKeys keys(page_->GetRequest(), settings_.Tag);
-  return state::ModeName(state::CurrentMode(settings_, &keys, environment_.Regional()));
+  return state::ModeName(
+      state::CurrentMode(settings_, &keys, environment_.Regional(), outcome_.has_failed_to_save));
 }
 
 platform::Variant DbView::CurrentRecord(std::int16_t index) const {
   const bool adding =
       page_ != nullptr && state::RequestKeys(page_->GetRequest(), settings_.Tag).Has(state::key::kFormAdd);
-  if (adding || index < 1 || static_cast<std::size_t>(index) > current_record_.size()) return std::string();
-  return current_record_[static_cast<std::size_t>(index) - 1];
+  if (adding || index < 1 || static_cast<std::size_t>(index) > outcome_.record.size()) return std::string();
+  return outcome_.record[static_cast<std::size_t>(index) - 1];
 }
 
 void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_table,
@@ -85,7 +122,7 @@ void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_
                            .allow_nulls = allow_nulls});
   } catch (const std::exception& error) {
     const std::string bound = std::to_string(settings_.lookups.UpperBound());
-    settings::ReportError(settings_, error.what(), "AddEditLookup. currUBound=" + bound);
+    settings::ErrorReport(settings_.ErrorMessage).Add(error.what(), "AddEditLookup. currUBound=" + bound);
   }
 }
 

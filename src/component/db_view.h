@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "component/property.h"
 #include "platform/environment.h"
@@ -11,6 +10,7 @@
 #include "platform/page_context.h"
 #include "platform/variant.h"
 #include "settings/settings.h"
+#include "state/outcome.h"
 
 namespace dralo::component {
 
@@ -65,19 +65,23 @@ class DbView final : public platform::Object {
   PropertyValue Get(std::string_view name) const;
   void Set(std::string_view name, const PropertyValue& value);
 
+  /// What the latest rendering has found.
+  const state::Outcome& LatestOutcome() const { return outcome_; }
+
   const settings::Settings& GetSettings() const { return settings_; }
   settings::Settings& MutableSettings() { return settings_; }
   platform::Environment& GetEnvironment() const { return environment_; }
 
  private:
   void ForgetFormerPage();
+  state::Outcome StartingOutcome();
 
   platform::Environment& environment_;
   platform::PageContext* page_ = nullptr;
   bool page_start_failed_ = false;
   bool has_ended_page_ = false;  ///< What the former page left is still there to be read.
   settings::Settings settings_;
-  std::vector<platform::Variant> current_record_;
+  state::Outcome outcome_;  ///< Of the latest rendering.
 };
 
 }  // namespace dralo::component

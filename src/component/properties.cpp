@@ -207,7 +207,8 @@ constexpr IndexedProperty ColumnRow(std::string_view name, std::string_view doc)
           .access = kReadWrite,
           .doc = doc,
           .get = [](DbView& view, std::int16_t column) -> platform::Variant {
-            return std::string(Get(view.MutableSettings(), column));
+            settings::Settings& settings = view.MutableSettings();
+            return std::string(Get(settings, column, settings::ErrorReport(settings.ErrorMessage)));
           },
           .set = [](DbView& view, std::int16_t column,
                     std::string_view text) { Set(view.MutableSettings(), column, text); }};

@@ -16,10 +16,11 @@ using html::Verbatim;
 
 /// The number that the page's first record must be below for the last-page button to work.
 std::int32_t LastRecordNumber(const state::Render& render) {
-  const std::int32_t count = render.settings.RecordCount;
+  const std::int32_t count = render.outcome.record_count;
   if (count < 0) return -1;
   const std::int32_t reachable = std::clamp(render.settings.RecordsMaxLimit, 0, count);
-  return render.form_view ? reachable : state::FirstOfLastPage(reachable, render.settings.RecordsPerPage);
+  return state::IsForm(render.view.mode) ? reachable
+                                         : state::FirstOfLastPage(reachable, render.view.page_size);
 }
 
 bool SelectGoesTo(const state::Render& render, std::string_view placement) {
@@ -50,7 +51,8 @@ void PutOpening(const state::Render& render, std::string_view final_sql) {
   const settings::Settings& settings = render.settings;
   render.out.Put("\r\n\r\n<!-- Dralo -->\r\n\r\n")
       .Put(R"(<table border="0" cellspacing="0" cellpadding="0")")
-      .PutIf(!render.form_view && !settings.Width.empty(), R"( width="{}" )", Verbatim{settings.Width})
+      .PutIf(!state::IsForm(render.view.mode) && !settings.Width.empty(), R"( width="{}" )",
+             Verbatim{settings.Width})
       .Put(">\r\n");
   if (settings.DisplayDebug) {
     render.out.Put(R"(<tr><td style="padding:4px;background-color:white;color:black;border:solid 1px black")")
@@ -64,7 +66,7 @@ void PutOpening(const state::Render& render, std::string_view final_sql) {
       .Put("\r\n");
 }
 
-void PutHeaderRow(const state::Render& render, bool bar, int column_span) {
+void PutHeaderRow(state::Render& render, bool bar, int column_span) {
   render.out.PutIf(render.settings.UseCSS, R"(<tr><td width="100%" class="DRLOTableHeader">)")
       .PutIf(!render.settings.UseCSS, R"(<tr><td width="100%">)");
   if (SelectGoesTo(render, "top")) render.out.Write(Verbatim{views::RecordsPerPageSelect(render)});
@@ -109,7 +111,7 @@ void PutNavigationBar(const state::Render& render, int column_span) {
   render.out.Write(Verbatim{views::NavigationBar(render, column_span, "", LastRecordNumber(render))});
 }
 
-void PutClosing(const state::Render& render) {
+void PutClosing(state::Render& render) {
   const settings::Settings& settings = render.settings;
   if (SelectGoesTo(render, "bottom")) {
     render.out.Put("<tr><td")

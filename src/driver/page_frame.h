@@ -21,7 +21,7 @@ BarPlacement NavigationBarPlacement(const settings::Settings& settings);
 void PutOpening(const state::Render& render, std::string_view final_sql);
 
 /// The header row with the select for the page size and, when `bar` is set, the navigation bar.
-void PutHeaderRow(const state::Render& render, bool bar, int column_span);
+void PutHeaderRow(state::Render& render, bool bar, int column_span);
 
 /// The row with the add button, when records may be added.
 void PutAddButtonRow(const state::Render& render);
@@ -38,6 +38,6 @@ void PutNavigationBar(const state::Render& render, int column_span);
 
 /// The select for the page size when it goes to the bottom, the footer text, and the end of form and outer
 /// table.
-void PutClosing(const state::Render& render);
+void PutClosing(state::Render& render);
 
 }  // namespace dralo::driver

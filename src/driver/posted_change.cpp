@@ -12,8 +12,7 @@
 namespace dralo::driver {
 namespace {
 
-using settings::PostedChange;
-using settings::Settings;
+using state::PostedChange;
 using state::Render;
 
 /// The posted changes that the views of a page have carried out.
@@ -39,34 +38,32 @@ PostedChanges& ChangesOf(platform::PageContext& page) {
 }
 
 std::shared_ptr<const PostedChange> CarryOut(Render& render) {
-  Settings& settings = render.settings;
-  const std::size_t errors_before = settings.ErrorMessage.size();
-  settings.last_save_failed = !editing::UpdateRecord(render);
-  return std::make_shared<PostedChange>(PostedChange{.change = render.change,
-                                                     .has_failed = settings.last_save_failed,
-                                                     .status_message = settings.edit_status_message,
-                                                     .errors = settings.ErrorMessage.substr(errors_before)});
+  render.outcome.has_failed_to_save = !editing::UpdateRecord(render);
+  return std::make_shared<PostedChange>(PostedChange{.change = render.outcome.change,
+                                                     .has_failed = render.outcome.has_failed_to_save,
+                                                     .status_message = render.outcome.status_message,
+                                                     .errors = render.outcome.errors});
 }
 
 void TakeOutcome(Render& render, const PostedChange& change) {
-  render.change = change.change;
-  render.settings.last_save_failed = change.has_failed;
-  render.settings.edit_status_message = change.status_message;
+  render.outcome.change = change.change;
+  render.outcome.has_failed_to_save = change.has_failed;
+  render.outcome.status_message = change.status_message;
 }
 
 }  // namespace
 
 void CarryOutPostedChange(Render& render, platform::PageContext& page) {
-  Settings& settings = render.settings;
+  const settings::Settings& settings = render.settings;
   if (!settings.EditPerformUpdates || !editing::IsChangePosted(render)) return;
   std::shared_ptr<const PostedChange>& change = ChangesOf(page).Of(settings.Tag);
   if (change == nullptr) {
     change = CarryOut(render);
   } else {
     TakeOutcome(render, *change);
-    if (settings.reported_change != change) settings.ErrorMessage += change->errors;
+    if (render.outcome.reported_change != change) render.Errors().AddAll(change->errors);
   }
-  settings.reported_change = change;
+  render.outcome.reported_change = change;
 }
 
 }  // namespace dralo::driver

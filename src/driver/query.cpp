@@ -31,26 +31,28 @@ std::int32_t CountCommandRows(const state::Render& render) {
 }  // namespace
 
 void CountRecords(state::Render& render, bool wanted) {
-  settings::Settings& settings = render.settings;
-  if (settings.RecordCount >= 1) return;
-  settings.RecordCount = -1;
+  const settings::Settings& settings = render.settings;
+  if (render.outcome.record_count >= 1) return;
+  render.outcome.record_count = -1;
   if (!wanted || settings.has_supplied_recordset) return;
   if (settings.has_stored_procedure) {
-    settings.RecordCount = CountCommandRows(render);
-  } else if (!settings.sql.empty()) {
-    settings.RecordCount = RecordCount(render.environment, settings::OpenConnection(settings), settings.sql);
+    render.outcome.record_count = CountCommandRows(render);
+  } else if (!render.view.sql.empty()) {
+    render.outcome.record_count =
+        RecordCount(render.environment, settings::OpenConnection(settings), render.view.sql);
   }
 }
 
-const std::string& StatementText(const settings::Settings& settings) {
+const std::string& StatementText(const state::Render& render) {
+  const settings::Settings& settings = render.settings;
   const bool is_command = settings.has_stored_procedure && !settings.has_supplied_recordset;
-  return is_command ? settings.StoredProcCommand->command_text : settings.sql;
+  return is_command ? settings.StoredProcCommand->command_text : render.view.sql;
 }
 
-std::string OrderedSql(const settings::Settings& settings, std::string sql) {
-  if (settings.OrderByFields.empty()) return sql;
-  sql.append(" ORDER BY ").append(settings.OrderByFields);
-  if (settings.OrderByDesc) sql += " DESC ";
+std::string OrderedSql(const state::ViewState& view, std::string sql) {
+  if (view.order_by.empty()) return sql;
+  sql.append(" ORDER BY ").append(view.order_by);
+  if (view.is_descending) sql += " DESC ";
   return sql;
 }
 
@@ -66,7 +68,7 @@ void OpenCommand(Recordset& recordset, const settings::Settings& settings, Curso
 }
 
 std::int64_t PageRecordLimit(const state::Render& render) {
-  const std::int64_t page_end = std::int64_t{render.current_record} + render.settings.RecordsPerPage;
+  const std::int64_t page_end = std::int64_t{render.view.current_record} + render.view.page_size;
   return std::max<std::int64_t>(std::min<std::int64_t>(page_end, render.settings.RecordsMaxLimit), 1);
 }
 
@@ -85,18 +87,17 @@ std::shared_ptr<Recordset> OpenMainRecordset(state::Render& render, const std::s
 }
 
 void CutLastPageToLimit(state::Render& render) {
-  settings::Settings& settings = render.settings;
-  const std::int32_t limit = std::max(settings.RecordsMaxLimit, 0);
-  if (settings.RecordCount <= limit) return;
-  settings.RecordCount = limit;
-  if (render.current_record > limit) state::ApplyPagingButtons(render);
+  const std::int32_t limit = std::max(render.settings.RecordsMaxLimit, 0);
+  if (render.outcome.record_count <= limit) return;
+  render.outcome.record_count = limit;
+  if (render.view.current_record > limit) state::ApplyPagingButtons(render);
 }
 
 void MoveToCurrentRecord(state::Render& render, Recordset& recordset) {
-  if (render.current_record == 1) return;
-  const std::int32_t count = render.settings.RecordCount;
-  if (count >= 0) render.current_record = std::max(std::min(render.current_record, count), 1);
-  const std::int32_t position = std::min(render.current_record, render.settings.RecordsMaxLimit);
+  if (render.view.current_record == 1) return;
+  const std::int32_t count = render.outcome.record_count;
+  if (count >= 0) render.view.current_record = std::max(std::min(render.view.current_record, count), 1);
+  const std::int32_t position = std::min(render.view.current_record, render.settings.RecordsMaxLimit);
   if (position > 1) recordset.Move(position - 1);
 }
 

@@ -14,10 +14,10 @@ namespace dralo::driver {
 void CountRecords(state::Render& render, bool wanted);
 
 /// What is run for the view, without an order: `sql`, or the text of its command.
-const std::string& StatementText(const settings::Settings& settings);
+const std::string& StatementText(const state::Render& render);
 
-/// `sql` with the order that the settings ask for behind it.
-std::string OrderedSql(const settings::Settings& settings, std::string sql);
+/// `sql` with the order of the view behind it.
+std::string OrderedSql(const state::ViewState& view, std::string sql);
 
 /// Runs the view's command on its connection, or on its own when it has one.
 void OpenCommand(platform::Recordset& recordset, const settings::Settings& settings,

@@ -34,60 +34,58 @@ using state::Render;
 
 /// What one pass decides on its way.
 struct Pass {
-  state::Mode mode = state::Mode::kGrid;
   BarPlacement bar;
   ShownRecords records;
 };
 
 /// In the one-record view a page holds several records only when the page asked for a form with several.
 std::int32_t RecordsOnPage(const Render& render) {
-  if (render.form_view && !text::ContainsWord(render.settings.DisplayType, "FORM")) return 1;
-  return render.settings.RecordsPerPage;
+  if (state::IsForm(render.view.mode) && !text::ContainsWord(render.settings.DisplayType, "FORM")) return 1;
+  return render.view.page_size;
 }
 
-void SelectView(Render& render, Pass& pass) {
-  pass.mode = state::CurrentMode(render.settings, &render.keys, render.Regional());
-  render.form_view = pass.mode != state::Mode::kGrid;
-  render.records_on_page = RecordsOnPage(render);
+void SelectView(Render& render) {
+  render.view.mode =
+      state::CurrentMode(render.settings, &render.keys, render.Regional(), render.outcome.has_failed_to_save);
+  render.view.records_on_page = RecordsOnPage(render);
 }
 
 void SelectRecord(Render& render) {
   const bool last = render.keys.WasPressed(key::kLast);
   if (last) CountRecords(render, true);
   state::ApplyPagingButtons(render);
-  if (last && render.settings.RecordCount >= 0) CutLastPageToLimit(render);
-  if (render.form_view && render.keys.Has(key::kBookmark))
-    render.current_record = std::max(render.bookmark, 1);
+  if (last && render.outcome.record_count >= 0) CutLastPageToLimit(render);
+  if (state::IsForm(render.view.mode) && render.keys.Has(key::kBookmark))
+    render.view.current_record = std::max(render.view.bookmark, 1);
 }
 
 /// The number of the last record that can be shown, as far as it is known.
-std::int32_t KnownEnd(const settings::Settings& settings) {
-  const std::int32_t limit = settings.RecordsMaxLimit;
-  return settings.RecordCount < 0 ? limit : std::min(settings.RecordCount, limit);
+std::int32_t KnownEnd(const Render& render) {
+  const std::int32_t limit = render.settings.RecordsMaxLimit;
+  return render.outcome.record_count < 0 ? limit : std::min(render.outcome.record_count, limit);
 }
 
 /// The number of the page's last record if all its places were taken.
 std::int64_t PageEnd(const Render& render) {
-  return std::int64_t{render.current_record} + render.records_on_page - 1;
+  return std::int64_t{render.view.current_record} + render.view.records_on_page - 1;
 }
 
 /// What the bar above the records says about the rows below it; only asked for with a known count.
 void ExpectRows(Render& render) {
-  const std::int32_t end = KnownEnd(render.settings);
-  const bool has_rows = render.current_record <= end;
-  render.settings.FromRow = has_rows ? render.current_record : 0;
-  render.settings.ToRow =
+  const std::int32_t end = KnownEnd(render);
+  const bool has_rows = render.view.current_record <= end;
+  render.outcome.from_row = has_rows ? render.view.current_record : 0;
+  render.outcome.to_row =
       has_rows ? static_cast<std::int32_t>(std::min<std::int64_t>(PageEnd(render), end)) : 0;
-  render.is_last_page = PageEnd(render) >= end;
+  render.outcome.is_last_page = PageEnd(render) >= end;
 }
 
 void SetRows(Render& render, const Pass& pass, std::int32_t rows) {
-  settings::Settings& settings = render.settings;
-  settings.FromRow = rows == 0 ? 0 : render.current_record;
-  settings.ToRow = rows == 0 ? 0 : render.current_record + (rows - 1);
-  const bool is_counted = settings.RecordCount >= 0;
+  render.outcome.from_row = rows == 0 ? 0 : render.view.current_record;
+  render.outcome.to_row = rows == 0 ? 0 : render.view.current_record + (rows - 1);
+  const bool is_counted = render.outcome.record_count >= 0;
   const bool is_at_end = !is_counted && !pass.records.is_addressed_by_key && pass.records.main->Eof();
-  render.is_last_page = is_at_end || PageEnd(render) >= KnownEnd(settings);
+  render.outcome.is_last_page = is_at_end || PageEnd(render) >= KnownEnd(render);
 }
 
 std::int32_t PutGrid(Render& render, const Pass& pass) {
@@ -102,7 +100,7 @@ std::int32_t PutGrid(Render& render, const Pass& pass) {
 std::int32_t PutForm(Render& render, const Pass& pass) {
   PutFormTableOpening(render);
   std::int32_t rows = 0;
-  if (pass.mode == state::Mode::kFormView) {
+  if (render.view.mode == state::Mode::kFormView) {
     views::MakeFormGrid(render, pass.records.Shown(), rows);
   } else {
     editing::RenderEditForm(render, pass.records.Shown(), rows);
@@ -111,50 +109,50 @@ std::int32_t PutForm(Render& render, const Pass& pass) {
   return rows;
 }
 
-bool HasKeys(const Render& render) { return !text::TrimBlanks(render.settings.EditPrimaryKeys).empty(); }
+bool HasKeys(const Render& render) { return !text::IsBlank(render.settings.EditPrimaryKeys); }
 
 /// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
 /// Empty unless a record is edited.
 std::string KeyOfEditedRecord(Render& render, const Pass& pass) {
-  if (pass.mode != state::Mode::kFormEdit || !HasKeys(render)) return {};
-  const bool stays = render.settings.last_save_failed && render.keys.Has(key::kPrimaryKey);
+  if (render.view.mode != state::Mode::kFormEdit || !HasKeys(render)) return {};
+  const bool stays = render.outcome.has_failed_to_save && render.keys.Has(key::kPrimaryKey);
   if (pass.records.is_addressed_by_key || stays) return std::string(render.keys.Value(key::kPrimaryKey));
   Recordset& shown = pass.records.Shown();
   if (shown.Eof()) return {};
   state::PrimaryKeyValueList keys(render.settings, shown);
-  if (!keys.Read(render.settings)) return {};
+  if (!keys.Read(render.Errors())) return {};
   return keys.Plain();
 }
 
 void PutPage(Render& render, Pass& pass) {
   const int span =
       settings::GridColumnSpan(render.settings, static_cast<int>(pass.records.Shown().Fields().size()));
-  const bool count_known = render.settings.RecordCount >= 0;
+  const bool count_known = render.outcome.record_count >= 0;
   if (count_known) ExpectRows(render);
   const std::string shown_key = KeyOfEditedRecord(render, pass);
   PutOpening(render, pass.records.sql);
   PutHeaderRow(render, pass.bar.top && count_known, span);
-  SetRows(render, pass, render.form_view ? PutForm(render, pass) : PutGrid(render, pass));
+  SetRows(render, pass, state::IsForm(render.view.mode) ? PutForm(render, pass) : PutGrid(render, pass));
   state::PutHiddenState(render);
-  if (pass.mode == state::Mode::kFormEdit && HasKeys(render)) state::PutHiddenKey(render, shown_key);
+  if (render.view.mode == state::Mode::kFormEdit && HasKeys(render)) state::PutHiddenKey(render, shown_key);
   if (pass.bar.bottom) PutNavigationBar(render, span);
   CloseShownRecords(render, pass.records);
   PutClosing(render);
 }
 
-void ReportFailure(settings::Settings& settings, std::string_view description, const std::string& sql) {
-  settings.ErrorMessage.append(description).append(" in WriteHTMLTable.<br>");
-  if (settings.DisplayDebug) settings.ErrorMessage.append("sql='").append(sql).append("'<br>");
+void ReportFailure(Render& render, const std::exception& error, const Pass& pass) {
+  render.Errors().AddStatement(error.what(), "WriteHTMLTable", pass.records.sql,
+                               render.settings.DisplayDebug);
 }
 
 void RunSteps(Render& render, Pass& pass) {
   state::ReadRequestState(render);
-  SelectView(render, pass);
+  SelectView(render);
   pass.bar = NavigationBarPlacement(render.settings);
-  pass.records.sql = StatementText(render.settings);
-  CountRecords(render, render.settings.CountRecords);
+  pass.records.sql = StatementText(render);
+  CountRecords(render, render.view.is_counted);
   SelectRecord(render);
-  OpenShownRecords(render, pass.mode, pass.records);
+  OpenShownRecords(render, pass.records);
   render.state_query_tail = state::StateQueryTail(render);
   PutPage(render, pass);
 }
@@ -164,30 +162,19 @@ void RenderView(Render& render) {
   try {
     RunSteps(render, pass);
   } catch (const std::exception& error) {
-    ReportFailure(render.settings, error.what(), pass.records.sql);
+    ReportFailure(render, error, pass);
   }
   try {
     render.out.Flush();  // What was written before a failure stays on the page.
   } catch (const std::exception& error) {
-    ReportFailure(render.settings, error.what(), pass.records.sql);
+    ReportFailure(render, error, pass);
   }
 }
 
 }  // namespace
 
-void WriteHtmlTable(settings::Settings& settings, platform::Environment& environment,
-                    platform::PageContext& page, std::vector<platform::Variant>& current_record) {
-  const platform::Request& request = page.GetRequest();
-  const state::RequestKeys keys(request, settings.Tag);
-  html::HtmlWriter out(page.GetResponse());
-  Render render{.settings = settings,
-                .environment = environment,
-                .keys = keys,
-                .out = out,
-                .script_name = request.ServerVariable("SCRIPT_NAME"),
-                .current_record_values = current_record};
-  settings.last_save_failed = false;
-  if (keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
+void WriteHtmlTable(Render& render, platform::PageContext& page) {
+  if (render.keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
   CarryOutPostedChange(render, page);
   RenderView(render);
 }

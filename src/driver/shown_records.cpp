@@ -5,8 +5,9 @@
 
 #include "driver/query.h"
 #include "editing/primary_keys.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "settings/open_connection.h"
+#include "state/primary_key_value_list.h"
 #include "text/list.h"
 
 namespace dralo::driver {
@@ -16,12 +17,6 @@ namespace key = state::key;
 using platform::Recordset;
 using settings::Settings;
 using state::Render;
-
-/// Setting `sql` copies it into the form's statements, but a command is nothing to address records in.
-bool HasStatement(const Settings& settings, const std::string& statement) {
-  const bool is_command_copy = settings.has_stored_procedure && statement == settings.sql;
-  return !text::TrimBlanks(statement).empty() && !is_command_copy;
-}
 
 bool IsPagingRequest(const state::RequestKeys& keys) {
   return std::ranges::any_of(
@@ -34,15 +29,15 @@ bool IsText(const Settings& settings) {
 }
 
 /// The statement that gives the fields of the form.
-const std::string& FormStatement(const Settings& settings, state::Mode mode) {
-  return mode == state::Mode::kFormView ? settings.FormSQL : settings.EditSQL;
+const std::string& FormStatement(const Render& render) {
+  return render.view.mode == state::Mode::kFormView ? render.settings.FormSQL : render.settings.EditSQL;
 }
 
-bool IsAddressedByKey(const Render& render, state::Mode mode) {
-  const Settings& settings = render.settings;
-  return render.form_view && mode != state::Mode::kFormAdd && render.keys.Has(key::kPrimaryKey) &&
-         !IsPagingRequest(render.keys) && render.change != settings::Change::kDeleted &&
-         HasStatement(settings, FormStatement(settings, mode));
+bool IsAddressedByKey(const Render& render) {
+  return state::IsForm(render.view.mode) && render.view.mode != state::Mode::kFormAdd &&
+         render.keys.Has(key::kPrimaryKey) && !IsPagingRequest(render.keys) &&
+         render.outcome.change != state::Change::kDeleted &&
+         state::CanAddressRecords(render, FormStatement(render));
 }
 
 std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string& sql) {
@@ -52,29 +47,27 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
 }
 
 /// Opens the view's own records and goes to the current one.
-void OpenAtCurrentRecord(Render& render, state::Mode mode, const std::string& statement,
-                         ShownRecords& records) {
+void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownRecords& records) {
   const Settings& settings = render.settings;
   const bool last = render.keys.WasPressed(key::kLast);
-  records.sql = IsText(settings) ? OrderedSql(settings, statement) : StatementText(settings);
+  records.sql = IsText(settings) ? OrderedSql(render.view, statement) : StatementText(render);
   records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
-  if (mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
+  if (render.view.mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
 
 /// Returns whether the posted key addresses the record to show, which is open then.
-bool OpenByPostedKey(Render& render, state::Mode mode, ShownRecords& records) {
-  const Settings& settings = render.settings;
-  if (!IsAddressedByKey(render, mode)) return false;
-  const std::string sql = editing::GetSqlPK(render, FormStatement(settings, mode));
+bool OpenByPostedKey(Render& render, ShownRecords& records) {
+  if (!IsAddressedByKey(render)) return false;
+  const std::string sql = editing::GetSqlPK(render, FormStatement(render));
   if (sql.empty()) return false;
   records.sql = sql;
   auto record = OpenOneRecord(render, sql);
   // A save may have changed the key, or taken the record out of the statement.
-  if (render.change == settings::Change::kSaved && record->Eof()) return false;
+  if (render.outcome.change == state::Change::kSaved && record->Eof()) return false;
   // What is paged through is there for the bar; it is not moved, for the number says nothing about the
   // record.
-  records.main = IsText(settings) ? record : OpenMainRecordset(render, settings.sql, 0);
+  records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, 0);
   records.sql = sql;
   records.keyed = std::move(record);
   records.is_addressed_by_key = true;
@@ -82,11 +75,11 @@ bool OpenByPostedKey(Render& render, state::Mode mode, ShownRecords& records) {
 }
 
 /// The same after a failed save, whose key may be one that the database does not take.
-bool OpenByFailedKey(Render& render, state::Mode mode, ShownRecords& records) {
+bool OpenByFailedKey(Render& render, ShownRecords& records) {
   try {
-    return OpenByPostedKey(render, mode, records);
+    return OpenByPostedKey(render, records);
   } catch (const std::exception& error) {
-    settings::ReportError(render.settings, error.what(), "WriteHTMLTable.");
+    render.Errors().Add(error.what(), "WriteHTMLTable.");
     records = {};
     return false;
   }
@@ -95,20 +88,19 @@ bool OpenByFailedKey(Render& render, state::Mode mode, ShownRecords& records) {
 /// A form with a statement of its own has other fields than the statement that is paged through: shows the
 /// record of the same key in it.
 void OpenInFormStatement(Render& render, const std::string& form_statement, ShownRecords& records) {
-  const Settings& settings = render.settings;
-  const bool has_keys = !text::TrimBlanks(settings.EditPrimaryKeys).empty();
-  if (!render.form_view || render.records_on_page != 1 || !has_keys) return;
-  if (!HasStatement(settings, form_statement) || records.main->Eof()) return;
+  const bool has_keys = !text::IsBlank(render.settings.EditPrimaryKeys);
+  if (!state::IsForm(render.view.mode) || render.view.records_on_page != 1 || !has_keys) return;
+  if (!state::CanAddressRecords(render, form_statement) || records.main->Eof()) return;
   const std::string sql = editing::GetSqlPK(render, form_statement, records.main.get());
   if (sql.empty()) return;
   records.keyed = OpenOneRecord(render, sql);
   // Without a count only the record behind the current one tells whether there is a next page.
-  if (settings.RecordCount < 0) records.main->MoveNext();
+  if (render.outcome.record_count < 0) records.main->MoveNext();
 }
 
 /// What was typed comes back in the fields of the form's own statement, whatever became of its record.
 void OpenFieldsOnly(const Render& render, const std::string& form_statement, ShownRecords& records) {
-  if (records.keyed != nullptr || !HasStatement(render.settings, form_statement)) return;
+  if (records.keyed != nullptr || !state::CanAddressRecords(render, form_statement)) return;
   records.keyed = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   records.keyed->SetMaxRecords(1);
   records.keyed->Open(form_statement, settings::OpenConnection(render.settings));
@@ -116,7 +108,7 @@ void OpenFieldsOnly(const Render& render, const std::string& form_statement, Sho
 }
 
 /// The form needs the fields alone: it is shown also where the statement cannot be added to.
-void OpenNewRecord(const Render& render, ShownRecords& records) {
+void OpenNewRecord(Render& render, ShownRecords& records) {
   records.sql = render.settings.EditSQL;
   records.main = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   records.main->SetMaxRecords(1);
@@ -127,22 +119,22 @@ void OpenNewRecord(const Render& render, ShownRecords& records) {
     records.main->AddNew();
     records.is_added = true;
   } catch (const std::exception& error) {
-    if (render.settings.last_save_failed) return;  // Which said so.
-    settings::ReportError(render.settings, error.what(), "WriteHTMLTable.");
+    if (render.outcome.has_failed_to_save) return;  // Which said so.
+    render.Errors().Add(error.what(), "WriteHTMLTable.");
   }
 }
 
 }  // namespace
 
-void OpenShownRecords(Render& render, state::Mode mode, ShownRecords& records) {
-  const Settings& settings = render.settings;
-  if (mode == state::Mode::kFormAdd) return OpenNewRecord(render, records);
-  const bool has_failed = settings.last_save_failed;
-  if (has_failed ? OpenByFailedKey(render, mode, records) : OpenByPostedKey(render, mode, records)) return;
-  const std::string& form_statement = FormStatement(settings, mode);
-  const bool only_form = IsText(settings) && settings.sql.empty() && render.form_view;
-  const std::string& statement = only_form ? form_statement : settings.sql;
-  OpenAtCurrentRecord(render, mode, statement, records);
+void OpenShownRecords(Render& render, ShownRecords& records) {
+  if (render.view.mode == state::Mode::kFormAdd) return OpenNewRecord(render, records);
+  const bool has_failed = render.outcome.has_failed_to_save;
+  if (has_failed ? OpenByFailedKey(render, records) : OpenByPostedKey(render, records)) return;
+  const std::string& form_statement = FormStatement(render);
+  const bool only_form =
+      IsText(render.settings) && render.view.sql.empty() && state::IsForm(render.view.mode);
+  const std::string& statement = only_form ? form_statement : render.view.sql;
+  OpenAtCurrentRecord(render, statement, records);
   if (form_statement == statement) return;
   OpenInFormStatement(render, form_statement, records);
   if (has_failed) OpenFieldsOnly(render, form_statement, records);

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/recordset.h"
-#include "state/current_mode.h"
 #include "state/render.h"
 
 namespace dralo::driver {
@@ -20,11 +19,11 @@ struct ShownRecords {
   platform::Recordset& Shown() const { return keyed != nullptr ? *keyed : *main; }
 };
 
-/// Opens what `mode` shows and stands on it: the record that the posted key addresses, a new record for the
+/// Opens what the view shows and stands on it: the record that the posted key addresses, a new record for the
 /// add form, else the current record of the view's statement, for a form in the columns of the form's own
 /// statement. `records.sql` is set before a statement runs, so that it is there for a failure.
 /// Throws platform::Error when a statement fails.
-void OpenShownRecords(state::Render& render, state::Mode mode, ShownRecords& records);
+void OpenShownRecords(state::Render& render, ShownRecords& records);
 
 /// Closes what was opened here: a supplied recordset stays open, a new record is forgotten.
 void CloseShownRecords(const state::Render& render, ShownRecords& records);

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "driver/query.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "state/request_state.h"
 #include "views/spreadsheet_export.h"
 
@@ -17,22 +17,20 @@ constexpr std::string_view kRenderer = "WriteExcelTable";
 
 /// The records at the first of them. A query that fails does so here, while the page can still be one.
 std::shared_ptr<platform::Recordset> OpenRecords(state::Render& render) {
-  const settings::Settings& settings = render.settings;
-  const std::int64_t limit = std::max(settings.RecordsMaxLimit, 1);
+  const std::int64_t limit = std::max(render.settings.RecordsMaxLimit, 1);
   std::shared_ptr<platform::Recordset> recordset =
-      OpenMainRecordset(render, OrderedSql(settings, settings.sql), limit);
+      OpenMainRecordset(render, OrderedSql(render.view, render.view.sql), limit);
   static_cast<void>(recordset->Eof());
   return recordset;
 }
 
 void SendRecords(state::Render& render, platform::Response& response) {
-  const settings::Settings& settings = render.settings;
   const std::shared_ptr<platform::Recordset> recordset = OpenRecords(render);
   response.SetContentType("application/vnd.ms-excel");
   response.AddHeader("content-disposition", "attachment; filename=DraloExcelExport.xls");
   views::WriteExcelTable(render, *recordset);
   render.out.Flush();
-  if (!settings.has_supplied_recordset) recordset->Close();
+  if (!render.settings.has_supplied_recordset) recordset->Close();
 }
 
 }  // namespace
@@ -40,14 +38,14 @@ void SendRecords(state::Render& render, platform::Response& response) {
 void SendSpreadsheet(state::Render& render, platform::Response& response) {
   response.Clear();
   render.out.SetPieceBytes(html::HtmlWriter::kDownloadBytes);
-  const bool is_complete = settings::Guarded(render.settings, kRenderer, false, [&] {
+  const bool is_complete = settings::Guarded(render.Errors(), kRenderer, false, [&] {
     state::ReadRequestState(render);
     SendRecords(render, response);
     response.End();
     return true;
   });
   // What was written before a failure stays in the response.
-  if (!is_complete) settings::Guarded(render.settings, kRenderer, [&] { render.out.Flush(); });
+  if (!is_complete) settings::Guarded(render.Errors(), kRenderer, [&] { render.out.Flush(); });
 }
 
 }  // namespace dralo::driver

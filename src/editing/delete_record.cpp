@@ -11,7 +11,7 @@
 namespace dralo::editing {
 
 bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string& statement) {
-  settings::Settings& settings = render.settings;
+  const settings::Settings& settings = render.settings;
   const PostedKey key = ReadPostedKey(render, schema);
   statement = settings.DeleteSQL + " WHERE " + key.condition;
   RefuseAmbiguousKey(render, key);
@@ -19,12 +19,15 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
   try {
     changed = settings::OpenConnection(settings)->ChangeOneRecord(statement);
   } catch (const std::exception& error) {
-    settings.edit_status_message.assign("Delete failed: ").append(error.what()).append("<br>");
+    render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
     return false;
   }
-  if (changed == 0) ReportFailure(settings, "There is no record with the posted key", statement);
+  if (changed == 0) {
+    render.Errors().AddStatement("There is no record with the posted key", "UpdateRecord", statement,
+                                 settings.DisplayDebug);
+  }
   if (changed > 1) throw platform::Error("Several records have the posted key, so none was deleted");
-  SetOutcome(settings, settings::kDeleted);
+  SetOutcome(render, settings::kDeleted);
   return true;
 }
 

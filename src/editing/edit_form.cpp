@@ -11,8 +11,8 @@
 #include "html/html_writer.h"
 #include "platform/field.h"
 #include "platform/type_code.h"
+#include "settings/error_report.h"
 #include "settings/field_lists.h"
-#include "settings/guard.h"
 #include "settings/language.h"
 #include "text/letter_case.h"
 #include "text/list.h"
@@ -60,7 +60,7 @@ void EditForm::Put(platform::Recordset& recordset, std::int32_t& rows) {
   const bool adds_record = fields_.AddsRecord();
   const bool has_record = !adds_record && !recordset.Eof();
   // What was typed comes back even when somebody has deleted the record meanwhile.
-  if (!adds_record && !has_record && !settings_.last_save_failed)
+  if (!adds_record && !has_record && !render_.outcome.has_failed_to_save)
     return views::PutButtonBarWithoutRecord(render_);
   rows = adds_record || has_record ? 1 : 0;
   PutButtonBar();
@@ -82,7 +82,7 @@ void EditForm::PutButtonBar() {
     views::PutAddButton(render_);
     PutDeleteButton();
   }
-  views::PutButtonBarEnd(render_, settings_.edit_status_message);
+  views::PutButtonBarEnd(render_, render_.outcome.status_message);
 }
 
 void EditForm::PutStateInputs() {
@@ -155,9 +155,9 @@ bool EditForm::IsKey(std::string_view field_name) const {
 }  // namespace
 
 void RenderEditForm(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
-  render.current_record_values.clear();
+  render.outcome.record.clear();
   rows = 0;
-  settings::Guarded(render.settings, "RenderEditForm", [&] { EditForm(render).Put(recordset, rows); });
+  settings::Guarded(render.Errors(), "RenderEditForm", [&] { EditForm(render).Put(recordset, rows); });
 }
 
 }  // namespace dralo::editing

@@ -9,8 +9,8 @@
 #include "html/control_markup.h"
 #include "platform/field_type.h"
 #include "platform/type_code.h"
+#include "settings/error_report.h"
 #include "settings/field_lists.h"
-#include "settings/guard.h"
 #include "text/boolean_text.h"
 #include "text/list.h"
 
@@ -22,13 +22,6 @@ using html::Verbatim;
 using platform::TypeCode;
 
 constexpr std::int64_t kWidestInput = 60;
-
-/// A failed save decides by what its own form said: an insert comes back as an insert, and nothing else does.
-bool AddsRecord(const state::Render& render) {
-  namespace key = state::key;
-  if (render.settings.last_save_failed) return render.keys.Has(key::kFormInsert);
-  return render.keys.Has(key::kFormAdd) && !render.keys.Has(key::kFormView);
-}
 
 /// An attribute that is written only on pages with classes, and the blank behind it.
 Verbatim Class(const state::Render& render, std::string_view attribute) {
@@ -52,7 +45,7 @@ struct FormEditFields::Control {
 };
 
 FormEditFields::FormEditFields(state::Render& render)
-    : render_(render), out_(render.out), inputs_(render.keys), adds_record_(editing::AddsRecord(render)) {}
+    : render_(render), out_(render.out), inputs_(render.keys) {}
 
 void FormEditFields::GetFormEditField(platform::Field& field, int index) {
   Guarded(field, [&] { Put(Read(field, settings::IsFieldReadOnly(render_.settings, field.Name(), index))); });
@@ -71,7 +64,7 @@ void FormEditFields::Guarded(const platform::Field& field, Body&& body) {
     body();
   } catch (const std::exception& error) {
     std::string name("GetFormEditField. oField.Name=");
-    settings::ReportError(render_.settings, error.what(), name.append(field.Name()));
+    render_.Errors().Add(error.what(), name.append(field.Name()));
   }
 }
 
@@ -83,12 +76,12 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
                   .is_required = (field.Attributes() & platform::kFieldIsNullable) == 0,
                   .is_read_only = is_read_only};
   if (control.type == TypeCode::kLongVarBinary) return control;
-  if (render_.settings.last_save_failed) {
+  if (render_.outcome.has_failed_to_save) {
     const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
     control.text = text::TrimBlanks(posted);
     // Ticked boxes post anything; in place of a disabled one stands its value.
     control.is_ticked = is_read_only ? control.text == text::BooleanText(true) : !posted.empty();
-  } else if (!adds_record_) {
+  } else if (!AddsRecord()) {
     control.text = ControlText(render_, field, text_);
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
   }

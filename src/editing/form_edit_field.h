@@ -18,8 +18,7 @@ class FormEditFields {
   /// `render` must outlive the object.
   explicit FormEditFields(state::Render& render);
 
-  /// Whether the form adds a record: the add button was pressed, or adding one has just failed.
-  bool AddsRecord() const { return adds_record_; }
+  bool AddsRecord() const { return render_.view.mode == state::Mode::kFormAdd; }
 
   /// Writes the control of the field at the 0-based position `index` of the record: a select list for a field
   /// with a lookup, else what suits its type. One that is read-only is disabled and followed by a hidden
@@ -49,7 +48,6 @@ class FormEditFields {
   state::Render& render_;
   html::HtmlWriter& out_;
   state::FieldInputs inputs_;
-  bool adds_record_;
   std::string text_;             ///< For the text of the current control.
   html::HtmlWriter field_name_;  ///< For the name of the current control.
 };

@@ -57,8 +57,7 @@ bool PutLookupSelect(html::HtmlWriter& out, state::Render& render, html::Joined 
     list.Put("</select>\r\n");
     recordset->Close();
   } catch (const std::exception& error) {
-    std::string& message = render.settings.ErrorMessage;
-    message.append(error.what()).append(". lookup sql=").append(sql).append("<br>");
+    render.Errors().AddLookupFailure(error.what(), sql);
     return false;
   }
   out.Write(Verbatim{list.Collected()});

@@ -78,7 +78,7 @@ class KeyInputs {
     return field != nullptr ? field->type : schema_.fields[i].type;
   }
 
-  std::string_view Value(std::size_t i) const { return render_.keys.Value("_Form_" + names_[i]); }
+  std::string_view Value(std::size_t i) const { return inputs_.KeyValue(names_[i]); }
 
   bool IsPosted(std::size_t i) const { return !Value(i).empty() || inputs_.Posted(names_[i]).has_value(); }
 

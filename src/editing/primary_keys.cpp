@@ -8,7 +8,7 @@
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
 #include "platform/error.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "settings/open_connection.h"
 #include "state/key_text.h"
 #include "state/named_field.h"
@@ -88,12 +88,12 @@ std::string FirstValue(const Render& render, std::string_view statement) {
 }  // namespace
 
 std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
-  settings::Settings& settings = render.settings;
-  if (text::TrimBlanks(settings.EditPrimaryKeys).empty()) {
-    settings.ErrorMessage.append("Dralo property EditPrimaryKeys must be set!<br>");
+  const settings::Settings& settings = render.settings;
+  if (text::IsBlank(settings.EditPrimaryKeys)) {
+    render.Errors().AddMissingKeys();
     return {};
   }
-  return settings::Guarded(settings, "GetSqlPK.", std::string(), [&]() -> std::string {
+  return settings::Guarded(render.Errors(), "GetSqlPK.", std::string(), [&]() -> std::string {
     if (shown != nullptr && shown->Eof()) return {};
     const Texts names = KeyNames(settings);
     const QuerySchema schema = ReadQuerySchema(render, sql);
@@ -104,13 +104,10 @@ std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
 }
 
 std::string GetNewPKValue(Render& render, std::string_view statement) {
-  settings::Settings& settings = render.settings;
   try {
     return FirstValue(render, statement);
   } catch (const std::exception& error) {
-    settings.ErrorMessage.append(error.what()).append(" in GetNewPKValue.");
-    if (settings.DisplayDebug) settings.ErrorMessage.append(" sql='").append(statement).append("'");
-    settings.ErrorMessage.append("<br>");
+    render.Errors().AddNewKeyFailure(error.what(), statement, render.settings.DisplayDebug);
   }
   return {};
 }

@@ -66,8 +66,7 @@ class Save {
       if (is_insert_) return true;  // Without reading a row of the whole table.
       is_found_ = !recordset_->Eof();
     } catch (const std::exception& error) {
-      settings_.ErrorMessage.append("Unable to open recordset. sql='").append(statement).append("' ");
-      settings_.ErrorMessage.append(error.what()).append("<br>");
+      render_.Errors().AddOpeningFailure(error.what(), statement);
       return false;
     }
     return true;
@@ -82,8 +81,7 @@ class Save {
     try {
       recordset_->AddNew();
     } catch (const std::exception& error) {
-      settings_.ErrorMessage.append("Recordset does not support the AddNew method. ");
-      settings_.ErrorMessage.append(error.what()).append("<br>");
+      render_.Errors().AddAddNewFailure(error.what());
       return false;
     }
     return true;
@@ -156,13 +154,13 @@ class Save {
   /// Only a missing value cancels what was assigned; after the others it ends with the recordset.
   bool Refuse(Refusal refusal, std::string_view text) {
     if (refusal == Refusal::kRequired) {
-      SetOutcome(settings_, settings::kNotSaved);
+      SetOutcome(render_, settings::kNotSaved);
       recordset_->CancelUpdate();
       recordset_->Close();
       return false;
     }
-    settings_.edit_status_message.assign(kOutcomePrefix).append(text);
-    settings_.edit_status_message +=
+    render_.outcome.status_message.assign(kOutcomePrefix).append(text);
+    render_.outcome.status_message +=
         refusal == Refusal::kNoDate ? " is not a valid date" : " is not a number";
     return false;
   }
@@ -171,17 +169,17 @@ class Save {
     try {
       recordset_->Update();
     } catch (const std::exception& error) {
-      settings_.ErrorMessage.append("Update failed: ").append(error.what()).append("<br>");
+      render_.Errors().AddUpdateFailure(error.what());
       recordset_->Close();
       return false;
     }
-    SetOutcome(settings_, is_insert_ ? settings::kInserted : settings::kUpdated);
+    SetOutcome(render_, is_insert_ ? settings::kInserted : settings::kUpdated);
     recordset_->Close();
     return true;
   }
 
   state::Render& render_;
-  settings::Settings& settings_;
+  const settings::Settings& settings_;
   const QuerySchema& schema_;
   state::FieldInputs inputs_;
   bool is_insert_;

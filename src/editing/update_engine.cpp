@@ -25,7 +25,7 @@ bool CarryOut(state::Render& render, std::string& statement) {
   const bool is_delete = !settings.DeleteSQL.empty() && render.keys.Has(key::kFormDelete);
   const bool is_done =
       is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);
-  if (is_done) render.change = is_delete ? settings::Change::kDeleted : settings::Change::kSaved;
+  if (is_done) render.outcome.change = is_delete ? state::Change::kDeleted : state::Change::kSaved;
   return is_done;
 }
 
@@ -37,17 +37,17 @@ bool IsChangePosted(const state::Render& render) {
 }
 
 bool UpdateRecord(state::Render& render) {
-  settings::Settings& settings = render.settings;
+  const settings::Settings& settings = render.settings;
   if (!IsChangePosted(render)) return true;
   if (text::TrimBlanks(settings.EditPrimaryKeys).empty()) {
-    settings.ErrorMessage += "Dralo property EditPrimaryKeys must be set!<br>";
+    render.Errors().AddMissingKeys();
     return false;
   }
   std::string statement = settings.EditSQL;
   try {
     return CarryOut(render, statement);
   } catch (const std::exception& error) {
-    ReportFailure(settings, error.what(), statement);
+    render.Errors().AddStatement(error.what(), "UpdateRecord", statement, settings.DisplayDebug);
   }
   return false;
 }

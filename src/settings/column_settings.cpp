@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "text/list.h"
 
 namespace dralo::settings {
@@ -76,30 +76,31 @@ void SetTraced(Settings& settings, ColumnStore& store, int column, std::string_v
   try {
     Set(store, column, text, names, trace);
   } catch (const std::exception& error) {
-    ReportError(settings, error.what(), std::string(property).append(". trace=").append(trace));
+    ErrorReport(settings.ErrorMessage)
+        .Add(error.what(), std::string(property).append(". trace=").append(trace));
   }
 }
 
 /// Set() for the two stores of attributes.
 void SetPlain(Settings& settings, ColumnStore& store, int column, std::string_view text,
               std::string_view property) {
-  Guarded(settings, std::string(property).append(". "), [&] {
+  Guarded(ErrorReport(settings.ErrorMessage), std::string(property).append(". "), [&] {
     std::string trace;
     Set(store, column, text, {}, trace);
   });
 }
 
 /// The column's setting; a missing one is reported under `reader`.
-std::string_view Read(Settings& settings, const ColumnStore& store, int column, std::string_view reader) {
+std::string_view Read(ErrorReport errors, const ColumnStore& store, int column, std::string_view reader) {
   const auto setting = FindColumnSetting(store, column);
-  if (!setting) ReportMissingSetting(settings, reader, store, column);
+  if (!setting) ReportMissingSetting(errors, reader, store, column);
   return setting.value_or(std::string_view());
 }
 
 /// The same for properties, which are also asked for columns without a setting.
-std::string_view ReadListed(Settings& settings, const ColumnStore& store, int column,
+std::string_view ReadListed(ErrorReport errors, const ColumnStore& store, int column,
                             std::string_view reader) {
-  return HasColumnSetting(store, column) ? Read(settings, store, column, reader) : std::string_view();
+  return HasColumnSetting(store, column) ? Read(errors, store, column, reader) : std::string_view();
 }
 
 }  // namespace
@@ -120,8 +121,8 @@ std::string ReaderInMessages(std::string_view reader, const ColumnStore& store, 
   return name.append(", nArrIdx=").append(std::to_string(SettingElement(store, column)));
 }
 
-void ReportMissingSetting(Settings& settings, std::string_view reader, const ColumnStore& store, int column) {
-  ReportError(settings, "The column has no setting", ReaderInMessages(reader, store, column));
+void ReportMissingSetting(ErrorReport errors, std::string_view reader, const ColumnStore& store, int column) {
+  errors.Add("The column has no setting", ReaderInMessages(reader, store, column));
 }
 
 void SetGridFreeFormatCellByCol(Settings& settings, std::int16_t column, std::string_view text) {
@@ -154,28 +155,28 @@ void SetGridFreeFormatCell(Settings& settings, std::string_view text) {
   }
 }
 
-std::string_view GridFreeFormatCellByCol(Settings& settings, std::int16_t column) {
-  return ReadListed(settings, settings.GridFreeFormatCellByCol, column, "GetFreeCellStringRaw");
+std::string_view GridFreeFormatCellByCol(const Settings& settings, int column, ErrorReport errors) {
+  return ReadListed(errors, settings.GridFreeFormatCellByCol, column, "GetFreeCellStringRaw");
 }
 
-std::string_view GridFormatCellFunction(Settings& settings, std::int16_t column) {
-  return ReadListed(settings, settings.GridFormatCellFunction, column, "GetFormatCellStringRaw");
+std::string_view GridFormatCellFunction(const Settings& settings, int column, ErrorReport errors) {
+  return ReadListed(errors, settings.GridFormatCellFunction, column, "GetFormatCellStringRaw");
 }
 
-std::string_view GridColAttributes(Settings& settings, std::int16_t column) {
-  return ReadListed(settings, settings.GridColAttributes, column, "GetGridColAttributes");
+std::string_view GridColAttributes(const Settings& settings, int column, ErrorReport errors) {
+  return ReadListed(errors, settings.GridColAttributes, column, "GetGridColAttributes");
 }
 
-std::string_view GridColHeadAttributes(Settings& settings, std::int16_t column) {
-  return ReadListed(settings, settings.GridColHeadAttributes, column, "GetGridColHeadAttributes");
+std::string_view GridColHeadAttributes(const Settings& settings, int column, ErrorReport errors) {
+  return ReadListed(errors, settings.GridColHeadAttributes, column, "GetGridColHeadAttributes");
 }
 
-std::string_view GetFreeCellStringRaw(Settings& settings, int column) {
-  return Read(settings, settings.GridFreeFormatCellByCol, column, "GetFreeCellStringRaw");
+std::string_view GetFreeCellStringRaw(const Settings& settings, int column, ErrorReport errors) {
+  return Read(errors, settings.GridFreeFormatCellByCol, column, "GetFreeCellStringRaw");
 }
 
-std::string_view GetFormatCellStringRaw(Settings& settings, int column) {
-  return Read(settings, settings.GridFormatCellFunction, column, "GetFormatCellStringRaw");
+std::string_view GetFormatCellStringRaw(const Settings& settings, int column, ErrorReport errors) {
+  return Read(errors, settings.GridFormatCellFunction, column, "GetFormatCellStringRaw");
 }
 
 }  // namespace dralo::settings

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "settings/column_store.h"
+#include "settings/error_report.h"
 #include "settings/settings.h"
 
 namespace dralo::settings {
@@ -23,7 +24,7 @@ std::optional<std::string_view> FindColumnSetting(const ColumnStore& store, int 
 std::string ReaderInMessages(std::string_view reader, const ColumnStore& store, int column);
 
 /// Reports in ErrorMessage that `reader` found no setting for the column.
-void ReportMissingSetting(Settings& settings, std::string_view reader, const ColumnStore& store, int column);
+void ReportMissingSetting(ErrorReport errors, std::string_view reader, const ColumnStore& store, int column);
 
 /// Sets what every cell of the column consists of: a template with field names between delimiters.
 /// Failures are reported in ErrorMessage, as by the other setters.
@@ -46,14 +47,14 @@ void SetGridFreeFormatCell(Settings& settings, std::string_view text);
 
 /// The column's setting as stored; empty when the column has none. Valid until the settings change.
 /// A column whose template is missing in the bulk text is reported in ErrorMessage.
-std::string_view GridFreeFormatCellByCol(Settings& settings, std::int16_t column);
-std::string_view GridFormatCellFunction(Settings& settings, std::int16_t column);
-std::string_view GridColAttributes(Settings& settings, std::int16_t column);
-std::string_view GridColHeadAttributes(Settings& settings, std::int16_t column);
+std::string_view GridFreeFormatCellByCol(const Settings& settings, int column, ErrorReport errors);
+std::string_view GridFormatCellFunction(const Settings& settings, int column, ErrorReport errors);
+std::string_view GridColAttributes(const Settings& settings, int column, ErrorReport errors);
+std::string_view GridColHeadAttributes(const Settings& settings, int column, ErrorReport errors);
 
 /// The same for callers that know that the column has a setting: one that has none is reported in
 /// ErrorMessage.
-std::string_view GetFreeCellStringRaw(Settings& settings, int column);
-std::string_view GetFormatCellStringRaw(Settings& settings, int column);
+std::string_view GetFreeCellStringRaw(const Settings& settings, int column, ErrorReport errors);
+std::string_view GetFormatCellStringRaw(const Settings& settings, int column, ErrorReport errors);
 
 }  // namespace dralo::settings

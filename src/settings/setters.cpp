@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "settings/error_report.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 
@@ -37,14 +38,7 @@ void ReplaceTable(Settings& settings, std::vector<std::string> LanguageTables::*
   std::vector<std::string> items = text::Split(list);
   const std::size_t bound = items.size() - 1;
   if (bound < least_bound) {
-    settings.ErrorMessage.append("Wrong number of strings set in the ")
-        .append(name)
-        .append(". ")
-        .append(std::to_string(bound))
-        .append(" was given. The correct number of strings separated by comma is ")
-        .append(wanted)
-        .append("!<br>");
-    return;
+    return ErrorReport(settings.ErrorMessage).AddShortTextList(name, bound, wanted);
   }
   auto tables = std::make_shared<LanguageTables>(*settings.language_tables);
   (*tables).*table = std::move(items);

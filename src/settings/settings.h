@@ -11,7 +11,6 @@
 #include "settings/column_store.h"
 #include "settings/language.h"
 #include "settings/lookup_list.h"
-#include "settings/posted_change.h"
 
 namespace dralo::settings {
 
@@ -121,9 +120,6 @@ struct Settings {
   bool has_stored_procedure = false;    ///< StoredProcCommand is run instead of an SQL text.
   bool has_supplied_recordset = false;  ///< ADORecordset is shown and nothing is opened.
   bool has_distinct_form_sql = false;
-  bool last_save_failed = false;         ///< A posted change was tried in the latest render and failed.
-  std::string edit_status_message = "";  ///< The outcome of the last save or delete, for the form views.
-  std::shared_ptr<const PostedChange> reported_change;  ///< Whose errors ErrorMessage has.
   bool owns_connection = false;               ///< DrConnection was made by the ConnectionString setter.
   std::string edit_options_as_assigned = "";  ///< EditOptions in the page's own letter case.
 };

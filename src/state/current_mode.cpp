@@ -11,10 +11,10 @@ namespace {
 
 /// The page size that the request asks for; the property's where it asks for none or for none that can be
 /// read.
-std::int16_t RequestedRecordsPerPage(const settings::Settings& settings, const RequestKeys& keys,
-                                     const platform::Formatting& formatting) {
+std::int16_t PageSizeToGoBy(const settings::Settings& settings, const RequestKeys& keys,
+                            const platform::Formatting& formatting) {
   try {
-    return RecordsPerPage(settings, keys, formatting);
+    return RequestedPageSize(settings.RecordsPerPage, keys, formatting);
   } catch (const platform::Error&) {
     return settings.RecordsPerPage;
   }
@@ -28,18 +28,18 @@ struct ViewRequest {
   bool add = false;           ///< The add form is asked for.
 };
 
-bool AsksForEdit(const settings::Settings& settings, const RequestKeys& keys) {
-  if (settings.last_save_failed) return true;
-  return keys.Has(key::kFormEdit) && !keys.Has(key::kFormView);
+bool AsksForEdit(const RequestKeys& keys, bool has_failed) {
+  return has_failed || (keys.Has(key::kFormEdit) && !keys.Has(key::kFormView));
 }
 
-bool AsksForAdd(const settings::Settings& settings, const RequestKeys& keys) {
-  if (settings.last_save_failed) return keys.Has(key::kFormInsert);
+/// A failed save decides by what its own form said: an insert comes back as an insert, and nothing else does.
+bool AsksForAdd(const RequestKeys& keys, bool has_failed) {
+  if (has_failed) return keys.Has(key::kFormInsert);
   return keys.Has(key::kFormAdd) && !keys.Has(key::kFormView);
 }
 
 bool AsksForFormDisplay(const RequestKeys& keys) {
-  return text::EqualIgnoringCase(keys.Value(key::kFormDisplay), "FORMONEREC");
+  return text::EqualIgnoringCase(keys.Value(key::kFormDisplay), kOneRecord);
 }
 
 Mode SelectMode(const settings::Settings& settings, const ViewRequest& request) {
@@ -70,12 +70,12 @@ std::string_view ModeName(Mode mode) {
 }
 
 Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
-                 const platform::Formatting& formatting) {
+                 const platform::Formatting& formatting, bool has_failed) {
   if (keys == nullptr) return SelectMode(settings, {.records_per_page = settings.RecordsPerPage});
-  return SelectMode(settings, {.records_per_page = RequestedRecordsPerPage(settings, *keys, formatting),
+  return SelectMode(settings, {.records_per_page = PageSizeToGoBy(settings, *keys, formatting),
                                .form_display = AsksForFormDisplay(*keys),
-                               .edit = AsksForEdit(settings, *keys),
-                               .add = AsksForAdd(settings, *keys)});
+                               .edit = AsksForEdit(*keys, has_failed),
+                               .add = AsksForAdd(*keys, has_failed)});
 }
 
 }  // namespace dralo::state

@@ -5,7 +5,7 @@
 namespace dralo::state {
 
 FieldInputs::FieldInputs(const RequestKeys& keys) : keys_(keys) {
-  const html::Joined prefix = keys("_Form_");
+  const html::Joined prefix = keys(key::kField);
   prefix_.append(prefix.first).append(prefix.second);
 }
 
@@ -18,6 +18,10 @@ std::optional<std::string_view> FieldInputs::Posted(std::string_view field) cons
     }
   }
   return std::nullopt;
+}
+
+std::string_view FieldInputs::KeyValue(std::string_view field) const {
+  return keys_.Value(std::string(key::kField).append(field));
 }
 
 }  // namespace dralo::state

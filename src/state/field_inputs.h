@@ -23,6 +23,10 @@ class FieldInputs {
   /// string does not count, letter case does not matter. Valid as long as the request.
   std::optional<std::string_view> Posted(std::string_view field) const;
 
+  /// The value of the input by the rules for the view's keys: also of the query string, without blanks around
+  /// it; empty when it is missing. Valid as long as the request.
+  std::string_view KeyValue(std::string_view field) const;
+
  private:
   const RequestKeys& keys_;
   std::string prefix_;

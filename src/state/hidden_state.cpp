@@ -8,25 +8,25 @@
 
 namespace dralo::state {
 
-void PutHiddenState(Render& render) {
+void PutHiddenState(const Render& render) {
   const settings::Settings& settings = render.settings;
   const auto put = [&](std::string_view name, auto value) {
     render.out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", render.keys(name), value);
   };
 
-  put(key::kCurrRecord, render.current_record);
-  if (settings.CountRecords) put(key::kCountRecords, html::Verbatim{"on"});
+  put(key::kCurrRecord, render.view.current_record);
+  if (render.view.is_counted) put(key::kCountRecords, html::Verbatim{"on"});
   // The select carries the page size itself; posted twice it would be no number.
-  if (!ShowsRecordsPerPageSelect(render)) put(key::kMaxRecords, settings.RecordsPerPage);
-  if (settings.PersistentSQL) put(key::kSql, html::Verbatim{settings.sql});
-  put(key::kFormDisplay, html::Quoted{render.form_display});
-  put(key::kOrderByFields, html::Quoted{settings.OrderByFields});
+  if (!ShowsRecordsPerPageSelect(render)) put(key::kMaxRecords, render.view.page_size);
+  if (settings.PersistentSQL) put(key::kSql, html::Verbatim{render.view.sql});
+  put(key::kFormDisplay, html::Quoted{render.view.form_display});
+  put(key::kOrderByFields, html::Quoted{render.view.order_by});
   // Any text, "False" too, is read back as descending.
-  put(key::kOrderByDesc, html::Verbatim{settings.OrderByDesc ? "True" : ""});
+  put(key::kOrderByDesc, html::Verbatim{render.view.is_descending ? "True" : ""});
   PutPageFormFields(render.out, settings, render.keys.GetRequest());
 }
 
-void PutHiddenKey(Render& render, std::string_view primary_key) {
+void PutHiddenKey(const Render& render, std::string_view primary_key) {
   render.out.Put("<input type=\"hidden\" name=\"{}\" value=\"", render.keys(key::kPrimaryKey));
   html::PutAttributeText(render.out, primary_key);
   render.out.Put("\">\r\n");

@@ -7,9 +7,9 @@
 namespace dralo::state {
 
 /// Writes the view's state, and the page's own fields behind it, as hidden inputs into the view's form.
-void PutHiddenState(Render& render);
+void PutHiddenState(const Render& render);
 
 /// Writes the key of the record that is edited, as the next request must post it.
-void PutHiddenKey(Render& render, std::string_view primary_key);
+void PutHiddenKey(const Render& render, std::string_view primary_key);
 
 }  // namespace dralo::state

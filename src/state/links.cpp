@@ -14,9 +14,9 @@ using html::Verbatim;
 std::string StateQueryTail(const Render& render) {
   const settings::Settings& settings = render.settings;
   html::HtmlWriter text;
-  text.PutIf(settings.CountRecords, "&{}=on", render.keys(key::kCountRecords))
-      .Put("&{}={}", render.keys(key::kMaxRecords), settings.RecordsPerPage)
-      .PutIf(settings.PersistentSQL, "&{}={}", render.keys(key::kSql), Encoded{settings.sql});
+  text.PutIf(render.view.is_counted, "&{}=on", render.keys(key::kCountRecords))
+      .Put("&{}={}", render.keys(key::kMaxRecords), render.view.page_size)
+      .PutIf(settings.PersistentSQL, "&{}={}", render.keys(key::kSql), Encoded{render.view.sql});
   PutPageQueryFields(text, settings, render.keys.GetRequest());
   return text.Take();
 }
@@ -26,21 +26,21 @@ void PutStateQuery(html::HtmlWriter& out, const Render& render, std::int32_t num
 }
 
 void PutOrderQuery(html::HtmlWriter& out, const Render& render) {
-  out.Put("&{}={}", render.keys(key::kOrderByFields), Encoded{render.settings.OrderByFields})
-      .PutIf(render.settings.OrderByDesc, "&{}=True", render.keys(key::kOrderByDesc));
+  out.Put("&{}={}", render.keys(key::kOrderByFields), Encoded{render.view.order_by})
+      .PutIf(render.view.is_descending, "&{}=True", render.keys(key::kOrderByDesc));
 }
 
 void PutAddLink(html::HtmlWriter& out, const Render& render) {
-  out.Put("{}?{}=formOneRec&{}=1", Verbatim{render.script_name}, render.keys(key::kFormDisplay),
+  out.Put("{}?{}={}&{}=1", Verbatim{render.script_name}, render.keys(key::kFormDisplay), Verbatim{kOneRecord},
           render.keys(key::kFormAdd));
   PutOrderQuery(out, render);
   out.Put("&");
-  PutStateQuery(out, render, render.current_record);
+  PutStateQuery(out, render, render.view.current_record);
 }
 
 void PutListLink(html::HtmlWriter& out, const Render& render) {
   out.Put("{}?", Verbatim{render.script_name});
-  PutStateQuery(out, render, render.current_record);
+  PutStateQuery(out, render, render.view.current_record);
   PutOrderQuery(out, render);
 }
 

@@ -10,12 +10,6 @@
 namespace dralo::state {
 namespace {
 
-/// Setting `sql` copies it into EditSQL, but a command is nothing to address single records in.
-bool HasEditStatement(const settings::Settings& settings) {
-  if (text::TrimBlanks(settings.EditSQL).empty()) return false;
-  return !settings.has_stored_procedure || settings.EditSQL != settings.sql;
-}
-
 void AppendInScript(std::string& script, std::string_view text) {
   for (const char c : text) {
     if (c == '\r') {
@@ -31,6 +25,11 @@ void AppendInScript(std::string& script, std::string_view text) {
 
 }  // namespace
 
+bool CanAddressRecords(const Render& render, std::string_view statement) {
+  const bool is_command_copy = render.settings.has_stored_procedure && statement == render.view.sql;
+  return !text::IsBlank(statement) && !is_command_copy;
+}
+
 PrimaryKeyValueList::PrimaryKeyValueList(const settings::Settings& settings, platform::Recordset& recordset) {
   if (text::TrimBlanks(settings.EditPrimaryKeys).empty()) return;
   for (const std::string& item : text::Split(settings.EditPrimaryKeys)) {
@@ -39,12 +38,13 @@ PrimaryKeyValueList::PrimaryKeyValueList(const settings::Settings& settings, pla
   }
 }
 
-PrimaryKeyValueList PrimaryKeyValueList::ForLink(const settings::Settings& settings,
-                                                 platform::Recordset& recordset) {
-  return HasEditStatement(settings) ? PrimaryKeyValueList(settings, recordset) : PrimaryKeyValueList();
+PrimaryKeyValueList PrimaryKeyValueList::ForLink(const Render& render, platform::Recordset& recordset) {
+  const settings::Settings& settings = render.settings;
+  return CanAddressRecords(render, settings.EditSQL) ? PrimaryKeyValueList(settings, recordset)
+                                                     : PrimaryKeyValueList();
 }
 
-bool PrimaryKeyValueList::Read(settings::Settings& settings) {
+bool PrimaryKeyValueList::Read(settings::ErrorReport errors) {
   for (Key& key : keys_) key.value.clear();
   try {
     for (Key& key : keys_) {
@@ -52,8 +52,7 @@ bool PrimaryKeyValueList::Read(settings::Settings& settings) {
       key.value.assign(KeyText(*key.field, scratch_));
     }
   } catch (const std::exception& error) {
-    settings.ErrorMessage.append(error.what());
-    settings.ErrorMessage.append(", when trying to construct a Primary Key URL link<br>");
+    errors.AddKeyLinkFailure(error.what());
     return false;
   }
   return keys_.size() > 1 || (keys_.size() == 1 && !keys_[0].value.empty());

@@ -5,9 +5,13 @@
 
 #include "html/html_writer.h"
 #include "platform/recordset.h"
-#include "settings/settings.h"
+#include "state/render.h"
 
 namespace dralo::state {
+
+/// Whether single records can be looked up in the statement. Setting `sql` copies it into the statements of
+/// the forms, but a command is nothing to address records in.
+bool CanAddressRecords(const Render& render, std::string_view statement);
 
 /// The key values that address a record in links and forms; made once for many records.
 class PrimaryKeyValueList {
@@ -17,12 +21,12 @@ class PrimaryKeyValueList {
   PrimaryKeyValueList(const settings::Settings& settings, platform::Recordset& recordset);
 
   /// The same for a link, which is without a key also when there is no edit statement.
-  static PrimaryKeyValueList ForLink(const settings::Settings& settings, platform::Recordset& recordset);
+  static PrimaryKeyValueList ForLink(const Render& render, platform::Recordset& recordset);
 
   /// Takes the values of the current record. Returns whether they address one: not when the list is empty,
   /// when its only value is, and after a failure, such as a key that is no field, which is reported in
   /// ErrorMessage.
-  bool Read(settings::Settings& settings);
+  bool Read(settings::ErrorReport errors);
 
   /// Writes the values last read, URL-encoded and joined with ",".
   void Put(html::HtmlWriter& out) const;

@@ -15,15 +15,14 @@ void Remove(std::string& text, std::string_view part) {
 
 std::string ViewParameter(const Render& render) {
   html::HtmlWriter text;
-  text.Put("{}=formOneRec", render.keys(key::kFormDisplay));
+  text.Put("{}={}", render.keys(key::kFormDisplay), html::Verbatim{kOneRecord});
   return text.Take();
 }
 
 }  // namespace
 
 RecordLink::RecordLink(const Render& render, platform::Recordset& recordset)
-    : after_number_(render.state_query_tail),
-      key_values_(PrimaryKeyValueList::ForLink(render.settings, recordset)) {
+    : after_number_(render.state_query_tail), key_values_(PrimaryKeyValueList::ForLink(render, recordset)) {
   html::HtmlWriter text;
   text.Put("{}?{}&", Verbatim{render.script_name}, Verbatim{ViewParameter(render)});
   before_key_ = text.Take();
@@ -43,7 +42,7 @@ RecordLink RecordLink::WithViewAtEnd(const Render& render, platform::Recordset& 
 
 void RecordLink::Put(html::HtmlWriter& out, Render& render, std::int32_t number) {
   out.Write(Verbatim{before_key_});
-  if (key_values_.Read(render.settings)) {
+  if (key_values_.Read(render.Errors())) {
     out.Put("{}=", render.keys(key::kPrimaryKey));
     key_values_.Put(out);
   } else {

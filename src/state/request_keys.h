@@ -34,9 +34,15 @@ inline constexpr std::string_view kFormUpdate = "FormUpdate";
 inline constexpr std::string_view kFormDelete = "FormDelete";
 inline constexpr std::string_view kToExcel = "ToExcel";
 
+/// Stands before the name of the field in the names of a form's inputs.
+inline constexpr std::string_view kField = "_Form_";
+
 /// What a browser appends to the name of an image button that was pressed.
 inline constexpr std::string_view kPressed = ".x";
 }  // namespace key
+
+/// The value of key::kFormDisplay that asks for single records; read in any letter case.
+inline constexpr std::string_view kOneRecord = "formOneRec";
 
 /// The request keys of one view: "Morvu", its tag, and the key's name. The one place where keys are formed.
 class RequestKeys {

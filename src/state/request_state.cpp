@@ -32,42 +32,41 @@ std::int32_t Moved(std::int32_t number, std::int32_t records) {
 
 void ReadOrder(Render& render) {
   const bool has_fields = render.keys.Has(key::kOrderByFields);
-  if (has_fields) render.settings.OrderByFields = render.keys.Value(key::kOrderByFields);
+  if (has_fields) render.view.order_by = render.keys.Value(key::kOrderByFields);
   if (render.keys.Has(key::kOrderByDesc)) {
-    render.settings.OrderByDesc = true;
+    render.view.is_descending = true;
   } else if (has_fields) {
     // A click on a header asks for ascending order by saying nothing, also when the page had preset the
     // other.
-    render.settings.OrderByDesc = false;
+    render.view.is_descending = false;
   }
 }
 
 }  // namespace
 
-std::int16_t RecordsPerPage(const settings::Settings& settings, const RequestKeys& keys,
-                            const platform::Formatting& formatting) {
-  std::int16_t records = settings.RecordsPerPage;
+std::int16_t RequestedPageSize(std::int16_t page_size, const RequestKeys& keys,
+                               const platform::Formatting& formatting) {
   if (keys.Has(key::kMaxRecords)) {
-    records = ToInt16(formatting, keys.Value(key::kMaxRecords), KeyName(keys, key::kMaxRecords));
+    page_size = ToInt16(formatting, keys.Value(key::kMaxRecords), KeyName(keys, key::kMaxRecords));
   }
-  return records < 1 ? kDefaultRecordsPerPage : records;
+  return page_size < 1 ? kDefaultRecordsPerPage : page_size;
 }
 
 bool ShowsRecordsPerPageSelect(const Render& render) {
   const settings::Settings& settings = render.settings;
-  if (!settings.DisplayRecordsPerPageSelect || (render.form_view && render.records_on_page < 2)) return false;
+  if (!settings.DisplayRecordsPerPageSelect || (IsForm(render.view.mode) && render.view.records_on_page < 2))
+    return false;
   const std::string_view placement = text::TrimBlanks(settings.RecordsPerPageSelectPlacement);
   return text::EqualIgnoringCase(placement, "top") || text::EqualIgnoringCase(placement, "bottom");
 }
 
 void ReadRequestState(Render& render) {
-  settings::Settings& settings = render.settings;
-  settings.RecordsPerPage = RecordsPerPage(settings, render.keys, render.Regional());
-  if (render.keys.Has(key::kCountRecords)) settings.CountRecords = true;
-  render.current_record =
+  render.view.page_size = RequestedPageSize(render.view.page_size, render.keys, render.Regional());
+  if (render.keys.Has(key::kCountRecords)) render.view.is_counted = true;
+  render.view.current_record =
       render.keys.Has(key::kCurrRecord) ? std::max(Int32Value(render, key::kCurrRecord), 1) : 1;
-  if (render.keys.Has(key::kSql)) settings.sql = render.keys.Value(key::kSql);
-  render.form_display = render.keys.Value(key::kFormDisplay);
+  if (render.keys.Has(key::kSql)) render.view.sql = render.keys.Value(key::kSql);
+  render.view.form_display = render.keys.Value(key::kFormDisplay);
   ReadOrder(render);
 }
 
@@ -78,19 +77,19 @@ std::int32_t FirstOfLastPage(std::int32_t records, std::int32_t page_size) {
 
 void ApplyPagingButtons(Render& render) {
   const RequestKeys& keys = render.keys;
-  const std::int32_t step = render.form_view ? 1 : render.settings.RecordsPerPage;
-  std::int32_t& current = render.current_record;
+  const std::int32_t step = IsForm(render.view.mode) ? 1 : render.view.page_size;
+  std::int32_t& current = render.view.current_record;
   if (keys.WasPressed(key::kNext)) {
     current = Moved(current, step);
   } else if (keys.WasPressed(key::kPrevious)) {
     current = Moved(current, -step);
   } else if (keys.WasPressed(key::kFirst)) {
     current = 1;
-  } else if (keys.WasPressed(key::kLast) && render.settings.RecordCount >= 0) {
-    current = FirstOfLastPage(render.settings.RecordCount, step);
+  } else if (keys.WasPressed(key::kLast) && render.outcome.record_count >= 0) {
+    current = FirstOfLastPage(render.outcome.record_count, step);
   }
   current = std::max(current, 1);
-  render.bookmark = keys.Has(key::kBookmark) ? Int32Value(render, key::kBookmark) : current;
+  render.view.bookmark = keys.Has(key::kBookmark) ? Int32Value(render, key::kBookmark) : current;
 }
 
 }  // namespace dralo::state

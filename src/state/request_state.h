@@ -9,8 +9,8 @@ namespace dralo::state {
 
 /// The page size that the request asks for, else the property's; below 1 it is 20.
 /// Throws platform::Error when the request's is no 16-bit number.
-std::int16_t RecordsPerPage(const settings::Settings& settings, const RequestKeys& keys,
-                            const platform::Formatting& formatting);
+std::int16_t RequestedPageSize(std::int16_t page_size, const RequestKeys& keys,
+                               const platform::Formatting& formatting);
 
 /// Whether the records-per-page select is written on this page: asked for, placed "top" or "bottom", and the
 /// page is a grid or shows more than one record.
@@ -20,9 +20,9 @@ bool ShowsRecordsPerPageSelect(const Render& render);
 /// `render`. Throws platform::Error when a number of the request is none.
 void ReadRequestState(Render& render);
 
-/// Moves render.current_record as the paging button that was pressed says, and sets render.bookmark.
-/// For the last page the count must be known, else the page stays. Throws platform::Error when the bookmark
-/// is no number.
+/// Moves render.view.current_record as the paging button that was pressed says, and sets
+/// render.view.bookmark. For the last page the count must be known, else the page stays. Throws
+/// platform::Error when the bookmark is no number.
 void ApplyPagingButtons(Render& render);
 
 /// The number of the first record of the last page when there are `records` records and `page_size` on a

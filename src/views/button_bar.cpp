@@ -29,7 +29,7 @@ void PutButtonBarWithoutRecord(const state::Render& render) {
   if (!text::ContainsWord(render.settings.EditOptions, "UPDATE")) return;
   PutButtonBarStart(render);
   PutAddButton(render);
-  PutButtonBarEnd(render, render.settings.edit_status_message);
+  PutButtonBarEnd(render, render.outcome.status_message);
 }
 
 }  // namespace dralo::views

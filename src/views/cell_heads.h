@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "html/html_writer.h"
-#include "settings/settings.h"
+#include "state/render.h"
 #include "views/grid_column.h"
 
 namespace dralo::views {
@@ -21,9 +21,9 @@ constexpr std::string_view ParityWord(RowParity parity) { return parity == kOdd 
 /// together for the first row and again only when the row's attributes differ from those of the row before.
 class CellHeads {
  public:
-  /// `settings` and `columns` must outlive the heads.
-  CellHeads(settings::Settings& settings, std::span<const GridColumn> columns, RowParity parity)
-      : settings_(settings), columns_(columns), parity_(parity) {}
+  /// `render` and `columns` must outlive the heads.
+  CellHeads(state::Render& render, std::span<const GridColumn> columns, RowParity parity)
+      : render_(render), columns_(columns), parity_(parity) {}
 
   /// Takes the attributes that all cells of the next row get.
   void SetAttributes(std::string_view attributes);
@@ -47,7 +47,7 @@ class CellHeads {
 
   void Add(int number, std::string_view column_attributes, bool is_numeric, bool is_unbroken);
 
-  settings::Settings& settings_;
+  state::Render& render_;
   std::span<const GridColumn> columns_;
   RowParity parity_;
   std::string attributes_;

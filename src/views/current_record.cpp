@@ -26,9 +26,9 @@ void Copy(const platform::VariantView& value, platform::Variant& copy) {
 
 void KeepCurrentRecord(state::Render& render, platform::Recordset& recordset) {
   const auto fields = recordset.Fields();
-  render.current_record_values.resize(fields.size());
+  render.outcome.record.resize(fields.size());
   for (std::size_t at = 0; at < fields.size(); ++at) {
-    platform::Variant& copy = render.current_record_values[at];
+    platform::Variant& copy = render.outcome.record[at];
     try {
       Copy(fields[at]->Value(), copy);
     } catch (const platform::Error&) {

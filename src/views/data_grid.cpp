@@ -12,8 +12,8 @@
 #include "cells/free_format.h"
 #include "html/html_writer.h"
 #include "platform/error.h"
+#include "settings/error_report.h"
 #include "settings/field_lists.h"
-#include "settings/guard.h"
 #include "state/record_link.h"
 #include "text/letter_case.h"
 #include "text/list.h"
@@ -98,7 +98,7 @@ GridRows::GridRows(state::Render& render, platform::Recordset& recordset, std::s
       out_(render.out),
       recordset_(recordset),
       columns_(columns),
-      heads_{CellHeads(render.settings, columns_, kOdd), CellHeads(render.settings, columns_, kEven)},
+      heads_{CellHeads(render, columns_, kOdd), CellHeads(render, columns_, kEven)},
       cell_tags_{cells::RecordTag(CellTag(settings_, kOdd), render, recordset),
                  cells::RecordTag(CellTag(settings_, kEven), render, recordset)},
       row_tags_{cells::RecordTag(RowTag(settings_, kOdd), render, recordset),
@@ -121,14 +121,14 @@ void GridRows::Put(std::int32_t& rows) {
 }
 
 bool GridRows::IsPageFull(std::int32_t rows) const {
-  return rows >= settings_.RecordsPerPage ||
-         std::int64_t{render_.current_record} + rows > settings_.RecordsMaxLimit;
+  return rows >= render_.view.page_size ||
+         std::int64_t{render_.view.current_record} + rows > settings_.RecordsMaxLimit;
 }
 
 void GridRows::StartRow(std::int32_t row) {
   const RowParity parity = row % 2 == 1 ? kOdd : kEven;
   const Verbatim tag{settings_.Tag};
-  record_ = render_.current_record + (row - 1);
+  record_ = render_.view.current_record + (row - 1);
   row_heads_ = &heads_[parity];
   row_heads_->SetAttributes(cell_tags_[parity].Text(render_, record_));
   cell_start_.Clear();
@@ -221,13 +221,13 @@ void GridRows::LeaveRecord(std::int32_t row) {
 
 void PutGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
   std::vector<GridColumn> columns = GridColumns(render, recordset);
-  if (render.settings.DisplayHeader) PutGridHeader(render, columns, render.current_record + rows - 1);
+  if (render.settings.DisplayHeader) PutGridHeader(render, columns, render.view.current_record + rows - 1);
   rows = 0;
   GridRows(render, recordset, columns).Put(rows);
 }
 
-void Report(Settings& settings, int number, std::string_view description) {
-  settings::ReportError(settings, std::to_string(number).append(" ").append(description), "MakeDataGrid");
+void Report(settings::ErrorReport errors, int number, std::string_view description) {
+  errors.Add(std::to_string(number).append(" ").append(description), "MakeDataGrid");
 }
 
 }  // namespace
@@ -242,13 +242,13 @@ int DisplayedGridColumns(const Settings& settings, platform::Recordset& recordse
 }
 
 void MakeDataGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
-  render.current_record_values.clear();
+  render.outcome.record.clear();
   try {
     PutGrid(render, recordset, rows);
   } catch (const platform::Error& error) {
-    Report(render.settings, error.Number(), error.Description());
+    Report(render.Errors(), error.Number(), error.Description());
   } catch (const std::exception& error) {
-    Report(render.settings, 0, error.what());
+    Report(render.Errors(), 0, error.what());
   }
 }
 

@@ -27,29 +27,30 @@ void PutLabelCell(html::HtmlWriter& out, const Settings& settings, const FormFie
           Verbatim{settings::FormDisplayName(settings, field.field->Name(), field.number)});
 }
 
-void PutValueCellStart(html::HtmlWriter& out, Settings& settings, int number) {
+void PutValueCellStart(html::HtmlWriter& out, state::Render& render, int number) {
+  const settings::Settings& settings = render.settings;
   out.Put("<td");
   PutWidth(out, text::NthItem(settings.FormCellWidths, 2));
   out.PutIf(!settings.FormTDTag.empty(), " {}", Verbatim{settings.FormTDTag});
   if (settings.ApplyColFormattingToForm) {
-    const std::string_view attributes =
-        settings::GridColAttributes(settings, static_cast<std::int16_t>(number));
+    const std::string_view attributes = settings::GridColAttributes(settings, number, render.Errors());
     out.PutIf(!attributes.empty(), " {}", Verbatim{attributes});
   }
   out.Put(">");
 }
 
-std::string RowStart(Settings& settings, const FormField& field) {
+std::string RowStart(state::Render& render, const FormField& field) {
+  const settings::Settings& settings = render.settings;
   html::HtmlWriter out;
   out.Put("<tr").PutIf(settings.UseCSS, R"( class="DRLOTableTR")").Put(">");
   if (settings.DisplayHeader) PutLabelCell(out, settings, field);
-  PutValueCellStart(out, settings, field.number);
+  PutValueCellStart(out, render, field.number);
   return out.Take();
 }
 
 }  // namespace
 
-std::vector<FormField> FormFields(const state::Render& render, platform::Recordset& recordset) {
+std::vector<FormField> FormFields(state::Render& render, platform::Recordset& recordset) {
   std::vector<FormField> shown;
   int number = 0;
   for (platform::Field* field : recordset.Fields()) {
@@ -57,7 +58,7 @@ std::vector<FormField> FormFields(const state::Render& render, platform::Records
     if (!settings::IsFormFieldShown(render.settings, field->Name(), number)) continue;
     FormField& added = shown.emplace_back(FormField{MakeShownColumn(render, recordset, *field, number)});
     if (!render.settings.ApplyCellFormattingToForm) added.has_format_function = false;
-    added.row_start = RowStart(render.settings, added);
+    added.row_start = RowStart(render, added);
   }
   return shown;
 }

@@ -16,6 +16,6 @@ struct FormField : ShownColumn {
 };
 
 /// The fields that the one-record view shows, in their order.
-std::vector<FormField> FormFields(const state::Render& render, platform::Recordset& recordset);
+std::vector<FormField> FormFields(state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::views

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "html/html_writer.h"
-#include "settings/guard.h"
+#include "settings/error_report.h"
 #include "state/primary_key_value_list.h"
 #include "text/letter_case.h"
 #include "text/list.h"
@@ -67,8 +67,8 @@ void FormRecords::Put(std::int32_t& rows) {
 }
 
 bool FormRecords::IsPageFull(std::int32_t rows) const {
-  return rows >= render_.records_on_page ||
-         std::int64_t{render_.current_record} + rows > settings_.RecordsMaxLimit;
+  return rows >= render_.view.records_on_page ||
+         std::int64_t{render_.view.current_record} + rows > settings_.RecordsMaxLimit;
 }
 
 void FormRecords::PutGap() {
@@ -87,7 +87,7 @@ void FormRecords::PutButtonBar(std::int32_t row) {
   PutButtonBarStart(render_);
   PutEditButton();
   PutAddButton(render_);
-  PutButtonBarEnd(render_, row == 1 ? std::string_view(settings_.edit_status_message) : std::string_view());
+  PutButtonBarEnd(render_, row == 1 ? std::string_view(render_.outcome.status_message) : std::string_view());
 }
 
 void FormRecords::PutEditButton() {
@@ -96,12 +96,12 @@ void FormRecords::PutEditButton() {
       .Put(R"( type="submit" name="{}"  onclick="FormDraloGrid{}.{}.value=')",
            render_.keys(state::key::kFormEdit), Verbatim{settings_.Tag},
            render_.keys(state::key::kPrimaryKey));
-  if (key_values_.Read(render_.settings)) key_values_.PutInScript(out_);
+  if (key_values_.Read(render_.Errors())) key_values_.PutInScript(out_);
   out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
 }
 
 void FormRecords::PutFields(std::int32_t row) {
-  const std::int32_t record = render_.current_record + (row - 1);
+  const std::int32_t record = render_.view.current_record + (row - 1);
   out_.Put(R"(<tr><td><table width="100%")")
       .PutIf(settings_.UseCSS, R"( class="DRLOTableFormDataView")")
       .PutIf(!settings_.FormTableTag.empty(), " {}", Verbatim{settings_.FormTableTag})
@@ -117,9 +117,9 @@ void FormRecords::PutFields(std::int32_t row) {
 }  // namespace
 
 void MakeFormGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
-  render.current_record_values.clear();
+  render.outcome.record.clear();
   rows = 0;
-  settings::Guarded(render.settings, "MakeFormGrid", [&] {
+  settings::Guarded(render.Errors(), "MakeFormGrid", [&] {
     FormRecords(render, recordset).Put(rows);
     if (rows == 0) PutButtonBarWithoutRecord(render);
   });

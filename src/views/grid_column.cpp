@@ -7,22 +7,21 @@
 namespace dralo::views {
 namespace {
 
-GridColumn Column(const state::Render& render, platform::Recordset& recordset, platform::Field& field,
-                  int number) {
-  settings::Settings& settings = render.settings;
+GridColumn Column(state::Render& render, platform::Recordset& recordset, platform::Field& field, int number) {
+  const settings::Settings& settings = render.settings;
   const std::string_view name = field.Name();
   GridColumn column{MakeShownColumn(render, recordset, field, number)};
   column.is_numeric = platform::IsNumericFieldType(field.Type());
   column.is_unbroken = settings::IsGridCellNoBr(settings, name, number);
   column.is_linked = number == settings.GridLinkIndex;
   column.suppress_position = settings::SuppressDuplicatePosition(settings, name, number);
-  column.attributes = settings::GridColAttributes(settings, static_cast<std::int16_t>(number));
+  column.attributes = settings::GridColAttributes(settings, number, render.Errors());
   return column;
 }
 
 }  // namespace
 
-std::vector<GridColumn> GridColumns(const state::Render& render, platform::Recordset& recordset) {
+std::vector<GridColumn> GridColumns(state::Render& render, platform::Recordset& recordset) {
   const auto fields = recordset.Fields();
   std::vector<GridColumn> columns;
   columns.reserve(fields.size());

@@ -20,6 +20,6 @@ struct GridColumn : ShownColumn {
 };
 
 /// The columns that the grid shows, in their order.
-std::vector<GridColumn> GridColumns(const state::Render& render, platform::Recordset& recordset);
+std::vector<GridColumn> GridColumns(state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::views

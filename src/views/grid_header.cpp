@@ -24,7 +24,7 @@ class SortLinks {
   SortLinks(const state::Render& render, std::int32_t bookmark)
       : render_(render),
         settings_(render.settings),
-        any_(!settings_.has_stored_procedure && !text::ContainsWord(settings_.sql, "ORDER BY")),
+        any_(!settings_.has_stored_procedure && !text::ContainsWord(render_.view.sql, "ORDER BY")),
         long_columns_(settings_.DrConnection &&
                       settings_.DrConnection->Engine() == platform::DatabaseEngine::kSqla) {
     if (any_) PrepareAddress(bookmark);
@@ -56,14 +56,14 @@ void SortLinks::PrepareAddress(std::int32_t bookmark) {
   before_number_.Put("<a")
       .PutIf(settings_.UseCSS, R"( class="DRLOTableTH")")
       .Put(R"( href="{}?)", Verbatim{render_.script_name});
-  state::PutStateQuery(before_number_, render_, render_.current_record);
+  state::PutStateQuery(before_number_, render_, render_.view.current_record);
   before_number_.Put("&{}=", render_.keys(key::kOrderByFields));
   after_number_.Put("&{}={}", render_.keys(key::kBookmark), bookmark);
 }
 
 void PutArrow(const state::Render& render) {
   const Verbatim folder{render.settings.ImageDir};
-  if (render.settings.OrderByDesc) {
+  if (render.view.is_descending) {
     render.out.Put(R"(&nbsp;<img border="0" src="{}orderdesc.gif">)", folder);
   } else {
     render.out.Put(R"(&nbsp;<img border="0" src="{}orderasc.gif">)", folder);
@@ -72,18 +72,18 @@ void PutArrow(const state::Render& render) {
 
 /// A click on the sorted column turns its order round; on another column it sorts ascending.
 void SortLinks::Put(const GridColumn& column, Verbatim name) const {
-  const bool is_sorted = settings_.OrderByFields == std::to_string(column.number);
+  const bool is_sorted = render_.view.order_by == std::to_string(column.number);
   render_.out
       .Put("{}{}{}", Verbatim{before_number_.Collected()}, column.number, Verbatim{after_number_.Collected()})
-      .PutIf(is_sorted && !settings_.OrderByDesc, "&{}=True", render_.keys(key::kOrderByDesc))
+      .PutIf(is_sorted && !render_.view.is_descending, "&{}=True", render_.keys(key::kOrderByDesc))
       .Put(R"("><nobr>{})", name);
   if (is_sorted) PutArrow(render_);
   render_.out.Put("</nobr></a>");
 }
 
 /// The start of a header cell with the column's own attributes.
-void PutCellStart(const state::Render& render, int column) {
-  const auto attributes = settings::GridColHeadAttributes(render.settings, static_cast<std::int16_t>(column));
+void PutCellStart(state::Render& render, int column) {
+  const auto attributes = settings::GridColHeadAttributes(render.settings, column, render.Errors());
   render.out.Put("<th ").PutIf(!attributes.empty(), "{} ", Verbatim{attributes});
 }
 
@@ -92,7 +92,7 @@ void PutTHTag(const state::Render& render) {
   render.out.PutIf(!tag.empty(), " {} ", Verbatim{tag});
 }
 
-void PutIndexCell(const state::Render& render) {
+void PutIndexCell(state::Render& render) {
   PutCellStart(render, 0);
   if (render.settings.UseCSS) {
     render.out.Put(R"(class="DRLOTableTH")");
@@ -102,7 +102,7 @@ void PutIndexCell(const state::Render& render) {
   render.out.Put(">#</th>\r\n");
 }
 
-void PutCell(const state::Render& render, const GridColumn& column, const SortLinks& links) {
+void PutCell(state::Render& render, const GridColumn& column, const SortLinks& links) {
   const Settings& settings = render.settings;
   const std::string_view width = text::NthItem(settings.GridCellWidths, column.number);
   const Verbatim name{settings::GridDisplayName(settings, column.field->Name(), column.number)};
@@ -123,7 +123,7 @@ void PutCell(const state::Render& render, const GridColumn& column, const SortLi
 
 }  // namespace
 
-void PutGridHeader(const state::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark) {
+void PutGridHeader(state::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark) {
   render.out.Put("<tr").PutIf(render.settings.UseCSS, R"( class="DRLOTableTR")").Put(">\r\n");
   if (render.settings.GridDisplayIndex) PutIndexCell(render);
   const SortLinks links(render, bookmark);

@@ -10,6 +10,6 @@ namespace dralo::views {
 
 /// Writes the row with the names of the columns, their sort links and sort arrows; `bookmark` goes into the
 /// links as it is.
-void PutGridHeader(const state::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark);
+void PutGridHeader(state::Render& render, std::span<const GridColumn> columns, std::int32_t bookmark);
 
 }  // namespace dralo::views

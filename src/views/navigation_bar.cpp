@@ -12,7 +12,7 @@ using html::Verbatim;
 
 /// Records are spoken of where one is shown at a time, pages elsewhere.
 bool SpeaksOfRecords(const state::Render& render) {
-  return render.form_view || render.settings.RecordsPerPage < 2;
+  return state::IsForm(render.view.mode) || render.view.page_size < 2;
 }
 
 Verbatim Text(const state::Render& render, settings::NavigationSlot slot) {
@@ -40,8 +40,8 @@ void PutButtons(html::HtmlWriter& out, const state::Render& render, std::int32_t
   namespace key = state::key;
   const settings::Settings& settings = render.settings;
   const bool records = SpeaksOfRecords(render);
-  const bool goes_back = render.current_record != 1;
-  const bool goes_to_last = last_record > render.current_record && !settings.DisableNavBarLastPageBtn;
+  const bool goes_back = render.view.current_record != 1;
+  const bool goes_to_last = last_record > render.view.current_record && !settings.DisableNavBarLastPageBtn;
   const bool has_ends = settings.DisplayNavBarFirstLastBtn;
 
   if (has_ends) PutButton(out, render, {key::kFirst, "firstpg", settings::kFirst}, goes_back);
@@ -49,28 +49,27 @@ void PutButtons(html::HtmlWriter& out, const state::Render& render, std::int32_t
             {key::kPrevious, "prevpg", records ? settings::kPreviousRecord : settings::kPreviousPage},
             goes_back);
   PutButton(out, render, {key::kNext, "nextpg", records ? settings::kNextRecord : settings::kNextPage},
-            !render.is_last_page);
+            !render.outcome.is_last_page);
   if (has_ends) PutButton(out, render, {key::kLast, "lastpg", settings::kLast}, goes_to_last);
 }
 
 /// "Records (1..20) of 45", or "Record 1 of 45"; without "of" while the count is unknown.
 void PutRecordCounter(html::HtmlWriter& out, const state::Render& render) {
-  const settings::Settings& settings = render.settings;
-  const bool is_counted = settings.RecordCount >= 0;
-  if (settings.FromRow != settings.ToRow) {
-    out.Put("{} ({}..{}) ", Text(render, settings::kRecords), settings.FromRow, settings.ToRow);
-    out.PutIf(is_counted, "{} {}", Text(render, settings::kOf), settings.RecordCount);
+  const bool is_counted = render.outcome.record_count >= 0;
+  if (render.outcome.from_row != render.outcome.to_row) {
+    out.Put("{} ({}..{}) ", Text(render, settings::kRecords), render.outcome.from_row, render.outcome.to_row);
+    out.PutIf(is_counted, "{} {}", Text(render, settings::kOf), render.outcome.record_count);
   } else {
-    out.Put("{} {}", Text(render, settings::kRecord), settings.FromRow);
-    out.PutIf(is_counted, " {} {}", Text(render, settings::kOf), settings.RecordCount);
+    out.Put("{} {}", Text(render, settings::kRecord), render.outcome.from_row);
+    out.PutIf(is_counted, " {} {}", Text(render, settings::kOf), render.outcome.record_count);
   }
 }
 
 /// "Page 1 of 3", or "Page 1" while the count is unknown.
 void PutPageCounter(html::HtmlWriter& out, const state::Render& render) {
-  const std::int32_t count = render.settings.RecordCount;
-  const std::int32_t page_size = render.settings.RecordsPerPage;
-  out.Put("{} {}", Text(render, settings::kPage), (render.current_record - 1) / page_size + 1);
+  const std::int32_t count = render.outcome.record_count;
+  const std::int32_t page_size = render.view.page_size;
+  out.Put("{} {}", Text(render, settings::kPage), (render.view.current_record - 1) / page_size + 1);
   const std::int32_t pages = count / page_size + (count % page_size != 0 ? 1 : 0);
   out.PutIf(count >= 0, " {} {}", Text(render, settings::kOf), pages);
 }
@@ -78,7 +77,7 @@ void PutPageCounter(html::HtmlWriter& out, const state::Render& render) {
 void PutCounter(html::HtmlWriter& out, const state::Render& render) {
   const std::string wanted = text::ToUpper(text::TrimBlanks(render.settings.DisplayNavBarTextOptions));
   const bool records = wanted != "PAGES";
-  const bool pages = wanted != "RECORDS" && !render.form_view;
+  const bool pages = wanted != "RECORDS" && !state::IsForm(render.view.mode);
   if (records) PutRecordCounter(out, render);
   out.PutIf(records && pages, "&nbsp;&nbsp;");
   if (pages) PutPageCounter(out, render);
@@ -106,7 +105,7 @@ std::string NavigationBar(const state::Render& render, int column_span, std::str
   PutCounter(out, render);
   out.Put("</td>\r\n");
   out.Put(R"(<td width="99%"{}nowrap align="right"> )", css);
-  if (render.form_view) {
+  if (state::IsForm(render.view.mode)) {
     out.Put(R"(<a{} href=")", css);
     state::PutListLink(out, render);
     out.Put(R"(">{}</a>)", Text(render, settings::kList));
@@ -118,18 +117,19 @@ std::string NavigationBar(const state::Render& render, int column_span, std::str
   return out.Take();
 }
 
-std::string RecordsPerPageSelect(const state::Render& render) {
-  settings::Settings& settings = render.settings;
-  if (text::TrimBlanks(settings.RecordsPerPageOptions).empty()) {
-    settings.RecordsPerPageOptions = settings::Settings().RecordsPerPageOptions;
-  }
+std::string RecordsPerPageSelect(state::Render& render) {
+  const settings::Settings& settings = render.settings;
+  render.outcome.has_taken_default_page_sizes = text::IsBlank(settings.RecordsPerPageOptions);
+  const std::string options = render.outcome.has_taken_default_page_sizes
+                                  ? settings::Settings().RecordsPerPageOptions
+                                  : settings.RecordsPerPageOptions;
   html::HtmlWriter out;
   out.Put("{}&nbsp;:&nbsp;", Text(render, settings::kRecordsPerPage));
   out.Put("<select onchange=\"FormDraloGrid{}.submit()\"{} name=\"{}\">\r\n", Verbatim{settings.Tag},
           Verbatim{settings.UseCSS ? R"( class="DRLOTableRecPerPage")" : ""},
           render.keys(state::key::kMaxRecords));
-  const std::string page_size = std::to_string(settings.RecordsPerPage);
-  for (const std::string& option : text::Split(settings.RecordsPerPageOptions)) {
+  const std::string page_size = std::to_string(render.view.page_size);
+  for (const std::string& option : text::Split(options)) {
     out.Put(R"(<option{} value="{}">{})", Verbatim{text::TrimBlanks(option) == page_size ? " selected" : ""},
             Verbatim{option}, Verbatim{option});
   }

@@ -16,6 +16,6 @@ std::string NavigationBar(const state::Render& render, int column_span, std::str
                           std::int32_t last_record);
 
 /// The label and the select. An empty RecordsPerPageOptions is set back to its default first.
-std::string RecordsPerPageSelect(const state::Render& render);
+std::string RecordsPerPageSelect(state::Render& render);
 
 }  // namespace dralo::views

@@ -1,14 +1,14 @@
 #include "views/shown_column.h"
 
-#include "cells/format_functions.h"
 #include "cells/standard_text.h"
 #include "settings/column_settings.h"
 
 namespace dralo::views {
 
-std::string_view ShownColumn::Text(state::Render& render) const {
-  if (has_format_function) return cells::GetFormatCellString(render, *field, number);
-  return cells::GetStdDbFieldString(render, *field);
+std::string_view ShownColumn::Text(state::Render& render) {
+  if (!has_format_function) return cells::GetStdDbFieldString(render, *field);
+  if (!format_function) format_function.emplace(render, number);
+  return format_function->CellText(render, *field);
 }
 
 void ShownColumn::Put(html::HtmlWriter& out, state::Render& render, std::int32_t record) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "cells/format_functions.h"
 #include "cells/free_format.h"
 #include "html/html_writer.h"
 #include "platform/field.h"
@@ -18,11 +19,12 @@ struct ShownColumn {
   int number = 0;  ///< Counted from 1, hidden fields included.
   platform::Field* field = nullptr;
   bool has_format_function = false;
+  std::optional<cells::FormatFunction> format_function = {};  ///< Made for the first cell that needs it.
   std::optional<cells::FreeFormatCell> free_format = {};
 
   /// The text of the current record's cell, for columns without a template. Not escaped; valid until the next
   /// call, the record moves or `render.scratch` changes.
-  std::string_view Text(state::Render& render) const;
+  std::string_view Text(state::Render& render);
 
   /// Writes the text of the cell of the current record, which `record` counts from 1.
   void Put(html::HtmlWriter& out, state::Render& render, std::int32_t record);

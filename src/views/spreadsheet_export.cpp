@@ -8,12 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "cells/format_functions.h"
-#include "cells/standard_text.h"
 #include "html/html_writer.h"
 #include "platform/field_type.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
+#include "views/shown_column.h"
 
 namespace dralo::views {
 namespace {
@@ -22,16 +21,14 @@ using html::Verbatim;
 using settings::Settings;
 
 /// What all cells of an exported column have in common, found out once.
-struct Column {
-  int number = 0;  ///< Counted from 1, hidden fields included.
-  platform::Field* field = nullptr;
-  bool is_formatted = false;         ///< Its format function says what the cells hold.
-  std::array<std::string, 2> heads;  ///< What stands before the text of a cell, in even and in odd rows.
+struct ExportedColumn : ShownColumn {
+  std::array<std::string, 2> heads = {};  ///< What stands before the text of a cell, in even and in odd rows.
 };
 
-std::string CellHead(Settings& settings, const Column& column, const std::string& parity_tag) {
+std::string CellHead(state::Render& render, const ExportedColumn& column, const std::string& parity_tag) {
+  const Settings& settings = render.settings;
   const bool is_numeric = platform::IsNumericFieldType(column.field->Type());
-  const Verbatim attributes{settings::GridColAttributes(settings, static_cast<std::int16_t>(column.number))};
+  const Verbatim attributes{settings::GridColAttributes(settings, column.number, render.Errors())};
   html::HtmlWriter head;
   head.Put(R"(<td style="border:thin silver solid" {} {} {})", Verbatim{settings.TDTag}, Verbatim{parity_tag},
            attributes)
@@ -40,30 +37,30 @@ std::string CellHead(Settings& settings, const Column& column, const std::string
   return head.Take();
 }
 
-std::vector<Column> Columns(Settings& settings, platform::Recordset& recordset) {
+std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& recordset) {
+  const Settings& settings = render.settings;
   const auto fields = recordset.Fields();
-  std::vector<Column> columns;
+  std::vector<ExportedColumn> columns;
   columns.reserve(fields.size());
   int number = 0;
   for (platform::Field* field : fields) {
     if (!settings::IsGridFieldShown(settings, field->Name(), ++number)) continue;
-    Column& column = columns.emplace_back();
-    column.number = number;
-    column.field = field;
-    column.is_formatted = settings.ApplyCellFormattingToExcel &&
-                          settings::HasColumnSetting(settings.GridFormatCellFunction, number);
-    column.heads = {CellHead(settings, column, settings.TDEvenTag),
-                    CellHead(settings, column, settings.TDOddTag)};
+    const bool is_formatted = settings.ApplyCellFormattingToExcel &&
+                              settings::HasColumnSetting(settings.GridFormatCellFunction, number);
+    ExportedColumn& column = columns.emplace_back(
+        ExportedColumn{{.number = number, .field = field, .has_format_function = is_formatted}});
+    column.heads = {CellHead(render, column, settings.TDEvenTag),
+                    CellHead(render, column, settings.TDOddTag)};
   }
   return columns;
 }
 
-void PutHeader(state::Render& render, std::span<const Column> columns) {
+void PutExportedHeader(state::Render& render, std::span<const ExportedColumn> columns) {
   const Verbatim tag{render.settings.THTag};
   render.out.Put("<tr>\r\n");
-  for (const Column& column : columns) {
+  for (const ExportedColumn& column : columns) {
     const Verbatim attributes{
-        settings::GridColHeadAttributes(render.settings, static_cast<std::int16_t>(column.number))};
+        settings::GridColHeadAttributes(render.settings, column.number, render.Errors())};
     render.out.Put(R"(<th style="border:thin silver solid" {})", attributes)
         .PutIf(!attributes.text.empty() && !tag.text.empty(), " ")
         .Put("{} >{}</th>\r\n", tag, Verbatim{column.field->Name()});
@@ -71,13 +68,10 @@ void PutHeader(state::Render& render, std::span<const Column> columns) {
   render.out.Put("</tr>\r\n");
 }
 
-void PutRow(state::Render& render, std::span<const Column> columns, std::size_t parity) {
+void PutExportedRow(state::Render& render, std::span<ExportedColumn> columns, std::size_t parity) {
   render.out.Put("<tr>\r\n");
-  for (const Column& column : columns) {
-    const std::string_view text = column.is_formatted
-                                      ? cells::GetFormatCellString(render, *column.field, column.number)
-                                      : cells::GetStdDbFieldString(render, *column.field);
-    render.out.Put("{}{}</td>\r\n", Verbatim{column.heads[parity]}, Verbatim{text});
+  for (ExportedColumn& column : columns) {
+    render.out.Put("{}{}</td>\r\n", Verbatim{column.heads[parity]}, Verbatim{column.Text(render)});
   }
 }
 
@@ -86,10 +80,10 @@ void PutRow(state::Render& render, std::span<const Column> columns, std::size_t 
 void WriteExcelTable(state::Render& render, platform::Recordset& recordset) {
   const Settings& settings = render.settings;
   render.out.Put("<table>\r\n");
-  const std::vector<Column> columns = Columns(render.settings, recordset);
-  if (settings.DisplayHeader) PutHeader(render, columns);
+  std::vector<ExportedColumn> columns = Columns(render, recordset);
+  if (settings.DisplayHeader) PutExportedHeader(render, columns);
   for (std::int64_t row = 1; row <= settings.RecordsMaxLimit && !recordset.Eof(); ++row) {
-    PutRow(render, columns, row % 2 == 0 ? 0 : 1);
+    PutExportedRow(render, columns, row % 2 == 0 ? 0 : 1);
     recordset.MoveNext();
     render.out.Put("</tr>\r\n");
   }

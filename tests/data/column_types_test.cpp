@@ -46,7 +46,7 @@ class EditedRecord {
   /// The outcome of the save and the messages.
   std::string Save(Inputs inputs) {
     Render(std::move(inputs));
-    return view_.GetSettings().edit_status_message + Messages();
+    return view_.LatestOutcome().status_message + Messages();
   }
 
   const std::string& Messages() const { return view_.GetSettings().ErrorMessage; }

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "state/links.h"
 #include "state/render.h"
@@ -27,31 +26,47 @@ inline std::string Lines(std::string_view text) {
   return lines;
 }
 
-/// Renderings of one view on one page: set what it needs, then render parts of it.
+/// Renderings of one view on one page: set what it needs, then render parts of it. What a rendering finds is
+/// committed to the settings, as by a view.
 struct Rendering {
   settings::Settings settings;
   FakePage page;
+  platform::Environment* environment = &AmericanEnvironment();
+  state::Mode mode = state::Mode::kGrid;
   std::int32_t current_record = 1;
-  bool form_view = false;
+  std::int32_t records_on_page = 1;
+  state::Outcome outcome = {};  ///< What a rendering starts from, then what it has found.
+  std::int32_t rows = 0;        ///< Of the last grid or form.
 
-  std::int32_t rows = 0;                                 ///< Rows of the last grid.
-  std::vector<platform::Variant> current_record_values;  ///< Of the last grid.
+  /// What body(render) returns; what it writes goes to `out`.
+  template <class Body>
+  auto Rendered(html::HtmlWriter& out, Body&& body) {
+    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
+    state::Render render{.settings = settings,
+                         .environment = *environment,
+                         .keys = keys,
+                         .out = out,
+                         .script_name = page.script_name,
+                         .outcome = StartingOutcome()};
+    render.view.mode = mode;
+    render.view.current_record = current_record;
+    render.view.records_on_page = records_on_page;
+    render.state_query_tail = state::StateQueryTail(render);
+    const Committed committed{*this, render};
+    return body(render);
+  }
+
+  template <class Body>
+  auto Rendered(Body&& body) {
+    html::HtmlWriter out;
+    return Rendered(out, body);
+  }
 
   /// What body(out, render) writes.
   template <class Body>
   std::string Text(Body&& body) {
     html::HtmlWriter out;
-    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
-    state::Render render{.settings = settings,
-                         .environment = AmericanEnvironment(),
-                         .keys = keys,
-                         .out = out,
-                         .script_name = page.script_name,
-                         .current_record_values = current_record_values,
-                         .form_view = form_view,
-                         .current_record = current_record};
-    render.state_query_tail = state::StateQueryTail(render);
-    body(out, render);
+    Rendered(out, [&](state::Render& render) { body(out, render); });
     return out.Take();
   }
 
@@ -59,6 +74,25 @@ struct Rendering {
     rows = 0;
     return Text(
         [&](html::HtmlWriter&, state::Render& render) { views::MakeDataGrid(render, records, rows); });
+  }
+
+ private:
+  struct Committed {
+    Rendering& rendering;
+    state::Render& render;
+    ~Committed() {
+      state::Commit(render, rendering.settings);
+      rendering.outcome = render.outcome;
+    }
+  };
+
+  state::Outcome StartingOutcome() const {
+    state::Outcome start = outcome;
+    start.errors.clear();
+    start.record_count = settings.RecordCount;
+    start.from_row = settings.FromRow;
+    start.to_row = settings.ToRow;
+    return start;
   }
 };
 

@@ -24,7 +24,7 @@ struct FormatCells : Rendering {
     settings::SetGridFormatCellFunction(settings, 1, "X");
     settings::SetGridFormatCellFunction(settings, 1, format);
     return Text([&](html::HtmlWriter& out, state::Render& render) {
-      out.Write(html::Verbatim{cells::GetFormatCellString(render, field, 1)});
+      out.Write(html::Verbatim{cells::FormatFunction(render, 1).CellText(render, field)});
     });
   }
 
@@ -179,7 +179,8 @@ TEST(FormatCell, ReportsEveryFailingCell) {
   settings::SetGridFormatCellFunction(cells.settings, 1, "ABS");
   FakeField field("V", TypeCode::kVarWideChar, [] { return platform::VariantView(std::string_view("x")); });
   cells.Text([&](html::HtmlWriter&, state::Render& render) {
-    for (int i = 0; i < 2; ++i) cells::GetFormatCellString(render, field, 1);
+    cells::FormatFunction function(render, 1);
+    for (int i = 0; i < 2; ++i) function.CellText(render, field);
   });
   EXPECT_EQ(cells.Message(),
             "The value is no number Invalid Formatting arguments<br>"

@@ -56,7 +56,7 @@ TEST(StandardText, WritesAMemoUpToTheLimitWholeWithABlankBehind) {
 
 TEST(StandardText, WritesTheWholeMemoInTheOneRecordViewForAnyPositiveLimit) {
   Cells cells;
-  cells.form_view = true;
+  cells.mode = state::Mode::kFormView;
   const Records records = OneValue("TEXT", "'123456789012345678901234567890'");
 
   for (const int limit : {1, 20, 30, 31}) {
@@ -71,7 +71,7 @@ TEST(StandardText, HidesMemosUnderALimitOfZeroInBothViews) {
   const Records records = OneValue("TEXT", "'words'");
 
   EXPECT_EQ(cells.Standard(records[0]), "&nbsp;");
-  cells.form_view = true;
+  cells.mode = state::Mode::kFormView;
   EXPECT_EQ(cells.Standard(records[0]), "&nbsp;");
 }
 
@@ -80,7 +80,7 @@ TEST(StandardText, WritesMemosUnchangedWithoutALimit) {
   const Records records = OneValue("TEXT", "' a  memo '");
 
   EXPECT_EQ(cells.Standard(records[0]), " a  memo ");
-  cells.form_view = true;
+  cells.mode = state::Mode::kFormView;
   EXPECT_EQ(cells.Standard(records[0]), " a  memo ");
 }
 

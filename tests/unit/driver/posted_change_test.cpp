@@ -73,8 +73,8 @@ TEST_F(OnePostedChange, IsCarriedOutOnceByTwoViewsOfOneTagWhichBothTellOfIt) {
   const auto first = View(page);
   const auto second = View(page);
   const std::string html = Written(page, *first);
-  EXPECT_NE(first->GetSettings().edit_status_message, "");
-  EXPECT_TRUE(Has(html, first->GetSettings().edit_status_message));
+  EXPECT_NE(first->LatestOutcome().status_message, "");
+  EXPECT_TRUE(Has(html, first->LatestOutcome().status_message));
   EXPECT_EQ(Written(page, *second), html);
   EXPECT_EQ(Names(), "Ada,Bo,Cy,Di");
 }

@@ -156,12 +156,12 @@ TEST(RecordsMaxLimit, OfZeroOrLessShowsNothing) {
 }
 
 TEST(OrderedStatement, HasTheOrderBehindTheText) {
-  settings::Settings settings;
-  EXPECT_EQ(OrderedSql(settings, "SELECT 1"), "SELECT 1");
-  settings.OrderByFields = "Name";
-  EXPECT_EQ(OrderedSql(settings, "SELECT 1"), "SELECT 1 ORDER BY Name");
-  settings.OrderByDesc = true;
-  EXPECT_EQ(OrderedSql(settings, "SELECT 1"), "SELECT 1 ORDER BY Name DESC ");
+  state::ViewState view{settings::Settings()};
+  EXPECT_EQ(OrderedSql(view, "SELECT 1"), "SELECT 1");
+  view.order_by = "Name";
+  EXPECT_EQ(OrderedSql(view, "SELECT 1"), "SELECT 1 ORDER BY Name");
+  view.is_descending = true;
+  EXPECT_EQ(OrderedSql(view, "SELECT 1"), "SELECT 1 ORDER BY Name DESC ");
 }
 
 TEST(OrderedStatement, WithAnOrderOfItsOwnIsTheDatabasesErrorToReport) {

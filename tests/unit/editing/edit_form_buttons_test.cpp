@@ -130,7 +130,7 @@ TEST(EditForm, BearsTheTagOfTheView) {
 
 TEST(EditForm, TellsTheOutcomeOfTheLastSave) {
   EditFormPage form;
-  form.settings.edit_status_message = "&nbsp;[Record saved ok]";
+  form.outcome.status_message = "&nbsp;[Record saved ok]";
   EXPECT_TRUE(Bar(form).ends_with("value=\"Close\">&nbsp;[Record saved ok]"));
 }
 

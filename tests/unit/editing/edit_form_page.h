@@ -9,6 +9,7 @@
 #include "editing/edit_form.h"
 #include "editing/form_edit_field.h"
 #include "settings/setters.h"
+#include "state/current_mode.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -27,22 +28,30 @@ inline Records OneValue(std::string_view declared_type, std::string_view literal
 
 /// A page with an edit form, which a test changes before it asks for the form or for one control.
 struct EditFormPage : Rendering {
-  EditFormPage() {
-    form_view = true;
-    settings::SetEditOptions(settings, "UPDATE");
-  }
+  EditFormPage() { settings::SetEditOptions(settings, "UPDATE"); }
 
   std::string Form(platform::Recordset& records) {
     rows = -1;
+    mode = AskedForm();
     return Text(
         [&](html::HtmlWriter&, state::Render& render) { editing::RenderEditForm(render, records, rows); });
   }
 
   /// The control of a field at that 0-based position of the record.
   std::string Control(platform::Field& field, int index = 0) {
+    mode = AskedForm();
     return Text([&](html::HtmlWriter&, state::Render& render) {
       editing::FormEditFields(render).GetFormEditField(field, index);
     });
+  }
+
+  /// The edit or the add form, whatever is allowed.
+  state::Mode AskedForm() const {
+    settings::Settings edited = settings;
+    edited.DisplayType = "form";
+    settings::SetEditOptions(edited, "UPDATE NOVIEW");
+    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
+    return state::CurrentMode(edited, &keys, environment->Regional(), outcome.has_failed_to_save);
   }
 
   void Post(std::string_view key, std::string_view value) {
@@ -51,7 +60,7 @@ struct EditFormPage : Rendering {
 
   /// As if a save of this post had failed.
   void FailSave(std::vector<std::pair<std::string_view, std::string_view>> fields) {
-    settings.last_save_failed = true;
+    outcome.has_failed_to_save = true;
     for (const auto& [name, value] : fields) Post("_Form_" + std::string(name), value);
   }
 };

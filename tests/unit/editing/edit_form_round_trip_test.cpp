@@ -63,7 +63,7 @@ struct Shop : ViewPage {
     return Render();
   }
 
-  std::string Status() const { return view.GetSettings().edit_status_message; }
+  std::string Status() const { return view.LatestOutcome().status_message; }
 };
 
 std::string& ValueOf(std::vector<platform::RequestField>& form, std::string_view field) {

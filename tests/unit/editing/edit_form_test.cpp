@@ -145,14 +145,14 @@ TEST(EditForm, KeepsTheRecordAndGoesToTheNext) {
   form.Form(*people);
 
   EXPECT_EQ(form.rows, 1);
-  ASSERT_EQ(form.current_record_values.size(), 3u);
-  EXPECT_EQ(std::get<std::string>(form.current_record_values[1]), "Ann");
+  ASSERT_EQ(form.outcome.record.size(), 3u);
+  EXPECT_EQ(std::get<std::string>(form.outcome.record[1]), "Ann");
   EXPECT_FALSE(people->Eof());
   EXPECT_EQ(std::get<std::string_view>(people[1].Value()), "Bo");
 
   form.Form(*people);
 
-  EXPECT_EQ(std::get<std::string>(form.current_record_values[1]), "Bo");
+  EXPECT_EQ(std::get<std::string>(form.outcome.record[1]), "Bo");
   EXPECT_TRUE(people->Eof());
 }
 
@@ -166,7 +166,7 @@ TEST(EditForm, OfANewRecordLeavesTheRecordsAlone) {
 
   EXPECT_EQ(form.rows, 1);
   EXPECT_EQ(records.row, 1);
-  EXPECT_TRUE(form.current_record_values.empty());
+  EXPECT_TRUE(form.outcome.record.empty());
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
@@ -180,7 +180,7 @@ TEST(EditForm, OfANewRecordNeedsNoRecord) {
 TEST(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
   EditFormPage form;
   settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
-  form.settings.edit_status_message = "&nbsp;[Record deleted]";
+  form.outcome.status_message = "&nbsp;[Record deleted]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID=0");
 
   EXPECT_EQ(form.Form(*nobody), Lines(R"(
@@ -189,7 +189,7 @@ TEST(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
       </table></td></tr>
       )"));
   EXPECT_EQ(form.rows, 0);
-  EXPECT_TRUE(form.current_record_values.empty());
+  EXPECT_TRUE(form.outcome.record.empty());
 }
 
 TEST(EditForm, ComesBackWithWhatWasTypedWhenItsRecordIsGone) {

@@ -4,53 +4,34 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
-#include "component/db_view.h"
+#include "settings/setters.h"
 #include "state/render.h"
-#include "support/fake_page.h"
 #include "support/fake_records.h"
-#include "support/regional_environment.h"
+#include "support/rendering.h"
 #include "support/temporary_database.h"
 
 namespace dralo::tests {
 
 /// A view with a database of its own, for what happens inside a rendering.
-struct EditedView {
+struct EditedView : Rendering {
   /// Runs the statements in the database first.
   explicit EditedView(std::string_view statements = {},
                       platform::Environment& regional_environment = AmericanEnvironment())
-      : database(statements), environment(regional_environment), view(AmericanEnvironment()) {
-    view.Set("ConnectionString", database.ConnectionString());
+      : database(statements) {
+    environment = &regional_environment;
+    settings::SetConnectionString(settings, AmericanEnvironment(), database.ConnectionString());
   }
 
   /// Posts a view key such as ("PK", "5"); the prefix is put in front.
   void Post(std::string_view name, std::string_view value) {
-    page.form.push_back({"Morvu" + Settings().Tag + std::string(name), std::string(value)});
+    page.form.push_back({"Morvu" + settings.Tag + std::string(name), std::string(value)});
   }
 
-  /// What body(render) returns.
-  template <class Body>
-  auto Rendered(Body&& body) {
-    const state::RequestKeys keys(page.GetRequest(), Settings().Tag);
-    html::HtmlWriter out;
-    std::vector<platform::Variant> current_record_values;
-    state::Render render{.settings = Settings(),
-                         .environment = environment,
-                         .keys = keys,
-                         .out = out,
-                         .script_name = page.script_name,
-                         .current_record_values = current_record_values};
-    return body(render);
-  }
-
-  settings::Settings& Settings() { return view.MutableSettings(); }
-  const std::string& ErrorMessage() { return Settings().ErrorMessage; }
+  settings::Settings& Settings() { return settings; }
+  const std::string& ErrorMessage() { return settings.ErrorMessage; }
 
   TemporaryDatabase database;
-  platform::Environment& environment;
-  FakePage page;
-  component::DbView view;
 };
 
 /// Made-up records that know how they were opened.

@@ -49,7 +49,7 @@ TEST(EditField, AfterAFailedSaveIsEmptyWhenNothingWasPosted) {
 
 TEST(EditField, AfterAFailedSaveTakesThePostedTextFromTheFormAlone) {
   EditFormPage form;
-  form.settings.last_save_failed = true;
+  form.outcome.has_failed_to_save = true;
   form.page.query.push_back({"Morvu1_Form_n", "asked"});
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(10)", "'v'")[0]), "value=\"\""));
   form.page.form.push_back({"MORVU1_form_N", "posted"});

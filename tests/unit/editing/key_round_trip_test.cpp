@@ -33,7 +33,7 @@ struct KeyRoundTrip : testing::Test {
   }
 
   static std::shared_ptr<platform::Recordset> Open(EditedView& view, std::string_view sql) {
-    auto records = platform::Create<platform::Recordset>(view.environment, "ADODB.Recordset");
+    auto records = platform::Create<platform::Recordset>(*view.environment, "ADODB.Recordset");
     records->Open(sql, settings::OpenConnection(view.Settings()));
     return records;
   }
@@ -43,7 +43,7 @@ struct KeyRoundTrip : testing::Test {
     state::PrimaryKeyValueList list(view.Settings(), *records);
     int rows = 0;
     for (; !records->Eof(); records->MoveNext(), ++rows) {
-      ASSERT_TRUE(list.Read(view.Settings())) << view.ErrorMessage();
+      ASSERT_TRUE(list.Read(settings::ErrorReport(view.settings.ErrorMessage))) << view.ErrorMessage();
       const auto number = platform::Own(records->Fields()[2]->Value());
       html::HtmlWriter link;
       list.Put(link.Put("/p?Morvu1PK="));

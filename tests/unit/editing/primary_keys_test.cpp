@@ -25,11 +25,11 @@ struct KeyedView : EditedView {
     return Rendered([&](state::Render& render) { return editing::GetSqlPK(render, sql); });
   }
 
-  /// `sql` restricted to the record on which the recordset of `shown` stands after `rows` moves.
-  std::string RestrictedToShown(std::string_view sql, std::string_view shown, int rows = 0) {
+  /// `sql` restricted to the record on which the recordset of `shown` stands after so many moves.
+  std::string RestrictedToShown(std::string_view sql, std::string_view shown, int moves = 0) {
     const auto records = platform::Create<platform::Recordset>(AmericanEnvironment(), "ADODB.Recordset");
     records->Open(shown, settings::OpenConnection(Settings()));
-    records->Move(rows);
+    records->Move(moves);
     return Rendered([&](state::Render& render) { return editing::GetSqlPK(render, sql, records.get()); });
   }
 

@@ -4,14 +4,11 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "component/db_connection.h"
 #include "editing/update_engine.h"
 #include "settings/setters.h"
-#include "state/render.h"
-#include "support/fake_page.h"
-#include "support/regional_environment.h"
+#include "support/rendering.h"
 #include "support/temporary_database.h"
 #include "text/list.h"
 
@@ -26,13 +23,12 @@ inline constexpr std::string_view kCustomers =
     "INSERT INTO T VALUES(2, 'Bert', 'Bonn', NULL, NULL, NULL, 0, NULL);";
 
 /// A page that posts a form of a view. Fields() and Post() make up the form, Save() and Delete() send it.
-class Saving {
+class Saving : public Rendering {
  public:
-  explicit Saving(const TemporaryDatabase& database,
-                  platform::Environment& environment = AmericanEnvironment(),
-                  std::string_view connection_settings = {})
-      : environment_(environment) {
-    settings.DrConnection = std::make_shared<component::DBConnection>(environment);
+  explicit Saving(const TemporaryDatabase& database, platform::Environment& services = AmericanEnvironment(),
+                  std::string_view connection_settings = {}) {
+    environment = &services;
+    settings.DrConnection = std::make_shared<component::DBConnection>(services);
     settings.DrConnection->Connection()->Open(database.ConnectionString() + std::string(connection_settings));
     settings.EditSQL = "SELECT * FROM T";
     settings.EditPrimaryKeys = "ID";
@@ -58,34 +54,18 @@ class Saving {
   }
 
   /// What the engine makes of the request as it is. Output of the render would be an error.
-  bool Update() {
-    html::HtmlWriter out;
-    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
-    std::vector<platform::Variant> current_record;
-    state::Render render{.settings = settings,
-                         .environment = environment_,
-                         .keys = keys,
-                         .out = out,
-                         .script_name = page.script_name,
-                         .current_record_values = current_record};
-    return editing::UpdateRecord(render);
-  }
+  bool Update() { return Rendered(editing::UpdateRecord); }
 
   std::string Key(std::string_view name) const { return "Morvu" + settings.Tag + std::string(name); }
 
   const std::string& Message() const { return settings.ErrorMessage; }
-  const std::string& Status() const { return settings.edit_status_message; }
-
-  settings::Settings settings;
-  FakePage page;
+  const std::string& Status() const { return outcome.status_message; }
 
  private:
   bool Send(std::string_view button, std::string_view caption) {
     page.form.push_back({Key(button), std::string(caption)});
     return Update();
   }
-
-  platform::Environment& environment_;
 };
 
 /// The row as a list of SQL literals, so that Null, texts and numbers are told apart.

@@ -156,7 +156,7 @@ TEST_F(UpdateEngine, SavesWhatWasChangedAndNothingElse) {
 }
 
 TEST_F(UpdateEngine, ReplacesTheOutcomeOfEarlierAndKeepsItsErrors) {
-  saving.settings.edit_status_message = "Old.";
+  saving.outcome.status_message = "Old.";
   saving.settings.ErrorMessage = "Old.";
   PostAnna(saving);
   EXPECT_TRUE(saving.Save());

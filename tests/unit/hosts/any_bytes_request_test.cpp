@@ -120,7 +120,7 @@ TEST(AnyBytesInARequest, StayInsideTheAttributesOfTheHiddenState) {
     rendering.settings.OrderByFields = requests.Next();
 
     const std::string html = rendering.Text([&](html::HtmlWriter&, state::Render& render) {
-      render.form_display = requests.Next();
+      render.view.form_display = requests.Next();
       state::PutHiddenState(render);
     });
 

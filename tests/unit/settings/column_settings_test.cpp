@@ -40,32 +40,35 @@ TEST(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
   settings::SetGridColAttributes(settings, 0, " b ");
   settings::SetGridColHeadAttributes(settings, -4, " c ");
 
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 1), " a ");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2), "UCASE");
-  EXPECT_EQ(settings::GridColAttributes(settings, 0), " b ");
-  EXPECT_EQ(settings::GridColHeadAttributes(settings, -4), " c ");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 1, settings::ErrorReport(settings.ErrorMessage)),
+            " a ");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
+            "UCASE");
+  EXPECT_EQ(settings::GridColAttributes(settings, 0, settings::ErrorReport(settings.ErrorMessage)), " b ");
+  EXPECT_EQ(settings::GridColHeadAttributes(settings, -4, settings::ErrorReport(settings.ErrorMessage)),
+            " c ");
 }
 
 TEST(ColumnSettings, ReadAsEmptyWithoutAMessageForAColumnThatHasNone) {
   Settings settings;
   settings::SetGridColAttributes(settings, 1, "nowrap");
 
-  EXPECT_EQ(settings::GridColAttributes(settings, 9), "");
-  EXPECT_EQ(settings::GridColHeadAttributes(settings, 9), "");
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 9), "");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 9), "");
+  EXPECT_EQ(settings::GridColAttributes(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(settings::GridColHeadAttributes(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
   EXPECT_EQ(settings.ErrorMessage, "");
 }
 
 TEST(ColumnSettings, AreReportedWhenAReaderCountsOnAMissingOne) {
   Settings settings;
 
-  EXPECT_EQ(settings::GetFreeCellStringRaw(settings, 3), "");
+  EXPECT_EQ(settings::GetFreeCellStringRaw(settings, 3, settings::ErrorReport(settings.ErrorMessage)), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=-1<br>");
 
   settings.ErrorMessage.clear();
-  EXPECT_EQ(settings::GetFormatCellStringRaw(settings, 4), "");
+  EXPECT_EQ(settings::GetFormatCellStringRaw(settings, 4, settings::ErrorReport(settings.ErrorMessage)), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFormatCellStringRaw. index=4, nArrIdx=-1<br>");
 }
@@ -84,10 +87,12 @@ TEST(ColumnSettings, StripAFormatFunctionOfANewColumnOnly) {
   Settings settings;
 
   settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2), "LEFT,3");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
+            "LEFT,3");
 
   settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2), "  LEFT,3 ");
+  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
+            "  LEFT,3 ");
 }
 
 TEST(ColumnSettings, ShowTheStepsWhenTheFirstTemplateCannotBeStored) {
@@ -149,7 +154,8 @@ TEST(BulkTemplates, NeverMatchAColumnWhoseNumberBeginsWithABlank) {
 
   EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2, 4");
   EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 4));
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2), "x");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
+            "x");
 }
 
 TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
@@ -158,8 +164,10 @@ TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
 
   SetGridFreeFormatCell(settings, "2||a,b||4||c");
 
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2), "a,b");
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 4), "c");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
+            "a,b");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 4, settings::ErrorReport(settings.ErrorMessage)),
+            "c");
 }
 
 TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
@@ -170,7 +178,7 @@ TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
 
   EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2");
   EXPECT_THAT(settings.GridFreeFormatCellByCol.values, IsEmpty());
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2), "");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2, settings::ErrorReport(settings.ErrorMessage)), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=2, nArrIdx=1<br>");
 }
@@ -181,7 +189,7 @@ TEST(BulkTemplates, ReportALastColumnWithoutATemplate) {
   SetGridFreeFormatCell(settings, "2,x,3");
 
   EXPECT_TRUE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 3));
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 3), "");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 3, settings::ErrorReport(settings.ErrorMessage)), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=3<br>");
 }
@@ -206,7 +214,8 @@ TEST(BulkTemplates, GetTheirMissingTemplateWhenAnotherColumnIsSet) {
   SetGridFreeFormatCellByCol(settings, 5, "y");
 
   EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("2", "x", "3", "", "5", "y"));
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 5), "y");
+  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 5, settings::ErrorReport(settings.ErrorMessage)),
+            "y");
 }
 
 }  // namespace

@@ -131,19 +131,36 @@ TEST_F(CurrentModeTest, GoesBackToTheViewWhenAddingIsClosed) {
   EXPECT_EQ(Mode(), "formview");
 }
 
-TEST_F(CurrentModeTest, IsTheFormOfASaveThatFailed) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE");
-  shop.view.MutableSettings().last_save_failed = true;
+/// A view whose last save has failed: nobody may change this table.
+struct FailedSave : CurrentModeTest {
+  FailedSave() {
+    Set("DisplayType", "form");
+    Set("EditOptions", "UPDATE");
+    Set("EditPrimaryKeys", "ID");
+    shop.database.Run(
+        "CREATE TRIGGER Refuse BEFORE UPDATE ON Items BEGIN SELECT RAISE(FAIL, 'no'); END;"
+        "CREATE TRIGGER Refuse2 BEFORE INSERT ON Items BEGIN SELECT RAISE(FAIL, 'no'); END");
+    for (const auto& [name, value] :
+         {std::pair("FormUpdate", "Save"), {"_Form_ID", "1"}, {"_Form_Name", "New"}}) {
+      shop.page.form.push_back({std::string("Morvu1") + name, value});
+    }
+  }
+};
+
+TEST_F(FailedSave, BringsTheEditFormBack) {
+  shop.Render();
   EXPECT_EQ(Mode(), "formedit");
-  shop.Ask("FormInsert", "1");
+}
+
+TEST_F(FailedSave, OfANewRecordBringsTheAddFormBack) {
+  shop.page.form.push_back({"Morvu1FormInsert", "1"});
+  shop.Render();
   EXPECT_EQ(Mode(), "formadd");
 }
 
-TEST_F(CurrentModeTest, ForgetsAFailedSaveWhenTheNextRenderingSavesNothing) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE");
-  shop.view.MutableSettings().last_save_failed = true;
+TEST_F(FailedSave, IsForgottenWhenTheNextRenderingSavesNothing) {
+  shop.Render();
+  shop.page.form.clear();
   shop.Render();
   EXPECT_EQ(Mode(), "formview");
 }

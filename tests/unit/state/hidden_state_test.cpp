@@ -16,8 +16,8 @@ struct Form : tests::Rendering {
 
   std::string Html() {
     return Text([&](html::HtmlWriter&, Render& render) {
-      render.form_display = form_display;
-      render.records_on_page = records_on_page;
+      render.view.form_display = form_display;
+      render.view.records_on_page = records_on_page;
       PutHiddenState(render);
     });
   }
@@ -103,7 +103,7 @@ TEST(HiddenState, WritesTheOrderEmptyWhenItAscendsBecauseAnyTextWouldDescend) {
 
 TEST(HiddenState, CarriesThePageSizeOfTheGridInTheOneRecordView) {
   Form form;
-  form.form_view = true;
+  form.mode = state::Mode::kFormView;
   form.records_on_page = 1;
   form.current_record = 27;
 
@@ -125,7 +125,7 @@ TEST_P(PageSize, IsHiddenExactlyWhenNoSelectCarriesIt) {
   Form form;
   form.settings.DisplayRecordsPerPageSelect = GetParam().select;
   form.settings.RecordsPerPageSelectPlacement = GetParam().placement;
-  form.form_view = GetParam().form_view;
+  form.mode = GetParam().form_view ? Mode::kFormView : Mode::kGrid;
   form.records_on_page = GetParam().records_on_page;
 
   EXPECT_EQ(Has(form.Html(), "maxrecords"), GetParam().hidden_size);

@@ -8,6 +8,7 @@
 
 #include "support/fake_records.h"
 #include "support/records.h"
+#include "support/rendering.h"
 
 namespace dralo::tests {
 namespace {
@@ -16,11 +17,18 @@ using settings::Settings;
 
 /// The list as links have it, or nothing when the values address no record.
 std::string KeyList(Settings& settings, platform::Recordset& records) {
-  auto list = state::PrimaryKeyValueList::ForLink(settings, records);
-  if (!list.Read(settings)) return "(none)";
-  html::HtmlWriter out;
-  list.Put(out);
-  return out.Take();
+  Rendering view;
+  view.settings = settings;
+  const std::string text = view.Text([&](html::HtmlWriter& out, state::Render& render) {
+    auto list = state::PrimaryKeyValueList::ForLink(render, records);
+    if (list.Read(render.Errors())) {
+      list.Put(out);
+    } else {
+      out.Put("(none)");
+    }
+  });
+  settings = view.settings;
+  return text;
 }
 
 Settings Editable(std::string_view keys) {
@@ -61,7 +69,7 @@ TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
   Settings settings = Editable("ID");
   settings.EditSQL.clear();
   state::PrimaryKeyValueList list(settings, *people);
-  EXPECT_TRUE(list.Read(settings));
+  EXPECT_TRUE(list.Read(settings::ErrorReport(settings.ErrorMessage)));
   EXPECT_EQ(list.Plain(), "5");
 }
 
@@ -105,7 +113,7 @@ std::pair<std::string, std::string> ScriptAndPlain(std::string_view row) {
   const Records records("CREATE TABLE T (A TEXT, B INTEGER); INSERT INTO T VALUES " + std::string(row));
   Settings settings = Editable("A,B");
   state::PrimaryKeyValueList list(settings, *records);
-  EXPECT_TRUE(list.Read(settings));
+  EXPECT_TRUE(list.Read(settings::ErrorReport(settings.ErrorMessage)));
   html::HtmlWriter out;
   list.PutInScript(out);
   return {out.Take(), list.Plain()};
@@ -133,10 +141,10 @@ TEST(PrimaryKeyValueList, ForgetsTheLastRecordWhenTheNextCannotBeRead) {
   });
   Settings settings = Editable("ID");
   state::PrimaryKeyValueList list(settings, records);
-  EXPECT_TRUE(list.Read(settings));
+  EXPECT_TRUE(list.Read(settings::ErrorReport(settings.ErrorMessage)));
   EXPECT_EQ(list.Plain(), "5");
   is_readable = false;
-  EXPECT_FALSE(list.Read(settings));
+  EXPECT_FALSE(list.Read(settings::ErrorReport(settings.ErrorMessage)));
   EXPECT_EQ(list.Plain(), "");
 }
 

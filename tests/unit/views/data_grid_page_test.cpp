@@ -79,18 +79,18 @@ TEST(DataGrid, KeepsTheValuesOfItsFirstRow) {
 
   view.Grid(*people);
 
-  EXPECT_THAT(view.current_record_values,
+  EXPECT_THAT(view.outcome.record,
               ElementsAre(platform::Variant(std::int64_t{5}), platform::Variant(std::string("Ann")),
                           platform::Variant(true)));
 }
 
 TEST(DataGrid, KeepsNoValuesWithoutARow) {
   Rendering view = RowsOnly();
-  view.current_record_values = {platform::Variant(true)};
+  view.outcome.record = {platform::Variant(true)};
   const Records empty("CREATE TABLE T (A INTEGER)");
 
   EXPECT_EQ(view.Grid(*empty), "");
-  EXPECT_THAT(view.current_record_values, IsEmpty());
+  EXPECT_THAT(view.outcome.record, IsEmpty());
 }
 
 TEST(DataGrid, GoesOnPastAValueThatCannotBeRead) {
@@ -103,7 +103,7 @@ TEST(DataGrid, GoesOnPastAValueThatCannotBeRead) {
   EXPECT_EQ(view.settings.ErrorMessage,
             "Disk gone in GetStdDbFieldString. oField.Name=A<br>"
             "Disk gone in GetStdDbFieldString. oField.Name=A<br>");
-  EXPECT_THAT(view.current_record_values,
+  EXPECT_THAT(view.outcome.record,
               ElementsAre(platform::Variant(platform::Null()), platform::Variant(std::int64_t{7})));
 }
 

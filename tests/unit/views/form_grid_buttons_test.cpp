@@ -86,7 +86,7 @@ TEST(FormGridButtons, OfferToAddWhenThePageAllowsIt) {
 
 TEST(FormGridButtons, AreAllMissingWithoutThePermissionToUpdate) {
   ButtonsPage page;
-  page.settings.edit_status_message = "&nbsp;[Record saved ok]";
+  page.outcome.status_message = "&nbsp;[Record saved ok]";
   for (const char* options : {"", "ADD", "ADD DELETE"}) {
     page.settings.EditOptions = options;
     const Records people(kPeople);
@@ -196,7 +196,7 @@ TEST(FormGridButtons, TellTheOutcomeOfASaveOnceBehindTheButtonsOfTheFirstRecord)
   ButtonsPage page;
   page.records_on_page = 3;
   page.settings.EditOptions = "ADD UPDATE";
-  page.settings.edit_status_message = "&nbsp;[Record saved ok]";
+  page.outcome.status_message = "&nbsp;[Record saved ok]";
   const Records people(kPeople);
   const Records again(kPeople);
 
@@ -208,7 +208,7 @@ TEST(FormGridButtons, TellTheOutcomeOfASaveOnceBehindTheButtonsOfTheFirstRecord)
 TEST(FormGridButtons, OfferToAddAndTellTheOutcomeWhenThereIsNoRecord) {
   ButtonsPage page;
   page.settings.EditOptions = "ADD UPDATE DELETE";
-  page.settings.edit_status_message = "&nbsp;[Record deleted ok]";
+  page.outcome.status_message = "&nbsp;[Record deleted ok]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
 
   EXPECT_EQ(page.Form(*nobody),
@@ -222,7 +222,7 @@ TEST(FormGridButtons, OfferToAddAndTellTheOutcomeWhenThereIsNoRecord) {
 TEST(FormGridButtons, TellTheOutcomeAloneWhenThereIsNoRecordAndNoneCanBeAdded) {
   ButtonsPage page;
   page.settings.UseCSS = false;
-  page.settings.edit_status_message = "&nbsp;[Record deleted ok]";
+  page.outcome.status_message = "&nbsp;[Record deleted ok]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
 
   EXPECT_EQ(page.Form(*nobody),
@@ -233,7 +233,7 @@ TEST(FormGridButtons, TellTheOutcomeAloneWhenThereIsNoRecordAndNoneCanBeAdded) {
 TEST(FormGridButtons, AreMissingWithoutARecordAndWithoutThePermissionToUpdate) {
   ButtonsPage page;
   page.settings.EditOptions = "ADD";
-  page.settings.edit_status_message = "&nbsp;[Record deleted ok]";
+  page.outcome.status_message = "&nbsp;[Record deleted ok]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
 
   EXPECT_EQ(page.Form(*nobody), "");

@@ -182,8 +182,8 @@ TEST(FormGrid, KeepsTheValuesOfItsLastRecord) {
 
   page.Form(*people);
 
-  EXPECT_THAT(page.current_record_values, ElementsAre(Variant(std::int64_t{8}), Variant(std::string("Bob")),
-                                                      Variant(platform::Null()), Variant(platform::Null())));
+  EXPECT_THAT(page.outcome.record, ElementsAre(Variant(std::int64_t{8}), Variant(std::string("Bob")),
+                                               Variant(platform::Null()), Variant(platform::Null())));
 }
 
 TEST(FormGrid, KeepsValuesThatOutliveTheRecord) {
@@ -194,17 +194,17 @@ TEST(FormGrid, KeepsValuesThatOutliveTheRecord) {
     people->Close();
   }
 
-  EXPECT_THAT(page.current_record_values, ElementsAre(Variant(std::string("Ann"))));
+  EXPECT_THAT(page.outcome.record, ElementsAre(Variant(std::string("Ann"))));
 }
 
 TEST(FormGrid, KeepsNoValuesWithoutARecord) {
   FormPage page;
-  page.current_record_values = {Variant(true)};
+  page.outcome.record = {Variant(true)};
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
 
   page.Form(*nobody);
 
-  EXPECT_THAT(page.current_record_values, IsEmpty());
+  EXPECT_THAT(page.outcome.record, IsEmpty());
 }
 
 TEST(FormGrid, GoesOnPastAValueThatCannotBeRead) {
@@ -218,7 +218,7 @@ TEST(FormGrid, GoesOnPastAValueThatCannotBeRead) {
       <tr class="DRLOTableTR"><th align=left>B</th><td>7</td></tr>
       )"));
   EXPECT_EQ(page.settings.ErrorMessage, "Disk gone in GetStdDbFieldString. oField.Name=A<br>");
-  EXPECT_THAT(page.current_record_values, ElementsAre(Variant(platform::Null()), Variant(std::int64_t{7})));
+  EXPECT_THAT(page.outcome.record, ElementsAre(Variant(platform::Null()), Variant(std::int64_t{7})));
 }
 
 TEST(FormGrid, KeepsNoValueOfAnEarlierRecordForOneThatCannotBeRead) {
@@ -231,7 +231,7 @@ TEST(FormGrid, KeepsNoValueOfAnEarlierRecordForOneThatCannotBeRead) {
 
   page.Form(records);
 
-  EXPECT_THAT(page.current_record_values, ElementsAre(Variant(platform::Null())));
+  EXPECT_THAT(page.outcome.record, ElementsAre(Variant(platform::Null())));
 }
 
 TEST(FormGrid, ReportsAFailureAndKeepsWhatWasWritten) {

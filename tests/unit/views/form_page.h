@@ -16,19 +16,15 @@ constexpr std::string_view kPeople = R"(
 
 /// A one-record view, which a test changes before it asks for the records.
 struct FormPage : Rendering {
-  std::int32_t records_on_page = 1;
-
   FormPage() {
-    form_view = true;
+    mode = state::Mode::kFormView;
     settings.EditSQL = "SELECT * FROM T";
   }
 
   std::string Form(platform::Recordset& records) {
     rows = -1;
-    return Text([&](html::HtmlWriter&, state::Render& render) {
-      render.records_on_page = records_on_page;
-      views::MakeFormGrid(render, records, rows);
-    });
+    return Text(
+        [&](html::HtmlWriter&, state::Render& render) { views::MakeFormGrid(render, records, rows); });
   }
 };
 

@@ -12,12 +12,11 @@ namespace dralo::views {
 
 /// A grid on the first of three pages of 45 records, which a test changes before it asks for the bar.
 struct Bar : tests::Rendering {
-  std::int32_t records_on_page = 20;
   std::int32_t last_record = 41;
-  bool is_last_page = false;
   std::string class_suffix = "";
 
   Bar() {
+    records_on_page = 20;
     settings.RecordCount = 45;
     settings.FromRow = 1;
     settings.ToRow = 20;
@@ -25,7 +24,7 @@ struct Bar : tests::Rendering {
 
   /// The one-record view on record `number`.
   void ShowRecord(std::int32_t number) {
-    form_view = true;
+    mode = state::Mode::kFormView;
     records_on_page = 1;
     current_record = settings.FromRow = settings.ToRow = number;
     last_record = settings.RecordCount;
@@ -38,8 +37,6 @@ struct Bar : tests::Rendering {
 
   std::string Html(int column_span = 4) {
     return Text([&](html::HtmlWriter& out, state::Render& render) {
-      render.records_on_page = records_on_page;
-      render.is_last_page = is_last_page;
       out.Write(html::Verbatim{NavigationBar(render, column_span, class_suffix, last_record)});
     });
   }
@@ -60,14 +57,7 @@ struct Bar : tests::Rendering {
     });
   }
 
-  bool ShowsSelect() {
-    bool shows = false;
-    Text([&](html::HtmlWriter&, state::Render& render) {
-      render.records_on_page = records_on_page;
-      shows = state::ShowsRecordsPerPageSelect(render);
-    });
-    return shows;
-  }
+  bool ShowsSelect() { return Rendered(state::ShowsRecordsPerPageSelect); }
 
  private:
   std::string Between(std::string_view start) {

@@ -88,7 +88,7 @@ TEST(NavigationButtons, GoBackFromAPageThatStartsInTheMiddleOfTheFirst) {
 TEST(NavigationButtons, GoNoFurtherFromTheLastPage) {
   Bar bar;
   bar.ShowRows(41, 45);
-  bar.is_last_page = true;
+  bar.outcome.is_last_page = true;
 
   EXPECT_TRUE(bar.Buttons().ends_with(std::string(kNextOff) + kLastOff));
 }
@@ -179,7 +179,7 @@ TEST(NavigationButtons, SpeakOfRecordsInAGridOfOneRow) {
 
 TEST(NavigationButtons, SpeakOfRecordsInAFormViewOfSeveralRecords) {
   Bar bar;
-  bar.form_view = true;
+  bar.mode = state::Mode::kFormView;
   bar.records_on_page = 3;
   bar.settings.RecordsPerPage = 3;
   bar.ShowRows(4, 6);
@@ -209,7 +209,7 @@ TEST(ListLink, KeepsTheSortOrder) {
 
 TEST(ListLink, StandsInAFormViewOfSeveralRecordsToo) {
   Bar bar;
-  bar.form_view = true;
+  bar.mode = state::Mode::kFormView;
   bar.records_on_page = 3;
 
   EXPECT_TRUE(Has(bar.RightHand(), ">List</a>"));

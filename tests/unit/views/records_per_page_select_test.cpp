@@ -90,7 +90,7 @@ TEST(RecordsPerPageSelect, IsShownInAFormViewOnlyWithSeveralRecordsOnAPage) {
   for (const auto& [records_on_page, shown] : {std::pair(1, false), {2, true}, {20, true}}) {
     Bar bar;
     bar.settings.DisplayRecordsPerPageSelect = true;
-    bar.form_view = true;
+    bar.mode = state::Mode::kFormView;
     bar.records_on_page = records_on_page;
 
     EXPECT_EQ(bar.ShowsSelect(), shown) << records_on_page;

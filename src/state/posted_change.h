@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace dralo::settings {
+namespace dralo::state {
 
 /// What a posted change did to the database.
 enum class Change { kNone, kSaved, kDeleted };
@@ -15,4 +15,4 @@ struct PostedChange {
   std::string errors = "";          ///< What it added to ErrorMessage.
 };
 
-}  // namespace dralo::settings
+}  // namespace dralo::state

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace dralo::settings {
+
+/// Adds to ErrorMessage: every text that it can have is made here. Descriptions are those of the database or
+/// of the step that failed.
+class ErrorReport {
+ public:
+  /// `message` must outlive the report and its copies.
+  explicit ErrorReport(std::string& message) : message_(&message) {}
+
+  /// What went wrong in a renderer or reader of that name.
+  void Add(std::string_view description, std::string_view renderer);
+
+  /// The same for what ran a statement. Pages that debug see the statement.
+  void AddStatement(std::string_view description, std::string_view renderer, std::string_view statement,
+                    bool shows_statement);
+
+  void AddMissingKeys();
+  void AddKeyLinkFailure(std::string_view description);
+  void AddNewKeyFailure(std::string_view description, std::string_view statement, bool shows_statement);
+  void AddLookupFailure(std::string_view description, std::string_view statement);
+  void AddOpeningFailure(std::string_view description, std::string_view statement);
+  void AddAddNewFailure(std::string_view description);
+  void AddUpdateFailure(std::string_view description);
+  void AddFormattingFailure(std::string_view description);
+
+  /// A comma list of interface texts was too short: `bound` is the number of its last item, counted from 0.
+  void AddShortTextList(std::string_view property, std::size_t bound, std::string_view wanted);
+
+  /// What another report has said.
+  void AddAll(std::string_view errors) { message_->append(errors); }
+
+ private:
+  std::string* message_;
+};
+
+/// Returns body(), or `neutral` when it throws; the failure is reported under `renderer`. The outermost call
+/// of every renderer: a part that fails leaves a message and its neutral result, never a broken page script.
+/// Only std::exception is caught: a host ends a page by throwing something else, which passes through.
+template <class Result, class Body>
+Result Guarded(ErrorReport errors, std::string_view renderer, Result neutral, Body&& body) {
+  try {
+    return std::forward<Body>(body)();
+  } catch (const std::exception& error) {
+    errors.Add(error.what(), renderer);
+  }
+  return neutral;
+}
+
+/// The same for renderers without a result.
+template <class Body>
+void Guarded(ErrorReport errors, std::string_view renderer, Body&& body) {
+  try {
+    std::forward<Body>(body)();
+  } catch (const std::exception& error) {
+    errors.Add(error.what(), renderer);
+  }
+}
+
+}  // namespace dralo::settings

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/variant.h"
+#include "state/posted_change.h"
+
+namespace dralo::state {
+
+/// What a rendering finds, does and has to say.
+struct Outcome {
+  std::int32_t record_count = -1;  ///< -1 while it is unknown.
+  std::int32_t from_row = 0;       ///< 0 while nothing is shown.
+  std::int32_t to_row = 0;
+  bool is_last_page = false;  ///< There is no record behind this page.
+
+  std::string errors = "";  ///< What is added to ErrorMessage.
+
+  Change change = Change::kNone;    ///< What was changed before anything was shown.
+  bool has_failed_to_save = false;  ///< A posted change was tried and failed.
+  std::string status_message = "";  ///< The outcome of the last save or delete, for the form views.
+  std::shared_ptr<const PostedChange> reported_change = nullptr;  ///< Whose errors were added already.
+
+  std::vector<platform::Variant> record = {};  ///< The values of the record shown, of a grid its first.
+
+  bool has_taken_default_page_sizes = false;  ///< The select had no options of the page's own.
+};
+
+}  // namespace dralo::state

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "settings/settings.h"
+#include "state/mode.h"
+
+namespace dralo::state {
+
+/// What is to be shown: what the page has set where the request asks for nothing else. It travels in the
+/// page, as hidden inputs and in the query of links.
+struct ViewState {
+  explicit ViewState(const settings::Settings& settings)
+      : page_size(settings.RecordsPerPage),
+        is_counted(settings.CountRecords),
+        sql(settings.sql),
+        order_by(settings.OrderByFields),
+        is_descending(settings.OrderByDesc) {}
+
+  std::int16_t page_size;
+  bool is_counted;
+  std::string sql;
+  std::string order_by;
+  bool is_descending;
+
+  std::string form_display = "";  ///< The view that the request asks for, as posted; written back.
+  Mode mode = Mode::kGrid;
+  std::int32_t current_record = 1;  ///< 1-based number of the record that the page starts with.
+  std::int32_t bookmark = 1;
+  std::int32_t records_on_page = 1;  ///< How many records the shown view puts on a page.
+};
+
+}  // namespace dralo::state
