@@ -102,7 +102,7 @@ using S = settings::Settings;
 constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   CreatingRow<&S::sql, settings::SetSql>("sql", kReadWrite, "The query of the grid; a text that does not begin with \"SELECT \" is run as a command; also becomes FormSQL and EditSQL where these are empty."),
   Row<&S::FormSQL, settings::SetFormSql>("FormSQL", kReadWrite, "The query of the one-record view; setting it switches ApplyCellFormattingToForm and ApplyColFormattingToForm off."),
-  Row<&S::EditSQL, settings::SetEditSql>("EditSQL", kReadWrite, "The query of the edit and add forms."),
+  Row<&S::EditSQL>("EditSQL", kReadWrite, "The query of the edit and add forms."),
   Row<&S::DeleteSQL>("DeleteSQL", kReadWrite, "The statement that deletes a record, without its WHERE, such as DELETE FROM Customers."),
   Row<&S::PersistentSQL>("PersistentSQL", kReadWrite, "Carries the text of sql in the page, so that later requests use it."),
   Row<&S::StoredProcCommand, settings::SetStoredProcCommand>("StoredProcCommand", kReadWrite, "A prepared command that is run instead of an SQL text.", "ADODB.Command"),

@@ -76,7 +76,7 @@ void PutHeaderRow(state::Render& render, bool bar, int column_span) {
 
 void PutAddButtonRow(const state::Render& render) {
   const settings::Settings& settings = render.settings;
-  if (!text::ContainsWord(settings.EditOptions, "ADD")) return;
+  if (!settings.edit.add) return;
   const Verbatim caption{settings.language_tables->buttons[settings::kAdd]};
   render.out.Put(R"(<tr><td width="100%"><table width="100%" cellspacing=0 cellpadding=0>)")
       .PutIf(settings.UseCSS, R"(<tr><td colspan=2 class="DraloEditBtnBar">)")

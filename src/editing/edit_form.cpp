@@ -43,7 +43,6 @@ class EditForm {
   void PutRow(platform::Field& field, int column);
   void PutLabelCell(const platform::Field& field, int column);
 
-  bool Allows(std::string_view word) const { return text::ContainsWord(settings_.EditOptions, word); }
   bool IsKey(std::string_view field_name) const;
 
   Verbatim ButtonClass() const { return {settings_.UseCSS ? R"( class="DraloInputBtn" )" : " "}; }
@@ -74,7 +73,7 @@ void EditForm::PutButtonBar() {
   views::PutButtonBarStart(render_);
   PutStateInputs();
   PutSaveButton();
-  if (!Allows("NOVIEW")) {
+  if (!settings_.edit.skips_view) {
     out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
              render_.keys(key::kFormView), Caption(settings::kClose));
   }
@@ -99,7 +98,7 @@ void EditForm::PutSaveButton() {
 }
 
 void EditForm::PutDeleteButton() {
-  if (!Allows("DELETE") || settings_.DeleteSQL.empty()) return;
+  if (!settings_.edit.remove || settings_.DeleteSQL.empty()) return;
   out_.Put(R"(&nbsp;<input{}type="submit" onclick="FormDraloGrid{}.{}.value='';)", ButtonClass(),
            Verbatim{settings_.Tag}, render_.keys(key::kFormEdit))
       .PutIf(!settings_.EditConfirmDeleteString.empty(), "return confirm('{}');",

@@ -14,11 +14,6 @@ namespace {
 
 namespace key = state::key;
 
-/// Looks for the word in capitals, in what the page assigned: a page that wrote "update" allows no saving.
-bool MayUpdate(const settings::Settings& settings) {
-  return settings.edit_options_as_assigned.find("UPDATE") != std::string::npos;
-}
-
 bool CarryOut(state::Render& render, std::string& statement) {
   const settings::Settings& settings = render.settings;
   const QuerySchema schema = ReadQuerySchema(render, statement);
@@ -33,7 +28,7 @@ bool CarryOut(state::Render& render, std::string& statement) {
 
 bool IsChangePosted(const state::Render& render) {
   const bool is_posted = render.keys.Has(key::kFormUpdate) || render.keys.Has(key::kFormDelete);
-  return is_posted && MayUpdate(render.settings);
+  return is_posted && render.settings.edit.save;
 }
 
 bool UpdateRecord(state::Render& render) {

@@ -62,24 +62,21 @@ void SetSql(Settings& settings, platform::Environment& environment, std::string 
 void SetFormSql(Settings& settings, std::string value) {
   const bool edit_follows = text::IsBlank(settings.EditSQL) || settings.EditSQL == settings.sql;
   if (edit_follows) settings.EditSQL = value;
-  if (value != settings.sql) settings.has_distinct_form_sql = true;
   settings.FormSQL = std::move(value);
   settings.ApplyCellFormattingToForm = false;
   settings.ApplyColFormattingToForm = false;
 }
 
-void SetEditSql(Settings& settings, std::string value) {
-  if (value != settings.sql) settings.has_distinct_form_sql = true;
-  settings.EditSQL = std::move(value);
-}
-
 void SetEditOptions(Settings& settings, std::string_view value) {
-  constexpr std::string_view kAll = " ADD UPDATE DELETE";
   settings.EditOptions = text::ToUpper(text::TrimBlanks(value));
-  settings.edit_options_as_assigned = value;
-  if (!text::ContainsWord(settings.EditOptions, "ALL")) return;
-  settings.EditOptions += kAll;
-  settings.edit_options_as_assigned += kAll;
+  const bool all = text::ContainsWord(settings.EditOptions, "ALL");
+  if (all) settings.EditOptions += " ADD UPDATE DELETE";
+  const auto has = [&](std::string_view word) { return text::ContainsWord(settings.EditOptions, word); };
+  settings.edit = {.add = has("ADD"),
+                   .update = has("UPDATE"),
+                   .remove = has("DELETE"),
+                   .save = all || value.find("UPDATE") != value.npos,
+                   .skips_view = has("NOVIEW")};
 }
 
 void SetTableTag(Settings& settings, std::string_view value) {

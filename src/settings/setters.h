@@ -21,8 +21,6 @@ void SetSql(Settings& settings, platform::Environment& environment, std::string 
 /// view.
 void SetFormSql(Settings& settings, std::string value);
 
-void SetEditSql(Settings& settings, std::string value);
-
 /// Stored in capitals and trimmed; "ALL" brings " ADD UPDATE DELETE" with it.
 void SetEditOptions(Settings& settings, std::string_view value);
 

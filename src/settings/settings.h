@@ -14,6 +14,15 @@
 
 namespace dralo::settings {
 
+/// What a visitor may do with records.
+struct EditPermissions {
+  bool add = false;
+  bool update = false;
+  bool remove = false;
+  bool save = false;        ///< "UPDATE" was assigned in capitals: only then anything is written.
+  bool skips_view = false;  ///< "NOVIEW": forms open for editing at once.
+};
+
 /// What a page has set on a view, with the defaults. Members that are properties bear the property's name and
 /// are written only by its setter, by the reader of the request and, for counts and row numbers, by the
 /// render itself.
@@ -119,9 +128,8 @@ struct Settings {
   // What setters note for the render.
   bool has_stored_procedure = false;    ///< StoredProcCommand is run instead of an SQL text.
   bool has_supplied_recordset = false;  ///< ADORecordset is shown and nothing is opened.
-  bool has_distinct_form_sql = false;
-  bool owns_connection = false;               ///< DrConnection was made by the ConnectionString setter.
-  std::string edit_options_as_assigned = "";  ///< EditOptions in the page's own letter case.
+  bool owns_connection = false;         ///< DrConnection was made by the ConnectionString setter.
+  EditPermissions edit;                 ///< What EditOptions says.
 };
 
 }  // namespace dralo::settings

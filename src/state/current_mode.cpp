@@ -47,9 +47,9 @@ Mode SelectMode(const settings::Settings& settings, const ViewRequest& request) 
                     (text::ContainsWord(settings.DisplayType, "DEFAULT") && request.records_per_page == 1);
   if (!form) return Mode::kGrid;
   // Adding, too, needs the permission to update: the add button alone needs "ADD".
-  if (!text::ContainsWord(settings.EditOptions, "UPDATE")) return Mode::kFormView;
+  if (!settings.edit.update) return Mode::kFormView;
   if (request.add) return Mode::kFormAdd;
-  if (request.edit || text::ContainsWord(settings.EditOptions, "NOVIEW")) return Mode::kFormEdit;
+  if (request.edit || settings.edit.skips_view) return Mode::kFormEdit;
   return Mode::kFormView;
 }
 

@@ -1,7 +1,5 @@
 #include "views/button_bar.h"
 
-#include "text/letter_case.h"
-
 namespace dralo::views {
 
 using html::Verbatim;
@@ -14,7 +12,7 @@ void PutButtonBarStart(const state::Render& render) {
 
 void PutAddButton(const state::Render& render) {
   const settings::Settings& settings = render.settings;
-  if (!text::ContainsWord(settings.EditOptions, "ADD")) return;
+  if (!settings.edit.add) return;
   render.out.Put("&nbsp;<input")
       .PutIf(settings.UseCSS, R"( class="DraloInputBtn")")
       .Put(R"( type="submit" name="{}" value="{}">)", render.keys(state::key::kFormAdd),
@@ -26,7 +24,7 @@ void PutButtonBarEnd(const state::Render& render, std::string_view message) {
 }
 
 void PutButtonBarWithoutRecord(const state::Render& render) {
-  if (!text::ContainsWord(render.settings.EditOptions, "UPDATE")) return;
+  if (!render.settings.edit.update) return;
   PutButtonBarStart(render);
   PutAddButton(render);
   PutButtonBarEnd(render, render.outcome.status_message);

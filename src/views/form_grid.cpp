@@ -6,7 +6,6 @@
 #include "html/html_writer.h"
 #include "settings/error_report.h"
 #include "state/primary_key_value_list.h"
-#include "text/letter_case.h"
 #include "text/list.h"
 #include "views/button_bar.h"
 #include "views/current_record.h"
@@ -49,7 +48,7 @@ FormRecords::FormRecords(state::Render& render, platform::Recordset& recordset)
       recordset_(recordset),
       fields_(FormFields(render, recordset)),
       key_values_(render.settings, recordset),
-      has_buttons_(text::ContainsWord(settings_.EditOptions, "UPDATE")) {}
+      has_buttons_(settings_.edit.update) {}
 
 void FormRecords::Put(std::int32_t& rows) {
   while (!IsPageFull(rows) && !recordset_.Eof()) {

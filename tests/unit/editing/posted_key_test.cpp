@@ -221,7 +221,7 @@ TEST(PostedKey, ReadsOneRecordHoweverManyItFinds) {
   view.Settings().EditPrimaryKeys = "ID";
   view.Settings().EditSQL = "SELECT ID FROM T";
   view.Settings().EditFieldsReadOnly = "*";
-  view.Settings().edit_options_as_assigned = "UPDATE";
+  settings::SetEditOptions(view.Settings(), "UPDATE");
   view.Post("FormUpdate", "Save");
   view.Post("_Form_ID", "5 OR 1=1");
   EXPECT_TRUE(view.Rendered([](state::Render& render) { return editing::UpdateRecord(render); }));

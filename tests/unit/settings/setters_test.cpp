@@ -46,7 +46,6 @@ TEST_F(Sql, CopiesDoNotSwitchTheFormattingOfTheFormOff) {
   SetSqlTo("SELECT 1");
   EXPECT_TRUE(settings.ApplyCellFormattingToForm);
   EXPECT_TRUE(settings.ApplyColFormattingToForm);
-  EXPECT_FALSE(settings.has_distinct_form_sql);
 }
 
 TEST_F(Sql, ThatBeginsWithExecIsACommand) {
@@ -88,12 +87,11 @@ TEST_F(FormSql, BecomesTheEditStatementThatIsStillTheGrids) {
   SetSqlTo("SELECT 1");
   SetFormSql(settings, "SELECT 2");
   EXPECT_EQ(settings.EditSQL, "SELECT 2");
-  EXPECT_TRUE(settings.has_distinct_form_sql);
 }
 
 TEST_F(FormSql, LeavesAnEditStatementOfItsOwn) {
   SetSqlTo("SELECT 1");
-  SetEditSql(settings, "SELECT 3");
+  settings.EditSQL = "SELECT 3";
   SetFormSql(settings, "SELECT 2");
   EXPECT_EQ(settings.EditSQL, "SELECT 3");
 }
@@ -103,19 +101,6 @@ TEST_F(FormSql, AfterSqlWasSetTwiceFindsTheFirstTextInTheEditStatementAndKeepsIt
   SetSqlTo("SELECT 2");
   SetFormSql(settings, "SELECT 3");
   EXPECT_EQ(settings.EditSQL, "SELECT 1");
-}
-
-TEST_F(FormSql, EqualToTheGridsStatementIsNotDistinct) {
-  SetSqlTo("SELECT 1");
-  SetFormSql(settings, "SELECT 1");
-  EXPECT_FALSE(settings.has_distinct_form_sql);
-}
-
-TEST(EditSql, ThatDiffersFromTheGridsIsDistinct) {
-  Settings settings;
-  SetEditSql(settings, "SELECT 3");
-  EXPECT_TRUE(settings.has_distinct_form_sql);
-  EXPECT_TRUE(settings.ApplyCellFormattingToForm);
 }
 
 TEST(EditOptions, AllInLowerCaseReadsBackWithTheWordsItStandsFor) {

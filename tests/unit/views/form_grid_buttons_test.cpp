@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "settings/language.h"
+#include "settings/setters.h"
 #include "support/grid_rows.h"
 #include "unit/views/form_page.h"
 
@@ -14,7 +15,7 @@ namespace {
 /// A one-record view whose records can be changed.
 struct ButtonsPage : FormPage {
   ButtonsPage() {
-    settings.EditOptions = "UPDATE";
+    settings::SetEditOptions(settings, "UPDATE");
     settings.EditPrimaryKeys = "ID";
   }
 
@@ -58,7 +59,7 @@ TEST(FormGridButtons, StandBetweenTheInputForKeysAndTheFields) {
 TEST(FormGridButtons, HaveNoClassesWithoutCss) {
   ButtonsPage page;
   page.settings.UseCSS = false;
-  page.settings.EditOptions = "ADD UPDATE";
+  settings::SetEditOptions(page.settings, "ADD UPDATE");
   const Records people(kPeople);
 
   EXPECT_EQ(page.Bar(*people),
@@ -72,7 +73,7 @@ TEST(FormGridButtons, HaveNoClassesWithoutCss) {
 
 TEST(FormGridButtons, OfferToAddWhenThePageAllowsIt) {
   ButtonsPage page;
-  page.settings.EditOptions = "ADD UPDATE DELETE";
+  settings::SetEditOptions(page.settings, "ADD UPDATE DELETE");
   const Records people(kPeople);
 
   EXPECT_EQ(page.Bar(*people),
@@ -88,7 +89,7 @@ TEST(FormGridButtons, AreAllMissingWithoutThePermissionToUpdate) {
   ButtonsPage page;
   page.outcome.status_message = "&nbsp;[Record saved ok]";
   for (const char* options : {"", "ADD", "ADD DELETE"}) {
-    page.settings.EditOptions = options;
+    settings::SetEditOptions(page.settings, options);
     const Records people(kPeople);
 
     EXPECT_EQ(page.Bar(*people), "(no bar)") << options;
@@ -98,7 +99,7 @@ TEST(FormGridButtons, AreAllMissingWithoutThePermissionToUpdate) {
 
 TEST(FormGridButtons, HaveTheCaptionsOfTheView) {
   ButtonsPage page;
-  page.settings.EditOptions = "ADD UPDATE";
+  settings::SetEditOptions(page.settings, "ADD UPDATE");
   auto texts = std::make_shared<settings::LanguageTables>(*page.settings.language_tables);
   texts->buttons = {"Modifier", "Enregistrer", "Fermer", "Ajouter", "Effacer"};
   page.settings.language_tables = texts;
@@ -113,7 +114,7 @@ TEST(FormGridButtons, HaveTheCaptionsOfTheView) {
 TEST(FormGridButtons, BearTheTagOfTheirView) {
   ButtonsPage page;
   page.settings.Tag = "2";
-  page.settings.EditOptions = "ADD UPDATE";
+  settings::SetEditOptions(page.settings, "ADD UPDATE");
   const Records people(kPeople);
 
   const std::string bar = page.Bar(*people);
@@ -195,7 +196,7 @@ TEST(FormGridButtons, PostAnEmptyKeyAndSaySoWhenAKeyIsNoField) {
 TEST(FormGridButtons, TellTheOutcomeOfASaveOnceBehindTheButtonsOfTheFirstRecord) {
   ButtonsPage page;
   page.records_on_page = 3;
-  page.settings.EditOptions = "ADD UPDATE";
+  settings::SetEditOptions(page.settings, "ADD UPDATE");
   page.outcome.status_message = "&nbsp;[Record saved ok]";
   const Records people(kPeople);
   const Records again(kPeople);
@@ -207,7 +208,7 @@ TEST(FormGridButtons, TellTheOutcomeOfASaveOnceBehindTheButtonsOfTheFirstRecord)
 
 TEST(FormGridButtons, OfferToAddAndTellTheOutcomeWhenThereIsNoRecord) {
   ButtonsPage page;
-  page.settings.EditOptions = "ADD UPDATE DELETE";
+  settings::SetEditOptions(page.settings, "ADD UPDATE DELETE");
   page.outcome.status_message = "&nbsp;[Record deleted ok]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
 
@@ -232,7 +233,7 @@ TEST(FormGridButtons, TellTheOutcomeAloneWhenThereIsNoRecordAndNoneCanBeAdded) {
 
 TEST(FormGridButtons, AreMissingWithoutARecordAndWithoutThePermissionToUpdate) {
   ButtonsPage page;
-  page.settings.EditOptions = "ADD";
+  settings::SetEditOptions(page.settings, "ADD");
   page.outcome.status_message = "&nbsp;[Record deleted ok]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
 
