@@ -9,6 +9,7 @@
 #include "database/ascii.h"
 #include "database/date_text.h"
 #include "database/decimal_text.h"
+#include "text/characters.h"
 
 namespace dralo::database {
 
@@ -139,12 +140,6 @@ std::string ToDate(const Column& column, const VariantView& value, const Formatt
   return "";
 }
 
-std::int64_t CountCharacters(std::string_view text) {
-  std::int64_t count = 0;
-  for (const char c : text) count += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-  return count;
-}
-
 struct ToText {
   std::optional<std::string> operator()(std::string_view text) const { return std::string(text); }
   std::optional<std::string> operator()(bool flag) const { return flag ? "True" : "False"; }
@@ -160,7 +155,7 @@ struct ToText {
 std::string ToSizedText(const Column& column, const VariantView& value, Variant& converted) {
   auto text = std::visit(ToText{}, value);
   if (!text) return "is not text";
-  if (column.defined_size > 0 && CountCharacters(*text) > column.defined_size) {
+  if (column.defined_size > 0 && std::cmp_greater(text::CountCharacters(*text), column.defined_size)) {
     return "is longer than " + std::to_string(column.defined_size) + " characters";
   }
   converted = *std::move(text);

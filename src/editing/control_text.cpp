@@ -7,35 +7,12 @@
 #include "cells/standard_text.h"
 #include "text/boolean_text.h"
 #include "text/letter_case.h"
+#include "text/utf8.h"
 
 namespace dralo::editing {
 namespace {
 
-constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
-
-bool IsTail(char c, unsigned char lowest = 0x80, unsigned char highest = 0xBF) {
-  const auto byte = static_cast<unsigned char>(c);
-  return lowest <= byte && byte <= highest;
-}
-
-/// What the first byte of a character of several bytes says about the others.
-struct Lead {
-  std::size_t length = 0;  ///< Of the whole character; 0 when the byte begins none.
-  unsigned char lowest_second = 0x80;
-  unsigned char highest_second = 0xBF;
-};
-
-Lead ReadLead(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  if (byte < 0xC2 || byte > 0xF4) return {};
-  if (byte < 0xE0) return {2};
-  if (byte == 0xE0) return {3, 0xA0};
-  if (byte == 0xED) return {3, 0x80, 0x9F};
-  if (byte < 0xF0) return {3};
-  if (byte == 0xF0) return {4, 0x90};
-  if (byte == 0xF4) return {4, 0x80, 0x8F};
-  return {4};
-}
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 /// Walks through a text as a control of a browser holds it, piece by piece.
 class Walk {
@@ -54,9 +31,11 @@ class Walk {
       }
       if (c == '\0') {
         rest_.remove_prefix(1);
-        return kReplacementCharacter;
+        return kReplacement;
       }
-      return IsTail(c, 0x01, 0x7F) ? Take(1) : TakeSequence();
+      const text::Decoded first = text::DecodeFirst(rest_);
+      const std::string_view taken = Take(first.bytes);
+      return first.character ? taken : kReplacement;
     }
   }
 
@@ -68,19 +47,6 @@ class Walk {
   }
 
   void TakeLineBreak() { Take(rest_.starts_with("\r\n") ? 2 : 1); }
-
-  /// Takes a character of several bytes. Of one that is broken off, all that is there is replaced at once.
-  std::string_view TakeSequence() {
-    const Lead lead = ReadLead(rest_[0]);
-    std::size_t length = 1;
-    while (
-        length < lead.length && length < rest_.size() &&
-        (length == 1 ? IsTail(rest_[1], lead.lowest_second, lead.highest_second) : IsTail(rest_[length]))) {
-      ++length;
-    }
-    const std::string_view taken = Take(length);
-    return length == lead.length ? taken : kReplacementCharacter;
-  }
 
   std::string_view rest_;
   bool is_one_line_;

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/characters.h"
+
 namespace dralo::regional {
 
 /// Takes the text in quotation marks, or the character behind "\", that `rest` starts with: it is appended to
@@ -17,9 +19,7 @@ inline bool TakeLiteral(std::string_view& rest, std::string& literal) {
   }
   if (!rest.starts_with('\\')) return false;
   if (rest.size() > 1) rest.remove_prefix(1);
-  // All bytes of a character.
-  std::size_t size = 1;
-  while (size < rest.size() && (static_cast<unsigned char>(rest[size]) & 0xC0) == 0x80) ++size;
+  const std::size_t size = text::BytesOfCharacters(rest, 1);
   literal += rest.substr(0, size);
   rest.remove_prefix(size);
   return true;

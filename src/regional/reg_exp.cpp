@@ -11,6 +11,8 @@
 
 #include "platform/error.h"
 #include "regional/replacement.h"
+#include "text/characters.h"
+#include "text/utf8.h"
 
 namespace dralo::regional {
 namespace {
@@ -60,11 +62,10 @@ void Check(SteadyClock::time_point deadline) {
   if (SteadyClock::now() > deadline) ThrowTooLong();
 }
 
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-
+/// `at` may be within a character.
 std::size_t NextCharacter(std::string_view text, std::size_t at) {
   ++at;
-  while (at < text.size() && IsContinuation(text[at])) ++at;
+  while (at < text.size() && text::IsTail(text[at])) ++at;
   return at;
 }
 
@@ -85,9 +86,7 @@ Owned<pcre2_code> CompilePattern(std::string_view pattern, const platform::RegEx
   Owned<pcre2_code> code(
       pcre2_compile(Units(pattern), pattern.size(), CompileOptions(options), &error, &offset, context.get()));
   if (code == nullptr) {
-    const std::string_view before = pattern.substr(0, offset);
-    const auto characters =
-        before.size() - static_cast<std::size_t>(std::count_if(before.begin(), before.end(), IsContinuation));
+    const std::size_t characters = text::CountCharacters(pattern.substr(0, offset));
     throw Error("The regular expression is not valid after " + std::to_string(characters) +
                     " characters: " + Reason(error),
                 error);

@@ -1,32 +1,27 @@
 #include "text/characters.h"
 
+#include "text/utf8.h"
+
 namespace dralo::text {
 namespace {
 
-constexpr bool IsTail(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-
-/// Bytes of the character at the start of `text`, which is not empty.
-std::size_t CharacterLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text[0]);
-  const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF8 ? 4 : 1;
-  if (length > text.size()) return 1;
-  for (std::size_t at = 1; at < length; ++at) {
-    if (!IsTail(text[at])) return 1;
-  }
-  return length;
+/// Takes a character, or a byte that is no UTF-8, from the front of `rest`, which is not empty.
+void TakeCharacter(std::string_view& rest) {
+  const Decoded first = DecodeFirst(rest);
+  rest.remove_prefix(first.character ? first.bytes : 1);
 }
 
 }  // namespace
 
 std::size_t BytesOfCharacters(std::string_view text, std::size_t characters) {
-  std::size_t bytes = 0;
-  for (; characters > 0 && bytes < text.size(); --characters) bytes += CharacterLength(text.substr(bytes));
-  return bytes;
+  std::string_view rest = text;
+  for (; characters > 0 && !rest.empty(); --characters) TakeCharacter(rest);
+  return text.size() - rest.size();
 }
 
 std::size_t CountCharacters(std::string_view text) {
   std::size_t characters = 0;
-  for (std::size_t at = 0; at < text.size(); ++characters) at += CharacterLength(text.substr(at));
+  for (; !text.empty(); ++characters) TakeCharacter(text);
   return characters;
 }
 

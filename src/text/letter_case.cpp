@@ -1,11 +1,10 @@
 #include "text/letter_case.h"
 
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
+
+#include "text/utf8.h"
 
 namespace dralo::text {
 namespace {
@@ -15,31 +14,6 @@ constexpr char SmallAscii(char c) { return 'A' <= c && c <= 'Z' ? static_cast<ch
 
 constexpr bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
-/// A character of several bytes, or a single byte that is no part of one.
-struct Character {
-  std::string_view bytes;
-  UChar32 letter;  ///< Negative for a byte that is no UTF-8.
-};
-
-/// Longer spellings of a character than necessary are none: they could not be written again as they were.
-Character CharacterAt(std::string_view text, std::size_t at) {
-  std::size_t end = at;
-  UChar32 letter = U_SENTINEL;
-// ICU's macro narrows an int on purpose.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wconversion"
-  U8_NEXT(text, end, text.size(), letter);
-#pragma GCC diagnostic pop
-  return {text.substr(at, letter < 0 ? 1 : end - at), letter};
-}
-
-void AppendLetter(std::string& text, UChar32 letter) {
-  std::array<std::uint8_t, U8_MAX_LENGTH> bytes{};
-  std::size_t size = 0;
-  U8_APPEND_UNSAFE(bytes, size, letter);
-  text.append(bytes.begin(), bytes.begin() + size);
-}
-
 template <UChar32 (*Convert)(UChar32), char (*ConvertAscii)(char)>
 void AppendInCase(std::string& result, std::string_view text) {
   result.reserve(result.size() + text.size());
@@ -48,14 +22,14 @@ void AppendInCase(std::string& result, std::string_view text) {
       result += ConvertAscii(text[at++]);
       continue;
     }
-    const Character character = CharacterAt(text, at);
-    const UChar32 other = character.letter < 0 ? character.letter : Convert(character.letter);
-    if (other == character.letter) {
-      result += character.bytes;
+    const auto [bytes, character] = DecodeFirst(text.substr(at));
+    const auto other = character ? static_cast<char32_t>(Convert(static_cast<UChar32>(*character))) : 0;
+    if (!character || other == *character) {
+      result += text.substr(at, bytes);
     } else {
-      AppendLetter(result, other);
+      AppendUtf8(result, other);
     }
-    at += character.bytes.size();
+    at += bytes;
   }
 }
 
@@ -67,9 +41,9 @@ UChar32 TakeCapital(std::string_view& rest) {
     rest.remove_prefix(1);
     return CapitalAscii(first);
   }
-  const Character character = CharacterAt(rest, 0);
-  rest.remove_prefix(character.bytes.size());
-  return character.letter < 0 ? -static_cast<unsigned char>(first) : u_toupper(character.letter);
+  const auto [bytes, character] = DecodeFirst(rest);
+  rest.remove_prefix(character ? bytes : 1);
+  return character ? u_toupper(static_cast<UChar32>(*character)) : -static_cast<unsigned char>(first);
 }
 
 }  // namespace

@@ -20,6 +20,9 @@ TEST(CountCharacters, CountsAByteThatIsNoUtf8AsOneCharacter) {
   EXPECT_EQ(CountCharacters("\x80\x80"), 2U);
   EXPECT_EQ(CountCharacters("a\xE2\x82"), 3U);  // cut in the middle
   EXPECT_EQ(CountCharacters("\xC3zz"), 3U);
+  EXPECT_EQ(CountCharacters("\xC0\x80"), 2U);          // longer than necessary
+  EXPECT_EQ(CountCharacters("\xED\xA0\x80"), 3U);      // a surrogate
+  EXPECT_EQ(CountCharacters("\xF4\x90\x80\x80"), 4U);  // above U+10FFFF
   EXPECT_EQ(CountCharacters(std::string_view("\0\0", 2)), 2U);
 }
 

@@ -6,15 +6,15 @@
 #include <string>
 #include <utility>
 
+#include "text/utf8.h"
+
 namespace dralo::text {
 namespace {
 
 std::string Utf8(UChar32 letter) {
-  const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((letter >> shift) & 0x3F)); };
-  if (letter < 0x80) return {static_cast<char>(letter)};
-  if (letter < 0x800) return {static_cast<char>(0xC0 | (letter >> 6)), tail(0)};
-  if (letter < 0x10000) return {static_cast<char>(0xE0 | (letter >> 12)), tail(6), tail(0)};
-  return {static_cast<char>(0xF0 | (letter >> 18)), tail(12), tail(6), tail(0)};
+  std::string text;
+  AppendUtf8(text, static_cast<char32_t>(letter));
+  return text;
 }
 
 class LetterPair : public testing::TestWithParam<std::pair<const char*, const char*>> {};
