@@ -1,7 +1,8 @@
 #include "database/connection_string.h"
 
-#include "database/ascii.h"
 #include "platform/error.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database {
 
@@ -20,7 +21,7 @@ char ClosingQuote(char c) {
 }
 
 void SkipBlanks(std::string_view& rest) {
-  while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
+  while (!rest.empty() && text::IsAsciiSpace(rest.front())) rest.remove_prefix(1);
 }
 
 std::string TakeQuoted(std::string_view& rest, char closing) {
@@ -43,7 +44,7 @@ std::string TakeValue(std::string_view& rest) {
   std::string value;
   const char closing = rest.empty() ? '\0' : ClosingQuote(rest.front());
   if (closing != '\0') value = TakeQuoted(rest, closing);
-  const auto unquoted = Trimmed(rest.substr(0, rest.find(';')));
+  const auto unquoted = text::TrimAsciiSpace(rest.substr(0, rest.find(';')));
   if (closing != '\0' && !unquoted.empty()) {
     throw platform::Error("The connection string has text between a closing quote and the next \";\"");
   }
@@ -58,7 +59,7 @@ std::string TakeValue(std::string_view& rest) {
 ConnectionString::ConnectionString(std::string_view text) {
   std::string_view rest = text;
   for (;;) {
-    while (!rest.empty() && (IsBlank(rest.front()) || rest.front() == ';')) rest.remove_prefix(1);
+    while (!rest.empty() && (text::IsAsciiSpace(rest.front()) || rest.front() == ';')) rest.remove_prefix(1);
     if (rest.empty()) return;
     const auto start = rest;
     const auto equals = rest.find('=');
@@ -66,7 +67,7 @@ ConnectionString::ConnectionString(std::string_view text) {
       throw platform::Error("The connection string has a part without \"=\"; write key=value;key=value");
     }
     Pair pair;
-    pair.key = Trimmed(rest.substr(0, equals));
+    pair.key = text::TrimAsciiSpace(rest.substr(0, equals));
     rest.remove_prefix(equals + 1);
     pair.value = TakeValue(rest);
     pair.source = start.substr(0, start.size() - rest.size());
@@ -80,7 +81,7 @@ void ConnectionString::Add(std::string_view key, std::string_view value) {
 
 std::optional<std::string_view> ConnectionString::Find(std::string_view key) const {
   for (auto pair = pairs_.rbegin(); pair != pairs_.rend(); ++pair) {
-    if (EqualsIgnoringCase(pair->key, key)) return pair->value;
+    if (text::EqualAscii(pair->key, key)) return pair->value;
   }
   return std::nullopt;
 }
@@ -88,8 +89,7 @@ std::optional<std::string_view> ConnectionString::Find(std::string_view key) con
 std::string ConnectionString::WithoutPassword() const {
   std::string text;
   for (const Pair& pair : pairs_) {
-    if (!EqualsIgnoringCase(pair.key, "Password") && !EqualsIgnoringCase(pair.key, "Pwd"))
-      text += pair.source;
+    if (!text::EqualAscii(pair.key, "Password") && !text::EqualAscii(pair.key, "Pwd")) text += pair.source;
   }
   return text;
 }

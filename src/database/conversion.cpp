@@ -6,10 +6,12 @@
 #include <optional>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/date_text.h"
 #include "database/decimal_text.h"
+#include "text/ascii.h"
+#include "text/boolean_text.h"
 #include "text/characters.h"
+#include "text/white_space.h"
 
 namespace dralo::database {
 
@@ -106,8 +108,9 @@ std::string ToDouble(const VariantView& value, Variant& converted) {
 
 std::string ToBoolean(const VariantView& value, Variant& converted) {
   const auto* text = std::get_if<std::string_view>(&value);
-  if (text && (EqualsIgnoringCase(Trimmed(*text), "True") || EqualsIgnoringCase(Trimmed(*text), "False"))) {
-    converted = EqualsIgnoringCase(Trimmed(*text), "True");
+  for (const bool flag : {false, true}) {
+    if (!text || !text::EqualAscii(text::TrimAsciiSpace(*text), text::BooleanText(flag))) continue;
+    converted = flag;
     return "";
   }
   const auto number = std::visit(ToDecimalText{}, value);
@@ -117,7 +120,7 @@ std::string ToBoolean(const VariantView& value, Variant& converted) {
 }
 
 std::optional<DateTime> RecognizeDate(std::string_view text, const Formatting* formatting) {
-  text = Trimmed(text);
+  text = text::TrimAsciiSpace(text);
   if (auto time = ParseIsoDateTime(text)) return time;
   if (auto time = ParseTimeOfDay(text)) return time;
   return formatting ? formatting->RecognizeDate(text) : std::nullopt;
@@ -142,7 +145,7 @@ std::string ToDate(const Column& column, const VariantView& value, const Formatt
 
 struct ToText {
   std::optional<std::string> operator()(std::string_view text) const { return std::string(text); }
-  std::optional<std::string> operator()(bool flag) const { return flag ? "True" : "False"; }
+  std::optional<std::string> operator()(bool flag) const { return std::string(text::BooleanText(flag)); }
   std::optional<std::string> operator()(const DateTime& time) const { return PlainText(time); }
   std::optional<std::string> operator()(Null) const { return std::nullopt; }
   std::optional<std::string> operator()(BytesView) const { return std::nullopt; }

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "database/ascii.h"
+#include "text/ascii.h"
 
 namespace dralo::database {
 
@@ -16,7 +16,7 @@ int TakeNumber(std::string_view& rest) {
   if (rest.size() < kDigits) return -1;
   int number = 0;
   for (std::size_t at = 0; at < kDigits; ++at) {
-    if (!IsDigit(rest[at])) return -1;
+    if (!text::IsDigit(rest[at])) return -1;
     number = number * 10 + (rest[at] - '0');
   }
   rest.remove_prefix(kDigits);
@@ -30,9 +30,9 @@ bool Take(std::string_view& rest, char expected) {
 }
 
 bool TakeFraction(std::string_view& rest, DateTime& time) {
-  if (rest.empty() || !IsDigit(rest.front())) return false;
+  if (rest.empty() || !text::IsDigit(rest.front())) return false;
   std::uint32_t place = 100'000'000;
-  for (; !rest.empty() && IsDigit(rest.front()); rest.remove_prefix(1), place /= 10) {
+  for (; !rest.empty() && text::IsDigit(rest.front()); rest.remove_prefix(1), place /= 10) {
     time.nanosecond += static_cast<std::uint32_t>(rest.front() - '0') * place;
   }
   return true;

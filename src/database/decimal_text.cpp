@@ -4,7 +4,8 @@
 #include <charconv>
 #include <cmath>
 
-#include "database/ascii.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database {
 
@@ -15,7 +16,7 @@ constexpr std::size_t kMaxDigits = 400;
 /// Removes the digits from the front of `rest` and returns them.
 std::string_view TakeDigits(std::string_view& rest) {
   std::size_t count = 0;
-  while (count < rest.size() && IsDigit(rest[count])) ++count;
+  while (count < rest.size() && text::IsDigit(rest[count])) ++count;
   const auto digits = rest.substr(0, count);
   rest.remove_prefix(count);
   return digits;
@@ -24,7 +25,7 @@ std::string_view TakeDigits(std::string_view& rest) {
 /// Removes an exponent such as "e-3" from the front of `rest`; 0 when there is none.
 /// Nothing when it is malformed or far beyond what a number can have.
 std::optional<int> TakeExponent(std::string_view& rest) {
-  if (rest.empty() || ToUpper(rest.front()) != 'E') return 0;
+  if (rest.empty() || text::ToUpper(rest.front()) != 'E') return 0;
   rest.remove_prefix(1);
   if (rest.starts_with('+') && !rest.starts_with("+-")) rest.remove_prefix(1);
   int exponent = 0;
@@ -62,7 +63,7 @@ bool IsPlainDecimal(std::string_view text) {
 }
 
 std::optional<std::string> ParseDecimal(std::string_view text) {
-  std::string_view rest = Trimmed(text);
+  std::string_view rest = text::TrimAsciiSpace(text);
   const bool is_negative = !rest.empty() && rest.front() == '-';
   if (is_negative || (!rest.empty() && rest.front() == '+')) rest.remove_prefix(1);
   std::string digits(TakeDigits(rest));

@@ -1,9 +1,9 @@
 #include "database/provider.h"
 
-#include "database/ascii.h"
 #include "database/odbc/provider.h"
 #include "database/sqlite/provider.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database {
 
@@ -13,7 +13,7 @@ const Provider& FindProvider(const ConnectionString& connection_string) {
 
   const auto name = connection_string.Find("Provider");
   if (connection_string.Find("Driver") || connection_string.Find("DSN") ||
-      (name && EqualsIgnoringCase(*name, "MSDASQL"))) {
+      (name && text::EqualAscii(*name, "MSDASQL"))) {
     return odbc_provider;
   }
   if (!name) {
@@ -21,7 +21,7 @@ const Provider& FindProvider(const ConnectionString& connection_string) {
         "The connection string names no provider; write Provider=SQLite;Data Source=FILE, or Driver=NAME for "
         "another database");
   }
-  if (EqualsIgnoringCase(*name, "SQLite")) return sqlite_provider;
+  if (text::EqualAscii(*name, "SQLite")) return sqlite_provider;
   throw platform::Error(
       "The connection string names an unknown provider; write Provider=SQLite;Data Source=FILE");
 }

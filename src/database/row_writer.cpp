@@ -7,9 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/transaction.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database {
 
@@ -118,7 +118,7 @@ class RowUpdate {
     if (!identity.condition.empty()) Require("(" + identity.condition + ")");
     for (std::size_t i = 0; i < columns_->size(); ++i) {
       const auto is_named = [&](const std::string& name) {
-        return EqualsIgnoringCase(name, (*columns_)[i].name);
+        return text::EqualAscii(name, (*columns_)[i].name);
       };
       const bool has_value = cursor_.At(i).stored && !IsNull(View(*cursor_.At(i).stored));
       if (has_value && !table_.columns[i].empty() && std::ranges::any_of(identity.fields, is_named))

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "database/ascii.h"
 #include "platform/error.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database {
 
@@ -15,14 +16,13 @@ constexpr std::array<std::string_view, 8> kStatementWords = {"ANALYZE", "BEGIN",
                                                              "REINDEX", "ROLLBACK", "VACUUM", "PRAGMA"};
 
 constexpr bool IsNameCharacter(char c) {
-  const bool is_letter = 'A' <= ToUpper(c) && ToUpper(c) <= 'Z';
-  return is_letter || IsDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
+  return text::IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool IsBareName(std::string_view text) {
-  return !text.empty() && !IsDigit(text.front()) && std::ranges::all_of(text, IsNameCharacter) &&
+  return !text.empty() && !text::IsDigit(text.front()) && std::ranges::all_of(text, IsNameCharacter) &&
          std::ranges::none_of(kStatementWords,
-                              [&](std::string_view word) { return EqualsIgnoringCase(text, word); });
+                              [&](std::string_view word) { return text::EqualAscii(text, word); });
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void RequireKnown(int options) {
 std::string StatementOf(const Session& session, std::string_view source, int options) {
   RequireKnown(options);
   if (options == kStatement) return std::string(source);
-  const auto name = Trimmed(source);
+  const auto name = text::TrimAsciiSpace(source);
   const auto dot = name.find('.');
   if (dot != name.npos && IsBareName(name.substr(0, dot)) && IsBareName(name.substr(dot + 1))) {
     return "SELECT * FROM " + session.QuoteName(name.substr(0, dot)) + "." +
@@ -52,9 +52,9 @@ std::string StatementOf(const Session& session, std::string_view source, int opt
 std::string StatementOf(const Session& session, const platform::Command& command) {
   switch (command.command_type) {
     case platform::CommandType::kTable:
-      return SelectAll(session, Trimmed(command.command_text));
+      return SelectAll(session, text::TrimAsciiSpace(command.command_text));
     case platform::CommandType::kStoredProcedure:
-      return session.ProcedureCall(Trimmed(command.command_text), command.parameters.size());
+      return session.ProcedureCall(text::TrimAsciiSpace(command.command_text), command.parameters.size());
     case platform::CommandType::kText:
       return command.command_text;
     default:

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "database/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database {
 
@@ -14,7 +14,7 @@ std::string_view WithoutFront(std::string_view text, char also) {
     } else if (text.starts_with("/*")) {
       end = text.find("*/", 2);
       if (end != text.npos) end += 2;
-    } else if (!IsBlank(text.front()) && text.front() != also) {
+    } else if (!text::IsAsciiSpace(text.front()) && text.front() != also) {
       break;
     }
     text.remove_prefix(std::min(end, text.size()));
@@ -23,7 +23,7 @@ std::string_view WithoutFront(std::string_view text, char also) {
 }
 
 std::string_view WithoutEnd(std::string_view text) {
-  while (!text.empty() && (IsBlank(text.back()) || text.back() == ';')) text.remove_suffix(1);
+  while (!text.empty() && (text::IsAsciiSpace(text.back()) || text.back() == ';')) text.remove_suffix(1);
   return text;
 }
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "text/ascii.h"
+
 namespace dralo::html {
 namespace {
 
@@ -26,10 +28,6 @@ constexpr std::size_t kLongestName = 6;
 
 static_assert(std::ranges::is_sorted(kNamesWithoutSemicolon), "names are searched by halves");
 
-bool IsLetter(char c) { return ('a' <= c && c <= 'z') || ('A' <= c && c <= 'Z'); }
-
-bool IsLetterOrDigit(char c) { return IsLetter(c) || ('0' <= c && c <= '9'); }
-
 bool NeedsNoSemicolon(std::string_view name) {
   return std::ranges::binary_search(kNamesWithoutSemicolon, name);
 }
@@ -47,8 +45,8 @@ bool BeginsWithNameWithoutSemicolon(std::string_view text) {
 bool BeginsCharacterReference(std::string_view text, TextPlace place) {
   text.remove_prefix(1);
   if (text.starts_with('#')) return true;
-  if (text.empty() || !IsLetter(text[0])) return false;
-  const auto end = std::ranges::find_if_not(text, IsLetterOrDigit);
+  if (text.empty() || !text::IsLetter(text[0])) return false;
+  const auto end = std::ranges::find_if_not(text, text::IsLetterOrDigit);
   const std::string_view name(text.begin(), end);
   const char behind = end == text.end() ? '\0' : *end;
   if (behind == ';') return true;

@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/ascii.h"
+
 namespace dralo::html {
 namespace {
 
 constexpr std::size_t kFirstTextBytes = 512;
-
-constexpr bool IsUnreserved(char c) {
-  return ('0' <= c && c <= '9') || ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z');
-}
 
 }  // namespace
 
@@ -28,7 +26,7 @@ HtmlWriter& HtmlWriter::Write(Quoted value) {
 HtmlWriter& HtmlWriter::Write(Encoded value) {
   constexpr char kHexDigits[] = "0123456789ABCDEF";
   for (const char c : value.text) {
-    if (IsUnreserved(c)) {
+    if (text::IsLetterOrDigit(c)) {
       Append({&c, 1});
     } else if (c == ' ') {
       Append("+");

@@ -8,6 +8,7 @@
 
 #include "platform/error.h"
 #include "regional/spellings.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
@@ -107,7 +108,7 @@ int Week(const DateTime& time, WeekRule rule) {
 
 Interval ReadInterval(std::string_view text) {
   for (const auto& [name, interval] : kIntervals) {
-    if (name.size() == text.size() && StartsWith(text, name)) return interval;
+    if (text::EqualAscii(text, name)) return interval;
   }
   throw platform::Error("The interval is none of yyyy, q, m, y, d, w, ww, h, n and s");
 }

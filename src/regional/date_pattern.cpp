@@ -6,13 +6,12 @@
 #include "regional/digits.h"
 #include "regional/pattern_literal.h"
 #include "regional/spellings.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
 
 using platform::DateTime;
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 void PutNumber(int value, int width, std::string& to) {
   char digits[24];
@@ -62,9 +61,9 @@ void DatePattern::AddPattern(std::string_view pattern) {
       continue;
     }
     if (TakeDayHalf(pattern)) continue;
-    const char letter = Lower(pattern[0]);
+    const char letter = text::ToLower(pattern[0]);
     std::size_t width = 1;
-    while (width < pattern.size() && Lower(pattern[width]) == letter) ++width;
+    while (width < pattern.size() && text::ToLower(pattern[width]) == letter) ++width;
     if (std::string_view("cdwmqyhnst/").find(letter) != std::string_view::npos) {
       AddLetters(letter, static_cast<int>(width));
     } else {
@@ -80,17 +79,18 @@ void DatePattern::AddLiteral(std::string_view text) {
 }
 
 bool DatePattern::TakeDayHalf(std::string_view& rest) {
-  if (StartsWith(rest, "AMPM")) {
+  if (text::StartsWithAscii(rest, "AMPM")) {
     tokens_.push_back(
         {.kind = Kind::kDayHalf, .text = texts_->day_half_names[0] + "/" + texts_->day_half_names[1]});
     rest.remove_prefix(4);
     return true;
   }
   for (const std::string_view halves : {"AM/PM", "A/P"}) {
-    if (!StartsWith(rest, halves)) continue;
+    if (!text::StartsWithAscii(rest, halves)) continue;
     const bool is_small = rest[0] == 'a';
     std::string text(halves);
-    if (is_small) std::transform(text.begin(), text.end(), text.begin(), Lower);
+    if (is_small)
+      for (char& c : text) c = text::ToLower(c);
     tokens_.push_back({.kind = Kind::kDayHalf, .text = std::move(text)});
     rest.remove_prefix(halves.size());
     return true;

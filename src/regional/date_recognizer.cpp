@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "regional/blanks.h"
 #include "regional/digits.h"
 #include "regional/spellings.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::regional {
 namespace {
@@ -27,9 +28,9 @@ DateRecognizer::DateRecognizer(const LocaleFacts& facts)
 }
 
 std::optional<DateTime> DateRecognizer::Recognize(std::string_view text) const {
-  text = TrimBlanks(text);
+  text = text::TrimWhiteSpace(text);
   if (text.size() > kMaxTextSize) return std::nullopt;
-  const std::string plain = PlainBlanks(text);
+  const std::string plain = text::PlainWhiteSpace(text);
   if (const auto time = RecognizeFromDate(plain)) return time;
   return RecognizeTimeAlone(plain);
 }
@@ -45,11 +46,11 @@ std::optional<DateTime> DateRecognizer::RecognizeFromDate(std::string_view text)
   if (text.empty()) return end.mark == ',' ? std::nullopt : time;
 
   const bool is_iso = IsIsoDate(date);
-  const bool has_t = is_iso && end.mark == '\0' && !end.has_blank && StartsWith(text, "T");
+  const bool has_t = is_iso && end.mark == '\0' && !end.has_blank && text::StartsWithAscii(text, "T");
   if (has_t) text.remove_prefix(1);
   if (!has_t && !end.has_blank && !end.has_word && end.mark != ',') return std::nullopt;
   if (!time_.TakeAfterDate(text, *time)) return std::nullopt;
-  if (is_iso && StartsWith(text, "Z")) text.remove_prefix(1);
+  if (is_iso && text::StartsWithAscii(text, "Z")) text.remove_prefix(1);
   return text.empty() ? time : std::nullopt;
 }
 
@@ -107,7 +108,7 @@ DateRecognizer::Gap DateRecognizer::TakeGap(std::string_view& rest) const {
 bool DateRecognizer::TakeWord(std::string_view& rest) const {
   if (StartsWithDigit(rest) || FindSpelling(months_, rest) != nullptr) return false;
   for (const std::string& word : date_words_) {
-    if (!StartsWith(rest, word)) continue;
+    if (!text::StartsWithAscii(rest, word)) continue;
     rest.remove_prefix(word.size());
     return true;
   }

@@ -4,6 +4,7 @@
 
 #include "platform/error.h"
 #include "regional/digits.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 
@@ -11,7 +12,7 @@ DecimalDigits::DecimalDigits(std::string_view decimal) {
   is_negative_ = decimal.starts_with('-');
   if (is_negative_) decimal.remove_prefix(1);
   const std::size_t point = std::min(decimal.find('.'), decimal.size());
-  if (!std::all_of(decimal.begin(), decimal.end(), [](char c) { return IsDigit(c) || c == '.'; }) ||
+  if (!std::all_of(decimal.begin(), decimal.end(), [](char c) { return text::IsDigit(c) || c == '.'; }) ||
       decimal.size() > kMaxDigits) {
     throw platform::Error("The number is none, or has too many digits");
   }

@@ -6,11 +6,11 @@
 #include <cstring>
 #include <string_view>
 
+#include "text/ascii.h"
+
 namespace dralo::regional {
 
-inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-inline bool StartsWithDigit(std::string_view text) { return !text.empty() && IsDigit(text[0]); }
+inline bool StartsWithDigit(std::string_view text) { return !text.empty() && text::IsDigit(text[0]); }
 
 /// "00", "01" to "99".
 inline constexpr std::array<char, 200> kDigitPairs = [] {

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "regional/blanks.h"
 #include "regional/pattern_run.h"
 #include "regional/spellings.h"
+#include "text/white_space.h"
 
 namespace dralo::regional {
 namespace {
@@ -64,7 +64,7 @@ void ReadNames(const icu::UnicodeString* names, int32_t count, int32_t first, bo
                std::array<std::string, kCount>& to) {
   if (count < first + static_cast<int32_t>(kCount)) Check(U_MISSING_RESOURCE_ERROR);
   for (std::size_t i = 0; i < kCount; ++i) {
-    to[i] = PlainBlanks(Utf8(names[first + static_cast<int32_t>(i)]));
+    to[i] = text::PlainWhiteSpace(Utf8(names[first + static_cast<int32_t>(i)]));
     if (alone && to[i].ends_with('.')) to[i].pop_back();
   }
 }
@@ -133,8 +133,8 @@ void ReadTimes(const icu::Locale& locale, const icu::DateFormatSymbols& symbols,
   int32_t count = 0;
   const icu::UnicodeString* halves = symbols.getAmPmStrings(count);
   if (count < 2) Check(U_MISSING_RESOURCE_ERROR);
-  const std::string morning = PlainBlanks(Utf8(halves[0]));
-  const std::string afternoon = PlainBlanks(Utf8(halves[1]));
+  const std::string morning = text::PlainWhiteSpace(Utf8(halves[0]));
+  const std::string afternoon = text::PlainWhiteSpace(Utf8(halves[1]));
   facts.day_half_names = {morning, afternoon};
   for (int half : {0, 1}) AddSpelling(locale, halves[half], half, facts.day_halves);
   AddEnglishDayHalves(facts.day_halves);
@@ -151,7 +151,7 @@ std::string Affix(const icu::UnicodeString& text) {
   std::string utf8 = Utf8(text);
   for (std::string_view rest = utf8; !rest.empty();) {
     constexpr std::string_view kMinus = "\u2212";
-    const std::size_t mark = DirectionMarkSize(rest);
+    const std::size_t mark = text::DirectionMarkSize(rest);
     if (mark == 0) affix += rest.starts_with(kMinus) ? '-' : rest[0];
     rest.remove_prefix(mark != 0 ? mark : rest.starts_with(kMinus) ? kMinus.size() : 1);
   }

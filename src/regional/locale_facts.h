@@ -12,7 +12,7 @@
 namespace dralo::regional {
 
 /// A spelling of a month (1 to 12) or of a half of the day (0 morning, 1 afternoon), blanks plain
-/// (PlainBlanks).
+/// (text::PlainWhiteSpace).
 struct Spelling {
   std::string text;
   int number = 0;

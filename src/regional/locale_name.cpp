@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
@@ -31,9 +32,7 @@ bool HasData(std::string_view icu_name) {
   return false;
 }
 
-bool IsTagCharacter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
-}
+bool IsTagCharacter(char c) { return text::IsLetterOrDigit(c) || c == '-' || c == '_'; }
 
 /// "sr_RS@latin" is "sr_Latn_RS"; other modifiers, such as "@euro", say nothing about texts.
 std::string WithScript(const std::string& name, std::string_view modifier) {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "regional/blanks.h"
 #include "regional/digits.h"
+#include "text/white_space.h"
 
 namespace dralo::regional {
 namespace {
@@ -76,11 +76,11 @@ std::optional<platform::Decimal> Expand(bool is_negative, std::string_view digit
 NumberRecognizer::NumberRecognizer(const LocaleFacts& facts)
     : decimal_point_(facts.decimal_point),
       grouping_(facts.grouping),
-      groups_by_blank_(BlankSize(facts.grouping) != 0),
+      groups_by_blank_(text::WhiteSpaceSize(facts.grouping) != 0),
       groups_in_pairs_(facts.groups_in_pairs) {}
 
 std::size_t NumberRecognizer::GroupingSize(std::string_view text) const {
-  if (groups_by_blank_) return BlankSize(text);
+  if (groups_by_blank_) return text::WhiteSpaceSize(text);
   if (!grouping_.empty() && text.starts_with(grouping_)) return grouping_.size();
   return grouping_ == kApostrophe && text.starts_with('\'') ? 1 : 0;
 }
@@ -102,7 +102,7 @@ bool NumberRecognizer::TakeWhole(std::string_view& rest, std::string& digits) co
 }
 
 std::optional<platform::Decimal> NumberRecognizer::Recognize(std::string_view text) const {
-  std::string_view rest = TrimBlanks(text);
+  std::string_view rest = text::TrimWhiteSpace(text);
   const bool is_negative = TakeSign(rest);
   std::string digits;
   if (!TakeWhole(rest, digits)) return std::nullopt;

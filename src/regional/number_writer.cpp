@@ -7,6 +7,7 @@
 
 #include "regional/digits.h"
 #include "regional/scratch.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
@@ -102,7 +103,7 @@ struct DecimalParts {
 };
 
 const char* EndOfDigits(const char* at, const char* end) {
-  while (at != end && IsDigit(*at)) ++at;
+  while (at != end && text::IsDigit(*at)) ++at;
   return at;
 }
 

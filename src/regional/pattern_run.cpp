@@ -2,12 +2,11 @@
 
 #include <algorithm>
 
-#include "regional/blanks.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::regional {
 namespace {
-
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 void AddLiteralText(std::vector<PatternRun>& runs, std::string_view text) {
   if (runs.empty() || runs.back().letter != '\0') runs.emplace_back();
@@ -50,12 +49,12 @@ std::vector<PatternRun> SplitPattern(std::string_view pattern) {
   while (!pattern.empty()) {
     if (pattern.front() == '\'') {
       TakeQuoted(pattern, runs);
-    } else if (IsLetter(pattern.front())) {
+    } else if (text::IsLetter(pattern.front())) {
       TakeLetters(pattern, runs);
-    } else if (const std::size_t mark = DirectionMarkSize(pattern)) {
+    } else if (const std::size_t mark = text::DirectionMarkSize(pattern)) {
       pattern.remove_prefix(mark);
     } else {
-      const std::size_t blank = BlankSize(pattern);
+      const std::size_t blank = text::WhiteSpaceSize(pattern);
       AddLiteralText(runs, blank != 0 ? " " : pattern.substr(0, 1));
       pattern.remove_prefix(std::max<std::size_t>(blank, 1));
     }
@@ -121,7 +120,7 @@ char TimeSeparatorOf(const std::vector<PatternRun>& runs) {
 
 std::string DateSeparatorOf(const std::vector<PatternRun>& runs) {
   for (std::size_t i = 1; i < runs.size(); ++i) {
-    if (runs[i].letter == '\0' && runs[i - 1].letter != '\0') return PlainBlanks(runs[i].text);
+    if (runs[i].letter == '\0' && runs[i - 1].letter != '\0') return text::PlainWhiteSpace(runs[i].text);
   }
   return "/";
 }

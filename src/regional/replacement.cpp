@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "regional/digits.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
@@ -17,7 +18,8 @@ struct GroupReference {
 GroupReference ReadReference(std::string_view reference, std::size_t groups) {
   std::size_t number = 0;
   GroupReference found;
-  for (std::size_t i = 0; i < std::min<std::size_t>(2, reference.size()) && IsDigit(reference[i]); ++i) {
+  for (std::size_t i = 0; i < std::min<std::size_t>(2, reference.size()) && text::IsDigit(reference[i]);
+       ++i) {
     number = number * 10 + static_cast<std::size_t>(reference[i] - '0');
     if (number >= 1 && number < groups) found = {number, i + 1};
   }

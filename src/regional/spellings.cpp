@@ -5,8 +5,9 @@
 #include <string>
 #include <utility>
 
-#include "regional/blanks.h"
 #include "regional/digits.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::regional {
 namespace {
@@ -15,10 +16,8 @@ constexpr std::array<std::string_view, 12> kEnglishMonths = {"January",   "Febru
                                                              "May",       "June",     "July",     "August",
                                                              "September", "October",  "November", "December"};
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 std::string PlainSpelling(std::string_view text) {
-  std::string plain = PlainBlanks(text);
+  std::string plain = text::PlainWhiteSpace(text);
   while (plain.ends_with('.')) plain.pop_back();
   return plain;
 }
@@ -42,10 +41,9 @@ void TidySpellings(std::vector<Spelling>& spellings) {
   std::vector<Spelling> tidy;
   for (const Spelling& spelling : spellings) {
     std::string text = PlainSpelling(spelling.text);
-    const auto is_same = [&text](const Spelling& other) {
-      return other.text.size() == text.size() && StartsWith(other.text, text);
-    };
-    if (text.empty() || IsDigit(text.front()) || std::any_of(tidy.begin(), tidy.end(), is_same)) continue;
+    const auto is_same = [&text](const Spelling& other) { return text::EqualAscii(other.text, text); };
+    if (text.empty() || text::IsDigit(text.front()) || std::any_of(tidy.begin(), tidy.end(), is_same))
+      continue;
     tidy.push_back({std::move(text), spelling.number});
   }
   std::stable_sort(tidy.begin(), tidy.end(),
@@ -53,19 +51,14 @@ void TidySpellings(std::vector<Spelling>& spellings) {
   spellings = std::move(tidy);
 }
 
-bool StartsWith(std::string_view text, std::string_view start) {
-  return text.size() >= start.size() &&
-         std::equal(start.begin(), start.end(), text.begin(),
-                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
-}
-
 const Spelling* FindSpelling(const std::vector<Spelling>& spellings, std::string_view text) {
   if (StartsWithDigit(text)) return nullptr;
   for (const Spelling& spelling : spellings) {
     const std::size_t size = spelling.text.size();
-    if (!StartsWith(text, spelling.text)) continue;
+    if (!text::StartsWithAscii(text, spelling.text)) continue;
     // "tháng 1" is not the start of "tháng 13".
-    const bool splits_number = IsDigit(spelling.text.back()) && text.size() > size && IsDigit(text[size]);
+    const bool splits_number =
+        text::IsDigit(spelling.text.back()) && text.size() > size && text::IsDigit(text[size]);
     if (!splits_number) return &spelling;
   }
   return nullptr;

@@ -15,9 +15,6 @@ void AddEnglishDayHalves(std::vector<Spelling>& halves);
 /// read.
 void TidySpellings(std::vector<Spelling>& spellings);
 
-/// Whether `text` starts with `start`, ASCII letters in either case.
-bool StartsWith(std::string_view text, std::string_view start);
-
 /// The longest of `spellings` that `text` starts with, or nullptr.
 const Spelling* FindSpelling(const std::vector<Spelling>& spellings, std::string_view text);
 

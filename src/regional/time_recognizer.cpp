@@ -2,6 +2,7 @@
 
 #include "regional/digits.h"
 #include "regional/spellings.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
@@ -32,7 +33,7 @@ bool TakeSixtieth(std::string_view& rest, int& value) {
 }
 
 void TakeFraction(std::string_view& rest, int& nanosecond) {
-  if (rest.size() < 2 || (rest[0] != '.' && rest[0] != ',') || !IsDigit(rest[1])) return;
+  if (rest.size() < 2 || (rest[0] != '.' && rest[0] != ',') || !text::IsDigit(rest[1])) return;
   rest.remove_prefix(1);
   for (int unit = 100'000'000; StartsWithDigit(rest); rest.remove_prefix(1), unit /= 10) {
     nanosecond += (rest[0] - '0') * unit;

@@ -15,8 +15,8 @@ class TimeRecognizer {
  public:
   explicit TimeRecognizer(const LocaleFacts& facts);
 
-  /// Takes the time that `rest` starts with, whose blanks are plain (PlainBlanks), and sets it in `time`.
-  /// False, with both in any state, when there is none.
+  /// Takes the time that `rest` starts with, whose blanks are plain (text::PlainWhiteSpace), and sets it in
+  /// `time`. False, with both in any state, when there is none.
   bool Take(std::string_view& rest, platform::DateTime& time) const { return Take(rest, false, time); }
 
   /// The same, and "." may stand for ":" where the locale writes that. Without a date before, that would be a

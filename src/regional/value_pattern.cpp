@@ -9,6 +9,7 @@
 #include "regional/number_pattern.h"
 #include "regional/pattern_literal.h"
 #include "regional/spellings.h"
+#include "text/ascii.h"
 
 namespace dralo::regional {
 namespace {
@@ -158,30 +159,27 @@ constexpr auto kNamedDates = std::to_array<Named>({
     {"Short Time", "hh:nn"},
 });
 
-bool IsCalled(std::string_view text, std::string_view name) {
-  return text.size() == name.size() && StartsWith(text, name);
-}
-
 std::unique_ptr<FormatPattern> NamedNumber(std::string_view name, const PatternContext& context) {
-  if (IsCalled(name, "General Number")) return std::make_unique<PlainNumberFormat>(context);
-  if (IsCalled(name, "Currency")) return std::make_unique<NumberKindFormat>(NumberKind::kCurrency, context);
+  if (text::EqualAscii(name, "General Number")) return std::make_unique<PlainNumberFormat>(context);
+  if (text::EqualAscii(name, "Currency"))
+    return std::make_unique<NumberKindFormat>(NumberKind::kCurrency, context);
   for (const Named& named : kNamedNumbers) {
-    if (IsCalled(name, named.name)) return std::make_unique<NumberFormat>(named.pattern, context);
+    if (text::EqualAscii(name, named.name)) return std::make_unique<NumberFormat>(named.pattern, context);
   }
   for (const auto& [word, other, zero] : kNamedWords) {
-    if (IsCalled(name, word)) return std::make_unique<WordFormat>(other, zero, context);
+    if (text::EqualAscii(name, word)) return std::make_unique<WordFormat>(other, zero, context);
   }
   return nullptr;
 }
 
 std::unique_ptr<FormatPattern> NamedDateFormat(std::string_view name, DatePattern pattern,
                                                const PatternContext& context) {
-  if (IsCalled(name, "Medium Date")) {
+  if (text::EqualAscii(name, "Medium Date")) {
     pattern.AddRuns(context.dates.medium_date);
     return std::make_unique<DateFormat>(std::move(pattern), context);
   }
   for (const Named& named : kNamedDates) {
-    if (!IsCalled(name, named.name)) continue;
+    if (!text::EqualAscii(name, named.name)) continue;
     pattern.AddPattern(named.pattern);
     return std::make_unique<DateFormat>(std::move(pattern), context);
   }

@@ -4,13 +4,11 @@
 
 #include <algorithm>
 
+#include "text/ascii.h"
 #include "text/utf8.h"
 
 namespace dralo::text {
 namespace {
-
-constexpr char CapitalAscii(char c) { return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-constexpr char SmallAscii(char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 constexpr bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
@@ -39,7 +37,7 @@ UChar32 TakeCapital(std::string_view& rest) {
   const char first = rest[0];
   if (IsAscii(first)) {
     rest.remove_prefix(1);
-    return CapitalAscii(first);
+    return ToUpper(first);
   }
   const auto [bytes, character] = DecodeFirst(rest);
   rest.remove_prefix(character ? bytes : 1);
@@ -48,9 +46,9 @@ UChar32 TakeCapital(std::string_view& rest) {
 
 }  // namespace
 
-void AppendUpper(std::string& to, std::string_view text) { AppendInCase<u_toupper, CapitalAscii>(to, text); }
+void AppendUpper(std::string& to, std::string_view text) { AppendInCase<u_toupper, ToUpper>(to, text); }
 
-void AppendLower(std::string& to, std::string_view text) { AppendInCase<u_tolower, SmallAscii>(to, text); }
+void AppendLower(std::string& to, std::string_view text) { AppendInCase<u_tolower, ToLower>(to, text); }
 
 std::string ToUpper(std::string_view text) {
   std::string result;
@@ -73,7 +71,7 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right) {
 }
 
 std::size_t FindWord(std::string_view text, std::string_view word) {
-  const auto is_letter = [](char c, char capital) { return CapitalAscii(c) == capital; };
+  const auto is_letter = [](char c, char capital) { return ToUpper(c) == capital; };
   const auto found = std::search(text.begin(), text.end(), word.begin(), word.end(), is_letter);
   return found == text.end() && !word.empty() ? text.npos : static_cast<std::size_t>(found - text.begin());
 }

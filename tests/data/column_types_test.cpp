@@ -67,8 +67,8 @@ class EditedRecord {
 template <class SomeInputs>
 auto InputOf(SomeInputs&& inputs, std::string_view field) -> decltype(&inputs.front().value) {
   const std::string name = "Morvu1_Form_" + std::string(field);
-  const auto found = std::ranges::find_if(
-      inputs, [&](const auto& input) { return database::EqualsIgnoringCase(input.name, name); });
+  const auto found =
+      std::ranges::find_if(inputs, [&](const auto& input) { return text::EqualAscii(input.name, name); });
   return found == inputs.end() ? nullptr : &found->value;
 }
 

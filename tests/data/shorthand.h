@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "data/show.h"
-#include "database/ascii.h"
 #include "database/objects.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::tests {
 
@@ -44,7 +44,7 @@ inline RecordsetPtr Edit(const ConnectionPtr& connection, std::string_view sql,
 /// The field of that name in any letter case.
 inline platform::Field& FieldOf(platform::Recordset& recordset, std::string_view name) {
   for (platform::Field* field : recordset.Fields()) {
-    if (database::EqualsIgnoringCase(field->Name(), name)) return *field;
+    if (text::EqualAscii(field->Name(), name)) return *field;
   }
   throw std::invalid_argument("no field " + std::string(name));
 }

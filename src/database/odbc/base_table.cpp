@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 
-#include "database/ascii.h"
 #include "database/odbc/catalog.h"
 #include "database/odbc/quote.h"
 #include "database/odbc/select_list.h"

@@ -8,7 +8,6 @@
 #include <map>
 #include <type_traits>
 
-#include "database/ascii.h"
 #include "database/odbc/quote.h"
 #include "database/odbc/wide_text.h"
 

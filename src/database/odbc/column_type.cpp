@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "database/ascii.h"
 #include "database/key_comparison.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
 
@@ -82,9 +82,7 @@ Kind KindOf(const DriverType& type, Dialect dialect) {
 
 /// SQLite's driver goes by some of the declared types only, and its numbers may be of any kind.
 void CorrectSqlite(Kind& kind, const DriverType& type) {
-  const auto starts = [&](std::string_view name) {
-    return EqualsIgnoringCase(type.name.substr(0, name.size()), name);
-  };
+  const auto starts = [&](std::string_view name) { return text::StartsWithAscii(type.name, name); };
   if (starts("DECIMAL") || starts("NUMERIC")) kind = {TypeCode::kNumeric, Reading::kNumber};
   if (starts("MONEY") || starts("CURRENCY")) kind = {TypeCode::kCurrency, Reading::kNumber};
   if (starts("TIME") && !starts("TIMESTAMP")) kind = {TypeCode::kDbTime, Reading::kTimeText};

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/odbc/base_table.h"
 #include "database/statement_text.h"
 #include "platform/error.h"
+#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
@@ -20,7 +20,7 @@ constexpr std::int64_t kFewRecords = 1000;
 bool HasLimitClause(Dialect dialect) { return dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite; }
 
 void RequireStatement(const std::string& text) {
-  if (Trimmed(text).empty()) throw platform::Error("The statement is empty", 0, {}, text);
+  if (text::TrimAsciiSpace(text).empty()) throw platform::Error("The statement is empty", 0, {}, text);
   if (text.find('\0') == text.npos) return;
   throw platform::Error("The statement has a zero byte in its text", 0, {}, text);
 }

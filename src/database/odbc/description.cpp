@@ -6,11 +6,11 @@
 #include <array>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/odbc/catalog.h"
 #include "database/odbc/column_type.h"
 #include "database/odbc/select_list.h"
 #include "database/odbc/wide_text.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
 
@@ -61,7 +61,7 @@ std::string TypeName(const Link& link, SQLHSTMT statement, SQLUSMALLINT number, 
 void DropOriginsOfGivenNames(std::string_view text, Columns& columns) {
   for (const std::string& name : GivenNames(text)) {
     for (Column& column : columns) {
-      if (EqualsIgnoringCase(column.name, name)) column.origin.clear();
+      if (text::EqualAscii(column.name, name)) column.origin.clear();
     }
   }
 }

@@ -1,6 +1,6 @@
 #include "database/odbc/dialect.h"
 
-#include "database/ascii.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
 
@@ -25,7 +25,7 @@ constexpr Known kLibraries[] = {
 template <std::size_t kCount>
 Dialect Find(const Known (&known)[kCount], std::string_view text) {
   std::string capitals(text);
-  for (char& c : capitals) c = ToUpper(c);
+  for (char& c : capitals) c = text::ToUpper(c);
   for (const Known& entry : known) {
     if (capitals.find(entry.part) != capitals.npos) return entry.dialect;
   }

@@ -5,8 +5,9 @@
 
 #include <array>
 
-#include "database/ascii.h"
 #include "database/odbc/wide_text.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
@@ -19,15 +20,15 @@ constexpr std::string_view kNoise[] = {"Error while executing the query", "ERROR
 /// Without the names of the layers in brackets at its front, on one line.
 std::string Cleaned(std::string text) {
   for (char& c : text) {
-    if (IsBlank(c)) c = ' ';
+    if (text::IsAsciiSpace(c)) c = ' ';
   }
   while (!text.empty() && text.front() == '[' && text.find(']') != text.npos)
     text.erase(0, text.find(']') + 1);
   for (const std::string_view noise : kNoise) {
     for (auto at = text.find(noise); at != text.npos; at = text.find(noise)) text.erase(at, noise.size());
   }
-  std::string_view rest = Trimmed(text);
-  while (!rest.empty() && (rest.back() == ';' || rest.back() == '.' || IsBlank(rest.back()))) {
+  std::string_view rest = text::TrimAsciiSpace(text);
+  while (!rest.empty() && (rest.back() == ';' || rest.back() == '.' || text::IsAsciiSpace(rest.back()))) {
     rest.remove_suffix(1);
   }
   return std::string(rest);
@@ -58,8 +59,7 @@ bool ReadRecord(SQLSMALLINT handle_type, SQLHANDLE handle, SQLSMALLINT number, R
 /// A secret counts only as a whole word: a short one stands in other words by chance.
 std::string WithoutSecrets(std::string message, std::span<const std::string> secrets) {
   const auto is_part = [&](std::size_t at) {
-    return at < message.size() &&
-           (IsDigit(message[at]) || ('A' <= ToUpper(message[at]) && ToUpper(message[at]) <= 'Z'));
+    return at < message.size() && text::IsLetterOrDigit(message[at]);
   };
   for (const std::string& secret : secrets) {
     for (auto at = message.find(secret); at != message.npos; at = message.find(secret, at + 1)) {

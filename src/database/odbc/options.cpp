@@ -8,8 +8,9 @@
 #include <string_view>
 #include <utility>
 
-#include "database/ascii.h"
 #include "platform/error.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
@@ -38,14 +39,14 @@ std::string_view NameOf(std::string_view key) {
                                                                              {"Password", "PWD"},
                                                                              {"Initial Catalog", "Database"}};
   for (const auto& [other, name] : kNames) {
-    if (EqualsIgnoringCase(key, other)) return name;
+    if (text::EqualAscii(key, other)) return name;
   }
   return key;
 }
 
 void Set(Pairs& pairs, std::string_view key, std::string_view value) {
   const auto same =
-      std::ranges::find_if(pairs, [&](const auto& pair) { return EqualsIgnoringCase(pair.first, key); });
+      std::ranges::find_if(pairs, [&](const auto& pair) { return text::EqualAscii(pair.first, key); });
   if (same != pairs.end()) {
     same->second = value;
   } else {
@@ -55,7 +56,7 @@ void Set(Pairs& pairs, std::string_view key, std::string_view value) {
 
 std::string_view ValueOf(const Pairs& pairs, std::string_view key) {
   const auto found =
-      std::ranges::find_if(pairs, [&](const auto& pair) { return EqualsIgnoringCase(pair.first, key); });
+      std::ranges::find_if(pairs, [&](const auto& pair) { return text::EqualAscii(pair.first, key); });
   return found == pairs.end() ? std::string_view{} : std::string_view(found->second);
 }
 
@@ -63,7 +64,7 @@ std::string_view ValueOf(const Pairs& pairs, std::string_view key) {
 Pairs ReadPairs(const ConnectionString& connection_string) {
   Pairs pairs;
   for (const auto& pair : connection_string.Pairs()) {
-    const auto is_key = [&](std::string_view key) { return EqualsIgnoringCase(pair.key, key); };
+    const auto is_key = [&](std::string_view key) { return text::EqualAscii(pair.key, key); };
     if (is_key("Provider") || is_key("Connect Timeout") || is_key("Query Timeout")) continue;
     const bool is_source = is_key("Data Source") && !connection_string.Find("Driver");
     Set(pairs, is_source ? "DSN" : NameOf(pair.key), pair.value);
@@ -140,7 +141,8 @@ void SetSqlite(Pairs& pairs, const Options& options) {
 
 /// Lists, as of several hosts, stay without braces, which a driver would take for a part of the first.
 std::string Quoted(const std::string& value) {
-  if (value.find_first_of("[]{}();?*=!@'\"") == value.npos && Trimmed(value) == value) return value;
+  if (value.find_first_of("[]{}();?*=!@'\"") == value.npos && text::TrimAsciiSpace(value) == value)
+    return value;
   std::string quoted = "{";
   for (const char c : value) {
     if (c == '}') quoted += c;

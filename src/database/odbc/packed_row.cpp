@@ -7,8 +7,8 @@
 #include <cstring>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/odbc/row_packing.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
 
@@ -50,14 +50,15 @@ VariantView ReadInteger(std::string_view text) {
 }
 
 unsigned NibbleOf(char c) {
-  return IsDigit(c) ? static_cast<unsigned>(c - '0') : static_cast<unsigned>(ToUpper(c) - 'A' + 10);
+  return text::IsDigit(c) ? static_cast<unsigned>(c - '0')
+                          : static_cast<unsigned>(text::ToUpper(c) - 'A' + 10);
 }
 
 /// The older spelling: "\\" for a backslash, "\377" for a byte that is no ASCII character.
 void Unescape(std::string_view text, std::string& bytes) {
   bytes.clear();
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool is_octal = text[i] == '\\' && i + 3 < text.size() && IsDigit(text[i + 1]);
+    const bool is_octal = text[i] == '\\' && i + 3 < text.size() && text::IsDigit(text[i + 1]);
     if (is_octal) {
       bytes += static_cast<char>((text[i + 1] - '0') << 6 | (text[i + 2] - '0') << 3 | (text[i + 3] - '0'));
       i += 3;

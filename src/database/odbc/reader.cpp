@@ -7,10 +7,10 @@
 #include <cstring>
 #include <optional>
 
-#include "database/ascii.h"
 #include "database/date_text.h"
 #include "database/decimal_text.h"
 #include "database/odbc/wide_text.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
 
@@ -46,7 +46,7 @@ VariantView ReadDecimal(std::string_view text) {
 /// The last "." or "," separates the decimals when one or two digits are behind it.
 VariantView ReadMoney(std::string_view text, std::string& scratch) {
   auto point = text.find_last_of(".,");
-  const auto is_digit = [&](std::size_t at) { return at < text.size() && IsDigit(text[at]); };
+  const auto is_digit = [&](std::size_t at) { return at < text.size() && text::IsDigit(text[at]); };
   if (point != text.npos && is_digit(point + 3)) point = text.npos;
   scratch = text.find_first_of("-(") == text.npos ? "" : "-";
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -58,7 +58,7 @@ VariantView ReadMoney(std::string_view text, std::string& scratch) {
 
 VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {
   scratch = text;
-  for (char& c : scratch) c = 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  for (char& c : scratch) c = text::ToLower(c);
   return std::string_view(scratch);
 }
 

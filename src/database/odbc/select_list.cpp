@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "database/ascii.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
 namespace {
 
 bool IsWordCharacter(char c) {
-  const bool is_letter = 'A' <= ToUpper(c) && ToUpper(c) <= 'Z';
-  return is_letter || IsDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
+  return text::IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 char ClosingQuote(char c) { return c == '"' || c == '\'' || c == '`' ? c : c == '[' ? ']' : '\0'; }
@@ -43,14 +43,14 @@ std::string Unquoted(std::string_view token) {
   return name;
 }
 
-bool IsWord(std::string_view token, std::string_view word) { return EqualsIgnoringCase(token, word); }
+bool IsWord(std::string_view token, std::string_view word) { return text::EqualAscii(token, word); }
 
 /// Tokens of the text outside of parentheses; what is inside of them is one token "(".
 std::vector<std::string_view> OuterTokens(std::string_view text) {
   std::vector<std::string_view> tokens;
   int depth = 0;
   while (!text.empty()) {
-    if (IsBlank(text.front())) {
+    if (text::IsAsciiSpace(text.front())) {
       text.remove_prefix(1);
       continue;
     }
@@ -95,7 +95,7 @@ bool NamesTwice(std::string_view query, std::string_view table) {
   int count = 0;
   for (const auto token : OuterTokens(query)) {
     if (IsWord(token, "WHERE") || IsWord(token, "GROUP") || IsWord(token, "ORDER")) is_behind_from = false;
-    if (is_behind_from && EqualsIgnoringCase(Unquoted(token), table)) ++count;
+    if (is_behind_from && text::EqualAscii(Unquoted(token), table)) ++count;
     if (IsWord(token, "FROM")) is_behind_from = true;
   }
   return count > 1;

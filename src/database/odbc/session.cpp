@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/date_text.h"
 #include "database/odbc/comparison.h"
 #include "database/odbc/cursor.h"
 #include "database/odbc/quote.h"
 #include "database/odbc/short_cursor.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
 
@@ -60,12 +60,10 @@ bool Session::MayReconnect(const Error& error, std::string_view text) const {
 
 /// In PostgreSQL a plain name means the one in small letters, as it would without quotes.
 std::string Session::QuoteName(std::string_view name) const {
-  const auto is_plain = [](char c) {
-    return ('A' <= ToUpper(c) && ToUpper(c) <= 'Z') || IsDigit(c) || c == '_';
-  };
+  const auto is_plain = [](char c) { return text::IsLetterOrDigit(c) || c == '_'; };
   std::string meant(name);
   if (link_->GetDialect() == Dialect::kPostgreSql && std::ranges::all_of(name, is_plain)) {
-    for (char& c : meant) c = 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    for (char& c : meant) c = text::ToLower(c);
   }
   return Quote(meant, link_->NameQuote());
 }

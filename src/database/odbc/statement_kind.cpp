@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
-#include "database/ascii.h"
 #include "database/statement_text.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
 namespace {
 
 bool IsOfAWord(char c) {
-  return ('A' <= ToUpper(c) && ToUpper(c) <= 'Z') || IsDigit(c) || c == '_' ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return text::IsLetterOrDigit(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 std::string_view FirstWord(std::string_view text) {
@@ -23,7 +23,7 @@ std::string_view FirstWord(std::string_view text) {
 bool HasWord(std::string_view text, std::string_view word) {
   while (!text.empty()) {
     const std::string_view next = FirstWord(text);
-    if (EqualsIgnoringCase(next, word)) return true;
+    if (text::EqualAscii(next, word)) return true;
     text.remove_prefix(std::max<std::size_t>(next.size(), 1));
   }
   return false;
@@ -36,7 +36,7 @@ bool HasAny(std::string_view text, const std::string_view (&words)[kCount]) {
 
 template <std::size_t kCount>
 bool IsAny(std::string_view first, const std::string_view (&words)[kCount]) {
-  return std::ranges::any_of(words, [&](std::string_view word) { return EqualsIgnoringCase(first, word); });
+  return std::ranges::any_of(words, [&](std::string_view word) { return text::EqualAscii(first, word); });
 }
 
 constexpr std::string_view kSelects[] = {"SELECT", "VALUES", "TABLE"};
@@ -73,11 +73,11 @@ bool CallsFunctions(std::string_view text) {
       word = next;
     } else if (text.front() == '(') {
       const bool is_call =
-          !word.empty() && !EqualsIgnoringCase(before, "INTO") && !IsAny(word, kBeforeParenthesis);
+          !word.empty() && !text::EqualAscii(before, "INTO") && !IsAny(word, kBeforeParenthesis);
       if (is_call) return true;
     } else if (text.starts_with(":=")) {
       return true;
-    } else if (text.front() != '"' && text.front() != '`' && !IsBlank(text.front())) {
+    } else if (text.front() != '"' && text.front() != '`' && !text::IsAsciiSpace(text.front())) {
       word = {};
     }
     text.remove_prefix(std::max<std::size_t>(next.size(), 1));
@@ -87,12 +87,12 @@ bool CallsFunctions(std::string_view text) {
 
 StatementKind KindOfStart(std::string_view text) {
   const std::string_view first = FirstWord(text);
-  const bool is_with = EqualsIgnoringCase(first, "WITH");
+  const bool is_with = text::EqualAscii(first, "WITH");
   if (IsAny(first, kSelects) || (is_with && !HasAny(text, kChanges))) {
     const bool has_target = HasWord(text, "INTO");
     return {.is_query = true, .is_select = !has_target, .leaves_traces = has_target};
   }
-  if (IsAny(first, kShows)) return {.is_query = true, .leaves_traces = EqualsIgnoringCase(first, "PRAGMA")};
+  if (IsAny(first, kShows)) return {.is_query = true, .leaves_traces = text::EqualAscii(first, "PRAGMA")};
   if (IsAny(first, kChanges) || is_with || IsAny(first, kParts)) return {};
   if (IsAny(first, kDefinitions)) return {.leaves_traces = HasAny(text, kTemporary)};
   if (IsAny(first, kBegins)) return {.begins_transaction = true};

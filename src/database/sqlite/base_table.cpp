@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "database/ascii.h"
 #include "database/sqlite/ask.h"
 #include "database/sqlite/plan.h"
 #include "database/sqlite/quote.h"
 #include "database/sqlite/row_number.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database::sqlite {
 
@@ -60,7 +60,7 @@ Names OwnColumns(const Columns& columns, const Column& sample) {
 
 std::optional<std::size_t> FindColumn(const Names& own, std::string_view name) {
   const auto found =
-      std::ranges::find_if(own, [&](const auto& column) { return EqualsIgnoringCase(column, name); });
+      std::ranges::find_if(own, [&](const auto& column) { return text::EqualAscii(column, name); });
   if (name.empty() || found == own.end()) return std::nullopt;
   return static_cast<std::size_t>(found - own.begin());
 }

@@ -3,8 +3,9 @@
 #include <charconv>
 #include <string>
 
-#include "database/ascii.h"
 #include "database/key_comparison.h"
+#include "text/ascii.h"
+#include "text/white_space.h"
 
 namespace dralo::database::sqlite {
 
@@ -83,7 +84,7 @@ platform::KeyComparison ComparisonOf(TypeCode type) {
 std::int64_t SizeIn(std::string_view declared) {
   const auto open = declared.find('(');
   if (open == declared.npos) return 0;
-  const auto digits = Trimmed(declared.substr(open + 1));
+  const auto digits = text::TrimAsciiSpace(declared.substr(open + 1));
   std::int64_t size = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), size);
   return size > 0 ? size : 0;
@@ -92,8 +93,8 @@ std::int64_t SizeIn(std::string_view declared) {
 }  // namespace
 
 void SetDeclaredType(Column& column, std::string_view declared) {
-  std::string name(Trimmed(declared.substr(0, declared.find('('))));
-  for (char& c : name) c = ToUpper(c);
+  std::string name(text::TrimAsciiSpace(declared.substr(0, declared.find('('))));
+  for (char& c : name) c = text::ToUpper(c);
   const NamedType* type = Find(name);
   column.comparison = type ? ComparisonOf(type->type) : SameOfAnyKind;
   if (!type) return;

@@ -5,8 +5,8 @@
 #include <charconv>
 #include <filesystem>
 
-#include "database/ascii.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database::sqlite {
 
@@ -15,9 +15,9 @@ namespace {
 using platform::Error;
 
 int ReadMode(std::string_view mode) {
-  if (EqualsIgnoringCase(mode, "ReadWrite")) return SQLITE_OPEN_READWRITE;
-  if (EqualsIgnoringCase(mode, "Read")) return SQLITE_OPEN_READONLY;
-  if (EqualsIgnoringCase(mode, "ReadWriteCreate")) return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  if (text::EqualAscii(mode, "ReadWrite")) return SQLITE_OPEN_READWRITE;
+  if (text::EqualAscii(mode, "Read")) return SQLITE_OPEN_READONLY;
+  if (text::EqualAscii(mode, "ReadWriteCreate")) return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   throw Error(
       "The connection string has an unknown Mode; write Mode=Read, Mode=ReadWrite or Mode=ReadWriteCreate");
 }

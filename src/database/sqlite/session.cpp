@@ -5,12 +5,12 @@
 #include <filesystem>
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/date_text.h"
 #include "database/sqlite/cursor.h"
 #include "database/sqlite/error.h"
 #include "database/sqlite/quote.h"
 #include "platform/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database::sqlite {
 
@@ -25,7 +25,7 @@ constexpr std::array<std::string_view, 7> kAskingPragmas = {
 
 bool IsAsking(std::string_view pragma) {
   return std::ranges::any_of(kAskingPragmas,
-                             [&](std::string_view name) { return EqualsIgnoringCase(pragma, name); });
+                             [&](std::string_view name) { return text::EqualAscii(pragma, name); });
 }
 
 void RequireFile(const Options& options) {

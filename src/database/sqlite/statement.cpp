@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "database/ascii.h"
 #include "database/sqlite/base_table.h"
 #include "database/sqlite/description.h"
 #include "database/sqlite/error.h"

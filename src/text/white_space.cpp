@@ -1,17 +1,17 @@
-#include "regional/blanks.h"
+#include "text/white_space.h"
 
 #include <algorithm>
 
-namespace dralo::regional {
+namespace dralo::text {
 namespace {
 
 std::size_t InvisibleSize(std::string_view text) {
-  const std::size_t blank = BlankSize(text);
-  return blank != 0 ? blank : DirectionMarkSize(text);
+  const std::size_t space = WhiteSpaceSize(text);
+  return space != 0 ? space : DirectionMarkSize(text);
 }
 
-/// Bytes of the blank or direction mark that `text` ends with. None of them takes more than three bytes, and
-/// in whatever bytes precede it a shorter one cannot be the end of a longer one.
+/// Bytes of the white space or direction mark that `text` ends with. None of them takes more than three
+/// bytes, and in whatever bytes precede it a shorter one cannot be the end of a longer one.
 std::size_t InvisibleSizeAtEnd(std::string_view text) {
   for (std::size_t size = 1; size <= std::min<std::size_t>(3, text.size()); ++size) {
     if (InvisibleSize(text.substr(text.size() - size)) == size) return size;
@@ -21,13 +21,13 @@ std::size_t InvisibleSizeAtEnd(std::string_view text) {
 
 }  // namespace
 
-std::size_t BlankSize(std::string_view text) {
+std::size_t WhiteSpaceSize(std::string_view text) {
   if (text.empty()) return 0;
-  if (text[0] == ' ' || (text[0] >= '\t' && text[0] <= '\r')) return 1;
+  if (IsAsciiSpace(text[0])) return 1;
   if (static_cast<unsigned char>(text[0]) < 0x80) return 0;
   if (text.starts_with("\u00A0")) return 2;
-  for (const std::string_view blank : {"\u202F", "\u2009", "\u2007", "\u3000"}) {
-    if (text.starts_with(blank)) return 3;
+  for (const std::string_view space : {"\u202F", "\u2009", "\u2007", "\u3000"}) {
+    if (text.starts_with(space)) return 3;
   }
   return 0;
 }
@@ -37,22 +37,22 @@ std::size_t DirectionMarkSize(std::string_view text) {
   return text.starts_with("\u200E") || text.starts_with("\u200F") ? 3 : 0;
 }
 
-std::string_view TrimBlanks(std::string_view text) {
+std::string_view TrimWhiteSpace(std::string_view text) {
   while (const std::size_t size = InvisibleSize(text)) text.remove_prefix(size);
   while (const std::size_t size = InvisibleSizeAtEnd(text)) text.remove_suffix(size);
   return text;
 }
 
-std::string PlainBlanks(std::string_view text) {
-  text = TrimBlanks(text);
+std::string PlainWhiteSpace(std::string_view text) {
+  text = TrimWhiteSpace(text);
   std::string plain;
   plain.reserve(text.size());
   while (!text.empty()) {
     if (const std::size_t mark = DirectionMarkSize(text)) {
       text.remove_prefix(mark);
-    } else if (const std::size_t blank = BlankSize(text)) {
+    } else if (const std::size_t space = WhiteSpaceSize(text)) {
       plain += ' ';
-      text.remove_prefix(blank);
+      text.remove_prefix(space);
     } else {
       plain += text.front();
       text.remove_prefix(1);
@@ -61,4 +61,4 @@ std::string PlainBlanks(std::string_view text) {
   return plain;
 }
 
-}  // namespace dralo::regional
+}  // namespace dralo::text

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+
+/// Characters and words of keywords, keys, options and markup, in which only A to Z have two letter cases.
+namespace dralo::text {
+
+constexpr char ToUpper(char c) { return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr char ToLower(char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+constexpr bool IsDigit(char c) { return '0' <= c && c <= '9'; }
+constexpr bool IsLetter(char c) { return 'A' <= ToUpper(c) && ToUpper(c) <= 'Z'; }
+constexpr bool IsLetterOrDigit(char c) { return IsLetter(c) || IsDigit(c); }
+
+/// Whether the two are equal in some letter case.
+constexpr bool EqualAscii(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, [](char a, char b) { return ToUpper(a) == ToUpper(b); });
+}
+
+/// Whether `text` begins with the word in some letter case.
+constexpr bool StartsWithAscii(std::string_view text, std::string_view word) {
+  return EqualAscii(text.substr(0, word.size()), word);
+}
+
+}  // namespace dralo::text

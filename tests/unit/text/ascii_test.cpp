@@ -1,0 +1,43 @@
+#include "text/ascii.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+
+namespace dralo::text {
+namespace {
+
+TEST(Ascii, IsThatOfTheCLibraryForEveryByte) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const auto c = static_cast<char>(byte);
+    EXPECT_EQ(ToUpper(c), static_cast<char>(std::toupper(byte))) << byte;
+    EXPECT_EQ(ToLower(c), static_cast<char>(std::tolower(byte))) << byte;
+    EXPECT_EQ(IsDigit(c), std::isdigit(byte) != 0) << byte;
+    EXPECT_EQ(IsLetter(c), std::isalpha(byte) != 0) << byte;
+    EXPECT_EQ(IsLetterOrDigit(c), std::isalnum(byte) != 0) << byte;
+  }
+}
+
+TEST(EqualAscii, ComparesWholeTexts) {
+  EXPECT_TRUE(EqualAscii("", ""));
+  EXPECT_TRUE(EqualAscii("Data Source", "DATA source"));
+  EXPECT_FALSE(EqualAscii("Mode", "Modes"));
+  EXPECT_FALSE(EqualAscii("[", "{"));
+}
+
+TEST(EqualAscii, TakesOtherLettersAsTheyAre) {
+  EXPECT_TRUE(EqualAscii("größe", "GRößE"));
+  EXPECT_FALSE(EqualAscii("größe", "GRÖßE"));
+  EXPECT_FALSE(EqualAscii("ſ", "S"));
+  EXPECT_FALSE(EqualAscii("\xFF", "\xDF"));
+}
+
+TEST(StartsWithAscii, ComparesTheBeginning) {
+  EXPECT_TRUE(StartsWithAscii("decimal(10,2)", "DECIMAL"));
+  EXPECT_TRUE(StartsWithAscii("x", ""));
+  EXPECT_FALSE(StartsWithAscii("dec", "DECIMAL"));
+  EXPECT_FALSE(StartsWithAscii(" dec", "DEC"));
+}
+
+}  // namespace
+}  // namespace dralo::text
