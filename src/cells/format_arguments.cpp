@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 #include "state/request_number.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 

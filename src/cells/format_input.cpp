@@ -6,7 +6,7 @@
 #include "cells/standard_text.h"
 #include "platform/error.h"
 #include "platform/field_type.h"
-#include "text/list.h"
+#include "text/blanks.h"
 
 namespace dralo::cells {
 
@@ -38,7 +38,7 @@ bool FormatInput::TakeDirectly() {
 
 bool FormatInput::IsBlank() const {
   const auto* text = std::get_if<std::string_view>(&value_);
-  return text != nullptr && text::TrimBlanks(*text).empty();
+  return text != nullptr && text::IsBlank(*text);
 }
 
 std::string_view FormatInput::Text() {

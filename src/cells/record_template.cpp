@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "state/named_field.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 

@@ -8,16 +8,11 @@
 #include "platform/field_type.h"
 #include "settings/error_report.h"
 #include "text/characters.h"
-#include "text/list.h"
 
 namespace dralo::cells {
 namespace {
 
 constexpr std::string_view kBlankCell = "&nbsp;";
-
-bool IsBlank(std::string_view text) {
-  return text.empty() || (text.front() == ' ' && text.find_first_not_of(' ') == text.npos);
-}
 
 /// What the database layer could not read as a date may still spell one.
 std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
@@ -87,7 +82,7 @@ std::string_view GetStdDbFieldString(state::Render& render, platform::Field& fie
     const bool limited = render.settings.MemoFieldLimit >= 0 && platform::IsMemoFieldType(field.Type());
     return limited ? LimitedMemo(render, whole) : whole;
   });
-  return IsBlank(text) ? kBlankCell : text;
+  return text::IsBlank(text) ? kBlankCell : text;
 }
 
 std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field) {
@@ -98,7 +93,7 @@ std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& 
 std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
                              std::string& scratch) {
   const std::string_view text = WholeText(formatting, field, scratch);
-  return KeepsBlanks(field.Type()) || !IsBlank(text) ? text : std::string_view();
+  return KeepsBlanks(field.Type()) || !text::IsBlank(text) ? text : std::string_view();
 }
 
 std::string_view RawText(const platform::Formatting& formatting, platform::TypeCode type,
@@ -106,7 +101,7 @@ std::string_view RawText(const platform::Formatting& formatting, platform::TypeC
   if (type == platform::TypeCode::kLongVarBinary) return {};
   const std::string_view text = platform::IsDateFieldType(type) ? DateText(formatting, value, scratch)
                                                                 : formatting.Text(value, scratch);
-  return KeepsBlanks(type) || !IsBlank(text) ? text : std::string_view();
+  return KeepsBlanks(type) || !text::IsBlank(text) ? text : std::string_view();
 }
 
 std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,

@@ -5,8 +5,8 @@
 
 #include "state/links.h"
 #include "state/request_state.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
-#include "text/list.h"
 #include "views/navigation_bar.h"
 
 namespace dralo::driver {

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/type_code.h"
-#include "text/list.h"
+#include "text/blanks.h"
 
 namespace dralo::editing {
 namespace {

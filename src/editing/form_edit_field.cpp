@@ -12,7 +12,6 @@
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "text/boolean_text.h"
-#include "text/list.h"
 
 namespace dralo::editing {
 namespace {

@@ -7,6 +7,7 @@
 #include "editing/primary_keys.h"
 #include "editing/query_schema.h"
 #include "platform/error.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 
@@ -14,7 +15,7 @@ namespace dralo::editing {
 
 NewKey MakeNewKey(state::Render& render, std::string_view field_name) {
   const settings::Settings& settings = render.settings;
-  if (text::TrimBlanks(settings.EditNewPKStatement).empty()) return {};
+  if (text::IsBlank(settings.EditNewPKStatement)) return {};
   const std::vector<std::string> names = KeyNames(settings);
   const auto name = std::ranges::find_if(
       names, [&](const std::string& key) { return text::EqualIgnoringCase(key, field_name); });
@@ -26,7 +27,7 @@ NewKey MakeNewKey(state::Render& render, std::string_view field_name) {
   }
   const std::string& item = items[position];
   if (text::EqualIgnoringCase(item, "autoincrement")) return {.is_left_to_database = true};
-  if (text::TrimBlanks(item).empty()) return {};
+  if (text::IsBlank(item)) return {};
   return {.value = GetNewPKValue(render, item)};
 }
 

@@ -11,6 +11,7 @@
 #include "state/field_inputs.h"
 #include "state/key_text.h"
 #include "state/named_field.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 

@@ -12,9 +12,9 @@
 #include "settings/open_connection.h"
 #include "state/key_text.h"
 #include "state/named_field.h"
+#include "text/blanks.h"
 #include "text/boolean_text.h"
 #include "text/letter_case.h"
-#include "text/list.h"
 
 namespace dralo::editing {
 namespace {

@@ -5,6 +5,7 @@
 #include "platform/error.h"
 #include "platform/field_type.h"
 #include "settings/open_connection.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 

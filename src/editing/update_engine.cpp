@@ -7,7 +7,7 @@
 #include "editing/outcome.h"
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
-#include "text/list.h"
+#include "text/blanks.h"
 
 namespace dralo::editing {
 namespace {

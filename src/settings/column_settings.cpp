@@ -25,7 +25,7 @@ int SettingElement(const ColumnStore& store, int column) {
 
 /// Gives every listed column its two elements, which a bulk text may have left out.
 void FillUp(ColumnStore& store) {
-  if (text::TrimBlanks(store.index_list).empty()) return;
+  if (text::IsBlank(store.index_list)) return;
   const std::vector<std::string> columns = text::Split(store.index_list);
   for (std::size_t at = store.values.size(); at < 2 * columns.size(); ++at) {
     store.values.push_back(at % 2 == 0 ? columns[at / 2] : std::string());
@@ -36,7 +36,7 @@ void FillUp(ColumnStore& store) {
 /// Returns the number of the first, and says in `trace` what was done.
 std::size_t AppendColumn(ColumnStore& store, const std::string& column, const TraceNames& names,
                          std::string& trace) {
-  if (text::TrimBlanks(store.index_list).empty()) {
+  if (text::IsBlank(store.index_list)) {
     store.index_list = column;
     store.values.assign(2, {});
     trace.append("Setting initial array. ").append(names.index_list).append("=");

@@ -1,5 +1,6 @@
 #include "settings/field_lists.h"
 
+#include "text/blanks.h"
 #include "text/list.h"
 
 namespace dralo::settings {

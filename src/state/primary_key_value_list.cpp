@@ -5,6 +5,7 @@
 #include "html/control_markup.h"
 #include "state/key_text.h"
 #include "state/named_field.h"
+#include "text/blanks.h"
 #include "text/list.h"
 
 namespace dralo::state {
@@ -31,7 +32,7 @@ bool CanAddressRecords(const Render& render, std::string_view statement) {
 }
 
 PrimaryKeyValueList::PrimaryKeyValueList(const settings::Settings& settings, platform::Recordset& recordset) {
-  if (text::TrimBlanks(settings.EditPrimaryKeys).empty()) return;
+  if (text::IsBlank(settings.EditPrimaryKeys)) return;
   for (const std::string& item : text::Split(settings.EditPrimaryKeys)) {
     const std::string_view name = text::TrimBlanks(item);
     keys_.push_back({std::string(name), FindField(recordset, name)});

@@ -1,7 +1,7 @@
 #include "state/request_keys.h"
 
+#include "text/blanks.h"
 #include "text/letter_case.h"
-#include "text/list.h"
 
 namespace dralo::state {
 

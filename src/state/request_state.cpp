@@ -5,8 +5,8 @@
 #include <string>
 
 #include "state/request_number.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
-#include "text/list.h"
 
 namespace dralo::state {
 namespace {

@@ -4,15 +4,10 @@
 #include <charconv>
 #include <limits>
 
+#include "text/blanks.h"
 #include "text/letter_case.h"
 
 namespace dralo::text {
-
-std::string_view TrimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 std::vector<std::string> Split(std::string_view text, std::string_view separator) {
   std::vector<std::string> items;
@@ -26,7 +21,7 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 }
 
 std::int16_t FindInList(std::string_view list, std::string_view text) {
-  if (TrimBlanks(list).empty() || TrimBlanks(text).empty()) return 0;
+  if (IsBlank(list) || IsBlank(text)) return 0;
   for (std::int16_t position = 1; position < std::numeric_limits<std::int16_t>::max(); ++position) {
     const std::size_t comma = list.find(',');
     if (EqualIgnoringCase(list.substr(0, comma), text)) return position;

@@ -8,12 +8,6 @@
 
 namespace dralo::text {
 
-/// The text without leading and trailing blanks (only blanks: line breaks and tabs stay).
-std::string_view TrimBlanks(std::string_view text);
-
-/// Whether that leaves nothing.
-inline bool IsBlank(std::string_view text) { return TrimBlanks(text).empty(); }
-
 /// The items between the separators as they stand; an empty text has one empty item.
 std::vector<std::string> Split(std::string_view text, std::string_view separator = ",");
 

@@ -15,8 +15,8 @@
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "state/record_link.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
-#include "text/list.h"
 #include "views/cell_heads.h"
 #include "views/current_record.h"
 #include "views/grid_column.h"
@@ -33,7 +33,7 @@ using settings::Settings;
 std::string Combined(std::initializer_list<std::string_view> texts) {
   std::string combined;
   for (const std::string_view text : texts) combined.append(text).append(" ");
-  if (text::TrimBlanks(combined).empty()) return "";
+  if (text::IsBlank(combined)) return "";
   combined.pop_back();
   for (std::size_t at = combined.find("  "); at != combined.npos; at = combined.find("  ", at + 1)) {
     combined.erase(at, 1);

@@ -78,8 +78,8 @@ void FormRecords::PutGap() {
 
 /// What an Edit button puts the key of its record into; one serves all records of the page.
 void FormRecords::PutKeyInput() {
-  out_.PutIf(!text::TrimBlanks(settings_.EditPrimaryKeys).empty(),
-             "<input type=\"hidden\" name=\"{}\" value=''>\r\n", render_.keys(state::key::kPrimaryKey));
+  out_.PutIf(!text::IsBlank(settings_.EditPrimaryKeys), "<input type=\"hidden\" name=\"{}\" value=''>\r\n",
+             render_.keys(state::key::kPrimaryKey));
 }
 
 void FormRecords::PutButtonBar(std::int32_t row) {

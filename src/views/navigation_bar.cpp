@@ -2,6 +2,7 @@
 
 #include "settings/language.h"
 #include "state/links.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 

@@ -9,18 +9,6 @@ namespace {
 
 using Items = std::vector<std::string>;
 
-TEST(TrimBlanks, RemovesBlanksAtBothEndsOnly) {
-  EXPECT_EQ(TrimBlanks("  a b  "), "a b");
-  EXPECT_EQ(TrimBlanks("a"), "a");
-  EXPECT_EQ(TrimBlanks(""), "");
-  EXPECT_EQ(TrimBlanks("   "), "");
-}
-
-TEST(TrimBlanks, KeepsLineBreaksTabsAndOtherWhiteSpace) {
-  EXPECT_EQ(TrimBlanks(" \n a \t "), "\n a \t");
-  EXPECT_EQ(TrimBlanks(" \xC2\xA0 "), "\xC2\xA0");
-}
-
 TEST(Split, KeepsBlanksAndEmptyItems) {
   EXPECT_EQ(Split("a, b,,c "), (Items{"a", " b", "", "c "}));
   EXPECT_EQ(Split(","), (Items{"", ""}));

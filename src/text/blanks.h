@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+namespace dralo::text {
+
+/// Whether the text has nothing but blanks (line breaks, tabs and other white space are none).
+constexpr bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == text.npos; }
+
+/// The text without leading and trailing blanks.
+constexpr std::string_view TrimBlanks(std::string_view text) {
+  if (IsBlank(text)) return {};
+  text.remove_prefix(text.find_first_not_of(' '));
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+}  // namespace dralo::text
