@@ -11,6 +11,7 @@
 #include "text/ascii.h"
 #include "text/boolean_text.h"
 #include "text/characters.h"
+#include "text/iso_date.h"
 #include "text/white_space.h"
 
 namespace dralo::database {
@@ -121,8 +122,8 @@ std::string ToBoolean(const VariantView& value, Variant& converted) {
 
 std::optional<DateTime> RecognizeDate(std::string_view text, const Formatting* formatting) {
   text = text::TrimAsciiSpace(text);
-  if (auto time = ParseIsoDateTime(text)) return time;
-  if (auto time = ParseTimeOfDay(text)) return time;
+  if (auto time = text::ParseIsoDateTime(text)) return time;
+  if (auto time = text::ParseTimeOfDay(text)) return time;
   return formatting ? formatting->RecognizeDate(text) : std::nullopt;
 }
 

@@ -7,6 +7,7 @@
 
 #include "database/date_text.h"
 #include "database/decimal_text.h"
+#include "text/iso_date.h"
 
 namespace dralo::database {
 
@@ -86,7 +87,7 @@ std::string SamePrintedNumber(std::string_view name, std::string_view text) {
 }
 
 std::string SameMoment(std::string_view name, std::string_view text) {
-  const auto moment = ParseIsoDateTime(text);
+  const auto moment = text::ParseIsoDateTime(text);
   if (!moment) return {};
   const std::string day = DateText(*moment);
   std::vector<std::string> values;
@@ -102,7 +103,7 @@ std::string SameMoment(std::string_view name, std::string_view text) {
 }
 
 std::string SameTimeOfDay(std::string_view name, std::string_view text) {
-  const auto time = ParseTimeOfDay(text);
+  const auto time = text::ParseTimeOfDay(text);
   if (!time) return {};
   std::vector<std::string> values;
   for (const std::string& spelled : TimeTexts(*time)) values.push_back(Quoted(spelled));

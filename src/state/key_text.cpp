@@ -8,40 +8,12 @@
 
 #include "platform/field_type.h"
 #include "platform/type_code.h"
+#include "text/iso_date.h"
 
 namespace dralo::state {
 namespace {
 
 using platform::DateTime;
-
-/// `number` with zeros in front, so that it has at least so many digits.
-void AppendPadded(std::string& text, unsigned number, std::size_t digits) {
-  std::array<char, 10> written{};
-  const char* end = std::to_chars(written.begin(), written.end(), number).ptr;
-  const auto size = static_cast<std::size_t>(end - written.data());
-  if (size < digits) text.append(digits - size, '0');
-  text.append(written.data(), size);
-}
-
-void AppendDate(std::string& text, const DateTime& time) {
-  AppendPadded(text, static_cast<unsigned>(time.year), 4);
-  text += '-';
-  AppendPadded(text, time.month, 2);
-  text += '-';
-  AppendPadded(text, time.day, 2);
-}
-
-void AppendTime(std::string& text, const DateTime& time) {
-  AppendPadded(text, time.hour, 2);
-  text += ':';
-  AppendPadded(text, time.minute, 2);
-  text += ':';
-  AppendPadded(text, time.second, 2);
-  if (time.nanosecond == 0) return;
-  text += '.';
-  AppendPadded(text, time.nanosecond, 9);
-  text.erase(text.find_last_not_of('0') + 1);
-}
 
 struct KeyTextWriter {
   platform::TypeCode type;
@@ -58,10 +30,7 @@ struct KeyTextWriter {
   std::string_view operator()(const DateTime& time) const {
     scratch.clear();
     const bool is_time_of_day = type == platform::TypeCode::kDbTime;
-    if (!is_time_of_day) AppendDate(scratch, time);
-    if (!is_time_of_day && time.IsMidnight() && time.nanosecond == 0) return scratch;
-    if (!is_time_of_day) scratch += ' ';
-    AppendTime(scratch, time);
+    is_time_of_day ? text::PutTimeOfDay(time, scratch) : text::PutDateTime(time, scratch);
     return scratch;
   }
 

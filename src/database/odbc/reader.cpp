@@ -7,10 +7,10 @@
 #include <cstring>
 #include <optional>
 
-#include "database/date_text.h"
 #include "database/decimal_text.h"
 #include "database/odbc/wide_text.h"
 #include "text/ascii.h"
+#include "text/iso_date.h"
 
 namespace dralo::database::odbc {
 
@@ -68,12 +68,12 @@ VariantView ReadNumber(std::string_view text) {
 }
 
 VariantView ReadDateText(std::string_view text) {
-  const auto time = ParseIsoDateTime(text);
+  const auto time = text::ParseIsoDateTime(text);
   return time ? VariantView(*time) : text;
 }
 
 VariantView ReadTimeText(std::string_view text) {
-  const auto time = ParseTimeOfDay(text);
+  const auto time = text::ParseTimeOfDay(text);
   return time ? VariantView(*time) : text;
 }
 

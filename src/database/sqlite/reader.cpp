@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-#include "database/date_text.h"
 #include "database/decimal_text.h"
+#include "text/iso_date.h"
 
 namespace dralo::database::sqlite {
 
@@ -44,7 +44,7 @@ std::optional<DateTime> FromUnixSeconds(std::int64_t seconds) {
 VariantView ReadDate(sqlite3_value* value) {
   const VariantView stored = ReadStored(value);
   std::optional<DateTime> time;
-  if (const auto* text = std::get_if<std::string_view>(&stored)) time = ParseIsoDateTime(*text);
+  if (const auto* text = std::get_if<std::string_view>(&stored)) time = text::ParseIsoDateTime(*text);
   if (const auto* seconds = std::get_if<std::int64_t>(&stored)) time = FromUnixSeconds(*seconds);
   return time ? *time : stored;
 }
@@ -52,7 +52,7 @@ VariantView ReadDate(sqlite3_value* value) {
 VariantView ReadTime(sqlite3_value* value) {
   const VariantView stored = ReadStored(value);
   const auto* text = std::get_if<std::string_view>(&stored);
-  const auto time = text ? ParseTimeOfDay(*text) : std::nullopt;
+  const auto time = text ? text::ParseTimeOfDay(*text) : std::nullopt;
   return time ? *time : stored;
 }
 
