@@ -7,10 +7,10 @@
 #include <utility>
 
 #include "database/date_text.h"
-#include "database/decimal_text.h"
 #include "text/ascii.h"
 #include "text/boolean_text.h"
 #include "text/characters.h"
+#include "text/decimal.h"
 #include "text/iso_date.h"
 #include "text/white_space.h"
 
@@ -63,9 +63,11 @@ Range IntegerRange(const Column& column) {
 struct ToDecimalText {
   std::optional<std::string> operator()(bool flag) const { return flag ? "1" : "0"; }
   std::optional<std::string> operator()(std::int64_t number) const { return std::to_string(number); }
-  std::optional<std::string> operator()(double number) const { return DecimalText(number); }
-  std::optional<std::string> operator()(DecimalView decimal) const { return ParseDecimal(decimal.text); }
-  std::optional<std::string> operator()(std::string_view text) const { return ParseDecimal(text); }
+  std::optional<std::string> operator()(double number) const { return text::DecimalText(number); }
+  std::optional<std::string> operator()(DecimalView decimal) const {
+    return text::ParseDecimal(decimal.text);
+  }
+  std::optional<std::string> operator()(std::string_view text) const { return text::ParseDecimal(text); }
   template <class Other>
   std::optional<std::string> operator()(const Other&) const {
     return std::nullopt;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "database/date_text.h"
-#include "database/decimal_text.h"
+#include "text/decimal.h"
 #include "text/iso_date.h"
 
 namespace dralo::database {
@@ -18,7 +18,7 @@ using platform::DateTime;
 /// The name and the number that the text spells, between the other parts; "" when it spells none.
 std::string WithNumber(std::string_view before_name, std::string_view name, std::string_view before_number,
                        std::string_view text, std::string_view behind) {
-  const auto number = ParseDecimal(text);
+  const auto number = text::ParseDecimal(text);
   if (!number) return {};
   return std::string(before_name).append(name).append(before_number).append(*number).append(behind);
 }
@@ -111,7 +111,7 @@ std::string SameTimeOfDay(std::string_view name, std::string_view text) {
 }
 
 std::string SameOfAnyKind(std::string_view name, std::string_view text) {
-  const auto number = ParseDecimal(text);
+  const auto number = text::ParseDecimal(text);
   if (!number) return std::string(name).append("=").append(Quoted(text));
   return In(name, {*number, Quoted(text)});
 }

@@ -1,13 +1,12 @@
 #include "editing/field_value.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <optional>
 #include <string>
 #include <utility>
 
 #include "platform/type_code.h"
 #include "text/blanks.h"
+#include "text/decimal.h"
 
 namespace dralo::editing {
 namespace {
@@ -15,35 +14,6 @@ namespace {
 using platform::TypeCode;
 using platform::Variant;
 using Value = std::variant<Variant, Refusal>;
-
-/// Takes digits from the front of `rest`. Returns how many.
-std::size_t TakeDigits(std::string_view& rest) {
-  const std::size_t count = std::min(rest.find_first_not_of("0123456789"), rest.size());
-  rest.remove_prefix(count);
-  return count;
-}
-
-bool IsDigit(char c) { return '0' <= c && c <= '9'; }
-
-void TakeSign(std::string_view& rest) {
-  if (rest.starts_with('-') || rest.starts_with('+')) rest.remove_prefix(1);
-}
-
-/// Whether the text is a number with "." as its decimal point, perhaps with an exponent.
-bool IsPlainNumber(std::string_view text) {
-  std::string_view rest = text::TrimBlanks(text);
-  TakeSign(rest);
-  std::size_t digits = TakeDigits(rest);
-  if (rest.starts_with('.')) {
-    rest.remove_prefix(1);
-    digits += TakeDigits(rest);
-  }
-  if (digits == 0) return false;
-  if (!rest.starts_with('e') && !rest.starts_with('E')) return rest.empty();
-  rest.remove_prefix(1);
-  TakeSign(rest);
-  return TakeDigits(rest) > 0 && rest.empty();
-}
 
 Value EmptyValue(const SchemaField& field) {
   return field.is_nullable ? Value(Variant(platform::Null{})) : Value(Refusal::kRequired);
@@ -66,12 +36,10 @@ Value BigWholeNumber(const platform::Formatting& regional, std::string_view post
 Value NumberWithFraction(std::string_view posted) {
   std::string number(posted);
   std::ranges::replace(number, ',', '.');
-  if (!IsPlainNumber(number)) return Refusal::kNoNumber;
+  if (!text::SplitDecimal(text::TrimBlanks(number))) return Refusal::kNoNumber;
   // A column without a type would keep a text as one.
-  const std::size_t first = number.starts_with('-') ? 1 : 0;
-  const bool is_decimal = number.find_first_not_of(".0123456789", first) == number.npos &&
-                          IsDigit(number[first]) && IsDigit(number.back());
-  return is_decimal ? Variant(platform::Decimal{std::move(number)}) : Variant(std::move(number));
+  return text::IsPlainDecimal(number) ? Variant(platform::Decimal{std::move(number)})
+                                      : Variant(std::move(number));
 }
 
 Value Date(const platform::Formatting& regional, const SchemaField& field, std::string_view posted) {

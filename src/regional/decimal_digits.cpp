@@ -3,29 +3,24 @@
 #include <algorithm>
 
 #include "platform/error.h"
-#include "regional/digits.h"
-#include "text/ascii.h"
+#include "text/decimal.h"
 
 namespace dralo::regional {
 
 DecimalDigits::DecimalDigits(std::string_view decimal) {
-  is_negative_ = decimal.starts_with('-');
-  if (is_negative_) decimal.remove_prefix(1);
-  const std::size_t point = std::min(decimal.find('.'), decimal.size());
-  if (!std::all_of(decimal.begin(), decimal.end(), [](char c) { return text::IsDigit(c) || c == '.'; }) ||
-      decimal.size() > kMaxDigits) {
+  const auto parts = text::SplitDecimal(decimal);
+  if (!parts || parts->has_exponent ||
+      parts->whole.size() + parts->fraction.size() > std::size_t{kMaxDigits}) {
     throw platform::Error("The number is none, or has too many digits");
   }
-  Take(decimal.substr(0, point));
+  is_negative_ = parts->is_negative;
+  Take(parts->whole);
   point_ = count_;
-  if (point < decimal.size()) {
-    std::string_view fraction = decimal.substr(point + 1);
-    if (count_ == 0) {
-      const std::size_t zeros = std::min(fraction.find_first_not_of('0'), fraction.size());
-      point_ = -static_cast<int>(zeros);
-    }
-    Take(fraction);
+  if (count_ == 0) {
+    const std::size_t zeros = std::min(parts->fraction.find_first_not_of('0'), parts->fraction.size());
+    point_ = -static_cast<int>(zeros);
   }
+  Take(parts->fraction);
   DropZerosAtEnd();
 }
 

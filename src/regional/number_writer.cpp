@@ -7,7 +7,7 @@
 
 #include "regional/digits.h"
 #include "regional/scratch.h"
-#include "text/ascii.h"
+#include "text/decimal.h"
 
 namespace dralo::regional {
 namespace {
@@ -94,36 +94,6 @@ char* WritePlain(const Scientific& number, char decimal_point, char* to) {
   return WriteDigits(number.digits + whole, number.count - whole, to);
 }
 
-/// A decimal's text cut into its parts, zeros that say nothing left out.
-struct DecimalParts {
-  bool is_decimal = false;
-  bool is_negative = false;
-  std::string_view whole;
-  std::string_view fraction;
-};
-
-const char* EndOfDigits(const char* at, const char* end) {
-  while (at != end && text::IsDigit(*at)) ++at;
-  return at;
-}
-
-DecimalParts Split(std::string_view text) {
-  DecimalParts parts;
-  const char* at = text.data();
-  const char* end = at + text.size();
-  if (at != end && (*at == '-' || *at == '+')) parts.is_negative = *at++ == '-';
-  const char* whole_end = EndOfDigits(at, end);
-  const char* fraction = whole_end == end || *whole_end != '.' ? whole_end : whole_end + 1;
-  const char* fraction_end = EndOfDigits(fraction, end);
-  parts.is_decimal = fraction_end == end && (whole_end != at || fraction_end != fraction);
-
-  while (at != whole_end && *at == '0') ++at;
-  while (fraction_end != fraction && fraction_end[-1] == '0') --fraction_end;
-  parts.whole = Written(at, whole_end);
-  parts.fraction = Written(fraction, fraction_end);
-  return parts;
-}
-
 }  // namespace
 
 std::string_view NumberWriter::Write(std::int64_t number, std::string& scratch) const {
@@ -157,18 +127,21 @@ std::string_view NumberWriter::Write(double number, std::string& scratch) const 
 }
 
 std::string_view NumberWriter::Write(platform::DecimalView number, std::string& scratch) const {
-  const DecimalParts parts = Split(number.text);
-  if (!parts.is_decimal) return number.text;
-  if (parts.whole.empty() && parts.fraction.empty()) return "0";
-  if (!parts.is_negative && parts.fraction.empty()) return parts.whole;
+  const auto parts = text::SplitDecimal(number.text);
+  if (!parts || parts->has_exponent) return number.text;
+  const std::string_view whole =
+      parts->whole.substr(std::min(parts->whole.find_first_not_of('0'), parts->whole.size()));
+  const std::string_view fraction = parts->fraction.substr(0, parts->fraction.find_last_not_of('0') + 1);
+  if (whole.empty() && fraction.empty()) return "0";
+  if (!parts->is_negative && fraction.empty()) return whole;
 
-  char* start = Room(scratch, parts.whole.size() + parts.fraction.size() + 3);
+  char* start = Room(scratch, whole.size() + fraction.size() + 3);
   char* to = start;
-  if (parts.is_negative) *to++ = '-';
-  if (parts.whole.empty()) *to++ = '0';
-  to = std::copy(parts.whole.begin(), parts.whole.end(), to);
-  if (!parts.fraction.empty()) *to++ = decimal_point_;
-  return Written(start, std::copy(parts.fraction.begin(), parts.fraction.end(), to));
+  if (parts->is_negative) *to++ = '-';
+  if (whole.empty()) *to++ = '0';
+  to = std::copy(whole.begin(), whole.end(), to);
+  if (!fraction.empty()) *to++ = decimal_point_;
+  return Written(start, std::copy(fraction.begin(), fraction.end(), to));
 }
 
 }  // namespace dralo::regional

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <optional>
 
-#include "database/decimal_text.h"
 #include "database/odbc/wide_text.h"
 #include "text/ascii.h"
+#include "text/decimal.h"
 #include "text/iso_date.h"
 
 namespace dralo::database::odbc {
@@ -40,7 +40,7 @@ VariantView ReadDouble(std::string_view text) {
 }
 
 VariantView ReadDecimal(std::string_view text) {
-  return IsPlainDecimal(text) ? VariantView(DecimalView{text}) : text;
+  return text::IsPlainDecimal(text) ? VariantView(DecimalView{text}) : text;
 }
 
 /// The last "." or "," separates the decimals when one or two digits are behind it.
@@ -53,7 +53,7 @@ VariantView ReadMoney(std::string_view text, std::string& scratch) {
     if (i == point) scratch += '.';
     if (is_digit(i)) scratch += text[i];
   }
-  return IsPlainDecimal(scratch) ? VariantView(DecimalView{scratch}) : text;
+  return text::IsPlainDecimal(scratch) ? VariantView(DecimalView{scratch}) : text;
 }
 
 VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {

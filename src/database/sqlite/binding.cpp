@@ -6,7 +6,7 @@
 #include <string>
 
 #include "database/date_text.h"
-#include "database/decimal_text.h"
+#include "text/decimal.h"
 
 namespace dralo::database::sqlite {
 
@@ -25,8 +25,8 @@ std::optional<std::int64_t> ExactInteger(const std::string& decimal) {
 std::optional<double> ExactDouble(const std::string& decimal) {
   double number = 0;
   std::from_chars(decimal.data(), decimal.data() + decimal.size(), number);
-  const auto kept = DecimalText(number);
-  return kept && kept == ParseDecimal(decimal) ? std::optional(number) : std::nullopt;
+  const auto kept = text::DecimalText(number);
+  return kept && kept == text::ParseDecimal(decimal) ? std::optional(number) : std::nullopt;
 }
 
 struct Binder {

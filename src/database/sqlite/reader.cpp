@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "database/decimal_text.h"
+#include "text/decimal.h"
 #include "text/iso_date.h"
 
 namespace dralo::database::sqlite {
@@ -59,7 +59,7 @@ VariantView ReadTime(sqlite3_value* value) {
 VariantView ReadDecimal(sqlite3_value* value) {
   const VariantView stored = ReadStored(value);
   const auto* text = std::get_if<std::string_view>(&stored);
-  return text && IsPlainDecimal(*text) ? platform::DecimalView{*text} : stored;
+  return text && text::IsPlainDecimal(*text) ? platform::DecimalView{*text} : stored;
 }
 
 }  // namespace
