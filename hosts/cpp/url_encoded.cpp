@@ -1,17 +1,16 @@
 #include "hosts/cpp/url_encoded.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string>
+
+#include "text/ascii.h"
 
 namespace dralo::host {
 namespace {
 
-/// The byte that the two characters spell in hexadecimal, or -1.
+/// The byte that the two characters spell in hexadecimal, or negative.
 int HexByte(std::string_view two) {
-  unsigned byte = 0;
-  const auto [end, error] = std::from_chars(two.data(), two.data() + two.size(), byte, 16);
-  return error == std::errc() && two.size() == 2 && end == two.data() + 2 ? static_cast<int>(byte) : -1;
+  return two.size() == 2 ? text::HexDigit(two[0]) << 4 | text::HexDigit(two[1]) : -1;
 }
 
 std::string Decoded(std::string_view text) {

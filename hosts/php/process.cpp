@@ -1,6 +1,5 @@
 #include "hosts/php/process.h"
 
-#include <charconv>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -10,6 +9,7 @@
 #include "database/objects.h"
 #include "hosts/php/engine.h"
 #include "platform/error.h"
+#include "text/decimal.h"
 
 namespace dralo::php {
 namespace {
@@ -18,14 +18,13 @@ std::unique_ptr<host::Environment> environment;
 
 /// The ini setting `name`, a whole number from 0 to `highest`.
 unsigned NumberSetting(const std::string& name, const char* text, unsigned highest) {
-  unsigned number = 0;
   const std::string_view digits(text == nullptr ? "" : text);
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (error != std::errc{} || end != digits.data() + digits.size() || number > highest) {
+  const auto number = text::ParseNumber<unsigned>(digits);
+  if (!number || *number > highest) {
     throw platform::Error("The setting " + name + " is \"" + std::string(digits) +
                           "\": write a whole number from 0 to " + std::to_string(highest));
   }
-  return number;
+  return *number;
 }
 
 void LimitIdleConnections() {

@@ -1,6 +1,5 @@
 #include "database/conversion.h"
 
-#include <charconv>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -78,13 +77,12 @@ std::string ToInteger(const Column& column, const VariantView& value, Variant& c
   const auto text = std::visit(ToDecimalText{}, value);
   if (!text) return "is not a number";
   if (text->find('.') != text->npos) return "is not a whole number";
-  std::int64_t number = 0;
-  const auto error = std::from_chars(text->data(), text->data() + text->size(), number).ec;
+  const auto number = text::ParseNumber<std::int64_t>(*text);
   const Range range = IntegerRange(column);
-  if (error != std::errc{} || number < range.lowest || number > range.highest) {
+  if (!number || *number < range.lowest || *number > range.highest) {
     return "is not between " + std::to_string(range.lowest) + " and " + std::to_string(range.highest);
   }
-  converted = number;
+  converted = *number;
   return "";
 }
 
@@ -102,10 +100,9 @@ std::string ToDouble(const VariantView& value, Variant& converted) {
   }
   const auto text = std::visit(ToDecimalText{}, value);
   if (!text) return "is not a number";
-  double number = 0;
-  if (std::from_chars(text->data(), text->data() + text->size(), number).ec != std::errc{})
-    return "is too large";
-  converted = number;
+  const auto number = text::ParseNumber<double>(*text);
+  if (!number) return "is too large";
+  converted = *number;
   return "";
 }
 

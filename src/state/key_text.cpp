@@ -8,6 +8,7 @@
 
 #include "platform/field_type.h"
 #include "platform/type_code.h"
+#include "text/decimal.h"
 #include "text/iso_date.h"
 
 namespace dralo::state {
@@ -41,13 +42,6 @@ struct KeyTextWriter {
   }
 };
 
-template <class Number>
-std::optional<Number> Parse(std::string_view text) {
-  Number number{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
-}
-
 bool IsDouble(platform::TypeCode type) {
   return type == platform::TypeCode::kSingle || type == platform::TypeCode::kDouble;
 }
@@ -63,8 +57,9 @@ platform::Variant Candidate(const platform::Formatting& formatting, platform::Ty
   }
   if (!platform::IsNumericFieldType(type)) return Variant(std::string(text));
   if (text.find_first_not_of("+-.0123456789e") != text.npos) return {};  // Such as "nan".
-  if (const auto integer = Parse<std::int64_t>(text); integer && !IsDouble(type)) return Variant(*integer);
-  const auto number = Parse<double>(text);
+  if (const auto integer = text::ParseNumber<std::int64_t>(text); integer && !IsDouble(type))
+    return Variant(*integer);
+  const auto number = text::ParseNumber<double>(text);
   const bool is_decimal = number && !IsDouble(type) && text.find('e') == text.npos;
   if (is_decimal) return Variant(platform::Decimal{std::string(text)});
   return number ? Variant(*number) : Variant();

@@ -1,11 +1,11 @@
 #include "state/request_number.h"
 
-#include <charconv>
 #include <limits>
 #include <optional>
 #include <string>
 
 #include "platform/error.h"
+#include "text/decimal.h"
 
 namespace dralo::state {
 namespace {
@@ -14,11 +14,10 @@ namespace {
 std::optional<std::int64_t> Rounded(std::string_view decimal) {
   const std::size_t point = decimal.find('.');
   const std::string_view whole = decimal.substr(0, point);
-  std::int64_t number = 0;
-  const auto [end, error] = std::from_chars(whole.data(), whole.data() + whole.size(), number);
-  if (error != std::errc() || end != whole.data() + whole.size()) return std::nullopt;
-  if (point == decimal.npos) return number;
+  const auto parsed = text::ParseNumber<std::int64_t>(whole);
+  if (!parsed || point == decimal.npos) return parsed;
 
+  const std::int64_t number = *parsed;
   const std::string_view fraction = decimal.substr(point + 1);
   const bool half = fraction.starts_with('5') && fraction.find_first_not_of('0', 1) == fraction.npos;
   const bool up = half ? number % 2 != 0 : fraction.starts_with('5') || fraction.find_first_of("6789") == 0;

@@ -13,6 +13,12 @@ constexpr bool IsDigit(char c) { return '0' <= c && c <= '9'; }
 constexpr bool IsLetter(char c) { return 'A' <= ToUpper(c) && ToUpper(c) <= 'Z'; }
 constexpr bool IsLetterOrDigit(char c) { return IsLetter(c) || IsDigit(c); }
 
+/// The value of a hexadecimal digit; -1 of anything else.
+constexpr int HexDigit(char c) {
+  if (IsDigit(c)) return c - '0';
+  return 'A' <= ToUpper(c) && ToUpper(c) <= 'F' ? ToUpper(c) - 'A' + 10 : -1;
+}
+
 /// Whether the two are equal in some letter case.
 constexpr bool EqualAscii(std::string_view left, std::string_view right) {
   return std::ranges::equal(left, right, [](char a, char b) { return ToUpper(a) == ToUpper(b); });

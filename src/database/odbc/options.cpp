@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <string_view>
 #include <utility>
 
 #include "platform/error.h"
 #include "text/ascii.h"
+#include "text/decimal.h"
 #include "text/white_space.h"
 
 namespace dralo::database::odbc {
@@ -21,14 +21,13 @@ using Pairs = std::vector<std::pair<std::string, std::string>>;
 int ReadSeconds(const ConnectionString& connection_string, std::string_view key, int otherwise) {
   const auto text = connection_string.Find(key);
   if (!text) return otherwise;
-  int seconds = 0;
-  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), seconds);
-  if (error != std::errc{} || end != text->data() + text->size() || seconds < 0 || seconds > 86'400) {
+  const auto seconds = text::ParseNumber<int>(*text);
+  if (!seconds || *seconds < 0 || *seconds > 86'400) {
     throw platform::Error("The " + std::string(key) +
                           " in the connection string is no number of seconds; write " + std::string(key) +
                           "=" + std::to_string(otherwise));
   }
-  return seconds;
+  return *seconds;
 }
 
 /// The driver manager's name of a key that has several.

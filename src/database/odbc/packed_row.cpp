@@ -1,7 +1,6 @@
 #include "database/odbc/packed_row.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -9,6 +8,7 @@
 
 #include "database/odbc/row_packing.h"
 #include "text/ascii.h"
+#include "text/decimal.h"
 
 namespace dralo::database::odbc {
 
@@ -31,9 +31,7 @@ std::string_view TakeField(std::string_view& text, const char* separator) {
 }
 
 std::uint64_t ReadNullBits(std::string_view text) {
-  std::uint64_t bits = 0;
-  std::from_chars(text.data(), text.data() + text.size(), bits);
-  return bits;
+  return text::ParseNumber<std::uint64_t>(text).value_or(0);
 }
 
 /// Without the offset of a time zone: "10:20:30+02".
@@ -43,15 +41,8 @@ std::string_view WithoutZone(std::string_view text, std::size_t time) {
 }
 
 VariantView ReadInteger(std::string_view text) {
-  std::int64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error == std::errc{} && end == text.data() + text.size()) return number;
-  return text;
-}
-
-unsigned NibbleOf(char c) {
-  return text::IsDigit(c) ? static_cast<unsigned>(c - '0')
-                          : static_cast<unsigned>(text::ToUpper(c) - 'A' + 10);
+  const auto number = text::ParseNumber<std::int64_t>(text);
+  return number ? VariantView(*number) : text;
 }
 
 /// The older spelling: "\\" for a backslash, "\377" for a byte that is no ASCII character.
@@ -74,7 +65,7 @@ VariantView ReadBytes(std::string_view text, std::string& scratch) {
     text.remove_prefix(2);
     scratch.resize(text.size() / 2);
     for (std::size_t i = 0; i < scratch.size(); ++i) {
-      scratch[i] = static_cast<char>(NibbleOf(text[2 * i]) << 4 | NibbleOf(text[2 * i + 1]));
+      scratch[i] = static_cast<char>(text::HexDigit(text[2 * i]) << 4 | text::HexDigit(text[2 * i + 1]));
     }
   } else {
     Unescape(text, scratch);

@@ -2,7 +2,6 @@
 
 #include <sqlext.h>
 
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -27,15 +26,8 @@ Value Load(std::string_view bytes) {
   return value;
 }
 
-template <class Number>
-std::optional<Number> Parse(std::string_view text) {
-  Number number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
-}
-
 VariantView ReadDouble(std::string_view text) {
-  const auto number = Parse<double>(text);
+  const auto number = text::ParseNumber<double>(text);
   return number ? VariantView(*number) : text;
 }
 
@@ -63,7 +55,7 @@ VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {
 }
 
 VariantView ReadNumber(std::string_view text) {
-  if (const auto number = Parse<std::int64_t>(text)) return *number;
+  if (const auto number = text::ParseNumber<std::int64_t>(text)) return *number;
   return ReadDouble(text);
 }
 

@@ -1,6 +1,5 @@
 #include "database/sqlite/binding.h"
 
-#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,19 +13,11 @@ namespace {
 
 using platform::DateTime;
 
-std::optional<std::int64_t> ExactInteger(const std::string& decimal) {
-  std::int64_t number = 0;
-  const char* const end = decimal.data() + decimal.size();
-  const auto result = std::from_chars(decimal.data(), end, number);
-  return result.ec == std::errc{} && result.ptr == end ? std::optional(number) : std::nullopt;
-}
-
 /// Nothing when the number has more digits than a double keeps.
 std::optional<double> ExactDouble(const std::string& decimal) {
-  double number = 0;
-  std::from_chars(decimal.data(), decimal.data() + decimal.size(), number);
-  const auto kept = text::DecimalText(number);
-  return kept && kept == text::ParseDecimal(decimal) ? std::optional(number) : std::nullopt;
+  const auto number = text::ParseNumber<double>(decimal);
+  const auto kept = number ? text::DecimalText(*number) : std::nullopt;
+  return kept && kept == text::ParseDecimal(decimal) ? number : std::nullopt;
 }
 
 struct Binder {
@@ -38,7 +29,7 @@ struct Binder {
   int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
   int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
   int operator()(const platform::Decimal& decimal) const {
-    if (const auto number = ExactInteger(decimal.text)) return (*this)(*number);
+    if (const auto number = text::ParseNumber<std::int64_t>(decimal.text)) return (*this)(*number);
     if (const auto number = ExactDouble(decimal.text)) return (*this)(*number);
     return (*this)(decimal.text);
   }

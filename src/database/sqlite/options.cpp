@@ -2,11 +2,11 @@
 
 #include <sqlite3.h>
 
-#include <charconv>
 #include <filesystem>
 
 #include "platform/error.h"
 #include "text/ascii.h"
+#include "text/decimal.h"
 
 namespace dralo::database::sqlite {
 
@@ -23,13 +23,12 @@ int ReadMode(std::string_view mode) {
 }
 
 int ReadBusyTimeout(std::string_view text) {
-  int timeout_ms = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), timeout_ms);
-  if (error != std::errc{} || end != text.data() + text.size() || timeout_ms < 0) {
+  const auto timeout_ms = text::ParseNumber<int>(text);
+  if (!timeout_ms || *timeout_ms < 0) {
     throw Error(
         "The Busy Timeout in the connection string is no number of milliseconds; write Busy Timeout=5000");
   }
-  return timeout_ms;
+  return *timeout_ms;
 }
 
 }  // namespace

@@ -18,6 +18,19 @@ TEST(Ascii, IsThatOfTheCLibraryForEveryByte) {
   }
 }
 
+TEST(HexDigit, KnowsSixteenDigitsInBothLetterCases) {
+  int digits = 0;
+  for (int byte = 0; byte < 256; ++byte) {
+    const int value = HexDigit(static_cast<char>(byte));
+    EXPECT_EQ(value >= 0, std::isxdigit(byte) != 0) << byte;
+    if (value >= 0) digits += value;
+  }
+  EXPECT_EQ(digits, 45 + 2 * 75);
+  EXPECT_EQ(HexDigit('7'), 7);
+  EXPECT_EQ(HexDigit('a'), 10);
+  EXPECT_EQ(HexDigit('F'), 15);
+}
+
 TEST(EqualAscii, ComparesWholeTexts) {
   EXPECT_TRUE(EqualAscii("", ""));
   EXPECT_TRUE(EqualAscii("Data Source", "DATA source"));
