@@ -5,7 +5,7 @@
 
 #include "cells/standard_text.h"
 #include "platform/error.h"
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "text/blanks.h"
 
 namespace dralo::cells {

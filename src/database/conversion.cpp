@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "database/date_text.h"
+#include "platform/field_kind.h"
 #include "text/ascii.h"
 #include "text/boolean_text.h"
 #include "text/characters.h"
@@ -22,6 +23,7 @@ using platform::BytesView;
 using platform::DateTime;
 using platform::Decimal;
 using platform::DecimalView;
+using platform::FieldKind;
 using platform::Formatting;
 using platform::Null;
 using platform::TypeCode;
@@ -188,38 +190,28 @@ std::string Convert(const Column& column, const VariantView& value, const Format
     converted = Own(value);
     return "";
   }
-  switch (column.type) {
-    case TypeCode::kSmallInt:
-    case TypeCode::kInteger:
-    case TypeCode::kTinyInt:
-    case TypeCode::kUnsignedTinyInt:
-    case TypeCode::kUnsignedSmallInt:
-    case TypeCode::kUnsignedInt:
-    case TypeCode::kBigInt:
-      return ToInteger(column, value, converted);
-    case TypeCode::kCurrency:
-    case TypeCode::kDecimal:
-    case TypeCode::kUnsignedBigInt:
-    case TypeCode::kNumeric:
-    case TypeCode::kVarNumeric:
+  switch (platform::KindOf(column.type)) {
+    case FieldKind::kWholeNumber:
+      return column.type == TypeCode::kUnsignedBigInt ? ToDecimal(value, converted)
+                                                      : ToInteger(column, value, converted);
+    case FieldKind::kExactNumber:
       return ToDecimal(value, converted);
-    case TypeCode::kSingle:
-    case TypeCode::kDouble:
+    case FieldKind::kFloatingPoint:
       return ToDouble(value, converted);
-    case TypeCode::kBoolean:
+    case FieldKind::kBoolean:
       return ToBoolean(value, converted);
-    case TypeCode::kDate:
-    case TypeCode::kDbDate:
-    case TypeCode::kDbTime:
-    case TypeCode::kDbTimestamp:
+    case FieldKind::kDate:
+    case FieldKind::kTime:
       return ToDate(column, value, formatting, converted);
-    case TypeCode::kBinary:
-    case TypeCode::kVarBinary:
-    case TypeCode::kLongVarBinary:
+    case FieldKind::kBinary:
+    case FieldKind::kLongBinary:
       return ToBytes(value, converted);
-    default:
-      return ToSizedText(column, value, converted);
+    case FieldKind::kText:
+    case FieldKind::kMemo:
+    case FieldKind::kGuid:
+      break;
   }
+  return ToSizedText(column, value, converted);
 }
 
 }  // namespace dralo::database

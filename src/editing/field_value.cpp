@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/field_kind.h"
 #include "platform/type_code.h"
 #include "text/blanks.h"
 #include "text/decimal.h"
@@ -51,31 +52,16 @@ Value Date(const platform::Formatting& regional, const SchemaField& field, std::
 }  // namespace
 
 Value FieldValue(const platform::Formatting& regional, const SchemaField& field, std::string_view posted) {
-  if (field.type == TypeCode::kBoolean) return Variant(!posted.empty());
+  const platform::FieldKind kind = platform::KindOf(field.type);
+  if (kind == platform::FieldKind::kBoolean) return Variant(!posted.empty());
   if (posted.empty()) return EmptyValue(field);
-  switch (field.type) {
-    case TypeCode::kSmallInt:
-    case TypeCode::kInteger:
-    case TypeCode::kTinyInt:
-    case TypeCode::kUnsignedTinyInt:
-    case TypeCode::kUnsignedSmallInt:
-    case TypeCode::kUnsignedInt:
-      return WholeNumber(regional, posted);
-    case TypeCode::kBigInt:
-    case TypeCode::kUnsignedBigInt:
-      return BigWholeNumber(regional, posted);
-    case TypeCode::kSingle:
-    case TypeCode::kDouble:
-    case TypeCode::kCurrency:
-    case TypeCode::kDecimal:
-    case TypeCode::kNumeric:
-    case TypeCode::kVarNumeric:
-      return NumberWithFraction(posted);
-    case TypeCode::kDate:
-      return Date(regional, field, posted);
-    default:
-      return Variant(std::string(posted));
+  const bool is_big = field.type == TypeCode::kBigInt || field.type == TypeCode::kUnsignedBigInt;
+  if (kind == platform::FieldKind::kWholeNumber) {
+    return is_big ? BigWholeNumber(regional, posted) : WholeNumber(regional, posted);
   }
+  if (platform::IsFractionalFieldType(field.type)) return NumberWithFraction(posted);
+  if (field.type == TypeCode::kDate) return Date(regional, field, posted);
+  return Variant(std::string(posted));
 }
 
 }  // namespace dralo::editing

@@ -1,7 +1,7 @@
 #include "editing/key_condition.h"
 
 #include "platform/error.h"
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 
 namespace dralo::editing {
 namespace {

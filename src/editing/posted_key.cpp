@@ -7,7 +7,7 @@
 
 #include "editing/control_text.h"
 #include "editing/key_condition.h"
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "state/field_inputs.h"
 #include "state/key_text.h"
 #include "state/named_field.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/error.h"
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "settings/open_connection.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"

@@ -14,7 +14,7 @@
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
 #include "platform/error.h"
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "platform/recordset.h"
 #include "settings/field_lists.h"
 #include "settings/open_connection.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <variant>
 
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "platform/type_code.h"
 #include "text/decimal.h"
 #include "text/iso_date.h"
@@ -42,25 +42,23 @@ struct KeyTextWriter {
   }
 };
 
-bool IsDouble(platform::TypeCode type) {
-  return type == platform::TypeCode::kSingle || type == platform::TypeCode::kDouble;
-}
-
 /// A value that `text` may be the key text of; Null when the type has none.
 platform::Variant Candidate(const platform::Formatting& formatting, platform::TypeCode type,
                             std::string_view text) {
   using platform::Variant;
-  if (type == platform::TypeCode::kBoolean) return Variant(text == "1");
-  if (type == platform::TypeCode::kDbTime || platform::IsDateFieldType(type)) {
+  const platform::FieldKind kind = platform::KindOf(type);
+  const bool is_double = kind == platform::FieldKind::kFloatingPoint;
+  if (kind == platform::FieldKind::kBoolean) return Variant(text == "1");
+  if (kind == platform::FieldKind::kTime || kind == platform::FieldKind::kDate) {
     const auto time = formatting.RecognizeDate(text);
     return time ? Variant(*time) : Variant();
   }
   if (!platform::IsNumericFieldType(type)) return Variant(std::string(text));
   if (text.find_first_not_of("+-.0123456789e") != text.npos) return {};  // Such as "nan".
-  if (const auto integer = text::ParseNumber<std::int64_t>(text); integer && !IsDouble(type))
+  if (const auto integer = text::ParseNumber<std::int64_t>(text); integer && !is_double)
     return Variant(*integer);
   const auto number = text::ParseNumber<double>(text);
-  const bool is_decimal = number && !IsDouble(type) && text.find('e') == text.npos;
+  const bool is_decimal = number && !is_double && text.find('e') == text.npos;
   if (is_decimal) return Variant(platform::Decimal{std::string(text)});
   return number ? Variant(*number) : Variant();
 }

@@ -1,6 +1,6 @@
 #include "views/grid_column.h"
 
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
 #include "state/links.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "html/html_writer.h"
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
 #include "views/shown_column.h"

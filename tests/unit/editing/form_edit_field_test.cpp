@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "support/fake_records.h"
 #include "unit/editing/edit_form_page.h"
 
