@@ -13,14 +13,6 @@ namespace {
 
 using platform::DateTime;
 
-void PutNumber(int value, int width, std::string& to) {
-  char digits[24];
-  char* const end = digits + sizeof digits;
-  char* start = WriteBackward(static_cast<std::uint64_t>(value), end);
-  while (end - start < width) *--start = '0';
-  to.append(start, static_cast<std::size_t>(end - start));
-}
-
 std::size_t WeekdayOf(const DateTime& time) {
   const std::chrono::year_month_day day{std::chrono::year{time.year}, std::chrono::month{time.month},
                                         std::chrono::day{time.day}};
@@ -45,19 +37,28 @@ void DateTexts::Put(const DateTimePattern& pattern, const DateTime& time, std::s
   to.resize(static_cast<std::size_t>(end - to.data()));
 }
 
-void DateTexts::PutGeneral(const DateTime& time, std::string& to) const {
+char* DateTexts::WriteGeneral(const DateTime& time, char* to) const {
   const bool has_date = !time.HasZeroDate();
   const bool has_time = !time.IsMidnight() || !has_date;
-  if (has_date) Put(short_date, time, to);
-  if (has_date && has_time) to += ' ';
-  if (has_time) Put(long_time, time, to);
+  if (has_date) to = short_date.Write(time, to);
+  if (has_date && has_time) *to++ = ' ';
+  return has_time ? long_time.Write(time, to) : to;
 }
 
 void DatePattern::AddPattern(std::string_view pattern) {
+  Parse(pattern, DateTimePart::kHour24);
+  if (!has_day_half_) return;
+  tokens_.clear();
+  Parse(pattern, DateTimePart::kHour12);
+}
+
+void DatePattern::Parse(std::string_view pattern, DateTimePart hour) {
+  hour_ = hour;
+  follows_hour_ = false;
   while (!pattern.empty()) {
     std::string literal;
     if (TakeLiteral(pattern, literal)) {
-      AddLiteral(literal);
+      Plain().AddLiteral(literal);
       continue;
     }
     if (TakeDayHalf(pattern)) continue;
@@ -67,63 +68,67 @@ void DatePattern::AddPattern(std::string_view pattern) {
     if (std::string_view("cdwmqyhnst/").find(letter) != std::string_view::npos) {
       AddLetters(letter, static_cast<int>(width));
     } else {
-      AddLiteral(pattern.substr(0, width));
+      Plain().AddLiteral(pattern.substr(0, width));
     }
     pattern.remove_prefix(width);
   }
-  if (HasDayHalf()) CountHoursToTwelve();
 }
 
-void DatePattern::AddLiteral(std::string_view text) {
-  tokens_.push_back({.kind = Kind::kLiteral, .text = std::string(text)});
+DateTimePattern& DatePattern::Plain() {
+  if (tokens_.empty() || tokens_.back().kind != Kind::kPlain) tokens_.emplace_back();
+  return tokens_.back().plain;
+}
+
+void DatePattern::AddNumber(DateTimePart part, int width) {
+  Plain().Add(part, width);
+  follows_hour_ = part == hour_;
+}
+
+void DatePattern::Add(Token token) {
+  tokens_.push_back(std::move(token));
+  follows_hour_ = false;
 }
 
 bool DatePattern::TakeDayHalf(std::string_view& rest) {
-  if (text::StartsWithAscii(rest, "AMPM")) {
-    tokens_.push_back(
-        {.kind = Kind::kDayHalf, .text = texts_->day_half_names[0] + "/" + texts_->day_half_names[1]});
-    rest.remove_prefix(4);
+  const auto take = [&](std::string_view letters, std::string_view morning, std::string_view afternoon) {
+    if (!text::StartsWithAscii(rest, letters)) return false;
+    rest.remove_prefix(letters.size());
+    Plain().AddDayHalf(morning, afternoon);
+    has_day_half_ = true;
+    follows_hour_ = false;
     return true;
-  }
-  for (const std::string_view halves : {"AM/PM", "A/P"}) {
-    if (!text::StartsWithAscii(rest, halves)) continue;
-    const bool is_small = rest[0] == 'a';
-    std::string text(halves);
-    if (is_small)
-      for (char& c : text) c = text::ToLower(c);
-    tokens_.push_back({.kind = Kind::kDayHalf, .text = std::move(text)});
-    rest.remove_prefix(halves.size());
-    return true;
-  }
-  return false;
+  };
+  if (take("AMPM", texts_->day_half_names[0], texts_->day_half_names[1])) return true;
+  return rest.starts_with('a') ? take("AM/PM", "am", "pm") || take("A/P", "a", "p")
+                               : take("AM/PM", "AM", "PM") || take("A/P", "A", "P");
 }
 
 void DatePattern::AddLetters(char letter, int width) {
   switch (letter) {
     case 'c':
-      return AddName(Kind::kGeneral);
+      return Add({Kind::kGeneral});
     case 'd':
       return AddDay(width);
     case 'w':
-      return AddNumber(width == 1 ? Interval::kWeekday : Interval::kWeek, 1);
+      return AddCount(width == 1 ? Interval::kWeekday : Interval::kWeek);
     case 'm':
-      return width <= 2 && FollowsHour() ? AddNumber(Interval::kMinute, width) : AddMonth(width);
+      return width <= 2 && follows_hour_ ? AddNumber(DateTimePart::kMinute, width) : AddMonth(width);
     case 'q':
-      return AddNumber(Interval::kQuarter, 1);
+      return AddCount(Interval::kQuarter);
     case 'y':
-      if (width == 1) return AddNumber(Interval::kDayOfYear, 1);
-      return width == 2 ? AddName(Kind::kShortYear) : AddNumber(Interval::kYear, 4);
+      if (width == 1) return AddCount(Interval::kDayOfYear);
+      return width == 2 ? Add({Kind::kShortYear}) : AddNumber(DateTimePart::kYear, 4);
     case 'h':
-      return AddNumber(Interval::kHour, std::min(width, 2));
+      return AddNumber(hour_, std::min(width, 2));
     case 'n':
-      return AddNumber(Interval::kMinute, std::min(width, 2));
+      return AddNumber(DateTimePart::kMinute, std::min(width, 2));
     case 's':
-      return AddNumber(Interval::kSecond, std::min(width, 2));
+      return AddNumber(DateTimePart::kSecond, std::min(width, 2));
     case 't':
-      return width == 5 ? AddName(Kind::kLongTime)
-                        : AddLiteral(std::string(static_cast<std::size_t>(width), 't'));
+      return width == 5 ? Add({.plain = texts_->long_time})
+                        : Plain().AddLiteral(std::string(static_cast<std::size_t>(width), 't'));
     default:
-      for (; width > 0; --width) AddLiteral(texts_->date_separator);
+      for (; width > 0; --width) Plain().AddLiteral(texts_->date_separator);
   }
 }
 
@@ -131,21 +136,21 @@ void DatePattern::AddDay(int width) {
   switch (width) {
     case 1:
     case 2:
-      return AddNumber(Interval::kDay, width);
+      return AddNumber(DateTimePart::kDay, width);
     case 3:
-      return AddName(Kind::kShortWeekdayAlone);
+      return Add({Kind::kShortWeekdayAlone});
     case 4:
-      return AddName(Kind::kWeekday);
+      return Add({Kind::kWeekday});
     case 5:
-      return AddName(Kind::kShortDate);
+      return Add({.plain = texts_->short_date});
     default:
       return AddRuns(texts_->long_date);
   }
 }
 
 void DatePattern::AddMonth(int width) {
-  if (width <= 2) return AddNumber(Interval::kMonth, width);
-  AddName(width == 3 ? Kind::kShortMonthAlone : Kind::kMonth);
+  if (width <= 2) return AddNumber(DateTimePart::kMonth, width);
+  Add({width == 3 ? Kind::kShortMonthAlone : Kind::kMonth});
 }
 
 void DatePattern::AddRuns(const std::vector<PatternRun>& runs) {
@@ -155,37 +160,20 @@ void DatePattern::AddRuns(const std::vector<PatternRun>& runs) {
 void DatePattern::AddRun(const PatternRun& run) {
   switch (run.letter) {
     case '\0':
-      return AddLiteral(run.text);
+      return Plain().AddLiteral(run.text);
     case 'd':
-      return AddNumber(Interval::kDay, run.width);
+      return AddNumber(DateTimePart::kDay, run.width);
     case 'y':
-      return AddNumber(Interval::kYear, 4);
+      return AddNumber(DateTimePart::kYear, 4);
     case 'M':
     case 'L':
-      if (run.width <= 2) return AddNumber(Interval::kMonth, run.width);
-      return AddName(run.width == 3 ? Kind::kShortMonth : Kind::kMonth);
+      if (run.width <= 2) return AddNumber(DateTimePart::kMonth, run.width);
+      return Add({run.width == 3 ? Kind::kShortMonth : Kind::kMonth});
     case 'E':
     case 'c':
-      return AddName(run.width <= 3 ? Kind::kShortWeekday : Kind::kWeekday);
+      return Add({run.width <= 3 ? Kind::kShortWeekday : Kind::kWeekday});
     default:
       return;
-  }
-}
-
-bool DatePattern::FollowsHour() const {
-  const auto last = std::find_if(tokens_.rbegin(), tokens_.rend(),
-                                 [](const Token& token) { return token.kind != Kind::kLiteral; });
-  return last != tokens_.rend() && last->kind == Kind::kNumber && last->part == Interval::kHour;
-}
-
-bool DatePattern::HasDayHalf() const {
-  return std::any_of(tokens_.begin(), tokens_.end(),
-                     [](const Token& token) { return token.kind == Kind::kDayHalf; });
-}
-
-void DatePattern::CountHoursToTwelve() {
-  for (Token& token : tokens_) {
-    if (token.kind == Kind::kNumber && token.part == Interval::kHour) token.kind = Kind::kHour12;
   }
 }
 
@@ -197,17 +185,14 @@ void DatePattern::Put(const Token& token, const DateTime& time, std::string& to)
   const DateNames& names = texts_->names;
   const auto month = static_cast<std::size_t>(time.month - 1);
   switch (token.kind) {
-    case Kind::kLiteral:
-      to += token.text;
+    case Kind::kPlain:
+      DateTexts::Put(token.plain, time, to);
       break;
-    case Kind::kNumber:
-      PutNumber(Part(token.part, time, rule_), token.width, to);
-      break;
-    case Kind::kHour12:
-      PutNumber((time.hour + 11) % 12 + 1, token.width, to);
+    case Kind::kCount:
+      to += std::to_string(Part(token.part, time, rule_));
       break;
     case Kind::kShortYear:
-      PutNumber(time.year % 100, 2, to);
+      to.append(&kDigitPairs[2 * static_cast<std::size_t>(time.year % 100)], 2);
       break;
     case Kind::kMonth:
       to += names.months[month];
@@ -227,20 +212,12 @@ void DatePattern::Put(const Token& token, const DateTime& time, std::string& to)
     case Kind::kShortWeekdayAlone:
       to += names.short_days_alone[WeekdayOf(time)];
       break;
-    case Kind::kDayHalf: {
-      const std::size_t slash = token.text.find('/');
-      to += time.hour < 12 ? token.text.substr(0, slash) : token.text.substr(slash + 1);
+    case Kind::kGeneral: {
+      const std::size_t size = to.size();
+      to.resize(size + texts_->MaxGeneralSize());
+      to.resize(static_cast<std::size_t>(texts_->WriteGeneral(time, to.data() + size) - to.data()));
       break;
     }
-    case Kind::kGeneral:
-      texts_->PutGeneral(time, to);
-      break;
-    case Kind::kShortDate:
-      DateTexts::Put(texts_->short_date, time, to);
-      break;
-    case Kind::kLongTime:
-      DateTexts::Put(texts_->long_time, time, to);
-      break;
   }
 }
 

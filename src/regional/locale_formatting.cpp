@@ -30,9 +30,7 @@ platform::WeekRule WeekRuleOf(const LocaleFacts& facts) {
 class LocaleFormatting final : public platform::ValueFormatting {
  public:
   explicit LocaleFormatting(const LocaleFacts& facts)
-      : short_date_(facts.short_date),
-        long_time_(facts.long_time),
-        numbers_(facts.decimal_point),
+      : numbers_(facts.decimal_point),
         number_forms_(facts),
         date_texts_(facts),
         long_date_(date_texts_, {}),
@@ -85,8 +83,6 @@ class LocaleFormatting final : public platform::ValueFormatting {
   platform::WeekRule Checked(platform::WeekRule rule) const;
   std::string_view DateTimeText(const DateTime& time, std::string& scratch) const;
 
-  DateTimePattern short_date_;
-  DateTimePattern long_time_;
   NumberWriter numbers_;
   NumberForms number_forms_;
   DateTexts date_texts_;
@@ -120,14 +116,8 @@ std::string_view LocaleFormatting::Text(const VariantView& value, std::string& s
 }
 
 std::string_view LocaleFormatting::DateTimeText(const DateTime& time, std::string& scratch) const {
-  char* start = Room(scratch, short_date_.MaxSize() + 1 + long_time_.MaxSize());
-  char* end = start;
-  const bool has_date = !time.HasZeroDate();
-  const bool has_time = !time.IsMidnight() || !has_date;
-  if (has_date) end = short_date_.Write(time, end);
-  if (has_date && has_time) *end++ = ' ';
-  if (has_time) end = long_time_.Write(time, end);
-  return {start, static_cast<std::size_t>(end - start)};
+  char* start = Room(scratch, date_texts_.MaxGeneralSize());
+  return {start, static_cast<std::size_t>(date_texts_.WriteGeneral(time, start) - start)};
 }
 
 platform::Decimal LocaleFormatting::Rounded(platform::DecimalView number, int digits) const {
@@ -153,13 +143,13 @@ std::string_view LocaleFormatting::DateText(const DateTime& time, platform::Name
       long_date_.Write(time, scratch);
       break;
     case NamedDate::kLongTime:
-      DateTexts::Put(long_time_, time, scratch);
+      DateTexts::Put(date_texts_.long_time, time, scratch);
       break;
     case NamedDate::kShortTime:
       short_time_.Write(time, scratch);
       break;
     default:
-      DateTexts::Put(short_date_, time, scratch);
+      DateTexts::Put(date_texts_.short_date, time, scratch);
   }
   return scratch;
 }
