@@ -5,6 +5,7 @@
 
 #include "state/links.h"
 #include "state/request_state.h"
+#include "text/ascii.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"
 #include "views/navigation_bar.h"
@@ -41,7 +42,7 @@ std::string GridTableAttributes(const settings::Settings& settings) {
 
 BarPlacement NavigationBarPlacement(const settings::Settings& settings) {
   const auto contains = [&](std::string_view word) {
-    return text::ContainsWord(settings.DisplayNavBar, word);
+    return text::ContainsAscii(settings.DisplayNavBar, word);
   };
   if (contains("NONE")) return {};
   return {.top = contains("TOP") || contains("BOTH"), .bottom = contains("BOTTOM") || contains("BOTH")};

@@ -20,8 +20,8 @@
 #include "state/primary_key_value_list.h"
 #include "state/render.h"
 #include "state/request_state.h"
+#include "text/ascii.h"
 #include "text/blanks.h"
-#include "text/letter_case.h"
 #include "views/data_grid.h"
 #include "views/form_grid.h"
 

@@ -12,9 +12,9 @@
 #include "settings/open_connection.h"
 #include "state/key_text.h"
 #include "state/named_field.h"
+#include "text/ascii.h"
 #include "text/blanks.h"
 #include "text/boolean_text.h"
-#include "text/letter_case.h"
 
 namespace dralo::editing {
 namespace {
@@ -63,7 +63,7 @@ std::string ConditionFor(const Render& render, const QuerySchema& schema, const 
 /// A statement with a condition of its own becomes a table to select from, so that both hold.
 std::string Restricted(std::string_view sql, std::string_view condition) {
   std::string text;
-  if (text::ContainsWord(sql, " WHERE ")) {
+  if (text::ContainsAscii(sql, " WHERE ")) {
     text.append("SELECT * FROM (").append(sql).append(") DRTEMPTABLE");
   } else {
     text = sql;

@@ -13,7 +13,7 @@ namespace {
 
 /// The value of the tag's width attribute without quotes; empty when it has none.
 std::string WidthOf(std::string_view tag) {
-  const std::size_t name = text::FindWord(tag, "WIDTH");
+  const std::size_t name = text::FindAscii(tag, "WIDTH");
   const std::size_t equals = name == tag.npos ? name : tag.find('=', name);
   if (equals == tag.npos) return {};
   tag.remove_prefix(equals + 1);
@@ -24,7 +24,7 @@ std::string WidthOf(std::string_view tag) {
 }
 
 void TakeWidth(Settings& settings, std::string_view tag) {
-  if (settings.Width.empty() && text::ContainsWord(tag, "WIDTH")) settings.Width = WidthOf(tag);
+  if (settings.Width.empty() && text::ContainsAscii(tag, "WIDTH")) settings.Width = WidthOf(tag);
 }
 
 bool IsQuery(std::string_view sql) {
@@ -80,7 +80,7 @@ void SetEditOptions(Settings& settings, std::string_view value) {
 }
 
 void SetTableTag(Settings& settings, std::string_view value) {
-  settings.TableTag = text::ContainsWord(value, "CELLSPACING") ? "" : R"(cellspacing="0" )";
+  settings.TableTag = text::ContainsAscii(value, "CELLSPACING") ? "" : R"(cellspacing="0" )";
   settings.TableTag += value;
   TakeWidth(settings, settings.TableTag);
 }
@@ -97,8 +97,8 @@ void SetWidth(Settings& settings, std::string_view value) {
 
 void SetDisplayNavBar(Settings& settings, std::string value) {
   settings.DisplayNavBar = std::move(value);
-  const bool top =
-      text::ContainsWord(settings.DisplayNavBar, "TOP") || text::ContainsWord(settings.DisplayNavBar, "BOTH");
+  const bool top = text::ContainsAscii(settings.DisplayNavBar, "TOP") ||
+                   text::ContainsAscii(settings.DisplayNavBar, "BOTH");
   if (top && settings.DisplayNavBarFirstLastBtn) settings.CountRecords = true;
 }
 

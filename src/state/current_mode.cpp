@@ -4,6 +4,7 @@
 
 #include "platform/error.h"
 #include "state/request_state.h"
+#include "text/ascii.h"
 #include "text/letter_case.h"
 
 namespace dralo::state {
@@ -43,8 +44,8 @@ bool AsksForFormDisplay(const RequestKeys& keys) {
 }
 
 Mode SelectMode(const settings::Settings& settings, const ViewRequest& request) {
-  const bool form = text::ContainsWord(settings.DisplayType, "FORM") || request.form_display ||
-                    (text::ContainsWord(settings.DisplayType, "DEFAULT") && request.records_per_page == 1);
+  const bool form = text::ContainsAscii(settings.DisplayType, "FORM") || request.form_display ||
+                    (text::ContainsAscii(settings.DisplayType, "DEFAULT") && request.records_per_page == 1);
   if (!form) return Mode::kGrid;
   // Adding, too, needs the permission to update: the add button alone needs "ADD".
   if (!settings.edit.update) return Mode::kFormView;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 /// Characters and words of keywords, keys, options and markup, in which only A to Z have two letter cases.
@@ -27,6 +28,17 @@ constexpr bool EqualAscii(std::string_view left, std::string_view right) {
 /// Whether `text` begins with the word in some letter case.
 constexpr bool StartsWithAscii(std::string_view text, std::string_view word) {
   return EqualAscii(text.substr(0, word.size()), word);
+}
+
+/// Where `text` has the letters of `word` in some letter case, also within a longer word; npos where it has
+/// not.
+constexpr std::size_t FindAscii(std::string_view text, std::string_view word) {
+  const auto found = std::ranges::search(text, word, [](char a, char b) { return ToUpper(a) == ToUpper(b); });
+  return found.empty() && !word.empty() ? text.npos : static_cast<std::size_t>(found.begin() - text.begin());
+}
+
+constexpr bool ContainsAscii(std::string_view text, std::string_view word) {
+  return FindAscii(text, word) != text.npos;
 }
 
 }  // namespace dralo::text

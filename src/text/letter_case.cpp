@@ -2,8 +2,6 @@
 
 #include <unicode/uchar.h>
 
-#include <algorithm>
-
 #include "text/ascii.h"
 #include "text/utf8.h"
 
@@ -69,13 +67,5 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right) {
   }
   return left.empty() && right.empty();
 }
-
-std::size_t FindWord(std::string_view text, std::string_view word) {
-  const auto is_letter = [](char c, char capital) { return ToUpper(c) == capital; };
-  const auto found = std::search(text.begin(), text.end(), word.begin(), word.end(), is_letter);
-  return found == text.end() && !word.empty() ? text.npos : static_cast<std::size_t>(found - text.begin());
-}
-
-bool ContainsWord(std::string_view text, std::string_view word) { return FindWord(text, word) != text.npos; }
 
 }  // namespace dralo::text

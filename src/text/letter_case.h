@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -18,12 +17,5 @@ void AppendLower(std::string& to, std::string_view text);
 
 /// Whether the two texts are equal when both are upper-cased.
 bool EqualIgnoringCase(std::string_view left, std::string_view right);
-
-/// Where `word`, which is given in capital letters A to Z, stands in `text` in any letter case; npos when it
-/// does not. Only the letters A to Z count: this is for the words of markup, statements and options.
-std::size_t FindWord(std::string_view text, std::string_view word);
-
-/// Whether it stands there.
-bool ContainsWord(std::string_view text, std::string_view word);
 
 }  // namespace dralo::text

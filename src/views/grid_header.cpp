@@ -8,7 +8,7 @@
 #include "settings/field_lists.h"
 #include "state/links.h"
 #include "state/request_keys.h"
-#include "text/letter_case.h"
+#include "text/ascii.h"
 #include "text/list.h"
 
 namespace dralo::views {

@@ -52,5 +52,26 @@ TEST(StartsWithAscii, ComparesTheBeginning) {
   EXPECT_FALSE(StartsWithAscii(" dec", "DEC"));
 }
 
+TEST(FindAscii, CountsTheBytesOfTheTextAsItIs) {
+  EXPECT_EQ(FindAscii("ııwidth", "WIDTH"), 4U);
+  EXPECT_EQ(FindAscii("wıdth", "WIDTH"), std::string_view::npos);
+  EXPECT_EQ(FindAscii("a", ""), 0U);
+  EXPECT_EQ(FindAscii("", ""), 0U);
+}
+
+TEST(ContainsAscii, FindsTheLettersAnywhereInAnyLetterCase) {
+  EXPECT_TRUE(ContainsAscii("topBoth", "BOTH"));
+  EXPECT_TRUE(ContainsAscii("FORM", "FORM"));
+  EXPECT_TRUE(ContainsAscii("form", "Form"));
+  EXPECT_TRUE(ContainsAscii("x", ""));
+  EXPECT_TRUE(ContainsAscii("", ""));
+}
+
+TEST(ContainsAscii, DoesNotFindWhatIsNotThere) {
+  EXPECT_FALSE(ContainsAscii("", "TOP"));
+  EXPECT_FALSE(ContainsAscii("TO P", "TOP"));
+  EXPECT_FALSE(ContainsAscii("bo\xC3tom", "BOTTOM"));
+}
+
 }  // namespace
 }  // namespace dralo::text

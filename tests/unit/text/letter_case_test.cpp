@@ -126,25 +126,5 @@ TEST(EqualIgnoringCase, TellsDifferentBytesThatAreNoUtf8Apart) {
   EXPECT_FALSE(EqualIgnoringCase("\xE0\x83\xA0", "à"));
 }
 
-TEST(FindWord, CountsTheBytesOfTheTextAsItIs) {
-  EXPECT_EQ(FindWord("ııwidth", "WIDTH"), 4U);
-  EXPECT_EQ(FindWord("wıdth", "WIDTH"), std::string_view::npos);
-  EXPECT_EQ(FindWord("a", ""), 0U);
-  EXPECT_EQ(FindWord("", ""), 0U);
-}
-
-TEST(ContainsWord, FindsTheWordAnywhereInAnyLetterCase) {
-  EXPECT_TRUE(ContainsWord("topBoth", "BOTH"));
-  EXPECT_TRUE(ContainsWord("FORM", "FORM"));
-  EXPECT_TRUE(ContainsWord("x", ""));
-  EXPECT_TRUE(ContainsWord("", ""));
-}
-
-TEST(ContainsWord, DoesNotFindWhatIsNotThere) {
-  EXPECT_FALSE(ContainsWord("", "TOP"));
-  EXPECT_FALSE(ContainsWord("TO P", "TOP"));
-  EXPECT_FALSE(ContainsWord("bo\xC3tom", "BOTTOM"));
-}
-
 }  // namespace
 }  // namespace dralo::text
