@@ -11,6 +11,7 @@
 #include "cells/text_functions.h"
 #include "platform/error.h"
 #include "settings/column_settings.h"
+#include "text/blanks.h"
 
 namespace dralo::cells {
 namespace {

@@ -7,6 +7,7 @@
 #include "platform/field.h"
 #include "platform/variant.h"
 #include "state/render.h"
+#include "text/blanks.h"
 
 namespace dralo::cells {
 

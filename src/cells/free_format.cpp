@@ -2,7 +2,7 @@
 
 #include "settings/column_settings.h"
 #include "settings/error_report.h"
-#include "text/list.h"
+#include "text/blanks.h"
 
 namespace dralo::cells {
 

@@ -1,4 +1,5 @@
 #include "cells/regexp_replace.h"
+#include "text/list.h"
 
 #include <cstddef>
 #include <memory>

@@ -5,8 +5,9 @@
 #include <string>
 #include <variant>
 
-#include "platform/field_type.h"
+#include "platform/field_kind.h"
 #include "settings/error_report.h"
+#include "text/blanks.h"
 #include "text/characters.h"
 
 namespace dralo::cells {

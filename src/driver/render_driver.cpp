@@ -40,7 +40,7 @@ struct Pass {
 
 /// In the one-record view a page holds several records only when the page asked for a form with several.
 std::int32_t RecordsOnPage(const Render& render) {
-  if (state::IsForm(render.view.mode) && !text::ContainsWord(render.settings.DisplayType, "FORM")) return 1;
+  if (state::IsForm(render.view.mode) && !text::ContainsAscii(render.settings.DisplayType, "FORM")) return 1;
   return render.view.page_size;
 }
 

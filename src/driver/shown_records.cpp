@@ -8,7 +8,7 @@
 #include "settings/error_report.h"
 #include "settings/open_connection.h"
 #include "state/primary_key_value_list.h"
-#include "text/list.h"
+#include "text/blanks.h"
 
 namespace dralo::driver {
 namespace {

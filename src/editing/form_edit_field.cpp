@@ -11,6 +11,7 @@
 #include "platform/type_code.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
+#include "text/blanks.h"
 #include "text/boolean_text.h"
 
 namespace dralo::editing {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "settings/error_report.h"
+#include "text/blanks.h"
 #include "text/list.h"
 
 namespace dralo::settings {

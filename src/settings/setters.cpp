@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "settings/error_report.h"
+#include "text/ascii.h"
+#include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 
@@ -69,9 +71,9 @@ void SetFormSql(Settings& settings, std::string value) {
 
 void SetEditOptions(Settings& settings, std::string_view value) {
   settings.EditOptions = text::ToUpper(text::TrimBlanks(value));
-  const bool all = text::ContainsWord(settings.EditOptions, "ALL");
+  const bool all = text::ContainsAscii(settings.EditOptions, "ALL");
   if (all) settings.EditOptions += " ADD UPDATE DELETE";
-  const auto has = [&](std::string_view word) { return text::ContainsWord(settings.EditOptions, word); };
+  const auto has = [&](std::string_view word) { return text::ContainsAscii(settings.EditOptions, word); };
   settings.edit = {.add = has("ADD"),
                    .update = has("UPDATE"),
                    .remove = has("DELETE"),

@@ -6,7 +6,7 @@
 #include "html/html_writer.h"
 #include "settings/error_report.h"
 #include "state/primary_key_value_list.h"
-#include "text/list.h"
+#include "text/blanks.h"
 #include "views/button_bar.h"
 #include "views/current_record.h"
 #include "views/form_field.h"

@@ -24,7 +24,7 @@ class SortLinks {
   SortLinks(const state::Render& render, std::int32_t bookmark)
       : render_(render),
         settings_(render.settings),
-        any_(!settings_.has_stored_procedure && !text::ContainsWord(render_.view.sql, "ORDER BY")),
+        any_(!settings_.has_stored_procedure && !text::ContainsAscii(render_.view.sql, "ORDER BY")),
         long_columns_(settings_.DrConnection &&
                       settings_.DrConnection->Engine() == platform::DatabaseEngine::kSqla) {
     if (any_) PrepareAddress(bookmark);
