@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "component/database_properties.h"
 #include "component/property.h"
-#include "hosts/php/adodb_properties.h"
 #include "hosts/php/class_names.h"
 
 namespace {
@@ -199,8 +199,9 @@ void PrintProperties(std::span<const Row> rows) {
   }
 }
 
-void PrintList(const dralo::php::ListProperty& list) {
-  PrintProperty(list.doc, true, list.list_class, list.name);
+/// A list is of the class that its property is called after.
+void PrintList(const dralo::component::DescribedProperty& list) {
+  PrintProperty(list.doc, true, list.name, list.name);
 }
 
 void PrintIndexedProperties() {
@@ -228,16 +229,17 @@ void PrintViewClasses() {
 
 void PrintDatabaseClasses() {
   std::cout << kConnectionClass;
-  PrintProperties(dralo::php::ConnectionProperties());
+  PrintProperties(dralo::component::ConnectionProperties());
   std::cout << kConnectionMethods << kEndOfClass << kRecordsetClass;
-  PrintProperties(dralo::php::RecordsetProperties());
-  PrintList(dralo::php::kFieldsProperty);
+  PrintProperties(dralo::component::RecordsetProperties());
+  PrintList(dralo::component::kFieldsProperty);
   std::cout << kRecordsetMethods << kEndOfClass << kCommandClass;
-  PrintProperties(dralo::php::CommandProperties());
-  PrintList(dralo::php::kParametersProperty);
+  PrintProperties(dralo::component::CommandProperties());
+  PrintList(dralo::component::kParametersProperty);
   std::cout << kEndOfClass << kFieldClass;
-  PrintProperties(dralo::php::FieldProperties());
-  PrintProperty(dralo::php::kFieldValueDoc, false, "mixed", dralo::php::kFieldValueName);
+  PrintProperties(dralo::component::FieldProperties());
+  const auto& value = dralo::component::kFieldValueProperty;
+  PrintProperty(value.doc, false, "mixed", value.name);
   std::cout << kEndOfClass << kFieldsClass << kListMethods << kCountMethods << kEndOfClass << kParametersClass
             << kListMethods << kCountMethods << kEndOfClass;
 }

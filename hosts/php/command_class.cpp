@@ -15,8 +15,8 @@ ScriptClass command_class = {
 
 void RegisterCommand() {
   RegisterClass(command_class);
-  DeclareRows<platform::Command>(command_class, CommandProperties());
-  DeclareList(command_class, kParametersProperty, parameters_class);
+  DeclareRows<platform::Command>(command_class, component::CommandProperties());
+  DeclareList(command_class, component::kParametersProperty, parameters_class);
 }
 
 }  // namespace dralo::php

@@ -83,7 +83,7 @@ ScriptClass connection_class = {
 
 void RegisterConnection() {
   RegisterClass(connection_class);
-  DeclareRows<Connection>(connection_class, ConnectionProperties());
+  DeclareRows<Connection>(connection_class, component::ConnectionProperties());
 }
 
 }  // namespace dralo::php

@@ -2,10 +2,10 @@
 #include <optional>
 #include <string>
 
+#include "component/field_reference.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/entry_handlers.h"
 #include "hosts/php/errors.h"
-#include "hosts/php/field_reference.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/values.h"
@@ -41,7 +41,7 @@ std::optional<std::size_t> PositionOf(std::span<platform::Field* const> fields, 
 
 void PutField(const platform::ObjectPtr& owner, std::size_t position, zval* result) {
   const platform::ObjectPtr reference =
-      std::make_shared<FieldReference>(std::static_pointer_cast<Recordset>(owner), position);
+      std::make_shared<component::FieldReference>(std::static_pointer_cast<Recordset>(owner), position);
   CallPhp([&] { ZVAL_OBJ(result, NewObject(field_class, reference)); });
 }
 

@@ -5,7 +5,8 @@
 
 namespace dralo::php {
 
-void DeclareList(ScriptClass& script_class, const ListProperty& list, const ScriptClass& list_class) {
+void DeclareList(ScriptClass& script_class, const component::DescribedProperty& list,
+                 const ScriptClass& list_class) {
   ScriptProperty property{
       list.name,  component::PropertyType::kObject, component::Access::kReadOnly, &list, nullptr, nullptr,
       &list_class};

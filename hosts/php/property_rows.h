@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "hosts/php/adodb_properties.h"
+#include "component/database_properties.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/values.h"
 
@@ -29,6 +29,7 @@ void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
 }
 
 /// Declares a property that holds `list_class`, whose objects stand for the same C++ object as the owner.
-void DeclareList(ScriptClass& script_class, const ListProperty& list, const ScriptClass& list_class);
+void DeclareList(ScriptClass& script_class, const component::DescribedProperty& list,
+                 const ScriptClass& list_class);
 
 }  // namespace dralo::php

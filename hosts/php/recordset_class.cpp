@@ -96,8 +96,8 @@ ScriptClass recordset_class = {
 
 void RegisterRecordset() {
   RegisterClass(recordset_class);
-  DeclareRows<Recordset>(recordset_class, RecordsetProperties());
-  DeclareList(recordset_class, kFieldsProperty, fields_class);
+  DeclareRows<Recordset>(recordset_class, component::RecordsetProperties());
+  DeclareList(recordset_class, component::kFieldsProperty, fields_class);
 }
 
 }  // namespace dralo::php

@@ -29,8 +29,9 @@ enum class Access { kReadWrite, kReadOnly, kWriteOnly };
 using PropertyValue = std::variant<bool, std::int64_t, std::string, platform::ObjectPtr>;
 
 /// One property of a public class. The tables of these are the only place that knows a property: the script
-/// binding, the reference page, the editor stub and the round-trip test are made from them.
-template <class Owner>
+/// binding, the reference page, the editor stub and the round-trip test are made from them. `Reader` is not
+/// constant where reading may change the owner, as a recordset's does that runs its statement when asked.
+template <class Owner, class Reader = const Owner>
 struct Property {
   std::string_view name;  ///< As scripts spell it; looked up without regard to letter case.
   PropertyType type;
@@ -38,7 +39,7 @@ struct Property {
   std::string_view doc;  ///< One sentence for the reference page; names the unit and special values.
 
   /// nullptr when the property is write-only.
-  PropertyValue (*get)(const Owner& owner);
+  PropertyValue (*get)(Reader& owner);
 
   /// Stores the value and runs the property's effects, at every assignment. nullptr when the property is
   /// read-only. Throws std::invalid_argument, and changes nothing, when the value is of another type or does

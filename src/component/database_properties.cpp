@@ -1,20 +1,22 @@
-#include "hosts/php/adodb_properties.h"
+#include "component/database_properties.h"
 
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
-namespace dralo::php {
+#include "component/property_row.h"
+
+namespace dralo::component {
 namespace {
 
-using component::PropertyValue;
 using platform::Command;
 using platform::Connection;
 using platform::Recordset;
-using enum component::Access;
-using enum component::PropertyType;
+using enum Access;
+using enum PropertyType;
 
 PropertyValue State(bool is_open) { return std::int64_t{is_open}; }
 
@@ -23,7 +25,7 @@ PropertyValue Text(std::string_view text) { return std::string(text); }
 /// The number as one of an enumeration's values.
 template <class Enum>
 Enum OneOf(const PropertyValue& value, std::initializer_list<Enum> allowed) {
-  const std::int64_t number = std::get<std::int64_t>(value);
+  const auto number = FromPropertyValue<std::int64_t>(value);
   std::string list;
   for (const Enum candidate : allowed) {
     if (static_cast<std::int64_t>(candidate) == number) return candidate;
@@ -33,7 +35,7 @@ Enum OneOf(const PropertyValue& value, std::initializer_list<Enum> allowed) {
 }
 
 void SetMaxRecords(Recordset& recordset, const PropertyValue& value) {
-  const std::int64_t rows = std::get<std::int64_t>(value);
+  const auto rows = FromPropertyValue<std::int64_t>(value);
   if (rows < 0) throw std::invalid_argument("must not be negative");
   recordset.SetMaxRecords(rows);
 }
@@ -48,20 +50,15 @@ void SetCommandType(Command& command, const PropertyValue& value) {
   command.command_type = OneOf(value, {kUnspecified, kText, kTable, kStoredProcedure, kUnknown});
 }
 
-// The host has checked the class of the object.
-void SetActiveConnection(Command& command, const PropertyValue& value) {
-  command.active_connection = std::static_pointer_cast<Connection>(std::get<platform::ObjectPtr>(value));
-}
-
 // clang-format off
-constexpr auto kConnection = std::to_array<AdodbProperty<Connection>>({
+constexpr auto kConnection = std::to_array<Property<Connection>>({
   {"ConnectionString", kText, kReadOnly, "The list given to Open(), without a password; empty before.",
-   [](Connection& c) { return Text(c.ConnectionString()); }, nullptr},
+   [](const Connection& c) { return Text(c.ConnectionString()); }, nullptr},
   {"State", kLong, kReadOnly, "1 while the connection is open, else 0.",
-   [](Connection& c) { return State(c.IsOpen()); }, nullptr},
+   [](const Connection& c) { return State(c.IsOpen()); }, nullptr},
 });
 
-constexpr auto kRecordset = std::to_array<AdodbProperty<Recordset>>({
+constexpr auto kRecordset = std::to_array<RecordsetProperty>({
   {"EOF", kBoolean, kReadOnly, "Whether there is no current row because the last one was passed.",
    [](Recordset& r) -> PropertyValue { return r.Eof(); }, nullptr},
   {"MaxRecords", kLong, kReadWrite, "The highest number of rows the recordset yields; 0 means all. Set it before Open().",
@@ -72,17 +69,18 @@ constexpr auto kRecordset = std::to_array<AdodbProperty<Recordset>>({
    [](Recordset& r) { return State(r.IsOpen()); }, nullptr},
 });
 
-constexpr auto kCommand = std::to_array<AdodbProperty<Command>>({
+constexpr auto kCommand = std::to_array<Property<Command>>({
   {"ActiveConnection", kObject, kReadWrite, "The connection that the statement runs on.",
-   [](Command& c) -> PropertyValue { return platform::ObjectPtr(c.active_connection); }, SetActiveConnection, "ADODB.Connection"},
+   [](const Command& c) { return ToPropertyValue(c.active_connection); },
+   [](Command& c, const PropertyValue& value) { c.active_connection = FromPropertyValue<std::shared_ptr<Connection>>(value); }, "ADODB.Connection"},
   {"CommandText", kText, kReadWrite, "The statement; each \"?\" stands for one of the parameters.",
-   [](Command& c) -> PropertyValue { return c.command_text; },
-   [](Command& c, const PropertyValue& value) { c.command_text = std::get<std::string>(value); }},
+   [](const Command& c) -> PropertyValue { return c.command_text; },
+   [](Command& c, const PropertyValue& value) { c.command_text = FromPropertyValue<std::string>(value); }},
   {"CommandType", kLong, kReadWrite, "1 a statement, 2 a table name, 4 a stored procedure, 8 unknown; -1 unspecified.",
-   [](Command& c) -> PropertyValue { return static_cast<std::int64_t>(c.command_type); }, SetCommandType},
+   [](const Command& c) -> PropertyValue { return static_cast<std::int64_t>(c.command_type); }, SetCommandType},
 });
 
-constexpr auto kField = std::to_array<AdodbProperty<FieldReference>>({
+constexpr auto kField = std::to_array<FieldProperty>({
   {"Name", kText, kReadOnly, "The name of the column.",
    [](FieldReference& f) { return Text(f.Get().Name()); }, nullptr},
   {"Type", kLong, kReadOnly, "The numeric data type, such as 3 for integers and 202 for text.",
@@ -98,9 +96,9 @@ constexpr auto kField = std::to_array<AdodbProperty<FieldReference>>({
 
 }  // namespace
 
-std::span<const AdodbProperty<Connection>> ConnectionProperties() { return kConnection; }
-std::span<const AdodbProperty<Recordset>> RecordsetProperties() { return kRecordset; }
-std::span<const AdodbProperty<Command>> CommandProperties() { return kCommand; }
-std::span<const AdodbProperty<FieldReference>> FieldProperties() { return kField; }
+std::span<const Property<Connection>> ConnectionProperties() { return kConnection; }
+std::span<const RecordsetProperty> RecordsetProperties() { return kRecordset; }
+std::span<const Property<Command>> CommandProperties() { return kCommand; }
+std::span<const FieldProperty> FieldProperties() { return kField; }
 
-}  // namespace dralo::php
+}  // namespace dralo::component

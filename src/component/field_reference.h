@@ -7,9 +7,10 @@
 #include "platform/error.h"
 #include "platform/recordset.h"
 
-namespace dralo::php {
+namespace dralo::component {
 
-/// A column of a recordset that scripts may keep longer than the recordset is open.
+/// A column of a recordset that scripts may keep longer than the recordset is open. What reads it may move or
+/// convert what the recordset holds.
 class FieldReference final : public platform::Object {
  public:
   /// `position` counts from 0.
@@ -17,7 +18,7 @@ class FieldReference final : public platform::Object {
       : recordset_(std::move(recordset)), position_(position) {}
 
   /// Throws Error when the recordset was closed, or opened again with fewer columns.
-  platform::Field& Get() const {
+  platform::Field& Get() {
     if (!recordset_->IsOpen()) throw platform::Error("The recordset of this field is closed");
     const auto fields = recordset_->Fields();
     if (position_ >= fields.size()) throw platform::Error("The recordset does not have this field any more");
@@ -29,4 +30,4 @@ class FieldReference final : public platform::Object {
   std::size_t position_;
 };
 
-}  // namespace dralo::php
+}  // namespace dralo::component
