@@ -14,8 +14,8 @@
 
 #include "component/db_view.h"
 #include "connection_string.h"
+#include "dralo/page.h"
 #include "hosts/cpp/environment.h"
-#include "hosts/cpp/page.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: bench_export DATABASE\n";
     return 2;
   }
-  using dralo::host::Page;
+  using dralo::Page;
   dralo::host::Environment environment("en-US");
   Page page("/orders", "Morvu1ToExcel.x=1");
   page.send = [](const Page&, std::string_view piece) {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "cells/format_functions.h"
+#include "dralo/page.h"
 #include "hosts/cpp/environment.h"
-#include "hosts/cpp/page.h"
 #include "settings/column_settings.h"
 
 namespace {
@@ -41,7 +41,7 @@ class Values final : public dralo::platform::Field {
 void FormatCells(benchmark::State& state, std::string_view format, const Sample& sample) {
   Values values(sample);
   dralo::host::Environment environment("en-US");
-  dralo::host::Page page("/cells", "");
+  dralo::Page page("/cells", "");
   dralo::settings::Settings settings;
   dralo::settings::SetGridFormatCellFunction(settings, 1, format);
   const dralo::state::RequestKeys keys(page.GetRequest(), settings.Tag);

@@ -16,13 +16,13 @@
 #include "component/db_view.h"
 #include "connection_string.h"
 #include "database/objects.h"
+#include "dralo/page.h"
 #include "hosts/cpp/environment.h"
-#include "hosts/cpp/page.h"
 
 namespace {
 
+using dralo::Page;
 using dralo::host::Environment;
-using dralo::host::Page;
 
 void RenderPage(Environment& environment, const std::string& connection_string,
                 const std::string& query_string, std::string_view sort) {

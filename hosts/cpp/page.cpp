@@ -1,12 +1,14 @@
-#include "hosts/cpp/page.h"
+#include "dralo/page.h"
 
+#include "dralo/error.h"
 #include "hosts/cpp/url_encoded.h"
-#include "platform/error.h"
 
-namespace dralo::host {
+namespace dralo {
 
 Page::Page(std::string_view script_name, std::string_view query_string, std::string_view form_body)
-    : script_name_(script_name), query_(ParseUrlEncoded(query_string)), form_(ParseUrlEncoded(form_body)) {}
+    : script_name_(script_name),
+      query_(host::ParseUrlEncoded(query_string)),
+      form_(host::ParseUrlEncoded(form_body)) {}
 
 std::string_view Page::ServerVariable(std::string_view name) const {
   return name == "SCRIPT_NAME" ? std::string_view(script_name_) : std::string_view();
@@ -39,7 +41,7 @@ void Page::AddHeader(std::string_view name, std::string_view value) {
 void Page::End() { throw Ended{}; }
 
 void Page::RequireUnsentHeaders() const {
-  if (sent_) throw platform::Error("Part of the page was sent already; set headers before any output");
+  if (sent_) throw Error("Part of the page was sent already; set headers before any output");
 }
 
-}  // namespace dralo::host
+}  // namespace dralo

@@ -3,8 +3,8 @@
 #include "component/db_connection.h"
 #include "component/db_view.h"
 #include "component/property.h"
+#include "dralo/page.h"
 #include "hosts/cpp/environment.h"
-#include "hosts/cpp/page.h"
 #include "platform/command.h"
 #include "platform/connection.h"
 #include "platform/page_context.h"
@@ -34,7 +34,7 @@ using platform::RequestField;
 using platform::Variant;
 using tests::FakePage;
 
-using HostPage = host::Page;
+using HostPage = dralo::Page;
 using ViewProperty = component::Property<DbView>;
 using ConnectionProperty = component::Property<DBConnection>;
 using IndexedProperty = component::IndexedProperty;

@@ -40,6 +40,12 @@ class CheckLayers(unittest.TestCase):
             1, "src/regional/a.cpp: unicode/uchar.h: only src/text may use ICU's characters\n"
                "src/text/b.cpp: unicode/uloc.h: only src/regional may use ICU's formatting\n"))
 
+    def test_keeps_what_programs_include_out_of_the_layers_below(self):
+        status, output = check({"include/dralo/page.h": "", "include/dralo/error.h": "",
+                                "src/component/a.cpp": "#include \"dralo/error.h\"\n#include \"dralo/page.h\""})
+        self.assertEqual((status, output), (
+            1, "src/component/a.cpp: dralo/page.h: src/component may not include include/dralo of programs\n"))
+
     def test_refuses_files_that_include_each_other(self):
         status, output = check({"src/text/a.h": '#include "text/b.h"', "src/text/b.h": '#include "text/a.h"'})
         self.assertEqual((status, output), (1, "circle: src/text/a.h -> src/text/b.h -> src/text/a.h\n"))

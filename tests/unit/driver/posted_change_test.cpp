@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "component/db_connection.h"
-#include "hosts/cpp/page.h"
+#include "dralo/page.h"
 #include "support/view_page.h"
 
 namespace dralo::driver {
@@ -27,7 +27,7 @@ struct Pages : ::testing::Test {
     view.Set(name, std::string(text));
   }
 
-  std::unique_ptr<component::DbView> View(host::Page& page, const char* tag = "1") const {
+  std::unique_ptr<component::DbView> View(dralo::Page& page, const char* tag = "1") const {
     auto view = std::make_unique<component::DbView>(tests::TestEnvironment());
     view->OnStartPage(page);
     view->Set("DrConnection", platform::ObjectPtr(connection));
@@ -42,7 +42,7 @@ struct Pages : ::testing::Test {
   }
 
   /// What a further rendering writes.
-  static std::string Written(host::Page& page, component::DbView& view) {
+  static std::string Written(dralo::Page& page, component::DbView& view) {
     const std::size_t before = page.Body().size();
     view.WriteHtmlTable();
     return page.Body().substr(before);
@@ -59,7 +59,7 @@ bool Has(const std::string& body, std::string_view text) { return body.find(text
 using OnePostedChange = Pages;
 
 TEST_F(OnePostedChange, IsCarriedOutOnceByAViewThatIsWrittenTwice) {
-  host::Page page("/p", "", std::string(kInsert) + "Di");
+  dralo::Page page("/p", "", std::string(kInsert) + "Di");
   const auto view = View(page);
   const std::string first = Written(page, *view);
   const std::string second = Written(page, *view);
@@ -69,7 +69,7 @@ TEST_F(OnePostedChange, IsCarriedOutOnceByAViewThatIsWrittenTwice) {
 }
 
 TEST_F(OnePostedChange, IsCarriedOutOnceByTwoViewsOfOneTagWhichBothTellOfIt) {
-  host::Page page("/p", "", std::string(kInsert) + "Di");
+  dralo::Page page("/p", "", std::string(kInsert) + "Di");
   const auto first = View(page);
   const auto second = View(page);
   const std::string html = Written(page, *first);
@@ -80,7 +80,7 @@ TEST_F(OnePostedChange, IsCarriedOutOnceByTwoViewsOfOneTagWhichBothTellOfIt) {
 }
 
 TEST_F(OnePostedChange, ThatDeletesIsNoFailureInTheSecondWriting) {
-  host::Page page("/p", "", kDelete);
+  dralo::Page page("/p", "", kDelete);
   const auto first = View(page);
   const auto second = View(page);
   const std::string html = Written(page, *first);
@@ -91,7 +91,7 @@ TEST_F(OnePostedChange, ThatDeletesIsNoFailureInTheSecondWriting) {
 }
 
 TEST_F(OnePostedChange, ThatFailedComesBackAsTheFormEveryTime) {
-  host::Page page("/p", "", "Morvu1_Form_City=Narvik&" + std::string(kInsert));
+  dralo::Page page("/p", "", "Morvu1_Form_City=Narvik&" + std::string(kInsert));
   const auto first = View(page);
   const std::string html = Written(page, *first);
   EXPECT_TRUE(Has(html, R"(value="Narvik")"));
@@ -104,7 +104,7 @@ TEST_F(OnePostedChange, ThatFailedComesBackAsTheFormEveryTime) {
 
 TEST_F(OnePostedChange, HasItsErrorsOnceInTheMessageOfEachView) {
   database.Run("CREATE TRIGGER Never BEFORE INSERT ON T BEGIN SELECT raise(ABORT, 'never'); END");
-  host::Page page("/p", "", std::string(kInsert) + "Di");
+  dralo::Page page("/p", "", std::string(kInsert) + "Di");
   const auto first = View(page);
   first->WriteHtmlTable();
   EXPECT_EQ(ErrorMessage(*first), "Update failed: never<br>");
@@ -117,8 +117,8 @@ TEST_F(OnePostedChange, HasItsErrorsOnceInTheMessageOfEachView) {
 }
 
 TEST_F(OnePostedChange, OfEveryTagIsCarriedOut) {
-  host::Page page("/p", "",
-                  std::string(kInsert) + "Di&Morvu2FormInsert=1&Morvu2FormUpdate=Save&Morvu2_Form_Name=Ed");
+  dralo::Page page("/p", "",
+                   std::string(kInsert) + "Di&Morvu2FormInsert=1&Morvu2FormUpdate=Save&Morvu2_Form_Name=Ed");
   const auto first = View(page);
   const auto second = View(page, "2");
   first->WriteHtmlTable();
@@ -128,14 +128,14 @@ TEST_F(OnePostedChange, OfEveryTagIsCarriedOut) {
 }
 
 TEST_F(OnePostedChange, IsTheSameForTagsThatReadTheSameKeys) {
-  host::Page page("/p", "", "MorvuaFormInsert=1&MorvuaFormUpdate=Save&Morvua_Form_Name=Di");
+  dralo::Page page("/p", "", "MorvuaFormInsert=1&MorvuaFormUpdate=Save&Morvua_Form_Name=Di");
   View(page, "a")->WriteHtmlTable();
   View(page, "A")->WriteHtmlTable();
   EXPECT_EQ(Names(), "Ada,Bo,Cy,Di");
 }
 
 TEST_F(OnePostedChange, IsLeftToTheViewThatMayCarryItOut) {
-  host::Page page("/p", "", std::string(kInsert) + "Di");
+  dralo::Page page("/p", "", std::string(kInsert) + "Di");
   const auto reader = View(page);
   Set(*reader, "EditOptions", "");
   const auto closed = View(page);
@@ -149,7 +149,7 @@ TEST_F(OnePostedChange, IsLeftToTheViewThatMayCarryItOut) {
 
 TEST_F(OnePostedChange, OfAnotherPageIsAnother) {
   for (const char* name : {"Di", "Ed"}) {
-    host::Page page("/p", "", kInsert + std::string(name));
+    dralo::Page page("/p", "", kInsert + std::string(name));
     View(page)->WriteHtmlTable();
   }
   EXPECT_EQ(Names(), "Ada,Bo,Cy,Di,Ed");

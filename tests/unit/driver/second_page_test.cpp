@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "component/db_connection.h"
-#include "hosts/cpp/page.h"
+#include "dralo/page.h"
 #include "platform/command.h"
 #include "platform/error.h"
 #include "support/items.h"
@@ -25,7 +25,7 @@ struct KeptView {
 
   /// The body of a page that begins, is written and ends.
   std::string Page(std::string_view query = "") {
-    host::Page page("/p", query);
+    dralo::Page page("/p", query);
     view.OnStartPage(page);
     view.WriteHtmlTable();
     view.OnEndPage();
@@ -90,9 +90,9 @@ TEST(SecondPage, ExportsACommandAgain) {
   KeptView kept(3);
   kept.view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
   kept.Page();
-  host::Page page("/p", "Morvu1ToExcel.x=3");
+  dralo::Page page("/p", "Morvu1ToExcel.x=3");
   kept.view.OnStartPage(page);
-  EXPECT_THROW(kept.view.WriteHtmlTable(), host::Page::Ended);
+  EXPECT_THROW(kept.view.WriteHtmlTable(), dralo::Page::Ended);
   EXPECT_EQ(ItemsShown(page.Body()), Range(1, 3));
 }
 
@@ -112,7 +112,7 @@ TEST(SecondPage, BeginsWithoutMessagesAndRowsOfTheFirst) {
   kept.Page();
   EXPECT_EQ(kept.view.GetSettings().ToRow, 3);
   EXPECT_EQ(kept.view.CurrentRecord(1), platform::Variant(std::int64_t{1}));
-  host::Page second("/p", "Morvu1maxrecords=many");
+  dralo::Page second("/p", "Morvu1maxrecords=many");
   kept.view.OnStartPage(second);
   EXPECT_EQ(kept.view.GetSettings().FromRow, 0);
   EXPECT_EQ(kept.view.GetSettings().ToRow, 0);
@@ -127,7 +127,7 @@ TEST(SecondPage, BeginsWithoutMessagesAndRowsOfTheFirst) {
 TEST(FirstPage, KeepsMessagesFromBeforeIt) {
   component::DbView view(TestEnvironment());
   view.Set("LanguageString", std::string("too,few"));
-  host::Page page("/p", "");
+  dralo::Page page("/p", "");
   view.OnStartPage(page);
   EXPECT_NE(view.GetSettings().ErrorMessage, "");
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "hosts/cpp/page.h"
+#include "dralo/page.h"
 #include "platform/command.h"
 #include "platform/error.h"
 #include "support/items.h"
@@ -161,9 +161,9 @@ TEST(Spreadsheet, IsReadToItsEndBeforeThePageIsEnded) {
   bool was_free = false;
   page.page.on_end = [&] {
     was_free = page.IsDatabaseFree();
-    throw host::Page::Ended{};
+    throw dralo::Page::Ended{};
   };
-  EXPECT_THROW(page.view.WriteHtmlTable(), host::Page::Ended);
+  EXPECT_THROW(page.view.WriteHtmlTable(), dralo::Page::Ended);
   EXPECT_TRUE(was_free);
   EXPECT_EQ(tests::ItemsShown(page.page.body), Range(1, 3));
   EXPECT_EQ(page.ErrorMessage(), "");
@@ -221,7 +221,7 @@ TEST(Spreadsheet, ThatFailsBehindItsFirstByteStaysASpreadsheet) {
 
 TEST(Spreadsheet, ThatFailsLeavesAPageOfACppProgramHtml) {
   ExportPage page;
-  host::Page served("/p", "Morvu1ToExcel.x=3");
+  dralo::Page served("/p", "Morvu1ToExcel.x=3");
   page.view.OnStartPage(served);
   page.view.Set("sql", std::string("SELECT * FROM Missing"));
   page.view.WriteHtmlTable();

@@ -4,8 +4,8 @@
 
 #include "component/db_connection.h"
 #include "component/db_view.h"
+#include "dralo/page.h"
 #include "editing/primary_keys.h"
-#include "hosts/cpp/page.h"
 #include "unit/editing/edited_view.h"
 
 /// Booleans are shown in the regional language; what is posted and stored knows nothing of it.
@@ -25,7 +25,7 @@ struct GermanPage {
   TemporaryDatabase database{kTruths};
 
   std::string Body(std::string_view query, std::string_view form, auto&& configure) {
-    host::Page page("/p", query, form);
+    dralo::Page page("/p", query, form);
     component::DbView view(environment);
     view.OnStartPage(page);
     view.Set("ConnectionString", database.ConnectionString());

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "hosts/cpp/page.h"
+#include "dralo/page.h"
 #include "platform/error.h"
 #include "state/hidden_state.h"
 #include "state/page_fields.h"

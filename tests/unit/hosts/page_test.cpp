@@ -1,13 +1,13 @@
-#include "hosts/cpp/page.h"
+#include "dralo/page.h"
 
 #include <gtest/gtest.h>
 
 #include <exception>
 #include <type_traits>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 
-namespace dralo::host {
+namespace dralo {
 namespace {
 
 // Renderers catch std::exception: what ends a page has to pass them.
@@ -15,7 +15,7 @@ static_assert(!std::is_base_of_v<std::exception, Page::Ended>);
 
 TEST(Page, OffersTheFieldsOfQueryStringAndPostedForm) {
   const Page page("/shop.php", "a=1&b=2", "c=3");
-  const platform::Request& request = page.GetRequest();
+  const Request& request = page.GetRequest();
 
   ASSERT_EQ(request.QueryString().size(), 2U);
   EXPECT_EQ(request.QueryString()[1].name, "b");
@@ -101,9 +101,9 @@ TEST(Page, ChangesNeitherHeadersNorBodyOnceSomethingWasSent) {
   page.GetResponse().Clear();
   page.GetResponse().Write("one");
 
-  EXPECT_THROW(page.GetResponse().Clear(), platform::Error);
-  EXPECT_THROW(page.GetResponse().SetContentType("text/plain"), platform::Error);
-  EXPECT_THROW(page.GetResponse().AddHeader("X-A", "1"), platform::Error);
+  EXPECT_THROW(page.GetResponse().Clear(), Error);
+  EXPECT_THROW(page.GetResponse().SetContentType("text/plain"), Error);
+  EXPECT_THROW(page.GetResponse().AddHeader("X-A", "1"), Error);
   EXPECT_EQ(page.ContentType(), "text/html; charset=utf-8");
   EXPECT_TRUE(page.Headers().empty());
 }
@@ -113,8 +113,8 @@ TEST(Page, CountsAsSentWhenSendingFailed) {
   page.send = [](const Page&, std::string_view) { throw std::runtime_error("the client is gone"); };
 
   EXPECT_THROW(page.GetResponse().Write("one"), std::runtime_error);
-  EXPECT_THROW(page.GetResponse().Clear(), platform::Error);
+  EXPECT_THROW(page.GetResponse().Clear(), Error);
 }
 
 }  // namespace
-}  // namespace dralo::host
+}  // namespace dralo

@@ -7,13 +7,15 @@
 #include <utility>
 #include <vector>
 
-#include "platform/page_context.h"
+#include "dralo/page_context.h"
+#include "dralo/request.h"
+#include "dralo/response.h"
 
-namespace dralo::host {
+namespace dralo {
 
 /// One request and its response for a C++ program that serves pages itself.
 /// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected.
-class Page final : public platform::PageContext, private platform::Request, private platform::Response {
+class Page final : public PageContext, private Request, private Response {
  public:
   /// Thrown by End() so that the program stops rendering the page; catch it where the page is served.
   struct Ended {};
@@ -29,12 +31,12 @@ class Page final : public platform::PageContext, private platform::Request, priv
   const std::string& ContentType() const { return content_type_; }
   const std::vector<std::pair<std::string, std::string>>& Headers() const { return headers_; }
 
-  const platform::Request& GetRequest() const override { return *this; }
-  platform::Response& GetResponse() override { return *this; }
+  const Request& GetRequest() const override { return *this; }
+  Response& GetResponse() override { return *this; }
 
  private:
-  std::span<const platform::RequestField> Form() const override { return form_; }
-  std::span<const platform::RequestField> QueryString() const override { return query_; }
+  std::span<const RequestField> Form() const override { return form_; }
+  std::span<const RequestField> QueryString() const override { return query_; }
   std::string_view ServerVariable(std::string_view name) const override;
 
   void Write(std::string_view html) override;
@@ -46,12 +48,12 @@ class Page final : public platform::PageContext, private platform::Request, priv
   void RequireUnsentHeaders() const;
 
   std::string script_name_;
-  std::vector<platform::RequestField> query_;
-  std::vector<platform::RequestField> form_;
+  std::vector<RequestField> query_;
+  std::vector<RequestField> form_;
   std::string body_;
   std::string content_type_ = "text/html; charset=utf-8";
   std::vector<std::pair<std::string, std::string>> headers_;
   bool sent_ = false;
 };
 
-}  // namespace dralo::host
+}  // namespace dralo

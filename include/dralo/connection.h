@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/connection.h"
+
+namespace dralo {
+
+using platform::Connection;
+
+}  // namespace dralo

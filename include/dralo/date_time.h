@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/date_time.h"
+
+namespace dralo {
+
+using platform::DateTime;
+
+}  // namespace dralo

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/error.h"
+
+namespace dralo {
+
+using platform::Error;
+
+}  // namespace dralo

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/request.h"
+
+namespace dralo {
+
+using platform::Request;
+using platform::RequestField;
+
+}  // namespace dralo

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/response.h"
+
+namespace dralo {
+
+using platform::Response;
+
+}  // namespace dralo
