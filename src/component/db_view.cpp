@@ -1,8 +1,8 @@
 #include "component/db_view.h"
 
-#include <stdexcept>
 #include <utility>
 
+#include "component/named_property.h"
 #include "driver/render_driver.h"
 #include "settings/error_report.h"
 #include "settings/setters.h"
@@ -131,21 +131,11 @@ std::string_view DbView::EditLookupAsString(std::string_view field_name) const {
 }
 
 PropertyValue DbView::Get(std::string_view name) const {
-  const auto* property = FindDbViewProperty(name);
-  if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));
-  if (property->get == nullptr) throw std::invalid_argument(std::string(property->name) + " cannot be read");
-  return property->get(*this);
+  return GetNamed(*this, FindDbViewProperty(name), name);
 }
 
 void DbView::Set(std::string_view name, const PropertyValue& value) {
-  const auto* property = FindDbViewProperty(name);
-  if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));
-  if (property->set == nullptr) throw std::invalid_argument(std::string(property->name) + " cannot be set");
-  try {
-    property->set(*this, value);
-  } catch (const std::invalid_argument& misfit) {
-    throw std::invalid_argument(std::string(property->name) + " " + misfit.what());
-  }
+  SetNamed(*this, FindDbViewProperty(name), name, value);
 }
 
 }  // namespace dralo::component

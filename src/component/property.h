@@ -2,11 +2,9 @@
 
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
-#include <variant>
 
-#include "platform/object.h"
+#include "dralo/property_owner.h"
 #include "platform/variant.h"
 
 namespace dralo::component {
@@ -24,9 +22,7 @@ enum class PropertyType {
 
 enum class Access { kReadWrite, kReadOnly, kWriteOnly };
 
-/// A property's value as scripts see it. Numbers of both widths are 64-bit here; a null pointer is "no
-/// object".
-using PropertyValue = std::variant<bool, std::int64_t, std::string, platform::ObjectPtr>;
+using dralo::PropertyValue;
 
 /// One property of a public class. The tables of these are the only place that knows a property: the script
 /// binding, the reference page, the editor stub and the round-trip test are made from them. `Reader` is not

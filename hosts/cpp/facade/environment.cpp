@@ -1,0 +1,22 @@
+#include "dralo/environment.h"
+
+#include "database/objects.h"
+#include "hosts/cpp/environment.h"
+
+namespace dralo {
+
+Environment::Environment(std::string_view locale) : services_(std::make_unique<host::Environment>(locale)) {}
+
+Environment::~Environment() = default;
+
+std::shared_ptr<Connection> Environment::MakeConnection() {
+  return database::MakeConnection(&services_->Regional());
+}
+
+std::shared_ptr<Recordset> Environment::MakeRecordset() {
+  return database::MakeRecordset(&services_->Regional());
+}
+
+void Environment::CloseIdleConnections() { database::CloseIdleConnections(); }
+
+}  // namespace dralo

@@ -1,0 +1,273 @@
+#pragma once
+
+// Printed by make_cpp_properties from the property tables: do not edit.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "dralo/command.h"
+#include "dralo/db_connection.h"
+#include "dralo/property_owner.h"
+#include "dralo/recordset.h"
+#include "dralo/variant.h"
+
+namespace dralo {
+
+/// What a view can be asked and told, each property by a getter and a setter.
+// clang-format off
+class DbViewProperties : public IndexedPropertyOwner {
+ public:
+  /// The query of the grid; a text that does not begin with "SELECT " is run as a command; also becomes FormSQL and EditSQL where these are empty.
+  std::string Sql() const { return Typed<std::string>("sql"); }
+  void SetSql(std::string_view value) { SetTyped("sql", value); }
+  /// The query of the one-record view; setting it switches ApplyCellFormattingToForm and ApplyColFormattingToForm off.
+  std::string FormSQL() const { return Typed<std::string>("FormSQL"); }
+  void SetFormSQL(std::string_view value) { SetTyped("FormSQL", value); }
+  /// The query of the edit and add forms.
+  std::string EditSQL() const { return Typed<std::string>("EditSQL"); }
+  void SetEditSQL(std::string_view value) { SetTyped("EditSQL", value); }
+  /// The statement that deletes a record, without its WHERE, such as DELETE FROM Customers.
+  std::string DeleteSQL() const { return Typed<std::string>("DeleteSQL"); }
+  void SetDeleteSQL(std::string_view value) { SetTyped("DeleteSQL", value); }
+  /// Carries the text of sql in the page, so that later requests use it.
+  bool PersistentSQL() const { return Typed<bool>("PersistentSQL"); }
+  void SetPersistentSQL(bool value) { SetTyped("PersistentSQL", value); }
+  /// A prepared command that is run instead of an SQL text.
+  std::shared_ptr<dralo::Command> StoredProcCommand() const { return Typed<std::shared_ptr<dralo::Command>>("StoredProcCommand"); }
+  void SetStoredProcCommand(const std::shared_ptr<dralo::Command>& value) { SetTyped("StoredProcCommand", value); }
+  /// Connects to a database at once, on a new connection of the view's own.
+  std::string ConnectionString() const { return Typed<std::string>("ConnectionString"); }
+  void SetConnectionString(std::string_view value) { SetTyped("ConnectionString", value); }
+  /// A connection that several views share.
+  std::shared_ptr<dralo::DBConnection> DrConnection() const { return Typed<std::shared_ptr<dralo::DBConnection>>("DrConnection"); }
+  void SetDrConnection(const std::shared_ptr<dralo::DBConnection>& value) { SetTyped("DrConnection", value); }
+  /// An open recordset that is shown instead of a query; switches CountRecords off.
+  void SetADORecordset(const std::shared_ptr<dralo::Recordset>& value) { SetTyped("ADORecordset", value); }
+  /// The interface language: "ENG", "GER" or "NOR" in capitals; other codes are ignored.
+  std::string Language() const { return Typed<std::string>("Language"); }
+  void SetLanguage(std::string_view value) { SetTyped("Language", value); }
+  /// One character that tells several views on a page apart; it is part of every request key and element id.
+  std::string Tag() const { return Typed<std::string>("Tag"); }
+  void SetTag(std::string_view value) { SetTyped("Tag", value); }
+  /// "grid", "form", or "default", which shows the one-record view when RecordsPerPage is 1.
+  std::string DisplayType() const { return Typed<std::string>("DisplayType"); }
+  void SetDisplayType(std::string_view value) { SetTyped("DisplayType", value); }
+  /// Rows on a page of the grid; a value that is not below RecordsMaxLimit is ignored.
+  std::int16_t RecordsPerPage() const { return Typed<std::int16_t>("RecordsPerPage"); }
+  void SetRecordsPerPage(std::int16_t value) { SetTyped("RecordsPerPage", value); }
+  /// The highest record number that paging and export reach.
+  std::int32_t RecordsMaxLimit() const { return Typed<std::int32_t>("RecordsMaxLimit"); }
+  void SetRecordsMaxLimit(std::int32_t value) { SetTyped("RecordsMaxLimit", value); }
+  /// How many records there are; -1 while unknown; a value of 1 or more is not counted again.
+  std::int32_t RecordCount() const { return Typed<std::int32_t>("RecordCount"); }
+  void SetRecordCount(std::int32_t value) { SetTyped("RecordCount", value); }
+  /// Counts the records before the page is written, for the counter and the last-page button.
+  bool CountRecords() const { return Typed<bool>("CountRecords"); }
+  void SetCountRecords(bool value) { SetTyped("CountRecords", value); }
+  /// The number of the first record shown; 0 before rendering and for an empty result.
+  std::int32_t FromRow() const { return Typed<std::int32_t>("FromRow"); }
+  /// The number of the last record shown; 0 before rendering and for an empty result.
+  std::int32_t ToRow() const { return Typed<std::int32_t>("ToRow"); }
+  /// The ORDER BY list: column names or numbers; clicks on the headers change it.
+  std::string OrderByFields() const { return Typed<std::string>("OrderByFields"); }
+  void SetOrderByFields(std::string_view value) { SetTyped("OrderByFields", value); }
+  /// Sorts the last column of OrderByFields in descending order.
+  bool OrderByDesc() const { return Typed<bool>("OrderByDesc"); }
+  void SetOrderByDesc(bool value) { SetTyped("OrderByDesc", value); }
+  /// Writes the page's own posted fields back, so that they survive paging and sorting.
+  bool PersistPageFormRequest() const { return Typed<bool>("PersistPageFormRequest"); }
+  void SetPersistPageFormRequest(bool value) { SetTyped("PersistPageFormRequest", value); }
+  /// Writes CSS classes.
+  bool UseCSS() const { return Typed<bool>("UseCSS"); }
+  void SetUseCSS(bool value) { SetTyped("UseCSS", value); }
+  /// Writes the header row of the grid and the labels of the forms.
+  bool DisplayHeader() const { return Typed<bool>("DisplayHeader"); }
+  void SetDisplayHeader(bool value) { SetTyped("DisplayHeader", value); }
+  /// Shows the SQL above the view and in error messages; not for public pages.
+  bool DisplayDebug() const { return Typed<bool>("DisplayDebug"); }
+  void SetDisplayDebug(bool value) { SetTyped("DisplayDebug", value); }
+  /// What went wrong, as HTML with one line per failure; empty when nothing did.
+  std::string ErrorMessage() const { return Typed<std::string>("ErrorMessage"); }
+  /// The width of the whole view in the page, such as 100% or 600; quotes are removed.
+  std::string Width() const { return Typed<std::string>("Width"); }
+  void SetWidth(std::string_view value) { SetTyped("Width", value); }
+  /// Attributes of the grid's table.
+  std::string TableTag() const { return Typed<std::string>("TableTag"); }
+  void SetTableTag(std::string_view value) { SetTyped("TableTag", value); }
+  /// Attributes of the grid's table in the grid view.
+  std::string GridTableTag() const { return Typed<std::string>("GridTableTag"); }
+  void SetGridTableTag(std::string_view value) { SetTyped("GridTableTag", value); }
+  /// Attributes of the form's table.
+  std::string FormTableTag() const { return Typed<std::string>("FormTableTag"); }
+  void SetFormTableTag(std::string_view value) { SetTyped("FormTableTag", value); }
+  /// Attributes of header cells.
+  std::string THTag() const { return Typed<std::string>("THTag"); }
+  void SetTHTag(std::string_view value) { SetTyped("THTag", value); }
+  /// Attributes of data cells; ##Name## stands for the record's field Name.
+  std::string TDTag() const { return Typed<std::string>("TDTag"); }
+  void SetTDTag(std::string_view value) { SetTyped("TDTag", value); }
+  /// Attributes of data cells in odd rows; ##Name## stands for the record's field Name.
+  std::string TDOddTag() const { return Typed<std::string>("TDOddTag"); }
+  void SetTDOddTag(std::string_view value) { SetTyped("TDOddTag", value); }
+  /// Attributes of data cells in even rows; ##Name## stands for the record's field Name.
+  std::string TDEvenTag() const { return Typed<std::string>("TDEvenTag"); }
+  void SetTDEvenTag(std::string_view value) { SetTyped("TDEvenTag", value); }
+  /// Attributes of grid rows; ##Name## stands for the record's field Name.
+  std::string GridTRTag() const { return Typed<std::string>("GridTRTag"); }
+  void SetGridTRTag(std::string_view value) { SetTyped("GridTRTag", value); }
+  /// Attributes of odd grid rows; ##Name## stands for the record's field Name.
+  std::string GridTROddTag() const { return Typed<std::string>("GridTROddTag"); }
+  void SetGridTROddTag(std::string_view value) { SetTyped("GridTROddTag", value); }
+  /// Attributes of even grid rows; ##Name## stands for the record's field Name.
+  std::string GridTREvenTag() const { return Typed<std::string>("GridTREvenTag"); }
+  void SetGridTREvenTag(std::string_view value) { SetTyped("GridTREvenTag", value); }
+  /// Attributes of grid cells; ##Name## stands for the record's field Name.
+  std::string GridTDTag() const { return Typed<std::string>("GridTDTag"); }
+  void SetGridTDTag(std::string_view value) { SetTyped("GridTDTag", value); }
+  /// Attributes of grid cells in odd rows; ##Name## stands for the record's field Name.
+  std::string GridTDOddTag() const { return Typed<std::string>("GridTDOddTag"); }
+  void SetGridTDOddTag(std::string_view value) { SetTyped("GridTDOddTag", value); }
+  /// Attributes of grid cells in even rows; ##Name## stands for the record's field Name.
+  std::string GridTDEvenTag() const { return Typed<std::string>("GridTDEvenTag"); }
+  void SetGridTDEvenTag(std::string_view value) { SetTyped("GridTDEvenTag", value); }
+  /// Attributes of the value cells of the one-record view.
+  std::string FormTDTag() const { return Typed<std::string>("FormTDTag"); }
+  void SetFormTDTag(std::string_view value) { SetTyped("FormTDTag", value); }
+  /// Comma list of column widths by position, such as 50,,30%.
+  std::string GridCellWidths() const { return Typed<std::string>("GridCellWidths"); }
+  void SetGridCellWidths(std::string_view value) { SetTyped("GridCellWidths", value); }
+  /// Two widths of the one-record view: the labels' and the values'.
+  std::string FormCellWidths() const { return Typed<std::string>("FormCellWidths"); }
+  void SetFormCellWidths(std::string_view value) { SetTyped("FormCellWidths", value); }
+  /// Comma list of the columns that the grid shows, by name or number; empty shows all.
+  std::string GridFieldsShow() const { return Typed<std::string>("GridFieldsShow"); }
+  void SetGridFieldsShow(std::string_view value) { SetTyped("GridFieldsShow", value); }
+  /// Comma list of the columns that the grid hides; when set, GridFieldsShow is ignored.
+  std::string GridFieldsHide() const { return Typed<std::string>("GridFieldsHide"); }
+  void SetGridFieldsHide(std::string_view value) { SetTyped("GridFieldsHide", value); }
+  /// Comma list of the fields that the forms show; empty shows all.
+  std::string FormFieldsShow() const { return Typed<std::string>("FormFieldsShow"); }
+  void SetFormFieldsShow(std::string_view value) { SetTyped("FormFieldsShow", value); }
+  /// Comma list of the fields that the forms hide; when set, FormFieldsShow is ignored.
+  std::string FormFieldsHide() const { return Typed<std::string>("FormFieldsHide"); }
+  void SetFormFieldsHide(std::string_view value) { SetTyped("FormFieldsHide", value); }
+  /// Comma list of columns without a sort link; * for all.
+  std::string GridColsNoSort() const { return Typed<std::string>("GridColsNoSort"); }
+  void SetGridColsNoSort(std::string_view value) { SetTyped("GridColsNoSort", value); }
+  /// Comma list of columns whose text stays on one line; * for all.
+  std::string GridCellsNoBr() const { return Typed<std::string>("GridCellsNoBr"); }
+  void SetGridCellsNoBr(std::string_view value) { SetTyped("GridCellsNoBr", value); }
+  /// Comma list of columns in which a value that repeats the row above is left blank.
+  std::string GridFieldsSupressDup() const { return Typed<std::string>("GridFieldsSupressDup"); }
+  void SetGridFieldsSupressDup(std::string_view value) { SetTyped("GridFieldsSupressDup", value); }
+  /// Comma list of the grid's captions by position; an empty item keeps the field name.
+  std::string GridDisplayFieldNames() const { return Typed<std::string>("GridDisplayFieldNames"); }
+  void SetGridDisplayFieldNames(std::string_view value) { SetTyped("GridDisplayFieldNames", value); }
+  /// Comma list of the forms' labels by position; an empty item keeps the field name.
+  std::string FormDisplayFieldNames() const { return Typed<std::string>("FormDisplayFieldNames"); }
+  void SetFormDisplayFieldNames(std::string_view value) { SetTyped("FormDisplayFieldNames", value); }
+  /// Shows the record number as the first column.
+  bool GridDisplayIndex() const { return Typed<bool>("GridDisplayIndex"); }
+  void SetGridDisplayIndex(bool value) { SetTyped("GridDisplayIndex", value); }
+  /// The number of the column that links to the one-record view; 0 makes the record number the link, which needs GridDisplayIndex.
+  std::int16_t GridLinkIndex() const { return Typed<std::int16_t>("GridLinkIndex"); }
+  void SetGridLinkIndex(std::int16_t value) { SetTyped("GridLinkIndex", value); }
+  /// The address of the folder with the images, with its closing slash.
+  std::string ImageDir() const { return Typed<std::string>("ImageDir"); }
+  void SetImageDir(std::string_view value) { SetTyped("ImageDir", value); }
+  /// Where the navigation bar goes: top, bottom, both or none; at the top it needs a known record count.
+  std::string DisplayNavBar() const { return Typed<std::string>("DisplayNavBar"); }
+  void SetDisplayNavBar(std::string_view value) { SetTyped("DisplayNavBar", value); }
+  /// What the bar counts: records, pages or both.
+  std::string DisplayNavBarTextOptions() const { return Typed<std::string>("DisplayNavBarTextOptions"); }
+  void SetDisplayNavBarTextOptions(std::string_view value) { SetTyped("DisplayNavBarTextOptions", value); }
+  /// Shows the first-page and last-page buttons; setting it to true switches CountRecords on.
+  bool DisplayNavBarFirstLastBtn() const { return Typed<bool>("DisplayNavBarFirstLastBtn"); }
+  void SetDisplayNavBarFirstLastBtn(bool value) { SetTyped("DisplayNavBarFirstLastBtn", value); }
+  /// Shows the last-page button disabled.
+  bool DisableNavBarLastPageBtn() const { return Typed<bool>("DisableNavBarLastPageBtn"); }
+  void SetDisableNavBarLastPageBtn(bool value) { SetTyped("DisableNavBarLastPageBtn", value); }
+  /// Shows the select for the page size.
+  bool DisplayRecordsPerPageSelect() const { return Typed<bool>("DisplayRecordsPerPageSelect"); }
+  void SetDisplayRecordsPerPageSelect(bool value) { SetTyped("DisplayRecordsPerPageSelect", value); }
+  /// Comma list of the page sizes offered; it should contain RecordsPerPage.
+  std::string RecordsPerPageOptions() const { return Typed<std::string>("RecordsPerPageOptions"); }
+  void SetRecordsPerPageOptions(std::string_view value) { SetTyped("RecordsPerPageOptions", value); }
+  /// Where the select for the page size goes: top or bottom.
+  std::string RecordsPerPageSelectPlacement() const { return Typed<std::string>("RecordsPerPageSelectPlacement"); }
+  void SetRecordsPerPageSelectPlacement(std::string_view value) { SetTyped("RecordsPerPageSelectPlacement", value); }
+  /// Shows the button that downloads the whole result as a spreadsheet.
+  bool DisplayExcelIcon() const { return Typed<bool>("DisplayExcelIcon"); }
+  void SetDisplayExcelIcon(bool value) { SetTyped("DisplayExcelIcon", value); }
+  /// Applies the columns' format functions in the spreadsheet too.
+  bool ApplyCellFormattingToExcel() const { return Typed<bool>("ApplyCellFormattingToExcel"); }
+  void SetApplyCellFormattingToExcel(bool value) { SetTyped("ApplyCellFormattingToExcel", value); }
+  /// Applies the columns' format functions in the one-record view too.
+  bool ApplyCellFormattingToForm() const { return Typed<bool>("ApplyCellFormattingToForm"); }
+  void SetApplyCellFormattingToForm(bool value) { SetTyped("ApplyCellFormattingToForm", value); }
+  /// Applies GridColAttributes in the one-record view too.
+  bool ApplyColFormattingToForm() const { return Typed<bool>("ApplyColFormattingToForm"); }
+  void SetApplyColFormattingToForm(bool value) { SetTyped("ApplyColFormattingToForm", value); }
+  /// How many characters of a long text the grid shows; -1 for all, 0 for none.
+  std::int32_t MemoFieldLimit() const { return Typed<std::int32_t>("MemoFieldLimit"); }
+  void SetMemoFieldLimit(std::int32_t value) { SetTyped("MemoFieldLimit", value); }
+  /// HTML below the view.
+  std::string FooterText() const { return Typed<std::string>("FooterText"); }
+  void SetFooterText(std::string_view value) { SetTyped("FooterText", value); }
+  /// Stands around field names in the templates of GridFreeFormatCellByCol.
+  std::string GridFreeFormatCellDataFieldDelimiter() const { return Typed<std::string>("GridFreeFormatCellDataFieldDelimiter"); }
+  void SetGridFreeFormatCellDataFieldDelimiter(std::string_view value) { SetTyped("GridFreeFormatCellDataFieldDelimiter", value); }
+  /// Separates the items of GridFreeFormatCell and the arguments of GridFormatCellFunction.
+  std::string GridFreeFormatCellColumnDelimiter() const { return Typed<std::string>("GridFreeFormatCellColumnDelimiter"); }
+  void SetGridFreeFormatCellColumnDelimiter(std::string_view value) { SetTyped("GridFreeFormatCellColumnDelimiter", value); }
+  /// What visitors may do: ADD, UPDATE, DELETE, ALL for the three, NOVIEW to edit without the one-record view; read back in capitals.
+  std::string EditOptions() const { return Typed<std::string>("EditOptions"); }
+  void SetEditOptions(std::string_view value) { SetTyped("EditOptions", value); }
+  /// Carries out what visitors save and delete.
+  bool EditPerformUpdates() const { return Typed<bool>("EditPerformUpdates"); }
+  void SetEditPerformUpdates(bool value) { SetTyped("EditPerformUpdates", value); }
+  /// Comma list of the fields that identify a record.
+  std::string EditPrimaryKeys() const { return Typed<std::string>("EditPrimaryKeys"); }
+  void SetEditPrimaryKeys(std::string_view value) { SetTyped("EditPrimaryKeys", value); }
+  /// Comma list, one item per key: a statement that yields a new key value, or autoincrement.
+  std::string EditNewPKStatement() const { return Typed<std::string>("EditNewPKStatement"); }
+  void SetEditNewPKStatement(std::string_view value) { SetTyped("EditNewPKStatement", value); }
+  /// The question asked before a record is deleted; empty asks nothing.
+  std::string EditConfirmDeleteString() const { return Typed<std::string>("EditConfirmDeleteString"); }
+  void SetEditConfirmDeleteString(std::string_view value) { SetTyped("EditConfirmDeleteString", value); }
+  /// Comma list of the fields that the edit form shows but does not change; * for all.
+  std::string EditFieldsReadOnly() const { return Typed<std::string>("EditFieldsReadOnly"); }
+  void SetEditFieldsReadOnly(std::string_view value) { SetTyped("EditFieldsReadOnly", value); }
+  /// HTML beside required fields.
+  std::string RequiredFieldIndicator() const { return Typed<std::string>("RequiredFieldIndicator"); }
+  void SetRequiredFieldIndicator(std::string_view value) { SetTyped("RequiredFieldIndicator", value); }
+  /// The view that the request selects: "grid", "formview", "formedit" or "formadd".
+  std::string CurrentMode() const { return Typed<std::string>("CurrentMode"); }
+  /// Comma list of twelve texts that replace the navigation texts.
+  void SetLanguageString(std::string_view value) { SetTyped("LanguageString", value); }
+  /// Comma list of five texts that replace the button captions.
+  void SetLanguageBtnString(std::string_view value) { SetTyped("LanguageBtnString", value); }
+  /// Comma list of three or four texts that replace the messages after a save or delete.
+  void SetLangUpdString(std::string_view value) { SetTyped("LangUpdString", value); }
+  /// All cell templates at once: column number, template, column number, template and so on.
+  void SetGridFreeFormatCell(std::string_view value) { SetTyped("GridFreeFormatCell", value); }
+  /// The value at a position, from 1, of the record that was shown last, of a grid its first; empty while a record is being added.
+  Variant CurrentRecord(std::int16_t number) { return GetAt("CurrentRecord", number); }
+  /// The template of a column's cells; #Name# stands for the record's field Name.
+  std::string GridFreeFormatCellByCol(std::int16_t number) { return TextAt("GridFreeFormatCellByCol", number); }
+  void SetGridFreeFormatCellByCol(std::int16_t number, std::string_view text) { SetAt("GridFreeFormatCellByCol", number, text); }
+  /// The format function of a column's cells, such as FORMATNUMBER,2.
+  std::string GridFormatCellFunction(std::int16_t number) { return TextAt("GridFormatCellFunction", number); }
+  void SetGridFormatCellFunction(std::int16_t number, std::string_view text) { SetAt("GridFormatCellFunction", number, text); }
+  /// Attributes of a column's data cells; column 0 is the record number.
+  std::string GridColAttributes(std::int16_t number) { return TextAt("GridColAttributes", number); }
+  void SetGridColAttributes(std::int16_t number, std::string_view text) { SetAt("GridColAttributes", number, text); }
+  /// Attributes of a column's header cell; column 0 is the record number.
+  std::string GridColHeadAttributes(std::int16_t number) { return TextAt("GridColHeadAttributes", number); }
+  void SetGridColHeadAttributes(std::int16_t number, std::string_view text) { SetAt("GridColHeadAttributes", number, text); }
+};
+// clang-format on
+
+}  // namespace dralo

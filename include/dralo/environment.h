@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "dralo/connection.h"
+#include "dralo/recordset.h"
+
+namespace dralo {
+
+namespace platform {
+class Environment;
+}
+
+/// What a process offers to every page: databases, regional settings, regular expressions. Make one per
+/// process; it outlives every page. Several threads may use it.
+class Environment {
+ public:
+  /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US.
+  /// Throws Error when the locale is unknown.
+  explicit Environment(std::string_view locale = {});
+  ~Environment();
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+
+  /// New objects that are not open yet. Commands are made with std::make_shared.
+  std::shared_ptr<Connection> MakeConnection();
+  std::shared_ptr<Recordset> MakeRecordset();
+
+  /// Closes the connections that the process keeps for later pages.
+  static void CloseIdleConnections();
+
+ private:
+  friend class DBConnection;
+  friend class DbView;
+
+  std::unique_ptr<platform::Environment> services_;
+};
+
+}  // namespace dralo
