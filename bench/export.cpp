@@ -4,6 +4,7 @@
 ///
 /// DATABASE is a file of SQLite or a connection string. The file goes to standard output; to the other output
 /// goes the highest memory before and after, in KiB.
+#include <dralo/dralo.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -12,10 +13,7 @@
 #include <string>
 #include <string_view>
 
-#include "component/db_view.h"
 #include "connection_string.h"
-#include "dralo/page.h"
-#include "hosts/cpp/environment.h"
 
 namespace {
 
@@ -36,15 +34,15 @@ int main(int argc, char** argv) {
     return 2;
   }
   using dralo::Page;
-  dralo::host::Environment environment("en-US");
+  dralo::Environment environment("en-US");
   Page page("/orders", "Morvu1ToExcel.x=1");
   page.send = [](const Page&, std::string_view piece) {
     if (write(STDOUT_FILENO, piece.data(), piece.size()) < 0) std::exit(3);
   };
-  dralo::component::DbView view(environment);
+  dralo::DbView view(environment);
   view.OnStartPage(page);
-  view.Set("ConnectionString", ConnectionStringOf(argv[1]));
-  view.Set("sql", std::string("SELECT * FROM orders"));
+  view.SetConnectionString(ConnectionStringOf(argv[1]));
+  view.SetSql("SELECT * FROM orders");
   const std::string before = HighestMemory();
   try {
     view.WriteHtmlTable();
@@ -52,6 +50,6 @@ int main(int argc, char** argv) {
     std::cerr << before << ' ' << HighestMemory() << '\n';
     return 0;
   }
-  std::cerr << view.GetSettings().ErrorMessage << '\n';
+  std::cerr << view.ErrorMessage() << '\n';
   return 1;
 }

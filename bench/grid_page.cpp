@@ -6,6 +6,7 @@
 /// DATABASE is a file of SQLite or a connection string. FIRST is the number of records before the page; SORT
 /// a column to order by ("" for none); "open" opens the database for every page instead of keeping the
 /// connection. The pages go to standard output.
+#include <dralo/dralo.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -13,16 +14,12 @@
 #include <string>
 #include <string_view>
 
-#include "component/db_view.h"
 #include "connection_string.h"
-#include "database/objects.h"
-#include "dralo/page.h"
-#include "hosts/cpp/environment.h"
 
 namespace {
 
+using dralo::Environment;
 using dralo::Page;
-using dralo::host::Environment;
 
 void RenderPage(Environment& environment, const std::string& connection_string,
                 const std::string& query_string, std::string_view sort) {
@@ -30,15 +27,15 @@ void RenderPage(Environment& environment, const std::string& connection_string,
   page.send = [](const Page&, std::string_view piece) {
     if (write(STDOUT_FILENO, piece.data(), piece.size()) < 0) std::exit(3);
   };
-  dralo::component::DbView view(environment);
+  dralo::DbView view(environment);
   view.OnStartPage(page);
-  view.Set("ConnectionString", connection_string);
-  view.Set("sql", std::string("SELECT * FROM orders"));
-  if (!sort.empty()) view.Set("OrderByFields", std::string(sort));
+  view.SetConnectionString(connection_string);
+  view.SetSql("SELECT * FROM orders");
+  if (!sort.empty()) view.SetOrderByFields(sort);
   view.WriteHtmlTable();
   view.OnEndPage();
-  if (!view.GetSettings().ErrorMessage.empty()) {
-    std::cerr << view.GetSettings().ErrorMessage << '\n';
+  if (const std::string errors = view.ErrorMessage(); !errors.empty()) {
+    std::cerr << errors << '\n';
     std::exit(1);
   }
 }
@@ -57,7 +54,7 @@ int main(int argc, char** argv) {
   Environment environment("en-US");
   for (long pages = std::atol(argv[3]); pages > 0; --pages) {
     RenderPage(environment, connection_string, query_string, sort);
-    if (open_per_page) dralo::database::CloseIdleConnections();
+    if (open_per_page) Environment::CloseIdleConnections();
   }
   return 0;
 }
