@@ -12,41 +12,28 @@ zend_class_entry* exception_class = nullptr;
 namespace {
 
 struct Failure {
-  enum class Kind { kException, kError, kTypeError, kValueError };
-  Kind kind = Kind::kError;
+  zend_class_entry* raised_class;
   std::string message;
   int number = 0;
-  std::string sqlstate;
-  std::string source;
+  std::string sqlstate = {};
+  std::string source = {};
 };
 
 // Static, so that a jump out of raising it leaks nothing.
 Failure failure;
 
-Failure::Kind KindOf(ScriptError::Kind kind) {
-  switch (kind) {
-    case ScriptError::Kind::kTypeError:
-      return Failure::Kind::kTypeError;
-    case ScriptError::Kind::kValueError:
-      return Failure::Kind::kValueError;
-    case ScriptError::Kind::kError:
-      break;
-  }
-  return Failure::Kind::kError;
-}
-
 Failure FailureBeingHandled() {
   try {
     throw;
   } catch (const platform::Error& error) {
-    return {Failure::Kind::kException, std::string(error.Description()), error.Number(), error.SqlState(),
+    return {exception_class, std::string(error.Description()), error.Number(), error.SqlState(),
             error.Source()};
   } catch (const ScriptError& error) {
-    return {KindOf(error.kind), error.message, 0, {}, {}};
+    return {error.raised_class, error.message};
   } catch (const std::exception& error) {
-    return {Failure::Kind::kError, error.what(), 0, {}, {}};
+    return {zend_ce_error, error.what()};
   } catch (...) {
-    return {Failure::Kind::kError, "Unknown error", 0, {}, {}};
+    return {zend_ce_error, "Unknown error"};
   }
 }
 
@@ -95,29 +82,19 @@ void RememberFailure() noexcept {
   try {
     failure = FailureBeingHandled();
   } catch (const std::bad_alloc&) {
-    failure.kind = Failure::Kind::kError;
+    failure.raised_class = zend_ce_error;
     failure.message.clear();
   }
 }
 
 void ThrowRememberedFailure() {
-  switch (failure.kind) {
-    case Failure::Kind::kException: {
-      zend_object* exception = zend_throw_exception(exception_class, failure.message.c_str(), failure.number);
-      SetText(exception, "sqlState", failure.sqlstate);
-      SetText(exception, "source", failure.source);
-      return;
-    }
-    case Failure::Kind::kError:
-      zend_throw_error(nullptr, "%s", failure.message.c_str());
-      return;
-    case Failure::Kind::kTypeError:
-      zend_type_error("%s", failure.message.c_str());
-      return;
-    case Failure::Kind::kValueError:
-      zend_value_error("%s", failure.message.c_str());
-      return;
+  if (failure.raised_class != exception_class) {
+    zend_throw_error(failure.raised_class, "%s", failure.message.c_str());
+    return;
   }
+  zend_object* exception = zend_throw_exception(exception_class, failure.message.c_str(), failure.number);
+  SetText(exception, "sqlState", failure.sqlstate);
+  SetText(exception, "source", failure.source);
 }
 
 }  // namespace dralo::php

@@ -8,8 +8,7 @@ namespace dralo::php {
 
 /// A mistake of the script, thrown in C++ and raised in the script as one of the engine's own errors.
 struct ScriptError {
-  enum class Kind { kError, kTypeError, kValueError };
-  Kind kind;
+  zend_class_entry* raised_class;  ///< Error or a class derived from it.
   std::string message;
 };
 

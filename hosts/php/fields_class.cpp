@@ -32,8 +32,7 @@ std::optional<std::size_t> PositionOf(std::span<platform::Field* const> fields, 
 std::optional<std::size_t> PositionOf(std::span<platform::Field* const> fields, const zval* offset) {
   if (Z_TYPE_P(offset) == IS_STRING) return PositionOf(fields, View(Z_STR_P(offset)));
   if (Z_TYPE_P(offset) != IS_LONG) {
-    throw ScriptError{ScriptError::Kind::kTypeError,
-                      "A field is found by its name or by its position from 0"};
+    throw ScriptError{zend_ce_type_error, "A field is found by its name or by its position from 0"};
   }
   const auto position = static_cast<zend_ulong>(Z_LVAL_P(offset));
   return position < fields.size() ? std::optional<std::size_t>(position) : std::nullopt;

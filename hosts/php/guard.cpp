@@ -53,7 +53,7 @@ class ChangeInProgress {
   explicit ChangeInProgress(Entry entry) : counts_(entry == Entry::kChanges) {
     if (!counts_) return;
     if (changes_in_progress > 0) {
-      throw ScriptError{ScriptError::Kind::kError,
+      throw ScriptError{zend_ce_error,
                         "Dralo objects cannot be used like this while one of them is writing the page"};
     }
     ++changes_in_progress;

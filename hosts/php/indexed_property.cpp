@@ -40,9 +40,9 @@ const BoundProperty& Bound(const platform::ObjectPtr& owner) {
 std::int16_t ToIndex(zend_long index, std::string_view property) {
   using Limits = std::numeric_limits<std::int16_t>;
   if (index >= Limits::min() && index <= Limits::max()) return static_cast<std::int16_t>(index);
-  throw ScriptError{ScriptError::Kind::kValueError, "The index of " + std::string(property) +
-                                                        " must be a column or field number, " +
-                                                        std::to_string(index) + " given"};
+  throw ScriptError{zend_ce_value_error, "The index of " + std::string(property) +
+                                             " must be a column or field number, " + std::to_string(index) +
+                                             " given"};
 }
 
 std::int16_t ToIndex(const zval* offset, std::string_view property) {
@@ -51,15 +51,14 @@ std::int16_t ToIndex(const zval* offset, std::string_view property) {
     index = Z_LVAL_P(offset);
   } else if (offset == nullptr || Z_TYPE_P(offset) != IS_STRING ||
              is_numeric_string(Z_STRVAL_P(offset), Z_STRLEN_P(offset), &index, nullptr, false) != IS_LONG) {
-    throw ScriptError{ScriptError::Kind::kTypeError,
-                      "The index of " + std::string(property) + " must be an int"};
+    throw ScriptError{zend_ce_type_error, "The index of " + std::string(property) + " must be an int"};
   }
   return ToIndex(index, property);
 }
 
 void Set(DbView& view, const component::IndexedProperty& row, std::int16_t index, std::string_view text) {
   if (row.set == nullptr) {
-    throw ScriptError{ScriptError::Kind::kError, std::string(row.name) + " is read-only"};
+    throw ScriptError{zend_ce_error, std::string(row.name) + " is read-only"};
   }
   row.set(view, index, text);
 }
@@ -78,8 +77,7 @@ void WriteAt(const platform::ObjectPtr& owner, const zval* offset, const zval* v
   const BoundProperty& bound = Bound(owner);
   const std::int16_t index = ToIndex(offset, bound.row.name);
   if (Z_TYPE_P(value) == IS_ARRAY) {
-    throw ScriptError{ScriptError::Kind::kTypeError,
-                      std::string(bound.row.name) + " must be a string, array given"};
+    throw ScriptError{zend_ce_type_error, std::string(bound.row.name) + " must be a string, array given"};
   }
   zend_string* text = nullptr;
   CallPhp([&] { text = zval_get_string(const_cast<zval*>(value)); });

@@ -38,7 +38,7 @@ zend_object* ObjectOf(const ScriptClass& script_class, const platform::ObjectPtr
 
 const platform::ObjectPtr& NativeOf(zend_object* object) {
   const auto& native = FromZend(object)->native;
-  if (!native) throw ScriptError{ScriptError::Kind::kError, "The page of this object has ended"};
+  if (!native) throw ScriptError{zend_ce_error, "The page of this object has ended"};
   return native;
 }
 

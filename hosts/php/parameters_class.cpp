@@ -15,10 +15,10 @@ std::vector<platform::Variant>& ParametersOf(const platform::ObjectPtr& owner) {
 
 std::size_t ToPosition(const zval* offset, std::size_t end) {
   if (Z_TYPE_P(offset) != IS_LONG) {
-    throw ScriptError{ScriptError::Kind::kTypeError, "The number of a parameter must be an int"};
+    throw ScriptError{zend_ce_type_error, "The number of a parameter must be an int"};
   }
   if (Z_LVAL_P(offset) < 0 || static_cast<zend_ulong>(Z_LVAL_P(offset)) >= end) {
-    throw ScriptError{ScriptError::Kind::kValueError,
+    throw ScriptError{zend_ce_value_error,
                       "There is no parameter number " + std::to_string(Z_LVAL_P(offset))};
   }
   return static_cast<std::size_t>(Z_LVAL_P(offset));

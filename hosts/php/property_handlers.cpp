@@ -33,9 +33,8 @@ bool Store(zend_object* object, const ScriptProperty& property, const zval* valu
     try {
       property.write(property, NativeOf(object), value);
     } catch (const std::invalid_argument& misfit) {
-      throw ScriptError{ScriptError::Kind::kTypeError, std::string(FromZend(object)->script_class->name) +
-                                                           "::$" + std::string(property.name) + " " +
-                                                           misfit.what()};
+      throw ScriptError{zend_ce_type_error, std::string(FromZend(object)->script_class->name) + "::$" +
+                                                std::string(property.name) + " " + misfit.what()};
     }
   });
 }

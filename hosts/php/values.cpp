@@ -45,7 +45,7 @@ std::string IsoText(const DateTime& time) {
 DateTime ToDateTime(zend_object* object) {
   const timelib_time* time = php_date_obj_from_obj(object)->time;
   if (time == nullptr || time->y < 1 || time->y > 9999) {
-    throw ScriptError{ScriptError::Kind::kValueError, "A date must be in the years 1 to 9999"};
+    throw ScriptError{zend_ce_value_error, "A date must be in the years 1 to 9999"};
   }
   return {.year = static_cast<std::int16_t>(time->y),
           .month = static_cast<std::uint8_t>(time->m),
@@ -101,7 +101,7 @@ platform::Variant ToVariant(const zval* value) {
       break;
   }
   throw ScriptError{
-      ScriptError::Kind::kTypeError,
+      zend_ce_type_error,
       std::string("A database value must be null, bool, int, float, string or DateTimeInterface, ") +
           zend_zval_type_name(value) + " given"};
 }
