@@ -70,7 +70,7 @@ class DbView final : public platform::Object {
 
   const settings::Settings& GetSettings() const { return settings_; }
   settings::Settings& MutableSettings() { return settings_; }
-  platform::Environment& GetEnvironment() const { return environment_; }
+  platform::Environment& GetEnvironment() { return environment_; }
 
  private:
   void ForgetFormerPage();
