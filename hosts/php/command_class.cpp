@@ -1,15 +1,9 @@
 #include "hosts/php/property_rows.h"
 
 namespace dralo::php {
-namespace {
-
-const zend_function_entry kMethods[] = {ZEND_FE_END};
-
-}  // namespace
 
 ScriptClass command_class = {
     .name = "Dralo\\Command",
-    .methods = kMethods,
     .identifier = "ADODB.Command",
 };
 

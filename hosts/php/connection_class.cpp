@@ -1,5 +1,4 @@
-#include "hosts/php/guard.h"
-#include "hosts/php/native_object.h"
+#include "hosts/php/plain_method.h"
 #include "hosts/php/property_rows.h"
 #include "hosts/php/statement_options.h"
 
@@ -46,11 +45,6 @@ void Execute(INTERNAL_FUNCTION_PARAMETERS) {
   if (executed && records_affected != nullptr) ZEND_TRY_ASSIGN_REF_LONG(records_affected, affected);
 }
 
-void Close(INTERNAL_FUNCTION_PARAMETERS) {
-  ZEND_PARSE_PARAMETERS_NONE();
-  EnterCpp(Entry::kChanges, [&] { NativeAs<Connection>(Z_OBJ_P(ZEND_THIS)).Close(); });
-}
-
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(open_arginfo, 0, 1, IS_VOID, 0)
 ZEND_ARG_TYPE_INFO(0, ConnectionString, IS_STRING, 0)
 ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, UserID, IS_STRING, 0, "\"\"")
@@ -64,13 +58,13 @@ ZEND_ARG_INFO_WITH_DEFAULT_VALUE(1, RecordsAffected, "null")
 ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, Options, IS_LONG, 0, "-1")
 ZEND_END_ARG_INFO()
 
-ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(close_arginfo, 0, 0, IS_VOID, 0)
-ZEND_END_ARG_INFO()
-
+// clang-format off
 const zend_function_entry kMethods[] = {
     SCRIPT_FUNCTION("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
-        SCRIPT_FUNCTION("Execute", Execute, execute_arginfo, ZEND_ACC_PUBLIC)
-            SCRIPT_FUNCTION("Close", Close, close_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
+    SCRIPT_FUNCTION("Execute", Execute, execute_arginfo, ZEND_ACC_PUBLIC)
+    PLAIN_METHOD(Connection, Close)
+    ZEND_FE_END};
+// clang-format on
 
 }  // namespace
 

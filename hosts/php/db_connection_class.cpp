@@ -7,13 +7,10 @@ namespace {
 
 using component::DBConnection;
 
-const zend_function_entry kMethods[] = {ZEND_FE_END};
-
 }  // namespace
 
 ScriptClass db_connection_class = {
     .name = "Dralo\\DBConnection",
-    .methods = kMethods,
     .identifier = "Dralo.DBConnection",
     .start_page =
         [](platform::Object& connection) {

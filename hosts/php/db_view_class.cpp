@@ -1,8 +1,7 @@
 #include "component/db_view.h"
-#include "hosts/php/guard.h"
 #include "hosts/php/indexed_property.h"
-#include "hosts/php/native_object.h"
 #include "hosts/php/page.h"
+#include "hosts/php/plain_method.h"
 #include "hosts/php/property_rows.h"
 #include "hosts/php/values.h"
 
@@ -10,11 +9,6 @@ namespace dralo::php {
 namespace {
 
 using component::DbView;
-
-void WriteHtmlTable(INTERNAL_FUNCTION_PARAMETERS) {
-  ZEND_PARSE_PARAMETERS_NONE();
-  EnterCpp(Entry::kChanges, [&] { NativeAs<DbView>(Z_OBJ_P(ZEND_THIS)).WriteHtmlTable(); });
-}
 
 void QHtmlTable(INTERNAL_FUNCTION_PARAMETERS) {
   zend_string* connection_string;
@@ -60,9 +54,6 @@ void EditLookupAsString(INTERNAL_FUNCTION_PARAMETERS) {
   });
 }
 
-ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(write_html_table_arginfo, 0, 0, IS_VOID, 0)
-ZEND_END_ARG_INFO()
-
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(q_html_table_arginfo, 0, 2, IS_VOID, 0)
 ZEND_ARG_TYPE_INFO(0, ConnectionString, IS_STRING, 0)
 ZEND_ARG_TYPE_INFO(0, TableName, IS_STRING, 0)
@@ -83,7 +74,7 @@ ZEND_END_ARG_INFO()
 
 // clang-format off
 const zend_function_entry kMethods[] = {
-    SCRIPT_FUNCTION("WriteHtmlTable", WriteHtmlTable, write_html_table_arginfo, ZEND_ACC_PUBLIC)
+    PLAIN_METHOD(DbView, WriteHtmlTable)
     SCRIPT_FUNCTION("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC)
     SCRIPT_FUNCTION("AddEditLookup", AddEditLookup, add_edit_lookup_arginfo, ZEND_ACC_PUBLIC)
     SCRIPT_FUNCTION("EditLookupAsString", EditLookupAsString, edit_lookup_as_string_arginfo, ZEND_ACC_PUBLIC)

@@ -5,8 +5,6 @@ namespace {
 
 using component::FieldReference;
 
-const zend_function_entry kMethods[] = {ZEND_FE_END};
-
 FieldReference& Reference(const platform::ObjectPtr& owner) { return static_cast<FieldReference&>(*owner); }
 
 void ReadValue(const ScriptProperty&, const platform::ObjectPtr& owner, zval* result) {
@@ -19,20 +17,17 @@ void WriteValue(const ScriptProperty&, const platform::ObjectPtr& owner, const z
 
 }  // namespace
 
-ScriptClass field_class = {.name = "Dralo\\Field", .methods = kMethods};
+ScriptClass field_class = {.name = "Dralo\\Field"};
 
 void RegisterField() {
   RegisterClass(field_class);
   DeclareRows<FieldReference>(field_class, component::FieldProperties());
   // Of any type: the table's types are none of it.
-  const ScriptProperty value{component::kFieldValueProperty.name,
-                             component::PropertyType::kObject,
-                             component::Access::kReadWrite,
-                             nullptr,
-                             ReadValue,
-                             WriteValue};
-  const zend_type any = ZEND_TYPE_INIT_MASK(MAY_BE_ANY);
-  DeclareProperty(field_class, value, any, component::kFieldValueProperty.doc);
+  const auto& value = component::kFieldValueProperty;
+  DeclareProperty(
+      field_class,
+      {.name = value.name, .type = component::PropertyType::kObject, .read = ReadValue, .write = WriteValue},
+      ZEND_TYPE_INIT_MASK(MAY_BE_ANY), value.doc);
 }
 
 }  // namespace dralo::php

@@ -25,7 +25,7 @@ class BoundProperty final : public platform::Object {
   BoundProperty(platform::ObjectPtr view, const component::IndexedProperty& bound_row)
       : row(bound_row), view_(std::move(view)) {}
 
-  DbView& View() const { return static_cast<DbView&>(*view_); }
+  DbView& View() { return static_cast<DbView&>(*view_); }
 
   const component::IndexedProperty& row;
 
@@ -33,9 +33,7 @@ class BoundProperty final : public platform::Object {
   platform::ObjectPtr view_;
 };
 
-const BoundProperty& Bound(const platform::ObjectPtr& owner) {
-  return static_cast<const BoundProperty&>(*owner);
-}
+BoundProperty& Bound(const platform::ObjectPtr& owner) { return static_cast<BoundProperty&>(*owner); }
 
 std::int16_t ToIndex(zend_long index, std::string_view property) {
   using Limits = std::numeric_limits<std::int16_t>;
@@ -69,12 +67,12 @@ void Get(DbView& view, const component::IndexedProperty& row, std::int16_t index
 }
 
 void ReadAt(const platform::ObjectPtr& owner, const zval* offset, zval* result) {
-  const BoundProperty& bound = Bound(owner);
+  BoundProperty& bound = Bound(owner);
   Get(bound.View(), bound.row, ToIndex(offset, bound.row.name), result);
 }
 
 void WriteAt(const platform::ObjectPtr& owner, const zval* offset, const zval* value) {
-  const BoundProperty& bound = Bound(owner);
+  BoundProperty& bound = Bound(owner);
   const std::int16_t index = ToIndex(offset, bound.row.name);
   if (Z_TYPE_P(value) == IS_ARRAY) {
     throw ScriptError{zend_ce_type_error, std::string(bound.row.name) + " must be a string, array given"};
@@ -87,13 +85,19 @@ void WriteAt(const platform::ObjectPtr& owner, const zval* offset, const zval* v
 }
 
 bool HasAt(const platform::ObjectPtr& owner, const zval* offset) {
-  const BoundProperty& bound = Bound(owner);
+  BoundProperty& bound = Bound(owner);
   const platform::Variant value = bound.row.get(bound.View(), ToIndex(offset, bound.row.name));
   const auto* text = std::get_if<std::string>(&value);
   return text == nullptr || !text->empty();
 }
 
 constexpr Entries kEntries{.read = ReadAt, .write = WriteAt, .has = HasAt};
+
+void PutBound(const ScriptProperty& property, const platform::ObjectPtr& owner, zval* result) {
+  const auto bound =
+      std::make_shared<BoundProperty>(owner, *static_cast<const component::IndexedProperty*>(property.row));
+  CallPhp([&] { ZVAL_OBJ(result, NewObject(*property.holds, bound)); });
+}
 
 const component::IndexedProperty& RowOf(const zend_function* method) {
   const std::string_view name = View(method->common.function_name);
@@ -152,19 +156,12 @@ void RegisterIndexedProperty() { RegisterClass(indexed_property_class); }
 
 void DeclareIndexedProperties(ScriptClass& view_class) {
   for (const auto& row : component::DbViewIndexedProperties()) {
-    ScriptProperty property{row.name,
-                            component::PropertyType::kObject,
-                            component::Access::kReadOnly,
-                            &row,
-                            nullptr,
-                            nullptr,
-                            &indexed_property_class,
-                            false};
-    property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
-      const auto bound =
-          std::make_shared<BoundProperty>(owner, *static_cast<const component::IndexedProperty*>(of.row));
-      CallPhp([&] { ZVAL_OBJ(result, NewObject(*of.holds, bound)); });
-    };
+    const ScriptProperty property{.name = row.name,
+                                  .type = component::PropertyType::kObject,
+                                  .row = &row,
+                                  .read = PutBound,
+                                  .holds = &indexed_property_class,
+                                  .is_shown = false};
     DeclareProperty(view_class, property, PhpType(indexed_property_class), row.doc);
     DeclareMethod(view_class, row);
   }

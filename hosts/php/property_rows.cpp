@@ -7,12 +7,11 @@ namespace dralo::php {
 
 void DeclareList(ScriptClass& script_class, const component::DescribedProperty& list,
                  const ScriptClass& list_class) {
-  ScriptProperty property{
-      list.name,  component::PropertyType::kObject, component::Access::kReadOnly, &list, nullptr, nullptr,
-      &list_class};
-  property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
-    PutObject(*of.holds, owner, result);
-  };
+  const ScriptProperty property{.name = list.name,
+                                .type = component::PropertyType::kObject,
+                                .read = [](const ScriptProperty& of, const platform::ObjectPtr& owner,
+                                           zval* result) { PutObject(*of.holds, owner, result); },
+                                .holds = &list_class};
   DeclareProperty(script_class, property, PhpType(list_class), list.doc);
 }
 

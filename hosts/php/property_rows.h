@@ -12,7 +12,7 @@ namespace dralo::php {
 template <class Owner, class Row>
 void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
   for (const Row& row : rows) {
-    ScriptProperty property{row.name, row.type, row.access, &row, nullptr, nullptr};
+    ScriptProperty property{.name = row.name, .type = row.type, .row = &row};
     if (row.get != nullptr) {
       property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
         PutPropertyValue(static_cast<const Row*>(of.row)->get(static_cast<Owner&>(*owner)), of.holds, result);

@@ -1,5 +1,4 @@
-#include "hosts/php/guard.h"
-#include "hosts/php/native_object.h"
+#include "hosts/php/plain_method.h"
 #include "hosts/php/property_rows.h"
 #include "hosts/php/statement_options.h"
 
@@ -59,13 +58,6 @@ void Open(INTERNAL_FUNCTION_PARAMETERS) {
   });
 }
 
-/// A method without arguments and result.
-template <void (Recordset::*Operation)()>
-void Do(INTERNAL_FUNCTION_PARAMETERS) {
-  ZEND_PARSE_PARAMETERS_NONE();
-  EnterCpp(Entry::kChanges, [&] { (NativeAs<Recordset>(Z_OBJ_P(ZEND_THIS)).*Operation)(); });
-}
-
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(open_arginfo, 0, 1, IS_VOID, 0)
 ZEND_ARG_OBJ_TYPE_MASK(0, Source, Dralo\\Command, MAY_BE_STRING, NULL)
 ZEND_ARG_OBJ_INFO_WITH_DEFAULT_VALUE(0, ActiveConnection, Dralo\\Connection, 1, "null")
@@ -74,16 +66,16 @@ ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, LockType, IS_LONG, 0, "1")
 ZEND_ARG_TYPE_INFO_WITH_DEFAULT_VALUE(0, Options, IS_LONG, 0, "-1")
 ZEND_END_ARG_INFO()
 
-ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(do_arginfo, 0, 0, IS_VOID, 0)
-ZEND_END_ARG_INFO()
-
+// clang-format off
 const zend_function_entry kMethods[] = {
     SCRIPT_FUNCTION("Open", Open, open_arginfo, ZEND_ACC_PUBLIC)
-        SCRIPT_FUNCTION("MoveNext", Do<&Recordset::MoveNext>, do_arginfo, ZEND_ACC_PUBLIC)
-            SCRIPT_FUNCTION("AddNew", Do<&Recordset::AddNew>, do_arginfo, ZEND_ACC_PUBLIC) SCRIPT_FUNCTION(
-                "Update", Do<&Recordset::Update>, do_arginfo, ZEND_ACC_PUBLIC)
-                SCRIPT_FUNCTION("CancelUpdate", Do<&Recordset::CancelUpdate>, do_arginfo, ZEND_ACC_PUBLIC)
-                    SCRIPT_FUNCTION("Close", Do<&Recordset::Close>, do_arginfo, ZEND_ACC_PUBLIC) ZEND_FE_END};
+    PLAIN_METHOD(Recordset, MoveNext)
+    PLAIN_METHOD(Recordset, AddNew)
+    PLAIN_METHOD(Recordset, Update)
+    PLAIN_METHOD(Recordset, CancelUpdate)
+    PLAIN_METHOD(Recordset, Close)
+    ZEND_FE_END};
+// clang-format on
 
 }  // namespace
 

@@ -18,15 +18,15 @@ struct ScriptClass;
 struct ScriptProperty {
   std::string_view name;
   component::PropertyType type;
-  component::Access access;
-  const void* row;  ///< The row it was made from.
+  const void* row = nullptr;  ///< The row it was made from.
 
   /// Puts the property's value into `result`; nullptr when the property is write-only.
-  void (*read)(const ScriptProperty& property, const platform::ObjectPtr& owner, zval* result);
+  void (*read)(const ScriptProperty& property, const platform::ObjectPtr& owner, zval* result) = nullptr;
 
   /// Sets the property to a value that has the property's PHP type; nullptr when the property is read-only.
   /// Throws std::invalid_argument when the value does not fit.
-  void (*write)(const ScriptProperty& property, const platform::ObjectPtr& owner, const zval* value);
+  void (*write)(const ScriptProperty& property, const platform::ObjectPtr& owner,
+                const zval* value) = nullptr;
 
   /// Of object properties: the class of the object.
   const ScriptClass* holds = nullptr;
@@ -57,7 +57,7 @@ struct Entries {
 /// A PHP class whose objects stand for a C++ object each. Lives as long as the process.
 struct ScriptClass {
   const char* name;  ///< Complete, such as "Dralo\DbView".
-  const zend_function_entry* methods;
+  const zend_function_entry* methods = nullptr;
 
   /// What CreateObject() and `new` ask the environment for; empty when scripts cannot create such objects.
   std::string_view identifier = {};
