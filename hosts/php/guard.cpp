@@ -1,12 +1,18 @@
 #include "hosts/php/guard.h"
 
+#include <optional>
+
 #include "hosts/php/engine.h"
 #include "hosts/php/errors.h"
 
 namespace dralo::php {
 namespace {
 
-enum class Outcome { kDone, kPending, kBail, kTimedOut, kEnded, kFailed };
+/// How a call into C++ ended: by an abort with a reason, by a failure that is remembered, or well.
+struct Outcome {
+  bool is_done = false;
+  std::optional<HostAbort::Reason> abort = std::nullopt;
+};
 
 // Calls into C++ that change something and have not returned.
 int changes_in_progress = 0;
@@ -34,20 +40,6 @@ bool MemoryIsExhausted() {
 
 bool SomethingIsPending() { return EG(exception) != nullptr || MemoryIsExhausted(); }
 
-Outcome OutcomeOf(HostAbort::Reason reason) {
-  switch (reason) {
-    case HostAbort::Reason::kBail:
-      return Outcome::kBail;
-    case HostAbort::Reason::kTimedOut:
-      return Outcome::kTimedOut;
-    case HostAbort::Reason::kEnded:
-      return Outcome::kEnded;
-    case HostAbort::Reason::kPending:
-      break;
-  }
-  return Outcome::kPending;
-}
-
 class ChangeInProgress {
  public:
   explicit ChangeInProgress(Entry entry) : counts_(entry == Entry::kChanges) {
@@ -72,12 +64,12 @@ class ChangeInProgress {
   try {
     const ChangeInProgress change(entry);
     body(context);
-    return Outcome::kDone;
+    return {.is_done = true};
   } catch (const HostAbort& abort) {
-    return OutcomeOf(abort.reason);
+    return {.abort = abort.reason};
   } catch (...) {
     RememberFailure();
-    return Outcome::kFailed;
+    return {};
   }
 }
 
@@ -93,21 +85,22 @@ void StopIfTimedOut() {
 }
 
 bool EnterCpp(Entry entry, void (*body)(void* context), void* context) {
-  switch (Run(entry, body, context)) {
-    case Outcome::kDone:
-      return true;
-    case Outcome::kPending:
-      return false;
-    case Outcome::kBail:
+  const Outcome outcome = Run(entry, body, context);
+  if (outcome.is_done) return true;
+  if (!outcome.abort) {
+    ThrowRememberedFailure();
+    return false;
+  }
+  switch (*outcome.abort) {
+    case HostAbort::Reason::kBail:
       zend_bailout();
-    case Outcome::kTimedOut:
+    case HostAbort::Reason::kTimedOut:
       zend_timeout();
-    case Outcome::kEnded:
+    case HostAbort::Reason::kEnded:
       zend_throw_unwind_exit();
-      return false;
-    case Outcome::kFailed:
-      ThrowRememberedFailure();
-      return false;
+      break;
+    case HostAbort::Reason::kPending:
+      break;
   }
   return false;
 }
