@@ -1,6 +1,8 @@
 #include "hosts/php/values.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
@@ -56,6 +58,23 @@ DateTime ToDateTime(zend_object* object) {
           .nanosecond = static_cast<std::uint32_t>(time->us) * 1000};
 }
 
+/// A bool, int or string; nothing for other values.
+template <class Value>
+std::optional<Value> ToScalar(const zval* value) {
+  switch (Z_TYPE_P(value)) {
+    case IS_FALSE:
+      return Value(false);
+    case IS_TRUE:
+      return Value(true);
+    case IS_LONG:
+      return Value(std::int64_t{Z_LVAL_P(value)});
+    case IS_STRING:
+      return Value(std::string(View(Z_STR_P(value))));
+    default:
+      return std::nullopt;
+  }
+}
+
 struct Putter {
   zval* result;
 
@@ -80,25 +99,11 @@ void PutText(std::string_view text, zval* result) {
 void PutVariant(const platform::VariantView& value, zval* result) { std::visit(Putter{result}, value); }
 
 platform::Variant ToVariant(const zval* value) {
-  switch (Z_TYPE_P(value)) {
-    case IS_NULL:
-      return platform::Null{};
-    case IS_FALSE:
-      return false;
-    case IS_TRUE:
-      return true;
-    case IS_LONG:
-      return std::int64_t{Z_LVAL_P(value)};
-    case IS_DOUBLE:
-      return Z_DVAL_P(value);
-    case IS_STRING:
-      return std::string(View(Z_STR_P(value)));
-    case IS_OBJECT:
-      if (instanceof_function(Z_OBJCE_P(value), php_date_get_interface_ce()))
-        return ToDateTime(Z_OBJ_P(value));
-      break;
-    default:
-      break;
+  if (auto scalar = ToScalar<platform::Variant>(value)) return *std::move(scalar);
+  if (Z_TYPE_P(value) == IS_NULL) return platform::Null{};
+  if (Z_TYPE_P(value) == IS_DOUBLE) return Z_DVAL_P(value);
+  if (Z_TYPE_P(value) == IS_OBJECT && instanceof_function(Z_OBJCE_P(value), php_date_get_interface_ce())) {
+    return ToDateTime(Z_OBJ_P(value));
   }
   throw ScriptError{
       zend_ce_type_error,
@@ -119,20 +124,8 @@ void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* 
 }
 
 component::PropertyValue ToPropertyValue(const zval* value) {
-  switch (Z_TYPE_P(value)) {
-    case IS_FALSE:
-      return false;
-    case IS_TRUE:
-      return true;
-    case IS_LONG:
-      return std::int64_t{Z_LVAL_P(value)};
-    case IS_STRING:
-      return std::string(View(Z_STR_P(value)));
-    case IS_OBJECT:
-      return NativeOf(Z_OBJ_P(value));
-    default:
-      return platform::ObjectPtr();
-  }
+  if (auto scalar = ToScalar<component::PropertyValue>(value)) return *std::move(scalar);
+  return Z_TYPE_P(value) == IS_OBJECT ? NativeOf(Z_OBJ_P(value)) : platform::ObjectPtr();
 }
 
 }  // namespace dralo::php
