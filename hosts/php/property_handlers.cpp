@@ -55,13 +55,10 @@ void RefuseRead(zend_object* object, zend_string* name, const ScriptProperty* pr
 }
 
 void RefuseWrite(zend_object* object, zend_string* name, const ScriptProperty* property) {
-  if (property != nullptr) {
-    zend_throw_error(nullptr, "Cannot modify read-only property %s::$%s", ZSTR_VAL(object->ce->name),
-                     ZSTR_VAL(property->info->name));
-  } else {
-    zend_throw_error(nullptr, "Cannot create dynamic property %s::$%s", ZSTR_VAL(object->ce->name),
-                     ZSTR_VAL(name));
-  }
+  zend_throw_error(nullptr,
+                   property == nullptr ? "Cannot create dynamic property %s::$%s"
+                                       : "Cannot modify read-only property %s::$%s",
+                   ZSTR_VAL(object->ce->name), ZSTR_VAL(property == nullptr ? name : property->info->name));
 }
 
 bool WouldBeModified(int type) { return type == BP_VAR_W || type == BP_VAR_RW || type == BP_VAR_UNSET; }
