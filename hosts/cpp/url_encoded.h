@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/request.h"
+#include "dralo/request.h"
 
 namespace dralo::host {
 

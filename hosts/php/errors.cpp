@@ -3,7 +3,7 @@
 #include <exception>
 #include <new>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::php {
 

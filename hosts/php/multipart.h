@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/request.h"
+#include "dralo/request.h"
 
 namespace dralo::php {
 

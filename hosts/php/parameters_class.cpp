@@ -1,10 +1,10 @@
 #include <string>
 
+#include "dralo/command.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/entry_handlers.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/values.h"
-#include "platform/command.h"
 
 namespace dralo::php {
 namespace {

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "database/objects.h"
+#include "dralo/error.h"
 #include "hosts/php/engine.h"
-#include "platform/error.h"
 #include "text/decimal.h"
 
 namespace dralo::php {

@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "component/property.h"
+#include "dralo/object.h"
 #include "hosts/php/engine.h"
 #include "hosts/php/guard.h"
-#include "platform/object.h"
 
 namespace dralo::php {
 

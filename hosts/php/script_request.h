@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/request.h"
+#include "dralo/request.h"
 
 namespace dralo::php {
 

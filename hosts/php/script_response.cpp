@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "dralo/error.h"
 #include "hosts/php/engine.h"
 #include "hosts/php/guard.h"
-#include "platform/error.h"
 
 namespace dralo::php {
 namespace {

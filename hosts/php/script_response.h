@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/response.h"
+#include "dralo/response.h"
 
 namespace dralo::php {
 

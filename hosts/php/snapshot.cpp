@@ -1,8 +1,8 @@
 #include "hosts/php/snapshot.h"
 
+#include "dralo/error.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
-#include "platform/error.h"
 
 namespace dralo::php {
 namespace {

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "component/property.h"
+#include "dralo/variant.h"
 #include "hosts/php/script_class.h"
-#include "platform/variant.h"
 
 namespace dralo::php {
 

@@ -1,6 +1,33 @@
 #pragma once
 
-#include "platform/page_context.h"
+#include <memory>
+
+#include "dralo/request.h"
+#include "dralo/response.h"
+
+namespace dralo::platform {
+
+/// What the component remembers of a page while its views are written one after the other.
+class PageMemory {
+ public:
+  virtual ~PageMemory() = default;
+};
+
+/// What the host hands over at page start. Lives until page end.
+class PageContext {
+ public:
+  virtual ~PageContext() = default;
+  virtual const Request& GetRequest() const = 0;
+  virtual Response& GetResponse() = 0;
+
+  /// The component's own, none at first; hosts need not care.
+  std::shared_ptr<PageMemory>& Memory() { return memory_; }
+
+ private:
+  std::shared_ptr<PageMemory> memory_;
+};
+
+}  // namespace dralo::platform
 
 namespace dralo {
 

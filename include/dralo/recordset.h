@@ -1,6 +1,108 @@
 #pragma once
 
-#include "platform/recordset.h"
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dralo/command.h"
+#include "dralo/connection.h"
+#include "dralo/field.h"
+#include "dralo/object.h"
+
+namespace dralo::platform {
+
+enum class CursorType : int { kUnspecified = -1, kForwardOnly = 0, kKeyset = 1, kDynamic = 2, kStatic = 3 };
+enum class LockType : int {
+  kUnspecified = -1,
+  kReadOnly = 1,
+  kPessimistic = 2,
+  kOptimistic = 3,
+  kBatchOptimistic = 4
+};
+enum class CursorLocation : int { kServer = 2, kClient = 3 };
+
+/// Whose old values must still be there when a row is written.
+enum class UpdateCriteria { kChangedColumns, kAllColumns };
+
+/// What tells a record from others where the fields hold no key that the database declares.
+struct RecordIdentity {
+  std::vector<std::string> fields = {};  ///< Names in any letter case; those of no field do not count.
+  std::string condition = "";            ///< On columns that are no fields, as it stands behind WHERE.
+};
+
+/// The rows of a query, read forward one at a time.
+/// Opening is lazy: the statement is checked by Open(), but no row is read before a row, a field or the end
+/// is asked for.
+class Recordset : public Object {
+ public:
+  /// The highest number of rows the recordset yields; 0 (the default) means all. Set before opening.
+  virtual void SetMaxRecords(std::int64_t rows) = 0;
+  virtual std::int64_t MaxRecords() const = 0;
+
+  /// kServer by default. Set before opening.
+  virtual void SetCursorLocation(CursorLocation location) = 0;
+  virtual CursorLocation Location() const = 0;
+
+  /// kChangedColumns by default, which lets somebody else change other columns meanwhile; with kAllColumns
+  /// one of two changes of a row always fails.
+  virtual void SetUpdateCriteria(UpdateCriteria criteria) = 0;
+
+  /// For Update(). Without a declared key the old values of all columns are compared in any case; this finds
+  /// the record faster, and more exactly where a key is not among the fields.
+  virtual void SetIdentity(RecordIdentity identity) = 0;
+
+  /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
+  /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the
+  /// columns come from one table. `options` is -1, or 1 when `sql` is a statement even if it
+  /// looks like a table name. Throws Error when the statement does not run, the options are others or the
+  /// recordset is open already.
+  virtual void Open(std::string_view sql, const std::shared_ptr<Connection>& connection,
+                    CursorType cursor = CursorType::kForwardOnly, LockType lock = LockType::kReadOnly,
+                    int options = -1) = 0;
+
+  /// Runs `command` on its active connection, with its parameters. Its type says what its text is, so the two
+  /// `options` mean the same.
+  virtual void Open(Command& command, CursorType cursor = CursorType::kForwardOnly,
+                    LockType lock = LockType::kReadOnly, int options = -1) = 0;
+
+  virtual bool IsOpen() const = 0;
+
+  /// Whether there is no current row because the last one was passed. False after AddNew().
+  virtual bool Eof() = 0;
+
+  /// Goes to the next row. Throws Error at the end.
+  virtual void MoveNext() = 0;
+
+  /// Passes over `rows` rows, or to the end when there are fewer. As the first move it may be left to the
+  /// database.
+  virtual void Move(std::int64_t rows) = 0;
+
+  /// The columns in the order of the query, the same objects until Close(). Valid at the end of the rows too.
+  virtual std::span<Field* const> Fields() = 0;
+
+  /// Starts a new row whose fields are Null.
+  virtual void AddNew() = 0;
+
+  /// Fields without a declared type take their types from the current row from now on, no longer from the
+  /// first.
+  virtual void TakeTypesOfRow() = 0;
+
+  /// Writes the new or changed row: exactly one row, whose old values must still be there; of which columns,
+  /// the update criteria say. On failure nothing
+  /// is changed in the database and the values set stay in the fields. Without a change nothing is written.
+  virtual void Update() = 0;
+
+  /// Forgets the new row, or the changes of the current one.
+  virtual void CancelUpdate() = 0;
+
+  /// Releases the statement and the connection. Closing a closed recordset does nothing.
+  virtual void Close() = 0;
+};
+
+}  // namespace dralo::platform
 
 namespace dralo {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "cells/text_pattern.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::cells {
 

@@ -1,6 +1,6 @@
 #include "cells/format_arguments.h"
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "state/request_number.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"

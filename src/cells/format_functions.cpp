@@ -9,7 +9,7 @@
 #include "cells/regexp_replace.h"
 #include "cells/standard_text.h"
 #include "cells/text_functions.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "settings/column_settings.h"
 #include "text/blanks.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "cells/cell_function.h"
-#include "platform/field.h"
+#include "dralo/field.h"
 #include "state/render.h"
 
 namespace dralo::cells {

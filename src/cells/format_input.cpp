@@ -4,7 +4,7 @@
 #include <exception>
 
 #include "cells/standard_text.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "platform/field_kind.h"
 #include "text/blanks.h"
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/field.h"
-#include "platform/variant.h"
+#include "dralo/field.h"
+#include "dralo/variant.h"
 #include "state/render.h"
 #include "text/blanks.h"
 

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "cells/record_template.h"
+#include "dralo/recordset.h"
 #include "html/html_writer.h"
-#include "platform/recordset.h"
 #include "state/render.h"
 
 namespace dralo::cells {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "dralo/recordset.h"
 #include "html/html_writer.h"
-#include "platform/recordset.h"
 #include "state/record_link.h"
 #include "state/render.h"
 

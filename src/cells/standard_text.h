@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/field.h"
+#include "dralo/field.h"
 #include "state/render.h"
 
 namespace dralo::cells {

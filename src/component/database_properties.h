@@ -5,9 +5,9 @@
 
 #include "component/field_reference.h"
 #include "component/property.h"
-#include "platform/command.h"
-#include "platform/connection.h"
-#include "platform/recordset.h"
+#include "dralo/command.h"
+#include "dralo/connection.h"
+#include "dralo/recordset.h"
 
 namespace dralo::component {
 

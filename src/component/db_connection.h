@@ -3,10 +3,10 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/connection.h"
+#include "dralo/connection.h"
+#include "dralo/page_context.h"
 #include "platform/environment.h"
 #include "platform/page_connection.h"
-#include "platform/page_context.h"
 
 namespace dralo::component {
 

@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "component/property.h"
+#include "dralo/object.h"
+#include "dralo/page_context.h"
+#include "dralo/variant.h"
 #include "platform/environment.h"
-#include "platform/object.h"
-#include "platform/page_context.h"
-#include "platform/variant.h"
 #include "settings/settings.h"
 #include "state/outcome.h"
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "platform/error.h"
-#include "platform/recordset.h"
+#include "dralo/error.h"
+#include "dralo/recordset.h"
 
 namespace dralo::component {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "dralo/property_owner.h"
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::component {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/field.h"
-#include "platform/type_code.h"
+#include "dralo/field.h"
+#include "dralo/type_code.h"
 
 namespace dralo::database {
 

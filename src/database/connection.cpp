@@ -5,7 +5,7 @@
 #include "database/recordset.h"
 #include "database/source_text.h"
 #include "database/transaction.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "database/session_pool.h"
-#include "platform/connection.h"
+#include "dralo/connection.h"
 #include "platform/formatting.h"
 
 namespace dralo::database {

@@ -1,6 +1,6 @@
 #include "database/connection_string.h"
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/white_space.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "database/column.h"
+#include "dralo/variant.h"
 #include "platform/formatting.h"
-#include "platform/variant.h"
 
 namespace dralo::database {
 

@@ -6,7 +6,7 @@
 
 #include "database/base_table.h"
 #include "database/column.h"
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::database {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "database/column.h"
-#include "platform/date_time.h"
+#include "dralo/date_time.h"
 
 namespace dralo::database {
 

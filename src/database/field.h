@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "platform/field.h"
+#include "dralo/field.h"
 
 namespace dralo::database {
 

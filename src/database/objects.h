@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <memory>
 
-#include "platform/connection.h"
+#include "dralo/connection.h"
+#include "dralo/recordset.h"
 #include "platform/formatting.h"
-#include "platform/recordset.h"
 
 namespace dralo::database {
 

@@ -2,7 +2,7 @@
 
 #include "database/odbc/provider.h"
 #include "database/sqlite/provider.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::database {

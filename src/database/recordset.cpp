@@ -6,7 +6,7 @@
 
 #include "database/conversion.h"
 #include "database/source_text.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database {
 

@@ -15,8 +15,8 @@
 #include "database/cursor.h"
 #include "database/field.h"
 #include "database/row_writer.h"
+#include "dralo/recordset.h"
 #include "platform/formatting.h"
-#include "platform/recordset.h"
 
 namespace dralo::database {
 

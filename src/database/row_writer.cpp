@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "database/transaction.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::database {

@@ -5,8 +5,8 @@
 
 #include "database/client_cursor.h"
 #include "database/session.h"
-#include "platform/recordset.h"
-#include "platform/variant.h"
+#include "dralo/recordset.h"
+#include "dralo/variant.h"
 
 namespace dralo::database {
 

@@ -12,7 +12,7 @@
 #include "database/column.h"
 #include "database/cursor.h"
 #include "database/query.h"
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::database {
 

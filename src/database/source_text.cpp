@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/white_space.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "database/session.h"
-#include "platform/command.h"
+#include "dralo/command.h"
 
 namespace dralo::database {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/page_context.h"
+#include "dralo/page_context.h"
 #include "state/render.h"
 
 namespace dralo::driver {

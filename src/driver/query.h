@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/render.h"
 
 namespace dralo::driver {

@@ -1,6 +1,6 @@
 #include "driver/record_count.h"
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/request_number.h"
 
 namespace dralo::driver {

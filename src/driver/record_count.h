@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/connection.h"
+#include "dralo/connection.h"
 #include "platform/environment.h"
 
 namespace dralo::driver {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/response.h"
+#include "dralo/response.h"
 #include "state/render.h"
 
 namespace dralo::driver {

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/field.h"
-#include "platform/variant.h"
+#include "dralo/field.h"
+#include "dralo/variant.h"
 #include "state/render.h"
 
 namespace dralo::editing {

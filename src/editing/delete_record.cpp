@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <exception>
 
+#include "dralo/error.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
-#include "platform/error.h"
 #include "settings/open_connection.h"
 
 namespace dralo::editing {

@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "dralo/field.h"
+#include "dralo/type_code.h"
 #include "editing/form_edit_field.h"
 #include "editing/query_schema.h"
 #include "html/html_writer.h"
-#include "platform/field.h"
-#include "platform/type_code.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "settings/language.h"

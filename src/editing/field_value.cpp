@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "dralo/type_code.h"
 #include "platform/field_kind.h"
-#include "platform/type_code.h"
 #include "text/blanks.h"
 #include "text/decimal.h"
 

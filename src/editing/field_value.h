@@ -3,9 +3,9 @@
 #include <string_view>
 #include <variant>
 
+#include "dralo/variant.h"
 #include "editing/query_schema.h"
 #include "platform/formatting.h"
-#include "platform/variant.h"
 
 namespace dralo::editing {
 

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <exception>
 
+#include "dralo/type_code.h"
 #include "editing/control_text.h"
 #include "editing/lookup_select.h"
 #include "html/control_markup.h"
 #include "platform/field_kind.h"
-#include "platform/type_code.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "text/blanks.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "dralo/field.h"
 #include "html/html_writer.h"
-#include "platform/field.h"
 #include "state/field_inputs.h"
 #include "state/render.h"
 

@@ -1,6 +1,6 @@
 #include "editing/key_condition.h"
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "platform/field_kind.h"
 
 namespace dralo::editing {

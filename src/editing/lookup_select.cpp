@@ -5,10 +5,10 @@
 #include <string>
 
 #include "cells/standard_text.h"
+#include "dralo/error.h"
+#include "dralo/recordset.h"
 #include "editing/control_text.h"
 #include "html/control_markup.h"
-#include "platform/error.h"
-#include "platform/recordset.h"
 #include "settings/open_connection.h"
 #include "text/list.h"
 

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <vector>
 
+#include "dralo/error.h"
 #include "editing/primary_keys.h"
 #include "editing/query_schema.h"
-#include "platform/error.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "dralo/recordset.h"
 #include "editing/query_schema.h"
-#include "platform/recordset.h"
 #include "state/render.h"
 
 namespace dralo::editing {

@@ -4,10 +4,10 @@
 #include <memory>
 #include <vector>
 
+#include "dralo/error.h"
 #include "editing/key_condition.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
-#include "platform/error.h"
 #include "settings/error_report.h"
 #include "settings/open_connection.h"
 #include "state/key_text.h"

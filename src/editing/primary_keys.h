@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/render.h"
 
 namespace dralo::editing {

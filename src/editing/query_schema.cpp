@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "platform/field_kind.h"
 #include "settings/open_connection.h"
 #include "text/blanks.h"

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/field.h"
-#include "platform/recordset.h"
-#include "platform/type_code.h"
+#include "dralo/field.h"
+#include "dralo/recordset.h"
+#include "dralo/type_code.h"
 #include "state/render.h"
 
 namespace dralo::editing {

@@ -8,14 +8,14 @@
 #include <string_view>
 #include <variant>
 
+#include "dralo/error.h"
+#include "dralo/recordset.h"
 #include "editing/control_text.h"
 #include "editing/field_value.h"
 #include "editing/new_key.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
-#include "platform/error.h"
 #include "platform/field_kind.h"
-#include "platform/recordset.h"
 #include "settings/field_lists.h"
 #include "settings/open_connection.h"
 #include "state/field_inputs.h"

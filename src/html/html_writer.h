@@ -11,7 +11,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "platform/response.h"
+#include "dralo/response.h"
 
 namespace dralo::html {
 

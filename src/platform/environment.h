@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/error.h"
-#include "platform/object.h"
+#include "dralo/error.h"
+#include "dralo/object.h"
 #include "platform/regexp.h"
 #include "platform/value_formatting.h"
 

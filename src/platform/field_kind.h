@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/type_code.h"
+#include "dralo/type_code.h"
 
 namespace dralo::platform {
 

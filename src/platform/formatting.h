@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
-#include "platform/variant.h"
+#include "dralo/date_time.h"
+#include "dralo/variant.h"
 
 namespace dralo::platform {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/connection.h"
-#include "platform/object.h"
+#include "dralo/connection.h"
+#include "dralo/object.h"
 
 namespace dralo::platform {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
+#include "dralo/date_time.h"
+#include "dralo/variant.h"
 #include "platform/formatting.h"
-#include "platform/variant.h"
 
 namespace dralo::platform {
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/spellings.h"
 #include "text/ascii.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/date_time.h"
+#include "dralo/date_time.h"
 
 namespace dralo::regional {
 

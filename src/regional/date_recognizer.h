@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/date_time.h"
+#include "dralo/date_time.h"
 #include "regional/date_order.h"
 #include "regional/locale_facts.h"
 #include "regional/time_recognizer.h"

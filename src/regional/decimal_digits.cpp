@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/decimal.h"
 
 namespace dralo::regional {

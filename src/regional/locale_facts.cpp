@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/pattern_run.h"
 #include "regional/spellings.h"
 #include "text/white_space.h"

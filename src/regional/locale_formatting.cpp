@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/boolean_words.h"
 #include "regional/calendar.h"
 #include "regional/date_pattern.h"

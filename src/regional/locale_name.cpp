@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::regional {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/variant.h"
+#include "dralo/variant.h"
 #include "regional/locale_facts.h"
 
 namespace dralo::regional {

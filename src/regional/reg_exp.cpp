@@ -9,7 +9,7 @@
 #include <span>
 #include <utility>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/replacement.h"
 #include "text/characters.h"
 #include "text/utf8.h"

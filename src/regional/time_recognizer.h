@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/date_time.h"
+#include "dralo/date_time.h"
 #include "regional/locale_facts.h"
 
 namespace dralo::regional {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/connection.h"
-#include "platform/error.h"
+#include "dralo/connection.h"
+#include "dralo/error.h"
 #include "settings/settings.h"
 
 namespace dralo::settings {

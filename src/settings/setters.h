@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "dralo/recordset.h"
 #include "platform/environment.h"
 #include "platform/page_connection.h"
-#include "platform/recordset.h"
 #include "settings/settings.h"
 
 /// The setters that do more than store their value. Effects happen at every assignment, equal value or not.

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/command.h"
+#include "dralo/command.h"
+#include "dralo/recordset.h"
 #include "platform/page_connection.h"
-#include "platform/recordset.h"
 #include "settings/column_store.h"
 #include "settings/language.h"
 #include "settings/lookup_list.h"

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "state/request_state.h"
 #include "text/ascii.h"
 #include "text/letter_case.h"

@@ -6,8 +6,8 @@
 #include <optional>
 #include <variant>
 
+#include "dralo/type_code.h"
 #include "platform/field_kind.h"
-#include "platform/type_code.h"
 #include "text/decimal.h"
 #include "text/iso_date.h"
 

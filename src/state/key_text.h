@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/field.h"
+#include "dralo/field.h"
+#include "dralo/variant.h"
 #include "platform/formatting.h"
-#include "platform/variant.h"
 
 namespace dralo::state {
 

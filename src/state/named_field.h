@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "platform/error.h"
-#include "platform/recordset.h"
+#include "dralo/error.h"
+#include "dralo/recordset.h"
 
 namespace dralo::state {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/variant.h"
+#include "dralo/variant.h"
 #include "state/posted_change.h"
 
 namespace dralo::state {

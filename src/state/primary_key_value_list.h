@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "dralo/recordset.h"
 #include "html/html_writer.h"
-#include "platform/recordset.h"
 #include "state/render.h"
 
 namespace dralo::state {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "dralo/recordset.h"
 #include "html/html_writer.h"
-#include "platform/recordset.h"
 #include "state/primary_key_value_list.h"
 #include "state/render.h"
 

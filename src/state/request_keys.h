@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "dralo/request.h"
 #include "html/html_writer.h"
-#include "platform/request.h"
 
 namespace dralo::state {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/decimal.h"
 
 namespace dralo::state {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "dralo/variant.h"
 #include "platform/formatting.h"
-#include "platform/variant.h"
 
 namespace dralo::state {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date_time.h"
+#include "dralo/date_time.h"
 
 /// Dates and times in the form of ISO 8601, which is the same under all regional settings.
 namespace dralo::text {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/error.h"
-#include "platform/variant.h"
+#include "dralo/error.h"
+#include "dralo/variant.h"
 
 namespace dralo::views {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/render.h"
 
 namespace dralo::views {

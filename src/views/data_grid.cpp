@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "cells/free_format.h"
+#include "dralo/error.h"
 #include "html/html_writer.h"
-#include "platform/error.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "state/record_link.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/render.h"
 #include "views/shown_column.h"
 

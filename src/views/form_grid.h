@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/render.h"
 
 namespace dralo::views {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/recordset.h"
+#include "dralo/recordset.h"
 #include "state/render.h"
 #include "views/shown_column.h"
 

@@ -6,9 +6,9 @@
 
 #include "cells/format_functions.h"
 #include "cells/free_format.h"
+#include "dralo/field.h"
+#include "dralo/recordset.h"
 #include "html/html_writer.h"
-#include "platform/field.h"
-#include "platform/recordset.h"
 #include "state/render.h"
 
 namespace dralo::views {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "data/shorthand.h"
-#include "platform/command.h"
+#include "dralo/command.h"
 
 namespace dralo::tests {
 

@@ -14,7 +14,7 @@
 
 #include "data/new_database.h"
 #include "data/shorthand.h"
-#include "platform/type_code.h"
+#include "dralo/type_code.h"
 
 namespace dralo::tests {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/type_code.h"
+#include "dralo/type_code.h"
 
 namespace dralo::tests {
 

@@ -9,7 +9,7 @@
 
 #include "data/show.h"
 #include "database/objects.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::tests {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::tests {
 

@@ -3,12 +3,12 @@
 #include "component/db_connection.h"
 #include "component/db_view.h"
 #include "component/property.h"
+#include "dralo/command.h"
+#include "dralo/connection.h"
 #include "dralo/page.h"
+#include "dralo/page_context.h"
+#include "dralo/recordset.h"
 #include "hosts/cpp/environment.h"
-#include "platform/command.h"
-#include "platform/connection.h"
-#include "platform/page_context.h"
-#include "platform/recordset.h"
 #include "support/fake_page.h"
 
 /// The product as a host sees it: the only place of this folder that names its namespaces and headers.

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/page_context.h"
+#include "dralo/page_context.h"
 
 namespace dralo::tests {
 

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/error.h"
-#include "platform/recordset.h"
+#include "dralo/error.h"
+#include "dralo/recordset.h"
 
 namespace dralo::tests {
 

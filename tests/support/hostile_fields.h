@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/request.h"
+#include "dralo/request.h"
 
 namespace dralo::tests {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/connection.h"
-#include "platform/recordset.h"
+#include "dralo/connection.h"
+#include "dralo/recordset.h"
 #include "support/regional_environment.h"
 #include "support/temporary_database.h"
 

@@ -6,7 +6,7 @@
 
 #include "database/date_text.h"
 #include "database/odbc/wide_text.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "database/odbc/link.h"
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::database::odbc {
 

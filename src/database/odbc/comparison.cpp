@@ -1,6 +1,6 @@
 #include "database/odbc/comparison.h"
 
-#include "platform/type_code.h"
+#include "dralo/type_code.h"
 
 namespace dralo::database::odbc {
 

@@ -7,7 +7,7 @@
 
 #include "database/odbc/base_table.h"
 #include "database/statement_text.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/white_space.h"
 
 namespace dralo::database::odbc {

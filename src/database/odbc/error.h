@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -12,7 +12,7 @@
 #include "database/odbc/error.h"
 #include "database/odbc/wide_text.h"
 #include "database/process_id.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -16,7 +16,7 @@
 #include "database/odbc/handle.h"
 #include "database/odbc/options.h"
 #include "database/odbc/socket_watch.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
 #include "text/white_space.h"

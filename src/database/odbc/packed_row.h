@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "database/odbc/reader.h"
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::database::odbc {
 

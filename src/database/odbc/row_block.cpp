@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -10,7 +10,7 @@
 
 #include "database/odbc/link.h"
 #include "database/odbc/reader.h"
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::database::odbc {
 

@@ -7,7 +7,7 @@
 #include "database/odbc/error.h"
 #include "database/odbc/row_packing.h"
 #include "database/statement_text.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

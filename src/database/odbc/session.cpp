@@ -10,7 +10,7 @@
 #include "database/odbc/cursor.h"
 #include "database/odbc/quote.h"
 #include "database/odbc/short_cursor.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::database::odbc {

@@ -13,7 +13,7 @@
 #include "database/odbc/statement_cache.h"
 #include "database/odbc/statement_kind.h"
 #include "database/session.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

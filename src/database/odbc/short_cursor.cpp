@@ -10,7 +10,7 @@
 #include "database/odbc/error.h"
 #include "database/odbc/page_statement.h"
 #include "database/odbc/row_packing.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -9,7 +9,7 @@
 #include "database/sqlite/plan.h"
 #include "database/sqlite/quote.h"
 #include "database/sqlite/row_number.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::database::sqlite {

@@ -4,7 +4,7 @@
 
 #include <span>
 
-#include "platform/variant.h"
+#include "dralo/variant.h"
 
 namespace dralo::database::sqlite {
 

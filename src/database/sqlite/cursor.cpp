@@ -7,7 +7,7 @@
 #include "database/sqlite/binding.h"
 #include "database/sqlite/error.h"
 #include "database/sqlite/session.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::sqlite {
 

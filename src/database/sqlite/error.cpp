@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::sqlite {
 

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
 

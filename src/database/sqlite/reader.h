@@ -2,8 +2,8 @@
 
 #include <sqlite3.h>
 
-#include "platform/type_code.h"
-#include "platform/variant.h"
+#include "dralo/type_code.h"
+#include "dralo/variant.h"
 
 namespace dralo::database::sqlite {
 

@@ -9,7 +9,7 @@
 #include "database/sqlite/cursor.h"
 #include "database/sqlite/error.h"
 #include "database/sqlite/quote.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "text/ascii.h"
 
 namespace dralo::database::sqlite {

@@ -7,7 +7,7 @@
 #include "database/sqlite/error.h"
 #include "database/sqlite/plan.h"
 #include "database/statement_text.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::sqlite {
 

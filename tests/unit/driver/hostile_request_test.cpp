@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "support/hostile_fields.h"
 #include "support/html_elements.h"
 #include "support/items.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "support/items.h"
 
 namespace dralo::driver {

@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "component/db_connection.h"
+#include "dralo/command.h"
+#include "dralo/error.h"
 #include "dralo/page.h"
-#include "platform/command.h"
-#include "platform/error.h"
 #include "support/items.h"
 
 namespace dralo::driver {

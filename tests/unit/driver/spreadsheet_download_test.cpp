@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "dralo/command.h"
+#include "dralo/error.h"
 #include "dralo/page.h"
-#include "platform/command.h"
-#include "platform/error.h"
 #include "support/items.h"
 
 namespace dralo::driver {

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "dralo/error.h"
 #include "editing/control_text.h"
-#include "platform/error.h"
 #include "support/fake_records.h"
 #include "support/records.h"
 #include "support/rendering.h"

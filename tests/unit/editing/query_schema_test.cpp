@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "unit/editing/edited_view.h"
 
 namespace dralo::tests {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "dralo/recordset.h"
 #include "platform/environment.h"
-#include "platform/recordset.h"
 #include "support/regional_environment.h"
 #include "text/letter_case.h"
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "dralo/error.h"
 #include "dralo/page.h"
-#include "platform/error.h"
 #include "state/hidden_state.h"
 #include "state/page_fields.h"
 #include "state/request_number.h"

@@ -6,9 +6,9 @@
 
 #include "component/db_connection.h"
 #include "component/db_view.h"
-#include "platform/command.h"
-#include "platform/connection.h"
-#include "platform/recordset.h"
+#include "dralo/command.h"
+#include "dralo/connection.h"
+#include "dralo/recordset.h"
 
 namespace dralo::host {
 namespace {

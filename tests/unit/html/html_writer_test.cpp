@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/response.h"
+#include "dralo/response.h"
 
 namespace dralo::html {
 namespace {

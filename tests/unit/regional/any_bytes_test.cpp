@@ -3,7 +3,7 @@
 #include <random>
 #include <span>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/locale_formatting.h"
 #include "regional/reg_exp.h"
 

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <random>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/locale_formatting.h"
 
 namespace dralo::regional {

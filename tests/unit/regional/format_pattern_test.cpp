@@ -3,7 +3,7 @@
 #include <random>
 #include <string>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/locale_formatting.h"
 
 namespace dralo::regional {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::regional {
 namespace {

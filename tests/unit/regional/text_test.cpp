@@ -6,7 +6,7 @@
 #include <limits>
 #include <random>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/locale_formatting.h"
 
 namespace dralo::regional {

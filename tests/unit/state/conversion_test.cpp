@@ -5,7 +5,7 @@
 #include <limits>
 #include <string>
 
-#include "platform/error.h"
+#include "dralo/error.h"
 #include "regional/locale_formatting.h"
 
 namespace dralo::state {

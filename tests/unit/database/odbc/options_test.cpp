@@ -9,7 +9,7 @@
 
 #include "data/shorthand.h"
 #include "database/odbc/error.h"
-#include "platform/error.h"
+#include "dralo/error.h"
 
 namespace dralo::database::odbc {
 

@@ -1,6 +1,6 @@
 #include <map>
 
-#include "platform/type_code.h"
+#include "dralo/type_code.h"
 #include "unit/database/sqlite/sqlite_file.h"
 
 namespace dralo::tests {
