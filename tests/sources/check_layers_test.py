@@ -32,7 +32,7 @@ class CheckLayers(unittest.TestCase):
     def test_refuses_a_library_outside_its_folder(self):
         status, output = check({"src/cells/a.cpp": "#include <sqlite3.h>"})
         self.assertEqual(status, 1)
-        self.assertIn("only src/database may use SQLite", output)
+        self.assertIn("only src/database/sqlite may use SQLite", output)
 
     def test_keeps_the_two_parts_of_icu_in_a_folder_each(self):
         status, output = check({"src/regional/a.cpp": "#include <unicode/uchar.h>", "src/text/b.cpp": "#include <unicode/uloc.h>"})
@@ -49,6 +49,23 @@ class CheckLayers(unittest.TestCase):
     def test_refuses_files_that_include_each_other(self):
         status, output = check({"src/text/a.h": '#include "text/b.h"', "src/text/b.h": '#include "text/a.h"'})
         self.assertEqual((status, output), (1, "circle: src/text/a.h -> src/text/b.h -> src/text/a.h\n"))
+
+    def test_refuses_targets_that_link_up_the_layers(self):
+        status, output = check({"src/text/CMakeLists.txt": "dralo_folder(text dralo_views)",
+                                "src/views/CMakeLists.txt": "dralo_folder(views dralo_cells)"})
+        self.assertEqual((status, output), (1, "src/text/CMakeLists.txt: src/text may not link src/views\n"))
+
+    def test_refuses_targets_that_link_each_other(self):
+        status, output = check({"src/text/CMakeLists.txt": "dralo_folder(text dralo_html)",
+                                "src/html/CMakeLists.txt": "dralo_folder(html dralo_text)"})
+        self.assertEqual(status, 1)
+        self.assertIn("circle: src/html -> src/text -> src/html", output)
+
+    def test_refuses_a_document_that_tells_other_arrows(self):
+        table = (CHECKER.parent.parent / "docs/architecture.md").read_text(encoding="utf-8")
+        self.assertEqual(check({"docs/architecture.md": table}), (0, "0 files keep to their layers\n"))
+        wrong = table.replace("| `src/html` | ", "| `src/html_writer` | ")
+        self.assertEqual(check({"docs/architecture.md": wrong})[0], 1)
 
     def test_refuses_a_folder_that_is_in_no_layer(self):
         status, output = check({"src/manager/a.h": ""})
