@@ -24,8 +24,8 @@ void ClientCursor::Load() {
   is_loaded_ = true;
 }
 
-void ClientCursor::Verify() {
-  if (!is_loaded_) cursor_->Verify();
+void ClientCursor::FixColumns() {
+  if (!is_loaded_) cursor_->FixColumns();
 }
 
 bool ClientCursor::Skip(std::int64_t rows) { return !is_loaded_ && cursor_->Skip(rows); }

@@ -29,7 +29,7 @@ class ClientCursor final : public Cursor {
   void Load();
 
   std::shared_ptr<const Columns> GetColumns() const override { return cursor_->GetColumns(); }
-  void Verify() override;
+  void FixColumns() override;
   platform::TypeCode Type(std::size_t column) const override { return cursor_->Type(column); }
   bool ChangesData() const override { return cursor_->ChangesData(); }
   bool Skip(std::int64_t rows) override;

@@ -247,7 +247,7 @@ void Recordset::LearnColumns() {
 
 void Recordset::VerifyColumns() {
   if (position_ != Position::kBeforeFirst) return;
-  cursor_->Verify();
+  cursor_->FixColumns();
   columns_ = cursor_->GetColumns();
 }
 

@@ -7,7 +7,7 @@
 
 namespace dralo::state {
 
-/// The page size that the request asks for, else the property's; below 1 it is 20.
+/// The page size that the request asks for, else `page_size`; below 1 it is 20.
 /// Throws platform::Error when the request's is no 16-bit number.
 std::int16_t RequestedPageSize(std::int16_t page_size, const RequestKeys& keys,
                                const platform::Formatting& formatting);
@@ -16,8 +16,8 @@ std::int16_t RequestedPageSize(std::int16_t page_size, const RequestKeys& keys,
 /// page is a grid or shows more than one record.
 bool ShowsRecordsPerPageSelect(const Render& render);
 
-/// Takes page size, count, record number, SQL, view and order from the request into the settings and
-/// `render`. Throws platform::Error when a number of the request is none.
+/// Takes page size, count, record number, SQL, view and order from the request into `render.view`. Throws
+/// platform::Error when a number of the request is none.
 void ReadRequestState(Render& render);
 
 /// Moves render.view.current_record as the paging button that was pressed says, and sets

@@ -32,6 +32,25 @@ Kind IntegerKind(const DriverType& type, TypeCode with_sign, TypeCode without_si
   return {type.is_unsigned ? without_sign : with_sign, Reading::kInteger};
 }
 
+Kind TextOrBytesKind(SQLSMALLINT type) {
+  switch (type) {
+    case SQL_CHAR:
+    case SQL_WCHAR:
+      return {TypeCode::kWideChar, Reading::kText};
+    case SQL_LONGVARCHAR:
+    case SQL_WLONGVARCHAR:
+      return {TypeCode::kLongVarWideChar, Reading::kText};
+    case SQL_BINARY:
+      return {TypeCode::kBinary, Reading::kBytes};
+    case SQL_VARBINARY:
+      return {TypeCode::kVarBinary, Reading::kBytes};
+    case SQL_LONGVARBINARY:
+      return {TypeCode::kLongVarBinary, Reading::kBytes};
+    default:
+      return {TypeCode::kVarWideChar, Reading::kText};
+  }
+}
+
 Kind KindOf(const DriverType& type, Dialect dialect) {
   const bool has_text_dates = dialect == Dialect::kPostgreSql || dialect == Dialect::kSqlite;
   switch (type.type) {
@@ -63,20 +82,8 @@ Kind KindOf(const DriverType& type, Dialect dialect) {
       return {TypeCode::kDbTimestamp, has_text_dates ? Reading::kDateText : Reading::kTimestamp};
     case SQL_GUID:
       return {TypeCode::kGuid, dialect == Dialect::kPostgreSql ? Reading::kSmallLetters : Reading::kText};
-    case SQL_CHAR:
-    case SQL_WCHAR:
-      return {TypeCode::kWideChar, Reading::kText};
-    case SQL_LONGVARCHAR:
-    case SQL_WLONGVARCHAR:
-      return {TypeCode::kLongVarWideChar, Reading::kText};
-    case SQL_BINARY:
-      return {TypeCode::kBinary, Reading::kBytes};
-    case SQL_VARBINARY:
-      return {TypeCode::kVarBinary, Reading::kBytes};
-    case SQL_LONGVARBINARY:
-      return {TypeCode::kLongVarBinary, Reading::kBytes};
     default:
-      return {TypeCode::kVarWideChar, Reading::kText};
+      return TextOrBytesKind(type.type);
   }
 }
 

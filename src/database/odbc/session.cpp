@@ -215,7 +215,7 @@ void Session::RunDeferred() noexcept {
   const std::vector<database::Cursor*> cursors = std::exchange(deferred_, {});
   for (database::Cursor* const cursor : cursors) {
     try {
-      cursor->Verify();
+      cursor->FixColumns();
     } catch (const std::exception&) {
       continue;
     }

@@ -181,7 +181,7 @@ void ShortCursor::Start() {
   session_.Undefer(*this);
 }
 
-void ShortCursor::Verify() {
+void ShortCursor::FixColumns() {
   if (state_ == State::kKnown) Start();
 }
 

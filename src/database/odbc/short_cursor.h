@@ -33,7 +33,7 @@ class ShortCursor final : public database::Cursor {
   std::shared_ptr<const Columns> GetColumns() const override {
     return long_cursor_ ? long_cursor_->GetColumns() : known_->description.columns;
   }
-  void Verify() override;
+  void FixColumns() override;
   platform::TypeCode Type(std::size_t column) const override { return (*GetColumns())[column].type; }
   bool ChangesData() const override { return false; }
   bool Skip(std::int64_t rows) override;

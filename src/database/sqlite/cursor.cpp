@@ -63,7 +63,7 @@ Cursor::~Cursor() {
 
 /// SQLite notices that tables were changed when a statement starts; a limit of no rows makes it start without
 /// reading any.
-void Cursor::Verify() {
+void Cursor::FixColumns() {
   if (was_stepped_) return;
   if (statement_->GetForm() == Form::kLimited) {
     StartWithoutRows(session_.Handle(), *statement_);

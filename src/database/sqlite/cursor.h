@@ -20,7 +20,7 @@ class Cursor final : public database::Cursor {
   ~Cursor() override;
 
   std::shared_ptr<const Columns> GetColumns() const override { return statement_->Describe().columns; }
-  void Verify() override;
+  void FixColumns() override;
   platform::TypeCode Type(std::size_t column) const override;
   void TakeTypes() override;
   bool ChangesData() const override;

@@ -95,7 +95,7 @@ TEST(LastPage, OfASuppliedRecordsetWhoseCountIsUnknownIsThePageItself) {
   EXPECT_EQ(page.ErrorMessage(), "");
 }
 
-TEST(Bookmark, MovesAFormButNotAGrid) {
+TEST(Bookmark, DoesNotMoveAGrid) {
   ItemsPage page(45);
   page.Ask("BookMark", "27");
   EXPECT_EQ(page.Shown(), Range(1, 20));
