@@ -4,6 +4,7 @@
 
 #include "component/db_connection.h"
 #include "dralo/page.h"
+#include "support/contains.h"
 #include "support/view_page.h"
 
 namespace dralo::driver {
@@ -54,8 +55,6 @@ struct Pages : ::testing::Test {
   std::string Names() const { return database.Value("SELECT group_concat(Name) FROM T"); }
 };
 
-bool Has(const std::string& body, std::string_view text) { return body.find(text) != body.npos; }
-
 using OnePostedChange = Pages;
 
 TEST_F(OnePostedChange, IsCarriedOutOnceByAViewThatIsWrittenTwice) {
@@ -74,7 +73,7 @@ TEST_F(OnePostedChange, IsCarriedOutOnceByTwoViewsOfOneTagWhichBothTellOfIt) {
   const auto second = View(page);
   const std::string html = Written(page, *first);
   EXPECT_NE(first->LatestOutcome().status_message, "");
-  EXPECT_TRUE(Has(html, first->LatestOutcome().status_message));
+  EXPECT_TRUE(tests::Contains(html, first->LatestOutcome().status_message));
   EXPECT_EQ(Written(page, *second), html);
   EXPECT_EQ(Names(), "Ada,Bo,Cy,Di");
 }
@@ -94,7 +93,7 @@ TEST_F(OnePostedChange, ThatFailedComesBackAsTheFormEveryTime) {
   dralo::Page page("/p", "", "Morvu1_Form_City=Narvik&" + std::string(kInsert));
   const auto first = View(page);
   const std::string html = Written(page, *first);
-  EXPECT_TRUE(Has(html, R"(value="Narvik")"));
+  EXPECT_TRUE(tests::Contains(html, R"(value="Narvik")"));
   EXPECT_EQ(Written(page, *first), html);
   const auto second = View(page);
   EXPECT_EQ(Written(page, *second), html);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "dralo/error.h"
+#include "support/contains.h"
 #include "support/items.h"
 
 namespace dralo::driver {
@@ -11,8 +12,6 @@ namespace {
 using ::testing::Test;
 using tests::ItemsPage;
 using tests::Range;
-
-bool Contains(std::string_view body, std::string_view literal) { return body.find(literal) != body.npos; }
 
 /// Whether the literals stand in the body in this order.
 bool ContainsInOrder(std::string_view body, std::initializer_list<std::string_view> literals) {
@@ -42,30 +41,31 @@ TEST_F(Frame, BeginsWithTwoLineBreaksACommentOnOneLineAndTwoMore) {
 
 TEST_F(Frame, PutsTheWidthOfAGridOnTheOuterTableWithABlankBehindIt) {
   Set("Width", "50%");
-  EXPECT_TRUE(Contains(Render(), R"(<table border="0" cellspacing="0" cellpadding="0" width="50%" >)"));
+  EXPECT_TRUE(
+      tests::Contains(Render(), R"(<table border="0" cellspacing="0" cellpadding="0" width="50%" >)"));
 }
 
 TEST_F(Frame, IgnoresTheWidthInAFormView) {
   Set("Width", "50%");
   Set("DisplayType", "form");
-  EXPECT_TRUE(Contains(Render(), "<table border=\"0\" cellspacing=\"0\" cellpadding=\"0\">\r\n"));
+  EXPECT_TRUE(tests::Contains(Render(), "<table border=\"0\" cellspacing=\"0\" cellpadding=\"0\">\r\n"));
 }
 
 TEST_F(Frame, HasAFormThatPostsToThePageItself) {
-  EXPECT_TRUE(
-      Contains(Render(), R"(<form name="FormDraloGrid1" id="FormDraloGrid1" action="/p" method="post">)"));
+  EXPECT_TRUE(tests::Contains(
+      Render(), R"(<form name="FormDraloGrid1" id="FormDraloGrid1" action="/p" method="post">)"));
 }
 
 TEST_F(Frame, NamesTheFormByTheTag) {
   Set("Tag", "7");
-  EXPECT_TRUE(
-      Contains(Render(), R"(<form name="FormDraloGrid7" id="FormDraloGrid7" action="/p" method="post">)"));
+  EXPECT_TRUE(tests::Contains(
+      Render(), R"(<form name="FormDraloGrid7" id="FormDraloGrid7" action="/p" method="post">)"));
 }
 
 TEST_F(Frame, HasAHeaderRowAlsoWhenNothingStandsInIt) {
-  EXPECT_TRUE(Contains(Render(), R"(<tr><td width="100%" class="DRLOTableHeader"></td></tr>)"));
+  EXPECT_TRUE(tests::Contains(Render(), R"(<tr><td width="100%" class="DRLOTableHeader"></td></tr>)"));
   Set("UseCSS", false);
-  EXPECT_TRUE(Contains(Render(), R"(<tr><td width="100%"></td></tr>)"));
+  EXPECT_TRUE(tests::Contains(Render(), R"(<tr><td width="100%"></td></tr>)"));
 }
 
 TEST_F(Frame, OpensTheGridTableWithTheNumberOfDisplayedColumns) {
@@ -74,14 +74,15 @@ TEST_F(Frame, OpensTheGridTableWithTheNumberOfDisplayedColumns) {
                  "</table></td></tr>"}));
   Set("UseCSS", false);
   Set("GridFieldsHide", "Name");
-  EXPECT_TRUE(Contains(Render(), R"(<table width="100%" cols="2">)"));
+  EXPECT_TRUE(tests::Contains(Render(), R"(<table width="100%" cols="2">)"));
 }
 
 TEST_F(Frame, PutsTheAttributesThatThePageSetOnTheGridTable) {
   Set("GridTableTag", R"(summary="Items")");
-  EXPECT_TRUE(Contains(Render(), R"(<table width="100%" class="DRLOTable" cols="3" summary="Items">)"));
+  EXPECT_TRUE(
+      tests::Contains(Render(), R"(<table width="100%" class="DRLOTable" cols="3" summary="Items">)"));
   Set("TableTag", R"(border="1" cellspacing="2")");
-  EXPECT_TRUE(Contains(
+  EXPECT_TRUE(tests::Contains(
       Render(),
       R"(<table width="100%" class="DRLOTable" cols="3" border="1" cellspacing="2" summary="Items">)"));
 }
@@ -90,12 +91,14 @@ TEST_F(Frame, EndsWithTheFormAndTheOuterTable) { EXPECT_TRUE(Render().ends_with(
 
 TEST_F(Frame, WritesTheFooterTextInARowOfItsOwn) {
   Set("FooterText", "<i>Prices</i>");
-  EXPECT_TRUE(Contains(Render(), R"(<tr><td class="DRLOTableInfoFooter"><i>Prices</i></td></tr>)"));
+  EXPECT_TRUE(tests::Contains(Render(), R"(<tr><td class="DRLOTableInfoFooter"><i>Prices</i></td></tr>)"));
   Set("UseCSS", false);
-  EXPECT_TRUE(Contains(Render(), "<tr><td><i>Prices</i></td></tr>"));
+  EXPECT_TRUE(tests::Contains(Render(), "<tr><td><i>Prices</i></td></tr>"));
 }
 
-TEST_F(Frame, WritesNoFooterRowWithoutAText) { EXPECT_FALSE(Contains(Render(), "DRLOTableInfoFooter")); }
+TEST_F(Frame, WritesNoFooterRowWithoutAText) {
+  EXPECT_FALSE(tests::Contains(Render(), "DRLOTableInfoFooter"));
+}
 
 TEST_F(Frame, StandsInTheFixedOrder) {
   Set("EditOptions", "ADD");
@@ -115,18 +118,18 @@ TEST_F(Frame, PutsTheSelectAtTheBottomBelowTheBar) {
   const std::string body = Render();
   EXPECT_TRUE(ContainsInOrder(body, {"class=\"DRLOTableNavBar\"", "<tr><td class=\"DRLOTableFooter\">\r\n",
                                      "<select", "</td></tr>\r\n</form>"}));
-  EXPECT_TRUE(Contains(body, R"(class="DRLOTableHeader"></td></tr>)"));
+  EXPECT_TRUE(tests::Contains(body, R"(class="DRLOTableHeader"></td></tr>)"));
 }
 
 TEST_F(Frame, HasNoBarWhenItIsSwitchedOff) {
   Set("DisplayNavBar", "none");
-  EXPECT_FALSE(Contains(Render(), "DRLOTableNavBar"));
+  EXPECT_FALSE(tests::Contains(Render(), "DRLOTableNavBar"));
 }
 
 TEST_F(Frame, HasNoBarAtTheTopWhileTheCountIsUnknown) {
   Set("DisplayNavBar", "top");
   Set("CountRecords", false);
-  EXPECT_FALSE(Contains(Render(), "DRLOTableNavBar"));
+  EXPECT_FALSE(tests::Contains(Render(), "DRLOTableNavBar"));
 }
 
 TEST_F(Frame, HasTheRowsInTheBarAtTheTop) {
@@ -140,7 +143,7 @@ TEST_F(AddButton, LeadsToTheAddFormAndKeepsTheOrder) {
   Set("EditOptions", "ADD");
   Set("OrderByFields", "Name");
   Set("OrderByDesc", true);
-  EXPECT_TRUE(Contains(
+  EXPECT_TRUE(tests::Contains(
       Render(),
       R"(<tr><td width="100%"><table width="100%" cellspacing=0 cellpadding=0><tr><td colspan=2 class="DraloEditBtnBar">)"
       R"(<input class="DraloInputBtn" Value="Add" type="button" onclick="window.location='/p?Morvu1FormDisplay=formOneRec)"
@@ -151,7 +154,7 @@ TEST_F(AddButton, LeadsToTheAddFormAndKeepsTheOrder) {
 TEST_F(AddButton, HasNoClassesWithoutCss) {
   Set("EditOptions", "ADD");
   Set("UseCSS", false);
-  EXPECT_TRUE(Contains(
+  EXPECT_TRUE(tests::Contains(
       Render(), R"(<tr><td width="100%"><table width="100%" cellspacing=0 cellpadding=0><tr><td colspan=2>)"
                 R"(<input Value="Add" type="button" onclick="window.location='/p?)"));
 }
@@ -159,12 +162,12 @@ TEST_F(AddButton, HasNoClassesWithoutCss) {
 TEST_F(AddButton, SpeaksTheLanguageOfTheView) {
   Set("EditOptions", "ADD");
   Set("Language", "NOR");
-  EXPECT_TRUE(Contains(Render(), R"(Value="Ny")"));
+  EXPECT_TRUE(tests::Contains(Render(), R"(Value="Ny")"));
 }
 
 TEST_F(AddButton, IsMissingWithoutThePermission) {
   Set("EditOptions", "UPDATE");
-  EXPECT_FALSE(Contains(Render(), "type=\"button\""));
+  EXPECT_FALSE(tests::Contains(Render(), "type=\"button\""));
 }
 
 using Debug = RenderTest;
@@ -173,7 +176,7 @@ TEST_F(Debug, ShowsTheFinalStatementAboveTheGrid) {
   Set("DisplayDebug", true);
   Set("OrderByFields", "Name");
   Set("OrderByDesc", true);
-  EXPECT_TRUE(Contains(
+  EXPECT_TRUE(tests::Contains(
       Render(),
       R"(<tr><td style="padding:4px;background-color:white;color:black;border:solid 1px black" )"
       R"(class="DRLOTableHeader">SELECT * FROM Items ORDER BY Name DESC </td></tr><tr><td>&nbsp;</td></tr>)"));
@@ -182,14 +185,14 @@ TEST_F(Debug, ShowsTheFinalStatementAboveTheGrid) {
 TEST_F(Debug, HasNoClassWithoutCss) {
   Set("DisplayDebug", true);
   Set("UseCSS", false);
-  EXPECT_TRUE(Contains(
+  EXPECT_TRUE(tests::Contains(
       Render(), R"(<tr><td style="padding:4px;background-color:white;color:black;border:solid 1px black">)"));
 }
 
 TEST_F(Debug, NeverShowsHowTheDatabaseIsAskedForOnePage) {
   Set("DisplayDebug", true);
   page.Ask("CurrRecord", "2");
-  EXPECT_FALSE(Contains(Render(), "LIMIT"));
+  EXPECT_FALSE(tests::Contains(Render(), "LIMIT"));
 }
 
 using Failure = RenderTest;
@@ -214,7 +217,7 @@ TEST_F(Failure, IsAppendedToWhatWentWrongBefore) {
   Set("LangUpdString", "a");
   Set("sql", "SELECT * FROM Missing");
   Render();
-  EXPECT_TRUE(Contains(page.ErrorMessage(), "is 3!<br>no such table: Missing in WriteHTMLTable.<br>"));
+  EXPECT_TRUE(tests::Contains(page.ErrorMessage(), "is 3!<br>no such table: Missing in WriteHTMLTable.<br>"));
 }
 
 TEST_F(Failure, OfTheResponseIsReportedAndLeavesNoStatementOpen) {
@@ -229,7 +232,7 @@ TEST_F(Failure, InTheMiddleOfALongPageLeavesNoStatementOpen) {
   page.database.Run("INSERT INTO Items SELECT ID+3, printf('%.9000c','x') FROM Items");
   page.page.on_write = [] { throw std::runtime_error("The visitor is gone"); };
   page.view.WriteHtmlTable();
-  EXPECT_TRUE(Contains(page.ErrorMessage(), "The visitor is gone"));
+  EXPECT_TRUE(tests::Contains(page.ErrorMessage(), "The visitor is gone"));
   page.database.Run("BEGIN EXCLUSIVE; DELETE FROM Items; COMMIT");
   EXPECT_EQ(page.database.Value("SELECT COUNT(*) FROM Items"), "0");
 }

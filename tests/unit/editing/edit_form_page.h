@@ -10,6 +10,7 @@
 #include "editing/form_edit_field.h"
 #include "settings/setters.h"
 #include "state/current_mode.h"
+#include "support/contains.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -72,7 +73,5 @@ inline std::string_view Part(std::string_view text, std::string_view from, std::
   const std::size_t end = start == text.npos ? start : text.find(to, start + from.size());
   return end == text.npos ? std::string_view() : text.substr(start, end + to.size() - start);
 }
-
-inline bool Contains(std::string_view text, std::string_view part) { return text.find(part) != text.npos; }
 
 }  // namespace dralo::tests

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/expect_html.h"
 #include "support/fake_records.h"
 #include "support/records.h"
 #include "unit/editing/edit_form_page.h"
@@ -24,7 +25,7 @@ TEST(EditForm, HasARowOfButtonsAndARowForEveryField) {
   EditFormPage form;
   const Records people(kPeople);
 
-  EXPECT_EQ(form.Form(*people), Lines(R"(
+  EXPECT_HTML(form.Form(*people), Lines(R"(
       <tr><td><table width="100%" cellspacing=0 cellpadding=0>
       <tr><td colspan=2 class="DraloEditBtnBar"><input type="hidden" name="Morvu1FormEdit" value="1"><input type="hidden" name="Morvu1FormInsert" value=""><input class="DraloInputBtn" type="submit" onclick="FormDraloGrid1.Morvu1FormEdit.value=''" name="Morvu1FormUpdate" value="Save">&nbsp;<input class="DraloInputBtn" type="submit" name="Morvu1FormView" value="Close"></td></tr>
       </table></td></tr>
@@ -48,7 +49,7 @@ TEST(EditForm, HasNoClassesWhenThePageWantsNone) {
   settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   const Records people(kPeople);
 
-  EXPECT_EQ(form.Form(*people), Lines(R"(
+  EXPECT_HTML(form.Form(*people), Lines(R"(
       <tr><td><table width="100%" cellspacing=0 cellpadding=0>
       <tr><td colspan=2><input type="hidden" name="Morvu1FormEdit" value="1"><input type="hidden" name="Morvu1FormInsert" value=""><input type="submit" onclick="FormDraloGrid1.Morvu1FormEdit.value=''" name="Morvu1FormUpdate" value="Save">&nbsp;<input type="submit" name="Morvu1FormView" value="Close">&nbsp;<input type="submit" name="Morvu1FormAdd" value="Add">&nbsp;<input type="submit" onclick="FormDraloGrid1.Morvu1FormEdit.value='';" name="Morvu1FormDelete" value="Delete"></td></tr>
       </table></td></tr>
@@ -183,7 +184,7 @@ TEST(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
   form.outcome.status_message = "&nbsp;[Record deleted]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID=0");
 
-  EXPECT_EQ(form.Form(*nobody), Lines(R"(
+  EXPECT_HTML(form.Form(*nobody), Lines(R"(
       <tr><td><table width="100%" cellspacing=0 cellpadding=0>
       <tr><td colspan=2 class="DraloEditBtnBar">&nbsp;<input class="DraloInputBtn" type="submit" name="Morvu1FormAdd" value="Add">&nbsp;[Record deleted]</td></tr>
       </table></td></tr>

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/expect_html.h"
 #include "support/rendering.h"
 #include "unit/editing/edited_view.h"
 
@@ -35,7 +36,7 @@ TEST(LookupSelect, ListsTheTableInTheOrderOfTheLookup) {
   EditedView view(kTables);
   const Select select = SelectOf(view, "City,Cities,ID,Name,Name,0", "");
   EXPECT_TRUE(select.is_written);
-  EXPECT_EQ(select.html, Lines(R"(
+  EXPECT_HTML(select.html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  value="1">Alta
     <option  value="2">Bergen
@@ -46,7 +47,7 @@ TEST(LookupSelect, ListsTheTableInTheOrderOfTheLookup) {
 
 TEST(LookupSelect, SelectsTheCurrentValue) {
   EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,ID,Name,Name,0", "1").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,Cities,ID,Name,Name,0", "1").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  selected  value="1">Alta
     <option  value="2">Bergen
@@ -56,7 +57,7 @@ TEST(LookupSelect, SelectsTheCurrentValue) {
 
 TEST(LookupSelect, OffersAnEmptyChoiceFirstWhereNullsAreAllowed) {
   EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,ID,Name,Name,1", "").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,Cities,ID,Name,Name,1", "").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option value=''>
     <option  value="1">Alta
@@ -72,7 +73,7 @@ TEST(LookupSelect, SelectsNothingForNullWhereNullsAreNotAllowed) {
 
 TEST(LookupSelect, LeavesTheOrderToTheDatabaseWithoutAnOrder) {
   EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,ID,Name,,0", "").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,Cities,ID,Name,,0", "").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  value="2">Bergen
     <option  value="1">Alta
@@ -82,7 +83,7 @@ TEST(LookupSelect, LeavesTheOrderToTheDatabaseWithoutAnOrder) {
 
 TEST(LookupSelect, ComparesTextsInTheirLetterCase) {
   EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,Code,Name,Name,0", "b").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,Cities,Code,Name,Name,0", "b").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  value="B">Alta
     <option  selected  value="b">Bergen
@@ -92,7 +93,7 @@ TEST(LookupSelect, ComparesTextsInTheirLetterCase) {
 
 TEST(LookupSelect, SelectsEveryRowOfTheCurrentValue) {
   EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,7,Name,Name,0", "7").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,Cities,7,Name,Name,0", "7").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  selected  value="7">Alta
     <option  selected  value="7">Bergen
@@ -117,7 +118,7 @@ TEST(LookupSelect, ReplacesDoubleQuotesInValuesOnly) {
 
 TEST(LookupSelect, KeepsValuesThatLookLikeCharacterReferences) {
   EditedView view("CREATE TABLE L (A, B); INSERT INTO L VALUES ('a&lt;b', '&lt;')");
-  EXPECT_EQ(SelectOf(view, "City,L,A,B,,0", "a&lt;b").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "a&lt;b").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  selected  value="a&amp;lt;b">&lt;
     </select>
@@ -126,7 +127,7 @@ TEST(LookupSelect, KeepsValuesThatLookLikeCharacterReferences) {
 
 TEST(LookupSelect, WritesNullsAsNothing) {
   EditedView view("CREATE TABLE L (A, B); INSERT INTO L VALUES (NULL, NULL), (1, NULL)");
-  EXPECT_EQ(SelectOf(view, "City,L,A,B,,0", "1").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "1").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  value="">
     <option  selected  value="1">
@@ -136,7 +137,7 @@ TEST(LookupSelect, WritesNullsAsNothing) {
 
 TEST(LookupSelect, WritesValuesInTheTextOfControls) {
   EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,Size,Since,ID DESC,0", "1.5").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,Cities,Size,Since,ID DESC,0", "1.5").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  selected  value="1.5">2/3/2001
     <option  value="2">
@@ -147,7 +148,7 @@ TEST(LookupSelect, WritesValuesInTheTextOfControls) {
 TEST(LookupSelect, IgnoresTheMemoLimit) {
   EditedView view("CREATE TABLE L (A TEXT, B TEXT); INSERT INTO L VALUES ('abcdef', 'ghijkl')");
   view.Settings().MemoFieldLimit = 2;
-  EXPECT_EQ(SelectOf(view, "City,L,A,B,,0", "abcdef").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "abcdef").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     <option  selected  value="abcdef">ghijkl
     </select>
@@ -156,7 +157,7 @@ TEST(LookupSelect, IgnoresTheMemoLimit) {
 
 TEST(LookupSelect, IsEmptyForAnEmptyTable) {
   EditedView view("CREATE TABLE L (A, B)");
-  EXPECT_EQ(SelectOf(view, "City,L,A,B,,0", "1").html, Lines(R"(
+  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "1").html, Lines(R"(
     <select id="Morvu1_Form_City" name="Morvu1_Form_City">
     </select>
   )"));

@@ -6,6 +6,7 @@
 #include "component/db_view.h"
 #include "dralo/page.h"
 #include "editing/primary_keys.h"
+#include "support/contains.h"
 #include "unit/editing/edited_view.h"
 
 /// Booleans are shown in the regional language; what is posted and stored knows nothing of it.
@@ -43,14 +44,12 @@ struct GermanPage {
   }
 };
 
-bool Has(const std::string& body, std::string_view text) { return body.find(text) != body.npos; }
-
 TEST(RegionalBooleans, AreShownInTheLanguage) {
   GermanPage page;
   const std::string body = page.Body("");
-  EXPECT_TRUE(Has(body, ">Wahr</td>"));
-  EXPECT_TRUE(Has(body, ">Falsch</td>"));
-  EXPECT_FALSE(Has(body, "True"));
+  EXPECT_TRUE(Contains(body, ">Wahr</td>"));
+  EXPECT_TRUE(Contains(body, ">Falsch</td>"));
+  EXPECT_FALSE(Contains(body, "True"));
 }
 
 TEST(RegionalBooleans, HaveTheirTextInTheFormsWhateverTheLanguage) {
@@ -60,13 +59,13 @@ TEST(RegionalBooleans, HaveTheirTextInTheFormsWhateverTheLanguage) {
   };
   const std::string body =
       page.Body("Morvu1FormDisplay=formOneRec&Morvu1PK=1&Morvu1FormEdit=1", "", read_only);
-  EXPECT_TRUE(Has(body, R"(name="Morvu1_Form_Active" checked >)"));
-  EXPECT_TRUE(Has(body, R"(<input type="hidden" name="Morvu1_Form_Active" value="True">)"));
+  EXPECT_TRUE(Contains(body, R"(name="Morvu1_Form_Active" checked >)"));
+  EXPECT_TRUE(Contains(body, R"(<input type="hidden" name="Morvu1_Form_Active" value="True">)"));
   const std::string failed =
       page.Body("Morvu1FormDisplay=formOneRec",
                 "Morvu1FormUpdate=Save&Morvu1PK=1&Morvu1_Form_ID=1&Morvu1_Form_Name=&Morvu1_Form_Active=True",
                 read_only);
-  EXPECT_TRUE(Has(failed, R"(name="Morvu1_Form_Active" checked >)"));
+  EXPECT_TRUE(Contains(failed, R"(name="Morvu1_Form_Active" checked >)"));
 }
 
 TEST(RegionalBooleans, ThatAreUntouchedAreNotWritten) {
@@ -84,7 +83,8 @@ TEST(RegionalBooleans, AreOfferedAndChosenInListsByTheirText) {
   const std::string body = page.Body(
       "Morvu1FormDisplay=formOneRec&Morvu1PK=1&Morvu1FormEdit=1", "",
       [](component::DbView& view) { view.AddEditLookup("Active", "Choices", "V", "Name", "", false); });
-  EXPECT_TRUE(Has(body, "<option  selected  value=\"True\">Wahr\r\n<option  value=\"False\">Falsch\r\n"));
+  EXPECT_TRUE(
+      Contains(body, "<option  selected  value=\"True\">Wahr\r\n<option  value=\"False\">Falsch\r\n"));
 }
 
 TEST(RegionalBooleans, AreKeysWhateverTheLanguage) {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/contains.h"
 #include "support/rendering.h"
 
 namespace dralo::state {
@@ -22,8 +23,6 @@ struct Form : tests::Rendering {
     });
   }
 };
-
-bool Has(std::string_view html, std::string_view part) { return html.find(part) != html.npos; }
 
 TEST(HiddenState, IsWrittenInAFixedOrder) {
   Form form;
@@ -63,15 +62,15 @@ TEST(HiddenState, AsksForTheCountOnlyWhenRecordsAreCounted) {
   Form form;
   form.settings.CountRecords = false;
 
-  EXPECT_FALSE(Has(form.Html(), "CountRecords"));
+  EXPECT_FALSE(tests::Contains(form.Html(), "CountRecords"));
 }
 
 TEST(HiddenState, BearsTheTagOfItsView) {
   Form form;
   form.settings.Tag = "2";
 
-  EXPECT_TRUE(Has(form.Html(), "name=\"Morvu2CurrRecord\""));
-  EXPECT_FALSE(Has(form.Html(), "Morvu1"));
+  EXPECT_TRUE(tests::Contains(form.Html(), "name=\"Morvu2CurrRecord\""));
+  EXPECT_FALSE(tests::Contains(form.Html(), "Morvu1"));
 }
 
 TEST(HiddenState, WritesTheStatementAsItStands) {
@@ -79,8 +78,8 @@ TEST(HiddenState, WritesTheStatementAsItStands) {
   form.settings.PersistentSQL = true;
   form.settings.sql = "SELECT \"Name\" FROM Orders WHERE City='Bergen'";
 
-  EXPECT_TRUE(
-      Has(form.Html(), "name=\"Morvu1SQL\" value=\"SELECT \"Name\" FROM Orders WHERE City='Bergen'\">"));
+  EXPECT_TRUE(tests::Contains(
+      form.Html(), "name=\"Morvu1SQL\" value=\"SELECT \"Name\" FROM Orders WHERE City='Bergen'\">"));
 }
 
 TEST(HiddenState, KeepsTextsOfTheVisitorInsideTheirAttributes) {
@@ -90,15 +89,15 @@ TEST(HiddenState, KeepsTextsOfTheVisitorInsideTheirAttributes) {
 
   const std::string html = form.Html();
 
-  EXPECT_TRUE(Has(html, "name=\"Morvu1FormDisplay\" value=\"x&quot;><script>\">\r\n"));
-  EXPECT_TRUE(Has(html, "name=\"Morvu1OrderByFields\" value=\"&quot;Name&quot;\">\r\n"));
+  EXPECT_TRUE(tests::Contains(html, "name=\"Morvu1FormDisplay\" value=\"x&quot;><script>\">\r\n"));
+  EXPECT_TRUE(tests::Contains(html, "name=\"Morvu1OrderByFields\" value=\"&quot;Name&quot;\">\r\n"));
 }
 
 TEST(HiddenState, WritesTheOrderEmptyWhenItAscendsBecauseAnyTextWouldDescend) {
   Form form;
   form.settings.OrderByFields = "2";
 
-  EXPECT_TRUE(Has(form.Html(), "name=\"Morvu1OrderByDesc\" value=\"\">\r\n"));
+  EXPECT_TRUE(tests::Contains(form.Html(), "name=\"Morvu1OrderByDesc\" value=\"\">\r\n"));
 }
 
 TEST(HiddenState, CarriesThePageSizeOfTheGridInTheOneRecordView) {
@@ -107,8 +106,8 @@ TEST(HiddenState, CarriesThePageSizeOfTheGridInTheOneRecordView) {
   form.records_on_page = 1;
   form.current_record = 27;
 
-  EXPECT_TRUE(Has(form.Html(), "name=\"Morvu1CurrRecord\" value=\"27\">\r\n"));
-  EXPECT_TRUE(Has(form.Html(), "name=\"Morvu1maxrecords\" value=\"20\">\r\n"));
+  EXPECT_TRUE(tests::Contains(form.Html(), "name=\"Morvu1CurrRecord\" value=\"27\">\r\n"));
+  EXPECT_TRUE(tests::Contains(form.Html(), "name=\"Morvu1maxrecords\" value=\"20\">\r\n"));
 }
 
 struct SizeCase {
@@ -128,7 +127,7 @@ TEST_P(PageSize, IsHiddenExactlyWhenNoSelectCarriesIt) {
   form.mode = GetParam().form_view ? Mode::kFormView : Mode::kGrid;
   form.records_on_page = GetParam().records_on_page;
 
-  EXPECT_EQ(Has(form.Html(), "maxrecords"), GetParam().hidden_size);
+  EXPECT_EQ(tests::Contains(form.Html(), "maxrecords"), GetParam().hidden_size);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -145,7 +144,7 @@ TEST(HiddenState, LeavesThePostedFormOutWhenThePageSaysSo) {
   form.page.form = {{"Search", "sild"}};
   form.page.query = {{"Menu", "3"}};
 
-  EXPECT_FALSE(Has(form.Html(), "Search"));
+  EXPECT_FALSE(tests::Contains(form.Html(), "Search"));
   EXPECT_TRUE(form.Html().ends_with("<input type=\"hidden\" name=\"Menu\" value=\"3\">\r\n"));
 }
 
@@ -159,7 +158,7 @@ TEST(HiddenState, StandsBeforeTheRepeatedKeysOfALongTagSoThatItIsReadFirst) {
 
   EXPECT_LT(html.find("name=\"Morvu12CurrRecord\" value=\"41\""),
             html.find("name=\"Morvu12CurrRecord\" value=\"21\""));
-  EXPECT_TRUE(Has(html, "name=\"Morvu12CurrRecord\" value=\"21\""));
+  EXPECT_TRUE(tests::Contains(html, "name=\"Morvu12CurrRecord\" value=\"21\""));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "settings/column_settings.h"
+#include "support/expect_html.h"
 #include "support/grid_rows.h"
 
 namespace dralo::tests {
@@ -26,16 +27,16 @@ TEST(DataGrid, LinksTheRowNumberByDefault) {
   view.current_record = 21;
   const Records people(kLinkedPeople);
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd"><a class="DRLOTable" href=")" +
-                                      RecordUrl(21) +
-                                      R"(">21</a></td>
+                                        RecordUrl(21) +
+                                        R"(">21</a></td>
       <td id="drl1cell_1_2"class="DRLOTableTDodd">Ann</td>
       </tr>
       <tr id="drl1row_2"class="DRLOTableTReven">
       <td id="drl1cell_2_0"class="DRLOTableTDeven"><a class="DRLOTable" href=")" +
-                                      RecordUrl(22) + R"(">22</a></td>
+                                        RecordUrl(22) + R"(">22</a></td>
       <td id="drl1cell_2_2"class="DRLOTableTDeven">&nbsp;</td>
       </tr>
       )"));
@@ -51,12 +52,12 @@ TEST(DataGrid, LinksTheStandardTextOfTheLinkColumn) {
   std::string url = RecordUrl(1);
   url.replace(url.find("maxrecords=20"), 13, "maxrecords=1");
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd">1</td>
       <td id="drl1cell_1_2"class="DRLOTableTDodd"><a class="DRLOTable" href=")" +
-                                      url +
-                                      R"(">Ann</a></td>
+                                        url +
+                                        R"(">Ann</a></td>
       </tr>
       )"));
 }
@@ -67,20 +68,20 @@ TEST(DataGrid, LinksHaveNoClassWithoutCSS) {
   view.settings.GridLinkIndex = 1;
   const Records records = Column("INTEGER", {"7"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_1" align="right"><a href=")" +
-                                       RecordUrl(1) + R"(">7</a></td>
+                                         RecordUrl(1) + R"(">7</a></td>
       </tr>
       )"));
 
   const Records again = Column("INTEGER", {"7"});
   view.settings.GridDisplayIndex = true;
   view.settings.GridLinkIndex = 0;
-  EXPECT_EQ(view.Grid(*again), Lines(R"(
+  EXPECT_HTML(view.Grid(*again), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_0"><a href=")" +
-                                     RecordUrl(1) + R"(">1</a></td>
+                                       RecordUrl(1) + R"(">1</a></td>
       <td id="drl1cell_1_1" align="right">7</td>
       </tr>
       )"));
@@ -123,16 +124,16 @@ TEST(DataGrid, KeepsLinksAndTemplatesOnOneLineToo) {
   view.settings.GridCellsNoBr = "*";
   view.settings.GridLinkIndex = 1;
   const Records linked = Column("VARCHAR(9)", {"'x'"});
-  EXPECT_EQ(view.Grid(*linked), Lines(R"(
+  EXPECT_HTML(view.Grid(*linked), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd"><nobr><a class="DRLOTable" href=")" +
-                                      RecordUrl(1) + R"(">x</a></nobr></td>
+                                        RecordUrl(1) + R"(">x</a></nobr></td>
       </tr>
       )"));
 
   settings::SetGridFreeFormatCellByCol(view.settings, 1, "<b>#V#</b>");
   const Records free_format = Column("VARCHAR(9)", {"'x'"});
-  EXPECT_EQ(view.Grid(*free_format), Lines(R"(
+  EXPECT_HTML(view.Grid(*free_format), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd"><nobr><b>x</b></nobr></td>
       </tr>

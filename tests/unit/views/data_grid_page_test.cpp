@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/expect_html.h"
 #include "support/fake_records.h"
 #include "support/grid_rows.h"
 
@@ -113,7 +114,7 @@ TEST(DataGrid, ReportsNumberAndDescriptionAndKeepsTheRowsWritten) {
   records.Add("A", TypeCode::kInteger, [] { return platform::VariantView(std::int64_t{7}); });
   records.fail_moving_from = 2;
 
-  EXPECT_EQ(view.Grid(records), Lines(R"(
+  EXPECT_HTML(view.Grid(records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right">7</td>
       </tr>

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "settings/column_settings.h"
+#include "support/expect_html.h"
 #include "support/grid_rows.h"
 
 namespace dralo::tests {
@@ -20,7 +21,7 @@ TEST(DataGrid, WritesOddAndEvenRowsWithIdsAndAlignments) {
   view.settings.GridLinkIndex = -1;
   const Records people(kPeopleInAGrid);
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd">1</td>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right">5</td>
@@ -46,7 +47,7 @@ TEST(DataGrid, HasNoClassesWithoutCSS) {
   view.settings.GridLinkIndex = 99;
   const Records people(kPeopleInAGrid);
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr id="drlleftrow_1">
       <td id="drlleftcell_1_0">1</td>
       <td id="drlleftcell_1_1" align="right">5</td>
@@ -80,7 +81,7 @@ TEST(DataGrid, CountsHiddenColumnsInIdsAndLists) {
   view.settings.GridCellsNoBr = "3";
   const Records people(kPeopleInAGrid);
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right">5</td>
       <td id="drl1cell_1_3"class="DRLOTableTDodd" align="right"><nobr>True</nobr></td>
@@ -98,7 +99,7 @@ TEST(DataGrid, TakesTheTemplateBeforeTheFormatFunction) {
   settings::SetGridFormatCellFunction(view.settings, 1, "UCASE");
   const Records records = Column("VARCHAR(9)", {"'x'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd">T</td>
       </tr>
@@ -111,7 +112,7 @@ TEST(DataGrid, LeavesTheCellOfAnEmptyTemplateEmpty) {
   settings::SetGridFreeFormatCellByCol(view.settings, 1, "#V#");
   const Records records = Column("INTEGER", {"NULL"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right"></td>
       </tr>
@@ -127,7 +128,7 @@ TEST(DataGrid, PutsColumnAttributesBeforeThoseOfTheRowsCells) {
   settings::SetGridColAttributes(view.settings, 1, "nowrap");
   const Records records = Column("INTEGER", {"7"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd" title='no' valign=top>1</td>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" nowrap valign=top align="right">7</td>
@@ -144,7 +145,7 @@ TEST(DataGrid, PutsColumnAttributesDirectlyBehindTheIdWithoutCSS) {
   settings::SetGridColAttributes(view.settings, 1, "nowrap");
   const Records records = Column("VARCHAR(9)", {"'x'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_0"title='no'>1</td>
       <td id="drl1cell_1_1"nowrap>x</td>
@@ -166,7 +167,7 @@ TEST(DataGrid, CombinesTheTagsOfCellsAndRowsByParity) {
   settings.GridTREvenTag = "s2";
   const Records records = Column("VARCHAR(9)", {"'x'", "'y'", "'z'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd" r s1>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" a b c1 d1>x</td>
       </tr>
@@ -187,7 +188,7 @@ TEST(DataGrid, MakesTwoBlanksBetweenTagsOneInOnePass) {
   view.settings.GridTRTag = "  r    s ";  // four blanks inside
   const Records records = Column("VARCHAR(9)", {"'x'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1" r  s>
       <td id="drl1cell_1_1" a  d>x</td>
       </tr>
@@ -200,7 +201,7 @@ TEST(DataGrid, PutsFieldValuesIntoTheTagsOfRowsAndCells) {
   view.settings.GridTDTag = "class=c##V##";
   const Records records = Column("VARCHAR(9)", {"'x'", "NULL", "'z'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd" data-v='x'>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" class=cx>x</td>
       </tr>
@@ -219,7 +220,7 @@ TEST(DataGrid, WritesNoAttributesWhenTheFieldValueLeavesNone) {
   view.settings.GridTDTag = " ##V## ";
   const Records records = Column("VARCHAR(9)", {"' '"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd">&nbsp;</td>
       </tr>

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "settings/column_settings.h"
+#include "support/expect_html.h"
 #include "support/grid_rows.h"
 #include "unit/views/form_page.h"
 
@@ -126,7 +127,7 @@ TEST(FormGridCell, WithATemplateThatNamesNoFieldIsReportedAndTheOthersAreShown) 
   settings::SetGridFreeFormatCellByCol(page.settings, 1, "[#Nobody#]");
   const Records people(kPeople);
 
-  EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>ID</th><td>[</td></tr>
       <tr class="DRLOTableTR"><th align=left>Name</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>

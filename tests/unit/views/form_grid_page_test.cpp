@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "support/expect_html.h"
 #include "support/fake_records.h"
 #include "support/grid_rows.h"
 #include "unit/views/form_page.h"
@@ -42,7 +43,7 @@ TEST(FormGrid, OfThreeRecordsHasTwoGapsBetweenThem) {
   page.settings.FormFieldsShow = "ID";
   const Records people(kPeople);
 
-  EXPECT_EQ(page.Form(*people), Lines(R"(
+  EXPECT_HTML(page.Form(*people), Lines(R"(
       <tr><td><table width="100%" class="DRLOTableFormDataView">
       <tr class="DRLOTableTR"><th align=left>ID</th><td>7</td></tr>
       </table></td></tr>
@@ -213,7 +214,7 @@ TEST(FormGrid, GoesOnPastAValueThatCannotBeRead) {
   records.Add("A", TypeCode::kInteger, Unreadable);
   records.Add("B", TypeCode::kInteger, [] { return platform::VariantView(std::int64_t{7}); });
 
-  EXPECT_EQ(FieldRows(page.Form(records)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(records)), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>A</th><td>&nbsp;</td></tr>
       <tr class="DRLOTableTR"><th align=left>B</th><td>7</td></tr>
       )"));

@@ -1,10 +1,12 @@
 #include "views/form_grid.h"
+#include "support/expect_html.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "settings/column_settings.h"
+#include "support/expect_html.h"
 #include "unit/views/form_page.h"
 
 namespace dralo::tests {
@@ -14,7 +16,7 @@ TEST(FormGrid, WritesARowOfLabelAndValueForEveryField) {
   FormPage page;
   const Records people(kPeople);
 
-  EXPECT_EQ(page.Form(*people), Lines(R"(
+  EXPECT_HTML(page.Form(*people), Lines(R"(
       <tr><td><table width="100%" class="DRLOTableFormDataView">
       <tr class="DRLOTableTR"><th align=left>ID</th><td>7</td></tr>
       <tr class="DRLOTableTR"><th align=left>Name</th><td>Ann</td></tr>
@@ -30,7 +32,7 @@ TEST(FormGrid, HasNoClassesWithoutCss) {
   page.settings.UseCSS = false;
   const Records people(kPeople);
 
-  EXPECT_EQ(page.Form(*people), Lines(R"(
+  EXPECT_HTML(page.Form(*people), Lines(R"(
       <tr><td><table width="100%">
       <tr><th align=left>ID</th><td>7</td></tr>
       <tr><th align=left>Name</th><td>Ann</td></tr>
@@ -46,7 +48,7 @@ TEST(FormGrid, WritesValueCellsOnlyWithoutTheHeader) {
   page.settings.FormCellWidths = "30%,70%";
   const Records people(kPeople);
 
-  EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
       <tr class="DRLOTableTR"><td width="70%">7</td></tr>
       <tr class="DRLOTableTR"><td width="70%">Ann</td></tr>
       <tr class="DRLOTableTR"><td width="70%">True</td></tr>
@@ -58,7 +60,7 @@ TEST(FormGrid, GivesAllLabelsTheFirstWidthAndAllValuesTheSecond) {
   page.settings.FormCellWidths = "30%,70%";
   const Records people(kPeople);
 
-  EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
       <tr class="DRLOTableTR"><th width="30%" align=left>ID</th><td width="70%">7</td></tr>
       <tr class="DRLOTableTR"><th width="30%" align=left>Name</th><td width="70%">Ann</td></tr>
       <tr class="DRLOTableTR"><th width="30%" align=left>Member</th><td width="70%">True</td></tr>
@@ -135,7 +137,7 @@ TEST(FormGrid, LeavesOutHiddenFieldsButCountsThem) {
   settings::SetGridColAttributes(page.settings, 3, "title='M'");
   const Records people(kPeople);
 
-  EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>No.</th><td>7</td></tr>
       <tr class="DRLOTableTR"><th align=left>In the club</th><td title='M'>True</td></tr>
       )"));
@@ -146,7 +148,7 @@ TEST(FormGrid, ShowsTheListedFieldsByNameAndByNumber) {
   page.settings.FormFieldsShow = "3,NAME";
   const Records people(kPeople);
 
-  EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>Name</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>
       )"));
@@ -158,7 +160,7 @@ TEST(FormGrid, NamesFieldsByItsOwnList) {
   page.settings.FormDisplayFieldNames = ", ";
   const Records people(kPeople);
 
-  EXPECT_EQ(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>ID</th><td>7</td></tr>
       <tr class="DRLOTableTR"><th align=left>&nbsp;</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>
@@ -170,7 +172,7 @@ TEST(FormGrid, WritesAnEmptyTableWhenNoFieldIsShown) {
   page.settings.FormFieldsShow = "Nobody";
   const Records people(kPeople);
 
-  EXPECT_EQ(page.Form(*people), Lines(R"(
+  EXPECT_HTML(page.Form(*people), Lines(R"(
       <tr><td><table width="100%" class="DRLOTableFormDataView">
       </table></td></tr>
       )"));

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/contains.h"
 #include "support/records.h"
 #include "support/rendering.h"
 #include "views/form_grid.h"
@@ -34,7 +35,5 @@ inline std::string FieldRows(std::string_view form) {
   const std::size_t end = form.find("</table>");
   return end == form.npos ? "(no table)" : std::string(form.substr(start, end - start));
 }
-
-inline bool Contains(std::string_view html, std::string_view part) { return html.find(part) != html.npos; }
 
 }  // namespace dralo::tests

@@ -5,6 +5,7 @@
 
 #include "component/db_connection.h"
 #include "settings/column_settings.h"
+#include "support/expect_html.h"
 #include "support/fake_records.h"
 #include "support/records.h"
 #include "support/rendering.h"
@@ -43,7 +44,7 @@ TEST(GridHeader, HasTheIndexAndEveryColumnAlignedByItsType) {
   Rendering view = WithoutLinks();
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       <th align="right" class="DRLOTableTH">ID</th>
@@ -61,7 +62,7 @@ TEST(GridHeader, HasNoClassesWithoutCSS) {
   view.settings.UseCSS = false;
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr>
       <th >#</th>
       <th align="right">ID</th>
@@ -78,7 +79,7 @@ TEST(GridHeader, PutsBlanksAroundTheTagOfItsCellsButNotIntoTheIndexCellWithClass
   view.settings.GridFieldsShow = "ID";
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       <th  nowrap align="right" class="DRLOTableTH">ID</th>
@@ -86,7 +87,7 @@ TEST(GridHeader, PutsBlanksAroundTheTagOfItsCellsButNotIntoTheIndexCellWithClass
       )"));
 
   view.settings.UseCSS = false;
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr>
       <th  nowrap >#</th>
       <th  nowrap align="right">ID</th>
@@ -102,7 +103,7 @@ TEST(GridHeader, PutsColumnAttributesFirst) {
   settings::SetGridColHeadAttributes(view.settings, 1, "title='id'");
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr class="DRLOTableTR">
       <th title='no' class="DRLOTableTH">#</th>
       <th title='id'  nowrap align="right" class="DRLOTableTH">ID</th>
@@ -110,7 +111,7 @@ TEST(GridHeader, PutsColumnAttributesFirst) {
       )"));
 
   view.settings.UseCSS = false;
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr>
       <th title='no'  nowrap >#</th>
       <th title='id'  nowrap align="right">ID</th>
@@ -124,7 +125,7 @@ TEST(GridHeader, TakesWidthsByColumnPosition) {
   view.settings.GridFieldsHide = "ID";
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       <th align="left" class="DRLOTableTH">Name</th>
@@ -135,7 +136,7 @@ TEST(GridHeader, TakesWidthsByColumnPosition) {
 
   view.settings.UseCSS = false;
   view.settings.GridFieldsHide = "2,3,4";
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr>
       <th >#</th>
       <th align="right" width="50">ID</th>
@@ -149,7 +150,7 @@ TEST(GridHeader, TakesDisplayNames) {
   view.settings.GridDisplayIndex = false;
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr class="DRLOTableTR">
       <th align="right" class="DRLOTableTH">No.</th>
       <th align="left" class="DRLOTableTH">&nbsp;</th>
@@ -173,7 +174,7 @@ TEST(GridHeader, IsWrittenWithoutAnyColumn) {
   view.settings.GridDisplayIndex = false;
   const Records people = People();
 
-  EXPECT_EQ(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(view.Grid(*people), Lines(R"(
       <tr class="DRLOTableTR">
       </tr>
       )"));

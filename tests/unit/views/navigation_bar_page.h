@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "state/request_state.h"
+#include "support/contains.h"
 #include "support/rendering.h"
 #include "views/navigation_bar.h"
 
@@ -68,7 +69,5 @@ struct Bar : tests::Rendering {
     return html.substr(from, html.find("</td>\r\n", from) - from);
   }
 };
-
-inline bool Has(std::string_view html, std::string_view part) { return html.find(part) != html.npos; }
 
 }  // namespace dralo::views

@@ -43,11 +43,12 @@ TEST(NavigationBar, HasABlankInPlaceOfEachClassWithoutCss) {
 
   const std::string html = bar.Html(12);
 
-  EXPECT_TRUE(Has(html, "<tr><th nowrap align=\"left\" colspan=12>\r\n"));
-  EXPECT_TRUE(Has(html, "<tr><td width=\"1%\" nowrap align=\"left\"><input"));
-  EXPECT_TRUE(Has(html, "</td>\r\n<td width=\"1%\" nowrap align=\"left\"> Record 3 of 45</td>\r\n"));
-  EXPECT_TRUE(Has(html, "<td width=\"99%\" nowrap align=\"right\"> <a  href=\"/p?"));
-  EXPECT_FALSE(Has(html, "class"));
+  EXPECT_TRUE(tests::Contains(html, "<tr><th nowrap align=\"left\" colspan=12>\r\n"));
+  EXPECT_TRUE(tests::Contains(html, "<tr><td width=\"1%\" nowrap align=\"left\"><input"));
+  EXPECT_TRUE(
+      tests::Contains(html, "</td>\r\n<td width=\"1%\" nowrap align=\"left\"> Record 3 of 45</td>\r\n"));
+  EXPECT_TRUE(tests::Contains(html, "<td width=\"99%\" nowrap align=\"right\"> <a  href=\"/p?"));
+  EXPECT_FALSE(tests::Contains(html, "class"));
 }
 
 TEST(NavigationBar, PutsTheSuffixBehindTheClassOfCellsAndLink) {
@@ -57,11 +58,11 @@ TEST(NavigationBar, PutsTheSuffixBehindTheClassOfCellsAndLink) {
 
   const std::string html = bar.Html();
 
-  EXPECT_TRUE(Has(html, "<tr><th nowrap align=\"left\" class=\"DRLOTableNavBarTop\"colspan=4>"));
-  EXPECT_TRUE(Has(html,
-                  "<td width=\"99%\" class=\"DRLOTableNavBarTop\"nowrap align=\"right\"> "
-                  "<a class=\"DRLOTableNavBarTop\" href=\""));
-  EXPECT_FALSE(Has(html, "\"DRLOTableNavBar\""));
+  EXPECT_TRUE(tests::Contains(html, "<tr><th nowrap align=\"left\" class=\"DRLOTableNavBarTop\"colspan=4>"));
+  EXPECT_TRUE(tests::Contains(html,
+                              "<td width=\"99%\" class=\"DRLOTableNavBarTop\"nowrap align=\"right\"> "
+                              "<a class=\"DRLOTableNavBarTop\" href=\""));
+  EXPECT_FALSE(tests::Contains(html, "\"DRLOTableNavBar\""));
 }
 
 TEST(NavigationButtons, GoBackFromEveryPageButTheFirst) {
@@ -81,8 +82,8 @@ TEST(NavigationButtons, GoBackFromAPageThatStartsInTheMiddleOfTheFirst) {
   Bar bar;
   bar.ShowRows(2, 21);
 
-  EXPECT_FALSE(Has(bar.Buttons(), "firstpgd.gif"));
-  EXPECT_FALSE(Has(bar.Buttons(), "prevpgd.gif"));
+  EXPECT_FALSE(tests::Contains(bar.Buttons(), "firstpgd.gif"));
+  EXPECT_FALSE(tests::Contains(bar.Buttons(), "prevpgd.gif"));
 }
 
 TEST(NavigationButtons, GoNoFurtherFromTheLastPage) {
@@ -99,9 +100,9 @@ TEST(NavigationButtons, GoToTheLastPageOnlyWhenItStartsBehindThisOne) {
     bar.ShowRows(21, 40);
     bar.last_record = last_record;
 
-    EXPECT_EQ(Has(bar.Buttons(), kLastOff), last_record <= 21) << last_record;
-    EXPECT_EQ(Has(bar.Buttons(), "Morvu1LAST"), last_record > 21) << last_record;
-    EXPECT_TRUE(Has(bar.Buttons(), "Morvu1NEXT"));
+    EXPECT_EQ(tests::Contains(bar.Buttons(), kLastOff), last_record <= 21) << last_record;
+    EXPECT_EQ(tests::Contains(bar.Buttons(), "Morvu1LAST"), last_record > 21) << last_record;
+    EXPECT_TRUE(tests::Contains(bar.Buttons(), "Morvu1NEXT"));
   }
 }
 
@@ -131,19 +132,19 @@ TEST(NavigationButtons, BearTheTagOfTheirView) {
   Bar bar;
   bar.settings.Tag = "2";
 
-  EXPECT_TRUE(Has(bar.Html(), R"(name="Morvu2NEXT")"));
-  EXPECT_TRUE(Has(bar.Html(), R"(name="Morvu2ToExcel")"));
-  EXPECT_FALSE(Has(bar.Html(), "Morvu1"));
+  EXPECT_TRUE(tests::Contains(bar.Html(), R"(name="Morvu2NEXT")"));
+  EXPECT_TRUE(tests::Contains(bar.Html(), R"(name="Morvu2ToExcel")"));
+  EXPECT_FALSE(tests::Contains(bar.Html(), "Morvu1"));
 }
 
 TEST(NavigationButtons, TakeTheirImagesFromTheFolderOfThePage) {
   Bar bar;
   bar.settings.ImageDir = "/img/";
 
-  EXPECT_TRUE(Has(bar.Html(), R"(src="/img/nextpg.gif")"));
-  EXPECT_TRUE(Has(bar.Html(), R"(<img src="/img/prevpgd.gif" border="0">)"));
-  EXPECT_TRUE(Has(bar.Html(), R"(border=0 src="/img/excel.gif">)"));
-  EXPECT_FALSE(Has(bar.Html(), "../gfx/"));
+  EXPECT_TRUE(tests::Contains(bar.Html(), R"(src="/img/nextpg.gif")"));
+  EXPECT_TRUE(tests::Contains(bar.Html(), R"(<img src="/img/prevpgd.gif" border="0">)"));
+  EXPECT_TRUE(tests::Contains(bar.Html(), R"(border=0 src="/img/excel.gif">)"));
+  EXPECT_FALSE(tests::Contains(bar.Html(), "../gfx/"));
 }
 
 TEST(NavigationButtons, SpeakOfRecordsWhereOneIsShownAtATime) {
@@ -153,7 +154,7 @@ TEST(NavigationButtons, SpeakOfRecordsWhereOneIsShownAtATime) {
 
   for (const char* title :
        {"Erste Datensatz", "Vorheriger Datensatz", "Nächster Datensatz", "Letzter Datensatz"}) {
-    EXPECT_TRUE(Has(bar.Buttons(), std::string("title=\"") + title + "\"")) << title;
+    EXPECT_TRUE(tests::Contains(bar.Buttons(), std::string("title=\"") + title + "\"")) << title;
   }
 }
 
@@ -163,7 +164,7 @@ TEST(NavigationButtons, SpeakOfPagesInTheGridWithTheOtherGrammaticalForm) {
   bar.ShowRows(21, 40);
 
   for (const char* title : {"Erste Seite", "Vorherige Seite", "Nächste Seite", "Letzter Seite"}) {
-    EXPECT_TRUE(Has(bar.Buttons(), std::string("title=\"") + title + "\"")) << title;
+    EXPECT_TRUE(tests::Contains(bar.Buttons(), std::string("title=\"") + title + "\"")) << title;
   }
 }
 
@@ -171,10 +172,10 @@ TEST(NavigationButtons, SpeakOfRecordsInAGridOfOneRow) {
   Bar bar;
   bar.settings.RecordsPerPage = 1;
   bar.ShowRows(3, 3);
-  EXPECT_TRUE(Has(bar.Buttons(), R"(title="Next Record")"));
+  EXPECT_TRUE(tests::Contains(bar.Buttons(), R"(title="Next Record")"));
 
   bar.settings.RecordsPerPage = 2;
-  EXPECT_TRUE(Has(bar.Buttons(), R"(title="Next Page")"));
+  EXPECT_TRUE(tests::Contains(bar.Buttons(), R"(title="Next Page")"));
 }
 
 TEST(NavigationButtons, SpeakOfRecordsInAFormViewOfSeveralRecords) {
@@ -184,7 +185,7 @@ TEST(NavigationButtons, SpeakOfRecordsInAFormViewOfSeveralRecords) {
   bar.settings.RecordsPerPage = 3;
   bar.ShowRows(4, 6);
 
-  EXPECT_TRUE(Has(bar.Buttons(), R"(title="Previous Record")"));
+  EXPECT_TRUE(tests::Contains(bar.Buttons(), R"(title="Previous Record")"));
 }
 
 TEST(ListLink, LeadsFromTheOneRecordViewToTheGridAtThatRecord) {
@@ -204,7 +205,8 @@ TEST(ListLink, KeepsTheSortOrder) {
   bar.settings.OrderByDesc = true;
   bar.ShowRecord(27);
 
-  EXPECT_TRUE(Has(bar.RightHand(), "&Morvu1OrderByFields=2&Morvu1OrderByDesc=True\">List</a>&nbsp;<input"));
+  EXPECT_TRUE(tests::Contains(bar.RightHand(),
+                              "&Morvu1OrderByFields=2&Morvu1OrderByDesc=True\">List</a>&nbsp;<input"));
 }
 
 TEST(ListLink, StandsInAFormViewOfSeveralRecordsToo) {
@@ -212,13 +214,13 @@ TEST(ListLink, StandsInAFormViewOfSeveralRecordsToo) {
   bar.mode = state::Mode::kFormView;
   bar.records_on_page = 3;
 
-  EXPECT_TRUE(Has(bar.RightHand(), ">List</a>"));
+  EXPECT_TRUE(tests::Contains(bar.RightHand(), ">List</a>"));
 }
 
 TEST(ListLink, DoesNotStandInTheGrid) {
   Bar bar;
 
-  EXPECT_FALSE(Has(bar.Html(), "<a"));
+  EXPECT_FALSE(tests::Contains(bar.Html(), "<a"));
 }
 
 TEST(ExportButton, StandsWhenThePageWantsIt) {

@@ -26,8 +26,8 @@ TEST(RecordsPerPageSelect, HasNoClassWithoutCss) {
   bar.settings.UseCSS = false;
   bar.settings.Tag = "2";
 
-  EXPECT_TRUE(
-      Has(bar.Select(), "<select onchange=\"FormDraloGrid2.submit()\" name=\"Morvu2maxrecords\">\r\n"));
+  EXPECT_TRUE(tests::Contains(bar.Select(),
+                              "<select onchange=\"FormDraloGrid2.submit()\" name=\"Morvu2maxrecords\">\r\n"));
 }
 
 TEST(RecordsPerPageSelect, SetsBlankOptionsBackToTheDefault) {
@@ -42,7 +42,7 @@ TEST(RecordsPerPageSelect, MarksNothingWhenThePageSizeIsNotAmongTheOptions) {
   Bar bar;
   bar.settings.RecordsPerPage = 7;
 
-  EXPECT_FALSE(Has(bar.Select(), "selected"));
+  EXPECT_FALSE(tests::Contains(bar.Select(), "selected"));
 }
 
 TEST(RecordsPerPageSelect, ComparesOptionsWithoutBlanksAndWritesThemAsTheyStand) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "settings/column_settings.h"
+#include "support/contains.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -32,8 +33,6 @@ std::size_t Count(std::string_view text, std::string_view part) {
   for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + part.size())) ++count;
   return count;
 }
-
-bool Has(std::string_view text, std::string_view part) { return Count(text, part) > 0; }
 
 TEST_F(SpreadsheetTable, IsWrittenToTheByteWithoutAnySettings) {
   EXPECT_EQ(Table(T("ID INTEGER, Name VARCHAR(20)", "(1, 'Ann'), (2, 'Bob')")),
@@ -84,7 +83,8 @@ TEST_F(SpreadsheetTable, IsWrittenToTheByteWithAllAttributes) {
 
 TEST_F(SpreadsheetTable, PutsNoBlankBetweenTheHeaderAttributesWhenThereIsOnlyOneOfThem) {
   settings::SetGridColHeadAttributes(view.settings, 1, "width=9");
-  EXPECT_TRUE(Has(Table(T("A INTEGER", "(1)")), R"(<th style="border:thin silver solid" width=9 >A</th>)"));
+  EXPECT_TRUE(
+      Contains(Table(T("A INTEGER", "(1)")), R"(<th style="border:thin silver solid" width=9 >A</th>)"));
 }
 
 TEST_F(SpreadsheetTable, StartsWithTheRecordsWhenThereIsNoHeader) {
@@ -102,8 +102,8 @@ TEST_F(SpreadsheetTable, HasAHeaderAndNothingElseWithoutRecords) {
 TEST_F(SpreadsheetTable, EndsAtTheLimitOfRecords) {
   view.settings.RecordsMaxLimit = 2;
   const std::string table = Table(T("A INTEGER", "(11), (12), (13)"));
-  EXPECT_TRUE(Has(table, ">12</td>"));
-  EXPECT_FALSE(Has(table, ">13</td>"));
+  EXPECT_TRUE(Contains(table, ">12</td>"));
+  EXPECT_FALSE(Contains(table, ">13</td>"));
 }
 
 TEST_F(SpreadsheetTable, HasNoRecordsUnderALimitOfNone) {
@@ -125,31 +125,31 @@ TEST_F(SpreadsheetTable, CountsHiddenColumns) {
   settings::SetGridColAttributes(view.settings, 3, "title=three");
   settings::SetGridColHeadAttributes(view.settings, 3, "width=3");
   const std::string table = Table(T("A INTEGER, B INTEGER, C VARCHAR(9)", "(1, 2, 'c')"));
-  EXPECT_FALSE(Has(table, ">B</th>") || Has(table, ">2</td>") || Has(table, "title=two"));
-  EXPECT_TRUE(Has(table, "solid\" width=3 >C</th>"));
-  EXPECT_TRUE(Has(table, "solid\"   title=three >c</td>"));
+  EXPECT_FALSE(Contains(table, ">B</th>") || Contains(table, ">2</td>") || Contains(table, "title=two"));
+  EXPECT_TRUE(Contains(table, "solid\" width=3 >C</th>"));
+  EXPECT_TRUE(Contains(table, "solid\"   title=three >c</td>"));
 }
 
 TEST_F(SpreadsheetTable, HasOnlyTheColumnsToShow) {
   view.settings.GridFieldsShow = "3,a";
   const std::string table = Table(T("A INTEGER, B INTEGER, C INTEGER", "(1, 2, 3)"));
   EXPECT_EQ(Count(table, "<th"), 2u);
-  EXPECT_FALSE(Has(table, ">B</th>"));
+  EXPECT_FALSE(Contains(table, ">B</th>"));
 }
 
 TEST_F(SpreadsheetTable, NamesColumnsAsTheQueryDoes) {
   view.settings.GridDisplayFieldNames = "Shown in the grid";
-  EXPECT_TRUE(Has(Table(T("A INTEGER", "(1)"), "SELECT A AS Number FROM T"), " >Number</th>"));
+  EXPECT_TRUE(Contains(Table(T("A INTEGER", "(1)"), "SELECT A AS Number FROM T"), " >Number</th>"));
 }
 
 TEST_F(SpreadsheetTable, AlignsNumbersAndFlagsToTheRightButNoDates) {
   const std::string table =
       Table(T("A BOOLEAN, B DATE, C DECIMAL(9,2), D DOUBLE, E TEXT", "(1, '2024-05-06', 1.5, 2.5, '3')"));
-  EXPECT_TRUE(Has(table, " align=\"right\" >True</td>"));
-  EXPECT_TRUE(Has(table, "solid\"    >5/6/2024</td>"));
-  EXPECT_TRUE(Has(table, " align=\"right\" >1.5</td>"));
-  EXPECT_TRUE(Has(table, " align=\"right\" >2.5</td>"));
-  EXPECT_TRUE(Has(table, "solid\"    >3</td>"));
+  EXPECT_TRUE(Contains(table, " align=\"right\" >True</td>"));
+  EXPECT_TRUE(Contains(table, "solid\"    >5/6/2024</td>"));
+  EXPECT_TRUE(Contains(table, " align=\"right\" >1.5</td>"));
+  EXPECT_TRUE(Contains(table, " align=\"right\" >2.5</td>"));
+  EXPECT_TRUE(Contains(table, "solid\"    >3</td>"));
 }
 
 TEST_F(SpreadsheetTable, WritesWhatIsEmptyAsABlankThatDoesNotBreak) {
@@ -159,29 +159,30 @@ TEST_F(SpreadsheetTable, WritesWhatIsEmptyAsABlankThatDoesNotBreak) {
 }
 
 TEST_F(SpreadsheetTable, WritesValuesAsTheyAre) {
-  EXPECT_TRUE(Has(Table(T("A VARCHAR(40)", "('<b>Łódź</b> & \"東京\"')")), " ><b>Łódź</b> & \"東京\"</td>"));
+  EXPECT_TRUE(
+      Contains(Table(T("A VARCHAR(40)", "('<b>Łódź</b> & \"東京\"')")), " ><b>Łódź</b> & \"東京\"</td>"));
 }
 
 TEST_F(SpreadsheetTable, CutsMemosAsTheGridDoes) {
   view.settings.MemoFieldLimit = 4;
-  EXPECT_TRUE(Has(Table(T("A TEXT", "('Grüße')")), " >Grüß...</td>"));
+  EXPECT_TRUE(Contains(Table(T("A TEXT", "('Grüße')")), " >Grüß...</td>"));
 }
 
 TEST_F(SpreadsheetTable, LeavesFieldNamesInAttributesAsTheyAre) {
   view.settings.TDTag = "title='##A##'";
-  EXPECT_TRUE(Has(Table(T("A INTEGER", "(1)")), "title='##A##'"));
+  EXPECT_TRUE(Contains(Table(T("A INTEGER", "(1)")), "title='##A##'"));
 }
 
 TEST_F(SpreadsheetTable, NeverAppliesTemplates) {
   settings::SetGridFreeFormatCellByCol(view.settings, 1, "<i>#A#</i>");
-  EXPECT_TRUE(Has(Table(T("A INTEGER", "(1)")), " >1</td>"));
+  EXPECT_TRUE(Contains(Table(T("A INTEGER", "(1)")), " >1</td>"));
 }
 
 TEST_F(SpreadsheetTable, AppliesFormatFunctionsOnlyWhenThePageWantsIt) {
   settings::SetGridFormatCellFunction(view.settings, 1, "LEFT,2");
-  EXPECT_TRUE(Has(Table(T("A VARCHAR(9)", "('abcd')")), " >abcd</td>"));
+  EXPECT_TRUE(Contains(Table(T("A VARCHAR(9)", "('abcd')")), " >abcd</td>"));
   view.settings.ApplyCellFormattingToExcel = true;
-  EXPECT_TRUE(Has(Table(T("A VARCHAR(9)", "('abcd')")), " >ab</td>"));
+  EXPECT_TRUE(Contains(Table(T("A VARCHAR(9)", "('abcd')")), " >ab</td>"));
   EXPECT_EQ(view.settings.ErrorMessage, "");
 }
 
@@ -190,7 +191,7 @@ TEST_F(SpreadsheetTable, ShowsNoRowNumbersAndNoGridAttributes) {
   view.settings.GridTROddTag = "title=row";
   const std::string table = Table(T("A INTEGER", "(5)"));
   EXPECT_EQ(Count(table, "<td"), 1u);
-  EXPECT_FALSE(Has(table, "title="));
+  EXPECT_FALSE(Contains(table, "title="));
 }
 
 TEST_F(SpreadsheetTable, StartsAtTheCurrentRecordAndLeavesTheRecordsOpen) {
@@ -198,8 +199,8 @@ TEST_F(SpreadsheetTable, StartsAtTheCurrentRecordAndLeavesTheRecordsOpen) {
   records->Move(4);
   view.settings.DisplayHeader = false;
   const std::string table = Table(*records);
-  EXPECT_FALSE(Has(table, ">14</td>"));
-  EXPECT_TRUE(Has(table, ">15</td>") && Has(table, ">16</td>"));
+  EXPECT_FALSE(Contains(table, ">14</td>"));
+  EXPECT_TRUE(Contains(table, ">15</td>") && Contains(table, ">16</td>"));
   EXPECT_TRUE(records->IsOpen());
   EXPECT_TRUE(records->Eof());
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "settings/column_settings.h"
+#include "support/expect_html.h"
 #include "support/grid_rows.h"
 
 namespace dralo::tests {
@@ -13,7 +14,7 @@ TEST(SuppressedDuplicates, ShowARunOfEqualValuesOnceInAnyLetterCase) {
   view.settings.GridFieldsSupressDup = "v";
   const Records records = Column("VARCHAR(9)", {"'Oslo'", "'OSLO'", "'Köln'", "'KÖLN'", "'oslo'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd">Oslo</td>
       </tr>
@@ -38,7 +39,7 @@ TEST(SuppressedDuplicates, CompareLettersOfEveryScript) {
   view.settings.GridFieldsSupressDup = "v";
   const Records records = Column("VARCHAR(9)", {"'ⱥθήνας'", "'ȺΘΉΝΑΣ'", "'ａ'", "'Ａ'", "'a'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_1">ⱥθήνας</td>
       </tr>
@@ -65,7 +66,7 @@ TEST(SuppressedDuplicates, KeepAttributesButNoAlignment) {
   settings::SetGridColAttributes(view.settings, 1, "nowrap");
   const Records records = Column("INTEGER", {"7", "7"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd" nowrap valign=top align="right"><nobr>7</nobr></td>
       </tr>
@@ -81,7 +82,7 @@ TEST(SuppressedDuplicates, HaveAStrayQuotationMarkWithoutCSS) {
   view.settings.GridFieldsSupressDup = "1";
   const Records records = Column("INTEGER", {"7", "7"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_1" align="right">7</td>
       </tr>
@@ -97,7 +98,7 @@ TEST(SuppressedDuplicates, TakeNullForAnEmptyText) {
   view.settings.GridFieldsSupressDup = "1";
   const Records records = Column("VARCHAR(9)", {"NULL", "''", "'x'"});
 
-  EXPECT_EQ(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(view.Grid(*records), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_1">&nbsp;</td>
       </tr>
