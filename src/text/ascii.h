@@ -33,8 +33,9 @@ constexpr bool StartsWithAscii(std::string_view text, std::string_view word) {
 /// Where `text` has the letters of `word` in some letter case, also within a longer word; npos where it has
 /// not.
 constexpr std::size_t FindAscii(std::string_view text, std::string_view word) {
-  const auto found = std::ranges::search(text, word, [](char a, char b) { return ToUpper(a) == ToUpper(b); });
-  return found.empty() && !word.empty() ? text.npos : static_cast<std::size_t>(found.begin() - text.begin());
+  const auto* found = std::search(text.begin(), text.end(), word.begin(), word.end(),
+                                  [](char a, char b) { return ToUpper(a) == ToUpper(b); });
+  return found == text.end() && !word.empty() ? text.npos : static_cast<std::size_t>(found - text.begin());
 }
 
 constexpr bool ContainsAscii(std::string_view text, std::string_view word) {
