@@ -47,8 +47,10 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     if (!settings::IsGridFieldShown(settings, field->Name(), ++number)) continue;
     const bool is_formatted = settings.ApplyCellFormattingToExcel &&
                               settings::HasColumnSetting(settings.GridFormatCellFunction, number);
-    ExportedColumn& column = columns.emplace_back(
-        ExportedColumn{{.number = number, .field = field, .has_format_function = is_formatted}});
+    ExportedColumn& column = columns.emplace_back();
+    column.number = number;
+    column.field = field;
+    column.has_format_function = is_formatted;
     column.heads = {CellHead(render, column, settings.TDEvenTag),
                     CellHead(render, column, settings.TDOddTag)};
   }
