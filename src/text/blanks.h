@@ -5,7 +5,9 @@
 namespace dralo::text {
 
 /// Whether the text has nothing but blanks (line breaks, tabs and other white space are none).
-constexpr bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == text.npos; }
+constexpr bool IsBlank(std::string_view text) {
+  return text.empty() || (text.front() == ' ' && text.find_first_not_of(' ') == text.npos);
+}
 
 /// The text without leading and trailing blanks.
 constexpr std::string_view TrimBlanks(std::string_view text) {

@@ -1,12 +1,10 @@
 #include "views/shown_column.h"
 
-#include "cells/standard_text.h"
 #include "settings/column_settings.h"
 
 namespace dralo::views {
 
-std::string_view ShownColumn::Text(state::Render& render) {
-  if (!has_format_function) return cells::GetStdDbFieldString(render, *field);
+std::string_view ShownColumn::FormattedText(state::Render& render) {
   if (!format_function) format_function.emplace(render, number);
   return format_function->CellText(render, *field);
 }

@@ -6,6 +6,7 @@
 
 #include "cells/format_functions.h"
 #include "cells/free_format.h"
+#include "cells/standard_text.h"
 #include "dralo/field.h"
 #include "dralo/recordset.h"
 #include "html/html_writer.h"
@@ -24,10 +25,15 @@ struct ShownColumn {
 
   /// The text of the current record's cell, for columns without a template. Not escaped; valid until the next
   /// call, the record moves or `render.scratch` changes.
-  std::string_view Text(state::Render& render);
+  std::string_view Text(state::Render& render) {
+    return has_format_function ? FormattedText(render) : cells::GetStdDbFieldString(render, *field);
+  }
 
   /// Writes the text of the cell of the current record, which `record` counts from 1.
   void Put(html::HtmlWriter& out, state::Render& render, std::int32_t record);
+
+ private:
+  std::string_view FormattedText(state::Render& render);
 };
 
 /// The column of `field`, which belongs to `recordset`, with the settings of column `number`.
