@@ -18,11 +18,12 @@ class Cursor {
   Cursor(const Cursor&) = delete;
   Cursor& operator=(const Cursor&) = delete;
 
-  /// The columns; none when the statement yields no rows. Another object after FixColumns() or the first Step()
-  /// when the tables were changed since the statement was prepared.
+  /// The columns; none when the statement yields no rows. Another object after FixColumns() or the first
+  /// Step() when the tables were changed since the statement was prepared.
   virtual std::shared_ptr<const Columns> GetColumns() const = 0;
 
-  /// Before the first Step(): makes sure that the columns are those the tables have now. May run the statement.
+  /// Before the first Step(): makes sure that the columns are those the tables have now. May run the
+  /// statement.
   virtual void FixColumns() = 0;
 
   /// The type of a column. Without a declared type it is known from the first Step() on.

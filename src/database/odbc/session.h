@@ -66,8 +66,8 @@ class Session final : public database::Session {
   /// up the transaction that a cursor keeps open, which goes on without it.
   void Settle();
 
-  /// `cursor` is not run yet: that is to be done, by its FixColumns(), before a statement that may change what it
-  /// yields.
+  /// `cursor` is not run yet: that is to be done, by its FixColumns(), before a statement that may change
+  /// what it yields.
   void Defer(database::Cursor& cursor) { deferred_.push_back(&cursor); }
   void Undefer(const database::Cursor& cursor) noexcept { std::erase(deferred_, &cursor); }
 
