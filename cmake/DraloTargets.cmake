@@ -13,10 +13,9 @@ if(DRALO_SANITIZE)
   target_link_options(dralo_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# dralo_folder(NAME LIBRARY...): the sources of this folder and those below it as the library dralo_NAME, which uses
-# the given libraries. A folder without sources is a library of headers.
+# dralo_folder(NAME LIBRARY...): the sources of this folder as the library dralo_NAME, which uses the given libraries. A folder without sources is a library of headers.
 function(dralo_folder name)
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(sources)
     add_library(dralo_${name} STATIC ${sources})
     set(scope PUBLIC)

@@ -6,6 +6,7 @@
 #include "component/db_connection.h"
 #include "component/db_view.h"
 #include "database/objects.h"
+#include "hosts/cpp/providers.h"
 #include "regional/locale_formatting.h"
 #include "regional/reg_exp.h"
 #include "text/letter_case.h"
@@ -22,7 +23,9 @@ struct Registration {
 
 constexpr auto kRegistrations = std::to_array<Registration>({
     {"ADODB.Connection",
-     [](Environment& environment) -> ObjectPtr { return database::MakeConnection(&environment.Regional()); }},
+     [](Environment& environment) -> ObjectPtr {
+       return database::MakeConnection(AllProviders(), &environment.Regional());
+     }},
     {"ADODB.Recordset",
      [](Environment& environment) -> ObjectPtr { return database::MakeRecordset(&environment.Regional()); }},
     {"ADODB.Command", [](Environment&) -> ObjectPtr { return std::make_shared<platform::Command>(); }},

@@ -1,7 +1,6 @@
 #include "database/connection.h"
 
 #include "database/connection_string.h"
-#include "database/provider.h"
 #include "database/recordset.h"
 #include "database/source_text.h"
 #include "database/transaction.h"
@@ -17,7 +16,7 @@ void Connection::Open(std::string_view connection_string, std::string_view user,
   database::ConnectionString settings(connection_string);
   settings.Add("User ID", user);
   settings.Add("Password", password);
-  const Provider& provider = FindProvider(settings);
+  const Provider& provider = FindProvider(providers_, settings);
   const std::string key = provider.PoolKey(settings);
 
   SessionPool& pool = SessionPool::Instance();

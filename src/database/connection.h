@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "database/provider.h"
 #include "database/session_pool.h"
 #include "dralo/connection.h"
 #include "platform/formatting.h"
@@ -15,9 +16,10 @@ class Recordset;
 /// A connection over a session of the pool. Always owned by a shared_ptr; open recordsets share it.
 class Connection final : public platform::Connection, public std::enable_shared_from_this<Connection> {
  public:
-  /// `formatting` recognises dates that are assigned to fields in regional form; it may be nullptr and must
-  /// outlive the connection and its recordsets.
-  explicit Connection(const platform::Formatting* formatting) : formatting_(formatting) {}
+  /// Opens databases of these providers. `formatting` recognises dates that are assigned to fields in
+  /// regional form; it may be nullptr and must outlive the connection and its recordsets.
+  Connection(Providers providers, const platform::Formatting* formatting)
+      : providers_(providers), formatting_(formatting) {}
 
   void Open(std::string_view connection_string, std::string_view user = {}, std::string_view password = {},
             int options = -1) override;
@@ -39,6 +41,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
   void Detach(Recordset& recordset) noexcept { std::erase(recordsets_, &recordset); }
 
  private:
+  Providers providers_;
   const platform::Formatting* formatting_;
   std::string connection_string_;
   PooledSession session_;

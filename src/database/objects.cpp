@@ -6,8 +6,9 @@
 
 namespace dralo::database {
 
-std::shared_ptr<platform::Connection> MakeConnection(const platform::Formatting* formatting) {
-  return std::make_shared<Connection>(formatting);
+std::shared_ptr<platform::Connection> MakeConnection(Providers providers,
+                                                     const platform::Formatting* formatting) {
+  return std::make_shared<Connection>(providers, formatting);
 }
 
 std::shared_ptr<platform::Recordset> MakeRecordset(const platform::Formatting* formatting) {

@@ -4,15 +4,18 @@
 #include <cstddef>
 #include <memory>
 
+#include "database/provider.h"
 #include "dralo/connection.h"
 #include "dralo/recordset.h"
 #include "platform/formatting.h"
 
 namespace dralo::database {
 
-/// A closed connection. `formatting` recognises dates that are assigned to fields in regional form; without
-/// it only ISO forms are. It must outlive the object and all recordsets made by it.
-std::shared_ptr<platform::Connection> MakeConnection(const platform::Formatting* formatting = nullptr);
+/// A closed connection to the databases of these providers. `formatting` recognises dates that are assigned
+/// to fields in regional form; without it only ISO forms are. It must outlive the object and all recordsets
+/// made by it.
+std::shared_ptr<platform::Connection> MakeConnection(Providers providers,
+                                                     const platform::Formatting* formatting = nullptr);
 
 /// A closed recordset; `formatting` as above.
 std::shared_ptr<platform::Recordset> MakeRecordset(const platform::Formatting* formatting = nullptr);

@@ -1,29 +1,36 @@
 #include "database/provider.h"
 
-#include "database/odbc/provider.h"
-#include "database/sqlite/provider.h"
+#include <algorithm>
+
 #include "dralo/error.h"
-#include "text/ascii.h"
 
 namespace dralo::database {
+namespace {
 
-const Provider& FindProvider(const ConnectionString& connection_string) {
-  static const sqlite::Provider sqlite_provider;
-  static const odbc::Provider odbc_provider;
-
-  const auto name = connection_string.Find("Provider");
-  if (connection_string.Find("Driver") || connection_string.Find("DSN") ||
-      (name && text::EqualAscii(*name, "MSDASQL"))) {
-    return odbc_provider;
+std::string Examples(Providers providers) {
+  std::string examples;
+  for (const Provider* provider : providers) {
+    if (provider->Example().empty()) continue;
+    examples.append(examples.empty() ? "" : ", or ").append(provider->Example());
   }
+  return examples;
+}
+
+}  // namespace
+
+const Provider& FindProvider(Providers providers, const ConnectionString& connection_string) {
+  auto name = connection_string.Find("Provider");
+  if (connection_string.Find("Driver") || connection_string.Find("DSN")) name = kDriverProvider;
   if (!name) {
-    throw platform::Error(
-        "The connection string names no provider; write Provider=SQLite;Data Source=FILE, or Driver=NAME for "
-        "another database");
+    throw platform::Error("The connection string names no provider; write " + Examples(providers));
   }
-  if (text::EqualAscii(*name, "SQLite")) return sqlite_provider;
-  throw platform::Error(
-      "The connection string names an unknown provider; write Provider=SQLite;Data Source=FILE");
+  const auto found =
+      std::ranges::find_if(providers, [&](const Provider* provider) { return provider->IsCalled(*name); });
+  if (found == providers.end()) {
+    throw platform::Error("The connection string names an unknown provider; write " +
+                          Examples(providers.first(1)));
+  }
+  return **found;
 }
 
 }  // namespace dralo::database

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "database/connection_string.h"
 #include "database/session.h"
@@ -15,6 +17,12 @@ class Provider {
   Provider(const Provider&) = delete;
   Provider& operator=(const Provider&) = delete;
 
+  /// Whether it is meant by "Provider=NAME", in any letter case.
+  virtual bool IsCalled(std::string_view name) const = 0;
+
+  /// A connection string to begin with, for messages; empty when there is none that would open.
+  virtual std::string_view Example() const = 0;
+
   /// What sessions must have in common to stand in for each other; empty when they are never kept.
   /// Throws platform::Error when the connection string is not understood.
   virtual std::string PoolKey(const ConnectionString& connection_string) const = 0;
@@ -26,7 +34,14 @@ class Provider {
   Provider() = default;
 };
 
-/// The provider that the connection string names. Throws platform::Error when it names none.
-const Provider& FindProvider(const ConnectionString& connection_string);
+/// The providers that a host offers, the one that pages begin with first; at least one. They and the array
+/// live as long as the process.
+using Providers = std::span<const Provider* const>;
+
+/// The provider of a connection string that has "Driver" or "DSN".
+inline constexpr std::string_view kDriverProvider = "MSDASQL";
+
+/// The provider that the connection string names. Throws platform::Error when it names none of these.
+const Provider& FindProvider(Providers providers, const ConnectionString& connection_string);
 
 }  // namespace dralo::database

@@ -141,7 +141,7 @@ TEST_P(Executing, UndoesAnUnfinishedTransactionWhenTheConnectionCloses) {
 }
 
 TEST_P(Executing, ForgetsThePasswordInTheConnectionString) {
-  const auto connection = database::MakeConnection();
+  const auto connection = database::MakeConnection(host::AllProviders());
   EXPECT_EQ(connection->ConnectionString(), "");
   const bool has_password = ConnectionString().find("hush") != std::string::npos;
   connection->Open(ConnectionString() + (has_password ? "" : ";Password=hush"));

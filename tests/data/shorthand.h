@@ -10,6 +10,7 @@
 #include "data/show.h"
 #include "database/objects.h"
 #include "dralo/error.h"
+#include "hosts/cpp/providers.h"
 #include "text/ascii.h"
 
 namespace dralo::tests {
@@ -19,7 +20,7 @@ using RecordsetPtr = std::shared_ptr<platform::Recordset>;
 using Lines = std::vector<std::string>;
 
 inline ConnectionPtr Connect(std::string_view connection_string) {
-  auto connection = database::MakeConnection();
+  auto connection = database::MakeConnection(host::AllProviders());
   connection->Open(connection_string);
   return connection;
 }

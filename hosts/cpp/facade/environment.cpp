@@ -2,6 +2,7 @@
 
 #include "database/objects.h"
 #include "hosts/cpp/environment.h"
+#include "hosts/cpp/providers.h"
 
 namespace dralo {
 
@@ -10,7 +11,7 @@ Environment::Environment(std::string_view locale) : services_(std::make_unique<h
 Environment::~Environment() = default;
 
 std::shared_ptr<Connection> Environment::MakeConnection() {
-  return database::MakeConnection(&services_->Regional());
+  return database::MakeConnection(host::AllProviders(), &services_->Regional());
 }
 
 std::shared_ptr<Recordset> Environment::MakeRecordset() {

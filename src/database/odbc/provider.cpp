@@ -2,8 +2,11 @@
 
 #include "database/odbc/options.h"
 #include "database/odbc/session.h"
+#include "text/ascii.h"
 
 namespace dralo::database::odbc {
+
+bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, kDriverProvider); }
 
 /// Of the pairs as they were given: reading them as options would cost every page more than the rest of its
 /// opening.

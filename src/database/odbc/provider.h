@@ -10,6 +10,8 @@ namespace dralo::database::odbc {
 class Provider final : public database::Provider {
  public:
   Provider() = default;
+  bool IsCalled(std::string_view name) const override;
+  std::string_view Example() const override { return "Driver=NAME for another database"; }
   std::string PoolKey(const ConnectionString& connection_string) const override;
   std::unique_ptr<database::Session> Connect(const ConnectionString& connection_string) const override;
 };

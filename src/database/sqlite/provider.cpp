@@ -2,8 +2,11 @@
 
 #include "database/sqlite/options.h"
 #include "database/sqlite/session.h"
+#include "text/ascii.h"
 
 namespace dralo::database::sqlite {
+
+bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, "SQLite"); }
 
 /// Every connection to ":memory:" is a database of its own.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {

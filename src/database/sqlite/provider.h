@@ -9,6 +9,8 @@ namespace dralo::database::sqlite {
 class Provider final : public database::Provider {
  public:
   Provider() = default;
+  bool IsCalled(std::string_view name) const override;
+  std::string_view Example() const override { return "Provider=SQLite;Data Source=FILE"; }
   std::string PoolKey(const ConnectionString& connection_string) const override;
   std::unique_ptr<database::Session> Connect(const ConnectionString& connection_string) const override;
 };

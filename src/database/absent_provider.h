@@ -1,0 +1,41 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "database/provider.h"
+#include "dralo/error.h"
+#include "text/ascii.h"
+
+namespace dralo::database {
+
+/// Stands for a provider that was left out of the build, and says so.
+class AbsentProvider final : public Provider {
+ public:
+  /// `option` is the one of the build that brings it. All texts live as long as the process.
+  AbsentProvider(std::initializer_list<std::string_view> names, std::string_view option)
+      : names_(names), option_(option) {}
+
+  bool IsCalled(std::string_view name) const override {
+    for (const std::string_view own : names_) {
+      if (text::EqualAscii(name, own)) return true;
+    }
+    return false;
+  }
+  std::string_view Example() const override { return {}; }
+  std::string PoolKey(const ConnectionString&) const override { Refuse(); }
+  std::unique_ptr<Session> Connect(const ConnectionString&) const override { Refuse(); }
+
+ private:
+  [[noreturn]] void Refuse() const {
+    throw platform::Error("This build of Dralo has no provider " + std::string(names_.front()) +
+                          "; build it with " + std::string(option_) + "=ON");
+  }
+
+  std::vector<std::string_view> names_;
+  std::string_view option_;
+};
+
+}  // namespace dralo::database
