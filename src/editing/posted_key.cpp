@@ -133,6 +133,10 @@ class KeyInputs {
   const state::FieldInputs inputs_;
 };
 
+std::string EditSqlWhere(const state::Render& render, std::string_view condition) {
+  return std::string(WithoutWhere(render.settings.EditSQL)).append(" WHERE ").append(condition);
+}
+
 }  // namespace
 
 Texts PostedKeyTexts(const state::Render& render, std::size_t keys) {
@@ -148,11 +152,16 @@ PostedKey ReadPostedKey(const state::Render& render, const QuerySchema& schema) 
 }
 
 void RefuseAmbiguousKey(const state::Render& render, const PostedKey& key) {
-  if (key.also_shown.empty()) return;
-  const std::string statement =
-      std::string(WithoutWhere(render.settings.EditSQL)) + " WHERE " + key.also_shown;
-  if (!OpenFirstRow(render, statement)->Eof())
+  if (!key.also_shown.empty() && !OpenFirstRows(render, EditSqlWhere(render, key.also_shown))->Eof())
     throw platform::Error("The posted key is empty, and so are those of several records");
+}
+
+void RefuseSharedKey(const state::Render& render, const PostedKey& key) {
+  if (!key.exact.empty()) return;
+  const auto records = OpenFirstRows(render, EditSqlWhere(render, key.condition), 2);
+  if (records->Eof()) return;
+  records->MoveNext();
+  if (!records->Eof()) throw platform::Error("Several records have the posted key, so none was saved");
 }
 
 bool IsRecordOfKey(const state::Render& render, platform::Recordset& recordset, const PostedKey& key) {

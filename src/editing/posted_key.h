@@ -40,6 +40,11 @@ PostedKey ReadPostedKey(const state::Render& render, const QuerySchema& schema);
 /// Throws platform::Error when the form may have shown another record than the one that `key` finds.
 void RefuseAmbiguousKey(const state::Render& render, const PostedKey& key);
 
+/// Throws platform::Error when several records have the key of a form that was not opened by it, or into
+/// which another key was typed: which of them it shows, nothing tells. A form that was opened by its key
+/// shows the first record that is found.
+void RefuseSharedKey(const state::Render& render, const PostedKey& key);
+
 /// Whether the record on which `recordset` stands is the one of the exact key, which the database may have
 /// compared with less care. True without an exact key.
 bool IsRecordOfKey(const state::Render& render, platform::Recordset& recordset, const PostedKey& key);

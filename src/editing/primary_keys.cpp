@@ -72,7 +72,7 @@ std::string Restricted(std::string_view sql, std::string_view condition) {
 }
 
 std::string FirstValue(const Render& render, std::string_view statement) {
-  const auto recordset = OpenFirstRow(render, statement);
+  const auto recordset = OpenFirstRows(render, statement);
   const bool has_value = !recordset->Fields().empty() && !recordset->Eof();
   if (!has_value || platform::IsNull(recordset->Fields()[0]->Value())) {
     throw Error("The statement for a new key yields no value");

@@ -22,9 +22,10 @@ const SchemaField* QuerySchema::Find(std::string_view name) const {
   return found == fields.end() ? nullptr : &*found;
 }
 
-std::shared_ptr<platform::Recordset> OpenFirstRow(const state::Render& render, std::string_view sql) {
+std::shared_ptr<platform::Recordset> OpenFirstRows(const state::Render& render, std::string_view sql,
+                                                   std::int64_t rows) {
   auto recordset = platform::Create<platform::Recordset>(render.environment, "ADODB.Recordset");
-  recordset->SetMaxRecords(1);
+  recordset->SetMaxRecords(rows);
   recordset->SetCursorLocation(platform::CursorLocation::kClient);
   recordset->Open(sql, settings::OpenConnection(render.settings), platform::CursorType::kForwardOnly,
                   platform::LockType::kReadOnly);
@@ -32,7 +33,7 @@ std::shared_ptr<platform::Recordset> OpenFirstRow(const state::Render& render, s
 }
 
 QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql) {
-  const auto recordset = OpenFirstRow(render, sql);
+  const auto recordset = OpenFirstRows(render, sql);
   QuerySchema schema;
   schema.has_rows = !recordset->Eof();
   for (const platform::Field* field : recordset->Fields()) {

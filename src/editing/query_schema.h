@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,8 +35,10 @@ struct QuerySchema {
   const SchemaField* Find(std::string_view name) const;
 };
 
-/// The first row of `sql`, at most, on the view's connection. Throws platform::Error when it does not open.
-std::shared_ptr<platform::Recordset> OpenFirstRow(const state::Render& render, std::string_view sql);
+/// The first rows of `sql`, at most that many, on the view's connection. Throws platform::Error when it does
+/// not open.
+std::shared_ptr<platform::Recordset> OpenFirstRows(const state::Render& render, std::string_view sql,
+                                                   std::int64_t rows = 1);
 
 /// Opens `sql` on the view's connection to learn its columns. Throws platform::Error when it does not open.
 QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql);

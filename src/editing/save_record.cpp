@@ -76,6 +76,7 @@ class Save {
     if (!is_insert_) {
       if (!is_found_ || !IsRecordOfKey(render_, *recordset_, key_))
         throw platform::Error("There is no record with the posted key");
+      RefuseSharedKey(render_, key_);
       return true;
     }
     try {

@@ -178,6 +178,21 @@ TEST(PostedKey, OfATableWithoutOneTellsRecordsApartWithTheirOldValues) {
   EXPECT_EQ(Values(database), "new,b,c,c");
 }
 
+TEST(PostedKey, OfSeveralRecordsSavesNoneWhenTheFormWasNotOpenedByIt) {
+  const TemporaryDatabase database(
+      "CREATE TABLE T(K INT, V TEXT); INSERT INTO T VALUES(1,'a'),(1,'b'),(2,'c')");
+  const auto save = [&](std::string_view typed) {
+    Saving form(database);
+    form.settings.EditPrimaryKeys = "K";
+    form.Post({{"K", std::string(typed)}, {"V", "new"}});
+    return form.Save() ? "" : form.Message();
+  };
+  EXPECT_EQ(save("1"), "Several records have the posted key, so none was saved in UpdateRecord.<br>");
+  EXPECT_EQ(Values(database), "a,b,c");
+  EXPECT_EQ(save("2"), "");
+  EXPECT_EQ(Values(database), "a,b,new");
+}
+
 TEST(PostedKey, OfATableWithoutOneIsInsertedToo) {
   const TemporaryDatabase database("CREATE TABLE T(K INT, V TEXT)");
   Saving form(database);
@@ -215,7 +230,7 @@ class LimitedEnvironment final : public platform::Environment {
   std::unique_ptr<platform::RegExp> CreateRegExp() override { return AmericanEnvironment().CreateRegExp(); }
 };
 
-TEST(PostedKey, ReadsOneRecordHoweverManyItFinds) {
+TEST(PostedKey, ReadsTwoRecordsHoweverManyItFinds) {
   LimitedEnvironment environment;
   EditedView view("", environment);
   view.Settings().EditPrimaryKeys = "ID";
@@ -224,8 +239,9 @@ TEST(PostedKey, ReadsOneRecordHoweverManyItFinds) {
   settings::SetEditOptions(view.Settings(), "UPDATE");
   view.Post("FormUpdate", "Save");
   view.Post("_Form_ID", "5 OR 1=1");
-  EXPECT_TRUE(view.Rendered([](state::Render& render) { return editing::UpdateRecord(render); }));
-  EXPECT_EQ(environment.limits, (std::vector<std::int64_t>{1, 1})) << "the fields, then the record";
+  EXPECT_FALSE(view.Rendered([](state::Render& render) { return editing::UpdateRecord(render); }));
+  EXPECT_EQ(environment.limits, (std::vector<std::int64_t>{1, 1, 2}))
+      << "the fields, the record, then whether there is another one";
 }
 
 TEST(UntypedField, HasTheTypeOfTheRecordThatIsSaved) {
