@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "database/date_text.h"
+#include "text/ascii.h"
 #include "text/decimal.h"
 #include "text/iso_date.h"
 
@@ -78,7 +79,16 @@ std::string SameMoney(std::string_view name, std::string_view text) {
   return WithNumber("", name, "=CAST(", text, " AS money)");
 }
 
+std::string SameUnlimited(std::string_view name, std::string_view text) {
+  const std::string_view sign = text.starts_with('-') ? "-" : "";
+  const std::string_view word = text.substr(sign.size());
+  const bool is_infinite = text::EqualAscii(word, "Infinity") || text::EqualAscii(word, "inf");
+  if (!is_infinite && !text::EqualAscii(word, "NaN")) return {};
+  return std::string(name).append("='").append(sign).append(is_infinite ? "Infinity'" : "NaN'");
+}
+
 std::string SameReal(std::string_view name, std::string_view text) {
+  if (std::string unlimited = SameUnlimited(name, text); !unlimited.empty()) return unlimited;
   return WithNumber("", name, "=CAST(", text, " AS real)");
 }
 

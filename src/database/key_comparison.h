@@ -12,8 +12,12 @@ std::string SameBoolean(std::string_view name, std::string_view text);
 /// PostgreSQL: as text the number would be read in the form of the server's locale.
 std::string SameMoney(std::string_view name, std::string_view text);
 
-/// PostgreSQL: the decimal number is another one until it is rounded as the column's values are.
+/// PostgreSQL: the decimal number is another one until it is rounded as the column's values are. Also NaN and
+/// the infinities.
 std::string SameReal(std::string_view name, std::string_view text);
+
+/// PostgreSQL: NaN and the infinities, which only texts name.
+std::string SameUnlimited(std::string_view name, std::string_view text);
 
 /// MariaDB prints a FLOAT with fewer digits than it has: those that print alike are alike.
 std::string SamePrintedNumber(std::string_view name, std::string_view text);

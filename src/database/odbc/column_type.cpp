@@ -153,6 +153,10 @@ platform::KeyComparison PostgreSqlComparison(TypeCode type) {
       return SameMoney;
     case TypeCode::kSingle:
       return SameReal;
+    case TypeCode::kDouble:
+    case TypeCode::kNumeric:
+    case TypeCode::kDecimal:
+      return SameUnlimited;
     default:
       return nullptr;
   }

@@ -18,10 +18,18 @@ TEST(KeyComparison, ConvertsNumbersToTheTypeOfTheColumn) {
   EXPECT_EQ(database::SamePrintedNumber("K", "0.1"), "CAST(K AS CHAR)+0=0.1");
 }
 
+TEST(KeyComparison, NamesNumbersWithoutALimitByText) {
+  EXPECT_EQ(database::SameUnlimited("K", "nan"), "K='NaN'");
+  EXPECT_EQ(database::SameUnlimited("K", "inf"), "K='Infinity'");
+  EXPECT_EQ(database::SameReal("K", "-Infinity"), "K='-Infinity'");
+  EXPECT_EQ(database::SameUnlimited("K", "1.5"), "");
+}
+
 TEST(KeyComparison, LeavesTextsThatAreNoValuesToOthers) {
   for (const char* text : {"", "abc", "5 OR 1=1", "1)", "2024-02-30", "24:00:00"}) {
     EXPECT_EQ(database::SameMoney("K", text), "") << text;
     EXPECT_EQ(database::SameReal("K", text), "") << text;
+    EXPECT_EQ(database::SameUnlimited("K", text), "") << text;
     EXPECT_EQ(database::SamePrintedNumber("K", text), "") << text;
     EXPECT_EQ(database::SameMoment("K", text), "") << text;
     EXPECT_EQ(database::SameTimeOfDay("K", text), "") << text;
