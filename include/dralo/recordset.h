@@ -54,6 +54,10 @@ class Recordset : public Object {
   /// the record faster, and more exactly where a key is not among the fields.
   virtual void SetIdentity(RecordIdentity identity) = 0;
 
+  /// A statement whose only value is the number of all rows, to be run with them; see Counted(). Set before
+  /// opening.
+  virtual void SetCounting(std::string statement) = 0;
+
   /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
   /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the
   /// columns come from one table. `options` is -1, or 1 when `sql` is a statement even if it
@@ -75,6 +79,11 @@ class Recordset : public Object {
 
   /// Goes to the next row. Throws Error at the end.
   virtual void MoveNext() = 0;
+
+  /// The value of the counting statement: of the same moment as the rows where the database offers that, and
+  /// in one trip with the first of them. Ask behind the first Move(). Throws Error when the statement fails
+  /// or there is none.
+  virtual Variant Counted() = 0;
 
   /// Passes over `rows` rows, or to the end when there are fewer. As the first move it may be left to the
   /// database.

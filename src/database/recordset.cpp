@@ -66,14 +66,20 @@ std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_
 }
 
 std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query) {
-  auto cursor = connection->GetSession().Prepare(query);
+  Session& session = connection->GetSession();
+  counted_.reset();
+  if (!counting_.empty() && !session.CountsBesideRows()) counted_ = session.Ask({counting_});
+  auto cursor = session.Prepare(query);
   auto columns = cursor->GetColumns();
+  const bool changes_data = cursor->ChangesData();
+  // What cannot be counted must not be run.
+  if ((columns->empty() || changes_data) && !counting_.empty() && !counted_)
+    counted_ = session.Ask({counting_});
   if (columns->empty()) {
     cursor->Step();
     return cursor->RowsAffected();
   }
   ClientCursor* client = nullptr;
-  const bool changes_data = cursor->ChangesData();
   if (query.is_updatable || changes_data) {
     auto owned = std::make_unique<ClientCursor>(std::move(cursor), query.max_records);
     client = owned.get();
@@ -90,6 +96,16 @@ std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Quer
   passed_ = 0;
   position_ = Position::kBeforeFirst;
   return changes_data ? cursor_->RowsAffected() : 0;
+}
+
+Variant Recordset::Counted() {
+  RequireOpen();
+  if (counting_.empty()) throw Error("The recordset has no counting statement");
+  if (counted_) return *counted_;
+  Session& session = connection_->GetSession();
+  const bool is_stepped = position_ != Position::kBeforeFirst;
+  counted_ = is_stepped ? session.Ask({counting_}) : session.CountBeside({counting_}, *cursor_);
+  return *counted_;
 }
 
 bool Recordset::Eof() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -36,12 +37,14 @@ class Recordset final : public platform::Recordset {
   platform::CursorLocation Location() const override { return location_; }
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { criteria_ = criteria; }
   void SetIdentity(platform::RecordIdentity identity) override { identity_ = std::move(identity); }
+  void SetCounting(std::string statement) override { counting_ = std::move(statement); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor = platform::CursorType::kForwardOnly,
             platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
   void Open(platform::Command& command, platform::CursorType cursor = platform::CursorType::kForwardOnly,
             platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
   bool IsOpen() const override { return position_ != Position::kClosed; }
+  platform::Variant Counted() override;
   bool Eof() override;
   void MoveNext() override;
   void Move(std::int64_t rows) override;
@@ -93,6 +96,8 @@ class Recordset final : public platform::Recordset {
   platform::CursorLocation location_ = platform::CursorLocation::kServer;
   platform::UpdateCriteria criteria_ = platform::UpdateCriteria::kChangedColumns;
   platform::RecordIdentity identity_;
+  std::string counting_;
+  std::optional<platform::Variant> counted_;
 
   Position position_ = Position::kClosed;
   std::shared_ptr<Connection> connection_;

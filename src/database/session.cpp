@@ -1,6 +1,7 @@
 #include "database/session.h"
 
 #include "database/process_id.h"
+#include "dralo/error.h"
 
 namespace dralo::database {
 
@@ -11,6 +12,15 @@ std::int64_t Session::Run(const Query& query) {
   while (cursor->Step()) {
   }
   return cursor->RowsAffected();
+}
+
+platform::Variant Session::Ask(const Query& query) {
+  const auto cursor = Prepare(query);
+  if (cursor->GetColumns()->empty() || !cursor->Step())
+    throw platform::Error("The statement yields no value", 0, {}, std::string(query.text));
+  platform::Variant value = platform::Own(cursor->Value(0));
+  cursor->Stop();
+  return value;
 }
 
 bool Session::BelongsToThisProcess() const noexcept { return process_ == ProcessId(); }

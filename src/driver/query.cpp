@@ -14,10 +14,6 @@ using platform::CursorType;
 using platform::LockType;
 using platform::Recordset;
 
-std::shared_ptr<Recordset> NewRecordset(platform::Environment& environment) {
-  return platform::Create<Recordset>(environment, "ADODB.Recordset");
-}
-
 /// Commands cannot be wrapped into a counting query: the rows are walked.
 std::int32_t CountCommandRows(const state::Render& render) {
   const auto recordset = NewRecordset(render.environment);
@@ -29,6 +25,10 @@ std::int32_t CountCommandRows(const state::Render& render) {
 }
 
 }  // namespace
+
+std::shared_ptr<Recordset> NewRecordset(platform::Environment& environment) {
+  return platform::Create<Recordset>(environment, "ADODB.Recordset");
+}
 
 void CountRecords(state::Render& render, bool wanted) {
   const settings::Settings& settings = render.settings;

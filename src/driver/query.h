@@ -27,6 +27,9 @@ void OpenCommand(platform::Recordset& recordset, const settings::Settings& setti
 /// a next page.
 std::int64_t PageRecordLimit(const state::Render& render);
 
+/// A closed recordset.
+std::shared_ptr<platform::Recordset> NewRecordset(platform::Environment& environment);
+
 /// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already,
 /// with at most `record_limit` records; 0 means all.
 std::shared_ptr<platform::Recordset> OpenMainRecordset(state::Render& render, const std::string& sql,

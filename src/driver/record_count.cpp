@@ -17,10 +17,13 @@ std::int32_t RecordCount(platform::Environment& environment,
   const auto recordset = platform::Create<platform::Recordset>(environment, "ADODB.Recordset");
   recordset->SetMaxRecords(1);
   recordset->Open(RecordCountStatement(query), connection);
-  const std::int32_t count =
-      state::ToInt32(environment.Regional(), recordset->Fields()[0]->Value(), "The record count");
+  const std::int32_t count = CountOf(environment, recordset->Fields()[0]->Value());
   recordset->Close();
   return count;
+}
+
+std::int32_t CountOf(const platform::Environment& environment, platform::VariantView value) {
+  return state::ToInt32(environment.Regional(), value, "The record count");
 }
 
 }  // namespace dralo::driver

@@ -18,4 +18,7 @@ std::string RecordCountStatement(std::string_view query);
 std::int32_t RecordCount(platform::Environment& environment,
                          const std::shared_ptr<platform::Connection>& connection, std::string_view query);
 
+/// The value of a counting statement as a number. Throws platform::Error when it does not fit 32 bits.
+std::int32_t CountOf(const platform::Environment& environment, platform::VariantView value);
+
 }  // namespace dralo::driver

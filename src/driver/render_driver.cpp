@@ -5,6 +5,7 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "driver/page_frame.h"
 #include "driver/posted_change.h"
@@ -145,14 +146,32 @@ void ReportFailure(Render& render, const std::exception& error, const Pass& pass
                                render.settings.DisplayDebug);
 }
 
+/// A page that cannot be opened is counted all the same, and fails as if it had been counted first.
+void OpenRecords(Render& render, ShownRecords& records) {
+  const std::int32_t asked_record = render.view.current_record;
+  try {
+    SelectRecord(render);
+    OpenShownRecords(render, records);
+  } catch (const std::exception&) {
+    if (records.counting == Counting::kNone) throw;
+    const std::int32_t selected_record = std::exchange(render.view.current_record, asked_record);
+    std::string statement = std::exchange(records.sql, StatementText(render));
+    if (records.counting == Counting::kFailed) throw;
+    CountRecords(render, true);
+    render.view.current_record = selected_record;
+    records.sql = std::move(statement);
+    throw;
+  }
+}
+
 void RunSteps(Render& render, Pass& pass) {
   state::ReadRequestState(render);
   SelectView(render);
   pass.bar = NavigationBarPlacement(render.settings);
   pass.records.sql = StatementText(render);
-  CountRecords(render, render.view.is_counted);
-  SelectRecord(render);
-  OpenShownRecords(render, pass.records);
+  if (CanCountBeside(render)) pass.records.counting = Counting::kWanted;
+  CountRecords(render, render.view.is_counted && pass.records.counting == Counting::kNone);
+  OpenRecords(render, pass.records);
   render.state_query_tail = state::StateQueryTail(render);
   PutPage(render, pass);
 }

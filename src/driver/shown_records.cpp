@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "driver/query.h"
+#include "driver/record_count.h"
 #include "editing/primary_keys.h"
 #include "settings/error_report.h"
 #include "settings/open_connection.h"
@@ -46,11 +47,29 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
   return recordset;
 }
 
+/// Where the current record is behind the last one, the page is opened once more, at its end.
+void OpenCounted(Render& render, ShownRecords& records) {
+  records.main = NewRecordset(render.environment);
+  records.main->SetMaxRecords(PageRecordLimit(render));
+  records.main->SetCounting(RecordCountStatement(render.view.sql));
+  records.main->Open(records.sql, settings::OpenConnection(render.settings),
+                     platform::CursorType::kForwardOnly, platform::LockType::kReadOnly);
+  MoveToCurrentRecord(render, *records.main);
+  records.counting = Counting::kFailed;
+  render.outcome.record_count = CountOf(render.environment, platform::View(records.main->Counted()));
+  records.counting = Counting::kNone;
+  if (render.view.current_record <= std::max(render.outcome.record_count, 1)) return;
+  records.main->Close();
+  records.main = OpenMainRecordset(render, records.sql, PageRecordLimit(render));
+  MoveToCurrentRecord(render, *records.main);
+}
+
 /// Opens the view's own records and goes to the current one.
 void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownRecords& records) {
   const Settings& settings = render.settings;
   const bool last = render.keys.WasPressed(key::kLast);
   records.sql = IsText(settings) ? OrderedSql(render.view, statement) : StatementText(render);
+  if (records.counting == Counting::kWanted) return OpenCounted(render, records);
   records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
   if (render.view.mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
@@ -125,6 +144,12 @@ void OpenNewRecord(Render& render, ShownRecords& records) {
 }
 
 }  // namespace
+
+bool CanCountBeside(const Render& render) {
+  return render.view.mode == state::Mode::kGrid && render.outcome.record_count < 1 &&
+         render.view.is_counted && IsText(render.settings) && !render.view.sql.empty() &&
+         !render.keys.WasPressed(key::kLast);
+}
 
 void OpenShownRecords(Render& render, ShownRecords& records) {
   if (render.view.mode == state::Mode::kFormAdd) return OpenNewRecord(render, records);

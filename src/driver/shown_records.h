@@ -8,6 +8,9 @@
 
 namespace dralo::driver {
 
+/// Whether the records are to be counted when they are opened.
+enum class Counting { kNone, kWanted, kFailed };
+
 /// The recordsets of one page, and how they were found.
 struct ShownRecords {
   std::string sql = "";                       ///< The main recordset's statement, for debug row and messages.
@@ -15,15 +18,20 @@ struct ShownRecords {
   std::shared_ptr<platform::Recordset> keyed;  ///< The one record that a primary key addresses; else none.
   bool is_addressed_by_key = false;            ///< The posted key, not the record number, says what is shown.
   bool is_added = false;                       ///< The main recordset holds a new record.
+  Counting counting = Counting::kNone;
 
   platform::Recordset& Shown() const { return keyed != nullptr ? *keyed : *main; }
 };
 
-/// Opens what the view shows and stands on it: the record that the posted key addresses, a new record for the
-/// add form, else the current record of the view's statement, for a form in the columns of the form's own
-/// statement. `records.sql` is set before a statement runs, so that it is there for a failure.
-/// Throws platform::Error when a statement fails.
+/// Opens what the view shows, counts its records if that is left to it, and stands on it: the record that the
+/// posted key addresses, a new record for the add form, else the current record of the view's statement, for
+/// a form in the columns of the form's own statement. `records.sql` is set before a statement runs, so that
+/// it is there for a failure. Throws platform::Error when a statement fails.
 void OpenShownRecords(state::Render& render, ShownRecords& records);
+
+/// Whether OpenShownRecords() can count the records as well, as of the same moment: those of a statement, on
+/// a page that is addressed by number.
+bool CanCountBeside(const state::Render& render);
 
 /// Closes what was opened here: a supplied recordset stays open, a new record is forgotten.
 void CloseShownRecords(const state::Render& render, ShownRecords& records);

@@ -117,7 +117,17 @@ bool Cursor::Limit() {
   return pays_off;
 }
 
+void Cursor::StepAhead() noexcept {
+  try {
+    ahead_ = Step();
+  } catch (...) {  // It belongs to whoever asks for the row.
+    ahead_failure_ = std::current_exception();
+  }
+}
+
 bool Cursor::Step() {
+  if (ahead_) return *std::exchange(ahead_, std::nullopt);
+  if (ahead_failure_) std::rethrow_exception(std::exchange(ahead_failure_, nullptr));
   if (!was_stepped_) changes_before_ = sqlite3_total_changes64(session_.Handle());
   const int code = sqlite3_step(statement_->Handle());
   if (code != SQLITE_ROW && code != SQLITE_DONE) {

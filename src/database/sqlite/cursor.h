@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "database/cursor.h"
@@ -26,6 +28,9 @@ class Cursor final : public database::Cursor {
   bool ChangesData() const override;
   bool Skip(std::int64_t rows) override;
   bool Step() override;
+
+  /// Takes the first step, whose result the next Step() gives.
+  void StepAhead() noexcept;
   void Stop() noexcept override;
   platform::VariantView Value(std::size_t column) override;
   platform::VariantView Stored(std::size_t column) override;
@@ -44,6 +49,8 @@ class Cursor final : public database::Cursor {
   std::int64_t offset_ = 0;
   const Reader* readers_ = nullptr;
   bool was_stepped_ = false;
+  std::optional<bool> ahead_ = {};         ///< What Step() has found ahead.
+  std::exception_ptr ahead_failure_ = {};  ///< Or how it failed.
   bool is_running_ = false;
   std::int64_t changes_before_ = 0;
   std::int64_t rows_affected_ = 0;

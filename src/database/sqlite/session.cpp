@@ -37,6 +37,24 @@ void RequireFile(const Options& options) {
   }
 }
 
+/// What is read while it lasts is read as of one moment, unless a transaction of the user does that already.
+class Snapshot {
+ public:
+  explicit Snapshot(Session& session)
+      : session_(session), is_open_(sqlite3_get_autocommit(session.Handle()) != 0) {
+    if (is_open_) session_.Run({"BEGIN"});
+  }
+  ~Snapshot() {
+    if (is_open_) sqlite3_exec(session_.Handle(), "COMMIT", nullptr, nullptr, nullptr);
+  }
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+
+ private:
+  Session& session_;
+  bool is_open_;
+};
+
 }  // namespace
 
 Session::Session(const Options& options) {
@@ -96,6 +114,14 @@ Variant Session::Stored(const Column& column, const Variant& value) const {
 
 std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
   return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
+}
+
+/// The rows keep what the transaction saw when it ends.
+platform::Variant Session::CountBeside(const Query& count, database::Cursor& rows) {
+  const Snapshot snapshot(*this);
+  Variant value = Ask(count);
+  static_cast<Cursor&>(rows).StepAhead();
+  return value;
 }
 
 void Session::Begin() {
