@@ -80,8 +80,10 @@ void CallPhp(void (*body)(void* context), void* context) {
   if (SomethingIsPending()) throw HostAbort{HostAbort::Reason::kPending};
 }
 
+bool HasTimedOut() noexcept { return zend_atomic_bool_load_ex(&EG(timed_out)); }
+
 void StopIfTimedOut() {
-  if (zend_atomic_bool_load_ex(&EG(timed_out))) throw HostAbort{HostAbort::Reason::kTimedOut};
+  if (HasTimedOut()) throw HostAbort{HostAbort::Reason::kTimedOut};
 }
 
 bool EnterCpp(Entry entry, void (*body)(void* context), void* context) {

@@ -33,6 +33,9 @@ void CallPhp(Body&& body) {
           const_cast<void*>(static_cast<const void*>(std::addressof(body))));
 }
 
+/// Whether max_execution_time is over.
+bool HasTimedOut() noexcept;
+
 /// Throws HostAbort when max_execution_time is over. Asked at each piece of output: the engine kills the
 /// process when nobody notices for too long.
 void StopIfTimedOut();

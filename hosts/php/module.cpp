@@ -1,7 +1,9 @@
+#include "database/interruption.h"
 #include "database/objects.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/engine_release.h"
 #include "hosts/php/errors.h"
+#include "hosts/php/guard.h"
 #include "hosts/php/multipart.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/object_handlers.h"
@@ -30,11 +32,13 @@ PHP_MINIT_FUNCTION(dralo) {
   SetUpObjectHandlers();
   RegisterClasses();
   ListenToMultipart();
+  database::StopStatementsWhen(HasTimedOut);
   return SUCCESS;
 }
 
 PHP_MSHUTDOWN_FUNCTION(dralo) {
   (void)type;
+  database::StopStatementsWhen(nullptr);
   StopListeningToMultipart();
   CloseEnvironment();
   database::CloseIdleConnections();

@@ -2,6 +2,7 @@
 
 #include "dralo/error.h"
 #include "text/ascii.h"
+#include "text/decimal.h"
 #include "text/white_space.h"
 
 namespace dralo::database {
@@ -84,6 +85,18 @@ std::optional<std::string_view> ConnectionString::Find(std::string_view key) con
     if (text::EqualAscii(pair->key, key)) return pair->value;
   }
   return std::nullopt;
+}
+
+int ConnectionString::Seconds(std::string_view key, int otherwise) const {
+  const auto text = Find(key);
+  if (!text) return otherwise;
+  const auto seconds = text::ParseNumber<int>(*text);
+  if (!seconds || *seconds < 0 || *seconds > 86'400) {
+    throw platform::Error("The " + std::string(key) +
+                          " in the connection string is no number of seconds; write " + std::string(key) +
+                          "=" + std::to_string(otherwise));
+  }
+  return *seconds;
 }
 
 std::string ConnectionString::WithoutPassword() const {

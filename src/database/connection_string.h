@@ -26,6 +26,9 @@ class ConnectionString {
 
   std::optional<std::string_view> Find(std::string_view key) const;
 
+  /// The value of `key` as a number of seconds up to a day. Throws platform::Error when it is none.
+  int Seconds(std::string_view key, int otherwise) const;
+
   /// In the order of the text, then those added.
   const std::vector<Pair>& Pairs() const { return pairs_; }
 

@@ -18,18 +18,6 @@ namespace {
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
-int ReadSeconds(const ConnectionString& connection_string, std::string_view key, int otherwise) {
-  const auto text = connection_string.Find(key);
-  if (!text) return otherwise;
-  const auto seconds = text::ParseNumber<int>(*text);
-  if (!seconds || *seconds < 0 || *seconds > 86'400) {
-    throw platform::Error("The " + std::string(key) +
-                          " in the connection string is no number of seconds; write " + std::string(key) +
-                          "=" + std::to_string(otherwise));
-  }
-  return *seconds;
-}
-
 /// The driver manager's name of a key that has several.
 std::string_view NameOf(std::string_view key) {
   static constexpr std::pair<std::string_view, std::string_view> kNames[] = {{"User ID", "UID"},
@@ -154,8 +142,8 @@ std::string Quoted(const std::string& value) {
 
 Options ReadOptions(const ConnectionString& connection_string) {
   Options options;
-  options.connect_timeout_s = ReadSeconds(connection_string, "Connect Timeout", kDefaultConnectTimeoutS);
-  options.query_timeout_s = ReadSeconds(connection_string, "Query Timeout", kDefaultQueryTimeoutS);
+  options.connect_timeout_s = connection_string.Seconds("Connect Timeout", kDefaultConnectTimeoutS);
+  options.query_timeout_s = connection_string.Seconds("Query Timeout", kDefaultQueryTimeoutS);
   Pairs pairs = ReadPairs(connection_string);
   const std::string password(ValueOf(pairs, "PWD"));
   if (!password.empty()) options.secrets = {password, Quoted(password)};

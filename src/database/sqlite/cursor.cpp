@@ -129,7 +129,7 @@ bool Cursor::Step() {
   if (ahead_) return *std::exchange(ahead_, std::nullopt);
   if (ahead_failure_) std::rethrow_exception(std::exchange(ahead_failure_, nullptr));
   if (!was_stepped_) changes_before_ = sqlite3_total_changes64(session_.Handle());
-  const int code = sqlite3_step(statement_->Handle());
+  const int code = session_.Limit().Step(statement_->Handle(), statement_->Text());
   if (code != SQLITE_ROW && code != SQLITE_DONE) {
     was_stepped_ = false;
     ThrowError(session_.Handle(), statement_->Text());

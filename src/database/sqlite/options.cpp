@@ -51,6 +51,7 @@ Options ReadOptions(const ConnectionString& connection_string) {
   options.flags = ReadMode(connection_string.Find("Mode").value_or("ReadWrite"));
   if (const auto timeout = connection_string.Find("Busy Timeout"))
     options.busy_timeout_ms = ReadBusyTimeout(*timeout);
+  options.query_timeout_s = connection_string.Seconds("Query Timeout", kDefaultQueryTimeoutS);
   return options;
 }
 

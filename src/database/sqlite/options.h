@@ -9,6 +9,7 @@ namespace dralo::database::sqlite {
 
 inline constexpr std::string_view kInMemory = ":memory:";
 inline constexpr int kDefaultBusyTimeoutMs = 5000;
+inline constexpr int kDefaultQueryTimeoutS = 30;
 
 /// What a connection string says about an SQLite database.
 struct Options {
@@ -16,6 +17,7 @@ struct Options {
   std::string path;         ///< Absolute, or kInMemory.
   int flags = 0;            ///< SQLITE_OPEN_READONLY and the like.
   int busy_timeout_ms = kDefaultBusyTimeoutMs;
+  int query_timeout_s = kDefaultQueryTimeoutS;  ///< 0 for none.
 };
 
 /// Throws platform::Error saying what to write when the connection string is not understood.

@@ -5,7 +5,8 @@
 namespace dralo::database::sqlite {
 
 /// SQLite databases: "Provider=SQLite;Data Source=FILE" or ":memory:". Mode is Read, ReadWrite (the default)
-/// or ReadWriteCreate; Busy Timeout is in milliseconds.
+/// or ReadWriteCreate; Busy Timeout is in milliseconds, Query Timeout in seconds, 30 when not given: the time
+/// until the next row of a statement. 0 lets it run.
 class Provider final : public database::Provider {
  public:
   Provider() = default;

@@ -68,6 +68,7 @@ Session::Session(const Options& options) {
                 code);
   }
   sqlite3_busy_timeout(connection, options.busy_timeout_ms);
+  time_limit_.Watch(connection, options.query_timeout_s);
   sqlite3_set_authorizer(connection, Watch, this);
 }
 

@@ -11,6 +11,7 @@
 #include "database/sqlite/options.h"
 #include "database/sqlite/statement.h"
 #include "database/sqlite/statement_cache.h"
+#include "database/sqlite/time_limit.h"
 
 namespace dralo::database::sqlite {
 
@@ -43,6 +44,8 @@ class Session final : public database::Session {
 
   sqlite3* Handle() const { return handle_.get(); }
 
+  TimeLimit& Limit() { return time_limit_; }
+
   /// The statement with a limit, or nullptr when it cannot have one.
   std::unique_ptr<Statement> TakeLimited(std::string_view text);
 
@@ -57,6 +60,7 @@ class Session final : public database::Session {
   static int Watch(void* session, int action, const char* name, const char* value, const char* database,
                    const char* trigger) noexcept;
 
+  TimeLimit time_limit_;  ///< Before the handle, so that it goes last.
   std::unique_ptr<sqlite3, Closer> handle_;
   StatementCache cache_;        ///< After the handle, so that it goes first.
   bool is_nested_ = false;      ///< The transaction of Begin() is a part of the user's.

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <chrono>
+#include <optional>
+#include <string_view>
+
+namespace dralo::database::sqlite {
+
+/// Ends a statement that takes too long to come to its next row, or that the host wants to end.
+class TimeLimit {
+ public:
+  TimeLimit() = default;
+  TimeLimit(const TimeLimit&) = delete;
+  TimeLimit& operator=(const TimeLimit&) = delete;
+
+  /// Of all statements of the connection, which must not outlive this object. 0 sets no limit of time.
+  void Watch(sqlite3* connection, int seconds);
+
+  /// sqlite3_step(), within the limit. Throws platform::Error, with `text` as its source, when that is
+  /// reached.
+  int Step(sqlite3_stmt* statement, std::string_view text);
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  static int Ask(void* limit) noexcept;
+  bool IsReached() noexcept;
+
+  std::chrono::seconds time_{0};
+  bool is_reached_ = false;
+  std::optional<Clock::time_point> end_;  ///< Of the running step, once it has taken some time.
+};
+
+}  // namespace dralo::database::sqlite
