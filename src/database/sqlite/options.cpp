@@ -31,6 +31,17 @@ int ReadBusyTimeout(std::string_view text) {
   return *timeout_ms;
 }
 
+int ReadMemoryMap(std::string_view text) {
+  constexpr int kMost = 65'536;
+  const auto megabytes = text::ParseNumber<int>(text);
+  if (!megabytes || *megabytes < 0 || *megabytes > kMost) {
+    throw Error(
+        "The Memory Map in the connection string is no number of megabytes up to 65536; write Memory "
+        "Map=256");
+  }
+  return *megabytes;
+}
+
 }  // namespace
 
 Options ReadOptions(const ConnectionString& connection_string) {
@@ -51,6 +62,8 @@ Options ReadOptions(const ConnectionString& connection_string) {
   options.flags = ReadMode(connection_string.Find("Mode").value_or("ReadWrite"));
   if (const auto timeout = connection_string.Find("Busy Timeout"))
     options.busy_timeout_ms = ReadBusyTimeout(*timeout);
+  if (const auto megabytes = connection_string.Find("Memory Map"))
+    options.memory_map_mb = ReadMemoryMap(*megabytes);
   options.query_timeout_s = connection_string.Seconds("Query Timeout", kDefaultQueryTimeoutS);
   return options;
 }

@@ -18,6 +18,7 @@ struct Options {
   int flags = 0;            ///< SQLITE_OPEN_READONLY and the like.
   int busy_timeout_ms = kDefaultBusyTimeoutMs;
   int query_timeout_s = kDefaultQueryTimeoutS;  ///< 0 for none.
+  int memory_map_mb = 0;                        ///< How much of the file is read as memory.
 };
 
 /// Throws platform::Error saying what to write when the connection string is not understood.

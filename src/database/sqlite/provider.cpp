@@ -13,7 +13,8 @@ std::string Provider::PoolKey(const ConnectionString& connection_string) const {
   const Options options = ReadOptions(connection_string);
   if (options.path == kInMemory) return {};
   return "SQLite " + std::to_string(options.flags) + " " + std::to_string(options.busy_timeout_ms) + " " +
-         std::to_string(options.query_timeout_s) + " " + options.path;
+         std::to_string(options.query_timeout_s) + " " + std::to_string(options.memory_map_mb) + " " +
+         options.path;
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {

@@ -8,6 +8,7 @@
 #include "database/date_text.h"
 #include "database/sqlite/cursor.h"
 #include "database/sqlite/error.h"
+#include "database/sqlite/memory_map.h"
 #include "database/sqlite/quote.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
@@ -69,6 +70,7 @@ Session::Session(const Options& options) {
   }
   sqlite3_busy_timeout(connection, options.busy_timeout_ms);
   time_limit_.Watch(connection, options.query_timeout_s);
+  MapFile(connection, options);
   sqlite3_set_authorizer(connection, Watch, this);
 }
 

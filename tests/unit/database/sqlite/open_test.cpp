@@ -66,6 +66,9 @@ TEST_F(SqliteOpen, SaysWhatToWriteInAConnectionString) {
       OpenError("Provider=SQLite;Data Source=x;Mode=Share Deny None"),
       "The connection string has an unknown Mode; write Mode=Read, Mode=ReadWrite or Mode=ReadWriteCreate");
   EXPECT_EQ(
+      OpenError("Provider=SQLite;Data Source=x;Memory Map=all"),
+      "The Memory Map in the connection string is no number of megabytes up to 65536; write Memory Map=256");
+  EXPECT_EQ(
       OpenError("Provider=SQLite;Data Source=x;Busy Timeout=soon"),
       "The Busy Timeout in the connection string is no number of milliseconds; write Busy Timeout=5000");
   EXPECT_EQ(
