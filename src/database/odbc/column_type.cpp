@@ -51,7 +51,7 @@ Kind TextOrBytesKind(SQLSMALLINT type) {
   }
 }
 
-Kind KindOf(const DriverType& type, Dialect dialect) {
+Kind ColumnKind(const DriverType& type, Dialect dialect) {
   const bool has_text_dates = dialect == Dialect::kPostgreSql || dialect == Dialect::kSqlite;
   switch (type.type) {
     case SQL_BIT:
@@ -185,7 +185,7 @@ platform::KeyComparison ComparisonOf(Dialect dialect, TypeCode type, std::string
 }  // namespace
 
 Reader SetType(Column& column, const DriverType& type, Dialect dialect, bool speaks_utf8) {
-  Kind kind = KindOf(type, dialect);
+  Kind kind = ColumnKind(type, dialect);
   if (dialect == Dialect::kSqlite) CorrectSqlite(kind, type);
   if (dialect == Dialect::kPostgreSql && type.name == "money") kind = {TypeCode::kCurrency, Reading::kMoney};
   if (kind.reading == Reading::kText && !speaks_utf8) kind.reading = Reading::kWideText;

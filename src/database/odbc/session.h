@@ -11,8 +11,8 @@
 #include "database/odbc/link.h"
 #include "database/odbc/options.h"
 #include "database/odbc/statement_cache.h"
-#include "database/odbc/statement_kind.h"
 #include "database/session.h"
+#include "database/statement_kind.h"
 #include "dralo/error.h"
 
 namespace dralo::database::odbc {

@@ -9,7 +9,7 @@
 
 #include "database/odbc/description.h"
 #include "database/odbc/handle.h"
-#include "database/odbc/statement_kind.h"
+#include "database/statement_kind.h"
 
 namespace dralo::database::odbc {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace dralo::database::odbc {
+namespace dralo::database {
 
 /// What the words of a statement tell about it.
 struct StatementKind {
@@ -25,4 +25,4 @@ struct StatementKind {
 
 StatementKind KindOf(std::string_view text);
 
-}  // namespace dralo::database::odbc
+}  // namespace dralo::database

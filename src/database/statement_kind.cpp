@@ -1,4 +1,4 @@
-#include "database/odbc/statement_kind.h"
+#include "database/statement_kind.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 #include "text/ascii.h"
 #include "text/white_space.h"
 
-namespace dralo::database::odbc {
+namespace dralo::database {
 
 namespace {
 
@@ -109,4 +109,4 @@ StatementKind KindOf(std::string_view text) {
   return kind;
 }
 
-}  // namespace dralo::database::odbc
+}  // namespace dralo::database

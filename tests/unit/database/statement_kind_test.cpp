@@ -1,8 +1,8 @@
-#include "database/odbc/statement_kind.h"
+#include "database/statement_kind.h"
 
 #include <gtest/gtest.h>
 
-namespace dralo::database::odbc {
+namespace dralo::database {
 
 namespace {
 
@@ -59,4 +59,4 @@ TEST(StatementKind, KnowsCallsOfUnknownFunctions) {
 
 }  // namespace
 
-}  // namespace dralo::database::odbc
+}  // namespace dralo::database
