@@ -6,7 +6,7 @@
 
 #include "database/odbc/catalog.h"
 #include "database/odbc/quote.h"
-#include "database/odbc/select_list.h"
+#include "database/select_list.h"
 #include "dralo/error.h"
 
 namespace dralo::database::odbc {

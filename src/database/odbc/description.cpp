@@ -8,8 +8,8 @@
 
 #include "database/odbc/catalog.h"
 #include "database/odbc/column_type.h"
-#include "database/odbc/select_list.h"
 #include "database/odbc/wide_text.h"
+#include "database/select_list.h"
 #include "text/ascii.h"
 
 namespace dralo::database::odbc {

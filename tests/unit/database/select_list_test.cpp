@@ -1,9 +1,9 @@
-#include "database/odbc/select_list.h"
+#include "database/select_list.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace dralo::database::odbc {
+namespace dralo::database {
 
 namespace {
 
@@ -27,4 +27,4 @@ TEST(SelectList, SeesATableThatIsReadTwice) {
 
 }  // namespace
 
-}  // namespace dralo::database::odbc
+}  // namespace dralo::database

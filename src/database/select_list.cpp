@@ -1,4 +1,4 @@
-#include "database/odbc/select_list.h"
+#include "database/select_list.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -6,7 +6,7 @@
 #include "text/ascii.h"
 #include "text/white_space.h"
 
-namespace dralo::database::odbc {
+namespace dralo::database {
 
 namespace {
 
@@ -101,4 +101,4 @@ bool NamesTwice(std::string_view query, std::string_view table) {
   return count > 1;
 }
 
-}  // namespace dralo::database::odbc
+}  // namespace dralo::database
