@@ -46,6 +46,7 @@ constexpr std::string_view kDefinitions[] = {"CREATE", "ALTER", "DROP", "GRANT",
 constexpr std::string_view kBegins[] = {"BEGIN", "START"};
 constexpr std::string_view kEnds[] = {"COMMIT", "END", "ROLLBACK", "ABORT"};
 constexpr std::string_view kParts[] = {"SAVEPOINT", "RELEASE"};
+constexpr std::string_view kSettings[] = {"SET", "PREPARE"};
 constexpr std::string_view kBeforeParenthesis[] = {
     "IN",           "VALUES",   "AND",       "OR",       "NOT",      "EXISTS",     "ANY",
     "ALL",          "SOME",     "FROM",      "JOIN",     "ON",       "USING",      "AS",
@@ -105,7 +106,10 @@ StatementKind KindOfStart(std::string_view text) {
 StatementKind KindOf(std::string_view text) {
   text = WithoutFront(text, '(');
   StatementKind kind = KindOfStart(text);
-  kind.calls_functions = !IsAny(FirstWord(text), kDefinitions) && CallsFunctions(text);
+  const std::string_view first = FirstWord(text);
+  kind.controls_transaction =
+      IsAny(first, kBegins) || IsAny(first, kEnds) || IsAny(first, kParts) || IsAny(first, kSettings);
+  kind.calls_functions = !IsAny(first, kDefinitions) && CallsFunctions(text);
   return kind;
 }
 

@@ -15,6 +15,9 @@ struct StatementKind {
   bool begins_transaction = false;
   bool ends_transaction = false;
 
+  /// It does one of these, or divides a transaction, or sets what one is like.
+  bool controls_transaction = false;
+
   /// It may leave something in the session that the next user would meet: a setting, a temporary table, a
   /// lock.
   bool leaves_traces = false;

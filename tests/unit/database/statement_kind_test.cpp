@@ -23,6 +23,16 @@ TEST(StatementKind, TellsStatementsThatOnlyLookLikeQueries) {
   EXPECT_FALSE(KindOf("").is_query);
 }
 
+TEST(StatementKind, TellsWhatControlsATransaction) {
+  for (const char* text : {"BEGIN", "start transaction", "COMMIT", "ROLLBACK TO a", "SAVEPOINT a", "RELEASE a",
+                           "SET TRANSACTION READ ONLY", "PREPARE TRANSACTION 'a'"}) {
+    EXPECT_TRUE(KindOf(text).controls_transaction) << text;
+  }
+  for (const char* text : {"SELECT 1", "UPDATE t SET a = 1", "CREATE TABLE t (a integer)"}) {
+    EXPECT_FALSE(KindOf(text).controls_transaction) << text;
+  }
+}
+
 TEST(StatementKind, FollowsTransactions) {
   EXPECT_TRUE(KindOf("begin").begins_transaction);
   EXPECT_TRUE(KindOf("START TRANSACTION").begins_transaction);
