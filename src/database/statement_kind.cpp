@@ -91,14 +91,14 @@ StatementKind KindOfStart(std::string_view text) {
   const bool is_with = text::EqualAscii(first, "WITH");
   if (IsAny(first, kSelects) || (is_with && !HasAny(text, kChanges))) {
     const bool has_target = HasWord(text, "INTO");
-    return {.is_query = true, .is_select = !has_target, .leaves_traces = has_target};
+    return {.is_query = true, .is_select = !has_target, .defines = has_target, .leaves_traces = has_target};
   }
   if (IsAny(first, kShows)) return {.is_query = true, .leaves_traces = text::EqualAscii(first, "PRAGMA")};
   if (IsAny(first, kChanges) || is_with || IsAny(first, kParts)) return {};
-  if (IsAny(first, kDefinitions)) return {.leaves_traces = HasAny(text, kTemporary)};
+  if (IsAny(first, kDefinitions)) return {.defines = true, .leaves_traces = HasAny(text, kTemporary)};
   if (IsAny(first, kBegins)) return {.begins_transaction = true};
-  if (IsAny(first, kEnds)) return {.ends_transaction = !HasWord(text, "TO")};
-  return {.leaves_traces = true};
+  if (IsAny(first, kEnds)) return {.ends_transaction = !HasWord(text, "TO"), .defines = true};
+  return {.defines = true, .leaves_traces = true};
 }
 
 }  // namespace

@@ -18,6 +18,9 @@ struct StatementKind {
   /// It does one of these, or divides a transaction, or sets what one is like.
   bool controls_transaction = false;
 
+  /// It may change which tables and columns there are.
+  bool defines = false;
+
   /// It may leave something in the session that the next user would meet: a setting, a temporary table, a
   /// lock.
   bool leaves_traces = false;

@@ -33,6 +33,16 @@ TEST(StatementKind, TellsWhatControlsATransaction) {
   }
 }
 
+TEST(StatementKind, TellsWhatMayChangeTheTables) {
+  for (const char* text : {"CREATE TABLE t (a integer)", "ALTER TABLE t ADD b integer", "DROP TABLE t", "CALL f()",
+                           "SELECT 1 AS a INTO t", "ROLLBACK", "ROLLBACK TO a"}) {
+    EXPECT_TRUE(KindOf(text).defines) << text;
+  }
+  for (const char* text : {"SELECT 1", "UPDATE t SET a = 1", "BEGIN", "SAVEPOINT a"}) {
+    EXPECT_FALSE(KindOf(text).defines) << text;
+  }
+}
+
 TEST(StatementKind, FollowsTransactions) {
   EXPECT_TRUE(KindOf("begin").begins_transaction);
   EXPECT_TRUE(KindOf("START TRANSACTION").begins_transaction);
