@@ -1,0 +1,65 @@
+#pragma once
+
+#include <libpq-fe.h>
+
+#include <memory>
+
+namespace dralo::database::postgresql {
+
+/// The functions of PostgreSQL's client library that are used. The library is loaded when the first page
+/// connects, so that a host without PostgreSQL needs none.
+struct Libpq {
+  /// Throws platform::Error saying what to install when the library is not there or is too old.
+  static const Libpq& Get();
+
+#define DRALO_LIBPQ_FUNCTIONS(USE) \
+  USE(PQbackendPID)                \
+  USE(PQclear)                     \
+  USE(PQcmdTuples)                 \
+  USE(PQconnectPoll)               \
+  USE(PQconnectStartParams)        \
+  USE(PQconsumeInput)              \
+  USE(PQenterPipelineMode)         \
+  USE(PQerrorMessage)              \
+  USE(PQfinish)                    \
+  USE(PQflush)                     \
+  USE(PQfmod)                      \
+  USE(PQfname)                     \
+  USE(PQftable)                    \
+  USE(PQftablecol)                 \
+  USE(PQftype)                     \
+  USE(PQgetResult)                 \
+  USE(PQgetisnull)                 \
+  USE(PQgetlength)                 \
+  USE(PQgetvalue)                  \
+  USE(PQisBusy)                    \
+  USE(PQnfields)                   \
+  USE(PQntuples)                   \
+  USE(PQpipelineSync)              \
+  USE(PQresultErrorField)          \
+  USE(PQresultErrorMessage)        \
+  USE(PQresultStatus)              \
+  USE(PQsendDescribePrepared)      \
+  USE(PQsendPrepare)               \
+  USE(PQsendQueryParams)           \
+  USE(PQsendQueryPrepared)         \
+  USE(PQsetNoticeReceiver)         \
+  USE(PQsetSingleRowMode)          \
+  USE(PQsetnonblocking)            \
+  USE(PQsocket)                    \
+  USE(PQstatus)                    \
+  USE(PQtransactionStatus)
+#define DRALO_DECLARE(name) decltype(&::name) name;
+  DRALO_LIBPQ_FUNCTIONS(DRALO_DECLARE)
+#undef DRALO_DECLARE
+
+  /// PQsetChunkedRowsMode of libpq 17 and later, else nullptr.
+  int (*set_chunked_rows)(PGconn*, int);
+};
+
+struct ResultCleaner {
+  void operator()(PGresult* result) const noexcept { Libpq::Get().PQclear(result); }
+};
+using Result = std::unique_ptr<PGresult, ResultCleaner>;
+
+}  // namespace dralo::database::postgresql
