@@ -1,0 +1,319 @@
+#include "database/postgresql/link.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "database/postgresql/error.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+using platform::Error;
+
+/// The server's own message about its limit comes first.
+constexpr std::chrono::seconds kGrace{2};
+
+/// How the server notices soon that nobody waits for a statement any more; since PostgreSQL 14.
+constexpr std::string_view kCheckForClient = " -c client_connection_check_interval=500";
+
+constexpr std::string_view kForms = "-c DateStyle=ISO -c IntervalStyle=postgres -c extra_float_digits=1";
+
+/// A packet of the server may be lost for ever; this is how a vanished host is noticed.
+constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "UTF8"},
+                                                          {"keepalives_idle", "10"},
+                                                          {"keepalives_interval", "5"},
+                                                          {"keepalives_count", "4"},
+                                                          {"fallback_application_name", "dralo"}};
+
+void IgnoreNotice(void* /*unused*/, const PGresult* /*notice*/) {}
+
+std::string StartOptions(const Options& options) {
+  std::string text(kForms);
+  if (options.query_timeout_s > 0) {
+    text += " -c statement_timeout=" + std::to_string(options.query_timeout_s * 1000);
+  }
+  return text.append(kCheckForClient);
+}
+
+/// As a pooler refuses them, or a server that does not know one.
+bool IsRefusalOfOptions(std::string_view message) {
+  return message.find("startup parameter") != message.npos ||
+         message.find("client_connection_check_interval") != message.npos;
+}
+
+/// The attributes to look for, one after the other, each on all hosts.
+std::vector<std::string> Rounds(const Options& options) {
+  if (options.target_attributes == "prefer-standby") return {"standby", "any"};
+  return {options.target_attributes};
+}
+
+}  // namespace
+
+Link::Link(const Options& options) : options_(options) { Connect(); }
+
+/// One host after the other: the client library never leaves one that is frozen, so each has a share of the
+/// time.
+void Link::Connect() {
+  const std::vector<std::string> rounds = Rounds(options_);
+  auto attempts = static_cast<int>(rounds.size() * options_.hosts.size());
+  const auto end = Clock::now() + std::chrono::seconds(options_.connect_timeout_s);
+  std::string reasons;
+  for (const std::string& attributes : rounds) {
+    for (const Options::Host& host : options_.hosts) {
+      try {
+        deadline_.reset();
+        if (options_.connect_timeout_s > 0) deadline_ = Clock::now() + (end - Clock::now()) / attempts--;
+        return ConnectTo(host, attributes);
+      } catch (const Error& error) {
+        handle_.reset();
+        if (reasons.find(error.what()) != reasons.npos) continue;
+        reasons.append(reasons.empty() ? "" : "; ").append(error.what());
+      }
+    }
+  }
+  throw Error("The database cannot be opened: " + reasons + " (SQLSTATE 08001)", CONNECTION_BAD, "08001");
+}
+
+void Link::ConnectTo(const Options::Host& host, const std::string& attributes) {
+  is_pooled_ = false;
+  try {
+    TryToConnect(host, attributes, true);
+  } catch (const Error& error) {
+    if (!IsRefusalOfOptions(error.what())) throw;
+    TryToConnect(host, attributes, false);
+    is_pooled_ = true;
+  }
+  if (libpq_.PQsetnonblocking(Handle(), 1) != 0 || libpq_.PQenterPipelineMode(Handle()) != 1) {
+    throw Error(OneLine(libpq_.PQerrorMessage(Handle())));
+  }
+  libpq_.PQsetNoticeReceiver(Handle(), IgnoreNotice, nullptr);
+  is_synced_ = true;
+  FindPooler();
+  ++number_;
+  SetPatience();
+}
+
+void Link::Begin() {
+  if (reader_ != nullptr) std::exchange(reader_, nullptr)->SetAside();
+  if (is_dropped_) {
+    is_dropped_ = false;
+    Connect();
+  }
+  if (!IsDead()) return;
+  throw NoConnection("The connection to the database was lost", {});
+}
+
+void Link::Drop() noexcept {
+  GiveUp();
+  is_dropped_ = true;
+}
+
+void Link::SetPatience() {
+  patience_.reset();
+  if (options_.query_timeout_s > 0) patience_ = std::chrono::seconds(options_.query_timeout_s) + kGrace;
+}
+
+void Link::TryToConnect(const Options::Host& host, const std::string& attributes, bool sets_options) {
+  const std::string start_options = StartOptions(options_);
+  std::vector<const char*> keys;
+  std::vector<const char*> values;
+  const auto add = [&](const char* key, const char* value) {
+    if (*value == '\0') return;
+    keys.push_back(key);
+    values.push_back(value);
+  };
+  for (const auto& [key, value] : options_.settings) add(key.c_str(), value.c_str());
+  for (const auto& [key, value] : kFixed) add(key, value);
+  add("host", host.name.c_str());
+  add("port", host.port.c_str());
+  add("target_session_attrs", attributes.c_str());
+  if (sets_options) add("options", start_options.c_str());
+  keys.push_back(nullptr);
+  values.push_back(nullptr);
+
+  handle_.reset(libpq_.PQconnectStartParams(keys.data(), values.data(), 0));
+  if (!handle_) throw std::bad_alloc();
+  auto state = PGRES_POLLING_WRITING;
+  while (libpq_.PQstatus(Handle()) != CONNECTION_BAD && state != PGRES_POLLING_OK) {
+    if (!Wait(state == PGRES_POLLING_READING ? POLLIN : POLLOUT)) {
+      throw Error("the server has not answered in time");
+    }
+    state = libpq_.PQconnectPoll(Handle());
+    if (state == PGRES_POLLING_FAILED) break;
+  }
+  if (libpq_.PQstatus(Handle()) != CONNECTION_OK) throw Error(OneLine(libpq_.PQerrorMessage(Handle())));
+}
+
+/// A pooler has numbers of its own for its clients.
+void Link::FindPooler() {
+  Order("SELECT pg_backend_pid()");
+  const auto deadline = deadline_;
+  Send();  // A few bytes: it does not wait.
+  deadline_ = deadline;
+  const Result answer = Answer();
+  Finish();
+  const bool has_number = libpq_.PQntuples(answer.get()) == 1;
+  is_pooled_ = is_pooled_ || !has_number ||
+               libpq_.PQgetvalue(answer.get(), 0, 0) != std::to_string(libpq_.PQbackendPID(Handle()));
+}
+
+void Link::Order(const char* statement) {
+  Require(libpq_.PQsendQueryParams(Handle(), statement, 0, nullptr, nullptr, nullptr, nullptr, 0));
+}
+
+void Link::Prepare(const std::string& name, const std::string& statement, const Parameters& parameters) {
+  Require(libpq_.PQsendPrepare(Handle(), name.c_str(), statement.c_str(), parameters.Count(),
+                               parameters.Types().data()));
+}
+
+void Link::Describe(const std::string& name) {
+  Require(libpq_.PQsendDescribePrepared(Handle(), name.c_str()));
+}
+
+void Link::Execute(const std::string& name, const Parameters& parameters) {
+  Require(libpq_.PQsendQueryPrepared(Handle(), name.c_str(), parameters.Count(), parameters.Values().data(),
+                                     parameters.Lengths().data(), parameters.Formats().data(), 0));
+}
+
+/// Reads while it writes: a server that has answers to send takes no more orders.
+void Link::Send() {
+  StartClock();
+  Require(libpq_.PQpipelineSync(Handle()));
+  is_synced_ = false;
+  for (;;) {
+    const int left = libpq_.PQflush(Handle());
+    if (left == 0) return;
+    Require(left == 1 ? 1 : 0);
+    if (!Wait(POLLIN | POLLOUT)) {
+      GiveUp();
+      throw NoAnswer({});
+    }
+    Require(libpq_.PQconsumeInput(Handle()));
+  }
+}
+
+/// False when the deadline has passed.
+bool Link::AwaitAnswer() {
+  while (libpq_.PQisBusy(Handle()) != 0) {
+    if (!Wait(POLLIN)) return false;
+    // What the server said before it went is an answer still.
+    if (libpq_.PQconsumeInput(Handle()) == 0 && libpq_.PQisBusy(Handle()) != 0) Require(0);
+  }
+  return true;
+}
+
+Result Link::TakeResult() {
+  Result result(libpq_.PQgetResult(Handle()));
+  const ExecStatusType status = result ? libpq_.PQresultStatus(result.get()) : PGRES_EMPTY_QUERY;
+  if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT || status == PGRES_COPY_BOTH) {
+    GiveUp();
+    throw Error("COPY to or from the client is not possible; use a file of the server, or INSERT and SELECT");
+  }
+  if (status == PGRES_PIPELINE_SYNC) is_synced_ = true;
+  return result;
+}
+
+Result Link::NextResult() {
+  if (AwaitAnswer()) return TakeResult();
+  GiveUp();
+  throw NoAnswer({});
+}
+
+Result Link::Answer() {
+  Result answer;
+  while (Result next = NextResult()) answer = std::move(next);
+  return answer;
+}
+
+void Link::Split() {
+#ifdef LIBPQ_HAS_CHUNK_MODE
+  constexpr int kRowsPerPart = 100;
+  if (libpq_.set_chunked_rows != nullptr && libpq_.set_chunked_rows(Handle(), kRowsPerPart) == 1) return;
+#endif
+  libpq_.PQsetSingleRowMode(Handle());
+}
+
+Result Link::Part() {
+  StartClock();
+  return NextResult();
+}
+
+void Link::Finish() {
+  while (!is_synced_ && !IsDead()) NextResult();
+}
+
+bool Link::FinishWithin(std::chrono::milliseconds time) {
+  deadline_ = Clock::now() + time;
+  while (!is_synced_ && !IsDead()) {
+    if (Clock::now() > *deadline_ || !AwaitAnswer()) return false;
+    TakeResult();
+  }
+  return true;
+}
+
+Result Link::Run(const char* statement) {
+  Begin();
+  Order(statement);
+  Send();
+  Result answer = Answer();
+  Finish();
+  const ExecStatusType status = libpq_.PQresultStatus(answer.get());
+  if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) throw ErrorOf(answer.get(), statement);
+  return answer;
+}
+
+PGTransactionStatusType Link::Transaction() const {
+  return handle_ ? libpq_.PQtransactionStatus(Handle()) : PQTRANS_UNKNOWN;
+}
+
+bool Link::IsDead() const noexcept {
+  return handle_ == nullptr || libpq_.PQstatus(handle_.get()) == CONNECTION_BAD;
+}
+
+bool Link::IsQuiet() const noexcept {
+  if (IsDead()) return false;
+  pollfd watched{libpq_.PQsocket(handle_.get()), POLLIN | POLLRDHUP, 0};
+  return is_synced_ && poll(&watched, 1, 0) == 0;
+}
+
+void Link::StartClock() {
+  deadline_.reset();
+  if (patience_) deadline_ = Clock::now() + *patience_;
+}
+
+PGconn* Link::Handle() const {
+  if (!handle_) throw NoConnection({}, {});
+  return handle_.get();
+}
+
+/// A call that fails leaves a trip in the middle.
+void Link::Require(int code) {
+  if (code != 0) return;
+  const std::string reason = libpq_.PQerrorMessage(Handle());
+  GiveUp();
+  throw NoConnection(reason, {});
+}
+
+/// Until the socket is ready for one of the events. False when the deadline has passed.
+bool Link::Wait(short events) const {
+  for (;;) {
+    int left_ms = -1;
+    if (deadline_) {
+      const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline_ - Clock::now());
+      left_ms = static_cast<int>(std::max<std::int64_t>(left.count(), 0));
+    }
+    pollfd watched{libpq_.PQsocket(Handle()), events, 0};
+    const int ready = poll(&watched, 1, left_ms);
+    if (ready > 0) return true;
+    if (ready == 0) return false;
+    if (errno != EINTR) throw NoConnection("The socket of the connection fails", {});
+  }
+}
+
+}  // namespace dralo::database::postgresql

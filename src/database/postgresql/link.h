@@ -1,0 +1,135 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "database/postgresql/libpq.h"
+#include "database/postgresql/options.h"
+#include "database/postgresql/parameters.h"
+
+namespace dralo::database::postgresql {
+
+/// Reads the rows of a statement while the server sends them, so that the connection is not free.
+class RowReader {
+ public:
+  RowReader() = default;
+  virtual ~RowReader() = default;
+  RowReader(const RowReader&) = delete;
+  RowReader& operator=(const RowReader&) = delete;
+
+  /// Makes the connection free: keeps the rest of the rows elsewhere. What fails is reported when its row is
+  /// asked for.
+  virtual void SetAside() noexcept = 0;
+};
+
+/// A connection to a server, which never waits longer than the connection string allows.
+///
+/// Orders are collected, sent together and answered in their turn: a trip, from Begin() to Finish(). When one
+/// of them fails the server passes over those behind it.
+class Link {
+ public:
+  /// Throws platform::Error when no host lets in, or none answers within the time.
+  explicit Link(const Options& options);
+
+  /// Before the orders of a trip. Connects again when the connection was dropped. Throws platform::Error when
+  /// it was lost.
+  void Begin();
+
+  // Orders.
+  void Order(const char* statement);
+  void Prepare(const std::string& name, const std::string& statement, const Parameters& parameters);
+  void Describe(const std::string& name);
+  void Execute(const std::string& name, const Parameters& parameters);
+
+  /// Sends the orders.
+  void Send();
+
+  /// The whole answer to the next order.
+  Result Answer();
+
+  /// Has the answer to the next order come in parts, as the server sends it.
+  void Split();
+
+  /// The next part of such an answer: of PGRES_SINGLE_TUPLE or PGRES_TUPLES_CHUNK with rows, the last one
+  /// without; nullptr behind it. The time that this takes has a limit of its own.
+  Result Part();
+
+  /// Passes over the answers that were not asked for.
+  void Finish();
+
+  /// The same for that long at most; returns false when there is more.
+  bool FinishWithin(std::chrono::milliseconds time);
+
+  /// The trip goes on until `reader` has read its rows; nullptr when it has.
+  void SetReader(RowReader* reader) { reader_ = reader; }
+
+  /// A trip of one order. Returns the answer. Throws platform::Error when it is a failure.
+  Result Run(const char* statement);
+
+  /// After a trip.
+  PGTransactionStatusType Transaction() const;
+
+  /// Statements and settings belong to no connection of the server in particular.
+  bool IsPooled() const { return is_pooled_; }
+
+  /// Whether the server has said nothing; between trips that could only be a farewell.
+  bool IsQuiet() const noexcept;
+
+  /// The connection was lost or given up.
+  bool IsDead() const noexcept;
+
+  /// The connection is closed; nobody waits any more for what runs on it.
+  void GiveUp() noexcept { handle_.reset(); }
+
+  /// The same, but the next trip opens another one.
+  void Drop() noexcept;
+
+  /// Counts the connections from 1 on; another one knows no prepared statements.
+  std::int64_t Number() const { return number_; }
+
+  /// The user has changed settings, perhaps the server's own limit: there is none any more.
+  void ForgoLimit() { patience_.reset(); }
+
+  /// The limit is that of the connection string again.
+  void SetPatience();
+
+  /// The longest time until the server answers; nothing waits for ever.
+  const std::optional<std::chrono::seconds>& Patience() const { return patience_; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  struct Closer {
+    void operator()(PGconn* connection) const noexcept { Libpq::Get().PQfinish(connection); }
+  };
+
+  void Connect();
+  void ConnectTo(const Options::Host& host, const std::string& attributes);
+  void TryToConnect(const Options::Host& host, const std::string& attributes, bool sets_options);
+  void FindPooler();
+  void StartClock();
+  PGconn* Handle() const;
+  void Require(int code);
+  bool Wait(short events) const;
+  bool AwaitAnswer();
+  Result TakeResult();
+  Result NextResult();
+
+  const Libpq& libpq_ = Libpq::Get();
+  const Options options_;
+  std::unique_ptr<PGconn, Closer> handle_;
+  bool is_pooled_ = false;
+  bool is_synced_ = true;  ///< All answers were read.
+  bool is_dropped_ = false;
+  std::int64_t number_ = 0;
+  RowReader* reader_ = nullptr;
+  std::optional<std::chrono::seconds> patience_;
+  std::optional<Clock::time_point> deadline_;
+};
+
+}  // namespace dralo::database::postgresql
