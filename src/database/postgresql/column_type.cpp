@@ -1,0 +1,82 @@
+#include "database/postgresql/column_type.h"
+
+#include <algorithm>
+
+#include "database/key_comparison.h"
+#include "database/postgresql/type_oid.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+using platform::TypeCode;
+
+constexpr int kNameSize = 63;
+
+struct Kind {
+  Oid oid;
+  TypeCode type;
+  Reading reading;
+  platform::KeyComparison comparison = nullptr;
+};
+
+// clang-format off
+constexpr Kind kKinds[] = {
+    {type_oid::kSmallInt, TypeCode::kSmallInt, Reading::kInteger},
+    {type_oid::kInteger, TypeCode::kInteger, Reading::kInteger},
+    {type_oid::kBigInt, TypeCode::kBigInt, Reading::kInteger},
+    {type_oid::kOid, TypeCode::kUnsignedInt, Reading::kInteger},
+    {type_oid::kReal, TypeCode::kSingle, Reading::kDouble, SameReal},
+    {type_oid::kDouble, TypeCode::kDouble, Reading::kDouble},
+    {type_oid::kNumeric, TypeCode::kNumeric, Reading::kDecimal},
+    {type_oid::kMoney, TypeCode::kCurrency, Reading::kMoney, SameMoney},
+    {type_oid::kBoolean, TypeCode::kBoolean, Reading::kBoolean, SameBoolean},
+    {type_oid::kDate, TypeCode::kDbDate, Reading::kDate},
+    {type_oid::kTime, TypeCode::kDbTime, Reading::kTime},
+    {type_oid::kTimestamp, TypeCode::kDbTimestamp, Reading::kDate},
+    {type_oid::kTimestampWithZone, TypeCode::kDbTimestamp, Reading::kDate},
+    {type_oid::kUuid, TypeCode::kGuid, Reading::kText},
+    {type_oid::kBytes, TypeCode::kLongVarBinary, Reading::kBytes},
+    {type_oid::kSingleByte, TypeCode::kWideChar, Reading::kText},
+    {type_oid::kChar, TypeCode::kWideChar, Reading::kText},
+    {type_oid::kName, TypeCode::kVarWideChar, Reading::kText},
+    {type_oid::kInterval, TypeCode::kVarWideChar, Reading::kText},
+    {type_oid::kAddress, TypeCode::kVarWideChar, Reading::kText},
+    {type_oid::kNetwork, TypeCode::kVarWideChar, Reading::kText},
+    {type_oid::kHardwareAddress, TypeCode::kVarWideChar, Reading::kText},
+    {type_oid::kCursor, TypeCode::kVarWideChar, Reading::kText},
+};
+// clang-format on
+
+bool HasLength(Oid type) { return type == type_oid::kVarChar || type == type_oid::kChar; }
+
+bool IsBits(Oid type) { return type == type_oid::kBits || type == type_oid::kVarBits; }
+
+Kind KindOfType(Oid type, int modifier) {
+  const auto* const found = std::ranges::find(kKinds, type, &Kind::oid);
+  if (found != std::end(kKinds)) return *found;
+  const bool is_short = (type == type_oid::kVarChar && modifier >= 0) || (IsBits(type) && modifier > 1);
+  return {type, is_short ? TypeCode::kVarWideChar : TypeCode::kLongVarWideChar, Reading::kText};
+}
+
+std::int64_t SizeOf(Oid type, int modifier) {
+  constexpr int kHeader = 4;  // Modifiers of texts count it.
+  if (HasLength(type) && modifier > kHeader) return modifier - kHeader;
+  if (type == type_oid::kSingleByte) return 1;
+  return type == type_oid::kName ? kNameSize : 0;
+}
+
+}  // namespace
+
+Reading SetType(Column& column, Oid type, int modifier) {
+  const Kind kind = KindOfType(type, modifier);
+  column.type = kind.type;
+  column.has_declared_type = true;
+  column.comparison = kind.comparison;
+  column.defined_size = SizeOf(type, modifier);
+  if (kind.type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
+  if (kind.type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;
+  return kind.reading;
+}
+
+}  // namespace dralo::database::postgresql
