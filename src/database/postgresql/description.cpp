@@ -1,0 +1,58 @@
+#include "database/postgresql/description.h"
+
+#include <utility>
+
+#include "database/postgresql/column_type.h"
+#include "text/ascii.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+/// Outer joins, and groups of several kinds, yield Null for columns that have none in their tables. A word
+/// too many only makes a column nullable that is not.
+bool MayAddNulls(std::string_view text) {
+  if (text::ContainsAscii(text, "ROLLUP") || text::ContainsAscii(text, "CUBE") ||
+      text::ContainsAscii(text, "GROUPING")) {
+    return true;
+  }
+  if (!text::ContainsAscii(text, "JOIN")) return false;
+  return text::ContainsAscii(text, "LEFT") || text::ContainsAscii(text, "RIGHT") ||
+         text::ContainsAscii(text, "FULL");
+}
+
+void SetOrigin(Column& column, const KnownTable& table, int number, bool may_add_nulls) {
+  const KnownTable::TableColumn& own = table.columns.at(number);
+  column.origin_database = table.schema;
+  column.origin_table = table.name;
+  column.origin = own.name;
+  column.is_nullable = may_add_nulls || !own.is_required;
+  column.is_numbered = own.is_numbered;
+}
+
+}  // namespace
+
+Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, std::string_view text) {
+  const Libpq& libpq = Libpq::Get();
+  Description description;
+  Columns columns(static_cast<std::size_t>(libpq.PQnfields(answer)));
+  int number = 0;
+  for (Column& column : columns) {
+    column.name = libpq.PQfname(answer, number);
+    description.readings.push_back(
+        SetType(column, libpq.PQftype(answer, number), libpq.PQfmod(answer, number)));
+    description.origins.push_back({libpq.PQftable(answer, number), libpq.PQftablecol(answer, number)});
+    ++number;
+  }
+  catalog.Learn(link, description.origins);
+  const bool may_add_nulls = MayAddNulls(text);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Description::Origin& origin = description.origins[i];
+    const KnownTable* const table = catalog.Find(origin);
+    if (table != nullptr) SetOrigin(columns[i], *table, origin.column, may_add_nulls);
+  }
+  description.columns = std::make_shared<const Columns>(std::move(columns));
+  return description;
+}
+
+}  // namespace dralo::database::postgresql

@@ -1,0 +1,93 @@
+#include "database/postgresql/table_catalog.h"
+
+#include <set>
+
+#include "text/decimal.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+constexpr std::string_view kColumns =
+    "SELECT a.attrelid, n.nspname, c.relname, a.attnum, a.attname, a.attnotnull, a.attidentity <> '' OR "
+    "coalesce(pg_catalog.pg_get_expr(d.adbin, d.adrelid) LIKE 'nextval(%', false) "
+    "FROM pg_catalog.pg_attribute a "
+    "JOIN pg_catalog.pg_class c ON c.oid = a.attrelid "
+    "JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
+    "LEFT JOIN pg_catalog.pg_attrdef d ON d.adrelid = a.attrelid AND d.adnum = a.attnum "
+    "WHERE a.attnum > 0 AND NOT a.attisdropped AND a.attrelid IN (";
+
+/// An index that leaves rows out, or is over expressions, or is checked later, is no key.
+constexpr std::string_view kKeys =
+    "SELECT i.indexrelid, k.attnum FROM pg_catalog.pg_index i "
+    "CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY k(attnum, place) "
+    "WHERE i.indisunique AND i.indisvalid AND (i.indimmediate OR i.indisprimary) AND i.indpred IS NULL "
+    "AND i.indexprs IS NULL AND k.place <= i.indnkeyatts AND NOT EXISTS (SELECT 1 FROM "
+    "pg_catalog.pg_attribute a "
+    "WHERE a.attrelid = i.indrelid AND a.attnum = ANY ((i.indkey::int2[])[0:i.indnkeyatts - 1]) AND NOT "
+    "a.attnotnull) "
+    "AND i.indrelid = ";
+
+constexpr std::string_view kKeyOrder = " ORDER BY i.indisprimary DESC, i.indexrelid, k.place";
+
+class Answers {
+ public:
+  explicit Answers(Result result) : result_(std::move(result)) {}
+
+  int Rows() const { return libpq_.PQntuples(result_.get()); }
+  std::string Text(int row, int column) const { return libpq_.PQgetvalue(result_.get(), row, column); }
+  bool Flag(int row, int column) const { return Text(row, column) == "t"; }
+
+  template <class Number>
+  Number As(int row, int column) const {
+    return text::ParseNumber<Number>(Text(row, column)).value_or(0);
+  }
+
+ private:
+  const Libpq& libpq_ = Libpq::Get();
+  Result result_;
+};
+
+}  // namespace
+
+void TableCatalog::Learn(Link& link, const std::vector<ColumnNumber>& columns) {
+  std::set<Oid> unknown;
+  for (const ColumnNumber& column : columns) {
+    if (column.table != 0 && column.column > 0 && Find(column) == nullptr) unknown.insert(column.table);
+  }
+  if (unknown.empty()) return;
+  std::string query(kColumns);
+  std::string_view separator;
+  for (const Oid table : unknown) {
+    query.append(separator).append(std::to_string(table));
+    separator = ", ";
+    tables_.erase(table);
+  }
+  const Answers answers(link.Run((query + ")").c_str()));
+  for (int row = 0; row < answers.Rows(); ++row) {
+    KnownTable& table = tables_[answers.As<Oid>(row, 0)];
+    table.schema = answers.Text(row, 1);
+    table.name = answers.Text(row, 2);
+    table.columns[answers.As<int>(row, 3)] = {answers.Text(row, 4), answers.Flag(row, 5),
+                                              answers.Flag(row, 6)};
+  }
+}
+
+const KnownTable* TableCatalog::Find(const ColumnNumber& column) const {
+  const auto found = tables_.find(column.table);
+  return found != tables_.end() && found->second.columns.contains(column.column) ? &found->second : nullptr;
+}
+
+std::vector<std::vector<int>> KeysOf(Link& link, Oid table) {
+  std::string query(kKeys);
+  query.append(std::to_string(table)).append(kKeyOrder);
+  const Answers answers(link.Run(query.c_str()));
+  std::vector<std::vector<int>> keys;
+  for (int row = 0; row < answers.Rows(); ++row) {
+    if (row == 0 || answers.Text(row, 0) != answers.Text(row - 1, 0)) keys.emplace_back();
+    keys.back().push_back(answers.As<int>(row, 1));
+  }
+  return keys;
+}
+
+}  // namespace dralo::database::postgresql
