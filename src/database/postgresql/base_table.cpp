@@ -1,0 +1,73 @@
+#include "database/postgresql/base_table.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "database/postgresql/quote.h"
+#include "database/select_list.h"
+#include "dralo/error.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+using Origins = std::vector<Description::Origin>;
+
+[[noreturn]] void Refuse(std::string_view reason, std::string_view text) {
+  throw platform::Error("The records cannot be changed: " + std::string(reason), 0, {}, std::string(text));
+}
+
+/// The first column of the result that shows one of a table; all others must be of the same.
+std::size_t FindSample(const Columns& columns, const Origins& origins, std::string_view text) {
+  std::optional<std::size_t> sample;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (columns[i].origin.empty()) continue;
+    if (!sample) sample = i;
+    if (origins[i].table != origins[*sample].table) Refuse("the query reads several tables", text);
+  }
+  if (!sample) Refuse("no field shows a column of a table", text);
+  if (NamesTwice(text, columns[*sample].origin_table)) {
+    Refuse("the query reads the table more than once", text);
+  }
+  return *sample;
+}
+
+std::optional<std::size_t> FindColumn(const Origins& origins, int number) {
+  const auto found = std::ranges::find(origins, number, &Description::Origin::column);
+  if (found == origins.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - origins.begin());
+}
+
+/// Of the first key that is among the columns of the result as a whole.
+std::vector<std::size_t> FindKey(const Origins& origins, const std::vector<std::vector<int>>& keys) {
+  for (const std::vector<int>& numbers : keys) {
+    std::vector<std::size_t> key;
+    for (const int number : numbers) {
+      if (const auto column = FindColumn(origins, number)) key.push_back(*column);
+    }
+    if (key.size() == numbers.size()) return key;
+  }
+  return {};
+}
+
+}  // namespace
+
+BaseTable FindBaseTable(Link& link, const Description& description, std::string_view text) {
+  const Columns& columns = *description.columns;
+  const Origins& origins = description.origins;
+  const Column& sample = columns[FindSample(columns, origins, text)];
+  BaseTable table;
+  table.name = Quote(sample.origin_database) + "." + Quote(sample.origin_table);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    // A column that comes again is not written twice.
+    const bool is_own = !columns[i].origin.empty() && FindColumn(origins, origins[i].column) == i;
+    table.columns.push_back(is_own ? Quote(columns[i].origin) : "");
+    if (is_own && columns[i].is_numbered && !table.identity) table.identity = i;
+  }
+  const Oid number = origins[FindSample(columns, origins, text)].table;
+  table.key = FindKey(origins, KeysOf(link, number));
+  return table;
+}
+
+}  // namespace dralo::database::postgresql
