@@ -1,0 +1,56 @@
+#include "database/postgresql/statement.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "database/statement_text.h"
+
+namespace dralo::database::postgresql {
+
+/// A comment at the query's end must not swallow the parenthesis. The numbers of a page are no constants to
+/// the planner, so that all pages have the same plan, and with it the same order of equal sort keys. A
+/// function that parallel workers may not call keeps them away, whose rows come in any order. It is never
+/// called: the join, which adds nothing to any row, keeps a sort from being done for the first rows only,
+/// which would give equal keys another order.
+std::string Statement::ToSend() const {
+  if (form == Form::kPlain) return numbered;
+  const std::string source = " FROM (" + std::string(WithoutEnd(numbered)) + "\n) dralo_row ";
+  if (form == Form::kOneRow) return "SELECT *" + source + "LIMIT 1";
+  return "SELECT dralo_row.*" + source + "LEFT JOIN current_schema() ON false LIMIT (SELECT $" +
+         std::to_string(parameters + 1) + "::bigint) OFFSET (SELECT $" + std::to_string(parameters + 2) +
+         "::bigint)";
+}
+
+StatementCache::Key StatementCache::KeyOf(std::string_view text, Form form, const Parameters& parameters) {
+  Key key = std::to_string(static_cast<int>(form));
+  for (const Oid type : parameters.Types()) key.append(" ").append(std::to_string(type));
+  return key.append(" ").append(text);
+}
+
+std::shared_ptr<Statement> StatementCache::Find(const Key& key) {
+  const auto found = std::ranges::find(entries_, key, &Entry::key);
+  if (found == entries_.end()) return nullptr;
+  entries_.splice(entries_.end(), entries_, found);
+  found->statement->came_again = true;
+  return found->statement;
+}
+
+std::shared_ptr<Statement> StatementCache::Keep(const Key& key, std::shared_ptr<Statement> statement) {
+  Forget(key);
+  std::shared_ptr<Statement> gone;
+  if (entries_.size() >= kCapacity) {
+    const auto came_once = [](const Entry& entry) { return !entry.statement->came_again; };
+    auto last = std::ranges::find_if(entries_, came_once);
+    if (last == entries_.end()) last = entries_.begin();
+    gone = std::move(last->statement);
+    entries_.erase(last);
+  }
+  entries_.push_back({key, std::move(statement)});
+  return gone && gone->prepared != 0 ? gone : nullptr;
+}
+
+void StatementCache::Forget(const Key& key) {
+  std::erase_if(entries_, [&](const Entry& entry) { return entry.key == key; });
+}
+
+}  // namespace dralo::database::postgresql
