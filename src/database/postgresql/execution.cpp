@@ -1,0 +1,80 @@
+#include "database/postgresql/execution.h"
+
+#include <chrono>
+
+#include "database/postgresql/error.h"
+
+namespace dralo::database::postgresql {
+
+/// The server counts the time that the reader of the rows takes, too, so it has no limit for long results;
+/// the client has one for each part.
+Execution::Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows,
+                     bool is_guarded)
+    : link_(link),
+      statement_(statement),
+      rows_(rows),
+      is_guarded_(is_guarded),
+      has_no_limit_(rows == Rows::kParts && link.Patience().has_value()),
+      is_prepared_(statement.IsPreparedOn(link)) {
+  if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
+  if (has_no_limit_) link_.Order("SET LOCAL statement_timeout = 0");
+  Order(parameters);
+  if (is_guarded_ && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
+  if (is_guarded_) link_.Order("RELEASE dralo_statement");
+  link_.Send();
+  if (is_guarded_) SkipAnswer();
+  if (has_no_limit_) SkipAnswer();
+}
+
+void Execution::Order(const Parameters& parameters) {
+  if (!is_prepared_) {
+    link_.Prepare(statement_.name, statement_.ToSend(), parameters);
+    link_.Describe(statement_.name);
+  }
+  if (rows_ != Rows::kNone) link_.Execute(statement_.name, parameters);
+}
+
+void Execution::SkipAnswer() { Require(link_.Answer()); }
+
+Result Execution::Description() {
+  if (is_prepared_) return nullptr;
+  SkipAnswer();
+  if (!statement_.name.empty()) statement_.prepared = link_.Number();
+  Result answer = link_.Answer();
+  Require(answer);
+  if (rows_ == Rows::kNone) link_.Finish();
+  return answer;
+}
+
+Result Execution::All() {
+  Result answer = link_.Answer();
+  Require(answer);
+  link_.Finish();
+  return answer;
+}
+
+Result Execution::Part() {
+  Result part = link_.Part();
+  if (!part) {
+    link_.Finish();
+    return nullptr;
+  }
+  Require(part);
+  return part;
+}
+
+void Execution::Require(const Result& answer) {
+  const ExecStatusType status = answer ? Libpq::Get().PQresultStatus(answer.get()) : PGRES_FATAL_ERROR;
+  if (status != PGRES_FATAL_ERROR && status != PGRES_BAD_RESPONSE && status != PGRES_PIPELINE_ABORTED) return;
+  link_.Finish();
+  Recover();
+  throw ErrorOf(answer.get(), statement_.text);
+}
+
+void Execution::Recover() {
+  if (!is_guarded_ || link_.Transaction() != PQTRANS_INERROR) return;
+  link_.Run("ROLLBACK TO SAVEPOINT dralo_statement");
+  link_.Run("RELEASE dralo_statement");
+}
+
+}  // namespace dralo::database::postgresql

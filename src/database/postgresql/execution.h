@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+
+#include "database/postgresql/link.h"
+#include "database/postgresql/parameters.h"
+#include "database/postgresql/statement.h"
+#include "dralo/error.h"
+
+namespace dralo::database::postgresql {
+
+/// One run of a statement: a trip.
+///
+/// In the user's transaction a savepoint stands before the statement, so that one that fails does not take
+/// the transaction with it.
+class Execution {
+ public:
+  enum class Rows {
+    kNone,   ///< It is only prepared.
+    kAll,    ///< They come as one answer.
+    kParts,  ///< They come as the server sends them, for as long as that takes.
+  };
+
+  /// Sends it. `parameters` are those of the form too. Throws platform::Error.
+  Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows, bool is_guarded);
+
+  /// What the server says of the columns; nullptr when the statement was prepared before.
+  Result Description();
+
+  /// All rows, or the number of rows changed. The connection is free then.
+  Result All();
+
+  /// Behind the description, before the first Part().
+  void Split() { link_.Split(); }
+
+  /// Some rows; nullptr behind the last ones, when the connection is free.
+  Result Part();
+
+  /// Throws the failure that `answer` is.
+  void Require(const Result& answer);
+
+ private:
+  void Order(const Parameters& parameters);
+  void SkipAnswer();
+  void Recover();
+
+  Link& link_;
+  Statement& statement_;
+  const Rows rows_;
+  const bool is_guarded_;
+  const bool has_no_limit_;
+  const bool is_prepared_;
+};
+
+}  // namespace dralo::database::postgresql
