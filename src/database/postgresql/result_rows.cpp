@@ -1,0 +1,103 @@
+#include "database/postgresql/result_rows.h"
+
+#include <chrono>
+#include <utility>
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+/// About the price of a new connection.
+constexpr std::chrono::milliseconds kShortRest{20};
+
+constexpr std::chrono::hours kNoLimit{24};
+
+}  // namespace
+
+ResultRows::ResultRows(Result answer, std::size_t columns) : part_(std::move(answer)), row_(columns) {}
+
+ResultRows::ResultRows(Link& link, Execution execution, std::size_t columns, bool may_drop)
+    : link_(&link), execution_(std::move(execution)), may_drop_(may_drop), row_(columns) {
+  execution_->Split();
+  link.SetReader(this);
+}
+
+bool ResultRows::Next() {
+  if (!aside_) return NextOfServer();
+  if (aside_->Next(row_)) return true;
+  if (failure_) throw *std::exchange(failure_, std::nullopt);
+  return false;
+}
+
+bool ResultRows::NextOfServer() {
+  const Libpq& libpq = Libpq::Get();
+  while (!part_ || next_ >= libpq.PQntuples(part_.get())) {
+    if (link_ == nullptr) return false;
+    try {
+      part_ = execution_->Part();
+    } catch (...) {
+      Release();
+      throw;
+    }
+    next_ = 0;
+    if (!part_) Release();
+  }
+  Load();
+  return true;
+}
+
+void ResultRows::Load() {
+  const Libpq& libpq = Libpq::Get();
+  int column = 0;
+  for (std::string_view& value : row_) {
+    const bool is_null = libpq.PQgetisnull(part_.get(), next_, column) != 0;
+    value = is_null
+                ? std::string_view{}
+                : std::string_view(libpq.PQgetvalue(part_.get(), next_, column),
+                                   static_cast<std::size_t>(libpq.PQgetlength(part_.get(), next_, column)));
+    ++column;
+  }
+  ++next_;
+}
+
+/// Whoever stands on a row may read its values still, so their part stays.
+void ResultRows::SetAside() noexcept {
+  if (link_ == nullptr) return;
+  const Row current = row_;
+  aside_ = std::make_unique<RowsAside>();
+  try {
+    for (; part_ && next_ < Libpq::Get().PQntuples(part_.get());) {
+      Load();
+      aside_->Add(row_);
+    }
+    current_part_ = std::move(part_);
+    while (NextOfServer()) aside_->Add(row_);
+  } catch (const platform::Error& error) {
+    failure_ = error;
+    Stop();
+  }
+  row_ = current;
+}
+
+void ResultRows::Release() noexcept {
+  if (link_ != nullptr) link_->SetReader(nullptr);
+  link_ = nullptr;
+}
+
+/// A statement that goes on at the server alone finds nobody there to send its rows to.
+void ResultRows::Stop() noexcept {
+  Link* const link = link_;
+  Release();
+  if (link == nullptr) return;
+  try {
+    if (may_drop_) {
+      if (!link->FinishWithin(kShortRest)) link->Drop();
+    } else if (!link->FinishWithin(link->Patience().value_or(kNoLimit))) {
+      link->GiveUp();
+    }
+  } catch (const std::exception&) {
+    link->GiveUp();
+  }
+}
+
+}  // namespace dralo::database::postgresql
