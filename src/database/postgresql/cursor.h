@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "database/cursor.h"
+#include "database/postgresql/execution.h"
+#include "database/postgresql/parameters.h"
+#include "database/postgresql/result_rows.h"
+#include "database/postgresql/session.h"
+#include "database/postgresql/statement.h"
+#include "database/query.h"
+
+namespace dralo::database::postgresql {
+
+/// A statement. One that changes data is run when it is prepared; so is a query that calls functions, which
+/// may do something, and a query that is new and of which a few rows are wanted, since that saves a round
+/// trip. All other queries are run when a row is asked for.
+///
+/// The rows of all pages of a query come from the same plan, so that equal sort keys have the same order on
+/// all of them.
+class Cursor final : public database::Cursor {
+ public:
+  /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
+  Cursor(Session& session, const Query& query);
+
+  std::shared_ptr<const Columns> GetColumns() const override { return description_->columns; }
+  void FixColumns() override;
+  platform::TypeCode Type(std::size_t column) const override { return (*GetColumns())[column].type; }
+  bool ChangesData() const override { return !statement_->kind.is_query; }
+  bool Skip(std::int64_t rows) override;
+  bool Step() override;
+  void Stop() noexcept override;
+  platform::VariantView Value(std::size_t column) override;
+  platform::VariantView Stored(std::size_t column) override { return Value(column); }
+  std::int64_t RowsAffected() const override { return rows_affected_; }
+  const BaseTable& Table() override;
+
+ private:
+  enum class State { kPrepared, kRunning, kDone };
+
+  std::shared_ptr<Statement> NewStatement(std::string_view text) const;
+  void RequireParameterCount(std::size_t given) const;
+  void Prepare();
+  std::int64_t RowsWanted() const { return max_records_ - offset_; }
+  bool IsShort() const;
+  bool IsLong() const;
+  Parameters ParametersOfForm() const;
+  void Start();
+  void Run(Execution::Rows rows);
+  void Send(Execution::Rows rows);
+  void Open();
+  bool MayRunAgain(const platform::Error& error, bool was_prepared);
+  void Learn(const Result& answer);
+
+  /// What `run` returns; an error of it names the statement.
+  template <class Function>
+  auto WithSource(const Function& run) const;
+
+  Session& session_;
+  Link& link_;
+  const Parameters parameters_;
+  const StatementCache::Key key_;
+  const std::int64_t max_records_;
+  const bool is_updatable_;
+  std::shared_ptr<Statement> statement_;
+  std::shared_ptr<const Description> description_;
+  bool is_description_fresh_ = false;
+  std::int64_t offset_ = 0;     ///< Rows to pass over.
+  std::int64_t rows_read_ = 0;  ///< Of those behind.
+  State state_ = State::kPrepared;
+  std::unique_ptr<ResultRows> rows_;
+  std::vector<std::string> scratch_;
+  std::int64_t rows_affected_ = -1;
+  std::optional<BaseTable> table_;
+};
+
+}  // namespace dralo::database::postgresql

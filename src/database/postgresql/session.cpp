@@ -1,0 +1,197 @@
+#include "database/postgresql/session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "database/postgresql/cursor.h"
+#include "database/postgresql/quote.h"
+#include "database/statement_text.h"
+#include "text/ascii.h"
+#include "text/decimal.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+using platform::Error;
+using platform::TypeCode;
+
+/// Not DISCARD ALL, which would take the prepared statements too.
+constexpr const char* kCleaning[] = {
+    "CLOSE ALL",        "SET SESSION AUTHORIZATION DEFAULT",          "RESET ALL",
+    "UNLISTEN *",       "SELECT pg_catalog.pg_advisory_unlock_all()", "DISCARD TEMP",
+    "DISCARD SEQUENCES"};
+
+}  // namespace
+
+Session::Session(const Options& options)
+    : prepares_(options.prepares), link_(std::make_unique<Link>(options)) {}
+
+std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
+  return std::make_unique<Cursor>(*this, query);
+}
+
+/// A plain name means the one in small letters, as it would without quotes.
+std::string Session::QuoteName(std::string_view name) const {
+  const auto is_plain = [](char c) { return text::IsLetterOrDigit(c) || c == '_'; };
+  std::string meant(name);
+  if (std::ranges::all_of(name, is_plain)) std::ranges::transform(meant, meant.begin(), text::ToLower);
+  return Quote(meant);
+}
+
+std::string Session::ProcedureCall(std::string_view name, std::size_t parameters) const {
+  std::string call(name);
+  call += '(';
+  for (std::size_t i = 0; i < parameters; ++i) call += i == 0 ? "?" : ", ?";
+  call += ')';
+  const auto dot = name.rfind('.');
+  const std::string own_name = Quote(dot == name.npos ? name : name.substr(dot + 1), '\'');
+  std::string query = "SELECT count(*) FROM pg_catalog.pg_proc WHERE prokind = 'p' AND proname IN (";
+  query.append(own_name).append(", lower(").append(own_name).append("))");
+  return (AskNumber(query) > 0 ? "CALL " : "SELECT * FROM ") + call;
+}
+
+/// Documents (json, xml) have no order, and addresses (inet) as "text" another form than they are read in;
+/// concat() writes every type as it is read. Padded texts lose their blanks as "text".
+std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
+  if (was_null) return quoted_column + " IS NULL";
+  switch (column.type) {
+    case TypeCode::kSingle:
+      return quoted_column + " = CAST(? AS real)";
+    case TypeCode::kCurrency:
+      return quoted_column + " = CAST(CAST(? AS numeric) AS money)";
+    case TypeCode::kVarWideChar:
+    case TypeCode::kLongVarWideChar:
+      return "concat(" + quoted_column + ") = CAST(? AS text)";
+    case TypeCode::kWideChar:
+      return "CAST(" + quoted_column + " AS bpchar) = CAST(? AS bpchar)";
+    default:
+      return quoted_column + " = ?";
+  }
+}
+
+std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
+  return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
+}
+
+void Session::Begin() {
+  is_fresh_ = false;
+  link_->Begin();
+  const bool is_part = IsInTransaction();
+  link_->Run(is_part ? ("SAVEPOINT " + Savepoint(depth_)).c_str() : "BEGIN");
+  if (!is_part) owns_transaction_ = true;
+  ++depth_;
+}
+
+void Session::Commit() {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  link_->Run(is_outermost ? "COMMIT" : ("RELEASE SAVEPOINT " + Savepoint(depth_ - 1)).c_str());
+  --depth_;
+  if (is_outermost) owns_transaction_ = false;
+}
+
+void Session::Rollback() noexcept {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  --depth_;
+  if (is_outermost) owns_transaction_ = false;
+  try {
+    const std::string savepoint = "SAVEPOINT " + Savepoint(depth_);
+    link_->Run(is_outermost ? "ROLLBACK" : ("ROLLBACK TO " + savepoint).c_str());
+    if (!is_outermost) link_->Run(("RELEASE " + savepoint).c_str());
+  } catch (const std::exception&) {
+    link_->GiveUp();  // Whatever is open ends with the connection.
+  }
+}
+
+std::int64_t Session::AskNumber(const std::string& query) const {
+  const Result answer = link_->Run(query.c_str());
+  const Libpq& libpq = Libpq::Get();
+  const bool has_row = libpq.PQntuples(answer.get()) > 0;
+  const auto number = text::ParseNumber<std::int64_t>(has_row ? libpq.PQgetvalue(answer.get(), 0, 0) : "");
+  if (!number) throw Error("The database gives no number", 0, {}, query);
+  return *number;
+}
+
+std::int64_t Session::LastIdentity(const BaseTable& table, const Column& column) const {
+  return AskNumber("SELECT currval(pg_get_serial_sequence(" + Quote(table.name, '\'') + ", " +
+                   Quote(column.origin, '\'') + "))");
+}
+
+bool Session::IsAlive() noexcept {
+  is_fresh_ = true;
+  return link_->IsQuiet();
+}
+
+bool Session::Reset() noexcept {
+  depth_ = 0;
+  owns_transaction_ = false;
+  link_->SetPatience();
+  try {
+    return !has_prepared_ && !link_->IsDead() && Clean();
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+/// In one trip, and in none when nothing has to be cleaned.
+bool Session::Clean() {
+  const PGTransactionStatusType state = link_->Transaction();
+  const bool is_open = state == PQTRANS_INTRANS || state == PQTRANS_INERROR;
+  if (state != PQTRANS_IDLE && !is_open) return false;
+  const bool is_dirty = std::exchange(has_traces_, false) && !link_->IsPooled();
+  if (!is_open && !is_dirty) return true;
+  link_->Begin();
+  if (is_open) link_->Order("ROLLBACK");
+  for (const char* const order : kCleaning) {
+    if (is_dirty) link_->Order(order);
+  }
+  link_->Send();
+  link_->Finish();
+  return link_->Transaction() == PQTRANS_IDLE;
+}
+
+void Session::Keep(const StatementCache::Key& key, std::shared_ptr<Statement> statement) {
+  const auto gone = statements_.Keep(key, std::move(statement));
+  if (gone) Unprepare(*gone);
+}
+
+/// Outside of a transaction, which it could take with it. One that the user has deallocated, with all others,
+/// is gone already.
+void Session::Unprepare(Statement& statement) {
+  const bool is_known = statement.IsPreparedOn(*link_) && link_->Transaction() == PQTRANS_IDLE;
+  statement.prepared = 0;
+  const std::string name = std::exchange(statement.name, {});
+  if (!is_known) return;
+  try {
+    link_->Run(("DEALLOCATE " + name).c_str());
+  } catch (const Error& error) {
+    if (IsLoss(error)) throw;
+  }
+}
+
+void Session::GiveName(Statement& statement) {
+  const bool may_stay = prepares_ && !link_->IsPooled() && depth_ == 0;
+  if (may_stay && statement.came_again && statement.name.empty()) {
+    statement.name = "dralo_" + std::to_string(++last_name_);
+  }
+}
+
+void Session::Note(const StatementKind& kind, std::string_view text) {
+  if (kind.leaves_traces) link_->ForgoLimit();
+  has_traces_ |= kind.leaves_traces || kind.calls_functions;
+  has_prepared_ |= text::StartsWithAscii(WithoutFront(text, '('), "PREPARE");
+  if (kind.defines) catalog_.Forget();
+}
+
+bool Session::NeedsGuard(const StatementKind& kind) const {
+  return IsInTransaction() && depth_ == 0 && !kind.controls_transaction;
+}
+
+bool Session::IsReplaceable() const { return !IsInTransaction() && !has_traces_; }
+
+bool Session::IsLoss(const Error& error) {
+  const std::string& state = error.SqlState();
+  return state.starts_with("08") || state == "57P01" || state == "57P02";
+}
+
+}  // namespace dralo::database::postgresql

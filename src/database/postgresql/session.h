@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "database/postgresql/link.h"
+#include "database/postgresql/options.h"
+#include "database/postgresql/statement.h"
+#include "database/postgresql/table_catalog.h"
+#include "database/session.h"
+#include "dralo/error.h"
+
+namespace dralo::database::postgresql {
+
+/// An open connection to a PostgreSQL database.
+///
+/// Reset() rolls a transaction back and, where the user called functions or changed settings, made temporary
+/// tables or took locks, takes that back; prepared statements of the component stay. IsAlive() looks at the
+/// socket. Should the server have gone in this very moment, the first query opens the connection again.
+class Session final : public database::Session {
+ public:
+  /// Throws platform::Error when the database does not open.
+  explicit Session(const Options& options);
+
+  std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
+  std::string QuoteName(std::string_view name) const override;
+  std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
+  std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
+  platform::Variant Stored(const Column& /*column*/, const platform::Variant& value) const override {
+    return value;
+  }
+  std::string InsertOfDefaults(const std::string& quoted_table) const override;
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  std::int64_t LastIdentity(const BaseTable& table, const Column& column) const override;
+  bool IsAlive() noexcept override;
+  bool Reset() noexcept override;
+
+  Link& GetLink() const { return *link_; }
+  TableCatalog& Catalog() { return catalog_; }
+  StatementCache& Statements() { return statements_; }
+
+  /// Keeps a query for the next time.
+  void Keep(const StatementCache::Key& key, std::shared_ptr<Statement> statement);
+
+  /// Gives a query that came again a name, by which the server keeps it prepared, unless there must be none.
+  void GiveName(Statement& statement);
+
+  /// The server must not use what it has prepared any more.
+  void Unprepare(Statement& statement);
+
+  /// Before a statement is run: remembers what it does to the session.
+  void Note(const StatementKind& kind, std::string_view text);
+
+  /// The statement needs a savepoint of its own, so that a failure leaves the user's transaction as it was.
+  /// Before the orders of a trip.
+  bool NeedsGuard(const StatementKind& kind) const;
+
+  /// Whether another connection would be as good. Before the orders of a trip.
+  bool IsReplaceable() const;
+
+  /// What `run`, which runs a query, returns. Should the server have ended the session while it was kept,
+  /// this is where it shows: the connection is opened again, and `run` called again.
+  template <typename Function>
+  auto Reconnecting(const StatementKind& kind, const Function& run) {
+    const bool was_fresh = std::exchange(is_fresh_, false);
+    try {
+      return run();
+    } catch (const platform::Error& error) {
+      if (!was_fresh || !kind.is_query || !IsLoss(error)) throw;
+    }
+    link_->Drop();
+    return run();
+  }
+
+ private:
+  static bool IsLoss(const platform::Error& error);
+  bool IsInTransaction() const { return link_->Transaction() == PQTRANS_INTRANS; }
+  std::int64_t AskNumber(const std::string& query) const;
+  std::string Savepoint(int depth) const { return "dralo_" + std::to_string(depth); }
+  bool Clean();
+
+  const bool prepares_;
+  std::unique_ptr<Link> link_;
+  StatementCache statements_;
+  TableCatalog catalog_;
+  std::int64_t last_name_ = 0;
+  int depth_ = 0;                  ///< Calls of Begin() that are open.
+  bool owns_transaction_ = false;  ///< The outermost of them began it.
+  bool has_traces_ = false;        ///< Of the user, that the next one would meet.
+  bool has_prepared_ = false;      ///< The user has prepared statements, by SQL.
+  bool is_fresh_ = false;          ///< Nothing was run since it was taken from the pool.
+};
+
+}  // namespace dralo::database::postgresql
