@@ -3,10 +3,14 @@
 #include <array>
 
 #include "database/sqlite/provider.h"
+#if !defined(DRALO_HAS_ODBC) || !defined(DRALO_HAS_POSTGRESQL)
+#include "database/absent_provider.h"
+#endif
 #ifdef DRALO_HAS_ODBC
 #include "database/odbc/provider.h"
-#else
-#include "database/absent_provider.h"
+#endif
+#ifdef DRALO_HAS_POSTGRESQL
+#include "database/postgresql/provider.h"
 #endif
 
 namespace dralo::host {
@@ -18,7 +22,12 @@ database::Providers AllProviders() {
 #else
   static const database::AbsentProvider odbc({database::kDriverProvider}, "DRALO_ODBC");
 #endif
-  static const std::array<const database::Provider*, 2> providers = {&sqlite, &odbc};
+#ifdef DRALO_HAS_POSTGRESQL
+  static const database::postgresql::Provider postgresql;
+#else
+  static const database::AbsentProvider postgresql({"PostgreSQL"}, "DRALO_POSTGRESQL");
+#endif
+  static const std::array<const database::Provider*, 3> providers = {&sqlite, &postgresql, &odbc};
   return providers;
 }
 
