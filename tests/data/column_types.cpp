@@ -35,9 +35,6 @@ const Types kPostgreSqlTypes = {
     {"name", "'pg'"},
     {"bpchar", "'ab  '"},
     {"bytea", "'\\x00ff27'"},
-    // The driver does not tell that such a field shows a column of a table.
-    {"bit", "B'1'", "is computed and cannot be set"},
-    {"bit(8)", "B'10000001'", "is computed and cannot be set"},
     {"bit varying(20)", "B'0101'"},
     {"bit varying", "B''"},
     {"inet", "'192.168.1.1'"},
@@ -118,6 +115,12 @@ const Types kPostgreSqlTypes = {
     {"refcursor", "'c1'"},
     {"aclitem", "'=r/dralo'"},
 };
+
+const Types kPostgreSqlBits = {{"bit", "B'1'"}, {"bit(8)", "B'10000001'"}};
+
+/// The driver does not tell that such a field shows a column of a table.
+const Types kPostgreSqlOdbcBits = {{"bit", "B'1'", "is computed and cannot be set"},
+                                   {"bit(8)", "B'10000001'", "is computed and cannot be set"}};
 
 const Types kMariaDbTypes = {
     {"TINYINT", "-128"},
@@ -259,7 +262,8 @@ Types Joined(Types first, const Types& second) {
 }  // namespace
 
 std::vector<ColumnType> ColumnTypesOf(const std::string& database) {
-  if (database == "PostgreSql") return kPostgreSqlTypes;
+  if (database == "PostgreSql") return Joined(kPostgreSqlTypes, kPostgreSqlBits);
+  if (database == "PostgreSqlOdbc") return Joined(kPostgreSqlTypes, kPostgreSqlOdbcBits);
   if (database == "Sqlite") return Joined(kSqliteTypes, kMoreSqliteTypes);
   return database == "MariaDb" ? kMariaDbTypes : kSqliteTypes;
 }

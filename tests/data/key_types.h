@@ -123,7 +123,7 @@ inline const std::vector<KeyType> kMariaDbKeys = {
 inline const std::vector<KeyType>& KeyTypesOf(std::string_view database) {
   if (database == "Sqlite") return kSqliteKeys;
   if (database == "SqliteOdbc") return kSqliteOdbcKeys;
-  return database == "PostgreSql" ? kPostgreSqlKeys : kMariaDbKeys;
+  return database.starts_with("PostgreSql") ? kPostgreSqlKeys : kMariaDbKeys;
 }
 
 }  // namespace dralo::tests

@@ -24,7 +24,8 @@ std::string UnusedName() {
 
 }  // namespace
 
-NewServerDatabase::NewServerDatabase(Server server) : server_(server), name_(UnusedName()) {
+NewServerDatabase::NewServerDatabase(Server server, Way way)
+    : server_(server), way_(way), name_(UnusedName()) {
   Administer("CREATE DATABASE " + name_);
 }
 
@@ -39,6 +40,10 @@ NewServerDatabase::~NewServerDatabase() {
 
 std::string NewServerDatabase::ConnectionString(const std::string& database) const {
   const bool is_postgresql = server_ == Server::kPostgreSql;
+  if (way_ == Way::kProvider) {
+    return "Provider=PostgreSQL;Host=127.0.0.1;Port=" + PortOf(server_) + ";User ID=" + kServerUser +
+           ";Password={" + kServerPassword + "};Database=" + database;
+  }
   return std::string("Driver=") + (is_postgresql ? "PostgreSQL" : "MariaDB") +
          " Unicode;Server=127.0.0.1;Port=" + PortOf(server_) + ";Uid=" + kServerUser + ";Pwd={" +
          kServerPassword + "};Database=" + database;

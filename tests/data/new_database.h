@@ -33,10 +33,13 @@ class NewFile final : public NewDatabase {
   const TemporaryFolder folder_;
 };
 
+/// What a database of a server is reached through.
+enum class Way { kOdbc, kProvider };
+
 /// A database of a server.
 class NewServerDatabase final : public NewDatabase {
  public:
-  explicit NewServerDatabase(Server server);
+  explicit NewServerDatabase(Server server, Way way = Way::kOdbc);
   ~NewServerDatabase() override;
 
   std::string ConnectionString() const override { return ConnectionString(name_); }
@@ -46,6 +49,7 @@ class NewServerDatabase final : public NewDatabase {
   void Administer(const std::string& statement) const;
 
   const Server server_;
+  const Way way_;
   const std::string name_;
 };
 
