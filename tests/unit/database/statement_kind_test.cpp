@@ -24,8 +24,8 @@ TEST(StatementKind, TellsStatementsThatOnlyLookLikeQueries) {
 }
 
 TEST(StatementKind, TellsWhatControlsATransaction) {
-  for (const char* text : {"BEGIN", "start transaction", "COMMIT", "ROLLBACK TO a", "SAVEPOINT a", "RELEASE a",
-                           "SET TRANSACTION READ ONLY", "PREPARE TRANSACTION 'a'"}) {
+  for (const char* text : {"BEGIN", "start transaction", "COMMIT", "ROLLBACK TO a", "SAVEPOINT a",
+                           "RELEASE a", "SET TRANSACTION READ ONLY", "PREPARE TRANSACTION 'a'"}) {
     EXPECT_TRUE(KindOf(text).controls_transaction) << text;
   }
   for (const char* text : {"SELECT 1", "UPDATE t SET a = 1", "CREATE TABLE t (a integer)"}) {
@@ -34,8 +34,8 @@ TEST(StatementKind, TellsWhatControlsATransaction) {
 }
 
 TEST(StatementKind, TellsWhatMayChangeTheTables) {
-  for (const char* text : {"CREATE TABLE t (a integer)", "ALTER TABLE t ADD b integer", "DROP TABLE t", "CALL f()",
-                           "SELECT 1 AS a INTO t", "ROLLBACK", "ROLLBACK TO a"}) {
+  for (const char* text : {"CREATE TABLE t (a integer)", "ALTER TABLE t ADD b integer", "DROP TABLE t",
+                           "CALL f()", "SELECT 1 AS a INTO t", "ROLLBACK", "ROLLBACK TO a"}) {
     EXPECT_TRUE(KindOf(text).defines) << text;
   }
   for (const char* text : {"SELECT 1", "UPDATE t SET a = 1", "BEGIN", "SAVEPOINT a"}) {
