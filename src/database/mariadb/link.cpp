@@ -1,0 +1,217 @@
+#include "database/mariadb/link.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "text/ascii.h"
+#include "text/white_space.h"
+
+namespace dralo::database::mariadb {
+
+namespace {
+
+using platform::Error;
+using Seconds = std::chrono::seconds;
+using Milliseconds = std::chrono::milliseconds;
+
+/// The server's own message about its limit comes first.
+constexpr Seconds kGrace{2};
+
+constexpr Milliseconds kMoment{100};
+
+/// The library runs its calls on a stack of their own while they wait. Its usual 60 KB are few for looking up
+/// a name or for TLS.
+constexpr std::size_t kStackBytes = 262'144;
+
+/// With limits of its own, however long, the library can be told that time is up.
+constexpr unsigned kNoLimitS = 1'000'000;
+
+constexpr unsigned kLost[] = {2006, 2013, 2055, 1053, 1927, 4031};
+
+std::string OneLine(std::string_view message) {
+  std::string line;
+  for (const char c : text::TrimAsciiSpace(message)) line += text::IsAsciiSpace(c) ? ' ' : c;
+  return line;
+}
+
+}  // namespace
+
+Link::Link(const Options& options) : options_(options) { Connect(); }
+
+/// Every host gets its share of the time, so that a frozen one does not use it up for the others.
+void Link::Connect() {
+  const auto start = Clock::now();
+  const Seconds limit(options_.connect_timeout_s);
+  auto left = static_cast<int>(options_.hosts.size());
+  for (const Options::Host& host : options_.hosts) {
+    const auto now = Clock::now();
+    const auto share = limit.count() > 0
+                           ? std::max<Clock::duration>((start + limit - now) / left, Milliseconds(1))
+                           : Clock::duration::zero();
+    connecting_until_ = limit.count() > 0 ? Deadline(now + share) : std::nullopt;
+    try {
+      is_connecting_ = true;
+      ConnectTo(host);
+      LimitStatements();
+      is_connecting_ = false;
+      return;
+    } catch (const Error& error) {
+      is_connecting_ = false;
+      handle_.reset();
+      is_dead_ = true;
+      if (--left > 0) continue;
+      throw Error("The database cannot be opened: " + std::string(error.Description()), error.Number(),
+                  error.SqlState());
+    }
+  }
+}
+
+void Link::ConnectTo(const Options::Host& host) {
+  handle_.reset(library_.mysql_init(nullptr));
+  if (!handle_) throw Error("the client library gives no connection");
+  is_dead_ = is_given_up_ = false;
+  ++generation_;
+  SetOptions();
+  const bool is_socket = host.name.starts_with('/');
+  MYSQL* connected = nullptr;
+  Await(
+      [&] {
+        return library_.mysql_real_connect_start(
+            &connected, Handle(), is_socket ? "localhost" : host.name.c_str(), options_.user.c_str(),
+            options_.password.c_str(), options_.database.empty() ? nullptr : options_.database.c_str(),
+            host.port, is_socket ? host.name.c_str() : nullptr, CLIENT_FOUND_ROWS);
+      },
+      [&](int events) { return library_.mysql_real_connect_cont(&connected, Handle(), events); });
+  if (connected == nullptr) throw LastError({});
+  // The library goes on in clear where the server has no encryption, whatever it was told.
+  const bool must_be_encrypted = options_.ssl_mode >= SslMode::kRequired;
+  if (must_be_encrypted && library_.mysql_get_ssl_cipher(Handle()) == nullptr) {
+    throw Error("the server offers no encryption, which the SSL Mode of the connection string asks for");
+  }
+}
+
+void Link::SetOptions() {
+  const auto set = [&](mysql_option option, const auto& value) {
+    library_.mysql_options(Handle(), option, &value);
+  };
+  set(MYSQL_OPT_NONBLOCK, kStackBytes);
+  for (const mysql_option limit :
+       {MYSQL_OPT_CONNECT_TIMEOUT, MYSQL_OPT_READ_TIMEOUT, MYSQL_OPT_WRITE_TIMEOUT})
+    set(limit, kNoLimitS);
+  set(MYSQL_OPT_LOCAL_INFILE, 0U);  // A server could ask for any file of this host.
+  library_.mysql_options(Handle(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  set(MYSQL_OPT_SSL_ENFORCE, static_cast<my_bool>(options_.ssl_mode != SslMode::kDisabled));
+  set(MYSQL_OPT_SSL_VERIFY_SERVER_CERT, static_cast<my_bool>(options_.ssl_mode == SslMode::kVerified));
+  if (options_.ssl_authorities.empty()) return;
+  library_.mysql_options(Handle(), MYSQL_OPT_SSL_CA, options_.ssl_authorities.c_str());
+}
+
+/// MySQL limits queries only, and in milliseconds.
+void Link::LimitStatements() {
+  if (options_.query_timeout_s == 0) return;
+  const std::string limit = std::to_string(options_.query_timeout_s);
+  Run(library_.mariadb_connection(Handle()) != 0 ? "SET SESSION max_statement_time=" + limit
+                                                 : "SET SESSION max_execution_time=" + limit + "000");
+}
+
+Link::Deadline Link::EndOfPatience() const {
+  if (is_connecting_) return connecting_until_;
+  if (is_hurried_) return Clock::now() + kMoment;
+  if (options_.query_timeout_s == 0) return std::nullopt;
+  return Clock::now() + Seconds(options_.query_timeout_s) + kGrace;
+}
+
+/// What has happened of the events that the library awaits; that time is up when the deadline has passed,
+/// which makes its call fail.
+int Link::Wait(int awaited, Deadline deadline) {
+  const auto asked = [&](int event, int flag) { return (awaited & event) != 0 ? flag : 0; };
+  const int flags =
+      asked(MYSQL_WAIT_READ, POLLIN) | asked(MYSQL_WAIT_WRITE, POLLOUT) | asked(MYSQL_WAIT_EXCEPT, POLLPRI);
+  pollfd watched{library_.mysql_get_socket(Handle()), static_cast<short>(flags), 0};
+  for (;;) {
+    int left_ms = -1;
+    if (deadline) {
+      const auto left = std::chrono::ceil<Milliseconds>(*deadline - Clock::now()).count();
+      left_ms = static_cast<int>(std::max<std::int64_t>(left, 0));
+    }
+    const int count = poll(&watched, 1, left_ms);
+    if (count > 0) break;
+    if (count < 0 && errno == EINTR) continue;
+    is_given_up_ = is_dead_ = true;
+    shutdown(watched.fd, SHUT_RDWR);
+    return MYSQL_WAIT_TIMEOUT;
+  }
+  const auto happened = [&](int flag, int event) { return (watched.revents & flag) != 0 ? event : 0; };
+  const int events = happened(POLLIN | POLLHUP | POLLERR, MYSQL_WAIT_READ) |
+                     happened(POLLOUT | POLLHUP | POLLERR, MYSQL_WAIT_WRITE) |
+                     happened(POLLPRI, MYSQL_WAIT_EXCEPT);
+  return events & awaited;
+}
+
+void Link::Run(std::string_view text, std::string_view source) {
+  int failure = 1;
+  if (handle_) {
+    Await([&] { return library_.mysql_real_query_start(&failure, Handle(), text.data(), text.size()); },
+          [&](int events) { return library_.mysql_real_query_cont(&failure, Handle(), events); });
+  }
+  if (failure != 0) throw LastError(source);
+}
+
+bool Link::IsInTransaction() const {
+  return handle_ && (handle_->server_status & SERVER_STATUS_IN_TRANS) != 0;
+}
+
+Error Link::LastError(std::string_view text) {
+  if (!handle_) return Error("The connection to the database is closed", 2006, "08003", std::string(text));
+  return MakeError(library_.mysql_errno(Handle()), library_.mysql_sqlstate(Handle()),
+                   library_.mysql_error(Handle()), text);
+}
+
+Error Link::MakeError(unsigned number, const char* state, const char* message, std::string_view text) {
+  is_dead_ |= std::ranges::find(kLost, number) != std::end(kLost);
+  std::string line = OneLine(message);
+  std::string sqlstate = state;
+  if (is_given_up_) {
+    line = is_connecting_ ? "it has not answered in time"
+                          : "The database has not answered in time; the connection is given up";
+    sqlstate = "HYT00";
+  }
+  line += " (SQLSTATE " + sqlstate + ")";
+  return Error(line, static_cast<int>(is_given_up_ ? 0 : number), sqlstate, std::string(text));
+}
+
+bool Link::IsQuiet() const noexcept {
+  if (!handle_ || is_dead_) return false;
+  pollfd watched{library_.mysql_get_socket(Handle()), POLLIN | POLLRDHUP, 0};
+  return poll(&watched, 1, 0) == 0;
+}
+
+bool Link::Answers() noexcept {
+  if (!IsQuiet()) return false;
+  int failure = 1;
+  Await([&] { return library_.mysql_ping_start(&failure, Handle()); },
+        [&](int events) { return library_.mysql_ping_cont(&failure, Handle(), events); });
+  return failure == 0;
+}
+
+void Link::Reset() {
+  int failure = 1;
+  Await([&] { return library_.mysql_reset_connection_start(&failure, Handle()); },
+        [&](int events) { return library_.mysql_reset_connection_cont(&failure, Handle(), events); });
+  if (failure != 0) throw LastError({});
+  LimitStatements();
+}
+
+/// Without a farewell, for which the library would read to the end of what the server is sending.
+void Link::Drop() noexcept {
+  if (!handle_) return;
+  shutdown(library_.mysql_get_socket(Handle()), SHUT_RDWR);
+  handle_.reset();
+  is_dead_ = true;
+}
+
+}  // namespace dralo::database::mariadb

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "database/mariadb/library.h"
+#include "database/mariadb/options.h"
+#include "dralo/error.h"
+
+namespace dralo::database::mariadb {
+
+/// A connection to a server, which never waits longer than the connection string allows: every call of the
+/// library has one deadline, however many packets it sends and reads. A connection that misses one is given
+/// up.
+class Link {
+ public:
+  using Clock = std::chrono::steady_clock;
+  using Deadline = std::optional<Clock::time_point>;  ///< Nothing waits for ever.
+
+  /// Throws platform::Error when no host lets in, or none answers within the time.
+  explicit Link(const Options& options);
+
+  /// Again, after Drop() or when it is dead. What belonged to the old connection is gone.
+  void Connect();
+
+  MYSQL* Handle() const { return handle_.get(); }
+
+  /// Another number for every connection.
+  int Generation() const { return generation_; }
+
+  /// Calls start(), then goes on with it by proceed(events) whenever the server has answered.
+  template <class Start, class Proceed>
+  void Await(const Start& start, const Proceed& proceed) {
+    int awaited = start();
+    if (awaited == 0) [[likely]]
+      return;
+    for (const Deadline deadline = EndOfPatience(); awaited != 0;) awaited = proceed(Wait(awaited, deadline));
+  }
+
+  /// Runs a statement without rows as a text. Throws platform::Error.
+  void Run(std::string_view text) { Run(text, text); }
+
+  /// The same, where `source` is what a page has given for it. Its rows are to be taken then.
+  void Run(std::string_view text, std::string_view source);
+
+  /// Whether a statement that is run next is a part of an open transaction.
+  bool IsInTransaction() const;
+
+  /// The server's last statement has failed. `text` is its source.
+  platform::Error LastError(std::string_view text);
+  platform::Error MakeError(unsigned number, const char* state, const char* message, std::string_view text);
+
+  /// The connection was lost or given up.
+  bool IsDead() const noexcept { return is_dead_; }
+
+  bool IsGivenUp() const noexcept { return is_given_up_; }
+
+  /// The database that the connection string names.
+  const std::string& FirstDatabase() const { return options_.database; }
+
+  /// From now on the server is given only a moment for each call, or its usual time again.
+  void SetHurried(bool is_hurried) noexcept { is_hurried_ = is_hurried; }
+
+  /// Whether the server has said nothing; between statements that could only be a farewell.
+  bool IsQuiet() const noexcept;
+
+  /// Whether the server answers. Never throws.
+  bool Answers() noexcept;
+
+  /// Takes back all that was done to the session on the server, also the prepared statements.
+  void Reset();
+
+  /// Leaves the connection at once, with whatever the server is sending. Connect() opens another.
+  void Drop() noexcept;
+
+ private:
+  struct Closer {
+    void operator()(MYSQL* connection) const noexcept { Library::Get().mysql_close(connection); }
+  };
+
+  void ConnectTo(const Options::Host& host);
+  void SetOptions();
+  void LimitStatements();
+  Deadline EndOfPatience() const;
+  int Wait(int awaited, Deadline deadline);
+
+  const Library& library_ = Library::Get();
+  const Options options_;
+  std::unique_ptr<MYSQL, Closer> handle_;
+  Deadline connecting_until_;
+  bool is_connecting_ = false;
+  bool is_hurried_ = false;
+  bool is_given_up_ = false;
+  bool is_dead_ = false;
+  int generation_ = 0;
+};
+
+}  // namespace dralo::database::mariadb
