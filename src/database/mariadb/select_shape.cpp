@@ -1,0 +1,160 @@
+#include "database/mariadb/select_shape.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+
+#include "text/ascii.h"
+#include "text/white_space.h"
+
+namespace dralo::database::mariadb {
+
+namespace {
+
+using Tokens = std::vector<std::string_view>;
+
+constexpr std::string_view kOtherQueries[] = {"UNION", "EXCEPT", "INTERSECT", "WITH", "VALUES", "TABLE"};
+constexpr std::string_view kRowsOfTheirOwn[] = {"DISTINCT", "DISTINCTROW", "GROUP", "HAVING"};
+constexpr std::string_view kBehindFrom[] = {"WHERE", "GROUP",  "HAVING", "ORDER",     "LIMIT", "WINDOW",
+                                            "FOR",   "OFFSET", "FETCH",  "PROCEDURE", "INTO",  "LOCK"};
+constexpr std::string_view kBehindOrder[] = {"LIMIT", "OFFSET", "FETCH", "FOR", "PROCEDURE", "INTO", "LOCK"};
+constexpr std::string_view kBetweenTables[] = {",", "JOIN", "STRAIGHT_JOIN"};
+constexpr std::string_view kBehindTable[] = {"ON",    "USING", "USE",   "IGNORE",  "FORCE",     "LEFT",
+                                             "RIGHT", "INNER", "CROSS", "NATURAL", "PARTITION", "OUTER"};
+
+template <std::size_t kCount>
+bool IsAny(std::string_view token, const std::string_view (&words)[kCount]) {
+  return std::ranges::any_of(words, [&](std::string_view word) { return text::EqualAscii(token, word); });
+}
+
+bool IsWordCharacter(char c) {
+  return text::IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool IsQuote(char c) { return c == '"' || c == '\'' || c == '`'; }
+
+/// Bytes of the text in quotes at the front. Outside of names a backslash keeps the sign behind it.
+std::size_t QuotedSize(std::string_view text) {
+  const char quote = text.front();
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    if (text[i] == '\\' && quote != '`') {
+      ++i;
+    } else if (text[i] == quote && text.substr(i + 1, 1) == text.substr(i, 1)) {
+      ++i;
+    } else if (text[i] == quote) {
+      return i + 1;
+    }
+  }
+  return text.size();
+}
+
+/// Bytes of the comment at the front; 0 when there is none.
+std::size_t CommentSize(std::string_view text) {
+  const bool is_line =
+      text.starts_with('#') || (text.starts_with("--") && (text.size() == 2 || text::IsAsciiSpace(text[2])));
+  if (!is_line && !text.starts_with("/*")) return 0;
+  const auto end = is_line ? text.find('\n') : text.find("*/", 2);
+  return end == text.npos ? text.size() : end + (is_line ? 1 : 2);
+}
+
+std::size_t TokenSize(std::string_view text) {
+  if (IsQuote(text.front())) return QuotedSize(text);
+  const auto end = std::ranges::find_if_not(text, IsWordCharacter);
+  return std::max<std::size_t>(static_cast<std::size_t>(end - text.begin()), 1);
+}
+
+/// What is outside of parentheses, each pair of which is one token "(".
+Tokens OuterTokens(std::string_view text) {
+  Tokens tokens;
+  int depth = 0;
+  while (!text.empty()) {
+    const std::size_t passed = text::IsAsciiSpace(text.front()) ? 1 : CommentSize(text);
+    const std::size_t size = passed > 0 ? passed : TokenSize(text);
+    const std::string_view token = text.substr(0, size);
+    text.remove_prefix(size);
+    if (passed > 0) continue;
+    if (token == ")") --depth;
+    if (depth == 0 && token != ")") tokens.push_back(token);
+    if (token == "(") ++depth;
+  }
+  return tokens;
+}
+
+std::string Unquoted(std::string_view token) {
+  if (!IsQuote(token.front()) || token.size() < 2) return std::string(token);
+  std::string name;
+  for (std::size_t i = 1; i + 1 < token.size(); ++i) {
+    name += token[i];
+    if (token[i] == token.front()) ++i;
+  }
+  return name;
+}
+
+bool IsName(std::string_view token) {
+  return token.front() == '`' || token.front() == '"' || IsWordCharacter(token.front());
+}
+
+/// "[database.]table [[AS] alias]" and what may stand behind it.
+NamedTable TableOf(std::span<const std::string_view> tokens) {
+  NamedTable named;
+  if (tokens.empty() || !IsName(tokens[0])) return named;
+  std::size_t next = 1;
+  named.table = Unquoted(tokens[0]);
+  if (tokens.size() > 2 && tokens[1] == ".") {
+    named.database = std::move(named.table);
+    named.table = Unquoted(tokens[2]);
+    next = 3;
+  }
+  named.alias = named.table;
+  const bool has_as = next < tokens.size() && text::EqualAscii(tokens[next], "AS");
+  if (has_as) ++next;
+  if (next == tokens.size()) return named;
+  if (tokens[next] == "(" || tokens[next] == ".") return {};  // A function, or a name of three parts.
+  if (has_as || !IsAny(tokens[next], kBehindTable)) named.alias = Unquoted(tokens[next]);
+  return named;
+}
+
+std::vector<NamedTable> TablesOf(std::span<const std::string_view> tokens) {
+  std::vector<NamedTable> tables;
+  while (!tokens.empty()) {
+    const auto end = std::ranges::find_if(tokens, [](auto token) { return IsAny(token, kBetweenTables); });
+    const auto size = static_cast<std::size_t>(end - tokens.begin());
+    tables.push_back(TableOf(tokens.first(size)));
+    tokens = tokens.subspan(std::min(size + 1, tokens.size()));
+  }
+  return tables;
+}
+
+/// Behind the last "ORDER BY" up to the end, when nothing else follows it.
+void ReadOrder(const Tokens& tokens, SelectShape& shape) {
+  for (std::size_t i = tokens.size(); i-- > 1;) {
+    if (IsAny(tokens[i], kBehindOrder)) return;
+    if (!text::EqualAscii(tokens[i - 1], "ORDER") || !text::EqualAscii(tokens[i], "BY")) continue;
+    shape.ends_with_order = i + 1 < tokens.size() && tokens.back() != ",";
+    shape.is_descending = text::EqualAscii(tokens.back(), "DESC");
+    return;
+  }
+}
+
+}  // namespace
+
+SelectShape ShapeOf(std::string_view query) {
+  SelectShape shape;
+  Tokens tokens = OuterTokens(query);
+  while (!tokens.empty() && tokens.back() == ";") tokens.pop_back();
+  const auto is = [](std::string_view word) {
+    return [word](std::string_view token) { return text::EqualAscii(token, word); };
+  };
+  const auto from = std::ranges::find_if(tokens, is("FROM"));
+  shape.is_simple = from != tokens.end() && is("SELECT")(tokens.front()) &&
+                    std::ranges::none_of(tokens, [](auto token) { return IsAny(token, kOtherQueries); });
+  if (!shape.is_simple) return shape;
+  shape.has_rows_of_tables =
+      std::ranges::none_of(tokens, [](auto token) { return IsAny(token, kRowsOfTheirOwn); });
+  const auto end = std::find_if(from, tokens.end(), [](auto token) { return IsAny(token, kBehindFrom); });
+  shape.tables = TablesOf(std::span(from + 1, end));
+  ReadOrder(tokens, shape);
+  return shape;
+}
+
+}  // namespace dralo::database::mariadb

@@ -1,0 +1,78 @@
+#include "database/mariadb/select_shape.h"
+
+#include <gtest/gtest.h>
+
+namespace dralo::database::mariadb {
+
+namespace {
+
+/// "database.table=alias" of every table, "?" for one that is not understood.
+std::string Tables(std::string_view query) {
+  std::string tables;
+  for (const NamedTable& named : ShapeOf(query).tables) {
+    if (!tables.empty()) tables += ' ';
+    if (!named.database.empty()) tables += named.database + ".";
+    tables += named.table.empty() ? "?" : named.table + "=" + named.alias;
+  }
+  return tables;
+}
+
+TEST(SelectShape, FindsTheTablesBehindFrom) {
+  EXPECT_EQ(Tables("SELECT * FROM Goods"), "Goods=Goods");
+  EXPECT_EQ(Tables("select a from shop.Goods g where x = 1"), "shop.Goods=g");
+  EXPECT_EQ(Tables("SELECT a FROM `two ``words` AS `t w`, \"Other\" ORDER BY 1"),
+            "two `words=t w Other=Other");
+  EXPECT_EQ(Tables("SELECT a FROM a LEFT OUTER JOIN b x ON x.i = a.i NATURAL JOIN c USING (i)"),
+            "a=a b=x c=c");
+  EXPECT_EQ(Tables("SELECT a FROM a USE INDEX (i) STRAIGHT_JOIN b"), "a=a b=b");
+}
+
+TEST(SelectShape, DoesNotTakeSubqueriesAndFunctionsForTables) {
+  EXPECT_EQ(Tables("SELECT * FROM (SELECT b AS a FROM Other) Goods"), "?");
+  EXPECT_EQ(Tables("SELECT * FROM JSON_TABLE('[]', '$[*]' COLUMNS (i INT PATH '$')) Goods, b"), "? b=b");
+  EXPECT_EQ(Tables("SELECT * FROM (a JOIN b ON a.i = b.i)"), "?");
+  EXPECT_EQ(Tables("SELECT 1"), "");
+}
+
+TEST(SelectShape, PassesOverTextsAndComments) {
+  EXPECT_EQ(
+      Tables("SELECT ' FROM x', 'it\\'s FROM y', \"\"\" FROM z\" FROM /* FROM c */ a -- FROM d\n# FROM e\n"),
+      "a=a");
+  EXPECT_EQ(Tables("SELECT (SELECT b FROM inner_table), a--1 FROM a"), "a=a");
+}
+
+TEST(SelectShape, KnowsWhatIsNoSimpleQuery) {
+  EXPECT_TRUE(ShapeOf("SELECT a FROM t WHERE b IN (SELECT 1 UNION SELECT 2);").is_simple);
+  for (const char* query :
+       {"SELECT 1", "SELECT a FROM t UNION SELECT b FROM u", "WITH t AS (SELECT 1) SELECT * FROM t",
+        "(SELECT a FROM t)", "DELETE FROM t", "", "SELECT a FROM t EXCEPT SELECT b FROM u"}) {
+    EXPECT_FALSE(ShapeOf(query).is_simple) << query;
+    EXPECT_FALSE(ShapeOf(query).ends_with_order) << query;
+  }
+}
+
+TEST(SelectShape, KnowsWhetherTheRowsAreThoseOfTheTables) {
+  EXPECT_TRUE(ShapeOf("SELECT COUNT(DISTINCT a) FROM t ORDER BY 1").has_rows_of_tables);
+  EXPECT_FALSE(ShapeOf("SELECT DISTINCT a FROM t ORDER BY 1").has_rows_of_tables);
+  EXPECT_FALSE(ShapeOf("SELECT a, COUNT(*) FROM t GROUP BY a ORDER BY 1").has_rows_of_tables);
+}
+
+TEST(SelectShape, FindsAnOrderAtTheEndOnly) {
+  EXPECT_TRUE(ShapeOf("SELECT a FROM t ORDER BY a").ends_with_order);
+  EXPECT_TRUE(ShapeOf("SELECT a FROM t ORDER BY a, LOWER(b) DESC ; ").ends_with_order);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t").ends_with_order);
+  EXPECT_FALSE(ShapeOf("SELECT ROW_NUMBER() OVER (ORDER BY a) FROM t").ends_with_order);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t ORDER BY a LIMIT 3").ends_with_order);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t ORDER BY a FOR UPDATE").ends_with_order);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t ORDER BY").ends_with_order);
+}
+
+TEST(SelectShape, TellsTheDirectionOfTheLastField) {
+  EXPECT_TRUE(ShapeOf("SELECT a FROM t ORDER BY a, b desc").is_descending);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t ORDER BY a DESC, b").is_descending);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t ORDER BY `desc`").is_descending);
+}
+
+}  // namespace
+
+}  // namespace dralo::database::mariadb
