@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "database/column.h"
+
+namespace dralo::database::mariadb {
+
+/// The condition that a column has exactly the value of a parameter "?", told apart also from values that
+/// only sort or count as equal.
+std::string SameValue(const Column& column, const std::string& quoted_column);
+
+/// The condition that a column has a value that is read as Null.
+std::string NoValue(const Column& column, const std::string& quoted_column);
+
+}  // namespace dralo::database::mariadb
