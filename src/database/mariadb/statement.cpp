@@ -1,0 +1,179 @@
+#include "database/mariadb/statement.h"
+
+#include <utility>
+
+namespace dralo::database::mariadb {
+
+namespace {
+
+using platform::Error;
+
+constexpr int kCannotBePrepared = 1295;
+
+/// The tables were changed since the statement was prepared, in ways that the server or the library do not
+/// follow by themselves.
+constexpr int kMustBePreparedAgain = 1615;
+constexpr int kHasOtherColumns = 2057;
+
+}  // namespace
+
+Statement::Statement(Link& link, std::string_view text, Form form, std::string sql)
+    : link_(link), generation_(link.Generation()), text_(text), form_(form), sql_(std::move(sql)) {
+  try {
+    Prepare();
+  } catch (const Error& error) {
+    if (error.Number() != kCannotBePrepared) throw;
+    handle_.reset();
+  }
+}
+
+Statement::~Statement() = default;
+
+void Statement::Prepare() {
+  RequireConnection();
+  handle_.reset(library_.mysql_stmt_init(link_.Handle()));
+  if (!handle_) throw link_.LastError(text_);
+  int failure = 1;
+  link_.Await(
+      [&] { return library_.mysql_stmt_prepare_start(&failure, handle_.get(), sql_.data(), sql_.size()); },
+      [&](int events) { return library_.mysql_stmt_prepare_cont(&failure, handle_.get(), events); });
+  if (failure != 0) Throw();
+  parameter_count_ = library_.mysql_stmt_param_count(handle_.get());
+  DescribeResult();
+}
+
+void Statement::Throw() const {
+  MYSQL_STMT* const handle = handle_.get();
+  throw link_.MakeError(library_.mysql_stmt_errno(handle), library_.mysql_stmt_sqlstate(handle),
+                        library_.mysql_stmt_error(handle), text_);
+}
+
+void Statement::RequireConnection() const {
+  if (!IsOfThisConnection() || link_.Handle() == nullptr) {
+    throw Error("The connection to the database is closed", 2006, "08003", text_);
+  }
+}
+
+void Statement::DescribeResult() {
+  const std::unique_ptr<MYSQL_RES, ResultCloser> result(library_.mysql_stmt_result_metadata(handle_.get()));
+  description_ = result ? mariadb::Describe(library_.mysql_fetch_fields(result.get()),
+                                            library_.mysql_num_fields(result.get()))
+                        : Description{};
+}
+
+void Statement::Execute(MYSQL_BIND* parameters) {
+  RequireConnection();
+  if (!handle_) return ExecuteText();
+  try {
+    ExecutePrepared(parameters);
+  } catch (const Error& error) {
+    if (error.Number() != kMustBePreparedAgain && error.Number() != kHasOtherColumns) throw;
+    Prepare();
+    ExecutePrepared(parameters);
+  }
+}
+
+void Statement::ExecutePrepared(MYSQL_BIND* parameters) {
+  MYSQL_STMT* const handle = handle_.get();
+  if (parameter_count_ > 0 && library_.mysql_stmt_bind_param(handle, parameters) != 0) Throw();
+  int failure = 1;
+  link_.Await([&] { return library_.mysql_stmt_execute_start(&failure, handle); },
+              [&](int events) { return library_.mysql_stmt_execute_cont(&failure, handle, events); });
+  if (failure != 0) Throw();
+  is_open_ = true;
+  FindResultWithColumns();
+}
+
+/// A procedure may change data before it yields rows.
+void Statement::FindResultWithColumns() {
+  for (;;) {
+    rows_affected_ = static_cast<std::int64_t>(library_.mysql_stmt_affected_rows(handle_.get()));
+    last_identity_ = static_cast<std::int64_t>(library_.mysql_stmt_insert_id(handle_.get()));
+    const unsigned columns = library_.mysql_stmt_field_count(handle_.get());
+    if (columns > 0) {
+      rows_affected_ = -1;
+      if (columns != description_.columns->size()) DescribeResult();
+      return;
+    }
+    if (!NextResult()) {
+      is_open_ = false;
+      return;
+    }
+  }
+}
+
+bool Statement::NextResult() {
+  if (library_.mysql_stmt_more_results(handle_.get()) == 0) return false;
+  int answer = 1;
+  link_.Await(
+      [&] { return library_.mysql_stmt_next_result_start(&answer, handle_.get()); },
+      [&](int events) { return library_.mysql_stmt_next_result_cont(&answer, handle_.get(), events); });
+  if (answer > 0) Throw();
+  return answer == 0;
+}
+
+/// The rows are few where statements cannot be prepared, so they are all read at once.
+void Statement::ExecuteText() {
+  link_.Run(sql_, text_);
+  MYSQL_RES* result = nullptr;
+  link_.Await([&] { return library_.mysql_store_result_start(&result, link_.Handle()); },
+              [&](int events) { return library_.mysql_store_result_cont(&result, link_.Handle(), events); });
+  texts_.reset(result);
+  rows_affected_ = -1;
+  if (texts_) {
+    description_ = DescribeTexts(library_.mysql_fetch_fields(result), library_.mysql_num_fields(result));
+    is_open_ = true;
+  } else {
+    if (library_.mysql_errno(link_.Handle()) != 0) throw link_.LastError(text_);
+    rows_affected_ = static_cast<std::int64_t>(library_.mysql_affected_rows(link_.Handle()));
+    last_identity_ = static_cast<std::int64_t>(library_.mysql_insert_id(link_.Handle()));
+  }
+}
+
+void Statement::Bind(Row& row) {
+  if (handle_) row.Bind(handle_.get());
+}
+
+bool Statement::Fetch(Row& row) {
+  if (!is_open_) return false;
+  if (!handle_) {
+    const MYSQL_ROW texts = library_.mysql_fetch_row(texts_.get());
+    if (texts != nullptr) row.SetTexts(texts, library_.mysql_fetch_lengths(texts_.get()));
+    is_open_ = texts != nullptr;
+    return is_open_;
+  }
+  RequireConnection();
+  int answer = 1;
+  link_.Await([&] { return library_.mysql_stmt_fetch_start(&answer, handle_.get()); },
+              [&](int events) { return library_.mysql_stmt_fetch_cont(&answer, handle_.get(), events); });
+  if (answer == 0) [[likely]]
+    return true;
+  if (answer == MYSQL_DATA_TRUNCATED) {
+    row.ReadCutValues(handle_.get());
+    return true;
+  }
+  if (answer != MYSQL_NO_DATA) {
+    is_open_ = false;
+    Throw();
+  }
+  Finish();
+  return false;
+}
+
+void Statement::Finish() {
+  if (!std::exchange(is_open_, false)) return;
+  texts_.reset();
+  if (!handle_ || !IsOfThisConnection() || link_.Handle() == nullptr) return;
+  FreeResult();
+  while (NextResult()) FreeResult();
+}
+
+void Statement::FreeResult() {
+  my_bool failure = 0;
+  link_.Await(
+      [&] { return library_.mysql_stmt_free_result_start(&failure, handle_.get()); },
+      [&](int events) { return library_.mysql_stmt_free_result_cont(&failure, handle_.get(), events); });
+  if (failure != 0) Throw();
+}
+
+}  // namespace dralo::database::mariadb

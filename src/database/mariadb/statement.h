@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "database/mariadb/column_type.h"
+#include "database/mariadb/link.h"
+#include "database/mariadb/row.h"
+
+namespace dralo::database::mariadb {
+
+/// Which text is run for that of a page.
+enum class Form {
+  kPlain,    ///< The same.
+  kLimited,  ///< With two parameters more, LIMIT and OFFSET.
+};
+
+/// A statement that is prepared on the server of a link, which it must not outlive. What cannot be prepared
+/// is sent as a text at every run; its values come as texts then. Every function may throw platform::Error
+/// with the page's text as its source.
+class Statement {
+ public:
+  /// Prepares `sql`, which stands for the `text` of a page.
+  Statement(Link& link, std::string_view text, Form form, std::string sql);
+  ~Statement();
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  const std::string& Text() const { return text_; }
+  Form GetForm() const { return form_; }
+
+  /// False when the link has connected anew since; the statement is of no use then.
+  bool IsOfThisConnection() const { return generation_ == link_.Generation(); }
+
+  std::size_t ParameterCount() const { return parameter_count_; }
+
+  /// Of what it yields; of a procedure, once it has run.
+  const Description& Describe() const { return description_; }
+
+  /// Runs it. The rows of the first result that has columns are to be fetched then.
+  void Execute(MYSQL_BIND* parameters);
+
+  /// Has the rows go to `row`, which must live until the end of the result.
+  void Bind(Row& row);
+
+  /// False at the end, where the server is ready for the next statement.
+  bool Fetch(Row& row);
+
+  /// Passes over the rows that were not fetched, and everything behind them.
+  void Finish();
+
+  std::int64_t RowsAffected() const { return rows_affected_; }
+
+  /// The number that the server gave to the row inserted last.
+  std::int64_t LastIdentity() const { return last_identity_; }
+
+  /// Of a plain statement: that no limit can be put behind it.
+  void RefuseLimit() { refuses_limit_ = true; }
+  bool RefusesLimit() const { return refuses_limit_; }
+
+ private:
+  struct Closer {
+    void operator()(MYSQL_STMT* statement) const noexcept { Library::Get().mysql_stmt_close(statement); }
+  };
+  struct ResultCloser {
+    void operator()(MYSQL_RES* result) const noexcept { Library::Get().mysql_free_result(result); }
+  };
+
+  void Prepare();
+  void ExecutePrepared(MYSQL_BIND* parameters);
+  void ExecuteText();
+  void FindResultWithColumns();
+  void DescribeResult();
+  bool NextResult();
+  void FreeResult();
+  void RequireConnection() const;
+  [[noreturn]] void Throw() const;
+
+  const Library& library_ = Library::Get();
+  Link& link_;
+  const int generation_;
+  const std::string text_;
+  const Form form_;
+  const std::string sql_;
+  std::unique_ptr<MYSQL_STMT, Closer> handle_;  ///< None of a statement that goes as a text.
+  std::unique_ptr<MYSQL_RES, ResultCloser> texts_;
+  std::size_t parameter_count_ = 0;
+  Description description_;
+  bool is_open_ = false;  ///< There may be rows to fetch.
+  bool refuses_limit_ = false;
+  std::int64_t rows_affected_ = 0;
+  std::int64_t last_identity_ = 0;
+};
+
+}  // namespace dralo::database::mariadb
