@@ -1,0 +1,180 @@
+#include "database/mariadb/cursor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "database/mariadb/base_table.h"
+#include "database/mariadb/session.h"
+#include "dralo/error.h"
+#include "text/white_space.h"
+
+namespace dralo::database::mariadb {
+
+namespace {
+
+using platform::Error;
+using Clock = std::chrono::steady_clock;
+
+/// A server gives a client 30 seconds by default to take what it sends, and the statement the Query Timeout
+/// to end.
+constexpr std::chrono::seconds kPatienceOfServers{5};
+
+/// How often the clock is looked at.
+constexpr unsigned kRowsBetweenLooks = 16;
+
+/// Reading that many takes less than opening a connection.
+constexpr int kShortRest = 500;
+
+void RequireStatement(const std::string& text) {
+  if (text::TrimAsciiSpace(text).empty()) throw Error("The statement is empty", 0, {}, text);
+  if (text.find('\0') == text.npos) return;
+  throw Error("The statement has a zero byte in its text", 0, {}, text);
+}
+
+}  // namespace
+
+Cursor::Cursor(Session& session, const Query& query)
+    : session_(session),
+      text_(query.text),
+      kind_(KindOf(query.text)),
+      max_records_(query.max_records),
+      is_updatable_(query.is_updatable),
+      parameters_(query.parameters) {
+  RequireStatement(text_);
+  Open();
+  RequireParameterCount();
+  if (!kind_.is_query) Execute();
+}
+
+Cursor::~Cursor() {
+  Stop();
+  session_.GiveBack(std::move(statement_));
+}
+
+void Cursor::Open() {
+  if (is_updatable_) session_.Forget(text_);
+  std::unique_ptr<Statement> limited;
+  if (max_records_ > 0 && kind_.is_select) limited = session_.TakeLimited(text_);
+  // A text that ends in an open comment swallows the limit.
+  const bool has_limit = limited && limited->ParameterCount() == parameters_.Count() + 2;
+  if (has_limit) {
+    statement_ = std::move(limited);
+    return;
+  }
+  statement_ = session_.TakePlain(text_, kind_);
+  if (max_records_ > 0) statement_->RefuseLimit();
+}
+
+void Cursor::RequireParameterCount() const {
+  const std::size_t own = statement_->GetForm() == Form::kLimited ? 2 : 0;
+  const std::size_t expected = statement_->ParameterCount() - own;
+  const std::size_t given = parameters_.Count();
+  if (expected == given) return;
+  throw Error("The statement expects " + std::to_string(expected) +
+                  (expected == 1 ? " parameter value, but " : " parameter values, but ") +
+                  std::to_string(given) + (given == 1 ? " was given" : " were given"),
+              0, {}, text_);
+}
+
+void Cursor::Execute() {
+  session_.Settle();
+  if (!statement_->IsOfThisConnection()) Open();
+  const bool has_limit = statement_->GetForm() == Form::kLimited;
+  const std::int64_t rows = std::max<std::int64_t>(max_records_ - offset_, 0);
+  statement_->Execute(parameters_.Bind(has_limit, rows, offset_));
+  session_.Note(kind_, statement_->LastIdentity());
+  state_ = State::kDone;
+  if (GetColumns()->empty()) return;
+  row_ = std::make_unique<Row>(statement_->Describe().readers);
+  statement_->Bind(*row_);
+  state_ = State::kReading;
+  session_.SetReading(this);
+  begun_ = Clock::now();
+}
+
+/// Only where the server can: else the rows are read.
+bool Cursor::Skip(std::int64_t rows) {
+  if (state_ != State::kPrepared || statement_->GetForm() != Form::kLimited) return false;
+  offset_ += rows;
+  return true;
+}
+
+bool Cursor::Step() {
+  if (state_ == State::kPrepared) session_.Reconnecting(kind_, [this] { Execute(); });
+  if (state_ == State::kReading) return NextRow();
+  return state_ == State::kAside && NextRowAside();
+}
+
+bool Cursor::NextRow() {
+  const bool may_be_slow = ++rows_read_ % kRowsBetweenLooks == 0;
+  if (may_be_slow && Clock::now() - begun_ > kPatienceOfServers) {
+    session_.SetReading(nullptr);
+    PutRestAside();
+    return NextRowAside();
+  }
+  try {
+    if (statement_->Fetch(*row_)) return true;
+  } catch (...) {
+    session_.SetReading(nullptr);
+    state_ = State::kDone;
+    throw;
+  }
+  session_.SetReading(nullptr);
+  state_ = State::kDone;
+  return false;
+}
+
+bool Cursor::NextRowAside() {
+  if (row_->Load(*aside_)) return true;
+  Stop();
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+  return false;
+}
+
+/// The current row stays where it is, as it may still be looked at.
+void Cursor::PutRestAside() {
+  state_ = State::kAside;
+  aside_ = std::make_unique<RowStore>();
+  try {
+    Row next(statement_->Describe().readers);
+    statement_->Bind(next);
+    while (statement_->Fetch(next)) next.Save(*aside_);
+    aside_->Rewind();
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+}
+
+void Cursor::Stop() noexcept {
+  const bool is_reading = state_ == State::kReading;
+  state_ = State::kDone;
+  aside_.reset();
+  if (!is_reading) return;
+  session_.SetReading(nullptr);
+  try {
+    Leave();
+  } catch (const std::exception&) {
+    static_cast<void>(session_.Leave());  // The next statement says what is wrong with the connection.
+  }
+}
+
+void Cursor::Leave() {
+  Link& link = session_.GetLink();
+  link.SetHurried(session_.MayLeave());
+  int rows = 0;
+  try {
+    while (rows < kShortRest && statement_->Fetch(*row_)) ++rows;
+    link.SetHurried(false);
+  } catch (...) {
+    link.SetHurried(false);
+    throw;
+  }
+  if (rows == kShortRest && !session_.Leave()) statement_->Finish();
+}
+
+const BaseTable& Cursor::Table() {
+  if (!table_) table_ = FindBaseTable(session_, *GetColumns(), text_);
+  return *table_;
+}
+
+}  // namespace dralo::database::mariadb

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "database/cursor.h"
+#include "database/mariadb/parameters.h"
+#include "database/mariadb/row.h"
+#include "database/mariadb/row_store.h"
+#include "database/mariadb/statement.h"
+#include "database/query.h"
+#include "database/statement_kind.h"
+
+namespace dralo::database::mariadb {
+
+class Session;
+
+/// A prepared statement of the session while it is in use. A query runs at the first Step(), everything else
+/// at once.
+///
+/// The rows come from the server one by one, so that the longest result takes no more memory than a short
+/// one. But a connection carries one result at a time. Before another statement is sent, and when a page
+/// takes so long over its rows that the server would lose its patience, the rest is read at once and put
+/// aside, in memory as long as it is short, else in a temporary file. That costs neither memory, as keeping
+/// the result would, nor a copy on the server before the first row, as a cursor of the server does, nor a
+/// second connection, which would not see what the transaction of the first has changed.
+///
+/// Of a result that is left early a short rest is read. From a long one the session leaves its connection,
+/// which is cheaper than reading it, unless that would lose a transaction or traces of the page.
+class Cursor final : public database::Cursor {
+ public:
+  /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
+  Cursor(Session& session, const Query& query);
+  ~Cursor() override;
+
+  std::shared_ptr<const Columns> GetColumns() const override { return statement_->Describe().columns; }
+
+  /// Statements whose rows are to be changed are always prepared anew.
+  void FixColumns() override {}
+  platform::TypeCode Type(std::size_t column) const override { return (*GetColumns())[column].type; }
+  bool ChangesData() const override { return !kind_.is_query; }
+  bool Skip(std::int64_t rows) override;
+  bool Step() override;
+  void Stop() noexcept override;
+  platform::VariantView Value(std::size_t column) override { return row_->Value(column); }
+  platform::VariantView Stored(std::size_t column) override { return row_->Value(column); }
+  std::int64_t RowsAffected() const override { return statement_->RowsAffected(); }
+  const BaseTable& Table() override;
+
+  /// Reads the rows that the server is still sending, for later. What fails then is said when they are asked
+  /// for.
+  void PutRestAside();
+
+ private:
+  enum class State { kPrepared, kReading, kAside, kDone };
+
+  void Open();
+  void RequireParameterCount() const;
+  void Execute();
+  bool NextRow();
+  bool NextRowAside();
+  void Leave();
+
+  Session& session_;
+  const std::string text_;
+  const StatementKind kind_;
+  const std::int64_t max_records_;
+  const bool is_updatable_;
+  Parameters parameters_;
+  std::unique_ptr<Statement> statement_;
+  State state_ = State::kPrepared;
+  std::int64_t offset_ = 0;
+  std::unique_ptr<Row> row_;
+  std::chrono::steady_clock::time_point begun_ = {};
+  unsigned rows_read_ = 0;
+  std::unique_ptr<RowStore> aside_;
+  std::exception_ptr failure_;  ///< Behind the rows aside.
+  std::optional<BaseTable> table_;
+};
+
+}  // namespace dralo::database::mariadb

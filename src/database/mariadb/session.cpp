@@ -1,0 +1,199 @@
+#include "database/mariadb/session.h"
+
+#include <utility>
+
+#include "database/mariadb/comparison.h"
+#include "database/mariadb/cursor.h"
+#include "database/mariadb/quote.h"
+#include "database/mariadb/select_shape.h"
+#include "database/statement_text.h"
+
+namespace dralo::database::mariadb {
+
+namespace {
+
+using platform::Error;
+
+/// A host that has vanished says no farewell; after that long a question is worth its round trip.
+constexpr std::chrono::seconds kLongRest{30};
+
+constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
+
+/// Tables whose facts are remembered; more are rare, and only cost a question each.
+constexpr std::size_t kMaxKnownTables = 256;
+
+}  // namespace
+
+std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
+  const StatementKind kind = KindOf(query.text);
+  return Reconnecting(kind, [&] { return std::make_unique<Cursor>(*this, query); });
+}
+
+std::string Session::QuoteName(std::string_view name) const { return Quote(name); }
+
+std::string Session::ProcedureCall(std::string_view name, std::size_t parameters) const {
+  std::string values;
+  for (std::size_t i = 0; i < parameters; ++i) values += i == 0 ? "?" : ", ?";
+  return "CALL " + std::string(name) + "(" + values + ")";
+}
+
+std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
+  return was_null ? NoValue(column, quoted_column) : SameValue(column, quoted_column);
+}
+
+std::string Session::CurrentDatabase() const {
+  const char* const name = link_.Handle() != nullptr ? link_.Handle()->db : nullptr;
+  return name != nullptr ? name : "";
+}
+
+void Session::Connect() {
+  cache_.Clear();
+  facts_.clear();
+  link_.Connect();
+  was_left_ = false;
+}
+
+void Session::Settle() {
+  if (was_left_) Connect();
+  if (Cursor* const cursor = std::exchange(reading_, nullptr)) cursor->PutRestAside();
+}
+
+std::unique_ptr<Statement> Session::TakePlain(std::string_view text, const StatementKind& kind) {
+  if (auto kept = cache_.Take(text, Form::kPlain)) return kept;
+  if (kind.is_select) return Prepare(text, Form::kPlain, {});
+  Settle();
+  return std::make_unique<Statement>(link_, text, Form::kPlain, std::string(text));
+}
+
+/// Where the limit is refused, the text as it is tells whether it is wrong itself.
+std::unique_ptr<Statement> Session::TakeLimited(std::string_view text) {
+  if (auto kept = cache_.Take(text, Form::kLimited)) return kept;
+  if (cache_.RefusesLimit(text)) return nullptr;
+  try {
+    return Prepare(text, Form::kLimited, kLimit);
+  } catch (const Error&) {
+    if (link_.IsDead()) throw;
+    return nullptr;
+  }
+}
+
+void Session::Forget(std::string_view text) {
+  for (const Form form : {Form::kPlain, Form::kLimited}) cache_.Take(text, form);
+}
+
+std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, std::string_view behind) {
+  const std::string plain(WithoutEnd(text));
+  const std::string ordered = OrderedByKey(plain);
+  Settle();
+  if (!ordered.empty()) {
+    try {
+      return std::make_unique<Statement>(link_, text, form, ordered + std::string(behind));
+    } catch (const Error&) {
+      if (link_.IsDead()) throw;
+    }
+  }
+  return std::make_unique<Statement>(link_, text, form, plain + std::string(behind));
+}
+
+/// The query with the keys of its tables behind its order, in the direction of the last field so that an
+/// index can serve for all: rows whose fields are equal would else come in another order on another page.
+/// Empty where there is no order, or where not every table and its key are known.
+std::string Session::OrderedByKey(std::string_view text) {
+  const SelectShape shape = ShapeOf(text);
+  if (!shape.ends_with_order || !shape.has_rows_of_tables) return {};
+  std::string ordered(text);
+  ordered += '\n';
+  for (const NamedTable& named : shape.tables) {
+    if (named.table.empty()) return {};
+    const TableFacts& facts = KnownFacts(named.database, named.table);
+    if (facts.keys.empty()) return {};
+    for (const std::string& column : facts.keys.front()) {
+      ordered.append(", ").append(Quote(named.alias)).append(".").append(Quote(column));
+      if (shape.is_descending) ordered += " DESC";
+    }
+  }
+  return ordered;
+}
+
+const TableFacts& Session::KnownFacts(const std::string& database, const std::string& table) {
+  std::pair name(database.empty() ? CurrentDatabase() : database, table);
+  const auto known = facts_.find(name);
+  if (known != facts_.end()) return known->second;
+  if (facts_.size() >= kMaxKnownTables) facts_.clear();
+  TableFacts facts = FactsOf(*this, name.first, table);
+  return facts_.emplace(std::move(name), std::move(facts)).first->second;
+}
+
+void Session::Begin() {
+  Settle();
+  if (link_.IsInTransaction() || depth_ > 0) {
+    link_.Run("SAVEPOINT dralo_" + std::to_string(depth_));
+  } else {
+    link_.Run("BEGIN");
+    owns_transaction_ = true;
+  }
+  ++depth_;
+}
+
+void Session::Commit() {
+  Settle();
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  link_.Run(is_outermost ? "COMMIT" : "RELEASE SAVEPOINT dralo_" + std::to_string(depth_ - 1));
+  --depth_;
+  if (is_outermost) owns_transaction_ = false;
+}
+
+void Session::Rollback() noexcept {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  --depth_;
+  if (is_outermost) owns_transaction_ = false;
+  try {
+    Settle();
+    const std::string savepoint = "SAVEPOINT dralo_" + std::to_string(depth_);
+    link_.Run(is_outermost ? "ROLLBACK" : "ROLLBACK TO " + savepoint);
+    if (!is_outermost) link_.Run("RELEASE " + savepoint);
+  } catch (const std::exception&) {
+    has_traces_ = true;  // Whatever is open ends with the user.
+  }
+}
+
+bool Session::IsAlive() noexcept {
+  is_fresh_ = true;
+  if (!link_.IsQuiet()) return false;
+  const bool has_rested_long = std::chrono::steady_clock::now() - last_use_ >= kLongRest;
+  return !has_rested_long || link_.Answers();
+}
+
+/// The reset keeps the current database.
+bool Session::Reset() noexcept {
+  last_use_ = std::chrono::steady_clock::now();
+  if (reading_ != nullptr || was_left_ || link_.IsDead() || CurrentDatabase() != link_.FirstDatabase())
+    return false;
+  depth_ = 0;
+  owns_transaction_ = false;
+  try {
+    if (std::exchange(has_traces_, false)) {
+      cache_.Clear();
+      link_.Reset();
+    } else if (link_.IsInTransaction()) {
+      link_.Run("ROLLBACK");
+    }
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+void Session::Note(const StatementKind& kind, std::int64_t last_identity) {
+  has_traces_ |= kind.leaves_traces || kind.calls_functions;
+  if (!kind.is_query) last_identity_ = last_identity;
+}
+
+bool Session::Leave() noexcept {
+  if (!MayLeave()) return false;
+  link_.Drop();
+  was_left_ = true;
+  return true;
+}
+
+}  // namespace dralo::database::mariadb

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "database/mariadb/catalog.h"
+#include "database/mariadb/link.h"
+#include "database/mariadb/options.h"
+#include "database/mariadb/statement.h"
+#include "database/mariadb/statement_cache.h"
+#include "database/session.h"
+#include "database/statement_kind.h"
+#include "dralo/error.h"
+
+namespace dralo::database::mariadb {
+
+class Cursor;
+
+/// An open connection to MariaDB or MySQL.
+///
+/// Between two users nothing is sent as long as they only read and saved: their prepared statements stay. Of
+/// a transaction that is open the rest is rolled back. After anything else, such as a setting, a temporary
+/// table, a lock or a function of the page's own, the server resets the session, which costs the statements.
+///
+/// IsAlive() asks the socket, after a long rest the server. Should the server have gone in this very moment,
+/// the first query opens the connection again.
+class Session final : public database::Session {
+ public:
+  /// Throws platform::Error when the database does not open.
+  explicit Session(const Options& options) : link_(options) {}
+
+  std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
+  std::string QuoteName(std::string_view name) const override;
+  std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
+  std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
+  platform::Variant Stored(const Column& /*column*/, const platform::Variant& value) const override {
+    return value;
+  }
+  std::string InsertOfDefaults(const std::string& quoted_table) const override {
+    return "INSERT INTO " + quoted_table + " () VALUES ()";
+  }
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  std::int64_t LastIdentity(const BaseTable& /*table*/, const Column& /*column*/) const override {
+    return last_identity_;
+  }
+  bool IsAlive() noexcept override;
+  bool Reset() noexcept override;
+
+  Link& GetLink() { return link_; }
+
+  /// The database that tables without one are looked for in.
+  std::string CurrentDatabase() const;
+
+  /// The statement for the text of a page as it is. Throws platform::Error when it is not accepted.
+  std::unique_ptr<Statement> TakePlain(std::string_view text, const StatementKind& kind);
+
+  /// The statement with a limit behind the text; nullptr when it cannot have one.
+  std::unique_ptr<Statement> TakeLimited(std::string_view text);
+
+  /// Drops what is kept for the text.
+  void Forget(std::string_view text);
+
+  void GiveBack(std::unique_ptr<Statement> statement) noexcept { cache_.Give(std::move(statement)); }
+
+  /// What `run`, which runs a statement of that kind, returns. Should the server have gone while the session
+  /// was kept, this is where it shows: the connection is opened again, and `run` called again.
+  template <class Function>
+  auto Reconnecting(const StatementKind& kind, const Function& run) {
+    const bool may_reconnect = std::exchange(is_fresh_, false) && kind.is_query;
+    try {
+      return run();
+    } catch (const platform::Error&) {
+      if (!may_reconnect || !link_.IsDead() || link_.IsGivenUp()) throw;
+    }
+    Connect();
+    return run();
+  }
+
+  /// Before anything is sent: has the cursor that is reading put the rest of its rows aside. Opens a
+  /// connection that was left anew.
+  void Settle();
+
+  /// The cursor that is reading; nullptr when none is.
+  void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }
+  const Cursor* Reading() const { return reading_; }
+
+  /// After a statement was run: remembers what it did to the session.
+  void Note(const StatementKind& kind, std::int64_t last_identity);
+
+  /// Whether nothing of the user's would be lost with the connection.
+  bool MayLeave() const { return !has_traces_ && depth_ == 0 && !link_.IsInTransaction(); }
+
+  /// Leaves the connection with all that the server is still sending, to open another when it is needed.
+  /// Returns false, and has done nothing, when it may not.
+  bool Leave() noexcept;
+
+ private:
+  void Connect();
+  std::unique_ptr<Statement> Prepare(std::string_view text, Form form, std::string_view behind);
+  std::string OrderedByKey(std::string_view text);
+  const TableFacts& KnownFacts(const std::string& database, const std::string& table);
+
+  Link link_;
+  StatementCache cache_;  ///< After the link, so that it goes first.
+  std::map<std::pair<std::string, std::string>, TableFacts> facts_;
+  Cursor* reading_ = nullptr;
+  bool was_left_ = false;
+  bool is_fresh_ = false;  ///< Nothing was run since it was taken from the pool.
+  bool has_traces_ = false;
+  int depth_ = 0;                  ///< Calls of Begin() that are open.
+  bool owns_transaction_ = false;  ///< The outermost of them began it.
+  std::int64_t last_identity_ = 0;
+  std::chrono::steady_clock::time_point last_use_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace dralo::database::mariadb
