@@ -1,0 +1,27 @@
+#include "database/mariadb/provider.h"
+
+#include "database/mariadb/options.h"
+#include "database/mariadb/session.h"
+#include "text/ascii.h"
+
+namespace dralo::database::mariadb {
+
+bool Provider::IsCalled(std::string_view name) const {
+  return text::EqualAscii(name, "MariaDB") || text::EqualAscii(name, "MySQL");
+}
+
+/// Of the pairs as they were given: reading them as options would cost every page more.
+std::string Provider::PoolKey(const ConnectionString& connection_string) const {
+  std::string key = "MariaDB";
+  for (const ConnectionString::Pair& pair : connection_string.Pairs()) {
+    key.append(";").append(pair.key).append("=").append(std::to_string(pair.value.size()));
+    key.append(" ").append(pair.value);
+  }
+  return key;
+}
+
+std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {
+  return std::make_unique<Session>(ReadOptions(connection_string));
+}
+
+}  // namespace dralo::database::mariadb
