@@ -265,7 +265,7 @@ std::vector<ColumnType> ColumnTypesOf(const std::string& database) {
   if (database == "PostgreSql") return Joined(kPostgreSqlTypes, kPostgreSqlBits);
   if (database == "PostgreSqlOdbc") return Joined(kPostgreSqlTypes, kPostgreSqlOdbcBits);
   if (database == "Sqlite") return Joined(kSqliteTypes, kMoreSqliteTypes);
-  return database == "MariaDb" ? kMariaDbTypes : kSqliteTypes;
+  return database.starts_with("MariaDb") ? kMariaDbTypes : kSqliteTypes;
 }
 
 }  // namespace dralo::tests

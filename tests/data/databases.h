@@ -151,8 +151,18 @@ inline const Database kMariaDb{
                        {";Port=1", "Can't connect to server on '127.0.0.1'"}},
 };
 
+inline const Database kMariaDbNative = [] {
+  Database database = kMariaDb;
+  database.name = "MariaDbNative";
+  database.make = [] {
+    return std::make_unique<NewServerDatabase>(Server::kMariaDb, Way::kProvider);
+  };
+  database.orders_equal_keys_alike = true;
+  return database;
+}();
+
 inline const auto kDatabases =
-    ::testing::Values(kSqlite, kSqliteOdbc, kPostgreSql, kPostgreSqlOdbc, kMariaDb);
+    ::testing::Values(kSqlite, kSqliteOdbc, kPostgreSql, kPostgreSqlOdbc, kMariaDb, kMariaDbNative);
 
 inline std::string DatabaseName(const ::testing::TestParamInfo<Database>& info) { return info.param.name; }
 

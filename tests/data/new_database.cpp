@@ -40,13 +40,10 @@ NewServerDatabase::~NewServerDatabase() {
 
 std::string NewServerDatabase::ConnectionString(const std::string& database) const {
   const bool is_postgresql = server_ == Server::kPostgreSql;
-  if (way_ == Way::kProvider) {
-    return "Provider=PostgreSQL;Host=127.0.0.1;Port=" + PortOf(server_) + ";User ID=" + kServerUser +
-           ";Password={" + kServerPassword + "};Database=" + database;
-  }
-  return std::string("Driver=") + (is_postgresql ? "PostgreSQL" : "MariaDB") +
-         " Unicode;Server=127.0.0.1;Port=" + PortOf(server_) + ";Uid=" + kServerUser + ";Pwd={" +
-         kServerPassword + "};Database=" + database;
+  const std::string name = is_postgresql ? "PostgreSQL" : "MariaDB";
+  return (way_ == Way::kOdbc ? "Driver=" + name + " Unicode" : "Provider=" + name) +
+         ";Server=127.0.0.1;Port=" + PortOf(server_) + ";Uid=" + kServerUser + ";Pwd={" + kServerPassword +
+         "};Database=" + database;
 }
 
 void NewServerDatabase::Administer(const std::string& statement) const {
