@@ -15,6 +15,10 @@ constexpr int kCannotBePrepared = 1295;
 constexpr int kMustBePreparedAgain = 1615;
 constexpr int kHasOtherColumns = 2057;
 
+std::array<unsigned long, 3> TypeOf(const MYSQL_FIELD& field) {
+  return {static_cast<unsigned long>(field.type), field.length, field.flags};
+}
+
 }  // namespace
 
 Statement::Statement(Link& link, std::string_view text, Form form, std::string sql)
@@ -39,11 +43,16 @@ void Statement::Prepare() {
       [&](int events) { return library_.mysql_stmt_prepare_cont(&failure, handle_.get(), events); });
   if (failure != 0) Throw();
   parameter_count_ = library_.mysql_stmt_param_count(handle_.get());
-  DescribeResult();
+  const std::unique_ptr<MYSQL_RES, ResultCloser> result(library_.mysql_stmt_result_metadata(handle_.get()));
+  if (result) {
+    DescribeResult(library_.mysql_fetch_fields(result.get()), library_.mysql_num_fields(result.get()));
+  }
 }
 
-void Statement::Throw() const {
+/// What fails while rows are fetched is told of the connection only.
+void Statement::Throw() {
   MYSQL_STMT* const handle = handle_.get();
+  if (library_.mysql_stmt_errno(handle) == 0) throw link_.LastError(text_);
   throw link_.MakeError(library_.mysql_stmt_errno(handle), library_.mysql_stmt_sqlstate(handle),
                         library_.mysql_stmt_error(handle), text_);
 }
@@ -54,11 +63,19 @@ void Statement::RequireConnection() const {
   }
 }
 
-void Statement::DescribeResult() {
-  const std::unique_ptr<MYSQL_RES, ResultCloser> result(library_.mysql_stmt_result_metadata(handle_.get()));
-  description_ = result ? mariadb::Describe(library_.mysql_fetch_fields(result.get()),
-                                            library_.mysql_num_fields(result.get()))
-                        : Description{};
+void Statement::DescribeResult(const MYSQL_FIELD* fields, unsigned count) {
+  description_ = mariadb::Describe(fields, count);
+  described_types_.clear();
+  for (unsigned i = 0; i < count; ++i) described_types_.push_back(TypeOf(fields[i]));
+}
+
+bool Statement::IsDescribed(const MYSQL_FIELD* fields, unsigned count) const {
+  if (count != described_types_.size()) return false;
+  for (unsigned i = 0; i < count; ++i) {
+    if (fields[i].name != (*description_.columns)[i].name || TypeOf(fields[i]) != described_types_[i])
+      return false;
+  }
+  return true;
 }
 
 void Statement::Execute(MYSQL_BIND* parameters) {
@@ -84,7 +101,8 @@ void Statement::ExecutePrepared(MYSQL_BIND* parameters) {
   FindResultWithColumns();
 }
 
-/// A procedure may change data before it yields rows.
+/// A procedure may change data before it yields rows. Once a statement runs, the connection has the fields
+/// that the tables have now; those of the statement are from its preparation.
 void Statement::FindResultWithColumns() {
   for (;;) {
     rows_affected_ = static_cast<std::int64_t>(library_.mysql_stmt_affected_rows(handle_.get()));
@@ -92,7 +110,8 @@ void Statement::FindResultWithColumns() {
     const unsigned columns = library_.mysql_stmt_field_count(handle_.get());
     if (columns > 0) {
       rows_affected_ = -1;
-      if (columns != description_.columns->size()) DescribeResult();
+      const MYSQL& connection = *link_.Handle();
+      if (!IsDescribed(connection.fields, columns)) DescribeResult(connection.fields, columns);
       return;
     }
     if (!NextResult()) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "database/mariadb/column_type.h"
 #include "database/mariadb/link.h"
@@ -72,11 +74,12 @@ class Statement {
   void ExecutePrepared(MYSQL_BIND* parameters);
   void ExecuteText();
   void FindResultWithColumns();
-  void DescribeResult();
+  void DescribeResult(const MYSQL_FIELD* fields, unsigned count);
+  bool IsDescribed(const MYSQL_FIELD* fields, unsigned count) const;
   bool NextResult();
   void FreeResult();
   void RequireConnection() const;
-  [[noreturn]] void Throw() const;
+  [[noreturn]] void Throw();
 
   const Library& library_ = Library::Get();
   Link& link_;
@@ -88,6 +91,7 @@ class Statement {
   std::unique_ptr<MYSQL_RES, ResultCloser> texts_;
   std::size_t parameter_count_ = 0;
   Description description_;
+  std::vector<std::array<unsigned long, 3>> described_types_;
   bool is_open_ = false;  ///< There may be rows to fetch.
   bool refuses_limit_ = false;
   std::int64_t rows_affected_ = 0;

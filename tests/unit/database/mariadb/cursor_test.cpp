@@ -1,0 +1,173 @@
+#include "unit/database/mariadb/native_test.h"
+
+namespace dralo::tests {
+
+namespace {
+
+using MariaDbCursor = MariaDbNative;
+
+TEST_F(MariaDbCursor, ReadsTextsThatAreLongerThanTheirRoomInAnyRow) {
+  const auto recordset = Read(connection_,
+                              "SELECT CAST(seq AS INTEGER), REPEAT('\xF0\x9F\x98\x80', seq * 97), "
+                              "CAST(seq * 2 AS INTEGER) FROM seq_1_to_40");
+  std::size_t i = 1;
+  for (; !recordset->Eof(); recordset->MoveNext(), ++i) {
+    const auto text = recordset->Fields()[1]->Value();
+    ASSERT_EQ(std::get<std::string_view>(text).size(), i * 97 * 4);
+    ASSERT_EQ(Shown(recordset->Fields()[2]->Value()), std::to_string(i * 2));
+  }
+  EXPECT_EQ(i, 41u);
+}
+
+TEST_F(MariaDbCursor, ReadsOnWhileOtherStatementsRunHoweverLongTheRestIs) {
+  const auto recordset = Read(connection_,
+                              "SELECT CAST(seq AS INTEGER), REPEAT('x', 200), IF(seq % 2, NULL, 1.5), "
+                              "TIME '-10:00:00' FROM seq_1_to_60000");
+  recordset->MoveNext();
+  const auto text = recordset->Fields()[1]->Value();
+  EXPECT_EQ(Ask("SELECT 1"), Lines{"1"});
+  EXPECT_EQ(std::get<std::string_view>(text), std::string(200, 'x')) << "the current row stays";
+  int n = 2;
+  for (; !recordset->Eof(); recordset->MoveNext(), ++n) {
+    ASSERT_EQ(Line(*recordset), std::to_string(n) + " '" + std::string(200, 'x') + "' " +
+                                    (n % 2 == 1 ? "null" : "1.5m") + " '-10:00:00'");
+  }
+  EXPECT_EQ(n, 60001);
+}
+
+TEST_F(MariaDbCursor, SaysWhatFailedInARestThatWasPutAsideWhenItGetsThere) {
+  Run("CREATE TABLE g (i INTEGER)");
+  Run("INSERT INTO g VALUES (1), (2), (3)");
+  const auto recordset =
+      Read(connection_, "SELECT i, (SELECT a.i FROM g a WHERE a.i = g.i OR g.i = 3) FROM g");
+  EXPECT_EQ(Line(*recordset), "1 1");
+  EXPECT_EQ(Ask("SELECT 1"), Lines{"1"});
+  recordset->MoveNext();
+  EXPECT_EQ(Line(*recordset), "2 2");
+  EXPECT_EQ(ErrorOf([&] { recordset->MoveNext(); }).Number(), 1242);
+  EXPECT_EQ(Ask("SELECT 2"), Lines{"2"});
+}
+
+TEST_F(MariaDbCursor, FollowsATableThatWasChangedSinceTheStatementWasPrepared) {
+  Run("CREATE TABLE t (a INTEGER, b VARCHAR(10))");
+  Run("INSERT INTO t VALUES (1, 'x')");
+  const auto columns = [&] {
+    const auto recordset = Read(connection_, "SELECT * FROM t", 10);
+    std::string names;
+    recordset->Eof();
+    for (const platform::Field* field : recordset->Fields()) {
+      names.append(field->Name())
+          .append(" ")
+          .append(std::to_string(static_cast<int>(field->Type())))
+          .append(" ");
+    }
+    return names + Line(*recordset);
+  };
+  EXPECT_EQ(columns(), "a 3 b 202 1 'x'");
+  Run("ALTER TABLE t ADD c DATE");
+  EXPECT_EQ(columns(), "a 3 b 202 c 133 1 'x' null");
+  Run("ALTER TABLE t DROP c");
+  EXPECT_EQ(columns(), "a 3 b 202 1 'x'");
+  Run("ALTER TABLE t CHANGE a z VARCHAR(5)");
+  EXPECT_EQ(columns(), "z 202 b 202 '1' 'x'");
+  Run("ALTER TABLE t RENAME COLUMN z TO y");
+  EXPECT_EQ(columns(), "y 202 b 202 '1' 'x'");
+  Run("ALTER TABLE t MODIFY b BLOB");
+  EXPECT_EQ(columns(), "y 202 b 205 '1' x'78'");
+}
+
+TEST_F(MariaDbCursor, SendsAsATextWhatCannotBePrepared) {
+  Run("PREPARE s FROM 'SELECT 7 AS a, NULL AS b UNION SELECT 8, \"x\"'");
+  EXPECT_EQ(Ask("EXECUTE s"), (Lines{"'7' null", "'8' 'x'"}));
+  EXPECT_EQ(ErrorOf([&] { Run("EXECUTE none"); }).Number(), 1243);
+  EXPECT_EQ(Ask("EXECUTE s").size(), 2u);
+  EXPECT_EQ(Ask("SELECT 1"), Lines{"1"});
+}
+
+TEST_F(MariaDbCursor, FetchesNoMoreThanIsAskedFor) {
+  Run("SET @seen = 0");
+  EXPECT_EQ(Ask("SELECT @seen := @seen + 1 FROM seq_1_to_100000", 5).size(), 5u);
+  EXPECT_EQ(Ask("SELECT CAST(@seen AS INTEGER)"), Lines{"5"});
+}
+
+TEST_F(MariaDbCursor, DoesNotPutALimitWhereItWouldChangeAStatement) {
+  Run("CREATE TABLE t (i INTEGER)");
+  Run("INSERT INTO t VALUES (1), (2), (3)");
+  EXPECT_FALSE(Read(connection_, "UPDATE t SET i = 0", 1)->IsOpen());
+  EXPECT_EQ(Ask("SELECT COUNT(*) FROM t WHERE i = 0"), Lines{"3"});
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Ask("SELECT i FROM t LIMIT 2", 100).size(), 2u);
+    EXPECT_EQ(Ask("SELECT i FROM t FOR UPDATE", 2).size(), 2u);
+    EXPECT_EQ(Ask("SELECT i FROM t -- all", 2).size(), 2u);
+    EXPECT_EQ(Ask("SHOW TABLES", 100), Lines{"'t'"});
+  }
+}
+
+TEST_F(MariaDbCursor, OrdersEqualRowsOfAJoinAlikeOnAllPages) {
+  Run("CREATE TABLE a (i INTEGER PRIMARY KEY, k INTEGER)");
+  Run("CREATE TABLE b (i INTEGER, j INTEGER, PRIMARY KEY (i, j))");
+  Run("INSERT INTO a SELECT seq, seq % 2 FROM seq_1_to_50");
+  Run("INSERT INTO b SELECT a.i, seq FROM a JOIN seq_1_to_4");
+  const std::string sql = "SELECT x.k, x.i, b.j FROM a x JOIN b ON b.i = x.i ORDER BY x.k DESC";
+  Lines expected = Ask("SELECT x.k, x.i, b.j FROM a x JOIN b ON b.i = x.i ORDER BY x.k DESC, 2 DESC, 3 DESC");
+  Lines pages;
+  for (int passed = 0; passed < 200; passed += 7) {
+    const Lines page = Page(connection_, sql, passed + 7, passed);
+    pages.insert(pages.end(), page.begin(), page.end());
+  }
+  EXPECT_EQ(pages, expected);
+}
+
+TEST_F(MariaDbCursor, LeavesTheOrderOfATableWithoutAKeyAsItIs) {
+  Run("CREATE TABLE t (i INTEGER NULL UNIQUE, k INTEGER)");
+  Run("INSERT INTO t VALUES (2, 1), (1, 1), (3, 0)");
+  EXPECT_EQ(Ask("SELECT i FROM t ORDER BY k", 1), Lines{"3"});
+  EXPECT_EQ(Ask("SELECT DISTINCT k FROM t ORDER BY k", 5), (Lines{"0", "1"}));
+}
+
+TEST_F(MariaDbCursor, DoesNotBelieveTheOriginThatASubqueryMakesUp) {
+  Run("CREATE TABLE Goods (id INTEGER PRIMARY KEY, name VARCHAR(9))");
+  Run("CREATE TABLE Other (id INTEGER PRIMARY KEY, label VARCHAR(9))");
+  Run("INSERT INTO Goods VALUES (1, 'goods')");
+  Run("INSERT INTO Other VALUES (1, 'other')");
+  for (const char* sql : {"SELECT id, name FROM (SELECT id, label AS name FROM Other) Goods",
+                          "WITH Goods AS (SELECT id, label AS name FROM Other) SELECT id, name FROM Goods"}) {
+    const auto recordset = Edit(connection_, sql);
+    EXPECT_EQ(ValueOf(*recordset, "name"), "'other'");
+    EXPECT_EQ(MessageOf([&] {
+                FieldOf(*recordset, "name").SetValue("z");
+                recordset->Update();
+              }),
+              "The records cannot be changed: no field shows a column of a table")
+        << sql;
+  }
+  EXPECT_EQ(Ask("SELECT name FROM Goods"), Lines{"'goods'"});
+}
+
+TEST_F(MariaDbCursor, RefusesToChangeATableThatIsReadTwice) {
+  Run("CREATE TABLE t (id INTEGER PRIMARY KEY, up INTEGER, name VARCHAR(9))");
+  Run("INSERT INTO t VALUES (1, 2, 'a'), (2, 2, 'a')");
+  const auto recordset = Edit(connection_, "SELECT a.id, b.name FROM t a JOIN t b ON b.id = a.up");
+  FieldOf(*recordset, "name").SetValue("z");
+  EXPECT_EQ(MessageOf([&] { recordset->Update(); }),
+            "The records cannot be changed: the query reads the table more than once");
+}
+
+TEST_F(MariaDbCursor, FindsAColumnThatWasAddedSince) {
+  Run("CREATE TABLE t (id INTEGER AUTO_INCREMENT PRIMARY KEY, a INTEGER)");
+  const auto add = [&](const char* field) {
+    const auto recordset = Edit(connection_, "SELECT * FROM t");
+    recordset->AddNew();
+    FieldOf(*recordset, field).SetValue("5");
+    recordset->Update();
+    return ValueOf(*recordset, "id");
+  };
+  EXPECT_EQ(add("a"), "1");
+  Run("ALTER TABLE t ADD b INTEGER");
+  EXPECT_EQ(add("b"), "2");
+  EXPECT_EQ(Ask("SELECT * FROM t"), (Lines{"1 5 null", "2 null 5"}));
+}
+
+}  // namespace
+
+}  // namespace dralo::tests
