@@ -1,0 +1,166 @@
+#include <chrono>
+
+#include "database/session_pool.h"
+#include "unit/database/mariadb/native_test.h"
+#include "unit/database/mariadb/stalling_proxy.h"
+
+namespace dralo::tests {
+
+namespace {
+
+constexpr const char* kGivenUp =
+    "The database has not answered in time; the connection is given up (SQLSTATE HYT00)";
+
+/// Long before anything else would give up, and late enough for a busy machine.
+constexpr std::chrono::seconds kSoon{20};
+
+class MariaDbFailing : public MariaDbNative {
+ protected:
+  ConnectionPtr Through(const StallingProxy& proxy, const std::string& more = {}) const {
+    return Connect(database_.ConnectionString() + ";Port=" + proxy.Port() + ";Query Timeout=1" + more);
+  }
+
+  std::string Port() const { return PortOf(Server::kMariaDb); }
+
+  void Kill(const ConnectionPtr& victim) const { Run("KILL " + IdOf(victim).front()); }
+
+  void TearDown() override { EXPECT_LT(std::chrono::steady_clock::now() - start_, kSoon); }
+
+ private:
+  const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+TEST_F(MariaDbFailing, SaysThatThePasswordIsWrongButNotThePassword) {
+  const auto error = ErrorOf([&] { Connect(database_.ConnectionString() + ";Password=wr0ng-one"); });
+  EXPECT_EQ(error.Number(), 1045);
+  EXPECT_EQ(error.SqlState(), "28000");
+  EXPECT_EQ(error.Description(),
+            "The database cannot be opened: Access denied for user 'dralo'@'127.0.0.1' (using password: YES) "
+            "(SQLSTATE 28000)");
+}
+
+TEST_F(MariaDbFailing, TriesTheOtherHosts) {
+  const auto connection = Connect(database_.ConnectionString() + ";Hosts=127.0.0.1:1,127.0.0.1:" + Port());
+  EXPECT_EQ(Rows(connection, "SELECT 1"), Lines{"1"});
+  EXPECT_EQ(
+      ErrorOf([&] { Connect(database_.ConnectionString() + ";Hosts=127.0.0.1:1,127.0.0.1:2"); }).Number(),
+      2002);
+}
+
+TEST_F(MariaDbFailing, GivesAHostThatDoesNotAnswerItsShareOfTheTime) {
+  StallingProxy frozen(Port());
+  frozen.Stall();
+  const auto connection =
+      Connect(database_.ConnectionString() + ";Connect Timeout=2;Hosts=127.0.0.1:" + frozen.Port() +
+              ",127.0.0.1:" + Port());
+  EXPECT_EQ(Rows(connection, "SELECT 1"), Lines{"1"});
+}
+
+TEST_F(MariaDbFailing, GivesUpAServerThatDoesNotAnswerAtTheStart) {
+  StallingProxy frozen(Port());
+  frozen.Stall();
+  const auto error = ErrorOf([&] { Through(frozen, ";Connect Timeout=1"); });
+  EXPECT_EQ(error.Description(),
+            "The database cannot be opened: it has not answered in time (SQLSTATE HYT00)");
+  EXPECT_EQ(error.SqlState(), "HYT00");
+}
+
+TEST_F(MariaDbFailing, GivesUpAServerThatDoesNotAnswerAQuery) {
+  StallingProxy proxy(Port());
+  const auto connection = Through(proxy);
+  EXPECT_EQ(Rows(connection, "SELECT 1"), Lines{"1"});
+  proxy.Stall();
+  const auto error = ErrorOf([&] { Rows(connection, "SELECT 1"); });
+  EXPECT_EQ(error.Description(), kGivenUp);
+  EXPECT_EQ(error.Source(), "SELECT 1");
+  EXPECT_EQ(MessageOf([&] { connection->Execute("CREATE TABLE t (i INTEGER)"); }), kGivenUp);
+}
+
+TEST_F(MariaDbFailing, GivesUpAServerThatStallsInTheMiddleOfAResult) {
+  StallingProxy proxy(Port());
+  const auto connection = Through(proxy);
+  const auto recordset = Read(connection, "SELECT REPEAT('x', 1000) FROM seq_1_to_100000");
+  EXPECT_FALSE(recordset->Eof());
+  proxy.Stall();
+  EXPECT_EQ(MessageOf([&] { Rest(*recordset); }), kGivenUp);
+}
+
+TEST_F(MariaDbFailing, LeavesAStalledResultAtOnce) {
+  StallingProxy proxy(Port());
+  const auto connection = Through(proxy, ";Query Timeout=30");
+  const auto recordset = Read(connection, "SELECT REPEAT('x', 1000) FROM seq_1_to_100000");
+  EXPECT_FALSE(recordset->Eof());
+  proxy.Stall();
+  recordset->Close();
+}
+
+TEST_F(MariaDbFailing, DoesNotKeepASessionThatWasGivenUp) {
+  StallingProxy proxy(Port());
+  auto connection = Through(proxy);
+  const auto before = database::SessionPool::Instance().Count().idle;
+  proxy.Stall();
+  EXPECT_THROW(Rows(connection, "SELECT 1"), platform::Error);
+  connection->Close();
+  EXPECT_EQ(database::SessionPool::Instance().Count().idle, before);
+}
+
+TEST_F(MariaDbFailing, SaysThatAStatementTakesTooLong) {
+  const auto patient = Connect(database_.ConnectionString() + ";Query Timeout=1");
+  EXPECT_EQ(ErrorOf([&] { Rows(patient, "SELECT SLEEP(20)"); }).Number(), 1969);
+  EXPECT_EQ(Rows(patient, "SELECT 1"), Lines{"1"});
+}
+
+TEST_F(MariaDbFailing, SaysThatItsSessionWasEndedInTheMiddleOfAResult) {
+  const auto victim = Connect(database_.ConnectionString());
+  const auto recordset = Read(victim, "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000) FROM seq_1_to_100000");
+  EXPECT_FALSE(recordset->Eof());
+  Run("SET @id = (SELECT ID FROM information_schema.PROCESSLIST WHERE INFO LIKE '%REPEAT%seq_1_to_100000' "
+      "AND "
+      "ID <> CONNECTION_ID() AND DB = DATABASE())");
+  Run("EXECUTE IMMEDIATE CONCAT('KILL ', @id)");
+  EXPECT_NE(ErrorOf([&] { Rest(*recordset); }).Number(), 0);
+  EXPECT_THROW(victim->Execute("CREATE TABLE t (i INTEGER)"), platform::Error);
+}
+
+TEST_F(MariaDbFailing, OpensTheConnectionAgainThatWentWhileItWasKept) {
+  const auto kept = Connect(database_.ConnectionString());
+  EXPECT_EQ(Rows(kept, "SELECT 1"), Lines{"1"});
+  const std::string id = IdOf(kept).front();
+  kept->Close();
+  kept->Open(database_.ConnectionString());
+  Run("KILL " + id);
+  EXPECT_EQ(Rows(kept, "SELECT 1"), Lines{"1"});
+  Kill(kept);
+  EXPECT_THROW(Rows(kept, "SELECT 1"), platform::Error)
+      << "only the first query after the rest may not notice";
+}
+
+TEST_F(MariaDbFailing, DoesNotRunAChangeTwiceWhenItsConnectionWent) {
+  const auto kept = Connect(database_.ConnectionString());
+  const std::string id = IdOf(kept).front();
+  kept->Close();
+  kept->Open(database_.ConnectionString());
+  Run("KILL " + id);
+  EXPECT_THROW(kept->Execute("CREATE TABLE t (i INTEGER)"), platform::Error);
+  EXPECT_EQ(Ask("SHOW TABLES"), Lines{});
+}
+
+TEST_F(MariaDbFailing, RefusesAConnectionInClearWhereItMustBeEncrypted) {
+  const auto refusal_of = [&](const char* mode) {
+    return MessageOf([&] { Connect(database_.ConnectionString() + ";SSL Mode=" + mode); });
+  };
+  EXPECT_EQ(
+      refusal_of("Required"),
+      "The database cannot be opened: the server offers no encryption, which the SSL Mode of the connection "
+      "string asks for");
+  for (const char* mode : {"VerifyCA", "VerifyFull"}) {
+    EXPECT_NE(refusal_of(mode).find("SSL is required, but the server does not support it"),
+              std::string::npos);
+  }
+  const auto connection = Connect(database_.ConnectionString() + ";SSL Mode=Preferred");
+  EXPECT_EQ(Rows(connection, "SELECT 1"), Lines{"1"});
+}
+
+}  // namespace
+
+}  // namespace dralo::tests

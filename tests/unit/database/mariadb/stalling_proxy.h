@@ -1,0 +1,89 @@
+#pragma once
+
+#include <arpa/inet.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <string>
+#include <thread>
+
+namespace dralo::tests {
+
+/// Stands between a client and a server of 127.0.0.1, for one connection after another, and passes everything
+/// on until it is told to stall: it stays connected then, and passes nothing on.
+class StallingProxy {
+ public:
+  explicit StallingProxy(const std::string& port)
+      : server_port_(static_cast<std::uint16_t>(std::stoi(port))), listener_(NewSocket()) {
+    sockaddr_in address = AddressOf(0);
+    socklen_t size = sizeof address;
+    bind(listener_, reinterpret_cast<sockaddr*>(&address), size);
+    listen(listener_, 8);
+    getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { Serve(); });
+  }
+  ~StallingProxy() {
+    is_ending_ = true;
+    thread_.join();
+    close(listener_);
+  }
+  StallingProxy(const StallingProxy&) = delete;
+  StallingProxy& operator=(const StallingProxy&) = delete;
+
+  std::string Port() const { return std::to_string(port_); }
+
+  void Stall() { is_stalling_ = true; }
+
+ private:
+  static constexpr int kTickMs = 10;
+
+  static int NewSocket() { return socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0); }
+
+  static sockaddr_in AddressOf(std::uint16_t port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    return address;
+  }
+
+  static bool HasSomething(int descriptor) {
+    pollfd watched{descriptor, POLLIN, 0};
+    return poll(&watched, 1, kTickMs) > 0;
+  }
+
+  void Serve() {
+    while (!is_ending_) {
+      if (!HasSomething(listener_)) continue;
+      const int client = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+      const int server = NewSocket();
+      const sockaddr_in address = AddressOf(server_port_);
+      connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+      while (!is_ending_ && PassOn(client, server) && PassOn(server, client)) {
+      }
+      close(client);
+      close(server);
+    }
+  }
+
+  /// False when the connection has ended.
+  bool PassOn(int from, int to) {
+    if (is_stalling_ || !HasSomething(from)) return true;
+    std::array<char, 4096> bytes{};
+    const ssize_t count = recv(from, bytes.data(), bytes.size(), 0);
+    return count > 0 && send(to, bytes.data(), static_cast<std::size_t>(count), MSG_NOSIGNAL) == count;
+  }
+
+  const std::uint16_t server_port_;
+  const int listener_;
+  std::uint16_t port_ = 0;
+  std::atomic<bool> is_stalling_ = false;
+  std::atomic<bool> is_ending_ = false;
+  std::thread thread_;
+};
+
+}  // namespace dralo::tests
