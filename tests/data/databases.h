@@ -154,9 +154,7 @@ inline const Database kMariaDb{
 inline const Database kMariaDbNative = [] {
   Database database = kMariaDb;
   database.name = "MariaDbNative";
-  database.make = [] {
-    return std::make_unique<NewServerDatabase>(Server::kMariaDb, Way::kProvider);
-  };
+  database.make = [] { return std::make_unique<NewServerDatabase>(Server::kMariaDb, Way::kProvider); };
   database.orders_equal_keys_alike = true;
   return database;
 }();

@@ -20,7 +20,7 @@ class MariaDbNative : public ::testing::Test {
 
   static Lines IdOf(const ConnectionPtr& connection) { return Rows(connection, "SELECT CONNECTION_ID()"); }
 
-  NewServerDatabase database_{Server::kMariaDb, Reached::kByOwnProvider};
+  NewServerDatabase database_{Server::kMariaDb, Way::kProvider};
   ConnectionPtr connection_ = Connect(database_.ConnectionString());
 };
 

@@ -23,7 +23,7 @@ Lines Described(const ConnectionPtr& connection, const std::string& sql) {
 
 class MariaDbTypes : public ::testing::Test {
  protected:
-  NewServerDatabase database_{Server::kMariaDb, Reached::kByOwnProvider};
+  NewServerDatabase database_{Server::kMariaDb, Way::kProvider};
   ConnectionPtr connection_ = Connect(database_.ConnectionString());
   ConnectionPtr through_driver_ =
       Connect("Driver=MariaDB Unicode;" +
