@@ -5,6 +5,7 @@
 
 #include "hosts/cpp/environment.h"
 #include "settings/open_connection.h"
+#include "support/named_cases.h"
 #include "unit/editing/edited_view.h"
 
 namespace dralo::tests {
@@ -26,7 +27,7 @@ struct KeyedView : EditedView {
   }
 
   /// `sql` restricted to the record on which the recordset of `shown` stands after so many moves.
-  std::string RestrictedToShown(std::string_view sql, std::string_view shown, int moves = 0) {
+  std::string RestrictedToShown(std::string_view sql, std::string_view shown, int moves) {
     const auto records = platform::Create<platform::Recordset>(AmericanEnvironment(), "ADODB.Recordset");
     records->Open(shown, settings::OpenConnection(Settings()));
     records->Move(moves);
@@ -38,33 +39,63 @@ struct KeyedView : EditedView {
   }
 };
 
-TEST(GetSqlPK, AddsTheKeyOfTheRequestAsACondition) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM T"), "SELECT * FROM T WHERE ([ID]=5)");
-  EXPECT_EQ(view.ErrorMessage(), "");
+struct PostedKeyCase {
+  std::string_view name, keys, posted, sql, restricted;
+  std::string_view message = "";
+};
+
+class KeyOfTheRequest : public testing::TestWithParam<PostedKeyCase> {};
+
+TEST_P(KeyOfTheRequest, RestrictsTheStatement) {
+  KeyedView view(GetParam().keys);
+  view.Post("PK", GetParam().posted);
+  EXPECT_EQ(view.Restricted(GetParam().sql), GetParam().restricted);
+  EXPECT_EQ(view.ErrorMessage(), GetParam().message);
 }
 
-TEST(GetSqlPK, SelectsFromAStatementThatHasAConditionOfItsOwn) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM T WHERE Line=1"),
-            "SELECT * FROM (SELECT * FROM T WHERE Line=1) DRTEMPTABLE WHERE ([ID]=5)");
-  EXPECT_EQ(view.Restricted("select * from T where Line=1 order by ID"),
-            "SELECT * FROM (select * from T where Line=1 order by ID) DRTEMPTABLE WHERE ([ID]=5)");
-}
+constexpr PostedKeyCase kStatements[] = {
+    {"IsAddedAsACondition", "ID", "5", "SELECT * FROM T", "SELECT * FROM T WHERE ([ID]=5)"},
+    {"SelectsFromAStatementThatHasAConditionOfItsOwn", "ID", "5", "SELECT * FROM T WHERE Line=1",
+     "SELECT * FROM (SELECT * FROM T WHERE Line=1) DRTEMPTABLE WHERE ([ID]=5)"},
+    {"SelectsFromAStatementThatHasAConditionInSmallLettersAndAnOrder", "ID", "5",
+     "select * from T where Line=1 order by ID",
+     "SELECT * FROM (select * from T where Line=1 order by ID) DRTEMPTABLE WHERE ([ID]=5)"},
+    {"TakesOnlyAWhereBetweenBlanksForACondition", "ID", "5", "SELECT * FROM T\nWHERE Line=1",
+     "SELECT * FROM T\nWHERE Line=1 WHERE ([ID]=5)"},
+    {"LeavesAnOrderBeforeTheCondition", "ID", "5", "SELECT * FROM T ORDER BY ID",
+     "SELECT * FROM T ORDER BY ID WHERE ([ID]=5)"},
+    {"IsEmptyWithoutAMessageWhenTheStatementYieldsNoRow", "ID", "5", "SELECT * FROM T WHERE 1=0", ""},
+    {"ReportsAStatementThatDoesNotOpen", "ID", "5", "SELECT * FROM Missing", "",
+     "no such table: Missing in GetSqlPK.<br>"},
+};
 
-TEST(GetSqlPK, TakesOnlyAWhereBetweenBlanksForACondition) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM T\nWHERE Line=1"), "SELECT * FROM T\nWHERE Line=1 WHERE ([ID]=5)");
-}
+constexpr PostedKeyCase kKeys[] = {
+    {"DoublesQuotesInTextKeys", "Name", "O'Neil", "SELECT Name FROM T",
+     "SELECT Name FROM T WHERE ([Name]='O''Neil')"},
+    {"DoesNotSplitASingleKey", "Name", " a,b ", "SELECT Name FROM T",
+     "SELECT Name FROM T WHERE ([Name]='a,b')"},
+    {"SplitsSeveralKeysAndTrimsTheItems", " ID , Name", "5 , Ann ", "SELECT ID, Name FROM T",
+     "SELECT ID, Name FROM T WHERE ([ID]=5) AND ([Name]='Ann')"},
+    {"IgnoresItemsBeyondTheKeys", "ID,Name", "5,Ann,Lee", "SELECT ID, Name FROM T",
+     "SELECT ID, Name FROM T WHERE ([ID]=5) AND ([Name]='Ann')"},
+    {"FailsWhenTheRequestHasFewerItemsThanKeys", "ID,Line", "7", "SELECT ID, Line FROM T", "",
+     "The request has no value for the key \"Line\" in GetSqlPK.<br>"},
+    {"QuotesByTheTypeOfTheColumnAtTheKeysPosition", "ID", "5", "SELECT Name, ID FROM T",
+     "SELECT Name, ID FROM T WHERE ([ID]='5')"},
+    {"TakesAKeyThatIsNoColumnForANumber", "Code", "5", "SELECT Name FROM T",
+     "SELECT Name FROM T WHERE ([Code]=5)"},
+    {"FindsKeyColumnsInAnyLetterCase", "nAME", "Ann", "SELECT Name FROM T",
+     "SELECT Name FROM T WHERE ([nAME]='Ann')"},
+    {"CountsAnEmptyNameAsAKey", "ID,", "5", "SELECT * FROM T", "",
+     "The request has no value for the key \"\" in GetSqlPK.<br>"},
+    {"FailsWhenColumnsAreMissingForTheKeys", "ID,ID", "5,5", "SELECT ID FROM T", "",
+     "EditPrimaryKeys names more keys than there are columns in GetSqlPK.<br>"},
+    {"ReportsEmptyKeys", "", "5", "SELECT * FROM T", "", "Dralo property EditPrimaryKeys must be set!<br>"},
+    {"ReportsBlankKeys", "  ", "5", "SELECT * FROM T", "", "Dralo property EditPrimaryKeys must be set!<br>"},
+};
 
-TEST(GetSqlPK, LeavesAnOrderBeforeTheCondition) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM T ORDER BY ID"), "SELECT * FROM T ORDER BY ID WHERE ([ID]=5)");
-}
+INSTANTIATE_TEST_SUITE_P(Statements, KeyOfTheRequest, testing::ValuesIn(kStatements), kByName);
+INSTANTIATE_TEST_SUITE_P(Keys, KeyOfTheRequest, testing::ValuesIn(kKeys), kByName);
 
 TEST(GetSqlPK, WritesBracketsOnlyForEnginesThatKnowThem) {
   const std::pair<std::string_view, std::string_view> conditions[] = {
@@ -94,94 +125,6 @@ TEST(GetSqlPK, TakesBracketsOutOfTheConditionOnly) {
   EXPECT_EQ(view.Restricted("SELECT [Name] FROM T"), "SELECT [Name] FROM T WHERE (Name='a1')");
 }
 
-TEST(GetSqlPK, DoublesQuotesInTextKeys) {
-  KeyedView view("Name");
-  view.Post("PK", "O'Neil");
-  EXPECT_EQ(view.Restricted("SELECT Name FROM T"), "SELECT Name FROM T WHERE ([Name]='O''Neil')");
-}
-
-TEST(GetSqlPK, DoesNotSplitASingleKey) {
-  KeyedView view("Name");
-  view.Post("PK", " a,b ");
-  EXPECT_EQ(view.Restricted("SELECT Name FROM T"), "SELECT Name FROM T WHERE ([Name]='a,b')");
-}
-
-TEST(GetSqlPK, SplitsSeveralKeysAndTrimsTheItems) {
-  KeyedView view(" ID , Name");
-  view.Post("PK", "5 , Ann ");
-  EXPECT_EQ(view.Restricted("SELECT ID, Name FROM T"),
-            "SELECT ID, Name FROM T WHERE ([ID]=5) AND ([Name]='Ann')");
-}
-
-TEST(GetSqlPK, IgnoresItemsBeyondTheKeys) {
-  KeyedView view("ID,Name");
-  view.Post("PK", "5,Ann,Lee");
-  EXPECT_EQ(view.Restricted("SELECT ID, Name FROM T"),
-            "SELECT ID, Name FROM T WHERE ([ID]=5) AND ([Name]='Ann')");
-}
-
-TEST(GetSqlPK, FailsWhenTheRequestHasFewerItemsThanKeys) {
-  KeyedView view("ID,Line");
-  view.Post("PK", "7");
-  EXPECT_EQ(view.Restricted("SELECT ID, Line FROM T"), "");
-  EXPECT_EQ(view.ErrorMessage(), "The request has no value for the key \"Line\" in GetSqlPK.<br>");
-}
-
-TEST(GetSqlPK, QuotesByTheTypeOfTheColumnAtTheKeysPosition) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT Name, ID FROM T"), "SELECT Name, ID FROM T WHERE ([ID]='5')");
-}
-
-TEST(GetSqlPK, TakesAKeyThatIsNoColumnForANumber) {
-  KeyedView view("Code");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT Name FROM T"), "SELECT Name FROM T WHERE ([Code]=5)");
-}
-
-TEST(GetSqlPK, FindsKeyColumnsInAnyLetterCase) {
-  KeyedView view("nAME");
-  view.Post("PK", "Ann");
-  EXPECT_EQ(view.Restricted("SELECT Name FROM T"), "SELECT Name FROM T WHERE ([nAME]='Ann')");
-}
-
-TEST(GetSqlPK, CountsAnEmptyNameAsAKey) {
-  KeyedView view("ID,");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM T"), "");
-  EXPECT_EQ(view.ErrorMessage(), "The request has no value for the key \"\" in GetSqlPK.<br>");
-}
-
-TEST(GetSqlPK, FailsWhenColumnsAreMissingForTheKeys) {
-  KeyedView view("ID,ID");
-  view.Post("PK", "5,5");
-  EXPECT_EQ(view.Restricted("SELECT ID FROM T"), "");
-  EXPECT_EQ(view.ErrorMessage(), "EditPrimaryKeys names more keys than there are columns in GetSqlPK.<br>");
-}
-
-TEST(GetSqlPK, ReportsMissingKeys) {
-  for (const std::string_view keys : {"", "  "}) {
-    KeyedView view(keys);
-    view.Post("PK", "5");
-    EXPECT_EQ(view.Restricted("SELECT * FROM T"), "");
-    EXPECT_EQ(view.ErrorMessage(), "Dralo property EditPrimaryKeys must be set!<br>");
-  }
-}
-
-TEST(GetSqlPK, IsEmptyWithoutAMessageWhenTheStatementYieldsNoRow) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM T WHERE 1=0"), "");
-  EXPECT_EQ(view.ErrorMessage(), "");
-}
-
-TEST(GetSqlPK, ReportsAStatementThatDoesNotOpen) {
-  KeyedView view("ID");
-  view.Post("PK", "5");
-  EXPECT_EQ(view.Restricted("SELECT * FROM Missing"), "");
-  EXPECT_EQ(view.ErrorMessage(), "no such table: Missing in GetSqlPK.<br>");
-}
-
 TEST(GetSqlPK, AddsToEarlierMessages) {
   KeyedView view("ID");
   view.Settings().ErrorMessage = "Earlier<br>";
@@ -197,37 +140,37 @@ TEST(GetSqlPK, TakesTheKeyOfTheViewWithTheSameTag) {
   EXPECT_EQ(view.Restricted("SELECT * FROM T"), "SELECT * FROM T WHERE ([ID]=6)");
 }
 
-TEST(GetSqlPK, TakesTheKeyOfTheShownRecord) {
-  KeyedView view("name,ID");
+struct ShownKeyCase {
+  std::string_view name, keys, sql, shown;
+  int moves;
+  std::string_view restricted;
+  std::string_view message = "";
+};
+
+class KeyOfTheShownRecord : public testing::TestWithParam<ShownKeyCase> {};
+
+TEST_P(KeyOfTheShownRecord, RestrictsTheStatementWhateverTheRequestSays) {
+  KeyedView view(GetParam().keys);
   view.Post("PK", "never,7");
-  EXPECT_EQ(view.RestrictedToShown("SELECT Name, ID, Line FROM T", "SELECT ID, Name FROM T ORDER BY Line", 1),
-            "SELECT Name, ID, Line FROM T WHERE ([name]='O''Neil') AND ([ID]=6)");
-  EXPECT_EQ(view.ErrorMessage(), "");
+  EXPECT_EQ(view.RestrictedToShown(GetParam().sql, GetParam().shown, GetParam().moves),
+            GetParam().restricted);
+  EXPECT_EQ(view.ErrorMessage(), GetParam().message);
 }
 
-TEST(GetSqlPK, KeepsCommasAndBlanksOfTheShownRecord) {
-  KeyedView view("Name,ID");
-  EXPECT_EQ(view.RestrictedToShown("SELECT Name, ID FROM T", "SELECT ' a,b ' AS Name, 5 AS ID"),
-            "SELECT Name, ID FROM T WHERE ([Name]=' a,b ') AND ([ID]=5)");
-}
+constexpr ShownKeyCase kShownRecords[] = {
+    {"IsTaken", "name,ID", "SELECT Name, ID, Line FROM T", "SELECT ID, Name FROM T ORDER BY Line", 1,
+     "SELECT Name, ID, Line FROM T WHERE ([name]='O''Neil') AND ([ID]=6)"},
+    {"KeepsItsCommasAndBlanks", "Name,ID", "SELECT Name, ID FROM T", "SELECT ' a,b ' AS Name, 5 AS ID", 0,
+     "SELECT Name, ID FROM T WHERE ([Name]=' a,b ') AND ([ID]=5)"},
+    {"IsEmptyWithoutAMessageWhenNoRecordIsShown", "ID", "SELECT * FROM T", "SELECT * FROM T WHERE 1=0", 0,
+     ""},
+    {"IsReportedWhenTheRecordDoesNotHaveIt", "ID", "SELECT * FROM T", "SELECT Name FROM T", 0, "",
+     "The record has no field named \"ID\" in GetSqlPK.<br>"},
+    {"IsReportedWhenItIsEmpty", "ID", "SELECT * FROM T", "SELECT * FROM T ORDER BY Line", 2, "",
+     "The key \"ID\" of the record is empty in GetSqlPK.<br>"},
+};
 
-TEST(GetSqlPK, IsEmptyWithoutAMessageWhenNoRecordIsShown) {
-  KeyedView view("ID");
-  EXPECT_EQ(view.RestrictedToShown("SELECT * FROM T", "SELECT * FROM T WHERE 1=0"), "");
-  EXPECT_EQ(view.ErrorMessage(), "");
-}
-
-TEST(GetSqlPK, ReportsAKeyThatTheShownRecordDoesNotHave) {
-  KeyedView view("ID");
-  EXPECT_EQ(view.RestrictedToShown("SELECT * FROM T", "SELECT Name FROM T"), "");
-  EXPECT_EQ(view.ErrorMessage(), "The record has no field named \"ID\" in GetSqlPK.<br>");
-}
-
-TEST(GetSqlPK, ReportsAnEmptyKeyOfTheShownRecord) {
-  KeyedView view("ID");
-  EXPECT_EQ(view.RestrictedToShown("SELECT * FROM T", "SELECT * FROM T ORDER BY Line", 2), "");
-  EXPECT_EQ(view.ErrorMessage(), "The key \"ID\" of the record is empty in GetSqlPK.<br>");
-}
+INSTANTIATE_TEST_SUITE_P(Records, KeyOfTheShownRecord, testing::ValuesIn(kShownRecords), kByName);
 
 TEST(GetNewPKValue, IsTheFirstColumnOfTheFirstRow) {
   KeyedView view("ID");
