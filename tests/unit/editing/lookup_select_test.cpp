@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/expect_html.h"
+#include "support/named_cases.h"
 #include "support/rendering.h"
 #include "unit/editing/edited_view.h"
 
@@ -32,135 +33,80 @@ Select SelectOf(EditedView& view, std::string_view definition, std::string_view 
   });
 }
 
-TEST(LookupSelect, ListsTheTableInTheOrderOfTheLookup) {
-  EditedView view(kTables);
-  const Select select = SelectOf(view, "City,Cities,ID,Name,Name,0", "");
+struct SelectCase {
+  std::string_view name, statements, definition, value, options;
+};
+
+class LookupSelectOf : public testing::TestWithParam<SelectCase> {};
+
+TEST_P(LookupSelectOf, ATableHasItsRowsAsOptions) {
+  EditedView view(GetParam().statements);
+  view.Settings().MemoFieldLimit = 2;
+  const Select select = SelectOf(view, GetParam().definition, GetParam().value);
   EXPECT_TRUE(select.is_written);
-  EXPECT_HTML(select.html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  value="1">Alta
-    <option  value="2">Bergen
-    </select>
-  )"));
+  EXPECT_HTML(select.html, "<select id=\"Morvu1_Form_City\" name=\"Morvu1_Form_City\">\r\n" +
+                               Lines(GetParam().options) + "</select>\r\n");
   EXPECT_EQ(view.ErrorMessage(), "");
 }
 
-TEST(LookupSelect, SelectsTheCurrentValue) {
-  EditedView view(kTables);
-  EXPECT_HTML(SelectOf(view, "City,Cities,ID,Name,Name,0", "1").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  selected  value="1">Alta
-    <option  value="2">Bergen
-    </select>
-  )"));
-}
+constexpr SelectCase kSelects[] = {
+    {"StandInTheOrderOfTheLookupWithoutASelectionForNull", kTables, "City,Cities,ID,Name,Name,0", "", R"(
+      <option  value="1">Alta
+      <option  value="2">Bergen
+    )"},
+    {"AreSelectedWithTheCurrentValue", kTables, "City,Cities,ID,Name,Name,0", "1", R"(
+      <option  selected  value="1">Alta
+      <option  value="2">Bergen
+    )"},
+    {"FollowAnEmptyChoiceWhereNullsAreAllowed", kTables, "City,Cities,ID,Name,Name,1", "", R"(
+      <option value=''>
+      <option  value="1">Alta
+      <option  value="2">Bergen
+    )"},
+    {"StandInTheOrderOfTheDatabaseWithoutAnOrder", kTables, "City,Cities,ID,Name,,0", "", R"(
+      <option  value="2">Bergen
+      <option  value="1">Alta
+    )"},
+    {"HaveTheirTextsComparedInTheirLetterCase", kTables, "City,Cities,Code,Name,Name,0", "b", R"(
+      <option  value="B">Alta
+      <option  selected  value="b">Bergen
+    )"},
+    {"AreSelectedInEveryRowOfTheCurrentValue", kTables, "City,Cities,7,Name,Name,0", "7", R"(
+      <option  selected  value="7">Alta
+      <option  selected  value="7">Bergen
+    )"},
+    {"HaveTheTextOfControls", kTables, "City,Cities,Size,Since,ID DESC,0", "1.5", R"(
+      <option  selected  value="1.5">2/3/2001
+      <option  value="2">
+    )"},
+    {"HaveDoubleQuotesReplacedInValuesOnly",
+     "CREATE TABLE L (A, B); INSERT INTO L VALUES ('6\" & <b>', '6\" & <b>')", "City,L,A,B,,0", "6\" & <b>",
+     R"(
+      <option  selected  value="6&quot; & <b>">6" & <b>
+    )"},
+    {"KeepValuesThatLookLikeCharacterReferences",
+     "CREATE TABLE L (A, B); INSERT INTO L VALUES ('a&lt;b', '&lt;')", "City,L,A,B,,0", "a&lt;b", R"(
+      <option  selected  value="a&amp;lt;b">&lt;
+    )"},
+    {"HaveNullsAsNothing", "CREATE TABLE L (A, B); INSERT INTO L VALUES (NULL, NULL), (1, NULL)",
+     "City,L,A,B,,0", "1", R"(
+      <option  value="">
+      <option  selected  value="1">
+    )"},
+    {"AreWholeWhateverTheMemoLimit",
+     "CREATE TABLE L (A TEXT, B TEXT); INSERT INTO L VALUES ('abcdef', 'ghijkl')", "City,L,A,B,,0", "abcdef",
+     R"(
+      <option  selected  value="abcdef">ghijkl
+    )"},
+    {"AreNoneForAnEmptyTable", "CREATE TABLE L (A, B)", "City,L,A,B,,0", "1", ""},
+};
 
-TEST(LookupSelect, OffersAnEmptyChoiceFirstWhereNullsAreAllowed) {
-  EditedView view(kTables);
-  EXPECT_HTML(SelectOf(view, "City,Cities,ID,Name,Name,1", "").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option value=''>
-    <option  value="1">Alta
-    <option  value="2">Bergen
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, SelectsNothingForNullWhereNullsAreNotAllowed) {
-  EditedView view(kTables);
-  EXPECT_EQ(SelectOf(view, "City,Cities,ID,Name,Name,0", "").html.find("selected"), std::string::npos);
-}
-
-TEST(LookupSelect, LeavesTheOrderToTheDatabaseWithoutAnOrder) {
-  EditedView view(kTables);
-  EXPECT_HTML(SelectOf(view, "City,Cities,ID,Name,,0", "").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  value="2">Bergen
-    <option  value="1">Alta
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, ComparesTextsInTheirLetterCase) {
-  EditedView view(kTables);
-  EXPECT_HTML(SelectOf(view, "City,Cities,Code,Name,Name,0", "b").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  value="B">Alta
-    <option  selected  value="b">Bergen
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, SelectsEveryRowOfTheCurrentValue) {
-  EditedView view(kTables);
-  EXPECT_HTML(SelectOf(view, "City,Cities,7,Name,Name,0", "7").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  selected  value="7">Alta
-    <option  selected  value="7">Bergen
-    </select>
-  )"));
-}
+INSTANTIATE_TEST_SUITE_P(Rows, LookupSelectOf, testing::ValuesIn(kSelects), kByName);
 
 TEST(LookupSelect, WritesTheAttributeBehindTheTag) {
   EditedView view(kTables);
   EXPECT_TRUE(SelectOf(view, "City,Cities,ID,Name,Name,0", "", " disabled ")
                   .html.starts_with(R"(<select  disabled id="Morvu1_Form_City" name=)"));
-}
-
-TEST(LookupSelect, ReplacesDoubleQuotesInValuesOnly) {
-  EditedView view(R"(CREATE TABLE L (A, B); INSERT INTO L VALUES ('6" & <b>', '6" & <b>'))");
-  EXPECT_EQ(SelectOf(view, "City,L,A,B,,0", R"(6" & <b>)").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  selected  value="6&quot; & <b>">6" & <b>
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, KeepsValuesThatLookLikeCharacterReferences) {
-  EditedView view("CREATE TABLE L (A, B); INSERT INTO L VALUES ('a&lt;b', '&lt;')");
-  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "a&lt;b").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  selected  value="a&amp;lt;b">&lt;
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, WritesNullsAsNothing) {
-  EditedView view("CREATE TABLE L (A, B); INSERT INTO L VALUES (NULL, NULL), (1, NULL)");
-  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "1").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  value="">
-    <option  selected  value="1">
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, WritesValuesInTheTextOfControls) {
-  EditedView view(kTables);
-  EXPECT_HTML(SelectOf(view, "City,Cities,Size,Since,ID DESC,0", "1.5").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  selected  value="1.5">2/3/2001
-    <option  value="2">
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, IgnoresTheMemoLimit) {
-  EditedView view("CREATE TABLE L (A TEXT, B TEXT); INSERT INTO L VALUES ('abcdef', 'ghijkl')");
-  view.Settings().MemoFieldLimit = 2;
-  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "abcdef").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    <option  selected  value="abcdef">ghijkl
-    </select>
-  )"));
-}
-
-TEST(LookupSelect, IsEmptyForAnEmptyTable) {
-  EditedView view("CREATE TABLE L (A, B)");
-  EXPECT_HTML(SelectOf(view, "City,L,A,B,,0", "1").html, Lines(R"(
-    <select id="Morvu1_Form_City" name="Morvu1_Form_City">
-    </select>
-  )"));
 }
 
 TEST(LookupSelect, WritesNothingAndReportsAStatementThatFails) {
@@ -172,27 +118,31 @@ TEST(LookupSelect, WritesNothingAndReportsAStatementThatFails) {
             "no such table: Missing. lookup sql=SELECT ID,Name FROM Missing ORDER BY Name<br>");
 }
 
+/// A lookup whose recordset has a field ID of that value and a field Name.
+struct PreparedLookup {
+  PreparedLookup(int rows, FakeField::Read id) : records(std::make_shared<OpenedRecords>(rows)) {
+    records->Add("ID", platform::TypeCode::kInteger, std::move(id));
+    records->Add("Name", platform::TypeCode::kInteger, [] { return platform::VariantView("x"); });
+  }
+
+  std::shared_ptr<OpenedRecords> records;
+  PreparedEnvironment environment{records};
+  EditedView view{"", environment};
+};
+
 TEST(LookupSelect, WritesNothingWhenARowCannotBeReached) {
-  const auto records = std::make_shared<OpenedRecords>(3);
-  records->Add("ID", platform::TypeCode::kInteger, [] { return platform::VariantView(std::int64_t{1}); });
-  records->Add("Name", platform::TypeCode::kInteger, [] { return platform::VariantView("x"); });
-  records->fail_moving_from = 2;
-  PreparedEnvironment environment(records);
-  EditedView view("", environment);
-  const Select select = SelectOf(view, "City,L,ID,Name,,0", "1");
+  PreparedLookup lookup(3, [] { return platform::VariantView(std::int64_t{1}); });
+  lookup.records->fail_moving_from = 2;
+  const Select select = SelectOf(lookup.view, "City,L,ID,Name,,0", "1");
   EXPECT_FALSE(select.is_written);
   EXPECT_EQ(select.html, "");
-  EXPECT_EQ(view.ErrorMessage(), "Disk gone. lookup sql=SELECT ID,Name FROM L<br>");
+  EXPECT_EQ(lookup.view.ErrorMessage(), "Disk gone. lookup sql=SELECT ID,Name FROM L<br>");
 }
 
 TEST(LookupSelect, WritesNothingWhenAValueCannotBeRead) {
-  const auto records = std::make_shared<OpenedRecords>(1);
-  records->Add("ID", platform::TypeCode::kInteger, Unreadable);
-  records->Add("Name", platform::TypeCode::kInteger, [] { return platform::VariantView("x"); });
-  PreparedEnvironment environment(records);
-  EditedView view("", environment);
-  EXPECT_FALSE(SelectOf(view, "City,L,ID,Name,,0", "1").is_written);
-  EXPECT_EQ(view.ErrorMessage(), "Disk gone. lookup sql=SELECT ID,Name FROM L<br>");
+  PreparedLookup lookup(1, Unreadable);
+  EXPECT_FALSE(SelectOf(lookup.view, "City,L,ID,Name,,0", "1").is_written);
+  EXPECT_EQ(lookup.view.ErrorMessage(), "Disk gone. lookup sql=SELECT ID,Name FROM L<br>");
 }
 
 TEST(LookupSelect, NeedsTwoColumns) {
@@ -203,13 +153,9 @@ TEST(LookupSelect, NeedsTwoColumns) {
 }
 
 TEST(LookupSelect, ClosesItsRecordset) {
-  const auto records = std::make_shared<OpenedRecords>(0);
-  records->Add("ID", platform::TypeCode::kInteger, Unreadable);
-  records->Add("Name", platform::TypeCode::kInteger, Unreadable);
-  PreparedEnvironment environment(records);
-  EditedView view("", environment);
-  EXPECT_TRUE(SelectOf(view, "City,L,ID,Name,,0", "").is_written);
-  EXPECT_EQ(records->closed, 1);
+  PreparedLookup lookup(0, Unreadable);
+  EXPECT_TRUE(SelectOf(lookup.view, "City,L,ID,Name,,0", "").is_written);
+  EXPECT_EQ(lookup.records->closed, 1);
 }
 
 TEST(LookupSelect, NeedsAConnection) {
