@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
+#include "support/named_cases.h"
 #include "unit/editing/edited_view.h"
 #include "unit/editing/saving.h"
 
@@ -27,15 +30,6 @@ std::string Values(const TemporaryDatabase& database) {
   return database.Value("SELECT group_concat(V) FROM (SELECT V FROM T ORDER BY rowid)");
 }
 
-TEST(PostedKey, IsTheOneThatOpenedTheFormWhileItsInputShowsThat) {
-  const TemporaryDatabase database(kMoments);
-  Opened form(database, "At", "2024-05-03 10:20:30.25");
-  form.Post({{"At", "5/3/2024 10:20:30 AM"}, {"V", "new"}});
-  EXPECT_TRUE(form.Save()) << form.Message();
-  EXPECT_EQ(Values(database), "full,new,midnight,zulu");
-  EXPECT_EQ(database.Value("SELECT At FROM T WHERE V='new'"), "2024-05-03 10:20:30.250");
-}
-
 TEST(PostedKey, DeletesTheRecordThatOpenedTheForm) {
   const TemporaryDatabase database(kMoments);
   Opened form(database, "At", "2024-05-03 10:20:30.25");
@@ -44,29 +38,36 @@ TEST(PostedKey, DeletesTheRecordThatOpenedTheForm) {
   EXPECT_EQ(Values(database), "full,midnight,zulu");
 }
 
-TEST(PostedKey, IsTheTypedOneWhenTheInputShowsAnother) {
-  const TemporaryDatabase database(kMoments);
-  Opened form(database, "At", "2024-05-03 10:20:30.25");
-  form.Post({{"At", "5/4/2024"}, {"V", "new"}});
-  EXPECT_TRUE(form.Save()) << form.Message();
-  EXPECT_EQ(Values(database), "full,quarter,new,zulu");
-}
+struct SavedMoment {
+  std::string_view name, opened;
+  std::optional<std::string_view> typed;
+  std::string_view values, saved;
+};
 
-TEST(PostedKey, FindsEverySpellingOfAMoment) {
-  const TemporaryDatabase database(kMoments);
-  Opened form(database, "At", "2024-05-05 06:07:08");
-  form.Post({{"At", "5/5/2024 6:07:08 AM"}, {"V", "new"}});
-  EXPECT_TRUE(form.Save()) << form.Message();
-  EXPECT_EQ(database.Value("SELECT At FROM T WHERE V='new'"), "2024-05-05T06:07:08Z");
-}
+class PostedMoment : public testing::TestWithParam<SavedMoment> {};
 
-TEST(PostedKey, OfAFormWithoutKeyInputsIsTheOneThatOpenedIt) {
+TEST_P(PostedMoment, SavesTheRecord) {
   const TemporaryDatabase database(kMoments);
-  Opened form(database, "At", "2024-05-04");
+  Opened form(database, "At", GetParam().opened);
+  if (GetParam().typed) form.Post("At", *GetParam().typed);
   form.Post("V", "new");
   EXPECT_TRUE(form.Save()) << form.Message();
-  EXPECT_EQ(Values(database), "full,quarter,new,zulu");
+  EXPECT_EQ(Values(database), GetParam().values);
+  EXPECT_EQ(database.Value("SELECT At FROM T WHERE V='new'"), GetParam().saved);
 }
+
+constexpr SavedMoment kSavedMoments[] = {
+    {"ThatOpenedTheFormWhileItsInputShowsThat", "2024-05-03 10:20:30.25", "5/3/2024 10:20:30 AM",
+     "full,new,midnight,zulu", "2024-05-03 10:20:30.250"},
+    {"ThatWasTypedWhenTheInputShowsAnother", "2024-05-03 10:20:30.25", "5/4/2024", "full,quarter,new,zulu",
+     "2024-05-04 00:00:00"},
+    {"WhoseMomentIsSpelledInAnotherWay", "2024-05-05 06:07:08", "5/5/2024 6:07:08 AM",
+     "full,quarter,midnight,new", "2024-05-05T06:07:08Z"},
+    {"ThatOpenedAFormWithoutKeyInputs", "2024-05-04", std::nullopt, "full,quarter,new,zulu",
+     "2024-05-04 00:00:00"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Moments, PostedMoment, testing::ValuesIn(kSavedMoments), kByName);
 
 TEST(PostedKey, IsNoOtherRecordThatTheDatabaseFinds) {
   const TemporaryDatabase database(
