@@ -5,6 +5,7 @@
 #include <string>
 
 #include "support/fake_records.h"
+#include "support/named_cases.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -36,132 +37,86 @@ Records OneValue(std::string_view declared_type, std::string_view value) {
 
 FakeField Made(TypeCode type, FakeField::Read read) { return {"V", type, std::move(read)}; }
 
-TEST(StandardText, CutsALongMemoBehindTheLimit) {
+struct ValueCase {
+  std::string_view name, type, value, standard, raw;
+  int memo_limit = -1;
+  state::Mode mode = state::Mode::kGrid;
+};
+
+class TextOfAValue : public testing::TestWithParam<ValueCase> {};
+
+TEST_P(TextOfAValue, IsStandardOrRaw) {
   Cells cells;
-  cells.settings.MemoFieldLimit = 20;
-  const Records records = OneValue("TEXT", "'123456789012345678901234567890'");
-
-  EXPECT_EQ(cells.Standard(records[0]), "12345678901234567890...");
-}
-
-TEST(StandardText, WritesAMemoUpToTheLimitWholeWithABlankBehind) {
-  Cells cells;
-  const Records records = OneValue("TEXT", "'123456789012345678901234567890'");
-
-  cells.settings.MemoFieldLimit = 30;
-  EXPECT_EQ(cells.Standard(records[0]), "123456789012345678901234567890&nbsp;");
-  cells.settings.MemoFieldLimit = 2147483647;
-  EXPECT_EQ(cells.Standard(records[0]), "123456789012345678901234567890&nbsp;");
-}
-
-TEST(StandardText, WritesTheWholeMemoInTheOneRecordViewForAnyPositiveLimit) {
-  Cells cells;
-  cells.mode = state::Mode::kFormView;
-  const Records records = OneValue("TEXT", "'123456789012345678901234567890'");
-
-  for (const int limit : {1, 20, 30, 31}) {
-    cells.settings.MemoFieldLimit = limit;
-    EXPECT_EQ(cells.Standard(records[0]), "123456789012345678901234567890&nbsp;") << limit;
-  }
-}
-
-TEST(StandardText, HidesMemosUnderALimitOfZeroInBothViews) {
-  Cells cells;
-  cells.settings.MemoFieldLimit = 0;
-  const Records records = OneValue("TEXT", "'words'");
-
-  EXPECT_EQ(cells.Standard(records[0]), "&nbsp;");
-  cells.mode = state::Mode::kFormView;
-  EXPECT_EQ(cells.Standard(records[0]), "&nbsp;");
-}
-
-TEST(StandardText, WritesMemosUnchangedWithoutALimit) {
-  Cells cells;
-  const Records records = OneValue("TEXT", "' a  memo '");
-
-  EXPECT_EQ(cells.Standard(records[0]), " a  memo ");
-  cells.mode = state::Mode::kFormView;
-  EXPECT_EQ(cells.Standard(records[0]), " a  memo ");
-}
-
-TEST(StandardText, WritesABlankCellForAMemoOfBlanks) {
-  Cells cells;
-  const Records records = OneValue("TEXT", "'   '");
-
-  EXPECT_EQ(cells.Standard(records[0]), "&nbsp;");
-  EXPECT_EQ(cells.Raw(records[0]), "   ");
-}
-
-TEST(StandardText, KeepsTheBlanksOfAMemoOfBlanksThatFitsTheLimit) {
-  Cells cells;
-  cells.settings.MemoFieldLimit = 5;
-  const Records records = OneValue("TEXT", "'   '");
-
-  EXPECT_EQ(cells.Standard(records[0]), "   &nbsp;");
-}
-
-TEST(StandardText, WritesABlankCellForAnEmptyMemo) {
-  Cells cells;
-  for (const int limit : {-1, 0, 5}) {
-    cells.settings.MemoFieldLimit = limit;
-    for (const std::string_view value : {"''", "NULL"}) {
-      const Records records = OneValue("TEXT", value);
-      EXPECT_EQ(cells.Standard(records[0]), "&nbsp;") << limit << value;
-      EXPECT_EQ(cells.Raw(records[0]), "") << limit << value;
-    }
-  }
-}
-
-TEST(StandardText, CountsTheCharactersOfAMemoAndNotItsBytes) {
-  Cells cells;
-  cells.settings.MemoFieldLimit = 3;
-
-  EXPECT_EQ(cells.Standard(OneValue("TEXT", "'äöüß'")[0]), "äöü...");
-  EXPECT_EQ(cells.Standard(OneValue("TEXT", "'äöü'")[0]), "äöü&nbsp;");
-  EXPECT_EQ(cells.Standard(OneValue("TEXT", "'😀😀😀😀'")[0]), "😀😀😀...");
-}
-
-TEST(StandardText, NeverCutsTheRawText) {
-  Cells cells;
-  const Records records = OneValue("TEXT", "'123456789012345678901234567890'");
-
-  for (const int limit : {-1, 0, 20, 40}) {
-    cells.settings.MemoFieldLimit = limit;
-    EXPECT_EQ(cells.Raw(records[0]), "123456789012345678901234567890") << limit;
-  }
-}
-
-TEST(StandardText, DoesNotCutTextsThatAreNoMemos) {
-  Cells cells;
-  cells.settings.MemoFieldLimit = 2;
-
-  EXPECT_EQ(cells.Standard(OneValue("VARCHAR(20)", "'Hamburg'")[0]), "Hamburg");
-}
-
-TEST(StandardText, WritesDatesInTheRegionalForm) {
-  Cells cells;
-
-  EXPECT_EQ(cells.Standard(OneValue("DATETIME", "'2024-03-05 14:07:09'")[0]), "3/5/2024 2:07:09 PM");
-  EXPECT_EQ(cells.Raw(OneValue("DATETIME", "'2024-03-05 14:07:09'")[0]), "3/5/2024 2:07:09 PM");
-}
-
-TEST(StandardText, LeavesOutTheTimeAtMidnightAndTheZeroDate) {
-  Cells cells;
-
-  EXPECT_EQ(cells.Standard(OneValue("DATE", "'2024-03-05'")[0]), "3/5/2024");
-  EXPECT_EQ(cells.Standard(OneValue("DATETIME", "'2024-03-05 00:00:00'")[0]), "3/5/2024");
-  EXPECT_EQ(cells.Standard(OneValue("DATETIME", "'1899-12-30 14:07:09'")[0]), "2:07:09 PM");
-}
-
-TEST(StandardText, WritesABlankCellForWhatIsNoDate) {
-  Cells cells;
-  for (const std::string_view value : {"NULL", "''", "'never'", "'2024-02-30'", "x'00'"}) {
-    const Records records = OneValue("DATETIME", value);
-    EXPECT_EQ(cells.Standard(records[0]), "&nbsp;") << value;
-    EXPECT_EQ(cells.Raw(records[0]), "") << value;
-  }
+  cells.settings.MemoFieldLimit = GetParam().memo_limit;
+  cells.mode = GetParam().mode;
+  const Records records = OneValue(GetParam().type, GetParam().value);
+  EXPECT_EQ(cells.Standard(records[0]), GetParam().standard);
+  EXPECT_EQ(cells.Raw(records[0]), GetParam().raw);
   EXPECT_EQ(cells.settings.ErrorMessage, "");
 }
+
+constexpr auto kForm = state::Mode::kFormView;
+
+constexpr ValueCase kMemos[] = {
+    {"CutBehindTheLimit", "TEXT", "'1234567890'", "12345...", "1234567890", 5},
+    {"LongerThanTheLimitByOne", "TEXT", "'1234567890'", "123456789...", "1234567890", 9},
+    {"UpToTheLimitWithABlankBehind", "TEXT", "'1234567890'", "1234567890&nbsp;", "1234567890", 10},
+    {"FarBelowTheLimit", "TEXT", "'1234567890'", "1234567890&nbsp;", "1234567890", 2147483647},
+    {"WholeInTheFormForALimitOfOne", "TEXT", "'1234567890'", "1234567890&nbsp;", "1234567890", 1, kForm},
+    {"WholeInTheFormBeyondTheLimit", "TEXT", "'1234567890'", "1234567890&nbsp;", "1234567890", 9, kForm},
+    {"WholeInTheFormUpToTheLimit", "TEXT", "'1234567890'", "1234567890&nbsp;", "1234567890", 10, kForm},
+    {"WholeInTheFormBelowTheLimit", "TEXT", "'1234567890'", "1234567890&nbsp;", "1234567890", 11, kForm},
+    {"HiddenUnderALimitOfZero", "TEXT", "'words'", "&nbsp;", "words", 0},
+    {"HiddenInTheFormUnderALimitOfZero", "TEXT", "'words'", "&nbsp;", "words", 0, kForm},
+    {"UnchangedWithoutALimit", "TEXT", "' a  memo '", " a  memo ", " a  memo "},
+    {"UnchangedInTheFormWithoutALimit", "TEXT", "' a  memo '", " a  memo ", " a  memo ", -1, kForm},
+    {"OfBlanks", "TEXT", "'   '", "&nbsp;", "   "},
+    {"OfBlanksThatFitTheLimit", "TEXT", "'   '", "   &nbsp;", "   ", 5},
+    {"EmptyWithoutALimit", "TEXT", "''", "&nbsp;", ""},
+    {"EmptyWithALimitOfZero", "TEXT", "''", "&nbsp;", "", 0},
+    {"EmptyWithALimit", "TEXT", "''", "&nbsp;", "", 5},
+    {"NullWithoutALimit", "TEXT", "NULL", "&nbsp;", ""},
+    {"NullWithALimitOfZero", "TEXT", "NULL", "&nbsp;", "", 0},
+    {"NullWithALimit", "TEXT", "NULL", "&nbsp;", "", 5},
+    {"WithMoreCharactersThanTheLimit", "TEXT", "'äöüß'", "äöü...", "äöüß", 3},
+    {"WithMoreBytesThanTheLimit", "TEXT", "'äöü'", "äöü&nbsp;", "äöü", 3},
+    {"OfCharactersOfFourBytes", "TEXT", "'😀😀😀😀'", "😀😀😀...", "😀😀😀😀", 3},
+    {"OfALineBreak", "TEXT", "char(13, 10)", "\r\n", "\r\n"},
+};
+
+constexpr ValueCase kOtherTexts[] = {
+    {"LongerThanTheLimitOfMemos", "VARCHAR(20)", "'Hamburg'", "Hamburg", "Hamburg", 2},
+    {"OfBlanks", "VARCHAR(10)", "'   '", "&nbsp;", ""},
+    {"Empty", "VARCHAR(10)", "''", "&nbsp;", ""},
+    {"Null", "VARCHAR(10)", "NULL", "&nbsp;", ""},
+    {"WithBlanksAround", "VARCHAR(10)", "'  x '", "  x ", "  x "},
+    {"OfATab", "VARCHAR(10)", "char(9)", "\t", "\t"},
+    {"OfMarkup", "VARCHAR(50)", "'<b class=\"x\">A & B</b>'", R"(<b class="x">A & B</b>)",
+     R"(<b class="x">A & B</b>)"},
+};
+
+constexpr ValueCase kOtherValues[] = {
+    {"DateAndTime", "DATETIME", "'2024-03-05 14:07:09'", "3/5/2024 2:07:09 PM", "3/5/2024 2:07:09 PM"},
+    {"Date", "DATE", "'2024-03-05'", "3/5/2024", "3/5/2024"},
+    {"DateAtMidnight", "DATETIME", "'2024-03-05 00:00:00'", "3/5/2024", "3/5/2024"},
+    {"TimeOnTheZeroDate", "DATETIME", "'1899-12-30 14:07:09'", "2:07:09 PM", "2:07:09 PM"},
+    {"NullForADate", "DATETIME", "NULL", "&nbsp;", ""},
+    {"EmptyTextForADate", "DATETIME", "''", "&nbsp;", ""},
+    {"WordForADate", "DATETIME", "'never'", "&nbsp;", ""},
+    {"DateThatDoesNotExist", "DATETIME", "'2024-02-30'", "&nbsp;", ""},
+    {"BytesForADate", "DATETIME", "x'00'", "&nbsp;", ""},
+    {"Bytes", "BLOB", "x'414243'", "&nbsp;", ""},
+    {"WholeNumber", "INTEGER", "-1234567", "-1234567", "-1234567"},
+    {"FloatingPointNumber", "DOUBLE", "1234.5", "1234.5", "1234.5"},
+    {"DecimalWithoutAFraction", "DECIMAL(10, 2)", "21.00", "21", "21"},
+    {"DecimalWithAFraction", "DECIMAL(10, 2)", "10.50", "10.5", "10.5"},
+    {"True", "BOOLEAN", "1", "True", "True"},
+    {"False", "BOOLEAN", "0", "False", "False"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Memos, TextOfAValue, testing::ValuesIn(kMemos), kByName);
+INSTANTIATE_TEST_SUITE_P(OtherTexts, TextOfAValue, testing::ValuesIn(kOtherTexts), kByName);
+INSTANTIATE_TEST_SUITE_P(OtherValues, TextOfAValue, testing::ValuesIn(kOtherValues), kByName);
 
 TEST(StandardText, KnowsTheDateTypesAndLeavesTimesOfDayAsTheyAre) {
   Cells cells;
@@ -181,56 +136,6 @@ TEST(StandardText, WritesABlankCellForADateOutsideTheCalendar) {
   });
 
   EXPECT_EQ(cells.Standard(field), "&nbsp;");
-}
-
-TEST(StandardText, NeverShowsBinaryValues) {
-  Cells cells;
-  const Records records = OneValue("BLOB", "x'414243'");
-
-  EXPECT_EQ(cells.Standard(records[0]), "&nbsp;");
-  EXPECT_EQ(cells.Raw(records[0]), "");
-}
-
-TEST(StandardText, WritesABlankCellForATextOfBlanksAndForNull) {
-  Cells cells;
-  for (const std::string_view value : {"'   '", "''", "NULL"}) {
-    const Records records = OneValue("VARCHAR(10)", value);
-    EXPECT_EQ(cells.Standard(records[0]), "&nbsp;") << value;
-    EXPECT_EQ(cells.Raw(records[0]), "") << value;
-  }
-}
-
-TEST(StandardText, KeepsTheBlanksAroundAText) {
-  Cells cells;
-  const Records records = OneValue("VARCHAR(10)", "'  x '");
-
-  EXPECT_EQ(cells.Standard(records[0]), "  x ");
-  EXPECT_EQ(cells.Raw(records[0]), "  x ");
-}
-
-TEST(StandardText, TreatsTabsAndLineBreaksAsText) {
-  Cells cells;
-
-  EXPECT_EQ(cells.Standard(OneValue("VARCHAR(10)", "char(9)")[0]), "\t");
-  EXPECT_EQ(cells.Standard(OneValue("TEXT", "char(13, 10)")[0]), "\r\n");
-}
-
-TEST(StandardText, WritesNumbersAndBooleansInTheirPlainForm) {
-  Cells cells;
-
-  EXPECT_EQ(cells.Standard(OneValue("INTEGER", "-1234567")[0]), "-1234567");
-  EXPECT_EQ(cells.Standard(OneValue("DOUBLE", "1234.5")[0]), "1234.5");
-  EXPECT_EQ(cells.Standard(OneValue("DECIMAL(10, 2)", "21.00")[0]), "21");
-  EXPECT_EQ(cells.Standard(OneValue("DECIMAL(10, 2)", "10.50")[0]), "10.5");
-  EXPECT_EQ(cells.Standard(OneValue("BOOLEAN", "1")[0]), "True");
-  EXPECT_EQ(cells.Standard(OneValue("BOOLEAN", "0")[0]), "False");
-}
-
-TEST(StandardText, WritesMarkupAsItStands) {
-  Cells cells;
-  const Records records = OneValue("VARCHAR(50)", "'<b class=\"x\">A & B</b>'");
-
-  EXPECT_EQ(cells.Standard(records[0]), R"(<b class="x">A & B</b>)");
 }
 
 TEST(StandardText, ReportsAValueThatCannotBeReadAndWritesABlankCell) {
