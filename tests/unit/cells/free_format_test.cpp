@@ -6,6 +6,7 @@
 
 #include "settings/column_settings.h"
 #include "support/fake_records.h"
+#include "support/named_cases.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -42,9 +43,6 @@ constexpr std::string_view kBooks = R"(
 constexpr std::string_view kLink =
     "/p?Morvu1FormDisplay=formOneRec&Morvu1BookMark=1&Morvu1OrderByFields=&Morvu1CurrRecord=1"
     "&Morvu1CountRecords=on&Morvu1maxrecords=20";
-constexpr std::string_view kFormLink =
-    "/p?&Morvu1BookMark=1&Morvu1OrderByFields=&Morvu1CurrRecord=1"
-    "&Morvu1CountRecords=on&Morvu1maxrecords=20&Morvu1FormDisplay=formOneRec";
 
 TEST(FreeFormatCell, PutsFieldValuesBetweenTheTextOfABulkTemplate) {
   Templates templates;
@@ -56,23 +54,51 @@ TEST(FreeFormatCell, PutsFieldValuesBetweenTheTextOfABulkTemplate) {
   EXPECT_EQ(templates.settings.ErrorMessage, "");
 }
 
-TEST(FreeFormatCell, MayBeOneFieldOrTextAlone) {
-  Templates templates;
-  const Records books(kBooks);
+struct TemplateCase {
+  std::string_view name, text, cell;
+  std::string_view message = "";
+  std::string_view delimiter = "#";
+};
 
-  EXPECT_EQ(templates.Cell(*books, "#ID#"), "1");
-  EXPECT_EQ(templates.Cell(*books, "Dear #ID#!"), "Dear 1!");
-  EXPECT_EQ(templates.Cell(*books, "words"), "words");
-  EXPECT_EQ(templates.Cell(*books, ""), "");
+class Template : public testing::TestWithParam<TemplateCase> {};
+
+TEST_P(Template, MakesTheCell) {
+  Templates templates;
+  templates.settings.GridFreeFormatCellDataFieldDelimiter = GetParam().delimiter;
+  EXPECT_EQ(templates.Cell(*Records(kBooks), GetParam().text), GetParam().cell);
+  EXPECT_EQ(templates.settings.ErrorMessage, GetParam().message);
 }
 
-TEST(FreeFormatCell, WritesNullAsNothingAndDatesInTheirPlainText) {
-  Templates templates;
-  const Records books(kBooks);
+constexpr TemplateCase kTemplates[] = {
+    {"OfOneField", "#ID#", "1"},
+    {"OfAFieldBetweenTexts", "Dear #ID#!", "Dear 1!"},
+    {"OfTextAlone", "words", "words"},
+    {"OfNothing", "", ""},
+    {"OfADateInItsPlainText", "[#Sold#]", "[3/5/2024]"},
+    {"OfAFieldInAnyLetterCase", "#id#", "1"},
+    {"OfAFieldButNotWithBlanks", "# ID#", "",
+     "The record has no field named \" ID\" in GetFreeCellString. index=1, nArrIdx=1<br>"},
+    {"UpToAPlaceholderThatNamesNoField", "No. #ID# by #Author#, #Price#", "No. 1 by ",
+     "The record has no field named \"Author\" in GetFreeCellString. index=1, nArrIdx=1<br>"},
+    {"UpToAnEmptyPlaceholder", "a##b", "a",
+     "The record has no field named \"\" in GetFreeCellString. index=1, nArrIdx=1<br>"},
+    {"WithTheRestBehindALastDelimiterAsAPlaceholder", "No. #ID", "No. 1"},
+    {"WithAnotherDelimiter", "#Title# |ID|", "#Title# 1", "", "|"},
+    {"OfTextAloneWithoutADelimiter", "#ID#", "#ID#", "", ""},
+    {"OfALinkToTheRecord", "#DRALOPOSTBACKURL#", kLink},
+    {"OfALinkToTheRecordInAnyLetterCase", "#dralopostbackurl#", kLink},
+    {"OfALinkToTheRecordWithBlanks", "# DraloPostbackUrl  #", kLink},
+    {"OfALinkWithTheViewAtItsEnd", "<a href='#draloformurl #'>#ID#</a>",
+     "<a href='/p?&Morvu1BookMark=1&Morvu1OrderByFields=&Morvu1CurrRecord=1"
+     "&Morvu1CountRecords=on&Morvu1maxrecords=20&Morvu1FormDisplay=formOneRec'>1</a>"},
+};
 
-  EXPECT_EQ(templates.Cell(*books, "[#Sold#]"), "[3/5/2024]");
+INSTANTIATE_TEST_SUITE_P(Books, Template, testing::ValuesIn(kTemplates), kByName);
+
+TEST(FreeFormatCell, WritesNullAsNothing) {
+  const Records books(kBooks);
   books->MoveNext();
-  EXPECT_EQ(templates.Cell(*books, "[#Title##Price##Sold#]"), "[]");
+  EXPECT_EQ(Templates().Cell(*books, "[#Title##Price##Sold#]"), "[]");
 }
 
 TEST(FreeFormatCell, IgnoresTheMemoLimit) {
@@ -83,48 +109,12 @@ TEST(FreeFormatCell, IgnoresTheMemoLimit) {
   EXPECT_EQ(templates.Cell(*notes, "#Note#"), "a long note");
 }
 
-TEST(FreeFormatCell, FindsFieldsInAnyLetterCaseButNotWithBlanks) {
-  Templates templates;
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Cell(*books, "#id#"), "1");
-  EXPECT_EQ(templates.settings.ErrorMessage, "");
-  EXPECT_EQ(templates.Cell(*books, "# ID#"), "");
-  EXPECT_EQ(templates.settings.ErrorMessage,
-            "The record has no field named \" ID\" in GetFreeCellString. index=1, nArrIdx=1<br>");
-}
-
 TEST(FreeFormatCell, FindsFieldsWithLettersOfEveryScript) {
   Templates templates;
   const Records records("CREATE TABLE T (\"ⱥθήνας\" TEXT); INSERT INTO T VALUES ('x')");
 
   EXPECT_EQ(templates.Cell(*records, "#ȺΘΉΝΑΣ#"), "x");
   EXPECT_EQ(templates.settings.ErrorMessage, "");
-}
-
-TEST(FreeFormatCell, ReportsAPlaceholderThatNamesNoFieldAndKeepsWhatStandsBefore) {
-  Templates templates;
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Cell(*books, "No. #ID# by #Author#, #Price#"), "No. 1 by ");
-  EXPECT_EQ(templates.settings.ErrorMessage,
-            "The record has no field named \"Author\" in GetFreeCellString. index=1, nArrIdx=1<br>");
-}
-
-TEST(FreeFormatCell, ReportsAnEmptyPlaceholder) {
-  Templates templates;
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Cell(*books, "a##b"), "a");
-  EXPECT_EQ(templates.settings.ErrorMessage,
-            "The record has no field named \"\" in GetFreeCellString. index=1, nArrIdx=1<br>");
-}
-
-TEST(FreeFormatCell, TakesTheRestBehindALastDelimiterAsAPlaceholder) {
-  Templates templates;
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Cell(*books, "No. #ID"), "No. 1");
 }
 
 TEST(FreeFormatCell, ReportsAValueThatCannotBeRead) {
@@ -155,33 +145,6 @@ TEST(FreeFormatCell, ReportsAColumnWhoseTemplateIsMissingInTheBulkText) {
             "The column has no setting in GetFreeCellString. index=2, nArrIdx=3<br>");
 }
 
-TEST(FreeFormatCell, TakesAnotherDelimiter) {
-  Templates templates;
-  const Records books(kBooks);
-  templates.settings.GridFreeFormatCellDataFieldDelimiter = "|";
-
-  EXPECT_EQ(templates.Cell(*books, "#Title# |ID|"), "#Title# 1");
-}
-
-TEST(FreeFormatCell, IsTextAloneWithoutADelimiter) {
-  Templates templates;
-  const Records books(kBooks);
-  templates.settings.GridFreeFormatCellDataFieldDelimiter = "";
-
-  EXPECT_EQ(templates.Cell(*books, "#ID#"), "#ID#");
-}
-
-TEST(FreeFormatCell, LinksToTheRecordInAnyLetterCaseAndWithBlanks) {
-  Templates templates;
-  const Records books(kBooks);
-
-  for (const std::string_view text : {"#DRALOPOSTBACKURL#", "#dralopostbackurl#", "# DraloPostbackUrl  #"}) {
-    EXPECT_EQ(templates.Cell(*books, text), kLink) << text;
-  }
-  EXPECT_EQ(templates.Cell(*books, "<a href='#draloformurl #'>#ID#</a>"),
-            "<a href='" + std::string(kFormLink) + "'>1</a>");
-}
-
 TEST(FreeFormatCell, PrefersTheLinkToAFieldOfThatName) {
   Templates templates;
   const Records records("CREATE TABLE T (DRALOPOSTBACKURL INTEGER); INSERT INTO T VALUES (1)");
@@ -202,47 +165,34 @@ TEST(FreeFormatCell, LinksToTheKeyOfEachRecord) {
             "&Morvu1CountRecords=on&Morvu1maxrecords=20&Morvu1FormDisplay=formOneRec");
 }
 
-TEST(RecordTag, PutsFieldValuesBetweenDoubleMarks) {
-  Templates templates;
-  const Records books(kBooks);
+struct TagCase {
+  std::string_view name, tag, text;
+  std::string_view message = "";
+};
 
-  EXPECT_EQ(templates.Tag(*books, "class=\"book##ID##\" data-price=\"##Price##\""),
-            "class=\"book1\" data-price=\"10.5\"");
-}
+class RecordTag : public testing::TestWithParam<TagCase> {};
 
-TEST(RecordTag, LeavesSingleMarksAloneWhateverTheDelimiterOfTemplates) {
+TEST_P(RecordTag, HasFieldValuesBetweenDoubleMarks) {
   Templates templates;
   templates.settings.GridFreeFormatCellDataFieldDelimiter = "|";
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Tag(*books, "bgcolor=#FFEE00 |ID|"), "bgcolor=#FFEE00 |ID|");
+  EXPECT_EQ(templates.Tag(*Records(kBooks), GetParam().tag), GetParam().text);
+  EXPECT_EQ(templates.settings.ErrorMessage, GetParam().message);
 }
 
-TEST(RecordTag, IsTrimmed) {
-  Templates templates;
-  const Records books(kBooks);
+constexpr TagCase kTags[] = {
+    {"InAttributes", R"(class="book##ID##" data-price="##Price##")", R"(class="book1" data-price="10.5")"},
+    {"ButNotBetweenSingleMarksOrTheDelimiterOfTemplates", "bgcolor=#FFEE00 |ID|", "bgcolor=#FFEE00 |ID|"},
+    {"AndIsTrimmed", "  nowrap  ", "nowrap"},
+    {"AndIsTrimmedAroundAField", "  ##ID## ", "1"},
+    {"AndIsEmptyForBlanks", "   ", ""},
+    {"UpToAFieldThatIsNone", "id=##ID## class=##Kind##",
+     "id=1 class=", "The record has no field named \"Kind\" in ReplaceFieldValuesFromTag<br>"},
+    {"AndLinks", "data-url='##DRALOPOSTBACKURL##'",
+     "data-url='/p?Morvu1FormDisplay=formOneRec&Morvu1BookMark=1&Morvu1OrderByFields="
+     "&Morvu1CurrRecord=1&Morvu1CountRecords=on&Morvu1maxrecords=20'"},
+};
 
-  EXPECT_EQ(templates.Tag(*books, "  nowrap  "), "nowrap");
-  EXPECT_EQ(templates.Tag(*books, "  ##ID## "), "1");
-  EXPECT_EQ(templates.Tag(*books, "   "), "");
-}
-
-TEST(RecordTag, ReportsAFieldThatIsNoneAndKeepsWhatStandsBefore) {
-  Templates templates;
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Tag(*books, "id=##ID## class=##Kind##"), "id=1 class=");
-  EXPECT_EQ(templates.settings.ErrorMessage,
-            "The record has no field named \"Kind\" in ReplaceFieldValuesFromTag<br>");
-}
-
-TEST(RecordTag, KnowsTheLinks) {
-  Templates templates;
-  const Records books(kBooks);
-
-  EXPECT_EQ(templates.Tag(*books, "data-url='##DRALOPOSTBACKURL##'"),
-            "data-url='" + std::string(kLink) + "'");
-}
+INSTANTIATE_TEST_SUITE_P(Books, RecordTag, testing::ValuesIn(kTags), kByName);
 
 }  // namespace
 }  // namespace dralo::tests
