@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/items.h"
+#include "support/named_cases.h"
 
 namespace dralo::state {
 namespace {
@@ -10,58 +11,76 @@ namespace {
 using tests::ItemsPage;
 using tests::Range;
 
-TEST(RequestedPageSize, ReplacesTheProperty) {
-  ItemsPage page(45);
-  page.Ask("maxrecords", "5");
-  EXPECT_EQ(page.Shown(), Range(1, 5));
-  EXPECT_EQ(page.Settings().RecordsPerPage, 5);
-}
+/// What the page sets, what the visitor asks for, and what is shown then.
+struct PageCase {
+  std::string_view name;
+  std::vector<std::pair<std::string_view, component::PropertyValue>> set;
+  std::vector<std::pair<std::string_view, std::string_view>> asked;
+  std::vector<int> items;
+  int page_size = 20;
+  std::string_view counter = "";
+};
 
-TEST(RequestedPageSize, OfZeroIsTwenty) {
-  ItemsPage page(45);
-  page.Ask("maxrecords", "0");
-  EXPECT_EQ(page.Shown(), Range(1, 20));
-  EXPECT_EQ(page.Settings().RecordsPerPage, 20);
-}
-
-TEST(RequestedPageSize, BelowZeroIsTwenty) {
-  ItemsPage page(45);
-  page.view.Set("RecordsPerPage", std::int64_t{5});
-  page.Ask("maxrecords", "-3");
-  EXPECT_EQ(page.Shown(), Range(1, 20));
-  EXPECT_EQ(page.Settings().RecordsPerPage, 20);
-}
-
-TEST(RequestedPageSize, LeavesThePageAtItsFirstRecord) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", "21");
-  page.Ask("maxrecords", "10");
+void ExpectItems(ItemsPage& page, const PageCase& expected) {
+  for (const auto& [property, value] : expected.set) page.view.Set(property, value);
+  for (const auto& [key, value] : expected.asked) page.Ask(key, value);
   const std::string body = page.Render();
-  EXPECT_EQ(tests::ItemsShown(body), Range(21, 30));
-  EXPECT_NE(body.find("Records (21..30) of 45&nbsp;&nbsp;Page 3 of 5"), body.npos);
+  EXPECT_EQ(tests::ItemsShown(body), expected.items);
+  EXPECT_EQ(page.Settings().RecordsPerPage, expected.page_size);
+  EXPECT_NE(body.find(expected.counter), body.npos) << body;
+  EXPECT_EQ(page.ErrorMessage(), "");
 }
 
-TEST(RequestedPageSize, MayStartThePageInTheMiddleOfAnother) {
+component::PropertyValue NumberValue(std::int64_t number) { return number; }
+component::PropertyValue TextValue(std::string text) { return text; }
+
+class RequestedPage : public testing::TestWithParam<PageCase> {};
+
+TEST_P(RequestedPage, IsShown) {
   ItemsPage page(45);
-  page.Ask("CurrRecord", "21");
-  page.Ask("maxrecords", "30");
-  const std::string body = page.Render();
-  EXPECT_EQ(tests::ItemsShown(body), Range(21, 45));
-  EXPECT_NE(body.find("Records (21..45) of 45&nbsp;&nbsp;Page 1 of 2"), body.npos);
+  ExpectItems(page, GetParam());
 }
 
-TEST(RequestedPageSize, MayReachTheRecordLimitThatTheSetterRefuses) {
-  ItemsPage page(45);
-  page.view.Set("RecordsMaxLimit", std::int64_t{30});
-  page.Ask("maxrecords", "40");
-  EXPECT_EQ(page.Shown(), Range(1, 30));
-}
+const PageCase kPageSizes[] = {
+    {"OfTheRequestedSize", {}, {{"maxrecords", "5"}}, Range(1, 5), 5},
+    {"OfTwentyForASizeOfZero", {}, {{"maxrecords", "0"}}, Range(1, 20)},
+    {"OfTwentyForASizeBelowZero", {{"RecordsPerPage", NumberValue(5)}}, {{"maxrecords", "-3"}}, Range(1, 20)},
+    {"AtItsFirstRecordWhateverTheSize",
+     {},
+     {{"CurrRecord", "21"}, {"maxrecords", "10"}},
+     Range(21, 30),
+     10,
+     "Records (21..30) of 45&nbsp;&nbsp;Page 3 of 5"},
+    {"FromTheMiddleOfAnother",
+     {},
+     {{"CurrRecord", "21"}, {"maxrecords", "30"}},
+     Range(21, 45),
+     30,
+     "Records (21..45) of 45&nbsp;&nbsp;Page 1 of 2"},
+    {"UpToTheRecordLimitThatTheSetterRefuses",
+     {{"RecordsMaxLimit", NumberValue(30)}},
+     {{"maxrecords", "40"}},
+     Range(1, 30),
+     40},
+};
 
 TEST(PageSizeProperty, BelowOneIsTwenty) {
   ItemsPage page(45);
   page.view.Set("RecordsPerPage", std::int64_t{-3});
   EXPECT_EQ(page.Shown(), Range(1, 20));
 }
+
+const PageCase kFirstRecords[] = {
+    {"FromTheRequestedRecord", {}, {{"CurrRecord", " 21 "}}, Range(21, 40)},
+    {"FromTheFirstForARecordBelowOne", {}, {{"CurrRecord", "-5"}}, Range(1, 20)},
+    {"BehindTheFirstForARecordBelowOneAndNext", {}, {{"CurrRecord", "-5"}, {"NEXT.x", "1"}}, Range(21, 40)},
+    {"FromTheFirstForZero", {}, {{"CurrRecord", "0"}}, Range(1, 20)},
+    {"FromTheFirstForBlanks", {}, {{"CurrRecord", "  "}}, Range(1, 20)},
+    {"FromTheFirstOfTwoRequestedRecords", {}, {{"CurrRecord", "21"}, {"CurrRecord", "1"}}, Range(21, 40)},
+};
+
+INSTANTIATE_TEST_SUITE_P(Sizes, RequestedPage, testing::ValuesIn(kPageSizes), tests::kByName);
+INSTANTIATE_TEST_SUITE_P(Records, RequestedPage, testing::ValuesIn(kFirstRecords), tests::kByName);
 
 struct BadNumber {
   const char* key;
@@ -92,37 +111,6 @@ INSTANTIATE_TEST_SUITE_P(
                       BadNumber{"CurrRecord", "\xFF\x00"}, BadNumber{"BookMark", "x"},
                       BadNumber{"BookMark", "-99999999999"}));
 
-TEST(RequestedRecord, IsTheFirstOfThePage) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", " 21 ");
-  EXPECT_EQ(page.Shown(), Range(21, 40));
-}
-
-TEST(RequestedRecord, BelowOneIsOne) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", "-5");
-  EXPECT_EQ(page.Shown(), Range(1, 20));
-}
-
-TEST(RequestedRecord, BelowOneIsOneBeforeTheButtonsCount) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", "-5");
-  page.Ask("NEXT.x", "1");
-  EXPECT_EQ(page.Shown(), Range(21, 40));
-}
-
-TEST(RequestedRecord, OfZeroIsOne) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", "0");
-  EXPECT_EQ(page.Shown(), Range(1, 20));
-}
-
-TEST(RequestedRecord, OfBlanksIsOne) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", "  ");
-  EXPECT_EQ(page.Shown(), Range(1, 20));
-}
-
 TEST(RequestedRecord, MayBeTheLowestAndTheHighestNumber) {
   for (const char* number : {"-2147483648", "2147483647"}) {
     ItemsPage page(45);
@@ -138,13 +126,6 @@ TEST(RequestedRecord, IsFoundInAnyLetterCaseAndInTheFormFirst) {
   page.page.form.push_back({"MORVU1currrecord", "41"});
   page.Ask("CurrRecord", "21");
   EXPECT_EQ(page.Shown(), Range(41, 45));
-}
-
-TEST(RequestedRecord, GivenTwiceIsTheFirst) {
-  ItemsPage page(45);
-  page.Ask("CurrRecord", "21");
-  page.Ask("CurrRecord", "1");
-  EXPECT_EQ(page.Shown(), Range(21, 40));
 }
 
 TEST(RequestedRecord, OfAnotherTagIsNotTheViews) {
@@ -184,57 +165,42 @@ TEST(RequestedStatement, ReplacesTheStatementWithoutTheSettersEffects) {
   EXPECT_EQ(page.Settings().FormSQL, "SELECT * FROM Items");
 }
 
-TEST(RequestedOrder, SortsByColumnNumber) {
+class RequestedOrder : public testing::TestWithParam<PageCase> {};
+
+TEST_P(RequestedOrder, SortsTheItems) {
   ItemsPage page(3);
-  page.Ask("OrderByFields", "1");
-  page.Ask("OrderByDesc", "True");
-  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
+  ExpectItems(page, GetParam());
 }
 
-TEST(RequestedOrder, IsTrimmedAndKept) {
+const component::PropertyValue kDescending = true;
+
+const PageCase kOrders[] = {
+    {"ByColumnNumber", {}, {{"OrderByFields", "1"}, {"OrderByDesc", "True"}}, {3, 2, 1}},
+    {"DescendingForFalseToo", {}, {{"OrderByFields", "1"}, {"OrderByDesc", "False"}}, {3, 2, 1}},
+    {"DescendingForZeroToo", {}, {{"OrderByFields", "1"}, {"OrderByDesc", "0"}}, {3, 2, 1}},
+    {"DescendingForAnyText", {}, {{"OrderByFields", "1"}, {"OrderByDesc", "x"}}, {3, 2, 1}},
+    {"AsThePageSaysForBlanks",
+     {{"OrderByFields", TextValue("1")}, {"OrderByDesc", kDescending}},
+     {{"OrderByFields", " "}, {"OrderByDesc", ""}},
+     {3, 2, 1}},
+    {"AsThePageSaysTurnedRound", {{"OrderByFields", TextValue("1")}}, {{"OrderByDesc", "True"}}, {3, 2, 1}},
+    {"AscendingWithoutADirectionEvenWhenThePagePresetDescending",
+     {{"OrderByDesc", kDescending}},
+     {{"OrderByFields", "1"}},
+     {1, 2, 3}},
+    {"AsThePageSaysWithoutARequest",
+     {{"OrderByFields", TextValue("ID")}, {"OrderByDesc", kDescending}},
+     {},
+     {3, 2, 1}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Orders, RequestedOrder, testing::ValuesIn(kOrders), tests::kByName);
+
+TEST(RequestedOrderText, IsTrimmedAndKept) {
   ItemsPage page(3);
   page.Ask("OrderByFields", "  ID DESC ");
   EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
   EXPECT_EQ(page.Settings().OrderByFields, "ID DESC");
-}
-
-TEST(RequestedOrder, DescendsWithAnyTextForTheDirection) {
-  for (const char* direction : {"True", "False", "0", "x"}) {
-    ItemsPage page(3);
-    page.Ask("OrderByFields", "1");
-    page.Ask("OrderByDesc", direction);
-    EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1})) << direction;
-  }
-}
-
-TEST(RequestedOrder, OfBlanksIsNone) {
-  ItemsPage page(3);
-  page.view.Set("OrderByFields", std::string("1"));
-  page.view.Set("OrderByDesc", true);
-  page.Ask("OrderByFields", " ");
-  page.Ask("OrderByDesc", "");
-  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
-}
-
-TEST(RequestedDirection, AloneTurnsThePresetOrderRound) {
-  ItemsPage page(3);
-  page.view.Set("OrderByFields", std::string("1"));
-  page.Ask("OrderByDesc", "True");
-  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
-}
-
-TEST(RequestedOrder, WithoutADirectionIsAscendingEvenWhenThePagePresetDescending) {
-  ItemsPage page(3);
-  page.view.Set("OrderByDesc", true);
-  page.Ask("OrderByFields", "1");
-  EXPECT_EQ(page.Shown(), Range(1, 3));
-}
-
-TEST(PresetOrder, StaysWithoutARequestedOne) {
-  ItemsPage page(3);
-  page.view.Set("OrderByFields", std::string("ID"));
-  page.view.Set("OrderByDesc", true);
-  EXPECT_EQ(page.Shown(), (std::vector<int>{3, 2, 1}));
 }
 
 }  // namespace
