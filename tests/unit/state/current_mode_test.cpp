@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/named_cases.h"
 #include "support/view_page.h"
 
 namespace dralo::state {
@@ -11,7 +12,7 @@ struct CurrentModeTest : ::testing::Test {
   tests::ViewPage shop{tests::ViewPage::ItemsTable(3)};
   CurrentModeTest() { shop.view.Set("sql", std::string("SELECT * FROM Items")); }
 
-  void Set(std::string_view name, const char* text) { shop.view.Set(name, std::string(text)); }
+  void Set(std::string_view name, std::string_view text) { shop.view.Set(name, std::string(text)); }
   void Set(std::string_view name, std::int64_t number) { shop.view.Set(name, number); }
   std::string_view Mode() const { return shop.view.CurrentMode(); }
 };
@@ -42,15 +43,38 @@ TEST_F(CurrentModeTest, WithGridTypeAndOneRecordPerPageIsAOneRowGrid) {
   EXPECT_NE(shop.Render().find("Item 1</td>"), std::string::npos);
 }
 
-TEST_F(CurrentModeTest, FollowsTheFormWordOfTheDisplayTypeInAnyCase) {
-  Set("DisplayType", "My Form");
-  EXPECT_EQ(Mode(), "formview");
+struct ModeCase {
+  std::string_view name, type, options;
+  std::vector<std::pair<std::string_view, std::string_view>> asked;
+  std::string_view mode;
+};
+
+class ModeOf : public CurrentModeTest, public testing::WithParamInterface<ModeCase> {};
+
+TEST_P(ModeOf, AViewFollowsItsPropertiesAndTheRequest) {
+  Set("DisplayType", GetParam().type);
+  Set("EditOptions", GetParam().options);
+  for (const auto& [key, value] : GetParam().asked) shop.Ask(key, value);
+  EXPECT_EQ(Mode(), GetParam().mode);
 }
 
-TEST_F(CurrentModeTest, FollowsTheRequestedDisplayInAnyCase) {
-  shop.Ask("FormDisplay", " formonerec ");
-  EXPECT_EQ(Mode(), "formview");
-}
+const ModeCase kModes[] = {
+    {"TheFormWordOfTheDisplayTypeInAnyCase", "My Form", "", {}, "formview"},
+    {"TheRequestedDisplayInAnyCase", "default", "", {{"FormDisplay", " formonerec "}}, "formview"},
+    {"NoRequestedPageSizeThatIsNoNumber", "default", "", {{"maxrecords", "one"}}, "grid"},
+    {"NoEditButtonWithoutTheUpdateOption", "form", "", {{"FormEdit", "1"}}, "formview"},
+    {"TheEditButtonWithTheUpdateOption", "form", "update", {{"FormEdit", "1"}}, "formedit"},
+    {"NoviewToTheEditFormAtOnce", "form", "UPDATE NOVIEW", {}, "formedit"},
+    {"TheAddButtonBeforeNoview", "form", "UPDATE NOVIEW", {{"FormAdd", "1"}}, "formadd"},
+    {"NoAddButtonWithoutTheUpdateOption", "form", "ADD", {{"FormAdd", "1"}}, "formview"},
+    {"NoAddButtonInAGrid", "default", "ADD UPDATE", {{"FormAdd", "1"}}, "grid"},
+    {"TheCloseButtonOfAnEditForm", "form", "UPDATE", {{"FormEdit", "1"}, {"FormView", "Close"}}, "formview"},
+    {"TheCloseButtonOfAnAddForm", "form", "UPDATE", {{"FormAdd", "1"}, {"FormView", "Close"}}, "formview"},
+    {"AZeroAsAPresentValue", "form", "UPDATE", {{"FormEdit", "0"}}, "formedit"},
+    {"BlanksAsAnAbsentValue", "form", "UPDATE", {{"FormEdit", "  "}}, "formview"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rules, ModeOf, testing::ValuesIn(kModes), tests::kByName);
 
 TEST_F(CurrentModeTest, OfAnyOtherRequestedDisplayIsGrid) {
   for (const char* display : {"grid", "form", "formOneRecord", "1"}) {
@@ -67,25 +91,6 @@ TEST_F(CurrentModeTest, FollowsARequestedPageSizeWithoutTakingIt) {
   EXPECT_EQ(shop.view.GetSettings().RecordsPerPage, 20);
 }
 
-TEST_F(CurrentModeTest, IgnoresARequestedPageSizeThatIsNoNumber) {
-  shop.Ask("maxrecords", "one");
-  EXPECT_EQ(Mode(), "grid");
-}
-
-TEST_F(CurrentModeTest, NeedsTheUpdateOptionForTheEditForm) {
-  Set("DisplayType", "form");
-  shop.Ask("FormEdit", "1");
-  EXPECT_EQ(Mode(), "formview");
-  Set("EditOptions", "update");
-  EXPECT_EQ(Mode(), "formedit");
-}
-
-TEST_F(CurrentModeTest, WithNoviewIsTheEditFormAtOnce) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE NOVIEW");
-  EXPECT_EQ(Mode(), "formedit");
-}
-
 TEST_F(CurrentModeTest, WithNoviewStaysAGridWhenTheTypeIsGrid) {
   Set("DisplayType", "grid");
   Set("RecordsPerPage", 1);
@@ -93,42 +98,6 @@ TEST_F(CurrentModeTest, WithNoviewStaysAGridWhenTheTypeIsGrid) {
   EXPECT_EQ(Mode(), "grid");
   shop.Render();
   EXPECT_EQ(Mode(), "grid");
-}
-
-TEST_F(CurrentModeTest, PrefersTheAddFormToTheEditForm) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE NOVIEW");
-  shop.Ask("FormAdd", "1");
-  EXPECT_EQ(Mode(), "formadd");
-}
-
-TEST_F(CurrentModeTest, NeedsTheUpdateOptionForTheAddFormToo) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "ADD");
-  shop.Ask("FormAdd", "1");
-  EXPECT_EQ(Mode(), "formview");
-}
-
-TEST_F(CurrentModeTest, OfAGridStaysGridWhenARecordIsToBeAdded) {
-  Set("EditOptions", "ADD UPDATE");
-  shop.Ask("FormAdd", "1");
-  EXPECT_EQ(Mode(), "grid");
-}
-
-TEST_F(CurrentModeTest, GoesBackToTheViewWhenTheFormIsClosed) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE");
-  shop.Ask("FormEdit", "1");
-  shop.Ask("FormView", "Close");
-  EXPECT_EQ(Mode(), "formview");
-}
-
-TEST_F(CurrentModeTest, GoesBackToTheViewWhenAddingIsClosed) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE");
-  shop.Ask("FormAdd", "1");
-  shop.Ask("FormView", "Close");
-  EXPECT_EQ(Mode(), "formview");
 }
 
 /// A view whose last save has failed: nobody may change this table.
@@ -162,20 +131,6 @@ TEST_F(FailedSave, IsForgottenWhenTheNextRenderingSavesNothing) {
   shop.Render();
   shop.page.form.clear();
   shop.Render();
-  EXPECT_EQ(Mode(), "formview");
-}
-
-TEST_F(CurrentModeTest, TakesAZeroForAPresentValue) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE");
-  shop.Ask("FormEdit", "0");
-  EXPECT_EQ(Mode(), "formedit");
-}
-
-TEST_F(CurrentModeTest, TakesAValueOfBlanksForAnAbsentOne) {
-  Set("DisplayType", "form");
-  Set("EditOptions", "UPDATE");
-  shop.Ask("FormEdit", "  ");
   EXPECT_EQ(Mode(), "formview");
 }
 
