@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "component/db_connection.h"
+#include "support/named_cases.h"
 #include "support/view_page.h"
 
 namespace dralo::settings {
@@ -48,30 +49,13 @@ TEST_F(Sql, CopiesDoNotSwitchTheFormattingOfTheFormOff) {
   EXPECT_TRUE(settings.ApplyColFormattingToForm);
 }
 
-TEST_F(Sql, ThatBeginsWithExecIsACommand) {
-  SetSqlTo("EXEC Top10");
-  EXPECT_TRUE(settings.has_stored_procedure);
-  EXPECT_EQ(settings.StoredProcCommand->command_text, "EXEC Top10");
-}
-
-TEST_F(Sql, ThatBeginsWithSelectInLowerCaseIsAQuery) {
+TEST_F(Sql, IsACommandUnlessItBeginsWithSelectAndABlank) {
+  for (const char* command : {"EXEC Top10", "SELECT\n1", ""}) {
+    SetSqlTo(command);
+    EXPECT_TRUE(settings.has_stored_procedure) << command;
+    EXPECT_EQ(settings.StoredProcCommand->command_text, command);
+  }
   SetSqlTo("  select 1");
-  EXPECT_FALSE(settings.has_stored_procedure);
-}
-
-TEST_F(Sql, WithALineBreakDirectlyBehindSelectIsACommand) {
-  SetSqlTo("SELECT\n1");
-  EXPECT_TRUE(settings.has_stored_procedure);
-}
-
-TEST_F(Sql, ThatIsEmptyIsACommand) {
-  SetSqlTo("");
-  EXPECT_TRUE(settings.has_stored_procedure);
-}
-
-TEST_F(Sql, ThatIsAQueryTakesTheCommandBack) {
-  SetSqlTo("EXEC Top10");
-  SetSqlTo("SELECT 1");
   EXPECT_FALSE(settings.has_stored_procedure);
 }
 
@@ -103,68 +87,51 @@ TEST_F(FormSql, AfterSqlWasSetTwiceFindsTheFirstTextInTheEditStatementAndKeepsIt
   EXPECT_EQ(settings.EditSQL, "SELECT 1");
 }
 
-TEST(EditOptions, AllInLowerCaseReadsBackWithTheWordsItStandsFor) {
-  Settings settings;
-  SetEditOptions(settings, "all");
-  EXPECT_EQ(settings.EditOptions, "ALL ADD UPDATE DELETE");
-}
-
 TEST(EditOptions, AreTrimmedAndWrittenInCapitals) {
   Settings settings;
   SetEditOptions(settings, " add update ");
   EXPECT_EQ(settings.EditOptions, "ADD UPDATE");
+  SetEditOptions(settings, "all");
+  EXPECT_EQ(settings.EditOptions, "ALL ADD UPDATE DELETE") << "with the words that it stands for";
 }
 
-TEST(Width, LosesQuotesOfBothKinds) {
+struct WidthCase {
+  std::string_view name, width, grid_tag, width_after;
+};
+
+class WidthOf : public testing::TestWithParam<WidthCase> {};
+
+TEST_P(WidthOf, AGridTableTagBecomesTheViewsWhereThatHasNone) {
   Settings settings;
-  SetWidth(settings, "50%\"");
-  EXPECT_EQ(settings.Width, "50%");
-  SetWidth(settings, "'600'");
-  EXPECT_EQ(settings.Width, "600");
+  SetWidth(settings, GetParam().width);
+  SetGridTableTag(settings, std::string(GetParam().grid_tag));
+  EXPECT_EQ(settings.Width, GetParam().width_after);
+  EXPECT_EQ(settings.GridTableTag, GetParam().grid_tag);
 }
+
+constexpr WidthCase kWidths[] = {
+    {"WithoutDoubleQuotesWhereThePageSetIt", "50%\"", "", "50%"},
+    {"WithoutSingleQuotesWhereThePageSetIt", "'600'", "", "600"},
+    {"WithoutQuotes", "", "Width='600' border=0", "600"},
+    {"BehindLettersWhoseCapitalsTakeFewerBytes", "", "title='ıııııııııı' a=1 width=600", "600"},
+    {"NeverWhereThePageSetIt", "50%", "width=600", "50%"},
+    {"NeverWithTheWordWidthButNoValue", "", "width", ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(Tags, WidthOf, testing::ValuesIn(kWidths), tests::kByName);
 
 TEST(TableTag, GetsCellSpacingInFrontWhenItHasNone) {
   Settings settings;
   SetTableTag(settings, R"(border="1")");
   EXPECT_EQ(settings.TableTag, R"(cellspacing="0" border="1")");
-}
-
-TEST(TableTag, KeepsACellSpacingOfItsOwn) {
-  Settings settings;
   SetTableTag(settings, R"(CellSpacing=4)");
-  EXPECT_EQ(settings.TableTag, R"(CellSpacing=4)");
+  EXPECT_EQ(settings.TableTag, R"(CellSpacing=4)") << "one of its own";
 }
 
 TEST(TableTag, GivesItsWidthToTheView) {
   Settings settings;
   SetTableTag(settings, R"(border="1" width = "80%" bgcolor="red")");
   EXPECT_EQ(settings.Width, "80%");
-}
-
-TEST(GridTableTag, GivesItsWidthToTheViewWithoutQuotes) {
-  Settings settings;
-  SetGridTableTag(settings, "Width='600' border=0");
-  EXPECT_EQ(settings.Width, "600");
-  EXPECT_EQ(settings.GridTableTag, "Width='600' border=0");
-}
-
-TEST(GridTableTag, GivesItsWidthBehindLettersWhoseCapitalsTakeFewerBytes) {
-  Settings settings;
-  SetGridTableTag(settings, "title='ıııııııııı' a=1 width=600");
-  EXPECT_EQ(settings.Width, "600");
-}
-
-TEST(GridTableTag, NeverOverwritesAWidthThatWasSet) {
-  Settings settings;
-  SetWidth(settings, "50%");
-  SetGridTableTag(settings, "width=600");
-  EXPECT_EQ(settings.Width, "50%");
-}
-
-TEST(GridTableTag, WithTheWordWidthButNoValueGivesNone) {
-  Settings settings;
-  SetGridTableTag(settings, "width");
-  EXPECT_EQ(settings.Width, "");
 }
 
 TEST(DisplayNavBar, AtTheTopWithALastPageButtonSwitchesCountingOn) {
@@ -320,25 +287,37 @@ TEST(Language, SetBeforeACustomListIsKeptForTheOtherTables) {
   EXPECT_EQ(settings.language_tables->buttons[kSave], "Lagre");
 }
 
-TEST(LanguageString, WithElevenItemsIsRefusedWithTheNumberTen) {
-  Settings settings;
-  SetLanguageString(settings, "a,b,c,d,e,f,g,h,i,j,k");
-  EXPECT_EQ(settings.ErrorMessage,
-            "Wrong number of strings set in the LanguageString. 10 was given. The correct number of strings "
-            "separated "
-            "by comma is 12!<br>");
-  EXPECT_EQ(settings.language_tables->navigation[kNextRecord], "Next");
-}
+struct ShortList {
+  std::string_view name;
+  void (*set)(Settings&, std::string_view);
+  std::string_view list, message;
+};
 
-TEST(LanguageString, ThatIsEmptyIsRefusedWithTheNumberZero) {
+class ShortTextList : public testing::TestWithParam<ShortList> {};
+
+TEST_P(ShortTextList, IsRefusedWithTheNumberOfItsLastItem) {
   Settings settings;
-  SetLanguageString(settings, "");
-  EXPECT_EQ(settings.ErrorMessage,
-            "Wrong number of strings set in the LanguageString. 0 was given. The correct number of strings "
-            "separated "
-            "by comma is 12!<br>");
+  GetParam().set(settings, GetParam().list);
+  EXPECT_EQ(settings.ErrorMessage, GetParam().message);
   EXPECT_EQ(settings.language_tables, BuiltInTables("ENG"));
 }
+
+constexpr ShortList kShortLists[] = {
+    {"OfElevenNavigationTexts", SetLanguageString, "a,b,c,d,e,f,g,h,i,j,k",
+     "Wrong number of strings set in the LanguageString. 10 was given. The correct number of strings "
+     "separated by comma is 12!<br>"},
+    {"OfNoNavigationText", SetLanguageString, "",
+     "Wrong number of strings set in the LanguageString. 0 was given. The correct number of strings "
+     "separated by comma is 12!<br>"},
+    {"OfFourCaptions", SetLanguageBtnString, "a,b,c,d",
+     "Wrong number of strings set in the LanguageBtnString. 3 was given. The correct number of strings "
+     "separated by comma is 5!<br>"},
+    {"OfTwoOutcomesUnderItsOtherName", SetLangUpdString, "a,b",
+     "Wrong number of strings set in the LanguageUpdString. 1 was given. The correct number of strings "
+     "separated by comma is 3!<br>"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Lists, ShortTextList, testing::ValuesIn(kShortLists), tests::kByName);
 
 TEST(LanguageString, OfMoreThanTwelveItemsKeepsThemAll) {
   Settings settings;
@@ -360,24 +339,6 @@ TEST(LanguageBtnString, WithSixItemsIsAccepted) {
   SetLanguageBtnString(settings, "Change,Store,Back,New,Drop,Extra");
   EXPECT_EQ(settings.ErrorMessage, "");
   EXPECT_EQ(settings.language_tables->buttons[kDelete], "Drop");
-}
-
-TEST(LanguageBtnString, WithFourItemsIsRefusedWithTheNumberThree) {
-  Settings settings;
-  SetLanguageBtnString(settings, "a,b,c,d");
-  EXPECT_EQ(
-      settings.ErrorMessage,
-      "Wrong number of strings set in the LanguageBtnString. 3 was given. The correct number of strings "
-      "separated by comma is 5!<br>");
-}
-
-TEST(LangUpdString, WithTwoItemsIsRefusedUnderItsOtherName) {
-  Settings settings;
-  SetLangUpdString(settings, "a,b");
-  EXPECT_EQ(
-      settings.ErrorMessage,
-      "Wrong number of strings set in the LanguageUpdString. 1 was given. The correct number of strings "
-      "separated by comma is 3!<br>");
 }
 
 TEST(LangUpdString, WithFourItemsReplacesAllMessages) {
