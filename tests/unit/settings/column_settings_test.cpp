@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace dralo::tests {
 namespace {
@@ -11,26 +12,34 @@ namespace {
 using settings::SetGridFreeFormatCell;
 using settings::SetGridFreeFormatCellByCol;
 using settings::Settings;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A text that no string can hold, so that storing it fails.
 std::string_view TooLong() { return {"", std::string().max_size() + 1}; }
+
+using Reader = std::string_view (*)(const Settings&, int, settings::ErrorReport);
+
+std::string_view Read(Reader read, Settings& settings, int column) {
+  return read(settings, column, settings::ErrorReport(settings.ErrorMessage));
+}
+
+/// What the property GridFreeFormatCellByCol holds.
+void ExpectTemplates(const Settings& settings, std::string_view columns,
+                     const std::vector<std::string>& values) {
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, columns);
+  EXPECT_EQ(settings.GridFreeFormatCellByCol.values, values);
+}
 
 TEST(ColumnSettings, KeepColumnsAndTextsInTheOrderOfTheirFirstSetting) {
   Settings settings;
 
   SetGridFreeFormatCellByCol(settings, 3, "#Name#");
-  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "3");
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("3", "#Name#"));
+  ExpectTemplates(settings, "3", {"3", "#Name#"});
 
   SetGridFreeFormatCellByCol(settings, 5, "x");
-  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "3,5");
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("3", "#Name#", "5", "x"));
+  ExpectTemplates(settings, "3,5", {"3", "#Name#", "5", "x"});
 
   SetGridFreeFormatCellByCol(settings, 3, "new");
-  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "3,5");
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("3", "new", "5", "x"));
+  ExpectTemplates(settings, "3,5", {"3", "new", "5", "x"});
 }
 
 TEST(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
@@ -40,35 +49,32 @@ TEST(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
   settings::SetGridColAttributes(settings, 0, " b ");
   settings::SetGridColHeadAttributes(settings, -4, " c ");
 
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 1, settings::ErrorReport(settings.ErrorMessage)),
-            " a ");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
-            "UCASE");
-  EXPECT_EQ(settings::GridColAttributes(settings, 0, settings::ErrorReport(settings.ErrorMessage)), " b ");
-  EXPECT_EQ(settings::GridColHeadAttributes(settings, -4, settings::ErrorReport(settings.ErrorMessage)),
-            " c ");
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 1), " a ");
+  EXPECT_EQ(Read(settings::GridFormatCellFunction, settings, 2), "UCASE");
+  EXPECT_EQ(Read(settings::GridColAttributes, settings, 0), " b ");
+  EXPECT_EQ(Read(settings::GridColHeadAttributes, settings, -4), " c ");
 }
 
 TEST(ColumnSettings, ReadAsEmptyWithoutAMessageForAColumnThatHasNone) {
   Settings settings;
   settings::SetGridColAttributes(settings, 1, "nowrap");
 
-  EXPECT_EQ(settings::GridColAttributes(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
-  EXPECT_EQ(settings::GridColHeadAttributes(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 9, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(Read(settings::GridColAttributes, settings, 9), "");
+  EXPECT_EQ(Read(settings::GridColHeadAttributes, settings, 9), "");
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 9), "");
+  EXPECT_EQ(Read(settings::GridFormatCellFunction, settings, 9), "");
   EXPECT_EQ(settings.ErrorMessage, "");
 }
 
 TEST(ColumnSettings, AreReportedWhenAReaderCountsOnAMissingOne) {
   Settings settings;
 
-  EXPECT_EQ(settings::GetFreeCellStringRaw(settings, 3, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(Read(settings::GetFreeCellStringRaw, settings, 3), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=-1<br>");
 
   settings.ErrorMessage.clear();
-  EXPECT_EQ(settings::GetFormatCellStringRaw(settings, 4, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(Read(settings::GetFormatCellStringRaw, settings, 4), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFormatCellStringRaw. index=4, nArrIdx=-1<br>");
 }
@@ -87,31 +93,22 @@ TEST(ColumnSettings, StripAFormatFunctionOfANewColumnOnly) {
   Settings settings;
 
   settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
-            "LEFT,3");
+  EXPECT_EQ(Read(settings::GridFormatCellFunction, settings, 2), "LEFT,3");
 
   settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
-  EXPECT_EQ(settings::GridFormatCellFunction(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
-            "  LEFT,3 ");
+  EXPECT_EQ(Read(settings::GridFormatCellFunction, settings, 2), "  LEFT,3 ");
 }
 
-TEST(ColumnSettings, ShowTheStepsWhenTheFirstTemplateCannotBeStored) {
-  Settings settings;
-
-  SetGridFreeFormatCellByCol(settings, 3, TooLong());
-
-  EXPECT_THAT(settings.ErrorMessage,
+TEST(ColumnSettings, ShowTheStepsWhenATemplateCannotBeStored) {
+  Settings first;
+  SetGridFreeFormatCellByCol(first, 3, TooLong());
+  EXPECT_THAT(first.ErrorMessage,
               testing::EndsWith(" in GridFreeFormatCellByCol. trace=Setting initial array. "
                                 "mvarGridFreeFormatCellIdx=3<br>Setting marrGridFreeCell(0)=3<br><br>"));
-}
-
-TEST(ColumnSettings, ShowTheStepsWhenAFurtherTemplateCannotBeStored) {
-  Settings settings;
-  SetGridFreeFormatCellByCol(settings, 3, "x");
-
-  SetGridFreeFormatCellByCol(settings, 5, TooLong());
-
-  EXPECT_THAT(settings.ErrorMessage,
+  Settings further;
+  SetGridFreeFormatCellByCol(further, 3, "x");
+  SetGridFreeFormatCellByCol(further, 5, TooLong());
+  EXPECT_THAT(further.ErrorMessage,
               testing::EndsWith(" in GridFreeFormatCellByCol. trace=Expanding array. currUBound=1, "
                                 "mvarGridFreeFormatCellIdx=3,5<br>Setting marrGridFreeCell(2)=5<br><br>"));
 }
@@ -141,9 +138,7 @@ TEST(BulkTemplates, AreNumberAndTemplateInTurn) {
 
   SetGridFreeFormatCell(settings, "2,<b>#Title#</b>,4,#Price# EUR");
 
-  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2,4");
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values,
-              ElementsAre("2", "<b>#Title#</b>", "4", "#Price# EUR"));
+  ExpectTemplates(settings, "2,4", {"2", "<b>#Title#</b>", "4", "#Price# EUR"});
   EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 9));
 }
 
@@ -154,8 +149,7 @@ TEST(BulkTemplates, NeverMatchAColumnWhoseNumberBeginsWithABlank) {
 
   EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2, 4");
   EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 4));
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
-            "x");
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 2), "x");
 }
 
 TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
@@ -164,10 +158,8 @@ TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
 
   SetGridFreeFormatCell(settings, "2||a,b||4||c");
 
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2, settings::ErrorReport(settings.ErrorMessage)),
-            "a,b");
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 4, settings::ErrorReport(settings.ErrorMessage)),
-            "c");
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 2), "a,b");
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 4), "c");
 }
 
 TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
@@ -176,9 +168,8 @@ TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
 
   SetGridFreeFormatCell(settings, "");
 
-  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2");
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, IsEmpty());
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 2, settings::ErrorReport(settings.ErrorMessage)), "");
+  ExpectTemplates(settings, "2", {});
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 2), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=2, nArrIdx=1<br>");
 }
@@ -189,7 +180,7 @@ TEST(BulkTemplates, ReportALastColumnWithoutATemplate) {
   SetGridFreeFormatCell(settings, "2,x,3");
 
   EXPECT_TRUE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 3));
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 3, settings::ErrorReport(settings.ErrorMessage)), "");
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 3), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=3<br>");
 }
@@ -202,8 +193,7 @@ TEST(BulkTemplates, CanBeSetByColumnAfterAnEmptyText) {
   SetGridFreeFormatCellByCol(settings, 4, "new");
   SetGridFreeFormatCellByCol(settings, 7, "other");
 
-  EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2,4,7");
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("2", "", "4", "new", "7", "other"));
+  ExpectTemplates(settings, "2,4,7", {"2", "", "4", "new", "7", "other"});
   EXPECT_EQ(settings.ErrorMessage, "");
 }
 
@@ -213,9 +203,8 @@ TEST(BulkTemplates, GetTheirMissingTemplateWhenAnotherColumnIsSet) {
 
   SetGridFreeFormatCellByCol(settings, 5, "y");
 
-  EXPECT_THAT(settings.GridFreeFormatCellByCol.values, ElementsAre("2", "x", "3", "", "5", "y"));
-  EXPECT_EQ(settings::GridFreeFormatCellByCol(settings, 5, settings::ErrorReport(settings.ErrorMessage)),
-            "y");
+  ExpectTemplates(settings, "2,3,5", {"2", "x", "3", "", "5", "y"});
+  EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 5), "y");
 }
 
 }  // namespace
