@@ -2,89 +2,59 @@
 
 #include <gtest/gtest.h>
 
+#include "support/named_cases.h"
+
 namespace dralo::tests {
 namespace {
 
 using settings::Settings;
 
-TEST(GridFieldsHide, NamesFieldsInAnyLetterCase) {
+struct ShownCase {
+  std::string_view name, hide, show, field;
+  int number;
+  bool is_shown;
+};
+
+class GridField : public testing::TestWithParam<ShownCase> {};
+
+TEST_P(GridField, IsShownOrHidden) {
   Settings settings;
-  settings.GridFieldsHide = "ID,Name";
-
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "name", 2));
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "Id", 1));
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "City", 3));
+  settings.GridFieldsHide = GetParam().hide;
+  settings.GridFieldsShow = GetParam().show;
+  EXPECT_EQ(settings::IsGridFieldShown(settings, GetParam().field, GetParam().number), GetParam().is_shown);
 }
 
-TEST(GridFieldsHide, DoesNotTrimItsItems) {
-  Settings settings;
-  settings.GridFieldsHide = "ID, Name";
+constexpr ShownCase kHideLists[] = {
+    {"HidesNamesInSmallLetters", "ID,Name", "", "name", 2, false},
+    {"HidesNamesInAnyLetterCase", "ID,Name", "", "Id", 1, false},
+    {"ShowsOtherNames", "ID,Name", "", "City", 3, true},
+    {"DoesNotTrimItsItems", "ID, Name", "", "Name", 2, true},
+    {"HidesNamesWithABlankInFront", "ID, Name", "", " Name", 2, false},
+    {"HidesFieldsByNumber", "x,2", "", "Name", 2, false},
+    {"HidesFieldsByTheWholeNumber", "x,2", "", "Name", 12, true},
+    {"HidesItsFieldWhateverIsInTheShowList", "Price", "Name", "Price", 3, false},
+    {"ShowsAFieldOfTheShowList", "Price", "Name", "Name", 1, true},
+    {"MakesTheShowListIgnored", "Price", "Name", "City", 2, true},
+    {"OfBlanksLeavesTheShowListValid", "  ", "Name", "Name", 1, true},
+    {"OfBlanksCountsAsEmpty", "  ", "Name", "City", 2, false},
+    {"GivesAStarNoMeaning", "*", "", "Name", 1, true},
+    {"TakesAStarForAName", "*", "", "*", 2, false},
+    {"DoesNotMatchAnEmptyName", "a,,b", "", "", 2, true},
+    {"DoesNotMatchABlankName", "a,,b", "", " ", 2, true},
+    {"MatchesTheNumberOfAnEmptyName", "a,,2", "", "", 2, false},
+};
 
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Name", 2));
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, " Name", 2));
-}
+constexpr ShownCase kShowLists[] = {
+    {"ShowsNamedFields", "", "NAME,3", "Name", 1, true},
+    {"HidesOtherFields", "", "NAME,3", "City", 2, false},
+    {"ShowsNumberedFields", "", "NAME,3", "Price", 3, true},
+    {"GivesAStarNoMeaning", "", "*", "Name", 1, false},
+    {"ThatIsEmptyShowsEveryField", "", "", "Name", 1, true},
+    {"ThatIsEmptyShowsFieldsWithoutAName", "", "", "", 2, true},
+};
 
-TEST(GridFieldsHide, NamesFieldsByNumber) {
-  Settings settings;
-  settings.GridFieldsHide = "x,2";
-
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "Name", 2));
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Name", 12));
-}
-
-TEST(GridFieldsHide, MakesTheShowListIgnored) {
-  Settings settings;
-  settings.GridFieldsHide = "Price";
-  settings.GridFieldsShow = "Name";
-
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "Price", 3));
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Name", 1));
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "City", 2));
-}
-
-TEST(GridFieldsHide, CountsAsEmptyWhenItIsBlank) {
-  Settings settings;
-  settings.GridFieldsHide = "  ";
-  settings.GridFieldsShow = "Name";
-
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Name", 1));
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "City", 2));
-}
-
-TEST(GridFieldsHide, GivesAStarNoMeaning) {
-  Settings settings;
-  settings.GridFieldsHide = "*";
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Name", 1));
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "*", 2));
-
-  settings.GridFieldsHide = "";
-  settings.GridFieldsShow = "*";
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "Name", 1));
-}
-
-TEST(GridFieldsShow, ShowsNamedAndNumberedFieldsOnly) {
-  Settings settings;
-  settings.GridFieldsShow = "NAME,3";
-
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Name", 1));
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "City", 2));
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "Price", 3));
-}
-
-TEST(GridFieldsShow, ShowsEveryFieldWhenBothListsAreEmpty) {
-  EXPECT_TRUE(settings::IsGridFieldShown(Settings(), "Name", 1));
-  EXPECT_TRUE(settings::IsGridFieldShown(Settings(), "", 2));
-}
-
-TEST(FieldLists, NeverMatchAnEmptyNameButItsNumber) {
-  Settings settings;
-  settings.GridFieldsHide = "a,,b";
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, "", 2));
-  EXPECT_TRUE(settings::IsGridFieldShown(settings, " ", 2));
-
-  settings.GridFieldsHide = "a,,2";
-  EXPECT_FALSE(settings::IsGridFieldShown(settings, "", 2));
-}
+INSTANTIATE_TEST_SUITE_P(HideList, GridField, testing::ValuesIn(kHideLists), kByName);
+INSTANTIATE_TEST_SUITE_P(ShowList, GridField, testing::ValuesIn(kShowLists), kByName);
 
 TEST(FormFields, HaveListsOfTheirOwn) {
   Settings settings;
@@ -156,40 +126,37 @@ TEST(SuppressDuplicatePosition, GivesAStarNoMeaning) {
   EXPECT_EQ(settings::SuppressDuplicatePosition(settings, "Name", 1), 0);
 }
 
-TEST(DisplayNames, NameColumnsByPosition) {
-  Settings settings;
-  settings.GridDisplayFieldNames = "Id,,Price";
+struct NameCase {
+  std::string_view name, list, field;
+  int number;
+  std::string_view shown;
+};
 
-  EXPECT_EQ(settings::GridDisplayName(settings, "ART_ID", 1), "Id");
-  EXPECT_EQ(settings::GridDisplayName(settings, "NAME", 2), "NAME");
-  EXPECT_EQ(settings::GridDisplayName(settings, "PRC", 3), "Price");
+class DisplayName : public testing::TestWithParam<NameCase> {};
+
+TEST_P(DisplayName, IsTheItemAtThePositionElseTheFieldName) {
+  Settings grid;
+  grid.GridDisplayFieldNames = GetParam().list;
+  grid.FormDisplayFieldNames = "form,form,form";
+  EXPECT_EQ(settings::GridDisplayName(grid, GetParam().field, GetParam().number), GetParam().shown);
+  Settings form;
+  form.GridDisplayFieldNames = "grid,grid,grid";
+  form.FormDisplayFieldNames = GetParam().list;
+  EXPECT_EQ(settings::FormDisplayName(form, GetParam().field, GetParam().number), GetParam().shown);
 }
 
-TEST(DisplayNames, LeaveTheOtherColumnsTheirFieldNames) {
-  Settings settings;
-  settings.GridDisplayFieldNames = "Id";
+constexpr NameCase kNames[] = {
+    {"OfTheFirstColumn", "Id,,Price", "ART_ID", 1, "Id"},
+    {"WithoutAnItem", "Id,,Price", "NAME", 2, "NAME"},
+    {"OfALaterColumn", "Id,,Price", "PRC", 3, "Price"},
+    {"BehindTheList", "Id", "NAME", 2, "NAME"},
+    {"FarBehindTheList", "Id", "NAME", 300, "NAME"},
+    {"WithoutAList", "", "NAME", 1, "NAME"},
+    {"EmptyForBlanks", "Id, ,  the price ", "NAME", 2, "&nbsp;"},
+    {"WithBlanksAroundWords", "Id, ,  the price ", "PRC", 3, "  the price "},
+};
 
-  EXPECT_EQ(settings::GridDisplayName(settings, "NAME", 2), "NAME");
-  EXPECT_EQ(settings::GridDisplayName(settings, "NAME", 300), "NAME");
-  EXPECT_EQ(settings::GridDisplayName(Settings(), "NAME", 1), "NAME");
-}
-
-TEST(DisplayNames, GiveAnEmptyHeaderForBlanksAndKeepBlanksAroundWords) {
-  Settings settings;
-  settings.GridDisplayFieldNames = "Id, ,  the price ";
-
-  EXPECT_EQ(settings::GridDisplayName(settings, "NAME", 2), "&nbsp;");
-  EXPECT_EQ(settings::GridDisplayName(settings, "PRC", 3), "  the price ");
-}
-
-TEST(DisplayNames, OfTheFormHaveAListOfTheirOwn) {
-  Settings settings;
-  settings.GridDisplayFieldNames = "grid";
-  settings.FormDisplayFieldNames = "form";
-
-  EXPECT_EQ(settings::FormDisplayName(settings, "NAME", 1), "form");
-  EXPECT_EQ(settings::FormDisplayName(settings, "NAME", 2), "NAME");
-}
+INSTANTIATE_TEST_SUITE_P(Lists, DisplayName, testing::ValuesIn(kNames), kByName);
 
 TEST(GridColumnSpan, SubtractsHiddenAndAddsShownItemsAndTheIndex) {
   Settings settings;
