@@ -5,6 +5,8 @@
 #include <string>
 
 #include "support/fake_page.h"
+#include "support/fields_of.h"
+#include "support/named_cases.h"
 
 namespace dralo::state {
 namespace {
@@ -47,56 +49,41 @@ TEST(RequestKeys, HaveTheirNamesInTheLetterCaseOfThePage) {
   EXPECT_EQ(key::kToExcel, "ToExcel");
 }
 
-TEST(RequestKeys, AreReadFromTheQueryStringAndFromThePostedForm) {
-  FakePage page;
-  page.query = {{"Morvu1CurrRecord", "21"}};
-  page.form = {{"Morvu1PK", "7"}};
-  const RequestKeys keys(page.GetRequest(), "1");
+struct KeyCase {
+  std::string_view name, query, form, tag, key, value;
+};
 
-  EXPECT_EQ(keys.Value(key::kCurrRecord), "21");
-  EXPECT_EQ(keys.Value(key::kPrimaryKey), "7");
-  EXPECT_EQ(keys.Value(key::kSql), "");
+class RequestKey : public testing::TestWithParam<KeyCase> {};
+
+TEST_P(RequestKey, HasAValue) {
+  FakePage page;
+  page.query = tests::FieldsOf(GetParam().query);
+  page.form = tests::FieldsOf(GetParam().form);
+  EXPECT_EQ(RequestKeys(page.GetRequest(), GetParam().tag).Value(GetParam().key), GetParam().value);
 }
 
-TEST(RequestKeys, PreferThePostedForm) {
-  FakePage page;
-  page.query = {{"Morvu1CurrRecord", "21"}};
-  page.form = {{"Morvu1CurrRecord", "41"}};
+constexpr KeyCase kValuesOfKeys[] = {
+    {"FromTheQueryString", "Morvu1CurrRecord:21", "Morvu1PK:7", "1", key::kCurrRecord, "21"},
+    {"FromThePostedForm", "Morvu1CurrRecord:21", "Morvu1PK:7", "1", key::kPrimaryKey, "7"},
+    {"FromNeither", "Morvu1CurrRecord:21", "Morvu1PK:7", "1", key::kSql, ""},
+    {"FromThePostedFormBeforeTheQueryString", "Morvu1CurrRecord:21", "Morvu1CurrRecord:41", "1",
+     key::kCurrRecord, "41"},
+    {"FromTheFirstOfSeveral", "", "Morvu1CurrRecord:21|Morvu1CurrRecord:1", "1", key::kCurrRecord, "21"},
+    {"InCapitals", "MORVU1BOOKMARK:3", "", "1", key::kBookmark, "3"},
+    {"AskedForInAnotherLetterCase", "MORVU1BOOKMARK:3", "", "1", "Bookmark", "3"},
+    {"InAnyLetterCase", "morvu1curRrecord:4", "", "1", key::kCurrRecord, "4"},
+    {"InAnyLetterCaseOfATagBeyondAscii", "morvuøPK:3", "", "Ø", key::kPrimaryKey, "3"},
+    {"OfTheSameLetterOfATagOnly", "morvuøPK:3", "", "O", key::kPrimaryKey, ""},
+    {"WithoutTheBlanksAroundIt", "Morvu1OrderByFields:  Name, City  ", "", "1", key::kOrderByFields,
+     "Name, City"},
+    {"OfTheFirstTag", "", "Morvu1PK:21|Morvu2PK:41|Morvu12PK:61", "1", key::kPrimaryKey, "21"},
+    {"OfTheSecondTag", "", "Morvu1PK:21|Morvu2PK:41|Morvu12PK:61", "2", key::kPrimaryKey, "41"},
+    {"OfALongTag", "", "Morvu1PK:21|Morvu2PK:41|Morvu12PK:61", "12", key::kPrimaryKey, "61"},
+    {"OfTheWholeNameOnly", "", "xMorvu1PK:1|Morvu1PKx:2|Morvu1P:3|Morvu1:4| Morvu1PK:5", "1",
+     key::kPrimaryKey, ""},
+};
 
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "1").Value(key::kCurrRecord), "41");
-}
-
-TEST(RequestKeys, TakeTheFirstOfSeveralValues) {
-  FakePage page;
-  page.form = {{"Morvu1CurrRecord", "21"}, {"Morvu1CurrRecord", "1"}};
-
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "1").Value(key::kCurrRecord), "21");
-}
-
-TEST(RequestKeys, AreFoundInAnyLetterCase) {
-  FakePage page;
-  page.query = {{"MORVU1BOOKMARK", "3"}, {"morvu1curRrecord", "4"}};
-  const RequestKeys keys(page.GetRequest(), "1");
-
-  EXPECT_EQ(keys.Value("Bookmark"), "3");
-  EXPECT_EQ(keys.Value(key::kBookmark), "3");
-  EXPECT_EQ(keys.Value(key::kCurrRecord), "4");
-}
-
-TEST(RequestKeys, AreFoundInAnyLetterCaseOfATagBeyondAscii) {
-  FakePage page;
-  page.query = {{"morvuøPK", "3"}};
-
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "Ø").Value(key::kPrimaryKey), "3");
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "O").Value(key::kPrimaryKey), "");
-}
-
-TEST(RequestKeys, KeepTheBlanksInsideAValueOnly) {
-  FakePage page;
-  page.query = {{"Morvu1OrderByFields", "  Name, City  "}};
-
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "1").Value(key::kOrderByFields), "Name, City");
-}
+INSTANTIATE_TEST_SUITE_P(Requests, RequestKey, testing::ValuesIn(kValuesOfKeys), tests::kByName);
 
 TEST(RequestKeys, AreAbsentWhenTheirValueIsBlank) {
   FakePage page;
@@ -126,22 +113,6 @@ TEST(RequestKeys, SeeAPressedImageButtonByItsCoordinateOnly) {
   EXPECT_FALSE(keys.WasPressed(key::kPrevious));
   EXPECT_FALSE(keys.WasPressed(key::kLast));
   EXPECT_FALSE(keys.WasPressed(key::kFirst));
-}
-
-TEST(RequestKeys, OfViewsWithDifferentTagsStayApart) {
-  FakePage page;
-  page.form = {{"Morvu1CurrRecord", "21"}, {"Morvu2CurrRecord", "41"}, {"Morvu12CurrRecord", "61"}};
-
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "1").Value(key::kCurrRecord), "21");
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "2").Value(key::kCurrRecord), "41");
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "12").Value(key::kCurrRecord), "61");
-}
-
-TEST(RequestKeys, AreTheWholeNameOfAField) {
-  FakePage page;
-  page.form = {{"xMorvu1PK", "1"}, {"Morvu1PKx", "2"}, {"Morvu1P", "3"}, {"Morvu1", "4"}, {" Morvu1PK", "5"}};
-
-  EXPECT_EQ(RequestKeys(page.GetRequest(), "1").Value(key::kPrimaryKey), "");
 }
 
 TEST(RequestKeys, TakeValuesOfAnyBytes) {
