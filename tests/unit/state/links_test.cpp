@@ -5,6 +5,7 @@
 #include <string>
 
 #include "state/record_link.h"
+#include "support/named_cases.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -38,14 +39,6 @@ struct Links : Rendering {
 constexpr std::string_view kOrderLines = R"(
     CREATE TABLE T (OrderID INTEGER, Article VARCHAR(20), PRIMARY KEY (OrderID, Article));
     INSERT INTO T VALUES (7, 'O''Neil, "x" & ä'))";
-
-/// A view whose records are addressed by these key fields.
-Links WithKeys(std::string_view keys) {
-  Links links;
-  links.settings.EditPrimaryKeys = keys;
-  links.settings.EditSQL = "SELECT * FROM T";
-  return links;
-}
 
 TEST(StateQuery, CarriesRecordCountAndPageSize) {
   Links links;
@@ -116,49 +109,42 @@ TEST(ListLink, CarriesTheStateAndThenTheOrder) {
             "&Morvu1OrderByDesc=True");
 }
 
-TEST(RecordLink, AddressesTheRecordByItsPositionWithoutKeys) {
+struct LinkCase {
+  std::string_view name, keys, order_by;
+  bool is_descending;
+  std::string_view address;
+  std::string_view message = "";
+};
+
+class RecordLinkOf : public testing::TestWithParam<LinkCase> {};
+
+TEST_P(RecordLinkOf, ARecordHasItsAddressBetweenTheViewAndTheState) {
   const Records records(kOrderLines);
   Links links;
-  EXPECT_EQ(links.Record(*records, 27),
-            "/p?Morvu1FormDisplay=formOneRec&Morvu1BookMark=27&Morvu1OrderByFields="
-            "&Morvu1CurrRecord=27&Morvu1CountRecords=on&Morvu1maxrecords=20");
+  links.settings.EditPrimaryKeys = GetParam().keys;
+  links.settings.EditSQL = "SELECT * FROM T";
+  links.settings.OrderByFields = GetParam().order_by;
+  links.settings.OrderByDesc = GetParam().is_descending;
+  const std::string address(GetParam().address);
+  const std::string state = "&Morvu1CurrRecord=27&Morvu1CountRecords=on&Morvu1maxrecords=20";
+  EXPECT_EQ(links.Record(*records, 27), "/p?Morvu1FormDisplay=formOneRec" + address + state);
+  EXPECT_EQ(links.settings.ErrorMessage, GetParam().message);
+  EXPECT_EQ(links.FormRecord(*records, 27), "/p?" + address + state + "&Morvu1FormDisplay=formOneRec");
 }
 
-TEST(RecordLink, AddressesTheRecordByItsKey) {
-  const Records records(kOrderLines);
-  Links links = WithKeys("OrderID");
-  links.settings.OrderByFields = "1";
-  links.settings.OrderByDesc = true;
-  EXPECT_EQ(links.Record(*records, 27),
-            "/p?Morvu1FormDisplay=formOneRec&Morvu1PK=7&Morvu1OrderByFields=1&Morvu1OrderByDesc=True"
-            "&Morvu1CurrRecord=27&Morvu1CountRecords=on&Morvu1maxrecords=20");
-}
+constexpr LinkCase kLinks[] = {
+    {"IsItsPositionWithoutKeys", "", "", false, "&Morvu1BookMark=27&Morvu1OrderByFields="},
+    {"IsItsKey", "OrderID", "", false, "&Morvu1PK=7&Morvu1OrderByFields="},
+    {"IsItsKeyWithTheOrder", "OrderID", "1", true,
+     "&Morvu1PK=7&Morvu1OrderByFields=1&Morvu1OrderByDesc=True"},
+    {"JoinsEncodedKeysInTheOrderOfTheirList", " article , ORDERID", "", false,
+     "&Morvu1PK=O%27Neil%2C+%22x%22+%26+%C3%A4,7&Morvu1OrderByFields="},
+    {"FallsBackToThePositionAndSaysSoWhenAKeyIsNoField", "OrderID,Colour", "", false,
+     "&Morvu1BookMark=27&Morvu1OrderByFields=",
+     "The record has no field named \"Colour\", when trying to construct a Primary Key URL link<br>"},
+};
 
-TEST(RecordLink, JoinsEncodedKeysInTheOrderOfTheirList) {
-  const Records records(kOrderLines);
-  Links links = WithKeys(" article , ORDERID");
-  EXPECT_EQ(links.Record(*records, 1),
-            "/p?Morvu1FormDisplay=formOneRec&Morvu1PK=O%27Neil%2C+%22x%22+%26+%C3%A4,7&Morvu1OrderByFields="
-            "&Morvu1CurrRecord=1&Morvu1CountRecords=on&Morvu1maxrecords=20");
-}
-
-TEST(RecordLink, FallsBackToThePositionAndSaysSoWhenAKeyIsNoField) {
-  const Records records(kOrderLines);
-  Links links = WithKeys("OrderID,Colour");
-  EXPECT_EQ(links.Record(*records, 3),
-            "/p?Morvu1FormDisplay=formOneRec&Morvu1BookMark=3&Morvu1OrderByFields="
-            "&Morvu1CurrRecord=3&Morvu1CountRecords=on&Morvu1maxrecords=20");
-  EXPECT_EQ(links.settings.ErrorMessage,
-            "The record has no field named \"Colour\", when trying to construct a Primary Key URL link<br>");
-}
-
-TEST(RecordLink, CanEndWithTheKeyOfTheView) {
-  const Records records(kOrderLines);
-  Links links = WithKeys("OrderID");
-  EXPECT_EQ(links.FormRecord(*records, 3),
-            "/p?&Morvu1PK=7&Morvu1OrderByFields=&Morvu1CurrRecord=3&Morvu1CountRecords=on"
-            "&Morvu1maxrecords=20&Morvu1FormDisplay=formOneRec");
-}
+INSTANTIATE_TEST_SUITE_P(Addresses, RecordLinkOf, testing::ValuesIn(kLinks), kByName);
 
 TEST(RecordLink, EndsWithTheKeyOfTheViewOnlyOnceWhenThePageRepeatsIt) {
   const Records records(kOrderLines);
