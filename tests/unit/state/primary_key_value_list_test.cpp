@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "support/fake_records.h"
+#include "support/named_cases.h"
 #include "support/records.h"
 #include "support/rendering.h"
 
@@ -42,27 +43,41 @@ constexpr std::string_view kPeopleWithKeys = R"(
     CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Born DATE);
     INSERT INTO T VALUES (5, 'Ann Lee', '2001-02-03'), (NULL, '', NULL))";
 
-TEST(PrimaryKeyValueList, HoldsTheEncodedTextsInTheOrderOfTheKeys) {
+struct ListCase {
+  std::string_view name, keys, edit_sql;
+  bool has_command;
+  int moves;
+  std::string_view list;
+  std::string_view message = "";
+};
+
+class KeyListInLinks : public testing::TestWithParam<ListCase> {};
+
+TEST_P(KeyListInLinks, IsThatOfTheRecord) {
   const Records people(kPeopleWithKeys);
-  Settings settings = Editable("Name, ID ,born");
-  EXPECT_EQ(KeyList(settings, *people), "Ann+Lee,5,2001%2D02%2D03");
+  people->Move(GetParam().moves);
+  Settings settings = Editable(GetParam().keys);
+  settings.EditSQL = GetParam().edit_sql;
+  settings.has_stored_procedure = GetParam().has_command;
+  EXPECT_EQ(KeyList(settings, *people), GetParam().list);
+  EXPECT_EQ(settings.ErrorMessage, GetParam().message);
 }
 
-TEST(PrimaryKeyValueList, IsEmptyWithoutKeys) {
-  const Records people(kPeopleWithKeys);
-  for (const std::string_view keys : {"", "  "}) {
-    Settings settings = Editable(keys);
-    EXPECT_EQ(KeyList(settings, *people), "(none)");
-    EXPECT_EQ(settings.ErrorMessage, "");
-  }
-}
+constexpr ListCase kKeyLists[] = {
+    {"WithEncodedTextsInTheOrderOfTheKeys", "Name, ID ,born", "SELECT * FROM T", false, 0,
+     "Ann+Lee,5,2001%2D02%2D03"},
+    {"ButNoneWithoutKeys", "", "SELECT * FROM T", false, 0, "(none)"},
+    {"ButNoneForBlankKeys", "  ", "SELECT * FROM T", false, 0, "(none)"},
+    {"ButNoneWithoutAnEditStatement", "ID", " ", false, 0, "(none)"},
+    {"ButNoneForACommandAsEditStatement", "ID", "SELECT * FROM T", true, 0, "(none)"},
+    {"WithAnEditStatementBesideACommand", "ID", "SELECT ID FROM T", true, 0, "5"},
+    {"ButNoneWhenItsOnlyValueIsEmpty", "ID", "SELECT * FROM T", false, 1, "(none)"},
+    {"WithSeveralEmptyValues", "ID,Name", "SELECT * FROM T", false, 1, ","},
+    {"ButNoneForAKeyThatIsNoField", "ID,Town", "SELECT * FROM T", false, 0, "(none)",
+     "The record has no field named \"Town\", when trying to construct a Primary Key URL link<br>"},
+};
 
-TEST(PrimaryKeyValueList, IsEmptyWithoutAnEditStatement) {
-  const Records people(kPeopleWithKeys);
-  Settings settings = Editable("ID");
-  settings.EditSQL = " ";
-  EXPECT_EQ(KeyList(settings, *people), "(none)");
-}
+INSTANTIATE_TEST_SUITE_P(People, KeyListInLinks, testing::ValuesIn(kKeyLists), kByName);
 
 TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
   const Records people(kPeopleWithKeys);
@@ -71,33 +86,6 @@ TEST(PrimaryKeyValueList, OfAFormNeedsNoEditStatement) {
   state::PrimaryKeyValueList list(settings, *people);
   EXPECT_TRUE(list.Read(settings::ErrorReport(settings.ErrorMessage)));
   EXPECT_EQ(list.Plain(), "5");
-}
-
-TEST(PrimaryKeyValueList, TakesNoCommandForAnEditStatement) {
-  const Records people(kPeopleWithKeys);
-  Settings settings = Editable("ID");
-  settings.has_stored_procedure = true;
-  EXPECT_EQ(KeyList(settings, *people), "(none)");
-
-  settings.EditSQL = "SELECT ID FROM T";
-  EXPECT_EQ(KeyList(settings, *people), "5");
-}
-
-TEST(PrimaryKeyValueList, IsEmptyWhenItsOnlyValueIs) {
-  const Records people(kPeopleWithKeys);
-  people->MoveNext();
-  Settings id = Editable("ID");
-  EXPECT_EQ(KeyList(id, *people), "(none)");
-  Settings both = Editable("ID,Name");
-  EXPECT_EQ(KeyList(both, *people), ",");
-}
-
-TEST(PrimaryKeyValueList, ReportsAKeyThatIsNoField) {
-  const Records people(kPeopleWithKeys);
-  Settings settings = Editable("ID,Town");
-  EXPECT_EQ(KeyList(settings, *people), "(none)");
-  EXPECT_EQ(settings.ErrorMessage,
-            "The record has no field named \"Town\", when trying to construct a Primary Key URL link<br>");
 }
 
 TEST(PrimaryKeyValueList, ReportsAValueThatCannotBeRead) {
@@ -119,12 +107,9 @@ std::pair<std::string, std::string> ScriptAndPlain(std::string_view row) {
   return {out.Take(), list.Plain()};
 }
 
-TEST(PrimaryKeyValueList, IsPlainInScriptsAndInputs) {
+TEST(PrimaryKeyValueList, MasksInScriptsWhatWouldEndTheTextOrTheAttributeAndNothingElse) {
   EXPECT_THAT(ScriptAndPlain("('Ann Lee, Zoë & Co/100%', 5)"),
               testing::Pair("Ann Lee, Zoë & Co/100%,5", "Ann Lee, Zoë & Co/100%,5"));
-}
-
-TEST(PrimaryKeyValueList, MasksInScriptsWhatWouldEndTheTextOrTheAttribute) {
   EXPECT_THAT(ScriptAndPlain("('O''Neil', 5)"), testing::Pair(R"(O\'Neil,5)", "O'Neil,5"));
   EXPECT_THAT(ScriptAndPlain(R"(('a\b\', 5))"), testing::Pair(R"(a\\b\\,5)", R"(a\b\,5)"));
   EXPECT_THAT(ScriptAndPlain(R"(('say "x"', 5))"), testing::Pair("say &quot;x&quot;,5", R"(say "x",5)"));
