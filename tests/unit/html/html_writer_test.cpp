@@ -57,6 +57,21 @@ static_assert(!FillsASlot<bool> && !IsWritten<bool>);
 static_assert(!FillsASlot<char> && !IsWritten<char>);
 static_assert(!FillsASlot<double> && !IsWritten<double>);
 
+/// Writes so many cells; the text that they are.
+std::string PutCells(HtmlWriter& out, int cells) {
+  std::string text;
+  for (int cell = 0; cell < cells; ++cell) {
+    out.Put("<td>{}</td>", cell);
+    text += "<td>" + std::to_string(cell) + "</td>";
+  }
+  return text;
+}
+
+struct HtmlPieces : testing::Test {
+  PieceResponse response;
+  HtmlWriter out{response};
+};
+
 TEST(HtmlWriter, KeepsLiteralsByteForByte) {
   HtmlWriter out;
 
@@ -143,12 +158,8 @@ TEST(HtmlWriter, TakesEmptyTextsBeforeAnythingElse) {
 
 TEST(HtmlWriter, CollectsATextOfAnyLengthWithoutAResponse) {
   HtmlWriter out;
-  std::string expected;
 
-  for (int line = 0; line < 10'000; ++line) {
-    out.Put("<td>{}</td>", line);
-    expected += "<td>" + std::to_string(line) + "</td>";
-  }
+  const std::string expected = PutCells(out, 10'000);
   out.Flush();
 
   EXPECT_EQ(out.Collected(), expected);
@@ -165,10 +176,7 @@ TEST(HtmlWriter, StartsAnewAfterItsTextWasTaken) {
   EXPECT_EQ(out.Take(), "second");
 }
 
-TEST(HtmlWriter, HandsNothingToTheResponseBeforeAPieceIsFull) {
-  PieceResponse response;
-  HtmlWriter out(response);
-
+TEST_F(HtmlPieces, HandsNothingToTheResponseBeforeAPieceIsFull) {
   out.Put("<p>");
   EXPECT_TRUE(response.pieces.empty());
 
@@ -177,15 +185,8 @@ TEST(HtmlWriter, HandsNothingToTheResponseBeforeAPieceIsFull) {
   EXPECT_EQ(response.pieces, std::vector<std::string>{"<p>"});
 }
 
-TEST(HtmlWriter, SendsPiecesOfAboutSixteenKilobytesInOrder) {
-  PieceResponse response;
-  HtmlWriter out(response);
-  std::string expected;
-
-  for (int line = 0; line < 20'000; ++line) {
-    out.Put("<td>{}</td>", line);
-    expected += "<td>" + std::to_string(line) + "</td>";
-  }
+TEST_F(HtmlPieces, SendsPiecesOfAboutSixteenKilobytesInOrder) {
+  const std::string expected = PutCells(out, 20'000);
   out.Flush();
 
   EXPECT_EQ(response.Body(), expected);
@@ -195,17 +196,10 @@ TEST(HtmlWriter, SendsPiecesOfAboutSixteenKilobytesInOrder) {
   }
 }
 
-TEST(HtmlWriter, SendsADownloadInLargerPieces) {
-  PieceResponse response;
-  HtmlWriter out(response);
-  std::string expected = "<table>";
-
+TEST_F(HtmlPieces, SendsADownloadInLargerPieces) {
   out.Put("<table>");
   out.SetPieceBytes(HtmlWriter::kDownloadBytes);
-  for (int line = 0; line < 20'000; ++line) {
-    out.Put("<td>{}</td>", line);
-    expected += "<td>" + std::to_string(line) + "</td>";
-  }
+  const std::string expected = "<table>" + PutCells(out, 20'000);
   out.Flush();
 
   EXPECT_EQ(response.Body(), expected);
@@ -216,9 +210,7 @@ TEST(HtmlWriter, SendsADownloadInLargerPieces) {
   }
 }
 
-TEST(HtmlWriter, KeepsTheOrderAroundATextLongerThanAPiece) {
-  PieceResponse response;
-  HtmlWriter out(response);
+TEST_F(HtmlPieces, KeepsTheOrderAroundATextLongerThanAPiece) {
   const std::string memo(100'000, 'm');
 
   out.Put("<td>{}</td>", Verbatim{memo});
@@ -227,24 +219,20 @@ TEST(HtmlWriter, KeepsTheOrderAroundATextLongerThanAPiece) {
   EXPECT_EQ(response.Body(), "<td>" + memo + "</td>");
 }
 
-TEST(HtmlWriter, GoesOnInPiecesOfTheUsualSizeAfterALongText) {
-  PieceResponse response;
-  HtmlWriter out(response);
+TEST_F(HtmlPieces, GoesOnInPiecesOfTheUsualSizeAfterALongText) {
   const std::string memo(100'000, 'm');
   out.Write(Verbatim{memo});
   out.Flush();
   response.pieces.clear();
 
-  for (int line = 0; line < 20'000; ++line) out.Put("<td>{}</td>", line);
+  PutCells(out, 20'000);
   out.Flush();
 
   for (const std::string& piece : response.pieces) EXPECT_LE(piece.size(), 16'384U);
 }
 
-TEST(HtmlWriter, GivesAFailingResponseTheSameBytesOnlyOnce) {
-  PieceResponse response;
+TEST_F(HtmlPieces, GivesAFailingResponseTheSameBytesOnlyOnce) {
   response.failures = 1;
-  HtmlWriter out(response);
   out.Put("lost");
 
   EXPECT_THROW(out.Flush(), std::runtime_error);
@@ -254,10 +242,8 @@ TEST(HtmlWriter, GivesAFailingResponseTheSameBytesOnlyOnce) {
   EXPECT_EQ(response.pieces, (std::vector<std::string>{"lost", "kept"}));
 }
 
-TEST(HtmlWriter, GivesAResponseThatFailsInTheMiddleOfAPutTheSameBytesOnlyOnce) {
-  PieceResponse response;
+TEST_F(HtmlPieces, GivesAResponseThatFailsInTheMiddleOfAPutTheSameBytesOnlyOnce) {
   response.failures = 1;
-  HtmlWriter out(response);
   const std::string row(10'000, 'r');
   const std::string memo(50'000, 'm');
   out.Put("{}", Verbatim{row});
