@@ -25,30 +25,27 @@ TEST(KindOf, IsTextForCodesWithoutAKindOfTheirOwn) {
   EXPECT_EQ(codes[FieldKind::kText].size(), 311U - 25U);
 }
 
-TEST(IsNumericFieldType, IsTrueForExactlyTheCodesOfNumbersAndBooleans) {
-  const std::set<int> numeric = {2, 3, 4, 5, 6, 11, 14, 16, 17, 18, 19, 20, 21, 131, 139};
+/// The codes for which that is true.
+std::set<int> CodesOf(bool (*is_of_type)(TypeCode)) {
+  std::set<int> codes;
   for (int code = -10; code <= 300; ++code) {
-    EXPECT_EQ(IsNumericFieldType(static_cast<TypeCode>(code)), numeric.contains(code)) << code;
+    if (is_of_type(static_cast<TypeCode>(code))) codes.insert(code);
   }
+  return codes;
 }
 
-TEST(IsFractionalFieldType, IsTrueForNumbersThatMayHaveAFraction) {
-  const std::set<int> fractional = {4, 5, 6, 14, 131, 139};
-  for (int code = -10; code <= 300; ++code) {
-    EXPECT_EQ(IsFractionalFieldType(static_cast<TypeCode>(code)), fractional.contains(code)) << code;
-  }
+TEST(FieldType, IsNumericForExactlyTheCodesOfNumbersAndBooleans) {
+  EXPECT_EQ(CodesOf(IsNumericFieldType), (std::set{2, 3, 4, 5, 6, 11, 14, 16, 17, 18, 19, 20, 21, 131, 139}));
 }
 
-TEST(IsMemoFieldType, IsTrueForLongTextOfBothWidths) {
-  for (int code = -10; code <= 300; ++code) {
-    EXPECT_EQ(IsMemoFieldType(static_cast<TypeCode>(code)), code == 201 || code == 203) << code;
-  }
+TEST(FieldType, IsFractionalForNumbersThatMayHaveAFraction) {
+  EXPECT_EQ(CodesOf(IsFractionalFieldType), (std::set{4, 5, 6, 14, 131, 139}));
 }
 
-TEST(IsDateFieldType, IsTrueForDatesButNotForAPureTimeOfDay) {
-  for (int code = -10; code <= 300; ++code) {
-    EXPECT_EQ(IsDateFieldType(static_cast<TypeCode>(code)), code == 7 || code == 133 || code == 135) << code;
-  }
+TEST(FieldType, IsAMemoForLongTextOfBothWidths) { EXPECT_EQ(CodesOf(IsMemoFieldType), (std::set{201, 203})); }
+
+TEST(FieldType, IsADateButNotForAPureTimeOfDay) {
+  EXPECT_EQ(CodesOf(IsDateFieldType), (std::set{7, 133, 135}));
 }
 
 }  // namespace
