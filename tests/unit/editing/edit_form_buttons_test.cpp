@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/named_cases.h"
 #include "unit/editing/edit_form_page.h"
 
 namespace dralo::tests {
@@ -16,12 +17,6 @@ std::string Bar(EditFormPage& form) {
   const std::string_view bar = Part(html, start, "</td></tr>\r\n</table></td></tr>\r\n");
   EXPECT_NE(bar, "") << html;
   return std::string(bar.substr(start.size(), bar.find("</td></tr>") - start.size()));
-}
-
-TEST(EditForm, OfANewRecordPostsAnInsert) {
-  EditFormPage form;
-  form.Post("FormAdd", "Add");
-  EXPECT_TRUE(Contains(Bar(form), "<input type=\"hidden\" name=\"Morvu1FormInsert\" value=\"1\">"));
 }
 
 TEST(EditForm, OfANewRecordHasNeitherAddNorDelete) {
@@ -44,16 +39,50 @@ TEST(EditForm, OfANewRecordHasNeitherAddNorDelete) {
   EXPECT_EQ(Bar(failed), buttons);
 }
 
+struct ButtonCase {
+  std::string_view name, options, delete_sql, confirmation, posted, posted_value, part;
+  bool is_there = true;
+};
+
+class ButtonsOfTheEditForm : public testing::TestWithParam<ButtonCase> {};
+
+TEST_P(ButtonsOfTheEditForm, HaveOrLackAPart) {
+  EditFormPage form;
+  settings::SetEditOptions(form.settings, GetParam().options);
+  form.settings.DeleteSQL = GetParam().delete_sql;
+  form.settings.EditConfirmDeleteString = GetParam().confirmation;
+  if (!GetParam().posted.empty()) form.Post(GetParam().posted, GetParam().posted_value);
+  const std::string bar = Bar(form);
+  EXPECT_EQ(Contains(bar, GetParam().part), GetParam().is_there) << bar;
+}
+
+constexpr ButtonCase kButtons[] = {
+    {"OfANewRecordForAnInsert", "UPDATE", "", "", "FormAdd", "Add",
+     R"(<input type="hidden" name="Morvu1FormInsert" value="1">)"},
+    {"AfterASaveThatWentWellForNoInsert", "UPDATE", "", "", "FormInsert", "1",
+     R"(name="Morvu1FormInsert" value="")"},
+    {"WithOneThatClosesTheForm", "UPDATE", "", "", "", "",
+     R"(&nbsp;<input class="DraloInputBtn" type="submit" name="Morvu1FormView" value="Close">)"},
+    {"WithoutOneThatClosesTheFormWhereThereIsNoView", "UPDATE NOVIEW", "", "", "", "", "Morvu1FormView",
+     false},
+    {"WithOneThatAddsWhereAddingIsAllowed", "UPDATE ADD", "", "", "", "",
+     R"(&nbsp;<input class="DraloInputBtn" type="submit" name="Morvu1FormAdd" value="Add">)"},
+    {"WithoutOneThatAddsElsewhere", "UPDATE", "", "", "", "", "Morvu1FormAdd", false},
+    {"WithOneThatDeletesWhereDeletingIsAllowedAndHasAStatement", "UPDATE DELETE", "DELETE FROM T", "", "", "",
+     R"(&nbsp;<input class="DraloInputBtn" type="submit" onclick="FormDraloGrid1.Morvu1FormEdit.value='';" name="Morvu1FormDelete" value="Delete">)"},
+    {"WithoutOneThatDeletesWhereThatIsNotAllowed", "UPDATE", "DELETE FROM T", "", "", "", "Morvu1FormDelete",
+     false},
+    {"WithoutOneThatDeletesWithoutAStatement", "UPDATE DELETE", "", "", "", "", "Morvu1FormDelete", false},
+    {"WithOneThatAsksBeforeItDeletes", "UPDATE DELETE", "DELETE FROM T", "Really?", "", "",
+     R"(&nbsp;<input class="DraloInputBtn" type="submit" onclick="FormDraloGrid1.Morvu1FormEdit.value='';return confirm('Really?');" name="Morvu1FormDelete" value="Delete">)"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Bars, ButtonsOfTheEditForm, testing::ValuesIn(kButtons), kByName);
+
 TEST(EditForm, AfterAFailedUpdateIsStillAnUpdate) {
   EditFormPage form;
   form.FailSave({{"Name", "new"}});
   form.Post("FormInsert", " ");
-  EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
-}
-
-TEST(EditForm, AfterASaveThatWentWellIsNoInsert) {
-  EditFormPage form;
-  form.Post("FormInsert", "1");
   EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
 }
 
@@ -62,48 +91,6 @@ TEST(EditForm, ThatWasClosedAddsNothing) {
   form.Post("FormAdd", "1");
   form.Post("FormView", "Close");
   EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
-}
-
-TEST(EditForm, CannotBeClosedWhereThereIsNoView) {
-  EditFormPage form;
-  EXPECT_TRUE(Contains(
-      Bar(form),
-      "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormView\" value=\"Close\">"));
-  settings::SetEditOptions(form.settings, "UPDATE NOVIEW");
-  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormView"));
-}
-
-TEST(EditForm, HasAnAddButtonWhereAddingIsAllowed) {
-  EditFormPage form;
-  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormAdd"));
-  settings::SetEditOptions(form.settings, "UPDATE ADD");
-  EXPECT_TRUE(
-      Contains(Bar(form),
-               "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormAdd\" value=\"Add\">"));
-}
-
-TEST(EditForm, HasADeleteButtonWhereDeletingIsAllowedAndHasAStatement) {
-  EditFormPage form;
-  form.settings.DeleteSQL = "DELETE FROM T";
-  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormDelete"));
-  settings::SetEditOptions(form.settings, "UPDATE DELETE");
-  EXPECT_TRUE(Contains(Bar(form),
-                       "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" "
-                       "onclick=\"FormDraloGrid1.Morvu1FormEdit.value='';\" name=\"Morvu1FormDelete\" "
-                       "value=\"Delete\">"));
-  form.settings.DeleteSQL = "";
-  EXPECT_FALSE(Contains(Bar(form), "Morvu1FormDelete"));
-}
-
-TEST(EditForm, AsksBeforeItDeletes) {
-  EditFormPage form;
-  settings::SetEditOptions(form.settings, "UPDATE DELETE");
-  form.settings.DeleteSQL = "DELETE FROM T";
-  form.settings.EditConfirmDeleteString = "Really?";
-  EXPECT_TRUE(Contains(Bar(form),
-                       "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" "
-                       "onclick=\"FormDraloGrid1.Morvu1FormEdit.value='';return confirm('Really?');\" "
-                       "name=\"Morvu1FormDelete\" value=\"Delete\">"));
 }
 
 TEST(EditForm, SpeaksTheLanguageOfTheView) {
