@@ -5,6 +5,7 @@
 
 #include "platform/field_kind.h"
 #include "support/fake_records.h"
+#include "support/named_cases.h"
 #include "unit/editing/edit_form_page.h"
 
 namespace dralo::tests {
@@ -12,21 +13,20 @@ namespace {
 
 using platform::TypeCode;
 
-/// The control that a fresh page shows for the value.
-std::string ControlOf(std::string_view declared_type, std::string_view literal, bool use_css = true) {
-  EditFormPage form;
-  form.settings.UseCSS = use_css;
-  const Records records = OneValue(declared_type, literal);
-  const std::string control = form.Control(records[0]);
-  EXPECT_EQ(form.settings.ErrorMessage, "");
-  return control;
-}
-
-std::string ReadOnlyControlOf(std::string_view declared_type, std::string_view literal, bool use_css = true) {
-  EditFormPage form;
-  form.settings.UseCSS = use_css;
-  form.settings.EditFieldsReadOnly = "*";
-  return form.Control(OneValue(declared_type, literal)[0]);
+/// The control as the tables below have it: `@` stands for the id and the name of the input, `+` for the
+/// hidden input that carries the value of one that is disabled, up to its value.
+std::string Unfolded(std::string_view control) {
+  std::string html;
+  for (const char c : control) {
+    if (c == '@') {
+      html += R"(id="Morvu1_Form_n" name="Morvu1_Form_n")";
+    } else if (c == '+') {
+      html += R"(<input type="hidden" name="Morvu1_Form_n" value=)";
+    } else {
+      html += c;
+    }
+  }
+  return html + "\r\n";
 }
 
 std::string FakeControl(EditFormPage& form, TypeCode type, const platform::VariantView& value) {
@@ -34,122 +34,117 @@ std::string FakeControl(EditFormPage& form, TypeCode type, const platform::Varia
   return form.Control(records.Add("n", type, [value] { return value; }));
 }
 
-TEST(EditField, OfAMemoIsATextarea) {
-  EXPECT_EQ(ControlOf("TEXT", "'one'"),
-            "<textarea cols=60 rows=5 class=\"DraloTextArea\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\">"
-            "one</textarea>\r\n");
-  EXPECT_EQ(ControlOf("TEXT", "'one'", false),
-            "<textarea cols=60 rows=5 id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\">one</textarea>\r\n");
+struct ControlCase {
+  std::string_view name, type, literal, control;
+  bool use_css = true;
+  std::string_view read_only = "";
+  std::string_view indicator = "&nbsp;*&nbsp;";
+};
+
+class ControlOf : public testing::TestWithParam<ControlCase> {};
+
+TEST_P(ControlOf, AField) {
+  EditFormPage form;
+  form.settings.UseCSS = GetParam().use_css;
+  form.settings.EditFieldsReadOnly = GetParam().read_only;
+  form.settings.RequiredFieldIndicator = GetParam().indicator;
+  EXPECT_EQ(form.Control(OneValue(GetParam().type, GetParam().literal)[0]), Unfolded(GetParam().control));
+  EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditField, OfAReadOnlyMemoIsDisabledAndCarriedByAHiddenInput) {
-  EXPECT_EQ(ReadOnlyControlOf("TEXT", "'one'"),
-            "<textarea cols=60 rows=5  disabled class=\"DraloTextArea\" id=\"Morvu1_Form_n\" "
-            "name=\"Morvu1_Form_n\">one</textarea><input type=\"hidden\" name=\"Morvu1_Form_n\" "
-            "value=\"one\">\r\n");
-}
+constexpr ControlCase kControls[] = {
+    {"OfAMemoIsATextarea", "TEXT", "'one'",
+     R"(<textarea cols=60 rows=5 class="DraloTextArea" @>one</textarea>)"},
+    {"OfAMemoWithoutCss", "TEXT", "'one'", "<textarea cols=60 rows=5 @>one</textarea>", false},
+    {"OfATrueBooleanIsATickedBox", "BOOLEAN", "1",
+     R"(<input type="checkbox" class="DraloCheckBox" @ checked >)"},
+    {"OfATrueBooleanWithoutCss", "BOOLEAN", "1", R"(<input type="checkbox" @ checked >)", false},
+    {"OfAFalseBooleanIsABox", "BOOLEAN", "0", R"(<input type="checkbox" class="DraloCheckBox" @>)"},
+    {"OfNullIsABox", "BOOLEAN", "NULL", R"(<input type="checkbox" class="DraloCheckBox" @>)"},
+    {"OfLongBinaryDataIsABlank", "BLOB", "x'41'", "&nbsp;"},
+    {"OfADateIsAnInput", "DATE", "'2024-05-03'",
+     R"(<input class="DraloInput" size=22 maxlength=25 type="text" @ value="5/3/2024">)"},
+    {"OfADateWithoutCss", "DATE", "'2024-05-03'",
+     R"(<input size=22 maxlength=25 type="text" @ value="5/3/2024">)", false},
+    {"OfANumberWithoutCss", "INTEGER", "7", R"(<input size=20 type="text" @ value="7" maxlength="20">)",
+     false},
+    {"OfATextIsAsLongAsItsColumnAndTwo", "VARCHAR(10)", "'v'",
+     R"(<input class="DraloInput" size=12 type="text" @ value="v" maxlength="10">)"},
+    {"OfATextWithoutCss", "VARCHAR(10)", "'v'", R"(<input size=12 type="text" @ value="v" maxlength="10">)",
+     false},
+    {"OfALongTextIsNotWiderThanSixty", "VARCHAR(255)", "'v'",
+     R"(<input class="DraloInput" size=60 type="text" @ value="v" maxlength="255">)"},
+};
 
-TEST(EditField, OfABooleanIsACheckbox) {
-  EXPECT_EQ(ControlOf("BOOLEAN", "1"),
-            "<input type=\"checkbox\" class=\"DraloCheckBox\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
-            "checked >\r\n");
-  EXPECT_EQ(ControlOf("BOOLEAN", "1", false),
-            "<input type=\"checkbox\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" checked >\r\n");
-  const std::string unticked =
-      "<input type=\"checkbox\" class=\"DraloCheckBox\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\">\r\n";
-  EXPECT_EQ(ControlOf("BOOLEAN", "0"), unticked);
-  EXPECT_EQ(ControlOf("BOOLEAN", "NULL"), unticked);
-}
+constexpr ControlCase kReadOnlyControls[] = {
+    {"OfAMemo", "TEXT", "'one'",
+     R"(<textarea cols=60 rows=5  disabled class="DraloTextArea" @>one</textarea>+"one">)", true, "*"},
+    {"OfATrueBoolean", "BOOLEAN", "1",
+     R"(<input  disabled type="checkbox" class="DraloCheckBox" @ checked >+"True">)", true, "*"},
+    {"OfAFalseBooleanWithoutCss", "BOOLEAN", "0", R"(<input  disabled type="checkbox" @>+"False">)", false,
+     "*"},
+    {"OfLongBinaryData", "BLOB", "x'41'", "&nbsp;", true, "*"},
+    {"OfADate", "DATE", "'2024-05-03'",
+     R"(<input  disabled class="DraloInput" size=22 maxlength=25 type="text" @ value="5/3/2024">+"5/3/2024">)",
+     true, "*"},
+    {"OfAText", "VARCHAR(10)", "'a\"b'",
+     R"(<input  disabled class="DraloInput" size=12 type="text" @ value="a&quot;b" maxlength="10">+"a&quot;b">)",
+     true, "*"},
+    {"OfNullWithoutCss", "VARCHAR(10)", "NULL",
+     R"(<input  disabled size=12 type="text" @ value="" maxlength="10">+"">)", false, "*"},
+};
 
-TEST(EditField, OfAReadOnlyBooleanIsDisabledAndCarriedByAHiddenInput) {
-  EXPECT_EQ(ReadOnlyControlOf("BOOLEAN", "1"),
-            "<input  disabled type=\"checkbox\" class=\"DraloCheckBox\" id=\"Morvu1_Form_n\" "
-            "name=\"Morvu1_Form_n\" checked ><input type=\"hidden\" name=\"Morvu1_Form_n\" "
-            "value=\"True\">\r\n");
-  EXPECT_EQ(ReadOnlyControlOf("BOOLEAN", "0", false),
-            "<input  disabled type=\"checkbox\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\"><input "
-            "type=\"hidden\" name=\"Morvu1_Form_n\" value=\"False\">\r\n");
-}
+constexpr ControlCase kRequiredControls[] = {
+    {"StandTogetherWithTheirIndicator", "VARCHAR(10) NOT NULL", "'v'",
+     R"(<nobr><input class="DraloInput" size=12 type="text" @ value="v" maxlength="10">&nbsp;*&nbsp;</nobr>)"},
+    {"OfABooleanWithoutCss", "BOOLEAN NOT NULL", "0",
+     R"(<nobr><input type="checkbox" @>&nbsp;*&nbsp;</nobr>)", false},
+    {"OfLongBinaryData", "BLOB NOT NULL", "x'41'", "<nobr>&nbsp;&nbsp;*&nbsp;</nobr>"},
+    {"ThatAreReadOnlyWithAnotherIndicator", "VARCHAR(10) NOT NULL", "'v'",
+     R"(<nobr><input  disabled class="DraloInput" size=12 type="text" @ value="v" maxlength="10">+"v"><b>!</b></nobr>)",
+     true, "*", "<b>!</b>"},
+};
 
-TEST(EditField, OfLongBinaryDataIsABlank) {
-  EXPECT_EQ(ControlOf("BLOB", "x'41'"), "&nbsp;\r\n");
-  EXPECT_EQ(ReadOnlyControlOf("BLOB", "x'41'"), "&nbsp;\r\n");
-}
+INSTANTIATE_TEST_SUITE_P(Plain, ControlOf, testing::ValuesIn(kControls), kByName);
+INSTANTIATE_TEST_SUITE_P(ReadOnly, ControlOf, testing::ValuesIn(kReadOnlyControls), kByName);
+INSTANTIATE_TEST_SUITE_P(Required, ControlOf, testing::ValuesIn(kRequiredControls), kByName);
 
-TEST(EditField, OfADateIsAnInput) {
-  const std::string with_css =
-      "<input class=\"DraloInput\" size=22 maxlength=25 type=\"text\" id=\"Morvu1_Form_n\" "
-      "name=\"Morvu1_Form_n\" value=\"5/3/2024\">\r\n";
-  EXPECT_EQ(ControlOf("DATE", "'2024-05-03'"), with_css);
-  EXPECT_EQ(ControlOf("DATE", "'2024-05-03'", false),
-            "<input size=22 maxlength=25 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
-            "value=\"5/3/2024\">\r\n");
+TEST(EditField, OfADateIsTheSameForAllTypesOfDates) {
   EditFormPage form;
   for (const TypeCode type : {TypeCode::kDate, TypeCode::kDbDate, TypeCode::kDbTimestamp}) {
-    EXPECT_EQ(FakeControl(form, type, platform::DateTime{2024, 5, 3}), with_css);
+    EXPECT_EQ(FakeControl(form, type, platform::DateTime{2024, 5, 3}),
+              Unfolded(R"(<input class="DraloInput" size=22 maxlength=25 type="text" @ value="5/3/2024">)"));
   }
-}
-
-TEST(EditField, OfAReadOnlyDateIsDisabledAndCarriedByAHiddenInput) {
-  EXPECT_EQ(ReadOnlyControlOf("DATE", "'2024-05-03'"),
-            "<input  disabled class=\"DraloInput\" size=22 maxlength=25 type=\"text\" id=\"Morvu1_Form_n\" "
-            "name=\"Morvu1_Form_n\" value=\"5/3/2024\"><input type=\"hidden\" name=\"Morvu1_Form_n\" "
-            "value=\"5/3/2024\">\r\n");
 }
 
 TEST(EditField, OfANumberTakesTwentyCharacters) {
   const std::string number =
-      "<input class=\"DraloInput\" size=20 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
-      "value=\"7\" maxlength=\"20\">\r\n";
+      Unfolded(R"(<input class="DraloInput" size=20 type="text" @ value="7" maxlength="20">)");
+  EditFormPage form;
   for (const std::string_view type :
        {"BIGINT", "TINYINT", "SMALLINT", "INTEGER", "REAL", "DECIMAL", "MONEY"}) {
-    EXPECT_EQ(ControlOf(type, "7"), number) << type;
+    EXPECT_EQ(form.Control(OneValue(type, "7")[0]), number) << type;
   }
-  EditFormPage form;
   for (const int code : {2, 3, 4, 5, 6, 14, 16, 17, 18, 19, 20, 21, 131, 139}) {
     EXPECT_EQ(FakeControl(form, static_cast<TypeCode>(code), std::int64_t{7}), number) << code;
   }
-  EXPECT_EQ(ControlOf("INTEGER", "7", false),
-            "<input size=20 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" value=\"7\" "
-            "maxlength=\"20\">\r\n");
-}
-
-TEST(EditField, OfATextIsAsLongAsItsColumnAndTwo) {
-  EXPECT_EQ(ControlOf("VARCHAR(10)", "'v'"),
-            "<input class=\"DraloInput\" size=12 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
-            "value=\"v\" maxlength=\"10\">\r\n");
-  EXPECT_EQ(ControlOf("VARCHAR(10)", "'v'", false),
-            "<input size=12 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" value=\"v\" "
-            "maxlength=\"10\">\r\n");
+  EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
 TEST(EditField, OfATextIsNotWiderThanSixty) {
-  EXPECT_TRUE(Contains(ControlOf("VARCHAR(57)", "'v'"), " size=59 "));
-  EXPECT_TRUE(Contains(ControlOf("VARCHAR(58)", "'v'"), " size=60 "));
-  EXPECT_EQ(ControlOf("VARCHAR(255)", "'v'"),
-            "<input class=\"DraloInput\" size=60 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
-            "value=\"v\" maxlength=\"255\">\r\n");
+  EditFormPage form;
+  EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(57)", "'v'")[0]), " size=59 "));
+  EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(58)", "'v'")[0]), " size=60 "));
 }
 
 TEST(EditField, OfATextOfAnyLengthHasAnEmptyMaxlength) {
   const std::string text =
-      "<input class=\"DraloInput\" size=60 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
-      "value=\"v\" maxlength=\"\">\r\n";
-  EXPECT_EQ(ControlOf("VARCHAR", "'v'"), text);
+      Unfolded(R"(<input class="DraloInput" size=60 type="text" @ value="v" maxlength="">)");
   EditFormPage form;
+  EXPECT_EQ(form.Control(OneValue("VARCHAR", "'v'")[0]), text);
   for (const int code : {0, 8, 72, 128, 129, 130, 134, 200, 202, 204, 9999}) {
     EXPECT_EQ(FakeControl(form, static_cast<TypeCode>(code), std::string_view("v")), text) << code;
   }
-}
-
-TEST(EditField, OfAReadOnlyTextIsDisabledAndCarriedByAHiddenInput) {
-  EXPECT_EQ(ReadOnlyControlOf("VARCHAR(10)", "'a\"b'"),
-            "<input  disabled class=\"DraloInput\" size=12 type=\"text\" id=\"Morvu1_Form_n\" "
-            "name=\"Morvu1_Form_n\" value=\"a&quot;b\" maxlength=\"10\"><input type=\"hidden\" "
-            "name=\"Morvu1_Form_n\" value=\"a&quot;b\">\r\n");
-  EXPECT_EQ(ReadOnlyControlOf("VARCHAR(10)", "NULL", false),
-            "<input  disabled size=12 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" value=\"\" "
-            "maxlength=\"10\"><input type=\"hidden\" name=\"Morvu1_Form_n\" value=\"\">\r\n");
 }
 
 TEST(EditField, IsReadOnlyByNameOrByItsIndexFromZero) {
@@ -160,24 +155,6 @@ TEST(EditField, IsReadOnlyByNameOrByItsIndexFromZero) {
   form.settings.EditFieldsReadOnly = "5";
   EXPECT_TRUE(Contains(form.Control(records[0], 5), " disabled "));
   EXPECT_FALSE(Contains(form.Control(records[0], 4), " disabled "));
-}
-
-TEST(EditField, ThatIsRequiredStandsTogetherWithItsIndicator) {
-  EXPECT_EQ(ControlOf("VARCHAR(10) NOT NULL", "'v'"),
-            "<nobr><input class=\"DraloInput\" size=12 type=\"text\" id=\"Morvu1_Form_n\" "
-            "name=\"Morvu1_Form_n\" value=\"v\" maxlength=\"10\">&nbsp;*&nbsp;</nobr>\r\n");
-  EXPECT_EQ(ControlOf("BOOLEAN NOT NULL", "0", false),
-            "<nobr><input type=\"checkbox\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\">&nbsp;*&nbsp;</nobr>"
-            "\r\n");
-  EXPECT_EQ(ControlOf("BLOB NOT NULL", "x'41'"), "<nobr>&nbsp;&nbsp;*&nbsp;</nobr>\r\n");
-
-  EditFormPage form;
-  form.settings.RequiredFieldIndicator = "<b>!</b>";
-  form.settings.EditFieldsReadOnly = "*";
-  EXPECT_EQ(form.Control(OneValue("VARCHAR(10) NOT NULL", "'v'")[0]),
-            "<nobr><input  disabled class=\"DraloInput\" size=12 type=\"text\" id=\"Morvu1_Form_n\" "
-            "name=\"Morvu1_Form_n\" value=\"v\" maxlength=\"10\"><input type=\"hidden\" "
-            "name=\"Morvu1_Form_n\" value=\"v\"><b>!</b></nobr>\r\n");
 }
 
 TEST(EditField, BearsTheTagOfTheView) {
