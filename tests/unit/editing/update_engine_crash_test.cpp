@@ -10,6 +10,7 @@
 #include <string_view>
 #include <thread>
 
+#include "support/named_cases.h"
 #include "unit/editing/child_process.h"
 #include "unit/editing/saving.h"
 
@@ -62,54 +63,48 @@ void ExpectUnharmed(const TemporaryDatabase& database) {
   EXPECT_EQ(Row(database), kVersionA);
 }
 
-TEST(KilledSave, LeavesTheRecordAsItWasWhenTheRowWasWrittenAlready) {
+struct DeathCase {
+  std::string_view name, trigger;
+  void (*prepare)();
+  void (*change)(Saving& saving);
+};
+
+class KilledChange : public testing::TestWithParam<DeathCase> {};
+
+TEST_P(KilledChange, LeavesTheRecordsAsTheyWere) {
   const TemporaryDatabase database(kCustomers);
-  database.Run("CREATE TRIGGER Death AFTER UPDATE ON T BEGIN SELECT die(); END");
+  database.Run(GetParam().trigger);
   ChildProcess child([&] {
-    OfferDeath();
-    return SaveVersion(database, "bbb");
+    GetParam().prepare();
+    Saving saving(database);
+    GetParam().change(saving);
+    return saving.Message() + saving.Status();
   });
   EXPECT_EQ(child.Wait(), SIGKILL);
   EXPECT_EQ(child.Text(), "");
   ExpectUnharmed(database);
 }
 
-TEST(KilledSave, LeavesTheRecordAsItWasBeforeTheCommit) {
-  const TemporaryDatabase database(kCustomers);
-  ChildProcess child([&] {
-    DieAtCommit();
-    return SaveVersion(database, "bbb");
-  });
-  EXPECT_EQ(child.Wait(), SIGKILL);
-  ExpectUnharmed(database);
+void SaveB(Saving& saving) {
+  saving.Post({{"ID", "1"}, {"Name", "bbb"}, {"City", "bbb"}, {"Notes", "bbb"}}).Save();
+}
+void InsertB(Saving& saving) { saving.Post({{"ID", "9"}, {"Name", "bbb"}}).Insert(); }
+void DeleteAnna(Saving& saving) {
+  saving.settings.DeleteSQL = "DELETE FROM T";
+  saving.Post("ID", "1").Delete();
 }
 
-TEST(KilledSave, LeavesNoPartOfANewRecord) {
-  const TemporaryDatabase database(kCustomers);
-  database.Run("CREATE TRIGGER Death AFTER INSERT ON T BEGIN SELECT die(); END");
-  ChildProcess child([&] {
-    OfferDeath();
-    Saving saving(database);
-    saving.Post({{"ID", "9"}, {"Name", "bbb"}}).Insert();
-    return saving.Message();
-  });
-  EXPECT_EQ(child.Wait(), SIGKILL);
-  ExpectUnharmed(database);
-}
+constexpr DeathCase kDeaths[] = {
+    {"WhenTheRowWasWrittenAlready", "CREATE TRIGGER Death AFTER UPDATE ON T BEGIN SELECT die(); END",
+     OfferDeath, SaveB},
+    {"BeforeTheCommit", "", DieAtCommit, SaveB},
+    {"WhenARecordWasAdded", "CREATE TRIGGER Death AFTER INSERT ON T BEGIN SELECT die(); END", OfferDeath,
+     InsertB},
+    {"WhenARecordWasDeleted", "CREATE TRIGGER Death AFTER DELETE ON T BEGIN SELECT die(); END", OfferDeath,
+     DeleteAnna},
+};
 
-TEST(KilledSave, LeavesARecordThatWasBeingDeleted) {
-  const TemporaryDatabase database(kCustomers);
-  database.Run("CREATE TRIGGER Death AFTER DELETE ON T BEGIN SELECT die(); END");
-  ChildProcess child([&] {
-    OfferDeath();
-    Saving saving(database);
-    saving.settings.DeleteSQL = "DELETE FROM T";
-    saving.Post("ID", "1").Delete();
-    return saving.Message();
-  });
-  EXPECT_EQ(child.Wait(), SIGKILL);
-  ExpectUnharmed(database);
-}
+INSTANTIATE_TEST_SUITE_P(Deaths, KilledChange, testing::ValuesIn(kDeaths), kByName);
 
 TEST(KilledSave, LeavesAWholeVersionAtAnyMoment) {
   const TemporaryDatabase database(kCustomers);
