@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+
+#include "support/named_cases.h"
 #include "unit/editing/one_field.h"
 #include "unit/editing/saving.h"
 
@@ -60,24 +63,30 @@ TEST_F(UpdateKeys, FindTheRecordWhoseKeyTheFormShowsInTheRegionalForm) {
   EXPECT_EQ(prices.Value("SELECT group_concat(C) FROM T"), "new,two");
 }
 
-TEST_F(UpdateKeys, DoubleTheQuotesOfTexts) {
-  saving.Post({{"A", "O'Neil"}, {"B", "3"}, {"C", "new"}});
-  EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(database.Value("SELECT C FROM T WHERE B=3"), "new");
+struct FoundCase {
+  std::string_view name, opened, engine, a, b, rows;
+};
+
+class FoundKeys : public UpdateKeys, public testing::WithParamInterface<FoundCase> {};
+
+TEST_P(FoundKeys, ChangeTheirRecord) {
+  if (!GetParam().opened.empty()) saving.page.form.push_back({"Morvu1PK", std::string(GetParam().opened)});
+  if (!GetParam().engine.empty()) saving.settings.DrConnection->SetEngineName(GetParam().engine);
+  EXPECT_TRUE(saving.Post({{"A", GetParam().a}, {"B", GetParam().b}, {"C", "new"}}).Save());
+  EXPECT_EQ(database.Value("SELECT group_concat(A||C) FROM (SELECT A, C FROM T ORDER BY B)"),
+            GetParam().rows);
 }
 
-TEST_F(UpdateKeys, LoseTheBracketsInsideValuesWithTheOthers) {
-  saving.Post({{"A", "[x]"}, {"B", "2"}, {"C", "new"}});
-  EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(database.Value("SELECT A||C FROM T WHERE B=2"), "[x]new") << "the record x was found";
-}
+constexpr FoundCase kFoundKeys[] = {
+    {"WithQuotesDoubled", "", "", "O'Neil", "3", "xone,O'Neilnew,[a]three"},
+    {"WithoutTheBracketsInsideValues", "", "", "[x]", "2", "[x]new,O'Neiltwo,[a]three"},
+    {"WithTheBracketsInsideValuesOnEnginesThatKnowThem", "", "MSSQL", "[a]", "4", "xone,O'Neiltwo,[a]new"},
+    {"WithTheBracketsInsideValuesOnTheOtherEngine", "", "ACCESS", "[a]", "4", "xone,O'Neiltwo,[a]new"},
+    {"PostedInTheFormAndNotTheOneThatAddressedTheRecord", "x,2", "", "O'Neil", "3",
+     "xone,O'Neilnew,[a]three"},
+};
 
-TEST_F(UpdateKeys, KeepTheBracketsInsideValuesOnEnginesThatKnowThem) {
-  saving.settings.DrConnection->SetEngineName("MSSQL");
-  saving.Post({{"A", "[a]"}, {"B", "4"}, {"C", "new"}});
-  EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(database.Value("SELECT C FROM T WHERE A='[a]'"), "new");
-}
+INSTANTIATE_TEST_SUITE_P(Records, FoundKeys, testing::ValuesIn(kFoundKeys), kByName);
 
 TEST_F(UpdateKeys, AreQuotedByTheTypeOfTheColumnAtTheirPosition) {
   saving.settings.EditSQL = "SELECT C, A, B FROM T";
@@ -88,43 +97,10 @@ TEST_F(UpdateKeys, AreQuotedByTheTypeOfTheColumnAtTheirPosition) {
   EXPECT_NE(saving.Message().find("(A=none) AND (B='2')"), std::string::npos) << saving.Message();
 }
 
-TEST_F(UpdateKeys, AreThosePostedInTheFormNotTheKeyThatAddressedTheRecord) {
-  saving.page.form.push_back({"Morvu1PK", "x,2"});
-  saving.Post({{"A", "O'Neil"}, {"B", "3"}, {"C", "new"}});
-  EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(database.Value("SELECT C FROM T WHERE B=3"), "new");
-  EXPECT_EQ(database.Value("SELECT C FROM T WHERE B=2"), "one");
-}
-
 TEST_F(UpdateKeys, ThatAreNotPostedAreEmpty) {
   saving.settings.EditPrimaryKeys = "A";
   saving.Post("C", "new");
   EXPECT_EQ(SourceOf(saving), "SELECT * FROM T WHERE (A='')");
-}
-
-TEST_F(UpdateKeys, OfWhichOneIsNoFieldCannotBeOpened) {
-  saving.settings.EditPrimaryKeys = "A,Nope";
-  saving.Post({{"A", "x"}, {"Nope", "5"}, {"C", "new"}});
-  EXPECT_FALSE(saving.Save());
-  EXPECT_EQ(
-      saving.Message(),
-      "Unable to open recordset. sql='SELECT * FROM T WHERE (A='x') AND (Nope=5)' no such column: Nope<br>");
-}
-
-TEST_F(UpdateKeys, WithAnEmptyItemAreTwoKeys) {
-  saving.settings.EditPrimaryKeys = "A,";
-  saving.Post({{"A", "x"}, {"B", "2"}});
-  EXPECT_FALSE(saving.Save());
-  EXPECT_EQ(
-      saving.Message(),
-      "Unable to open recordset. sql='SELECT * FROM T WHERE (A='x') AND (=)' near \"=\": syntax error<br>");
-}
-
-TEST_F(UpdateKeys, MustNotBeMoreThanColumns) {
-  saving.settings.EditPrimaryKeys = "A,B,C,D";
-  saving.Post({{"A", "x"}, {"B", "2"}});
-  EXPECT_FALSE(saving.Save());
-  EXPECT_EQ(saving.Message(), "EditPrimaryKeys names more keys than there are columns in UpdateRecord.<br>");
 }
 
 TEST_F(UpdateKeys, AddressTheRecordToDelete) {
@@ -142,12 +118,6 @@ TEST_F(UpdateKeys, OfTextAreNoWayIntoTheStatement) {
   EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "3");
 }
 
-TEST_F(UpdateKeys, ThatWereTypedOverChangeTheRecordTheyNameNow) {
-  saving.Post({{"A", "[a]"}, {"B", "4"}, {"C", "one"}}).settings.DrConnection->SetEngineName("ACCESS");
-  EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(database.Value("SELECT group_concat(C, ',') FROM T"), "one,two,one");
-}
-
 // The source
 
 TEST_F(UpdateKeys, ReplaceTheWhereOfEditSqlAndWhatFollows) {
@@ -159,25 +129,36 @@ TEST_F(UpdateKeys, ReplaceTheWhereOfEditSqlAndWhatFollows) {
   }
 }
 
-TEST_F(UpdateKeys, StandBehindAnOrderThatHasNoWhere) {
-  saving.settings.EditSQL = "SELECT * FROM T ORDER BY B";
-  saving.Post({{"A", "x"}, {"B", "2"}});
+struct BadKeys {
+  std::string_view name, keys, statement, message;
+};
+
+class UnusableKeys : public UpdateKeys, public testing::WithParamInterface<BadKeys> {};
+
+TEST_P(UnusableKeys, AreReported) {
+  saving.settings.EditPrimaryKeys = GetParam().keys;
+  saving.settings.EditSQL = GetParam().statement;
+  saving.Post({{"A", "x"}, {"B", "2"}, {"C", "new"}, {"Nope", "5"}});
   EXPECT_FALSE(saving.Save());
-  EXPECT_EQ(
-      saving.Message(),
-      "Unable to open recordset. sql='SELECT * FROM T ORDER BY B WHERE (A='x') AND (B=2)' near \"WHERE\": "
-      "syntax error<br>");
+  EXPECT_EQ(saving.Message(), GetParam().message);
 }
 
-TEST_F(UpdateKeys, StandBehindAWhereWithoutBlanksAroundIt) {
-  saving.settings.EditSQL = "SELECT * FROM T\nWHERE B=2";
-  saving.Post({{"A", "x"}, {"B", "2"}});
-  EXPECT_FALSE(saving.Save());
-  EXPECT_EQ(
-      saving.Message(),
-      "Unable to open recordset. sql='SELECT * FROM T\nWHERE B=2 WHERE (A='x') AND (B=2)' near \"WHERE\": "
-      "syntax error<br>");
-}
+constexpr BadKeys kBadKeys[] = {
+    {"OfWhichOneIsNoField", "A,Nope", "SELECT * FROM T",
+     "Unable to open recordset. sql='SELECT * FROM T WHERE (A='x') AND (Nope=5)' no such column: Nope<br>"},
+    {"WithAnEmptyItem", "A,", "SELECT * FROM T",
+     "Unable to open recordset. sql='SELECT * FROM T WHERE (A='x') AND (=)' near \"=\": syntax error<br>"},
+    {"MoreThanColumns", "A,B,C,D", "SELECT * FROM T",
+     "EditPrimaryKeys names more keys than there are columns in UpdateRecord.<br>"},
+    {"BehindAnOrderThatHasNoWhere", "A,B", "SELECT * FROM T ORDER BY B",
+     "Unable to open recordset. sql='SELECT * FROM T ORDER BY B WHERE (A='x') AND (B=2)' near \"WHERE\": "
+     "syntax error<br>"},
+    {"BehindAWhereWithoutBlanksAroundIt", "A,B", "SELECT * FROM T\nWHERE B=2",
+     "Unable to open recordset. sql='SELECT * FROM T\nWHERE B=2 WHERE (A='x') AND (B=2)' near \"WHERE\": "
+     "syntax error<br>"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Failures, UnusableKeys, testing::ValuesIn(kBadKeys), kByName);
 
 TEST_F(UpdateKeys, AreFoundBehindNamesOfAnyLetters) {
   database.Run(
@@ -238,40 +219,37 @@ TEST_F(NewRecords, TakeAWordWithBlanksAroundForAStatement) {
   EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
 }
 
-TEST_F(NewRecords, GetTheirKeyFromAStatement) {
-  saving.settings.EditNewPKStatement = "SELECT max(ID)+10 FROM T";
-  saving.Post({{"ID", "77"}, {"Name", "Ida"}});
-  EXPECT_TRUE(saving.Insert());
-  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), "12");
+struct NewKeyCase {
+  std::string_view name, statement, read_only, hidden;
+  std::optional<std::string_view> posted;
+  std::string_view key;
+};
+
+class NewKey : public NewRecords, public testing::WithParamInterface<NewKeyCase> {};
+
+TEST_P(NewKey, IsStored) {
+  saving.settings.EditNewPKStatement = GetParam().statement;
+  saving.settings.EditFieldsReadOnly = GetParam().read_only;
+  saving.settings.FormFieldsHide = GetParam().hidden;
+  if (GetParam().posted) saving.Post("ID", *GetParam().posted);
+  EXPECT_TRUE(saving.Post("Name", "Ida").Insert());
+  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), GetParam().key);
 }
 
-TEST_F(NewRecords, GetAGeneratedKeyEvenWhenItIsReadOnlyOrHidden) {
-  saving.settings.EditNewPKStatement = "SELECT max(ID)+10 FROM T";
-  saving.settings.EditFieldsReadOnly = "ID";
-  saving.Post({{"ID", "77"}, {"Name", "Ida"}});
-  EXPECT_TRUE(saving.Insert());
-  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), "12");
+constexpr NewKeyCase kNewKeys[] = {
+    {"FromAStatement", "SELECT max(ID)+10 FROM T", "", "", "77", "12"},
+    {"FromAStatementEvenWhenItIsReadOnly", "SELECT max(ID)+10 FROM T", "ID", "", "77", "12"},
+    {"FromAStatementEvenWhenItIsHidden", "SELECT max(ID)+10 FROM T", "", "ID", std::nullopt, "12"},
+    {"AsPostedWhereTheStatementIsBlank", "  ", "", "", "9", "9"},
+};
 
-  Saving hidden(database);
-  hidden.settings.EditNewPKStatement = "SELECT max(ID)+10 FROM T";
-  hidden.settings.FormFieldsHide = "ID";
-  hidden.Post({{"Name", "Ivo"}});
-  EXPECT_TRUE(hidden.Insert());
-  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ivo'"), "22");
-}
+INSTANTIATE_TEST_SUITE_P(Keys, NewKey, testing::ValuesIn(kNewKeys), kByName);
 
 TEST_F(NewRecords, TestAGeneratedKeyLikeAPostedOne) {
   saving.settings.EditNewPKStatement = "SELECT 'none'";
   saving.Post({{"ID", "77"}, {"Name", "Ida"}});
   EXPECT_FALSE(saving.Insert());
   EXPECT_EQ(saving.Status(), "&nbsp;none is not a number");
-}
-
-TEST_F(NewRecords, KeepThePostedKeyWhereTheStatementIsBlank) {
-  saving.settings.EditNewPKStatement = "  ";
-  saving.Post({{"ID", "9"}, {"Name", "Ida"}});
-  EXPECT_TRUE(saving.Insert());
-  EXPECT_EQ(database.Value("SELECT ID FROM T WHERE Name='Ida'"), "9");
 }
 
 TEST_F(NewRecords, HaveOneStatementForEachKey) {
