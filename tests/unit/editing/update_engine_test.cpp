@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/named_cases.h"
 #include "unit/editing/saving.h"
 
 namespace dralo::tests {
@@ -203,14 +204,38 @@ TEST_F(UpdateEngine, TellsThatThereIsNoConnection) {
 
 // Deletes
 
-TEST_F(UpdateEngine, DeletesWithTheStatementAndThePostedKey) {
-  saving.settings.DeleteSQL = "DELETE FROM T";
-  PostAnna(saving);
-  EXPECT_TRUE(saving.Delete());
-  EXPECT_EQ(saving.Status(), "&nbsp;[Record deleted]");
-  EXPECT_EQ(saving.Message(), "");
-  EXPECT_EQ(database.Value("SELECT group_concat(ID) FROM T"), "2");
+struct DeleteCase {
+  std::string_view name, rule, statement, key;
+  bool result;
+  std::string_view status, message, left;
+};
+
+class Deletion : public UpdateEngine, public testing::WithParamInterface<DeleteCase> {};
+
+TEST_P(Deletion, RunsTheStatementWithThePostedKey) {
+  database.Run(GetParam().rule);
+  saving.settings.DeleteSQL = GetParam().statement;
+  PostAnna(saving).page.form[0].value = GetParam().key;
+  EXPECT_EQ(saving.Delete(), GetParam().result);
+  EXPECT_EQ(saving.Status(), GetParam().status);
+  EXPECT_EQ(saving.Message(), GetParam().message);
+  EXPECT_EQ(database.Value("SELECT group_concat(ID) FROM T"), GetParam().left);
 }
+
+constexpr DeleteCase kDeletions[] = {
+    {"AndRemovesTheRecord", "", "DELETE FROM T", "1", true, "&nbsp;[Record deleted]", "", "2"},
+    {"AndTellsInTheStatusThatItFailed",
+     "CREATE TRIGGER Keep BEFORE DELETE ON T BEGIN SELECT RAISE(ABORT, 'Customers are kept'); END",
+     "DELETE FROM T", "1", false, "Delete failed: Customers are kept<br>", "", "1,2"},
+    {"ButNotOneThatHasAWhereOfItsOwn", "", "DELETE FROM T WHERE Active=1", "1", false,
+     "Delete failed: near \"WHERE\": syntax error<br>", "", "1,2"},
+    {"AndSaysDeletedAndWhyNotWhenTheRecordWasGoneAlready", "", "DELETE FROM T", "77", true,
+     "&nbsp;[Record deleted]", "There is no record with the posted key in UpdateRecord.<br>", "1,2"},
+    {"ButRemovesNothingThatAnExpressionFinds", "", "DELETE FROM T", "1 OR 1=1", false, "",
+     "Several records have the posted key, so none was deleted in UpdateRecord.<br>", "1,2"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Deletions, Deletion, testing::ValuesIn(kDeletions), kByName);
 
 TEST_F(UpdateEngine, SavesThePostedValuesWhenThereIsNoStatementToDeleteWith) {
   PostAnna(saving).page.form[1].value = "Eve";
@@ -227,95 +252,57 @@ TEST_F(UpdateEngine, DeletesEvenWhenSaveAndInsertArePostedToo) {
   EXPECT_EQ(database.Value("SELECT group_concat(ID) FROM T"), "2");
 }
 
-TEST_F(UpdateEngine, TellsInTheStatusThatADeleteFailed) {
-  database.Run("CREATE TRIGGER Keep BEFORE DELETE ON T BEGIN SELECT RAISE(ABORT, 'Customers are kept'); END");
-  saving.settings.DeleteSQL = "DELETE FROM T";
-  PostAnna(saving);
-  EXPECT_FALSE(saving.Delete());
-  EXPECT_EQ(saving.Status(), "Delete failed: Customers are kept<br>");
-  EXPECT_EQ(saving.Message(), "");
-  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
-}
-
-TEST_F(UpdateEngine, CannotDeleteWithAStatementThatHasAWhereOfItsOwn) {
-  saving.settings.DeleteSQL = "DELETE FROM T WHERE Active=1";
-  PostAnna(saving);
-  EXPECT_FALSE(saving.Delete());
-  EXPECT_EQ(saving.Status(), "Delete failed: near \"WHERE\": syntax error<br>");
-  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
-}
-
-TEST_F(UpdateEngine, SaysDeletedAndWhyNotWhenTheRecordWasGoneAlready) {
-  saving.settings.DeleteSQL = "DELETE FROM T";
-  saving.Post("ID", "77");
-  EXPECT_TRUE(saving.Delete());
-  EXPECT_EQ(saving.Status(), "&nbsp;[Record deleted]");
-  EXPECT_EQ(saving.Message(), "There is no record with the posted key in UpdateRecord.<br>");
-  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
-}
-
-TEST_F(UpdateEngine, DeletesNothingThatAnExpressionFinds) {
-  saving.settings.DeleteSQL = "DELETE FROM T";
-  saving.Post("ID", "1 OR 1=1");
-  EXPECT_FALSE(saving.Delete());
-  EXPECT_EQ(saving.Status(), "");
-  EXPECT_EQ(saving.Message(),
-            "Several records have the posted key, so none was deleted in UpdateRecord.<br>");
-  EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
-}
-
 // The texts of the interface language
 
-struct Texts {
+struct LanguageCase {
+  std::string_view name;
+  void (*set)(settings::Settings&);
   std::string_view inserted, updated, deleted, not_saved;
 };
 
-/// The outcomes of one save of each kind.
-void ExpectOutcomes(const std::function<void(settings::Settings&)>& set_language, const Texts& texts) {
-  const TemporaryDatabase database(kCustomers);
-  const auto outcome = [&](auto&& act) {
-    Saving saving(database);
-    set_language(saving.settings);
+class UpdateMessages : public testing::TestWithParam<LanguageCase> {
+ protected:
+  /// The outcome of one save.
+  std::string Outcome(auto&& act) {
+    Saving saving(database_);
+    GetParam().set(saving.settings);
     saving.settings.DeleteSQL = "DELETE FROM T";
     act(saving);
     return saving.Status();
-  };
-  EXPECT_EQ(outcome([](Saving& saving) {
-              saving.Post({{"ID", "7"}, {"Name", "Ida"}}).Insert();
-            }),
-            texts.inserted);
-  EXPECT_EQ(outcome([](Saving& saving) { PostAnna(saving).Save(); }), texts.updated);
-  EXPECT_EQ(outcome([](Saving& saving) { saving.Post("ID", "7").Delete(); }), texts.deleted);
-  EXPECT_EQ(outcome([](Saving& saving) {
-              saving.Post({{"ID", "1"}, {"Name", ""}}).Save();
-            }),
-            texts.not_saved);
-}
-
-TEST(UpdateMessages, AreTheSameInEnglishAndGerman) {
-  for (const std::string_view code : {"ENG", "GER"}) {
-    ExpectOutcomes(
-        [&](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables(code); },
-        {"&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
-         "&nbsp;Record WAS NOT SAVED. Fill out all required fields."});
   }
+
+ private:
+  TemporaryDatabase database_{kCustomers};
+};
+
+TEST_P(UpdateMessages, AreThoseOfTheLanguage) {
+  const auto insert = [](Saving& saving) { saving.Post({{"ID", "7"}, {"Name", "Ida"}}).Insert(); };
+  EXPECT_EQ(Outcome(insert), GetParam().inserted);
+  EXPECT_EQ(Outcome([](Saving& saving) { PostAnna(saving).Save(); }), GetParam().updated);
+  EXPECT_EQ(Outcome([](Saving& saving) { saving.Post("ID", "7").Delete(); }), GetParam().deleted);
+  const auto save_nobody = [](Saving& saving) { saving.Post({{"ID", "1"}, {"Name", ""}}).Save(); };
+  EXPECT_EQ(Outcome(save_nobody), GetParam().not_saved);
 }
 
-TEST(UpdateMessages, AreNorwegianInNorwegian) {
-  ExpectOutcomes(
-      [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("NOR"); },
-      {"&nbsp;[Ny datapost lagret]", "&nbsp;[Dataposten ble lagret]", "&nbsp;[Dataposten ble slettet]",
-       "&nbsp;Dataposten ble IKKE LAGRET. Fyll ut påkrevde verdier."});
-}
+constexpr LanguageCase kLanguages[] = {
+    {"English",
+     [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("ENG"); },
+     "&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
+     "&nbsp;Record WAS NOT SAVED. Fill out all required fields."},
+    {"GermanAsInEnglish",
+     [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("GER"); },
+     "&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
+     "&nbsp;Record WAS NOT SAVED. Fill out all required fields."},
+    {"Norwegian",
+     [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("NOR"); },
+     "&nbsp;[Ny datapost lagret]", "&nbsp;[Dataposten ble lagret]", "&nbsp;[Dataposten ble slettet]",
+     "&nbsp;Dataposten ble IKKE LAGRET. Fyll ut påkrevde verdier."},
+    {"APagesOwnListThatIsTooShort",
+     [](settings::Settings& settings) { settings::SetLangUpdString(settings, "new,saved, gone"); },
+     "&nbsp;new", "&nbsp;saved", "&nbsp; gone", "&nbsp;"},
+};
 
-TEST(UpdateMessages, HaveNoTextWhereAPagesOwnListIsTooShort) {
-  ExpectOutcomes(
-      [](settings::Settings& settings) {
-        settings.language_tables = std::make_shared<settings::LanguageTables>(
-            settings::LanguageTables{{}, {}, {"new", "saved", " gone"}});
-      },
-      {"&nbsp;new", "&nbsp;saved", "&nbsp; gone", "&nbsp;"});
-}
+INSTANTIATE_TEST_SUITE_P(Languages, UpdateMessages, testing::ValuesIn(kLanguages), kByName);
 
 }  // namespace
 
