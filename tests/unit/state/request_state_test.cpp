@@ -42,6 +42,7 @@ TEST_P(RequestedPage, IsShown) {
 }
 
 const PageCase kPageSizes[] = {
+    {"OfTwentyForAPropertyBelowOne", {{"RecordsPerPage", NumberValue(-3)}}, {}, Range(1, 20)},
     {"OfTheRequestedSize", {}, {{"maxrecords", "5"}}, Range(1, 5), 5},
     {"OfTwentyForASizeOfZero", {}, {{"maxrecords", "0"}}, Range(1, 20)},
     {"OfTwentyForASizeBelowZero", {{"RecordsPerPage", NumberValue(5)}}, {{"maxrecords", "-3"}}, Range(1, 20)},
@@ -63,12 +64,6 @@ const PageCase kPageSizes[] = {
      Range(1, 30),
      40},
 };
-
-TEST(PageSizeProperty, BelowOneIsTwenty) {
-  ItemsPage page(45);
-  page.view.Set("RecordsPerPage", std::int64_t{-3});
-  EXPECT_EQ(page.Shown(), Range(1, 20));
-}
 
 const PageCase kFirstRecords[] = {
     {"FromTheRequestedRecord", {}, {{"CurrRecord", " 21 "}}, Range(21, 40)},
