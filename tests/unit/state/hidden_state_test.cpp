@@ -24,8 +24,11 @@ struct Form : tests::Rendering {
   }
 };
 
-TEST(HiddenState, IsWrittenInAFixedOrder) {
+struct HiddenState : testing::Test {
   Form form;
+};
+
+TEST_F(HiddenState, IsWrittenInAFixedOrder) {
   form.current_record = 21;
   form.settings.PersistentSQL = true;
   form.settings.sql = "SELECT * FROM Orders";
@@ -45,8 +48,7 @@ TEST(HiddenState, IsWrittenInAFixedOrder) {
             "<input type=\"hidden\" name=\"Search\" value=\"sild\">\r\n");
 }
 
-TEST(HiddenState, OfAPlainGridHasNoStatementAndEmptyViewAndOrder) {
-  Form form;
+TEST_F(HiddenState, OfAPlainGridHasNoStatementAndEmptyViewAndOrder) {
   form.settings.sql = "SELECT * FROM Orders";
 
   EXPECT_EQ(form.Html(),
@@ -58,23 +60,20 @@ TEST(HiddenState, OfAPlainGridHasNoStatementAndEmptyViewAndOrder) {
             "<input type=\"hidden\" name=\"Morvu1OrderByDesc\" value=\"\">\r\n");
 }
 
-TEST(HiddenState, AsksForTheCountOnlyWhenRecordsAreCounted) {
-  Form form;
+TEST_F(HiddenState, AsksForTheCountOnlyWhenRecordsAreCounted) {
   form.settings.CountRecords = false;
 
   EXPECT_FALSE(tests::Contains(form.Html(), "CountRecords"));
 }
 
-TEST(HiddenState, BearsTheTagOfItsView) {
-  Form form;
+TEST_F(HiddenState, BearsTheTagOfItsView) {
   form.settings.Tag = "2";
 
   EXPECT_TRUE(tests::Contains(form.Html(), "name=\"Morvu2CurrRecord\""));
   EXPECT_FALSE(tests::Contains(form.Html(), "Morvu1"));
 }
 
-TEST(HiddenState, WritesTheStatementAsItStands) {
-  Form form;
+TEST_F(HiddenState, WritesTheStatementAsItStands) {
   form.settings.PersistentSQL = true;
   form.settings.sql = "SELECT \"Name\" FROM Orders WHERE City='Bergen'";
 
@@ -82,8 +81,7 @@ TEST(HiddenState, WritesTheStatementAsItStands) {
       form.Html(), "name=\"Morvu1SQL\" value=\"SELECT \"Name\" FROM Orders WHERE City='Bergen'\">"));
 }
 
-TEST(HiddenState, KeepsTextsOfTheVisitorInsideTheirAttributes) {
-  Form form;
+TEST_F(HiddenState, KeepsTextsOfTheVisitorInsideTheirAttributes) {
   form.form_display = "x\"><script>";
   form.settings.OrderByFields = "\"Name\"";
 
@@ -93,15 +91,13 @@ TEST(HiddenState, KeepsTextsOfTheVisitorInsideTheirAttributes) {
   EXPECT_TRUE(tests::Contains(html, "name=\"Morvu1OrderByFields\" value=\"&quot;Name&quot;\">\r\n"));
 }
 
-TEST(HiddenState, WritesTheOrderEmptyWhenItAscendsBecauseAnyTextWouldDescend) {
-  Form form;
+TEST_F(HiddenState, WritesTheOrderEmptyWhenItAscendsBecauseAnyTextWouldDescend) {
   form.settings.OrderByFields = "2";
 
   EXPECT_TRUE(tests::Contains(form.Html(), "name=\"Morvu1OrderByDesc\" value=\"\">\r\n"));
 }
 
-TEST(HiddenState, CarriesThePageSizeOfTheGridInTheOneRecordView) {
-  Form form;
+TEST_F(HiddenState, CarriesThePageSizeOfTheGridInTheOneRecordView) {
   form.mode = state::Mode::kFormView;
   form.records_on_page = 1;
   form.current_record = 27;
@@ -138,8 +134,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SizeCase{true, "top", true, 3, false}, SizeCase{true, "bottom", true, 3, false},
                     SizeCase{false, "bottom", true, 3, true}));
 
-TEST(HiddenState, LeavesThePostedFormOutWhenThePageSaysSo) {
-  Form form;
+TEST_F(HiddenState, LeavesThePostedFormOutWhenThePageSaysSo) {
   form.settings.PersistPageFormRequest = false;
   form.page.form = {{"Search", "sild"}};
   form.page.query = {{"Menu", "3"}};
@@ -148,8 +143,7 @@ TEST(HiddenState, LeavesThePostedFormOutWhenThePageSaysSo) {
   EXPECT_TRUE(form.Html().ends_with("<input type=\"hidden\" name=\"Menu\" value=\"3\">\r\n"));
 }
 
-TEST(HiddenState, StandsBeforeTheRepeatedKeysOfALongTagSoThatItIsReadFirst) {
-  Form form;
+TEST_F(HiddenState, StandsBeforeTheRepeatedKeysOfALongTagSoThatItIsReadFirst) {
   form.settings.Tag = "12";
   form.current_record = 41;
   form.page.form = {{"Morvu12CurrRecord", "21"}};

@@ -40,13 +40,15 @@ constexpr std::string_view kOrderLines = R"(
     CREATE TABLE T (OrderID INTEGER, Article VARCHAR(20), PRIMARY KEY (OrderID, Article));
     INSERT INTO T VALUES (7, 'O''Neil, "x" & ä'))";
 
-TEST(StateQuery, CarriesRecordCountAndPageSize) {
+struct LinksOfAView : testing::Test {
   Links links;
+};
+
+TEST_F(LinksOfAView, StateQueryCarriesRecordCountAndPageSize) {
   EXPECT_EQ(links.State(21), "Morvu1CurrRecord=21&Morvu1CountRecords=on&Morvu1maxrecords=20");
 }
 
-TEST(StateQuery, LeavesTheCountOutWhenRecordsAreNotCounted) {
-  Links links;
+TEST_F(LinksOfAView, StateQueryLeavesTheCountOutWhenRecordsAreNotCounted) {
   links.settings.CountRecords = false;
   links.settings.RecordsPerPage = 5;
   links.settings.Tag = "ab";
@@ -56,8 +58,7 @@ TEST(StateQuery, LeavesTheCountOutWhenRecordsAreNotCounted) {
             "maxrecords=5");
 }
 
-TEST(StateQuery, CarriesTheStatementEncodedWhenItIsPersistent) {
-  Links links;
+TEST_F(LinksOfAView, StateQueryCarriesTheStatementEncodedWhenItIsPersistent) {
   links.settings.PersistentSQL = true;
   links.settings.sql = "SELECT * FROM T WHERE N='ä b'";
   EXPECT_EQ(links.State(1),
@@ -65,16 +66,14 @@ TEST(StateQuery, CarriesTheStatementEncodedWhenItIsPersistent) {
             "&Morvu1SQL=SELECT+%2A+FROM+T+WHERE+N%3D%27%C3%A4+b%27");
 }
 
-TEST(StateQuery, CarriesThePagesOwnFieldsBehindEverything) {
-  Links links;
+TEST_F(LinksOfAView, StateQueryCarriesThePagesOwnFieldsBehindEverything) {
   links.page.query = {{"Search", "a&b"}, {"Morvu1CurrRecord", "9"}};
   links.page.form = {{"City", "Köln"}};
   EXPECT_EQ(links.State(1),
             "Morvu1CurrRecord=1&Morvu1CountRecords=on&Morvu1maxrecords=20&Search=a%26b&City=K%C3%B6ln");
 }
 
-TEST(AddLink, KeepsTheOrderAndTheStateOfTheCurrentRecord) {
-  Links links;
+TEST_F(LinksOfAView, AddLinkKeepsTheOrderAndTheStateOfTheCurrentRecord) {
   links.current_record = 21;
   EXPECT_EQ(links.Add(),
             "/p?Morvu1FormDisplay=formOneRec&Morvu1FormAdd=1&Morvu1OrderByFields="
@@ -87,8 +86,7 @@ TEST(AddLink, KeepsTheOrderAndTheStateOfTheCurrentRecord) {
             "&Morvu1OrderByDesc=True&Morvu1CurrRecord=21&Morvu1CountRecords=on&Morvu1maxrecords=20");
 }
 
-TEST(AddLink, HasNoApostropheThatCouldEndItsScript) {
-  Links links;
+TEST_F(LinksOfAView, AddLinkHasNoApostropheThatCouldEndItsScript) {
   links.settings.OrderByFields = "'name'";
   links.settings.PersistentSQL = true;
   links.settings.sql = "SELECT 'x'";
@@ -96,8 +94,7 @@ TEST(AddLink, HasNoApostropheThatCouldEndItsScript) {
   EXPECT_EQ(links.Add().find('\''), std::string::npos);
 }
 
-TEST(ListLink, CarriesTheStateAndThenTheOrder) {
-  Links links;
+TEST_F(LinksOfAView, ListLinkCarriesTheStateAndThenTheOrder) {
   links.current_record = 27;
   links.settings.OrderByFields = "2";
   EXPECT_EQ(links.List(),

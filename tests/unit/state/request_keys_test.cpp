@@ -18,9 +18,11 @@ std::string Written(const RequestKeys& keys, std::string_view name) {
   return out.Write(keys(name)).Take();
 }
 
-TEST(RequestKeys, AreWrittenAsPrefixTagAndName) {
-  const FakePage page;
+struct RequestKeysOfAPage : testing::Test {
+  FakePage page;
+};
 
+TEST_F(RequestKeysOfAPage, AreWrittenAsPrefixTagAndName) {
   EXPECT_EQ(Written(RequestKeys(page.GetRequest(), "1"), key::kCurrRecord), "Morvu1CurrRecord");
   EXPECT_EQ(Written(RequestKeys(page.GetRequest(), "orders"), key::kMaxRecords), "Morvuordersmaxrecords");
   EXPECT_EQ(Written(RequestKeys(page.GetRequest(), ""), key::kPrimaryKey), "MorvuPK");
@@ -85,8 +87,7 @@ constexpr KeyCase kValuesOfKeys[] = {
 
 INSTANTIATE_TEST_SUITE_P(Requests, RequestKey, testing::ValuesIn(kValuesOfKeys), tests::kByName);
 
-TEST(RequestKeys, AreAbsentWhenTheirValueIsBlank) {
-  FakePage page;
+TEST_F(RequestKeysOfAPage, AreAbsentWhenTheirValueIsBlank) {
   page.form = {{"Morvu1FormEdit", ""}, {"Morvu1FormAdd", "   "}};
   const RequestKeys keys(page.GetRequest(), "1");
 
@@ -95,8 +96,7 @@ TEST(RequestKeys, AreAbsentWhenTheirValueIsBlank) {
   EXPECT_FALSE(keys.Has(key::kFormUpdate));
 }
 
-TEST(RequestKeys, ArePresentWithTheValueZero) {
-  FakePage page;
+TEST_F(RequestKeysOfAPage, ArePresentWithTheValueZero) {
   page.form = {{"Morvu1NEXT.x", "0"}, {"Morvu1FormAdd", "0"}};
   const RequestKeys keys(page.GetRequest(), "1");
 
@@ -104,8 +104,7 @@ TEST(RequestKeys, ArePresentWithTheValueZero) {
   EXPECT_TRUE(keys.WasPressed(key::kNext));
 }
 
-TEST(RequestKeys, SeeAPressedImageButtonByItsCoordinateOnly) {
-  FakePage page;
+TEST_F(RequestKeysOfAPage, SeeAPressedImageButtonByItsCoordinateOnly) {
   page.form = {{"Morvu1next.X", "12"}, {"Morvu1PREV.y", "3"}, {"Morvu1LAST", "1"}, {"Morvu2FIRST.x", "1"}};
   const RequestKeys keys(page.GetRequest(), "1");
 
@@ -115,8 +114,7 @@ TEST(RequestKeys, SeeAPressedImageButtonByItsCoordinateOnly) {
   EXPECT_FALSE(keys.WasPressed(key::kFirst));
 }
 
-TEST(RequestKeys, TakeValuesOfAnyBytes) {
-  FakePage page;
+TEST_F(RequestKeysOfAPage, TakeValuesOfAnyBytes) {
   const std::string bytes("\0\xFF\"'<&%\r\n", 9);
   page.form = {{"Morvu1PK", bytes}};
 
