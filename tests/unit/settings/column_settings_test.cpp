@@ -29,9 +29,13 @@ void ExpectTemplates(const Settings& settings, std::string_view columns,
   EXPECT_EQ(settings.GridFreeFormatCellByCol.values, values);
 }
 
-TEST(ColumnSettings, KeepColumnsAndTextsInTheOrderOfTheirFirstSetting) {
+struct ColumnSettings : testing::Test {
   Settings settings;
+};
 
+using BulkTemplates = ColumnSettings;
+
+TEST_F(ColumnSettings, KeepColumnsAndTextsInTheOrderOfTheirFirstSetting) {
   SetGridFreeFormatCellByCol(settings, 3, "#Name#");
   ExpectTemplates(settings, "3", {"3", "#Name#"});
 
@@ -42,8 +46,7 @@ TEST(ColumnSettings, KeepColumnsAndTextsInTheOrderOfTheirFirstSetting) {
   ExpectTemplates(settings, "3,5", {"3", "new", "5", "x"});
 }
 
-TEST(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
-  Settings settings;
+TEST_F(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
   settings::SetGridFreeFormatCellByCol(settings, 1, " a ");
   settings::SetGridFormatCellFunction(settings, 2, "UCASE");
   settings::SetGridColAttributes(settings, 0, " b ");
@@ -55,8 +58,7 @@ TEST(ColumnSettings, ReadBackWhatWasSetForTheColumn) {
   EXPECT_EQ(Read(settings::GridColHeadAttributes, settings, -4), " c ");
 }
 
-TEST(ColumnSettings, ReadAsEmptyWithoutAMessageForAColumnThatHasNone) {
-  Settings settings;
+TEST_F(ColumnSettings, ReadAsEmptyWithoutAMessageForAColumnThatHasNone) {
   settings::SetGridColAttributes(settings, 1, "nowrap");
 
   EXPECT_EQ(Read(settings::GridColAttributes, settings, 9), "");
@@ -66,9 +68,7 @@ TEST(ColumnSettings, ReadAsEmptyWithoutAMessageForAColumnThatHasNone) {
   EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(ColumnSettings, AreReportedWhenAReaderCountsOnAMissingOne) {
-  Settings settings;
-
+TEST_F(ColumnSettings, AreReportedWhenAReaderCountsOnAMissingOne) {
   EXPECT_EQ(Read(settings::GetFreeCellStringRaw, settings, 3), "");
   EXPECT_EQ(settings.ErrorMessage,
             "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=-1<br>");
@@ -79,8 +79,7 @@ TEST(ColumnSettings, AreReportedWhenAReaderCountsOnAMissingOne) {
             "The column has no setting in GetFormatCellStringRaw. index=4, nArrIdx=-1<br>");
 }
 
-TEST(ColumnSettings, AreFoundByTheWholeNumberOnly) {
-  Settings settings;
+TEST_F(ColumnSettings, AreFoundByTheWholeNumberOnly) {
   SetGridFreeFormatCellByCol(settings, 12, "x");
 
   EXPECT_TRUE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 12));
@@ -89,9 +88,7 @@ TEST(ColumnSettings, AreFoundByTheWholeNumberOnly) {
   }
 }
 
-TEST(ColumnSettings, StripAFormatFunctionOfANewColumnOnly) {
-  Settings settings;
-
+TEST_F(ColumnSettings, StripAFormatFunctionOfANewColumnOnly) {
   settings::SetGridFormatCellFunction(settings, 2, "  LEFT,3 ");
   EXPECT_EQ(Read(settings::GridFormatCellFunction, settings, 2), "LEFT,3");
 
@@ -99,7 +96,7 @@ TEST(ColumnSettings, StripAFormatFunctionOfANewColumnOnly) {
   EXPECT_EQ(Read(settings::GridFormatCellFunction, settings, 2), "  LEFT,3 ");
 }
 
-TEST(ColumnSettings, ShowTheStepsWhenATemplateCannotBeStored) {
+TEST_F(ColumnSettings, ShowTheStepsWhenATemplateCannotBeStored) {
   Settings first;
   SetGridFreeFormatCellByCol(first, 3, TooLong());
   EXPECT_THAT(first.ErrorMessage,
@@ -113,9 +110,7 @@ TEST(ColumnSettings, ShowTheStepsWhenATemplateCannotBeStored) {
                                 "mvarGridFreeFormatCellIdx=3,5<br>Setting marrGridFreeCell(2)=5<br><br>"));
 }
 
-TEST(ColumnSettings, ShowTheStepsWhenAFormatFunctionCannotBeStored) {
-  Settings settings;
-
+TEST_F(ColumnSettings, ShowTheStepsWhenAFormatFunctionCannotBeStored) {
   // Blanks around the text would be read, so it must not be trimmed: the column has a function already.
   settings::SetGridFormatCellFunction(settings, 3, "x");
   settings::SetGridFormatCellFunction(settings, 3, TooLong());
@@ -123,17 +118,14 @@ TEST(ColumnSettings, ShowTheStepsWhenAFormatFunctionCannotBeStored) {
   EXPECT_THAT(settings.ErrorMessage, testing::EndsWith(" in GridFormatCellFunction. trace=<br>"));
 }
 
-TEST(ColumnSettings, ReportAttributesThatCannotBeStored) {
-  Settings settings;
-
+TEST_F(ColumnSettings, ReportAttributesThatCannotBeStored) {
   settings::SetGridColAttributes(settings, 3, TooLong());
   EXPECT_THAT(settings.ErrorMessage, testing::EndsWith(" in GridColAttributes. <br>"));
   settings::SetGridColHeadAttributes(settings, 3, TooLong());
   EXPECT_THAT(settings.ErrorMessage, testing::EndsWith(" in GridColHeadAttributes. <br>"));
 }
 
-TEST(BulkTemplates, AreNumberAndTemplateInTurn) {
-  Settings settings;
+TEST_F(BulkTemplates, AreNumberAndTemplateInTurn) {
   SetGridFreeFormatCellByCol(settings, 9, "gone");
 
   SetGridFreeFormatCell(settings, "2,<b>#Title#</b>,4,#Price# EUR");
@@ -142,9 +134,7 @@ TEST(BulkTemplates, AreNumberAndTemplateInTurn) {
   EXPECT_FALSE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 9));
 }
 
-TEST(BulkTemplates, NeverMatchAColumnWhoseNumberBeginsWithABlank) {
-  Settings settings;
-
+TEST_F(BulkTemplates, NeverMatchAColumnWhoseNumberBeginsWithABlank) {
   SetGridFreeFormatCell(settings, "2,x, 4,y");
 
   EXPECT_EQ(settings.GridFreeFormatCellByCol.index_list, "2, 4");
@@ -152,8 +142,7 @@ TEST(BulkTemplates, NeverMatchAColumnWhoseNumberBeginsWithABlank) {
   EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 2), "x");
 }
 
-TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
-  Settings settings;
+TEST_F(BulkTemplates, AreSplitAtTheColumnDelimiter) {
   settings.GridFreeFormatCellColumnDelimiter = "||";
 
   SetGridFreeFormatCell(settings, "2||a,b||4||c");
@@ -162,8 +151,7 @@ TEST(BulkTemplates, AreSplitAtTheColumnDelimiter) {
   EXPECT_EQ(Read(settings::GridFreeFormatCellByCol, settings, 4), "c");
 }
 
-TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
-  Settings settings;
+TEST_F(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
   SetGridFreeFormatCell(settings, "2,x");
 
   SetGridFreeFormatCell(settings, "");
@@ -174,9 +162,7 @@ TEST(BulkTemplates, LeaveTheColumnsListedWhenTheTextIsEmpty) {
             "The column has no setting in GetFreeCellStringRaw. index=2, nArrIdx=1<br>");
 }
 
-TEST(BulkTemplates, ReportALastColumnWithoutATemplate) {
-  Settings settings;
-
+TEST_F(BulkTemplates, ReportALastColumnWithoutATemplate) {
   SetGridFreeFormatCell(settings, "2,x,3");
 
   EXPECT_TRUE(settings::HasColumnSetting(settings.GridFreeFormatCellByCol, 3));
@@ -185,8 +171,7 @@ TEST(BulkTemplates, ReportALastColumnWithoutATemplate) {
             "The column has no setting in GetFreeCellStringRaw. index=3, nArrIdx=3<br>");
 }
 
-TEST(BulkTemplates, CanBeSetByColumnAfterAnEmptyText) {
-  Settings settings;
+TEST_F(BulkTemplates, CanBeSetByColumnAfterAnEmptyText) {
   SetGridFreeFormatCell(settings, "2,x,4,y");
   SetGridFreeFormatCell(settings, "");
 
@@ -197,8 +182,7 @@ TEST(BulkTemplates, CanBeSetByColumnAfterAnEmptyText) {
   EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(BulkTemplates, GetTheirMissingTemplateWhenAnotherColumnIsSet) {
-  Settings settings;
+TEST_F(BulkTemplates, GetTheirMissingTemplateWhenAnotherColumnIsSet) {
   SetGridFreeFormatCell(settings, "2,x,3");
 
   SetGridFreeFormatCellByCol(settings, 5, "y");

@@ -15,16 +15,18 @@ LookupList::Lookup LookupOf(std::string_view field, std::string_view table) {
   return {.field_name = field, .table = table, .link_field = "ID", .display_field = "Name", .order_by = ""};
 }
 
-TEST(LookupList, KeepsALookupAsOneText) {
+struct Lookups : testing::Test {
   LookupList lookups;
+};
+
+TEST_F(Lookups, KeepsALookupAsOneText) {
   lookups.Add({"CustomerID", "Customers", "ID", "Name", "Name", true});
   EXPECT_EQ(lookups.Find("CustomerID"), "CustomerID,Customers,ID,Name,Name,1");
   lookups.Add({"CityID", "Cities", "ID", "City", "", false});
   EXPECT_EQ(lookups.Find("CityID"), "CityID,Cities,ID,City,,0");
 }
 
-TEST(LookupList, GrowsByTwoEntriesOfWhichTheSecondStaysEmpty) {
-  LookupList lookups;
+TEST_F(Lookups, GrowsByTwoEntriesOfWhichTheSecondStaysEmpty) {
   EXPECT_EQ(lookups.UpperBound(), -1);
   lookups.Add(LookupOf("A", "T"));
   EXPECT_EQ(lookups.UpperBound(), 1);
@@ -36,29 +38,22 @@ TEST(LookupList, GrowsByTwoEntriesOfWhichTheSecondStaysEmpty) {
               ElementsAre("A,T,ID,Name,,0", "", "B,T,ID,Name,,0", "", "C,T,ID,Name,,0", ""));
 }
 
-TEST(LookupList, FindsFieldsInAnyLetterCase) {
-  LookupList lookups;
+TEST_F(Lookups, FindsFieldsInAnyLetterCase) {
   lookups.Add(LookupOf("CustomerID", "Customers"));
   EXPECT_EQ(lookups.Find("customerid"), "CustomerID,Customers,ID,Name,,0");
   EXPECT_EQ(lookups.Find("Customer"), "");
   EXPECT_EQ(lookups.Find("CustomerID,Customers"), "");
 }
 
-TEST(LookupList, LetsTheFirstOfTwoLookupsOfAFieldWin) {
-  LookupList lookups;
+TEST_F(Lookups, LetsTheFirstOfTwoLookupsOfAFieldWin) {
   lookups.Add(LookupOf("CustomerID", "First"));
   lookups.Add(LookupOf("CUSTOMERID", "Second"));
   EXPECT_EQ(lookups.Find("CustomerID"), "CustomerID,First,ID,Name,,0");
 }
 
-TEST(LookupList, FindsNothingWhereNothingWasAdded) {
-  const LookupList lookups;
+TEST_F(Lookups, FindsNothingWhereNothingWasAddedAndNoEmptyEntries) {
   EXPECT_EQ(lookups.Find("CustomerID"), "");
   EXPECT_EQ(lookups.Find(""), "");
-}
-
-TEST(LookupList, DoesNotFindItsEmptyEntries) {
-  LookupList lookups;
   lookups.Add(LookupOf("A", "T"));
   EXPECT_EQ(lookups.Find(""), "");
 }

@@ -11,12 +11,12 @@ namespace {
 
 using tests::TestEnvironment;
 
-struct SettersTest : ::testing::Test {
+struct Setters : ::testing::Test {
   Settings settings;
   void SetSqlTo(std::string value) { SetSql(settings, TestEnvironment(), std::move(value)); }
 };
 
-using Sql = SettersTest;
+using Sql = Setters;
 
 TEST_F(Sql, AlsoBecomesTheFormAndEditStatements) {
   SetSqlTo("SELECT 1");
@@ -59,7 +59,7 @@ TEST_F(Sql, IsACommandUnlessItBeginsWithSelectAndABlank) {
   EXPECT_FALSE(settings.has_stored_procedure);
 }
 
-using FormSql = SettersTest;
+using FormSql = Setters;
 
 TEST_F(FormSql, SwitchesTheFormattingOfTheFormOff) {
   SetFormSql(settings, "SELECT 2");
@@ -87,8 +87,7 @@ TEST_F(FormSql, AfterSqlWasSetTwiceFindsTheFirstTextInTheEditStatementAndKeepsIt
   EXPECT_EQ(settings.EditSQL, "SELECT 1");
 }
 
-TEST(EditOptions, AreTrimmedAndWrittenInCapitals) {
-  Settings settings;
+TEST_F(Setters, EditOptionsAreTrimmedAndWrittenInCapitals) {
   SetEditOptions(settings, " add update ");
   EXPECT_EQ(settings.EditOptions, "ADD UPDATE");
   SetEditOptions(settings, "all");
@@ -120,16 +119,14 @@ constexpr WidthCase kWidths[] = {
 
 INSTANTIATE_TEST_SUITE_P(Tags, WidthOf, testing::ValuesIn(kWidths), tests::kByName);
 
-TEST(TableTag, GetsCellSpacingInFrontWhenItHasNone) {
-  Settings settings;
+TEST_F(Setters, TableTagGetsCellSpacingInFrontWhenItHasNone) {
   SetTableTag(settings, R"(border="1")");
   EXPECT_EQ(settings.TableTag, R"(cellspacing="0" border="1")");
   SetTableTag(settings, R"(CellSpacing=4)");
   EXPECT_EQ(settings.TableTag, R"(CellSpacing=4)") << "one of its own";
 }
 
-TEST(TableTag, GivesItsWidthToTheView) {
-  Settings settings;
+TEST_F(Setters, TableTagGivesItsWidthToTheView) {
   SetTableTag(settings, R"(border="1" width = "80%" bgcolor="red")");
   EXPECT_EQ(settings.Width, "80%");
 }
@@ -143,8 +140,7 @@ TEST(DisplayNavBar, AtTheTopWithALastPageButtonSwitchesCountingOn) {
   }
 }
 
-TEST(DisplayNavBar, AtTheBottomOrWithoutALastPageButtonLeavesCountingAsItIs) {
-  Settings settings;
+TEST_F(Setters, DisplayNavBarAtTheBottomOrWithoutALastPageButtonLeavesCountingAsItIs) {
   settings.CountRecords = false;
   SetDisplayNavBar(settings, "bottom");
   EXPECT_FALSE(settings.CountRecords);
@@ -153,15 +149,13 @@ TEST(DisplayNavBar, AtTheBottomOrWithoutALastPageButtonLeavesCountingAsItIs) {
   EXPECT_FALSE(settings.CountRecords);
 }
 
-TEST(DisplayNavBarFirstLastBtn, SwitchesCountingOnAtEveryAssignment) {
-  Settings settings;
+TEST_F(Setters, DisplayNavBarFirstLastBtnSwitchesCountingOnAtEveryAssignment) {
   settings.CountRecords = false;
   SetDisplayNavBarFirstLastBtn(settings, true);
   EXPECT_TRUE(settings.CountRecords);
 }
 
-TEST(RecordsPerPage, AtTheRecordLimitIsIgnored) {
-  Settings settings;
+TEST_F(Setters, RecordsPerPageAtTheRecordLimitIsIgnored) {
   SetRecordsPerPage(settings, 1'000'000);
   EXPECT_EQ(settings.RecordsPerPage, 20);
   settings.RecordsMaxLimit = 50;
@@ -171,15 +165,13 @@ TEST(RecordsPerPage, AtTheRecordLimitIsIgnored) {
   EXPECT_EQ(settings.RecordsPerPage, 49);
 }
 
-TEST(RecordsPerPage, BeyondSixteenBitsIsIgnored) {
-  Settings settings;
+TEST_F(Setters, RecordsPerPageBeyondSixteenBitsIsIgnored) {
   SetRecordsPerPage(settings, 40'000);
   SetRecordsPerPage(settings, -40'000);
   EXPECT_EQ(settings.RecordsPerPage, 20);
 }
 
-TEST(AdoRecordset, IsShownInsteadOfAQueryAndNotCounted) {
-  Settings settings;
+TEST_F(Setters, AdoRecordsetIsShownInsteadOfAQueryAndNotCounted) {
   const auto recordset = platform::Create<platform::Recordset>(TestEnvironment(), "ADODB.Recordset");
   SetAdoRecordset(settings, recordset);
   EXPECT_TRUE(settings.has_supplied_recordset);
@@ -188,8 +180,7 @@ TEST(AdoRecordset, IsShownInsteadOfAQueryAndNotCounted) {
   EXPECT_FALSE(settings.has_supplied_recordset);
 }
 
-TEST(StoredProcCommand, IsRunInsteadOfAQuery) {
-  Settings settings;
+TEST_F(Setters, StoredProcCommandIsRunInsteadOfAQuery) {
   SetStoredProcCommand(settings, std::make_shared<platform::Command>());
   EXPECT_TRUE(settings.has_stored_procedure);
   SetStoredProcCommand(settings, nullptr);
@@ -204,8 +195,7 @@ TEST(ConnectionString, OpensAConnectionOfItsOwnAtOnce) {
   EXPECT_TRUE(settings.owns_connection);
 }
 
-TEST(ConnectionString, ThatCannotBeOpenedRaises) {
-  Settings settings;
+TEST_F(Setters, ConnectionStringThatCannotBeOpenedRaises) {
   EXPECT_THROW(
       SetConnectionString(settings, TestEnvironment(), "Provider=SQLite;Data Source=/no/such/file.db"),
       platform::Error);
@@ -232,8 +222,7 @@ TEST(DrConnection, AfterAConnectionStringReplacesThePrivateConnection) {
 
 std::string Twelve(std::string_view last) { return "a,b,c,d,e,f,g,h,i,j,k," + std::string(last); }
 
-TEST(Language, InLowerCaseLeavesTheTablesAndTheCode) {
-  Settings settings;
+TEST_F(Setters, LanguageInLowerCaseLeavesTheTablesAndTheCode) {
   SetLanguage(settings, "NOR");
   SetLanguage(settings, "eng");
   EXPECT_EQ(settings.Language, "NOR");
@@ -251,15 +240,13 @@ TEST(Language, ThatIsUnknownIsIgnoredWithoutAMessage) {
   }
 }
 
-TEST(Language, SetAfterACustomListOverwritesIt) {
-  Settings settings;
+TEST_F(Setters, LanguageSetAfterACustomListOverwritesIt) {
   SetLanguageString(settings, Twelve("Leaf"));
   SetLanguage(settings, "ENG");
   EXPECT_EQ(settings.language_tables->navigation[kPage], "Page");
 }
 
-TEST(Language, OverwritesAllThreeCustomListsAtOnce) {
-  Settings settings;
+TEST_F(Setters, LanguageOverwritesAllThreeCustomListsAtOnce) {
   SetLanguageString(settings, Twelve("Leaf"));
   SetLanguageBtnString(settings, "Change,Store,Back,New,Drop");
   SetLangUpdString(settings, "new,saved,gone");
@@ -269,8 +256,7 @@ TEST(Language, OverwritesAllThreeCustomListsAtOnce) {
   EXPECT_EQ(settings.language_tables->updates, BuiltInTables("NOR")->updates);
 }
 
-TEST(CustomLists, OfOneViewLeaveTheOthersAlone) {
-  Settings settings;
+TEST_F(Setters, CustomListsOfOneViewLeaveTheOthersAlone) {
   SetLanguageString(settings, Twelve("Leaf"));
   SetLanguageBtnString(settings, "Change,Store,Back,New,Drop");
   SetLangUpdString(settings, "new,saved,gone");
@@ -279,8 +265,7 @@ TEST(CustomLists, OfOneViewLeaveTheOthersAlone) {
   EXPECT_EQ(Settings().language_tables->Update(kInserted), "[New record saved ok]");
 }
 
-TEST(Language, SetBeforeACustomListIsKeptForTheOtherTables) {
-  Settings settings;
+TEST_F(Setters, LanguageSetBeforeACustomListIsKeptForTheOtherTables) {
   SetLanguage(settings, "NOR");
   SetLanguageString(settings, Twelve("Leaf"));
   EXPECT_EQ(settings.language_tables->navigation[kPage], "Leaf");
@@ -319,45 +304,39 @@ constexpr ShortList kShortLists[] = {
 
 INSTANTIATE_TEST_SUITE_P(Lists, ShortTextList, testing::ValuesIn(kShortLists), tests::kByName);
 
-TEST(LanguageString, OfMoreThanTwelveItemsKeepsThemAll) {
-  Settings settings;
+TEST_F(Setters, LanguageStringOfMoreThanTwelveItemsKeepsThemAll) {
   SetLanguageString(settings, Twelve("l,m,n"));
   EXPECT_EQ(settings.ErrorMessage, "");
   EXPECT_EQ(settings.language_tables->navigation.size(), 14U);
   EXPECT_EQ(settings.language_tables->navigation[kPage], "l");
 }
 
-TEST(LanguageString, KeepsBlanksAndEmptyItems) {
-  Settings settings;
+TEST_F(Setters, LanguageStringKeepsBlanksAndEmptyItems) {
   SetLanguageString(settings, " a,,c,d,e,f,g,h,i,j,k,l");
   EXPECT_EQ(settings.language_tables->navigation[0], " a");
   EXPECT_EQ(settings.language_tables->navigation[1], "");
 }
 
-TEST(LanguageBtnString, WithSixItemsIsAccepted) {
-  Settings settings;
+TEST_F(Setters, LanguageBtnStringWithSixItemsIsAccepted) {
   SetLanguageBtnString(settings, "Change,Store,Back,New,Drop,Extra");
   EXPECT_EQ(settings.ErrorMessage, "");
   EXPECT_EQ(settings.language_tables->buttons[kDelete], "Drop");
 }
 
-TEST(LangUpdString, WithFourItemsReplacesAllMessages) {
-  Settings settings;
+TEST_F(Setters, LangUpdStringWithFourItemsReplacesAllMessages) {
   SetLangUpdString(settings, "a,b,c,d");
   EXPECT_EQ(settings.ErrorMessage, "");
   EXPECT_EQ(settings.language_tables->Update(kNotSaved), "d");
 }
 
-TEST(LangUpdString, WithThreeItemsHasAnEmptyFourth) {
-  Settings settings;
+TEST_F(Setters, LangUpdStringWithThreeItemsHasAnEmptyFourth) {
   SetLangUpdString(settings, "a,b,c");
   EXPECT_EQ(settings.ErrorMessage, "");
   EXPECT_EQ(settings.language_tables->Update(kDeleted), "c");
   EXPECT_EQ(settings.language_tables->Update(kNotSaved), "");
 }
 
-TEST(RefusedLists, AreReportedOneBehindTheOther) {
-  Settings settings;
+TEST_F(Setters, RefusedListsAreReportedOneBehindTheOther) {
   SetLangUpdString(settings, "a");
   SetLanguageBtnString(settings, "a");
   EXPECT_NE(settings.ErrorMessage.find("3!<br>Wrong number"), std::string::npos);
