@@ -67,38 +67,34 @@ std::string PutCells(HtmlWriter& out, int cells) {
   return text;
 }
 
+struct HtmlText : testing::Test {
+  HtmlWriter out;
+};
+
 struct HtmlPieces : testing::Test {
   PieceResponse response;
   HtmlWriter out{response};
 };
 
-TEST(HtmlWriter, KeepsLiteralsByteForByte) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, KeepsLiteralsByteForByte) {
   out.Put("<tr><td  nowrap>\r\n").Put("").Put(R"(100% "{ } }{ <&>)");
 
   EXPECT_EQ(out.Take(), "<tr><td  nowrap>\r\n100% \"{ } }{ <&>");
 }
 
-TEST(HtmlWriter, PutsEachValueIntoItsSlotInOrder) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, PutsEachValueIntoItsSlotInOrder) {
   out.Put("{}<{}>{}", 1, Verbatim{"b"}, 2).Put("{}{}", Joined{"Morvu1", "PK"}, 3);
 
   EXPECT_EQ(out.Take(), "1<b>2Morvu1PK3");
 }
 
-TEST(HtmlWriter, WritesVerbatimAndJoinedTextAsItIs) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, WritesVerbatimAndJoinedTextAsItIs) {
   out.Write(Verbatim{R"(<i class="x">&'%+ )"}).Write(Joined{"\"", "&\xFF"});
 
   EXPECT_EQ(out.Take(), "<i class=\"x\">&'%+ \"&\xFF");
 }
 
-TEST(HtmlWriter, WritesDoubleQuotesOfQuotedTextAsEntitiesAndNothingElse) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, WritesDoubleQuotesOfQuotedTextAsEntitiesAndNothingElse) {
   out.Put(R"(value="{}")", Quoted{R"("a"&<b>'c'"")"});
 
   EXPECT_EQ(out.Take(), R"(value="&quot;a&quot;&<b>'c'&quot;&quot;")");
@@ -122,43 +118,33 @@ TEST(HtmlWriter, EncodesEveryByteThatIsNoLetterOrDigit) {
   EXPECT_EQ(out.Take(), expected);
 }
 
-TEST(HtmlWriter, EncodesApostrophesQuotesAndSeparators) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, EncodesApostrophesQuotesAndSeparators) {
   out.Put("?a={}", Encoded{"O'Hara & \"Søn\"+1%"});
 
   EXPECT_EQ(out.Take(), "?a=O%27Hara+%26+%22S%C3%B8n%22%2B1%25");
 }
 
-TEST(HtmlWriter, WritesNumbersOfEveryWidthInDecimal) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, WritesNumbersOfEveryWidthInDecimal) {
   out.Put("{},{},{},{},{}", std::int16_t{-7}, 0, std::numeric_limits<std::int64_t>::min(),
           std::numeric_limits<std::uint64_t>::max(), static_cast<unsigned char>(65));
 
   EXPECT_EQ(out.Take(), "-7,0,-9223372036854775808,18446744073709551615,65");
 }
 
-TEST(HtmlWriter, WritesConditionalMarkupOnlyWhenWanted) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, WritesConditionalMarkupOnlyWhenWanted) {
   out.PutIf(false, "<b>{}</b>", 1).PutIf(true, "<i>{}</i>", 2).PutIf(false, "x").PutIf(true, "y");
 
   EXPECT_EQ(out.Take(), "<i>2</i>y");
 }
 
-TEST(HtmlWriter, TakesEmptyTextsBeforeAnythingElse) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, TakesEmptyTextsBeforeAnythingElse) {
   out.Put("").Put("{}", Verbatim{}).Write(Quoted{}).Write(Encoded{}).Write(Joined{});
 
   EXPECT_EQ(out.Collected(), "");
   EXPECT_EQ(out.Take(), "");
 }
 
-TEST(HtmlWriter, CollectsATextOfAnyLengthWithoutAResponse) {
-  HtmlWriter out;
-
+TEST_F(HtmlText, CollectsATextOfAnyLengthWithoutAResponse) {
   const std::string expected = PutCells(out, 10'000);
   out.Flush();
 
@@ -166,8 +152,7 @@ TEST(HtmlWriter, CollectsATextOfAnyLengthWithoutAResponse) {
   EXPECT_EQ(out.Take(), expected);
 }
 
-TEST(HtmlWriter, StartsAnewAfterItsTextWasTaken) {
-  HtmlWriter out;
+TEST_F(HtmlText, StartsAnewAfterItsTextWasTaken) {
   out.Put("first");
   out.Take();
 
