@@ -9,7 +9,7 @@
 #include "settings/column_settings.h"
 #include "support/cpu_time.h"
 #include "support/fake_records.h"
-#include "support/records.h"
+#include "support/grid_rows.h"
 #include "support/rendering.h"
 
 namespace dralo::tests {
@@ -199,9 +199,7 @@ TEST(FormatCell, ReportsAValueThatCannotBeReadOnce) {
 TEST(FormatCell, FormatsEveryKindOfColumn) {
   FormatCells cells;
   const auto cell = [&](std::string_view type, std::string_view value, std::string_view format) {
-    const Records records("CREATE TABLE T (V " + std::string(type) + "); INSERT INTO T VALUES (" +
-                          std::string(value) + ")");
-    return cells.Cell(format, records[0]);
+    return cells.Cell(format, Column(type, {value})[0]);
   };
   EXPECT_EQ(cell("INTEGER", "-1234567", "FORMATNUMBER,0"), "-1,234,567");
   EXPECT_EQ(cell("INTEGER", "1234567", "RIGHT,3"), "567");
@@ -235,9 +233,7 @@ TEST(FormatCell, FormatsEveryKindOfColumn) {
 TEST(FormatCell, HasTheTextOfTheValueWithAnEmptyPattern) {
   FormatCells cells;
   const auto cell = [&](std::string_view type, std::string_view value) {
-    const Records records("CREATE TABLE T (V " + std::string(type) + "); INSERT INTO T VALUES (" +
-                          std::string(value) + ")");
-    return cells.Cell("FORMAT,", records[0]);
+    return cells.Cell("FORMAT,", Column(type, {value})[0]);
   };
   EXPECT_EQ(cell("INTEGER", "-1234567"), "-1234567");
   EXPECT_EQ(cell("DECIMAL(10,3)", "'2.50'"), "2.5");

@@ -44,9 +44,12 @@ constexpr std::string_view kLink =
     "/p?Morvu1FormDisplay=formOneRec&Morvu1BookMark=1&Morvu1OrderByFields=&Morvu1CurrRecord=1"
     "&Morvu1CountRecords=on&Morvu1maxrecords=20";
 
-TEST(FreeFormatCell, PutsFieldValuesBetweenTheTextOfABulkTemplate) {
+struct FreeFormatCell : testing::Test {
   Templates templates;
-  const Records books(kBooks);
+  Records books{kBooks};
+};
+
+TEST_F(FreeFormatCell, PutsFieldValuesBetweenTheTextOfABulkTemplate) {
   settings::SetGridFreeFormatCell(templates.settings, "2,<b>#Title#</b>,4,#Price# EUR");
 
   EXPECT_EQ(templates.Cell(*books, 2), "<b>The <i>Hobbit</i></b>");
@@ -95,30 +98,26 @@ constexpr TemplateCase kTemplates[] = {
 
 INSTANTIATE_TEST_SUITE_P(Books, Template, testing::ValuesIn(kTemplates), kByName);
 
-TEST(FreeFormatCell, WritesNullAsNothing) {
-  const Records books(kBooks);
+TEST_F(FreeFormatCell, WritesNullAsNothing) {
   books->MoveNext();
-  EXPECT_EQ(Templates().Cell(*books, "[#Title##Price##Sold#]"), "[]");
+  EXPECT_EQ(templates.Cell(*books, "[#Title##Price##Sold#]"), "[]");
 }
 
-TEST(FreeFormatCell, IgnoresTheMemoLimit) {
-  Templates templates;
+TEST_F(FreeFormatCell, IgnoresTheMemoLimit) {
   templates.settings.MemoFieldLimit = 2;
   const Records notes("CREATE TABLE T (Note TEXT); INSERT INTO T VALUES ('a long note')");
 
   EXPECT_EQ(templates.Cell(*notes, "#Note#"), "a long note");
 }
 
-TEST(FreeFormatCell, FindsFieldsWithLettersOfEveryScript) {
-  Templates templates;
+TEST_F(FreeFormatCell, FindsFieldsWithLettersOfEveryScript) {
   const Records records("CREATE TABLE T (\"ⱥθήνας\" TEXT); INSERT INTO T VALUES ('x')");
 
   EXPECT_EQ(templates.Cell(*records, "#ȺΘΉΝΑΣ#"), "x");
   EXPECT_EQ(templates.settings.ErrorMessage, "");
 }
 
-TEST(FreeFormatCell, ReportsAValueThatCannotBeRead) {
-  Templates templates;
+TEST_F(FreeFormatCell, ReportsAValueThatCannotBeRead) {
   FakeRecords records(1);
   records.Add("A", TypeCode::kInteger, Unreadable);
 
@@ -126,18 +125,13 @@ TEST(FreeFormatCell, ReportsAValueThatCannotBeRead) {
   EXPECT_EQ(templates.settings.ErrorMessage, "Disk gone in GetFreeCellString. index=1, nArrIdx=1<br>");
 }
 
-TEST(FreeFormatCell, ReportsAColumnWithoutATemplate) {
-  Templates templates;
-  const Records books(kBooks);
-
+TEST_F(FreeFormatCell, ReportsAColumnWithoutATemplate) {
   EXPECT_EQ(templates.Cell(*books, 3), "");
   EXPECT_EQ(templates.settings.ErrorMessage,
             "The column has no setting in GetFreeCellString. index=3, nArrIdx=-1<br>");
 }
 
-TEST(FreeFormatCell, ReportsAColumnWhoseTemplateIsMissingInTheBulkText) {
-  Templates templates;
-  const Records books(kBooks);
+TEST_F(FreeFormatCell, ReportsAColumnWhoseTemplateIsMissingInTheBulkText) {
   settings::SetGridFreeFormatCell(templates.settings, "1,x,2");
 
   EXPECT_EQ(templates.Cell(*books, 2), "");
@@ -145,18 +139,15 @@ TEST(FreeFormatCell, ReportsAColumnWhoseTemplateIsMissingInTheBulkText) {
             "The column has no setting in GetFreeCellString. index=2, nArrIdx=3<br>");
 }
 
-TEST(FreeFormatCell, PrefersTheLinkToAFieldOfThatName) {
-  Templates templates;
+TEST_F(FreeFormatCell, PrefersTheLinkToAFieldOfThatName) {
   const Records records("CREATE TABLE T (DRALOPOSTBACKURL INTEGER); INSERT INTO T VALUES (1)");
 
   EXPECT_EQ(templates.Cell(*records, "#DRALOPOSTBACKURL#"), kLink);
 }
 
-TEST(FreeFormatCell, LinksToTheKeyOfEachRecord) {
-  Templates templates;
+TEST_F(FreeFormatCell, LinksToTheKeyOfEachRecord) {
   templates.settings.EditSQL = "SELECT * FROM T";
   templates.settings.EditPrimaryKeys = "ID";
-  const Records books(kBooks);
   books->MoveNext();
   settings::SetGridFreeFormatCellByCol(templates.settings, 1, "#DRALOFORMURL#");
 

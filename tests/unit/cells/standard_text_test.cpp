@@ -5,8 +5,8 @@
 #include <string>
 
 #include "support/fake_records.h"
+#include "support/grid_rows.h"
 #include "support/named_cases.h"
-#include "support/records.h"
 #include "support/rendering.h"
 
 namespace dralo::tests {
@@ -28,13 +28,6 @@ struct Cells : Rendering {
   }
 };
 
-/// One row with one column of the declared type.
-Records OneValue(std::string_view declared_type, std::string_view value) {
-  std::string statements("CREATE TABLE T (V ");
-  statements.append(declared_type).append("); INSERT INTO T VALUES (").append(value).append(")");
-  return Records(statements);
-}
-
 FakeField Made(TypeCode type, FakeField::Read read) { return {"V", type, std::move(read)}; }
 
 struct ValueCase {
@@ -49,7 +42,7 @@ TEST_P(TextOfAValue, IsStandardOrRaw) {
   Cells cells;
   cells.settings.MemoFieldLimit = GetParam().memo_limit;
   cells.mode = GetParam().mode;
-  const Records records = OneValue(GetParam().type, GetParam().value);
+  const Records records = Column(GetParam().type, {GetParam().value});
   EXPECT_EQ(cells.Standard(records[0]), GetParam().standard);
   EXPECT_EQ(cells.Raw(records[0]), GetParam().raw);
   EXPECT_EQ(cells.settings.ErrorMessage, "");
