@@ -4,7 +4,6 @@
 #include <unicode/uchar.h>
 
 #include <string>
-#include <utility>
 
 #include "text/utf8.h"
 
@@ -16,32 +15,6 @@ std::string Utf8(UChar32 letter) {
   AppendUtf8(text, static_cast<char32_t>(letter));
   return text;
 }
-
-class LetterPair : public testing::TestWithParam<std::pair<const char*, const char*>> {};
-
-TEST_P(LetterPair, HasOneCapitalAndOneSmallLetter) {
-  const auto [capital, small] = GetParam();
-
-  EXPECT_EQ(ToUpper(small), capital);
-  EXPECT_EQ(ToLower(capital), small);
-  EXPECT_EQ(ToUpper(capital), capital);
-  EXPECT_EQ(ToLower(small), small);
-  EXPECT_TRUE(EqualIgnoringCase(capital, small));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Alphabets, LetterPair,
-    testing::Values(std::pair("A", "a"), std::pair("Z", "z"), std::pair("À", "à"), std::pair("Ä", "ä"),
-                    std::pair("Ö", "ö"), std::pair("Ø", "ø"), std::pair("Þ", "þ"), std::pair("Ÿ", "ÿ"),
-                    std::pair("Ā", "ā"), std::pair("Į", "į"), std::pair("Ķ", "ķ"), std::pair("Ĺ", "ĺ"),
-                    std::pair("Ł", "ł"), std::pair("Ŋ", "ŋ"), std::pair("Ŷ", "ŷ"), std::pair("Ź", "ź"),
-                    std::pair("Ž", "ž"), std::pair("Ơ", "ơ"), std::pair("Ư", "ư"), std::pair("Ǎ", "ǎ"),
-                    std::pair("Ș", "ș"), std::pair("Ə", "ə"), std::pair("Ά", "ά"), std::pair("Έ", "έ"),
-                    std::pair("Ί", "ί"), std::pair("Α", "α"), std::pair("Ρ", "ρ"), std::pair("Σ", "σ"),
-                    std::pair("Ϋ", "ϋ"), std::pair("Ό", "ό"), std::pair("Ώ", "ώ"), std::pair("А", "а"),
-                    std::pair("Я", "я"), std::pair("Ё", "ё"), std::pair("Џ", "џ"), std::pair("Ґ", "ґ"),
-                    std::pair("Ә", "ә"), std::pair("Ա", "ա"), std::pair("Ֆ", "ֆ"), std::pair("Ḁ", "ḁ"),
-                    std::pair("Ẁ", "ẁ"), std::pair("Ạ", "ạ"), std::pair("Ỹ", "ỹ")));
 
 bool IsSurrogate(UChar32 letter) { return 0xD800 <= letter && letter < 0xE000; }
 
