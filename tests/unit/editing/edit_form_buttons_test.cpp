@@ -19,8 +19,7 @@ std::string Bar(EditFormPage& form) {
   return std::string(bar.substr(start.size(), bar.find("</td></tr>") - start.size()));
 }
 
-TEST(EditForm, OfANewRecordHasNeitherAddNorDelete) {
-  EditFormPage form;
+TEST_F(EditForm, OfANewRecordHasNeitherAddNorDelete) {
   settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
   const std::string buttons =
@@ -79,22 +78,19 @@ constexpr ButtonCase kButtons[] = {
 
 INSTANTIATE_TEST_SUITE_P(Bars, ButtonsOfTheEditForm, testing::ValuesIn(kButtons), kByName);
 
-TEST(EditForm, AfterAFailedUpdateIsStillAnUpdate) {
-  EditFormPage form;
+TEST_F(EditForm, AfterAFailedUpdateIsStillAnUpdate) {
   form.FailSave({{"Name", "new"}});
   form.Post("FormInsert", " ");
   EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
 }
 
-TEST(EditForm, ThatWasClosedAddsNothing) {
-  EditFormPage form;
+TEST_F(EditForm, ThatWasClosedAddsNothing) {
   form.Post("FormAdd", "1");
   form.Post("FormView", "Close");
   EXPECT_TRUE(Contains(Bar(form), "name=\"Morvu1FormInsert\" value=\"\""));
 }
 
-TEST(EditForm, SpeaksTheLanguageOfTheView) {
-  EditFormPage form;
+TEST_F(EditForm, SpeaksTheLanguageOfTheView) {
   form.settings.language_tables = settings::BuiltInTables("NOR");
   settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
@@ -104,8 +100,7 @@ TEST(EditForm, SpeaksTheLanguageOfTheView) {
   }
 }
 
-TEST(EditForm, BearsTheTagOfTheView) {
-  EditFormPage form;
+TEST_F(EditForm, BearsTheTagOfTheView) {
   form.settings.Tag = "2";
   settings::SetEditOptions(form.settings, "UPDATE DELETE");
   form.settings.DeleteSQL = "DELETE FROM T";
@@ -115,8 +110,7 @@ TEST(EditForm, BearsTheTagOfTheView) {
   EXPECT_TRUE(Contains(bar, "onclick=\"FormDraloGrid2.Morvu2FormEdit.value='';\" name=\"Morvu2FormDelete\""));
 }
 
-TEST(EditForm, TellsTheOutcomeOfTheLastSave) {
-  EditFormPage form;
+TEST_F(EditForm, TellsTheOutcomeOfTheLastSave) {
   form.outcome.status_message = "&nbsp;[Record saved ok]";
   EXPECT_TRUE(Bar(form).ends_with("value=\"Close\">&nbsp;[Record saved ok]"));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -64,6 +66,14 @@ struct EditFormPage : Rendering {
     outcome.has_failed_to_save = true;
     for (const auto& [name, value] : fields) Post("_Form_" + std::string(name), value);
   }
+};
+
+/// Tests of one form, and of one control.
+struct EditForm : testing::Test {
+  EditFormPage form;
+};
+struct EditField : testing::Test {
+  EditFormPage form;
 };
 
 /// The part of `text` from the first `from` to the first `to` behind that, both included; empty when there is

@@ -21,8 +21,7 @@ std::string RowOf(const std::string& html, std::string_view field) {
   return html.substr(start, html.find("</tr>", name) + 5 - start);
 }
 
-TEST(EditForm, HasARowOfButtonsAndARowForEveryField) {
-  EditFormPage form;
+TEST_F(EditForm, HasARowOfButtonsAndARowForEveryField) {
   const Records people(kPeople);
 
   EXPECT_HTML(form.Form(*people), Lines(R"(
@@ -41,8 +40,7 @@ TEST(EditForm, HasARowOfButtonsAndARowForEveryField) {
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditForm, HasNoClassesWhenThePageWantsNone) {
-  EditFormPage form;
+TEST_F(EditForm, HasNoClassesWhenThePageWantsNone) {
   form.settings.UseCSS = false;
   form.settings.FormFieldsShow = "Name";
   form.settings.DeleteSQL = "DELETE FROM T";
@@ -60,8 +58,7 @@ TEST(EditForm, HasNoClassesWhenThePageWantsNone) {
       )"));
 }
 
-TEST(EditForm, ShowsTheFieldsOfTheListsAlone) {
-  EditFormPage form;
+TEST_F(EditForm, ShowsTheFieldsOfTheListsAlone) {
   form.settings.FormFieldsShow = "name";
   EXPECT_FALSE(Contains(form.Form(*Records(kPeople)), "_Form_City"));
   form.settings.FormFieldsHide = "2";
@@ -70,8 +67,7 @@ TEST(EditForm, ShowsTheFieldsOfTheListsAlone) {
   EXPECT_TRUE(Contains(html, "_Form_City"));
 }
 
-TEST(EditForm, CarriesHiddenKeysOfItsRecord) {
-  EditFormPage form;
+TEST_F(EditForm, CarriesHiddenKeysOfItsRecord) {
   form.settings.FormFieldsHide = "ID,City";
   form.settings.EditPrimaryKeys = "Other, id ";
   const std::string html = form.Form(*Records(kPeople));
@@ -79,8 +75,7 @@ TEST(EditForm, CarriesHiddenKeysOfItsRecord) {
   EXPECT_FALSE(Contains(html, "_Form_City"));
 }
 
-TEST(EditForm, CarriesPostedHiddenKeysAfterAFailedSave) {
-  EditFormPage form;
+TEST_F(EditForm, CarriesPostedHiddenKeysAfterAFailedSave) {
   form.settings.FormFieldsHide = "ID";
   form.settings.EditPrimaryKeys = "ID";
   form.FailSave({{"ID", "8"}});
@@ -88,16 +83,14 @@ TEST(EditForm, CarriesPostedHiddenKeysAfterAFailedSave) {
       Contains(form.Form(*Records(kPeople)), "<input type=\"hidden\" name=\"Morvu1_Form_ID\" value=\"8\">"));
 }
 
-TEST(EditForm, OfANewRecordHasNoHiddenKeys) {
-  EditFormPage form;
+TEST_F(EditForm, OfANewRecordHasNoHiddenKeys) {
   form.settings.FormFieldsHide = "ID";
   form.settings.EditPrimaryKeys = "ID";
   form.Post("FormAdd", "1");
   EXPECT_FALSE(Contains(form.Form(*Records(kPeople)), "_Form_ID"));
 }
 
-TEST(EditForm, NamesItsFieldsAsTheListSays) {
-  EditFormPage form;
+TEST_F(EditForm, NamesItsFieldsAsTheListSays) {
   form.settings.FormDisplayFieldNames = "Number,, ";
   const std::string html = form.Form(*Records(kPeople));
   EXPECT_TRUE(Contains(RowOf(html, "ID"), "\">Number</span></th>"));
@@ -105,8 +98,7 @@ TEST(EditForm, NamesItsFieldsAsTheListSays) {
   EXPECT_TRUE(Contains(RowOf(html, "City"), "<th align=left>&nbsp;</th>"));
 }
 
-TEST(EditForm, GivesEveryLabelTheWidthOfItsColumn) {
-  EditFormPage form;
+TEST_F(EditForm, GivesEveryLabelTheWidthOfItsColumn) {
   form.settings.FormCellWidths = "30%,,40";
   const std::string html = form.Form(*Records(kPeople));
   EXPECT_TRUE(Contains(RowOf(html, "ID"), "<tr><th width=\"30%\" align=left><span"));
@@ -114,16 +106,14 @@ TEST(EditForm, GivesEveryLabelTheWidthOfItsColumn) {
   EXPECT_TRUE(Contains(RowOf(html, "City"), "<tr><th width=\"40\" align=left>City</th><td><input"));
 }
 
-TEST(EditForm, WithoutHeaderHasNoLabels) {
-  EditFormPage form;
+TEST_F(EditForm, WithoutHeaderHasNoLabels) {
   form.settings.DisplayHeader = false;
   const std::string html = form.Form(*Records(kPeople));
   EXPECT_FALSE(Contains(html, "<th"));
   EXPECT_TRUE(Contains(html, "<tr><td><nobr><input"));
 }
 
-TEST(EditForm, TakesTheAttributesOfCellsAndTable) {
-  EditFormPage form;
+TEST_F(EditForm, TakesTheAttributesOfCellsAndTable) {
   form.settings.TDTag = "valign=top";
   form.settings.FormTableTag = "border=1";
   const std::string html = form.Form(*Records(kPeople));
@@ -131,16 +121,14 @@ TEST(EditForm, TakesTheAttributesOfCellsAndTable) {
   EXPECT_TRUE(Contains(RowOf(html, "City"), "</th><td valign=top><input"));
 }
 
-TEST(EditForm, CountsReadOnlyFieldsFromZero) {
-  EditFormPage form;
+TEST_F(EditForm, CountsReadOnlyFieldsFromZero) {
   form.settings.EditFieldsReadOnly = "2";
   const std::string html = form.Form(*Records(kPeople));
   EXPECT_TRUE(Contains(RowOf(html, "City"), " disabled "));
   EXPECT_FALSE(Contains(RowOf(html, "Name"), " disabled "));
 }
 
-TEST(EditForm, KeepsTheRecordAndGoesToTheNext) {
-  EditFormPage form;
+TEST_F(EditForm, KeepsTheRecordAndGoesToTheNext) {
   const Records people(kPeople);
 
   form.Form(*people);
@@ -157,8 +145,7 @@ TEST(EditForm, KeepsTheRecordAndGoesToTheNext) {
   EXPECT_TRUE(people->Eof());
 }
 
-TEST(EditForm, OfANewRecordLeavesTheRecordsAlone) {
-  EditFormPage form;
+TEST_F(EditForm, OfANewRecordLeavesTheRecordsAlone) {
   form.Post("FormAdd", "1");
   FakeRecords records(1);
   records.Add("n", TypeCode::kInteger, Unreadable);
@@ -171,15 +158,13 @@ TEST(EditForm, OfANewRecordLeavesTheRecordsAlone) {
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditForm, OfANewRecordNeedsNoRecord) {
-  EditFormPage form;
+TEST_F(EditForm, OfANewRecordNeedsNoRecord) {
   form.Post("FormAdd", "1");
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID=0");
   EXPECT_TRUE(Contains(form.Form(*nobody), "name=\"Morvu1_Form_City\" value=\"\""));
 }
 
-TEST(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
-  EditFormPage form;
+TEST_F(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
   settings::SetEditOptions(form.settings, "UPDATE ADD DELETE");
   form.outcome.status_message = "&nbsp;[Record deleted]";
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID=0");
@@ -193,8 +178,7 @@ TEST(EditForm, WithoutRecordOffersToAddOneAndTellsTheOutcome) {
   EXPECT_TRUE(form.outcome.record.empty());
 }
 
-TEST(EditForm, ComesBackWithWhatWasTypedWhenItsRecordIsGone) {
-  EditFormPage form;
+TEST_F(EditForm, ComesBackWithWhatWasTypedWhenItsRecordIsGone) {
   form.FailSave({{"ID", "9"}, {"City", "typed"}});
   const Records nobody(kPeople, "SELECT * FROM T WHERE ID=9");
   const std::string html = form.Form(*nobody);
@@ -204,8 +188,7 @@ TEST(EditForm, ComesBackWithWhatWasTypedWhenItsRecordIsGone) {
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditForm, LeavesTheCellOfAFieldThatCannotBeReadEmpty) {
-  EditFormPage form;
+TEST_F(EditForm, LeavesTheCellOfAFieldThatCannotBeReadEmpty) {
   FakeRecords records(1);
   records.Add("bad", TypeCode::kInteger, Unreadable);
   records.Add("good", TypeCode::kInteger, [] { return std::int64_t{7}; });
@@ -215,8 +198,7 @@ TEST(EditForm, LeavesTheCellOfAFieldThatCannotBeReadEmpty) {
   EXPECT_EQ(form.settings.ErrorMessage, "Disk gone in GetFormEditField. oField.Name=bad<br>");
 }
 
-TEST(EditForm, StaysAsFarAsItWasWrittenWhenItFails) {
-  EditFormPage form;
+TEST_F(EditForm, StaysAsFarAsItWasWrittenWhenItFails) {
   FakeRecords records(2);
   records.Add("n", TypeCode::kInteger, [] { return std::int64_t{7}; });
   records.fail_moving_from = 1;

@@ -109,18 +109,16 @@ INSTANTIATE_TEST_SUITE_P(Plain, ControlOf, testing::ValuesIn(kControls), kByName
 INSTANTIATE_TEST_SUITE_P(ReadOnly, ControlOf, testing::ValuesIn(kReadOnlyControls), kByName);
 INSTANTIATE_TEST_SUITE_P(Required, ControlOf, testing::ValuesIn(kRequiredControls), kByName);
 
-TEST(EditField, OfADateIsTheSameForAllTypesOfDates) {
-  EditFormPage form;
+TEST_F(EditField, OfADateIsTheSameForAllTypesOfDates) {
   for (const TypeCode type : {TypeCode::kDate, TypeCode::kDbDate, TypeCode::kDbTimestamp}) {
     EXPECT_EQ(FakeControl(form, type, platform::DateTime{2024, 5, 3}),
               Unfolded(R"(<input class="DraloInput" size=22 maxlength=25 type="text" @ value="5/3/2024">)"));
   }
 }
 
-TEST(EditField, OfANumberTakesTwentyCharacters) {
+TEST_F(EditField, OfANumberTakesTwentyCharacters) {
   const std::string number =
       Unfolded(R"(<input class="DraloInput" size=20 type="text" @ value="7" maxlength="20">)");
-  EditFormPage form;
   for (const std::string_view type :
        {"BIGINT", "TINYINT", "SMALLINT", "INTEGER", "REAL", "DECIMAL", "MONEY"}) {
     EXPECT_EQ(form.Control(OneValue(type, "7")[0]), number) << type;
@@ -131,25 +129,22 @@ TEST(EditField, OfANumberTakesTwentyCharacters) {
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditField, OfATextIsNotWiderThanSixty) {
-  EditFormPage form;
+TEST_F(EditField, OfATextIsNotWiderThanSixty) {
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(57)", "'v'")[0]), " size=59 "));
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(58)", "'v'")[0]), " size=60 "));
 }
 
-TEST(EditField, OfATextOfAnyLengthHasAnEmptyMaxlength) {
+TEST_F(EditField, OfATextOfAnyLengthHasAnEmptyMaxlength) {
   const std::string text =
       Unfolded(R"(<input class="DraloInput" size=60 type="text" @ value="v" maxlength="">)");
-  EditFormPage form;
   EXPECT_EQ(form.Control(OneValue("VARCHAR", "'v'")[0]), text);
   for (const int code : {0, 8, 72, 128, 129, 130, 134, 200, 202, 204, 9999}) {
     EXPECT_EQ(FakeControl(form, static_cast<TypeCode>(code), std::string_view("v")), text) << code;
   }
 }
 
-TEST(EditField, IsReadOnlyByNameOrByItsIndexFromZero) {
+TEST_F(EditField, IsReadOnlyByNameOrByItsIndexFromZero) {
   const Records records = OneValue("VARCHAR(10)", "'v'");
-  EditFormPage form;
   form.settings.EditFieldsReadOnly = "x,N";
   EXPECT_TRUE(Contains(form.Control(records[0], 5), " disabled "));
   form.settings.EditFieldsReadOnly = "5";
@@ -157,34 +152,31 @@ TEST(EditField, IsReadOnlyByNameOrByItsIndexFromZero) {
   EXPECT_FALSE(Contains(form.Control(records[0], 4), " disabled "));
 }
 
-TEST(EditField, BearsTheTagOfTheView) {
-  EditFormPage form;
+TEST_F(EditField, BearsTheTagOfTheView) {
   form.settings.Tag = "Two";
   EXPECT_TRUE(Contains(form.Control(OneValue("INTEGER", "7")[0]),
                        "id=\"MorvuTwo_Form_n\" name=\"MorvuTwo_Form_n\" value=\"7\""));
 }
 
-TEST(EditField, ThatCannotBeReadStaysEmpty) {
+TEST_F(EditField, ThatCannotBeReadStaysEmpty) {
   for (const TypeCode type :
        {TypeCode::kInteger, TypeCode::kDate, TypeCode::kBoolean, TypeCode::kVarWideChar}) {
-    EditFormPage form;
-    form.settings.EditFieldsReadOnly = "*";
+    EditFormPage page;
+    page.settings.EditFieldsReadOnly = "*";
     FakeRecords records(1);
-    EXPECT_EQ(form.Control(records.Add("n", type, Unreadable)), "");
-    EXPECT_EQ(form.settings.ErrorMessage, "Disk gone in GetFormEditField. oField.Name=n<br>");
+    EXPECT_EQ(page.Control(records.Add("n", type, Unreadable)), "");
+    EXPECT_EQ(page.settings.ErrorMessage, "Disk gone in GetFormEditField. oField.Name=n<br>");
   }
 }
 
-TEST(EditField, OfLongBinaryDataIsNeverRead) {
-  EditFormPage form;
+TEST_F(EditField, OfLongBinaryDataIsNeverRead) {
   FakeRecords records(1);
   FakeField& field = records.Add("n", TypeCode::kLongVarBinary, Unreadable);
   EXPECT_EQ(form.Control(field), "&nbsp;\r\n");
   EXPECT_EQ(field.reads, 0);
 }
 
-TEST(EditField, IsOneOfTheControlsForEveryTypeCode) {
-  EditFormPage form;
+TEST_F(EditField, IsOneOfTheControlsForEveryTypeCode) {
   for (int code = 0; code <= 260; ++code) {
     const std::string control = FakeControl(form, static_cast<TypeCode>(code), std::string_view("v"));
     const bool is_memo = code == 201 || code == 203;
@@ -202,8 +194,7 @@ TEST(EditField, IsOneOfTheControlsForEveryTypeCode) {
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditField, WhoseNameHoldsAQuoteIsStillPostedUnderIt) {
-  EditFormPage form;
+TEST_F(EditField, WhoseNameHoldsAQuoteIsStillPostedUnderIt) {
   FakeRecords records(1);
   EXPECT_TRUE(Contains(form.Control(records.Add("a\"b", TypeCode::kInteger, [] { return std::int64_t{7}; })),
                        "id=\"Morvu1_Form_a&quot;b\" name=\"Morvu1_Form_a&quot;b\" value=\"7\""));

@@ -11,8 +11,7 @@ namespace {
 
 using platform::TypeCode;
 
-TEST(EditField, OfANewRecordIsEmpty) {
-  EditFormPage form;
+TEST_F(EditField, OfANewRecordIsEmpty) {
   form.Post("FormAdd", "Add");
   for (const std::string_view type : {"TEXT", "VARCHAR(10)", "INTEGER", "DATE", "BOOLEAN"}) {
     const std::string control = form.Control(OneValue(type, "1")[0]);
@@ -23,8 +22,7 @@ TEST(EditField, OfANewRecordIsEmpty) {
   }
 }
 
-TEST(EditField, OfANewRecordIsNotRead) {
-  EditFormPage form;
+TEST_F(EditField, OfANewRecordIsNotRead) {
   form.Post("FormAdd", "Add");
   FakeRecords records(1);
   EXPECT_NE(form.Control(records.Add("n", TypeCode::kInteger, Unreadable)), "");
@@ -32,8 +30,7 @@ TEST(EditField, OfANewRecordIsNotRead) {
   EXPECT_EQ(form.settings.ErrorMessage, "");
 }
 
-TEST(EditField, AfterAFailedSaveShowsThePostedTextWithoutBlanksAroundIt) {
-  EditFormPage form;
+TEST_F(EditField, AfterAFailedSaveShowsThePostedTextWithoutBlanksAroundIt) {
   form.FailSave({{"n", "  a \"b\"  "}});
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(10)", "'v'")[0]), "value=\"a &quot;b&quot;\""));
   EXPECT_TRUE(Contains(form.Control(OneValue("TEXT", "'v'")[0]), ">a &quot;b&quot;</textarea>"));
@@ -41,14 +38,12 @@ TEST(EditField, AfterAFailedSaveShowsThePostedTextWithoutBlanksAroundIt) {
   EXPECT_TRUE(Contains(form.Control(OneValue("DATE", "'2024-05-03'")[0]), "value=\"a &quot;b&quot;\""));
 }
 
-TEST(EditField, AfterAFailedSaveIsEmptyWhenNothingWasPosted) {
-  EditFormPage form;
+TEST_F(EditField, AfterAFailedSaveIsEmptyWhenNothingWasPosted) {
   form.FailSave({});
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(10)", "'v'")[0]), "value=\"\""));
 }
 
-TEST(EditField, AfterAFailedSaveTakesThePostedTextFromTheFormAlone) {
-  EditFormPage form;
+TEST_F(EditField, AfterAFailedSaveTakesThePostedTextFromTheFormAlone) {
   form.outcome.has_failed_to_save = true;
   form.page.query.push_back({"Morvu1_Form_n", "asked"});
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(10)", "'v'")[0]), "value=\"\""));
@@ -56,7 +51,7 @@ TEST(EditField, AfterAFailedSaveTakesThePostedTextFromTheFormAlone) {
   EXPECT_TRUE(Contains(form.Control(OneValue("VARCHAR(10)", "'v'")[0]), "value=\"posted\""));
 }
 
-TEST(EditField, AfterAFailedSaveIsTickedWhenItWasPosted) {
+TEST_F(EditField, AfterAFailedSaveIsTickedWhenItWasPosted) {
   const Records records = OneValue("BOOLEAN", "1");
   EditFormPage unticked;
   unticked.FailSave({});
@@ -66,14 +61,14 @@ TEST(EditField, AfterAFailedSaveIsTickedWhenItWasPosted) {
   EXPECT_TRUE(Contains(ticked.Control(OneValue("BOOLEAN", "0")[0]), " checked >"));
 }
 
-TEST(EditField, ThatIsReadOnlyKeepsItsTickAfterAFailedSave) {
+TEST_F(EditField, ThatIsReadOnlyKeepsItsTickAfterAFailedSave) {
   const Records records = OneValue("BOOLEAN", "1");
   for (const bool was_ticked : {false, true}) {
-    EditFormPage form;
-    form.settings.EditFieldsReadOnly = "n";
+    EditFormPage page;
+    page.settings.EditFieldsReadOnly = "n";
     const std::string_view text = was_ticked ? "True" : "False";
-    form.FailSave({{"n", text}});
-    const std::string control = form.Control(records[0]);
+    page.FailSave({{"n", text}});
+    const std::string control = page.Control(records[0]);
     EXPECT_EQ(Contains(control, " checked >"), was_ticked);
     EXPECT_TRUE(Contains(control, "value=\"" + std::string(text) + "\""));
   }
