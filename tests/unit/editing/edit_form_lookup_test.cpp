@@ -10,19 +10,14 @@
 namespace dralo::tests {
 namespace {
 
-/// A page on a database of orders, whose field "n" is looked up in the table L.
+/// A page whose field "n" is looked up in a table.
 struct LookupPage : EditFormPage {
-  explicit LookupPage(std::string_view declared_type = "INTEGER", std::string_view literal = "2")
-      : database("CREATE TABLE T(n " + std::string(declared_type) + "); INSERT INTO T VALUES(" +
-                 std::string(literal) +
-                 "); CREATE TABLE L(ID, Name); INSERT INTO L VALUES(1, 'One'), (2, 'Two')"),
-        records("CREATE TABLE T(n " + std::string(declared_type) + "); INSERT INTO T VALUES(" +
-                std::string(literal) + ")") {
+  explicit LookupPage(std::string_view declared_type = "INTEGER", std::string_view literal = "2",
+                      std::string_view table = "L", bool allow_nulls = false)
+      : database("CREATE TABLE L(ID, Name); INSERT INTO L VALUES(1, 'One'), (2, 'Two')"),
+        records(OneValue(declared_type, literal)) {
     settings.DrConnection = std::make_shared<component::DBConnection>(AmericanEnvironment());
     settings.DrConnection->Connection()->Open(database.ConnectionString());
-  }
-
-  void LookUp(std::string_view table, bool allow_nulls = false) {
     settings.lookups.Add({.field_name = "N",
                           .table = table,
                           .link_field = "ID",
@@ -38,8 +33,7 @@ struct LookupPage : EditFormPage {
 };
 
 TEST(LookupField, IsASelectList) {
-  LookupPage page;
-  page.LookUp("L", true);
+  LookupPage page("INTEGER", "2", "L", true);
   EXPECT_HTML(page.Control(), Lines(R"(
       <select id="Morvu1_Form_n" name="Morvu1_Form_n">
       <option value=''>
@@ -54,17 +48,14 @@ TEST(LookupField, IsASelectList) {
 TEST(LookupField, IsASelectListWhateverItsTypeButNotForLongBinaryData) {
   for (const std::string_view type : {"TEXT", "VARCHAR(5)", "DATE", "DECIMAL", "BIGINT", "BOOLEAN"}) {
     LookupPage page(type, "NULL");
-    page.LookUp("L");
     EXPECT_TRUE(page.Control().starts_with("<select id=")) << type;
   }
   LookupPage page("BLOB", "x'41'");
-  page.LookUp("L");
   EXPECT_EQ(page.Control(), "&nbsp;\r\n");
 }
 
 TEST(LookupField, ThatIsReadOnlyIsDisabledAndCarriedByAHiddenInput) {
   LookupPage page;
-  page.LookUp("L");
   page.settings.EditFieldsReadOnly = "n";
   const std::string control = page.Control();
   EXPECT_TRUE(control.starts_with("<select  disabled id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\">\r\n"));
@@ -74,7 +65,6 @@ TEST(LookupField, ThatIsReadOnlyIsDisabledAndCarriedByAHiddenInput) {
 
 TEST(LookupField, ThatIsRequiredStandsTogetherWithItsIndicator) {
   LookupPage page("INTEGER NOT NULL");
-  page.LookUp("L");
   const std::string control = page.Control();
   EXPECT_TRUE(control.starts_with("<nobr><select "));
   EXPECT_TRUE(control.ends_with("</select>\r\n&nbsp;*&nbsp;</nobr>\r\n"));
@@ -82,21 +72,18 @@ TEST(LookupField, ThatIsRequiredStandsTogetherWithItsIndicator) {
 
 TEST(LookupField, AfterAFailedSaveShowsThePostedChoice) {
   LookupPage page;
-  page.LookUp("L");
   page.FailSave({{"n", "1"}});
   EXPECT_TRUE(Contains(page.Control(), "<option  selected  value=\"1\">One\r\n<option  value=\"2\">"));
 }
 
 TEST(LookupField, OfANewRecordHasNoChoiceMade) {
   LookupPage page;
-  page.LookUp("L");
   page.Post("FormAdd", "1");
   EXPECT_FALSE(Contains(page.Control(), "selected"));
 }
 
 TEST(LookupField, WhoseStatementFailsIsTheControlOfItsType) {
-  LookupPage page;
-  page.LookUp("Missing");
+  LookupPage page("INTEGER", "2", "Missing");
   EXPECT_EQ(page.Control(),
             "<input class=\"DraloInput\" size=20 type=\"text\" id=\"Morvu1_Form_n\" name=\"Morvu1_Form_n\" "
             "value=\"2\" maxlength=\"20\">\r\n");
