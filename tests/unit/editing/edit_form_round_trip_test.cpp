@@ -73,40 +73,26 @@ std::string& ValueOf(std::vector<platform::RequestField>& form, std::string_view
   throw std::out_of_range(std::string(field));
 }
 
-TEST(SavingAnUntouchedForm, ChangesNoRecord) {
-  for (const bool use_css : {true, false}) {
-    for (int id = 1; id <= 5; ++id) {
-      Shop shop;
-      shop.view.Set("UseCSS", use_css);
-      const std::string before = Stored(shop.database);
-
-      shop.Save(PostedByBrowser(shop.EditForm(id), "Morvu1FormUpdate"));
-
-      EXPECT_EQ(shop.ErrorMessage(), "");
-      EXPECT_EQ(shop.Status(), "&nbsp;[Record saved ok]") << id;
-      EXPECT_EQ(Stored(shop.database), before) << id;
-    }
-  }
+/// Saves the untouched form of the record in a shop with that setting.
+void ExpectUntouched(int id, std::string_view setting, const component::PropertyValue& value) {
+  Shop shop;
+  shop.view.Set(setting, value);
+  const std::string before = Stored(shop.database);
+  shop.Save(PostedByBrowser(shop.EditForm(id), "Morvu1FormUpdate"));
+  EXPECT_EQ(shop.ErrorMessage(), "");
+  EXPECT_EQ(shop.Status(), "&nbsp;[Record saved ok]") << id << setting;
+  EXPECT_EQ(Stored(shop.database), before) << id << setting;
 }
 
-TEST(SavingAnUntouchedForm, ChangesNoRecordWhoseFieldsAreReadOnly) {
+TEST(SavingAnUntouchedForm, ChangesNoRecord) {
   for (int id = 1; id <= 5; ++id) {
-    Shop shop;
-    shop.view.Set("EditFieldsReadOnly", std::string("*"));
-    const std::string before = Stored(shop.database);
-    shop.Save(PostedByBrowser(shop.EditForm(id), "Morvu1FormUpdate"));
-    EXPECT_EQ(shop.Status(), "&nbsp;[Record saved ok]") << id;
-    EXPECT_EQ(Stored(shop.database), before) << id;
+    for (const bool use_css : {true, false}) ExpectUntouched(id, "UseCSS", use_css);
+    ExpectUntouched(id, "EditFieldsReadOnly", std::string("*"));
   }
 }
 
 TEST(SavingAnUntouchedForm, ChangesNoRecordWhoseKeyIsHidden) {
-  Shop shop;
-  shop.view.Set("FormFieldsShow", std::string("Name,Active"));
-  const std::string before = Stored(shop.database);
-  shop.Save(PostedByBrowser(shop.EditForm(1), "Morvu1FormUpdate"));
-  EXPECT_EQ(shop.Status(), "&nbsp;[Record saved ok]");
-  EXPECT_EQ(Stored(shop.database), before);
+  ExpectUntouched(1, "FormFieldsShow", std::string("Name,Active"));
 }
 
 TEST(SavingAnUntouchedForm, ChangesNoMegabyteOfText) {
