@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -56,6 +58,16 @@ class OpenedRecords final : public FakeRecords {
   }
   void Close() override { ++closed; }
 };
+
+/// The recordset was opened on the client, forward and read-only, for at most one row, and closed.
+inline void ExpectReadForOneRow(const OpenedRecords& records, std::string_view sql) {
+  EXPECT_EQ(records.sql, sql);
+  EXPECT_EQ(records.max_records, 1);
+  EXPECT_EQ(records.location, platform::CursorLocation::kClient);
+  EXPECT_EQ(records.cursor, platform::CursorType::kForwardOnly);
+  EXPECT_EQ(records.lock, platform::LockType::kReadOnly);
+  EXPECT_EQ(records.closed, 1);
+}
 
 /// Services that hand out prepared records as the next "ADODB.Recordset".
 class PreparedEnvironment final : public platform::Environment {

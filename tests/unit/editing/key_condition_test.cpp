@@ -33,18 +33,15 @@ TEST(KeyCondition, JoinsTheTermsInTheirOrder) {
   EXPECT_EQ(condition.Text("MSSQL"), "([A]='x') AND ([B]=2) AND ([C]='z')");
 }
 
-TEST(KeyCondition, KeepsBracketsForEnginesThatKnowThem) {
+TEST(KeyCondition, KeepsBracketsOnlyForEnginesThatKnowThemAlsoInsideValues) {
   KeyCondition condition;
   condition.Add("ID", "a[1]", false);
-  EXPECT_EQ(condition.Text("MSSQL"), "([ID]='a[1]')");
-  EXPECT_EQ(condition.Text("ACCESS"), "([ID]='a[1]')");
-}
-
-TEST(KeyCondition, LeavesAllBracketsOutForOtherEnginesAlsoInsideValues) {
-  KeyCondition condition;
-  condition.Add("ID", "a[1]", false);
-  EXPECT_EQ(condition.Text("ORACLE"), "(ID='a1')");
-  EXPECT_EQ(condition.Text("SQLA"), "(ID='a1')");
+  for (const std::string_view engine : {"MSSQL", "ACCESS"}) {
+    EXPECT_EQ(condition.Text(engine), "([ID]='a[1]')") << engine;
+  }
+  for (const std::string_view engine : {"", "ORACLE", "SQLA", "Other"}) {
+    EXPECT_EQ(condition.Text(engine), "(ID='a1')") << engine;
+  }
 }
 
 }  // namespace

@@ -64,12 +64,7 @@ TEST(QuerySchema, ReadsAtMostOneRowOnTheClientForwardAndReadOnly) {
   PreparedEnvironment environment(records);
   EditedView view("", environment);
   EXPECT_EQ(SchemaOf(view, "SELECT ID FROM T").fields[0].name, "ID");
-  EXPECT_EQ(records->sql, "SELECT ID FROM T");
-  EXPECT_EQ(records->max_records, 1);
-  EXPECT_EQ(records->location, platform::CursorLocation::kClient);
-  EXPECT_EQ(records->cursor, platform::CursorType::kForwardOnly);
-  EXPECT_EQ(records->lock, platform::LockType::kReadOnly);
-  EXPECT_EQ(records->closed, 1);
+  ExpectReadForOneRow(*records, "SELECT ID FROM T");
 }
 
 TEST(QuerySchema, SaysWhatToSetWithoutAConnection) {
