@@ -6,8 +6,6 @@
 
 namespace dralo::tests {
 
-/// The first row of kCustomers.
-inline constexpr std::string_view kAnna = "1,'Anna','Oslo',3,2.5,'2024-05-03',1,'first'";
 /// What somebody is told who was too slow.
 inline constexpr std::string_view kConflict =
     "Update failed: Row cannot be located for updating. Some values may have been changed since it was last "

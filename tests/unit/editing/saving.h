@@ -21,6 +21,8 @@ inline constexpr std::string_view kCustomers =
     "  Price DECIMAL(10,2), Since DATE, Active BOOLEAN, Notes TEXT);"
     "INSERT INTO T VALUES(1, 'Anna', 'Oslo', 3, 2.5, '2024-05-03', 1, 'first');"
     "INSERT INTO T VALUES(2, 'Bert', 'Bonn', NULL, NULL, NULL, 0, NULL);";
+/// The first row of kCustomers.
+inline constexpr std::string_view kAnna = "1,'Anna','Oslo',3,2.5,'2024-05-03',1,'first'";
 
 /// A page that posts a form of a view. Fields() and Post() make up the form, Save() and Delete() send it.
 class Saving : public Rendering {

@@ -9,8 +9,6 @@ namespace dralo::tests {
 
 namespace {
 
-constexpr std::string_view kAnnaBefore = "1,'Anna','Oslo',3,2.5,'2024-05-03',1,'first'";
-
 /// The whole form of Anna's record, as it is when nobody touched it.
 Saving& PostAnna(Saving& saving) {
   return saving.Post({{"ID", "1"},
@@ -29,7 +27,7 @@ class UpdateEngine : public testing::Test {
   void ExpectIgnored() {
     EXPECT_EQ(saving.Message(), "");
     EXPECT_EQ(saving.Status(), "");
-    EXPECT_EQ(Row(database), kAnnaBefore);
+    EXPECT_EQ(Row(database), kAnna);
     EXPECT_EQ(database.Value("SELECT count(*) FROM T"), "2");
   }
 
@@ -39,23 +37,15 @@ class UpdateEngine : public testing::Test {
 
 // When something is done
 
-TEST_F(UpdateEngine, DoesNothingWithoutASaveOrDeleteInThePost) {
+TEST_F(UpdateEngine, DoesNothingWithoutTheSaveOrDeleteButton) {
   saving.Post({{"ID", "1"}, {"Name", "Eve"}});
   EXPECT_TRUE(saving.Update());
   ExpectIgnored();
-}
-
-TEST_F(UpdateEngine, DoesNothingForAnInsertWithoutTheSaveButton) {
-  saving.Post({{"ID", "3"}, {"Name", "Eve"}});
-  saving.page.form.push_back({"Morvu1FormInsert", "1"});
-  EXPECT_TRUE(saving.Update());
-  ExpectIgnored();
-}
-
-TEST_F(UpdateEngine, DoesNothingForButtonsWithBlankValues) {
-  saving.Post({{"ID", "1"}, {"Name", "Eve"}});
   saving.page.form.push_back({"Morvu1FormUpdate", "  "});
   saving.page.form.push_back({"Morvu1FormDelete", " "});
+  EXPECT_TRUE(saving.Update());
+  ExpectIgnored();
+  saving.page.form = {{"Morvu1_Form_ID", "3"}, {"Morvu1_Form_Name", "Eve"}, {"Morvu1FormInsert", "1"}};
   EXPECT_TRUE(saving.Update());
   ExpectIgnored();
 }
@@ -106,7 +96,7 @@ TEST_F(UpdateEngine, DemandsPrimaryKeys) {
     PostAnna(saving).Post("Name", "Eve");
     EXPECT_FALSE(saving.Save());
     EXPECT_EQ(saving.Message(), "Before.Dralo property EditPrimaryKeys must be set!<br>");
-    EXPECT_EQ(Row(database), kAnnaBefore);
+    EXPECT_EQ(Row(database), kAnna);
   }
 }
 
@@ -135,7 +125,7 @@ TEST_F(UpdateEngine, ReadsTheFormOfItsOwnTagOnly) {
   saving.settings.Tag = "2";
   PostAnna(saving).Post("Name", "Two");
   EXPECT_TRUE(saving.Save());
-  EXPECT_EQ(Row(database), kAnnaBefore);
+  EXPECT_EQ(Row(database), kAnna);
 }
 
 TEST_F(UpdateEngine, TakesTheFirstOfInputsWithTheSameName) {
@@ -287,10 +277,6 @@ TEST_P(UpdateMessages, AreThoseOfTheLanguage) {
 constexpr LanguageCase kLanguages[] = {
     {"English",
      [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("ENG"); },
-     "&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
-     "&nbsp;Record WAS NOT SAVED. Fill out all required fields."},
-    {"GermanAsInEnglish",
-     [](settings::Settings& settings) { settings.language_tables = settings::BuiltInTables("GER"); },
      "&nbsp;[New record saved ok]", "&nbsp;[Record saved ok]", "&nbsp;[Record deleted]",
      "&nbsp;Record WAS NOT SAVED. Fill out all required fields."},
     {"Norwegian",
