@@ -7,7 +7,7 @@
 #include "dralo/error.h"
 #include "editing/control_text.h"
 #include "support/fake_records.h"
-#include "support/records.h"
+#include "support/grid_rows.h"
 #include "support/rendering.h"
 
 namespace dralo::tests {
@@ -36,9 +36,7 @@ std::string TextOf(TypeCode type, const platform::VariantView& value) {
 
 /// What the control of the first column shows.
 std::string TextOf(std::string_view declared_type, std::string_view literal) {
-  const Records records("CREATE TABLE T(V " + std::string(declared_type) + "); INSERT INTO T VALUES(" +
-                        std::string(literal) + ")");
-  return TextOf(records[0]);
+  return TextOf(Column(declared_type, {literal})[0]);
 }
 
 TEST(ControlText, OfNullIsEmpty) {
@@ -72,7 +70,7 @@ TEST(ControlText, OfBooleansIsAWord) {
 }
 
 TEST(ControlText, OfMemosIsWholeWhateverTheLimit) {
-  const Records records("CREATE TABLE T(V TEXT); INSERT INTO T VALUES('  one two three  ')");
+  const Records records = Column("TEXT", {"'  one two three  '"});
   for (const int limit : {-1, 0, 3}) {
     settings::Settings settings;
     settings.MemoFieldLimit = limit;

@@ -1,19 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "editing/primary_keys.h"
-#include "hosts/cpp/environment.h"
 #include "settings/open_connection.h"
 #include "state/primary_key_value_list.h"
 #include "support/shown_view.h"
 #include "unit/editing/edited_view.h"
+#include "unit/editing/one_field.h"
 
 namespace dralo::tests {
 namespace {
-
-platform::Environment& GermanEnvironment() {
-  static host::Environment environment("de-DE");
-  return environment;
-}
 
 /// Records are addressed by links and by posted forms and must be found again, whatever the locale.
 struct KeyRoundTrip : testing::Test {
@@ -24,7 +19,7 @@ struct KeyRoundTrip : testing::Test {
     const std::string statements = "CREATE TABLE T (" + std::string(columns) +
                                    ", Nr INTEGER); INSERT INTO T VALUES " + std::string(rows);
     for (platform::Environment* environment :
-         std::initializer_list<platform::Environment*>{&AmericanEnvironment(), &GermanEnvironment()}) {
+         std::initializer_list<platform::Environment*>{&AmericanEnvironment(), &German()}) {
       EditedView view(statements, *environment);
       view.Settings().EditPrimaryKeys = keys;
       view.Settings().sql = view.Settings().EditSQL = kQuery;
