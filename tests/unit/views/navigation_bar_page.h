@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,10 +11,10 @@
 #include "support/rendering.h"
 #include "views/navigation_bar.h"
 
-namespace dralo::views {
+namespace dralo::tests {
 
 /// A grid on the first of three pages of 45 records, which a test changes before it asks for the bar.
-struct Bar : tests::Rendering {
+struct Bar : Rendering {
   std::int32_t last_record = 41;
   std::string class_suffix = "";
 
@@ -38,7 +40,7 @@ struct Bar : tests::Rendering {
 
   std::string Html(int column_span = 4) {
     return Text([&](html::HtmlWriter& out, state::Render& render) {
-      out.Write(html::Verbatim{NavigationBar(render, column_span, class_suffix, last_record)});
+      out.Write(html::Verbatim{views::NavigationBar(render, column_span, class_suffix, last_record)});
     });
   }
 
@@ -54,7 +56,7 @@ struct Bar : tests::Rendering {
 
   std::string Select() {
     return Text([](html::HtmlWriter& out, state::Render& render) {
-      out.Write(html::Verbatim{RecordsPerPageSelect(render)});
+      out.Write(html::Verbatim{views::RecordsPerPageSelect(render)});
     });
   }
 
@@ -70,4 +72,6 @@ struct Bar : tests::Rendering {
   }
 };
 
-}  // namespace dralo::views
+struct BarTest : testing::Test, Bar {};
+
+}  // namespace dralo::tests

@@ -6,18 +6,21 @@
 
 #include "unit/views/navigation_bar_page.h"
 
-namespace dralo::views {
+namespace dralo::tests {
 namespace {
+
+using NavigationBar = BarTest;
+using NavigationButtons = BarTest;
+using ListLink = BarTest;
+using ExportButton = BarTest;
 
 constexpr char kFirstOff[] = R"(<img src="../gfx/firstpgd.gif" border="0">)";
 constexpr char kPreviousOff[] = R"(<img src="../gfx/prevpgd.gif" border="0">)";
 constexpr char kNextOff[] = R"(<img src="../gfx/nextpgd.gif" border="0">)";
 constexpr char kLastOff[] = R"(<img src="../gfx/lastpgd.gif" border="0">)";
 
-TEST(NavigationBar, IsOneRowOfThreeCellsInATableOfItsOwn) {
-  Bar bar;
-
-  EXPECT_EQ(bar.Html(),
+TEST_F(NavigationBar, IsOneRowOfThreeCellsInATableOfItsOwn) {
+  EXPECT_EQ(Html(),
             "<tr><th nowrap align=\"left\" class=\"DRLOTableNavBar\"colspan=4>\r\n"
             "<table width=\"100%\" cellpadding=0 cellspacing=0>\r\n"
             "<tr><td width=\"1%\" class=\"DRLOTableNavBar\"nowrap align=\"left\">"
@@ -36,202 +39,173 @@ TEST(NavigationBar, IsOneRowOfThreeCellsInATableOfItsOwn) {
             "</tr></table></th></tr>\r\n");
 }
 
-TEST(NavigationBar, HasABlankInPlaceOfEachClassWithoutCss) {
-  Bar bar;
-  bar.settings.UseCSS = false;
-  bar.ShowRecord(3);
+TEST_F(NavigationBar, HasABlankInPlaceOfEachClassWithoutCss) {
+  settings.UseCSS = false;
+  ShowRecord(3);
 
-  const std::string html = bar.Html(12);
+  const std::string html = Html(12);
 
-  EXPECT_TRUE(tests::Contains(html, "<tr><th nowrap align=\"left\" colspan=12>\r\n"));
-  EXPECT_TRUE(tests::Contains(html, "<tr><td width=\"1%\" nowrap align=\"left\"><input"));
-  EXPECT_TRUE(
-      tests::Contains(html, "</td>\r\n<td width=\"1%\" nowrap align=\"left\"> Record 3 of 45</td>\r\n"));
-  EXPECT_TRUE(tests::Contains(html, "<td width=\"99%\" nowrap align=\"right\"> <a  href=\"/p?"));
-  EXPECT_FALSE(tests::Contains(html, "class"));
+  EXPECT_TRUE(Contains(html, "<tr><th nowrap align=\"left\" colspan=12>\r\n"));
+  EXPECT_TRUE(Contains(html, "<tr><td width=\"1%\" nowrap align=\"left\"><input"));
+  EXPECT_TRUE(Contains(html, "</td>\r\n<td width=\"1%\" nowrap align=\"left\"> Record 3 of 45</td>\r\n"));
+  EXPECT_TRUE(Contains(html, "<td width=\"99%\" nowrap align=\"right\"> <a  href=\"/p?"));
+  EXPECT_FALSE(Contains(html, "class"));
 }
 
-TEST(NavigationBar, PutsTheSuffixBehindTheClassOfCellsAndLink) {
-  Bar bar;
-  bar.class_suffix = "Top";
-  bar.ShowRecord(3);
+TEST_F(NavigationBar, PutsTheSuffixBehindTheClassOfCellsAndLink) {
+  class_suffix = "Top";
+  ShowRecord(3);
 
-  const std::string html = bar.Html();
+  const std::string html = Html();
 
-  EXPECT_TRUE(tests::Contains(html, "<tr><th nowrap align=\"left\" class=\"DRLOTableNavBarTop\"colspan=4>"));
-  EXPECT_TRUE(tests::Contains(html,
-                              "<td width=\"99%\" class=\"DRLOTableNavBarTop\"nowrap align=\"right\"> "
-                              "<a class=\"DRLOTableNavBarTop\" href=\""));
-  EXPECT_FALSE(tests::Contains(html, "\"DRLOTableNavBar\""));
+  EXPECT_TRUE(Contains(html, "<tr><th nowrap align=\"left\" class=\"DRLOTableNavBarTop\"colspan=4>"));
+  EXPECT_TRUE(Contains(html,
+                       "<td width=\"99%\" class=\"DRLOTableNavBarTop\"nowrap align=\"right\"> "
+                       "<a class=\"DRLOTableNavBarTop\" href=\""));
+  EXPECT_FALSE(Contains(html, "\"DRLOTableNavBar\""));
 }
 
-TEST(NavigationButtons, GoBackFromEveryPageButTheFirst) {
-  Bar bar;
-  EXPECT_TRUE(bar.Buttons().starts_with(std::string(kFirstOff) + kPreviousOff));
+TEST_F(NavigationButtons, GoBackFromEveryPageButTheFirst) {
+  EXPECT_TRUE(Buttons().starts_with(std::string(kFirstOff) + kPreviousOff));
 
-  bar.ShowRows(21, 40);
+  ShowRows(21, 40);
   EXPECT_EQ(
-      bar.Buttons(),
+      Buttons(),
       R"(<input type="image" src="../gfx/firstpg.gif" name="Morvu1FIRST" border="0" title="First Page" > )"
       R"(<input type="image" src="../gfx/prevpg.gif" name="Morvu1PREV" border="0" title="Previous Page" > )"
       R"(<input type="image" src="../gfx/nextpg.gif" name="Morvu1NEXT" border="0" title="Next Page" > )"
       R"(<input type="image" src="../gfx/lastpg.gif" name="Morvu1LAST" border="0" title="Last Page" > )");
 }
 
-TEST(NavigationButtons, GoBackFromAPageThatStartsInTheMiddleOfTheFirst) {
-  Bar bar;
-  bar.ShowRows(2, 21);
+TEST_F(NavigationButtons, GoBackFromAPageThatStartsInTheMiddleOfTheFirst) {
+  ShowRows(2, 21);
 
-  EXPECT_FALSE(tests::Contains(bar.Buttons(), "firstpgd.gif"));
-  EXPECT_FALSE(tests::Contains(bar.Buttons(), "prevpgd.gif"));
+  EXPECT_FALSE(Contains(Buttons(), "firstpgd.gif"));
+  EXPECT_FALSE(Contains(Buttons(), "prevpgd.gif"));
 }
 
-TEST(NavigationButtons, GoNoFurtherFromTheLastPage) {
-  Bar bar;
-  bar.ShowRows(41, 45);
-  bar.outcome.is_last_page = true;
+TEST_F(NavigationButtons, GoNoFurtherFromTheLastPage) {
+  ShowRows(41, 45);
+  outcome.is_last_page = true;
 
-  EXPECT_TRUE(bar.Buttons().ends_with(std::string(kNextOff) + kLastOff));
+  EXPECT_TRUE(Buttons().ends_with(std::string(kNextOff) + kLastOff));
 }
 
-TEST(NavigationButtons, GoToTheLastPageOnlyWhenItStartsBehindThisOne) {
-  for (const std::int32_t last_record : {-1, 0, 1, 20, 21, 22, 41}) {
-    Bar bar;
-    bar.ShowRows(21, 40);
-    bar.last_record = last_record;
+TEST_F(NavigationButtons, GoToTheLastPageOnlyWhenItStartsBehindThisOne) {
+  ShowRows(21, 40);
+  for (const std::int32_t record : {-1, 0, 1, 20, 21, 22, 41}) {
+    last_record = record;
 
-    EXPECT_EQ(tests::Contains(bar.Buttons(), kLastOff), last_record <= 21) << last_record;
-    EXPECT_EQ(tests::Contains(bar.Buttons(), "Morvu1LAST"), last_record > 21) << last_record;
-    EXPECT_TRUE(tests::Contains(bar.Buttons(), "Morvu1NEXT"));
+    EXPECT_EQ(Contains(Buttons(), kLastOff), record <= 21) << record;
+    EXPECT_EQ(Contains(Buttons(), "Morvu1LAST"), record > 21) << record;
+    EXPECT_TRUE(Contains(Buttons(), "Morvu1NEXT"));
   }
 }
 
-TEST(NavigationButtons, NeverGoToTheLastPageWhenThePageForbidsIt) {
+TEST_F(NavigationButtons, NeverGoToTheLastPageWhenThePageForbidsIt) {
+  settings.DisableNavBarLastPageBtn = true;
   for (const std::int32_t from : {1, 21, 41}) {
-    Bar bar;
-    bar.settings.DisableNavBarLastPageBtn = true;
-    bar.ShowRows(from, from + 4);
+    ShowRows(from, from + 4);
 
-    EXPECT_TRUE(bar.Buttons().ends_with(kLastOff)) << from;
+    EXPECT_TRUE(Buttons().ends_with(kLastOff)) << from;
   }
 }
 
-TEST(NavigationButtons, AreOnlyTwoWithoutTheOnesForFirstAndLast) {
-  Bar bar;
-  bar.settings.DisplayNavBarFirstLastBtn = false;
-  bar.settings.DisableNavBarLastPageBtn = true;
-  bar.ShowRows(21, 40);
+TEST_F(NavigationButtons, AreOnlyTwoWithoutTheOnesForFirstAndLast) {
+  settings.DisplayNavBarFirstLastBtn = false;
+  settings.DisableNavBarLastPageBtn = true;
+  ShowRows(21, 40);
 
   EXPECT_EQ(
-      bar.Buttons(),
+      Buttons(),
       R"(<input type="image" src="../gfx/prevpg.gif" name="Morvu1PREV" border="0" title="Previous Page" > )"
       R"(<input type="image" src="../gfx/nextpg.gif" name="Morvu1NEXT" border="0" title="Next Page" > )");
 }
 
-TEST(NavigationButtons, BearTheTagOfTheirView) {
-  Bar bar;
-  bar.settings.Tag = "2";
+TEST_F(NavigationButtons, BearTheTagOfTheirView) {
+  settings.Tag = "2";
 
-  EXPECT_TRUE(tests::Contains(bar.Html(), R"(name="Morvu2NEXT")"));
-  EXPECT_TRUE(tests::Contains(bar.Html(), R"(name="Morvu2ToExcel")"));
-  EXPECT_FALSE(tests::Contains(bar.Html(), "Morvu1"));
+  EXPECT_TRUE(Contains(Html(), R"(name="Morvu2NEXT")"));
+  EXPECT_TRUE(Contains(Html(), R"(name="Morvu2ToExcel")"));
+  EXPECT_FALSE(Contains(Html(), "Morvu1"));
 }
 
-TEST(NavigationButtons, TakeTheirImagesFromTheFolderOfThePage) {
-  Bar bar;
-  bar.settings.ImageDir = "/img/";
+TEST_F(NavigationButtons, TakeTheirImagesFromTheFolderOfThePage) {
+  settings.ImageDir = "/img/";
 
-  EXPECT_TRUE(tests::Contains(bar.Html(), R"(src="/img/nextpg.gif")"));
-  EXPECT_TRUE(tests::Contains(bar.Html(), R"(<img src="/img/prevpgd.gif" border="0">)"));
-  EXPECT_TRUE(tests::Contains(bar.Html(), R"(border=0 src="/img/excel.gif">)"));
-  EXPECT_FALSE(tests::Contains(bar.Html(), "../gfx/"));
+  EXPECT_TRUE(Contains(Html(), R"(src="/img/nextpg.gif")"));
+  EXPECT_TRUE(Contains(Html(), R"(<img src="/img/prevpgd.gif" border="0">)"));
+  EXPECT_TRUE(Contains(Html(), R"(border=0 src="/img/excel.gif">)"));
+  EXPECT_FALSE(Contains(Html(), "../gfx/"));
 }
 
-TEST(NavigationButtons, SpeakOfRecordsWhereOneIsShownAtATime) {
-  Bar bar;
-  bar.settings.language_tables = settings::BuiltInTables("GER");
-  bar.ShowRecord(3);
+TEST_F(NavigationButtons, SpeakOfPagesInTheGridAndOfRecordsWhereOneIsShownInTheirGrammaticalForms) {
+  settings.language_tables = settings::BuiltInTables("GER");
+  ShowRows(21, 40);
+  for (const char* title : {"Erste Seite", "Vorherige Seite", "Nächste Seite", "Letzter Seite"}) {
+    EXPECT_TRUE(Contains(Buttons(), std::string("title=\"") + title + "\"")) << title;
+  }
 
+  ShowRecord(3);
   for (const char* title :
        {"Erste Datensatz", "Vorheriger Datensatz", "Nächster Datensatz", "Letzter Datensatz"}) {
-    EXPECT_TRUE(tests::Contains(bar.Buttons(), std::string("title=\"") + title + "\"")) << title;
+    EXPECT_TRUE(Contains(Buttons(), std::string("title=\"") + title + "\"")) << title;
   }
 }
 
-TEST(NavigationButtons, SpeakOfPagesInTheGridWithTheOtherGrammaticalForm) {
-  Bar bar;
-  bar.settings.language_tables = settings::BuiltInTables("GER");
-  bar.ShowRows(21, 40);
+TEST_F(NavigationButtons, SpeakOfRecordsInAGridOfOneRow) {
+  settings.RecordsPerPage = 1;
+  ShowRows(3, 3);
+  EXPECT_TRUE(Contains(Buttons(), R"(title="Next Record")"));
 
-  for (const char* title : {"Erste Seite", "Vorherige Seite", "Nächste Seite", "Letzter Seite"}) {
-    EXPECT_TRUE(tests::Contains(bar.Buttons(), std::string("title=\"") + title + "\"")) << title;
-  }
+  settings.RecordsPerPage = 2;
+  EXPECT_TRUE(Contains(Buttons(), R"(title="Next Page")"));
 }
 
-TEST(NavigationButtons, SpeakOfRecordsInAGridOfOneRow) {
-  Bar bar;
-  bar.settings.RecordsPerPage = 1;
-  bar.ShowRows(3, 3);
-  EXPECT_TRUE(tests::Contains(bar.Buttons(), R"(title="Next Record")"));
+TEST_F(NavigationButtons, SpeakOfRecordsInAFormViewOfSeveralRecords) {
+  mode = state::Mode::kFormView;
+  records_on_page = 3;
+  settings.RecordsPerPage = 3;
+  ShowRows(4, 6);
 
-  bar.settings.RecordsPerPage = 2;
-  EXPECT_TRUE(tests::Contains(bar.Buttons(), R"(title="Next Page")"));
+  EXPECT_TRUE(Contains(Buttons(), R"(title="Previous Record")"));
 }
 
-TEST(NavigationButtons, SpeakOfRecordsInAFormViewOfSeveralRecords) {
-  Bar bar;
-  bar.mode = state::Mode::kFormView;
-  bar.records_on_page = 3;
-  bar.settings.RecordsPerPage = 3;
-  bar.ShowRows(4, 6);
-
-  EXPECT_TRUE(tests::Contains(bar.Buttons(), R"(title="Previous Record")"));
-}
-
-TEST(ListLink, LeadsFromTheOneRecordViewToTheGridAtThatRecord) {
-  Bar bar;
-  bar.settings.DisplayExcelIcon = false;
-  bar.ShowRecord(27);
+TEST_F(ListLink, LeadsFromTheOneRecordViewToTheGridAtThatRecord) {
+  settings.DisplayExcelIcon = false;
+  ShowRecord(27);
 
   EXPECT_EQ(
-      bar.RightHand(),
+      RightHand(),
       "<a class=\"DRLOTableNavBar\" href=\"/p?Morvu1CurrRecord=27&Morvu1CountRecords=on&Morvu1maxrecords=20"
       "&Morvu1OrderByFields=\">List</a>");
 }
 
-TEST(ListLink, KeepsTheSortOrder) {
-  Bar bar;
-  bar.settings.OrderByFields = "2";
-  bar.settings.OrderByDesc = true;
-  bar.ShowRecord(27);
+TEST_F(ListLink, KeepsTheSortOrder) {
+  settings.OrderByFields = "2";
+  settings.OrderByDesc = true;
+  ShowRecord(27);
 
-  EXPECT_TRUE(tests::Contains(bar.RightHand(),
-                              "&Morvu1OrderByFields=2&Morvu1OrderByDesc=True\">List</a>&nbsp;<input"));
+  EXPECT_TRUE(Contains(RightHand(), "&Morvu1OrderByFields=2&Morvu1OrderByDesc=True\">List</a>&nbsp;<input"));
 }
 
-TEST(ListLink, StandsInAFormViewOfSeveralRecordsToo) {
-  Bar bar;
-  bar.mode = state::Mode::kFormView;
-  bar.records_on_page = 3;
+TEST_F(ListLink, StandsInAFormViewOfSeveralRecordsToo) {
+  mode = state::Mode::kFormView;
+  records_on_page = 3;
 
-  EXPECT_TRUE(tests::Contains(bar.RightHand(), ">List</a>"));
+  EXPECT_TRUE(Contains(RightHand(), ">List</a>"));
 }
 
-TEST(ListLink, DoesNotStandInTheGrid) {
-  Bar bar;
+TEST_F(ListLink, DoesNotStandInTheGrid) { EXPECT_FALSE(Contains(Html(), "<a")); }
 
-  EXPECT_FALSE(tests::Contains(bar.Html(), "<a"));
-}
-
-TEST(ExportButton, StandsWhenThePageWantsIt) {
-  Bar bar;
-  EXPECT_EQ(bar.RightHand(),
+TEST_F(ExportButton, StandsWhenThePageWantsIt) {
+  EXPECT_EQ(RightHand(),
             "&nbsp;<input title=\"Excel export\" type=\"image\" name=\"Morvu1ToExcel\" border=0 "
             "src=\"../gfx/excel.gif\">");
 
-  bar.settings.DisplayExcelIcon = false;
-  EXPECT_EQ(bar.RightHand(), "");
+  settings.DisplayExcelIcon = false;
+  EXPECT_EQ(RightHand(), "");
 }
 
 }  // namespace
-}  // namespace dralo::views
+}  // namespace dralo::tests

@@ -7,8 +7,11 @@
 
 #include "unit/views/navigation_bar_page.h"
 
-namespace dralo::views {
+namespace dralo::tests {
 namespace {
+
+using Counters = BarTest;
+using PageCounter = BarTest;
 
 struct Counted {
   const char* options;
@@ -42,97 +45,81 @@ INSTANTIATE_TEST_SUITE_P(Words, TextOptions,
                                          Counted{"PAGES", "Page 2 of 3", ""},
                                          Counted{" pages ", "Page 2 of 3", ""}));
 
-TEST(RecordCounter, ShowsOneNumberForASingleRow) {
-  Bar bar;
-  bar.ShowRows(41, 41);
-  bar.settings.RecordCount = 41;
-
-  EXPECT_EQ(bar.Counter(), "Record 41 of 41&nbsp;&nbsp;Page 3 of 3");
+TEST_F(Counters, ShowTheRowsOfThePageAndTheirCountWhenItIsKnown) {
+  struct Case {
+    std::int32_t from, to, count;
+    const char* text;
+  };
+  for (const Case& one : {Case{41, 41, 41, "Record 41 of 41&nbsp;&nbsp;Page 3 of 3"},
+                          Case{44, 45, 45, "Records (44..45) of 45&nbsp;&nbsp;Page 3 of 3"},
+                          Case{21, 40, -1, "Records (21..40) &nbsp;&nbsp;Page 2"},
+                          Case{41, 41, -1, "Record 41&nbsp;&nbsp;Page 3"}}) {
+    settings.RecordCount = one.count;
+    ShowRows(one.from, one.to);
+    EXPECT_EQ(Counter(), one.text);
+  }
 }
 
-TEST(RecordCounter, ShowsTwoRowsAsARange) {
-  Bar bar;
-  bar.ShowRows(44, 45);
+TEST_F(Counters, ShowZeroForAnEmptyResult) {
+  settings.FromRow = settings.ToRow = settings.RecordCount = 0;
+  settings.DisplayNavBarTextOptions = "records";
 
-  EXPECT_EQ(bar.Counter(), "Records (44..45) of 45&nbsp;&nbsp;Page 3 of 3");
+  EXPECT_EQ(Counter(), "Record 0 of 0");
 }
 
-TEST(RecordCounter, ShowsZeroForAnEmptyResult) {
-  Bar bar;
-  bar.settings.FromRow = bar.settings.ToRow = bar.settings.RecordCount = 0;
-  bar.settings.DisplayNavBarTextOptions = "records";
+TEST_F(Counters, ShowTheFullCountBehindALimit) {
+  settings.RecordsMaxLimit = 50;
+  settings.RecordCount = 200;
 
-  EXPECT_EQ(bar.Counter(), "Record 0 of 0");
+  EXPECT_EQ(Counter(), "Records (1..20) of 200&nbsp;&nbsp;Page 1 of 10");
 }
 
-TEST(Counters, DropTheCountWhileItIsUnknown) {
-  Bar bar;
-  bar.settings.RecordCount = -1;
-  bar.ShowRows(21, 40);
-  EXPECT_EQ(bar.Counter(), "Records (21..40) &nbsp;&nbsp;Page 2");
+TEST_F(Counters, SpeakTheLanguageOfTheView) {
+  settings.language_tables = settings::BuiltInTables("NOR");
+  EXPECT_EQ(Counter(), "poster (1..20) av 45&nbsp;&nbsp;side 1 av 3");
 
-  bar.ShowRows(41, 41);
-  EXPECT_EQ(bar.Counter(), "Record 41&nbsp;&nbsp;Page 3");
+  ShowRows(45, 45);
+  EXPECT_EQ(Counter(), "post 45 av 45&nbsp;&nbsp;side 3 av 3");
 }
 
-TEST(Counters, ShowTheFullCountBehindALimit) {
-  Bar bar;
-  bar.settings.RecordsMaxLimit = 50;
-  bar.settings.RecordCount = 200;
-
-  EXPECT_EQ(bar.Counter(), "Records (1..20) of 200&nbsp;&nbsp;Page 1 of 10");
-}
-
-TEST(Counters, SpeakTheLanguageOfTheView) {
-  Bar bar;
-  bar.settings.language_tables = settings::BuiltInTables("NOR");
-  EXPECT_EQ(bar.Counter(), "poster (1..20) av 45&nbsp;&nbsp;side 1 av 3");
-
-  bar.ShowRows(45, 45);
-  EXPECT_EQ(bar.Counter(), "post 45 av 45&nbsp;&nbsp;side 3 av 3");
-}
-
-TEST(PageCounter, AgreesWithCountingThePagesOneByOne) {
+TEST_F(PageCounter, AgreesWithCountingThePagesOneByOne) {
+  settings.DisplayNavBarTextOptions = "pages";
   for (const std::int32_t count : {1, 2, 19, 20, 21, 40, 45, 1'000}) {
     for (const int page_size : {1, 2, 5, 20, 45, 1'000}) {
       std::int32_t pages = 0;
       for (std::int32_t first = 1; first <= count; first += page_size) ++pages;
-      std::int32_t page = 0;
+      std::int32_t number = 0;
       for (std::int32_t first = 1; first <= count; first += page_size) {
-        Bar bar;
-        bar.settings.DisplayNavBarTextOptions = "pages";
-        bar.records_on_page = page_size;
-        bar.settings.RecordsPerPage = static_cast<std::int16_t>(page_size);
-        bar.settings.RecordCount = count;
-        bar.ShowRows(first, std::min(first + page_size - 1, count));
-        ++page;
+        records_on_page = page_size;
+        settings.RecordsPerPage = static_cast<std::int16_t>(page_size);
+        settings.RecordCount = count;
+        ShowRows(first, std::min(first + page_size - 1, count));
+        ++number;
 
-        ASSERT_EQ(bar.Counter(), "Page " + std::to_string(page) + " of " + std::to_string(pages))
+        ASSERT_EQ(Counter(), "Page " + std::to_string(number) + " of " + std::to_string(pages))
             << count << " records by " << page_size;
       }
     }
   }
 }
 
-TEST(PageCounter, StaysOnThePageThatHoldsTheFirstRecordShown) {
-  for (const auto& [first, page] : {std::pair(1, 1), {2, 1}, {20, 1}, {21, 2}, {22, 2}, {40, 2}, {41, 3}}) {
-    Bar bar;
-    bar.settings.DisplayNavBarTextOptions = "pages";
-    bar.ShowRows(first, 45);
+TEST_F(PageCounter, StaysOnThePageThatHoldsTheFirstRecordShown) {
+  settings.DisplayNavBarTextOptions = "pages";
+  for (const auto& [first, number] : {std::pair(1, 1), {2, 1}, {20, 1}, {21, 2}, {22, 2}, {40, 2}, {41, 3}}) {
+    ShowRows(first, 45);
 
-    EXPECT_EQ(bar.Counter(), "Page " + std::to_string(page) + " of 3") << first;
+    EXPECT_EQ(Counter(), "Page " + std::to_string(number) + " of 3") << first;
   }
 }
 
-TEST(PageCounter, HoldsTheHighestNumbers) {
-  Bar bar;
-  bar.settings.DisplayNavBarTextOptions = "pages";
-  bar.settings.RecordCount = std::numeric_limits<std::int32_t>::max();
-  bar.settings.RecordsPerPage = 2;
-  bar.current_record = std::numeric_limits<std::int32_t>::max();
+TEST_F(PageCounter, HoldsTheHighestNumbers) {
+  settings.DisplayNavBarTextOptions = "pages";
+  settings.RecordCount = std::numeric_limits<std::int32_t>::max();
+  settings.RecordsPerPage = 2;
+  current_record = std::numeric_limits<std::int32_t>::max();
 
-  EXPECT_EQ(bar.Counter(), "Page 1073741824 of 1073741824");
+  EXPECT_EQ(Counter(), "Page 1073741824 of 1073741824");
 }
 
 }  // namespace
-}  // namespace dralo::views
+}  // namespace dralo::tests

@@ -5,14 +5,14 @@
 
 #include "unit/views/navigation_bar_page.h"
 
-namespace dralo::views {
+namespace dralo::tests {
 namespace {
 
-TEST(RecordsPerPageSelect, SubmitsTheFormOfItsViewAndMarksThePageSize) {
-  Bar bar;
+using RecordsPerPageSelect = BarTest;
 
+TEST_F(RecordsPerPageSelect, SubmitsTheFormOfItsViewAndMarksThePageSize) {
   EXPECT_EQ(
-      bar.Select(),
+      Select(),
       "Records per Page&nbsp;:&nbsp;"
       "<select onchange=\"FormDraloGrid1.submit()\" class=\"DRLOTableRecPerPage\" "
       "name=\"Morvu1maxrecords\">\r\n"
@@ -21,90 +21,77 @@ TEST(RecordsPerPageSelect, SubmitsTheFormOfItsViewAndMarksThePageSize) {
       "</select>");
 }
 
-TEST(RecordsPerPageSelect, HasNoClassWithoutCss) {
-  Bar bar;
-  bar.settings.UseCSS = false;
-  bar.settings.Tag = "2";
-
-  EXPECT_TRUE(tests::Contains(bar.Select(),
-                              "<select onchange=\"FormDraloGrid2.submit()\" name=\"Morvu2maxrecords\">\r\n"));
-}
-
-TEST(RecordsPerPageSelect, SetsBlankOptionsBackToTheDefault) {
-  Bar bar;
-  bar.settings.RecordsPerPageOptions = "  ";
-
-  EXPECT_TRUE(bar.Select().ends_with("<option value=\"100\">100<option value=\"200\">200</select>"));
-  EXPECT_EQ(bar.settings.RecordsPerPageOptions, "5,10,20,30,40,50,100,200");
-}
-
-TEST(RecordsPerPageSelect, MarksNothingWhenThePageSizeIsNotAmongTheOptions) {
-  Bar bar;
-  bar.settings.RecordsPerPage = 7;
-
-  EXPECT_FALSE(tests::Contains(bar.Select(), "selected"));
-}
-
-TEST(RecordsPerPageSelect, ComparesOptionsWithoutBlanksAndWritesThemAsTheyStand) {
-  Bar bar;
-  bar.settings.RecordsPerPageOptions = "10, 20 ,,020";
+TEST_F(RecordsPerPageSelect, HasNoClassWithoutCss) {
+  settings.UseCSS = false;
+  settings.Tag = "2";
 
   EXPECT_TRUE(
-      bar.Select().ends_with("\r\n<option value=\"10\">10<option selected value=\" 20 \"> 20 "
-                             "<option value=\"\"><option value=\"020\">020</select>"));
+      Contains(Select(), "<select onchange=\"FormDraloGrid2.submit()\" name=\"Morvu2maxrecords\">\r\n"));
 }
 
-TEST(RecordsPerPageSelect, HasTheLabelOfItsLanguage) {
-  Bar bar;
-  bar.settings.language_tables = settings::BuiltInTables("GER");
+TEST_F(RecordsPerPageSelect, SetsBlankOptionsBackToTheDefault) {
+  settings.RecordsPerPageOptions = "  ";
 
-  EXPECT_TRUE(bar.Select().starts_with("Datensätze pro Seite&nbsp;:&nbsp;<select "));
+  EXPECT_TRUE(Select().ends_with("<option value=\"100\">100<option value=\"200\">200</select>"));
+  EXPECT_EQ(settings.RecordsPerPageOptions, "5,10,20,30,40,50,100,200");
 }
 
-TEST(RecordsPerPageSelect, IsShownOnlyWhenThePageWantsIt) {
-  Bar bar;
-  EXPECT_FALSE(bar.ShowsSelect());
+TEST_F(RecordsPerPageSelect, MarksNothingWhenThePageSizeIsNotAmongTheOptions) {
+  settings.RecordsPerPage = 7;
 
-  bar.settings.DisplayRecordsPerPageSelect = true;
-  EXPECT_TRUE(bar.ShowsSelect());
+  EXPECT_FALSE(Contains(Select(), "selected"));
 }
 
-TEST(RecordsPerPageSelect, IsShownAtTheTopAndAtTheBottomOnly) {
-  for (const auto& [placement, shown] : {std::pair("top", true),
-                                         {"bottom", true},
-                                         {" TOP ", true},
-                                         {"Bottom", true},
-                                         {"", false},
-                                         {"both", false},
-                                         {"none", false},
-                                         {"top bottom", false}}) {
-    Bar bar;
-    bar.settings.DisplayRecordsPerPageSelect = true;
-    bar.settings.RecordsPerPageSelectPlacement = placement;
+TEST_F(RecordsPerPageSelect, ComparesOptionsWithoutBlanksAndWritesThemAsTheyStand) {
+  settings.RecordsPerPageOptions = "10, 20 ,,020";
 
-    EXPECT_EQ(bar.ShowsSelect(), shown) << placement;
+  EXPECT_TRUE(
+      Select().ends_with("\r\n<option value=\"10\">10<option selected value=\" 20 \"> 20 "
+                         "<option value=\"\"><option value=\"020\">020</select>"));
+}
+
+TEST_F(RecordsPerPageSelect, HasTheLabelOfItsLanguage) {
+  settings.language_tables = settings::BuiltInTables("GER");
+
+  EXPECT_TRUE(Select().starts_with("Datensätze pro Seite&nbsp;:&nbsp;<select "));
+}
+
+TEST_F(RecordsPerPageSelect, IsShownOnlyWhenThePageWantsIt) {
+  EXPECT_FALSE(ShowsSelect());
+
+  settings.DisplayRecordsPerPageSelect = true;
+  EXPECT_TRUE(ShowsSelect());
+}
+
+TEST_F(RecordsPerPageSelect, IsShownAtTheTopAndAtTheBottomOnly) {
+  settings.DisplayRecordsPerPageSelect = true;
+  for (const char* placement : {"top", "bottom", " TOP ", "Bottom"}) {
+    settings.RecordsPerPageSelectPlacement = placement;
+    EXPECT_TRUE(ShowsSelect()) << placement;
+  }
+  for (const char* placement : {"", "both", "none", "top bottom"}) {
+    settings.RecordsPerPageSelectPlacement = placement;
+    EXPECT_FALSE(ShowsSelect()) << placement;
   }
 }
 
-TEST(RecordsPerPageSelect, IsShownInAFormViewOnlyWithSeveralRecordsOnAPage) {
-  for (const auto& [records_on_page, shown] : {std::pair(1, false), {2, true}, {20, true}}) {
-    Bar bar;
-    bar.settings.DisplayRecordsPerPageSelect = true;
-    bar.mode = state::Mode::kFormView;
-    bar.records_on_page = records_on_page;
+TEST_F(RecordsPerPageSelect, IsShownInAFormViewOnlyWithSeveralRecordsOnAPage) {
+  settings.DisplayRecordsPerPageSelect = true;
+  mode = state::Mode::kFormView;
+  for (const auto& [records, shown] : {std::pair(1, false), {2, true}, {20, true}}) {
+    records_on_page = records;
 
-    EXPECT_EQ(bar.ShowsSelect(), shown) << records_on_page;
+    EXPECT_EQ(ShowsSelect(), shown) << records;
   }
 }
 
-TEST(RecordsPerPageSelect, IsShownInAGridOfOneRow) {
-  Bar bar;
-  bar.settings.DisplayRecordsPerPageSelect = true;
-  bar.settings.RecordsPerPage = 1;
-  bar.records_on_page = 1;
+TEST_F(RecordsPerPageSelect, IsShownInAGridOfOneRow) {
+  settings.DisplayRecordsPerPageSelect = true;
+  settings.RecordsPerPage = 1;
+  records_on_page = 1;
 
-  EXPECT_TRUE(bar.ShowsSelect());
+  EXPECT_TRUE(ShowsSelect());
 }
 
 }  // namespace
-}  // namespace dralo::views
+}  // namespace dralo::tests
