@@ -4,7 +4,7 @@
 
 #include "settings/column_settings.h"
 #include "support/expect_html.h"
-#include "support/grid_rows.h"
+#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {

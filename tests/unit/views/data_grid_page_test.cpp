@@ -6,7 +6,7 @@
 
 #include "support/expect_html.h"
 #include "support/fake_records.h"
-#include "support/grid_rows.h"
+#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "settings/column_settings.h"
 #include "support/expect_html.h"
-#include "support/grid_rows.h"
 #include "unit/views/form_page.h"
+#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {

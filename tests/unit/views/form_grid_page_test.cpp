@@ -6,8 +6,8 @@
 
 #include "support/expect_html.h"
 #include "support/fake_records.h"
-#include "support/grid_rows.h"
 #include "unit/views/form_page.h"
+#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "support/grid_rows.h"
 #include "support/items.h"
+#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {

@@ -6,7 +6,7 @@
 #include "settings/column_settings.h"
 #include "support/expect_html.h"
 #include "support/fake_records.h"
-#include "support/grid_rows.h"
+#include "unit/views/grid_page.h"
 #include "views/data_grid.h"
 
 namespace dralo::tests {
