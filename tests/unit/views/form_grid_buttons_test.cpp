@@ -6,31 +6,45 @@
 
 #include "settings/language.h"
 #include "settings/setters.h"
+#include "support/expect_html.h"
 #include "unit/views/form_page.h"
-#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {
 
+constexpr std::string_view kBarStart = "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n";
+constexpr std::string_view kBarEnd = "</td></tr>\r\n</table></td></tr>\r\n";
+constexpr std::string_view kEditButton =
+    "<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormEdit\"  "
+    "onclick=\"FormDraloGrid1.Morvu1PK.value='7'\"  value=\"Edit\">";
+constexpr std::string_view kAddButton =
+    "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormAdd\" value=\"Add\">";
+
+/// The row of buttons that has these and what stands behind them.
+std::string BarOf(std::string_view buttons, std::string_view more = "") {
+  std::string bar(kBarStart);
+  bar.append("<tr><td colspan=2 class=\"DraloEditBtnBar\">").append(buttons).append(more).append(kBarEnd);
+  return bar;
+}
+
 /// A one-record view whose records can be changed.
-struct ButtonsPage : FormPage {
-  ButtonsPage() {
+struct FormGridButtons : FormPage {
+  FormGridButtons() {
     settings::SetEditOptions(settings, "UPDATE");
     settings.EditPrimaryKeys = "ID";
   }
 
   /// The first row of buttons.
-  std::string Bar(platform::Recordset& records) {
-    const std::string form = Form(records);
-    const std::size_t start = form.find("<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>");
-    const std::string_view end = "</table></td></tr>\r\n";
+  static std::string BarIn(const std::string& form) {
+    const std::size_t start = form.find(kBarStart);
     if (start == form.npos) return "(no bar)";
-    return form.substr(start, form.find(end, start) + end.size() - start);
+    return form.substr(start, form.find(kBarEnd, start) + kBarEnd.size() - start);
   }
+  std::string Bar() { return BarIn(Form()); }
 
   /// What the first Edit button writes into the input for keys, as it stands in the page.
-  std::string KeyInScript(platform::Recordset& records) {
-    const std::string bar = Bar(records);
+  static std::string KeyInScript(const std::string& form) {
+    const std::string bar = BarIn(form);
     const std::string_view start = "onclick=\"FormDraloGrid1.Morvu1PK.value='";
     const std::size_t at = bar.find(start);
     if (at == bar.npos) return "(no button)";
@@ -39,30 +53,22 @@ struct ButtonsPage : FormPage {
   }
 };
 
-TEST(FormGridButtons, StandBetweenTheInputForKeysAndTheFields) {
-  ButtonsPage page;
-  page.settings.FormFieldsShow = "ID";
-  const Records people(kPeople);
+TEST_F(FormGridButtons, StandBetweenTheInputForKeysAndTheFields) {
+  settings.FormFieldsShow = "ID";
 
-  EXPECT_EQ(page.Form(*people),
-            "<input type=\"hidden\" name=\"Morvu1PK\" value=''>\r\n"
-            "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n"
-            "<tr><td colspan=2 class=\"DraloEditBtnBar\">"
-            "<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormEdit\"  "
-            "onclick=\"FormDraloGrid1.Morvu1PK.value='7'\"  value=\"Edit\">"
-            "</td></tr>\r\n</table></td></tr>\r\n"
-            "<tr><td><table width=\"100%\" class=\"DRLOTableFormDataView\">\r\n"
-            "<tr class=\"DRLOTableTR\"><th align=left>ID</th><td>7</td></tr>\r\n"
-            "</table></td></tr>\r\n");
+  EXPECT_HTML(Form(),
+              "<input type=\"hidden\" name=\"Morvu1PK\" value=''>\r\n" + BarOf(kEditButton) + Lines(R"(
+      <tr><td><table width="100%" class="DRLOTableFormDataView">
+      <tr class="DRLOTableTR"><th align=left>ID</th><td>7</td></tr>
+      </table></td></tr>
+      )"));
 }
 
-TEST(FormGridButtons, HaveNoClassesWithoutCss) {
-  ButtonsPage page;
-  page.settings.UseCSS = false;
-  settings::SetEditOptions(page.settings, "ADD UPDATE");
-  const Records people(kPeople);
+TEST_F(FormGridButtons, HaveNoClassesWithoutCss) {
+  settings.UseCSS = false;
+  settings::SetEditOptions(settings, "ADD UPDATE");
 
-  EXPECT_EQ(page.Bar(*people),
+  EXPECT_EQ(Bar(),
             "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n"
             "<tr><td colspan=2>"
             "<input type=\"submit\" name=\"Morvu1FormEdit\"  "
@@ -71,65 +77,49 @@ TEST(FormGridButtons, HaveNoClassesWithoutCss) {
             "</td></tr>\r\n</table></td></tr>\r\n");
 }
 
-TEST(FormGridButtons, OfferToAddWhenThePageAllowsIt) {
-  ButtonsPage page;
-  settings::SetEditOptions(page.settings, "ADD UPDATE DELETE");
-  const Records people(kPeople);
+TEST_F(FormGridButtons, OfferToAddWhenThePageAllowsIt) {
+  settings::SetEditOptions(settings, "ADD UPDATE DELETE");
 
-  EXPECT_EQ(page.Bar(*people),
-            "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n"
-            "<tr><td colspan=2 class=\"DraloEditBtnBar\">"
-            "<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormEdit\"  "
-            "onclick=\"FormDraloGrid1.Morvu1PK.value='7'\"  value=\"Edit\">"
-            "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormAdd\" value=\"Add\">"
-            "</td></tr>\r\n</table></td></tr>\r\n");
+  EXPECT_EQ(Bar(), BarOf(kEditButton, kAddButton));
 }
 
-TEST(FormGridButtons, AreAllMissingWithoutThePermissionToUpdate) {
-  ButtonsPage page;
-  page.outcome.status_message = "&nbsp;[Record saved ok]";
+TEST_F(FormGridButtons, AreAllMissingWithoutThePermissionToUpdate) {
+  outcome.status_message = "&nbsp;[Record saved ok]";
   for (const char* options : {"", "ADD", "ADD DELETE"}) {
-    settings::SetEditOptions(page.settings, options);
-    const Records people(kPeople);
+    settings::SetEditOptions(settings, options);
 
-    EXPECT_EQ(page.Bar(*people), "(no bar)") << options;
-    EXPECT_EQ(page.settings.ErrorMessage, "") << options;
+    EXPECT_EQ(Bar(), "(no bar)") << options;
+    EXPECT_EQ(settings.ErrorMessage, "") << options;
   }
 }
 
-TEST(FormGridButtons, HaveTheCaptionsOfTheView) {
-  ButtonsPage page;
-  settings::SetEditOptions(page.settings, "ADD UPDATE");
-  auto texts = std::make_shared<settings::LanguageTables>(*page.settings.language_tables);
+TEST_F(FormGridButtons, HaveTheCaptionsOfTheView) {
+  settings::SetEditOptions(settings, "ADD UPDATE");
+  auto texts = std::make_shared<settings::LanguageTables>(*settings.language_tables);
   texts->buttons = {"Modifier", "Enregistrer", "Fermer", "Ajouter", "Effacer"};
-  page.settings.language_tables = texts;
-  const Records people(kPeople);
+  settings.language_tables = texts;
 
-  const std::string bar = page.Bar(*people);
+  const std::string bar = Bar();
 
   EXPECT_TRUE(Contains(bar, "'7'\"  value=\"Modifier\">")) << bar;
   EXPECT_TRUE(Contains(bar, "name=\"Morvu1FormAdd\" value=\"Ajouter\">")) << bar;
 }
 
-TEST(FormGridButtons, BearTheTagOfTheirView) {
-  ButtonsPage page;
-  page.settings.Tag = "2";
-  settings::SetEditOptions(page.settings, "ADD UPDATE");
-  const Records people(kPeople);
+TEST_F(FormGridButtons, BearTheTagOfTheirView) {
+  settings.Tag = "2";
+  settings::SetEditOptions(settings, "ADD UPDATE");
 
-  const std::string bar = page.Bar(*people);
+  const std::string bar = Bar();
 
   EXPECT_TRUE(Contains(
       bar, "name=\"Morvu2FormEdit\"  onclick=\"FormDraloGrid2.Morvu2PK.value='7'\"  value=\"Edit\">"));
   EXPECT_TRUE(Contains(bar, "name=\"Morvu2FormAdd\" value=\"Add\">"));
 }
 
-TEST(FormGridButtons, StandAboveEveryRecordWithItsOwnKey) {
-  ButtonsPage page;
-  page.records_on_page = 3;
-  const Records people(kPeople);
+TEST_F(FormGridButtons, StandAboveEveryRecordWithItsOwnKey) {
+  records_on_page = 3;
 
-  const std::string form = page.Form(*people);
+  const std::string form = Form();
 
   EXPECT_EQ(CountOf("DraloEditBtnBar", form), 3);
   for (const char* key : {"'7'", "'8'", "'9'"}) {
@@ -137,31 +127,26 @@ TEST(FormGridButtons, StandAboveEveryRecordWithItsOwnKey) {
   }
 }
 
-TEST(FormGridButtons, StandBehindTheGapBeforeTheirRecord) {
-  ButtonsPage page;
-  page.records_on_page = 2;
-  const Records people(kPeople);
+TEST_F(FormGridButtons, StandBehindTheGapBeforeTheirRecord) {
+  records_on_page = 2;
 
-  EXPECT_TRUE(Contains(page.Form(*people),
+  EXPECT_TRUE(Contains(Form(),
                        "<td class=\"DRLOTableTDFormGap\">&nbsp;</td></tr>\r\n"
                        "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n"));
 }
 
-TEST(FormGridButtons, JoinSeveralKeysInTheOrderOfTheirList) {
-  ButtonsPage page;
-  page.settings.EditPrimaryKeys = "Name, ID";
-  const Records people(kPeople);
+TEST_F(FormGridButtons, JoinSeveralKeysInTheOrderOfTheirList) {
+  settings.EditPrimaryKeys = "Name, ID";
 
-  EXPECT_EQ(page.KeyInScript(*people), "Ann,7");
+  EXPECT_EQ(KeyInScript(Form()), "Ann,7");
 }
 
-TEST(FormGridButtons, WriteKeysAsTextsOfAScriptAndNotEncodedForAddresses) {
-  ButtonsPage page;
-  page.settings.EditPrimaryKeys = "K";
+TEST_F(FormGridButtons, WriteKeysAsTextsOfAScriptAndNotEncodedForAddresses) {
+  settings.EditPrimaryKeys = "K";
   const auto key = [&](std::string_view value) {
     const Records records("CREATE TABLE T (K VARCHAR(40)); INSERT INTO T VALUES (" + std::string(value) +
                           ")");
-    return page.KeyInScript(*records);
+    return KeyInScript(Form(*records));
   };
 
   EXPECT_EQ(key("'O''Neil & Söhne, 50%'"), R"(O\'Neil & Söhne, 50%)");
@@ -170,74 +155,58 @@ TEST(FormGridButtons, WriteKeysAsTextsOfAScriptAndNotEncodedForAddresses) {
   EXPECT_EQ(key("' x '"), " x ");
 }
 
-TEST(FormGridButtons, PostAnEmptyKeyWithoutKeysAndWithoutAnInputForThem) {
-  ButtonsPage page;
-  page.settings.EditPrimaryKeys = "";
-  const Records people(kPeople);
+TEST_F(FormGridButtons, PostAnEmptyKeyWithoutKeysAndWithoutAnInputForThem) {
+  settings.EditPrimaryKeys = "";
 
-  EXPECT_EQ(page.KeyInScript(*people), "");
-  EXPECT_EQ(page.settings.ErrorMessage, "");
+  const std::string form = Form();
 
-  const Records again(kPeople);
-  EXPECT_FALSE(Contains(page.Form(*again), "type=\"hidden\""));
+  EXPECT_EQ(KeyInScript(form), "");
+  EXPECT_EQ(settings.ErrorMessage, "");
+  EXPECT_FALSE(Contains(form, "type=\"hidden\""));
 }
 
-TEST(FormGridButtons, PostAnEmptyKeyAndSaySoWhenAKeyIsNoField) {
-  ButtonsPage page;
-  page.settings.EditPrimaryKeys = "ID,Nobody";
-  const Records people(kPeople);
+TEST_F(FormGridButtons, PostAnEmptyKeyAndSaySoWhenAKeyIsNoField) {
+  settings.EditPrimaryKeys = "ID,Nobody";
 
-  EXPECT_EQ(page.KeyInScript(*people), "");
-  EXPECT_TRUE(page.settings.ErrorMessage.ends_with(", when trying to construct a Primary Key URL link<br>"))
-      << page.settings.ErrorMessage;
-  EXPECT_EQ(page.rows, 1);
+  EXPECT_EQ(KeyInScript(Form()), "");
+  EXPECT_TRUE(settings.ErrorMessage.ends_with(", when trying to construct a Primary Key URL link<br>"))
+      << settings.ErrorMessage;
+  EXPECT_EQ(rows, 1);
 }
 
-TEST(FormGridButtons, TellTheOutcomeOfASaveOnceBehindTheButtonsOfTheFirstRecord) {
-  ButtonsPage page;
-  page.records_on_page = 3;
-  settings::SetEditOptions(page.settings, "ADD UPDATE");
-  page.outcome.status_message = "&nbsp;[Record saved ok]";
-  const Records people(kPeople);
-  const Records again(kPeople);
+TEST_F(FormGridButtons, TellTheOutcomeOfASaveOnceBehindTheButtonsOfTheFirstRecord) {
+  records_on_page = 3;
+  settings::SetEditOptions(settings, "ADD UPDATE");
+  outcome.status_message = "&nbsp;[Record saved ok]";
 
-  EXPECT_TRUE(page.Bar(*people).ends_with(
-      "name=\"Morvu1FormAdd\" value=\"Add\">&nbsp;[Record saved ok]</td></tr>\r\n</table></td></tr>\r\n"));
-  EXPECT_EQ(CountOf("[Record saved ok]", page.Form(*again)), 1);
+  const std::string form = Form();
+
+  EXPECT_EQ(BarIn(form), BarOf(kEditButton, std::string(kAddButton) + "&nbsp;[Record saved ok]"));
+  EXPECT_EQ(CountOf("[Record saved ok]", form), 1);
 }
 
-TEST(FormGridButtons, OfferToAddAndTellTheOutcomeWhenThereIsNoRecord) {
-  ButtonsPage page;
-  settings::SetEditOptions(page.settings, "ADD UPDATE DELETE");
-  page.outcome.status_message = "&nbsp;[Record deleted ok]";
-  const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
+TEST_F(FormGridButtons, OfferToAddAndTellTheOutcomeWhenThereIsNoRecord) {
+  settings::SetEditOptions(settings, "ADD UPDATE DELETE");
+  outcome.status_message = "&nbsp;[Record deleted ok]";
 
-  EXPECT_EQ(page.Form(*nobody),
-            "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n"
-            "<tr><td colspan=2 class=\"DraloEditBtnBar\">"
-            "&nbsp;<input class=\"DraloInputBtn\" type=\"submit\" name=\"Morvu1FormAdd\" value=\"Add\">"
-            "&nbsp;[Record deleted ok]</td></tr>\r\n</table></td></tr>\r\n");
-  EXPECT_EQ(page.rows, 0);
+  EXPECT_EQ(FormOfNobody(), BarOf(kAddButton, "&nbsp;[Record deleted ok]"));
+  EXPECT_EQ(rows, 0);
 }
 
-TEST(FormGridButtons, TellTheOutcomeAloneWhenThereIsNoRecordAndNoneCanBeAdded) {
-  ButtonsPage page;
-  page.settings.UseCSS = false;
-  page.outcome.status_message = "&nbsp;[Record deleted ok]";
-  const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
+TEST_F(FormGridButtons, TellTheOutcomeAloneWhenThereIsNoRecordAndNoneCanBeAdded) {
+  settings.UseCSS = false;
+  outcome.status_message = "&nbsp;[Record deleted ok]";
 
-  EXPECT_EQ(page.Form(*nobody),
+  EXPECT_EQ(FormOfNobody(),
             "<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n"
             "<tr><td colspan=2>&nbsp;[Record deleted ok]</td></tr>\r\n</table></td></tr>\r\n");
 }
 
-TEST(FormGridButtons, AreMissingWithoutARecordAndWithoutThePermissionToUpdate) {
-  ButtonsPage page;
-  settings::SetEditOptions(page.settings, "ADD");
-  page.outcome.status_message = "&nbsp;[Record deleted ok]";
-  const Records nobody(kPeople, "SELECT * FROM T WHERE ID = 0");
+TEST_F(FormGridButtons, AreMissingWithoutARecordAndWithoutThePermissionToUpdate) {
+  settings::SetEditOptions(settings, "ADD");
+  outcome.status_message = "&nbsp;[Record deleted ok]";
 
-  EXPECT_EQ(page.Form(*nobody), "");
+  EXPECT_EQ(FormOfNobody(), "");
 }
 
 }  // namespace

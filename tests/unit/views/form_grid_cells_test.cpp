@@ -5,21 +5,20 @@
 #include "settings/column_settings.h"
 #include "support/expect_html.h"
 #include "unit/views/form_page.h"
-#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {
 
 /// A one-record view of one value, without its label.
-struct ValuePage : FormPage {
-  ValuePage() {
+struct FormGridCell : FormPage {
+  FormGridCell() {
     settings.DisplayHeader = false;
     settings.UseCSS = false;
   }
 
   /// The text of the first record's cell.
-  std::string Cell(const Records& records) {
-    const std::string fields = FieldRows(Form(*records));
+  std::string Cell(std::string_view type, std::string_view value) {
+    const std::string fields = FieldRows(*Column(type, {value}));
     const std::string_view start = "<tr><td>";
     const std::string_view end = "</td></tr>\r\n";
     if (!fields.starts_with(start) || !fields.ends_with(end)) return "(no cell)" + fields;
@@ -27,112 +26,87 @@ struct ValuePage : FormPage {
   }
 };
 
-TEST(FormGridCell, TakesTheTemplateBeforeTheFormatFunction) {
-  ValuePage page;
-  settings::SetGridFreeFormatCellByCol(page.settings, 1, "<b>#V#</b>");
-  settings::SetGridFormatCellFunction(page.settings, 1, "UCASE");
+TEST_F(FormGridCell, TakesTheTemplateBeforeTheFormatFunctionAndThatBeforeTheStandardText) {
+  settings::SetGridFormatCellFunction(settings, 1, "UCASE");
+  EXPECT_EQ(Cell("VARCHAR(9)", "'x'"), "X");
 
-  EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "<b>x</b>");
+  settings::SetGridFreeFormatCellByCol(settings, 1, "<b>#V#</b>");
+  EXPECT_EQ(Cell("VARCHAR(9)", "'x'"), "<b>x</b>");
 }
 
-TEST(FormGridCell, TakesTheFormatFunctionBeforeTheStandardText) {
-  ValuePage page;
-  settings::SetGridFormatCellFunction(page.settings, 1, "UCASE");
+TEST_F(FormGridCell, LeavesFormatFunctionsButNotTemplatesToTheGridWhenThePageSaysSo) {
+  settings.ApplyCellFormattingToForm = false;
+  settings::SetGridFormatCellFunction(settings, 1, "UCASE");
+  EXPECT_EQ(Cell("VARCHAR(9)", "'x'"), "x");
 
-  EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "X");
+  settings::SetGridFreeFormatCellByCol(settings, 1, "<b>#V#</b>");
+  EXPECT_EQ(Cell("VARCHAR(9)", "'x'"), "<b>x</b>");
 }
 
-TEST(FormGridCell, LeavesFormatFunctionsButNotTemplatesToTheGridWhenThePageSaysSo) {
-  ValuePage page;
-  page.settings.ApplyCellFormattingToForm = false;
-  settings::SetGridFormatCellFunction(page.settings, 1, "UCASE");
-  EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "x");
+TEST_F(FormGridCell, OfAnEmptyTemplateIsEmpty) {
+  settings::SetGridFreeFormatCellByCol(settings, 1, "#V#");
 
-  settings::SetGridFreeFormatCellByCol(page.settings, 1, "<b>#V#</b>");
-  EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'x'"})), "<b>x</b>");
+  EXPECT_EQ(Cell("INTEGER", "NULL"), "");
 }
 
-TEST(FormGridCell, OfAnEmptyTemplateIsEmpty) {
-  ValuePage page;
-  settings::SetGridFreeFormatCellByCol(page.settings, 1, "#V#");
-
-  EXPECT_EQ(page.Cell(Column("INTEGER", {"NULL"})), "");
+TEST_F(FormGridCell, ShowsTheRegionalTextOfDatesAndNumbers) {
+  EXPECT_EQ(Cell("DATE", "'2024-02-29'"), "2/29/2024");
+  EXPECT_EQ(Cell("REAL", "-0.5"), "-0.5");
+  EXPECT_EQ(Cell("BLOB", "x'00'"), "&nbsp;");
+  EXPECT_EQ(Cell("VARCHAR(9)", "'  '"), "&nbsp;");
 }
 
-TEST(FormGridCell, ShowsTheRegionalTextOfDatesAndNumbers) {
-  ValuePage page;
+TEST_F(FormGridCell, IsNeverALinkToTheViewItStandsIn) {
+  settings.GridLinkIndex = 1;
 
-  EXPECT_EQ(page.Cell(Column("DATE", {"'2024-02-29'"})), "2/29/2024");
-  EXPECT_EQ(page.Cell(Column("REAL", {"-0.5"})), "-0.5");
-  EXPECT_EQ(page.Cell(Column("BLOB", {"x'00'"})), "&nbsp;");
-  EXPECT_EQ(page.Cell(Column("VARCHAR(9)", {"'  '"})), "&nbsp;");
+  EXPECT_EQ(Cell("INTEGER", "4"), "4");
 }
 
-TEST(FormGridCell, IsNeverALinkToTheViewItStandsIn) {
-  ValuePage page;
-  page.settings.GridLinkIndex = 1;
+TEST_F(FormGridCell, ShowsMemosUnchangedWithoutALimitWholeUnderOneAndNotAtAllWithTheLimitZero) {
+  EXPECT_EQ(Cell("TEXT", "'a long text'"), "a long text");
 
-  EXPECT_EQ(page.Cell(Column("INTEGER", {"4"})), "4");
+  settings.MemoFieldLimit = 3;
+  EXPECT_EQ(Cell("TEXT", "'a long text'"), "a long text&nbsp;");
+
+  settings.MemoFieldLimit = 0;
+  EXPECT_EQ(Cell("TEXT", "'a long text'"), "&nbsp;");
 }
 
-TEST(FormGridCell, ShowsMemosWholeUnderALimit) {
-  ValuePage page;
-  page.settings.MemoFieldLimit = 3;
-
-  EXPECT_EQ(page.Cell(Column("TEXT", {"'a long text'"})), "a long text&nbsp;");
+TEST_F(FormGridCell, ShowsValuesAsTheyStand) {
+  EXPECT_EQ(Cell("VARCHAR(40)", R"('<i>"A" & B</i>')"), R"(<i>"A" & B</i>)");
 }
 
-TEST(FormGridCell, ShowsMemosUnchangedWithoutALimitAndNotAtAllWithTheLimitZero) {
-  ValuePage page;
-  EXPECT_EQ(page.Cell(Column("TEXT", {"'a long text'"})), "a long text");
+TEST_F(FormGridCell, LeadsFromATemplateToItsOwnRecord) {
+  settings.EditPrimaryKeys = "V";
+  current_record = 5;
+  settings::SetGridFreeFormatCellByCol(settings, 1, "#DRALOFORMURL#");
 
-  page.settings.MemoFieldLimit = 0;
-  EXPECT_EQ(page.Cell(Column("TEXT", {"'a long text'"})), "&nbsp;");
+  EXPECT_TRUE(Contains(Form(*Column("VARCHAR(9)", {"'a b'"})), "Morvu1PK=a+b&"));
+  EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(FormGridCell, ShowsValuesAsTheyStand) {
-  ValuePage page;
+TEST_F(FormGridCell, OfATemplateCountsItsRecordOverAllPages) {
+  settings.EditSQL = "";
+  current_record = 5;
+  records_on_page = 2;
+  settings::SetGridFreeFormatCellByCol(settings, 1, "#DRALOPOSTBACKURL#");
 
-  EXPECT_EQ(page.Cell(Column("VARCHAR(40)", {R"('<i>"A" & B</i>')"})), R"(<i>"A" & B</i>)");
-}
-
-TEST(FormGridCell, LeadsFromATemplateToItsOwnRecord) {
-  ValuePage page;
-  page.settings.EditPrimaryKeys = "V";
-  page.current_record = 5;
-  settings::SetGridFreeFormatCellByCol(page.settings, 1, "#DRALOFORMURL#");
-  const Records values = Column("VARCHAR(9)", {"'a b'"});
-
-  EXPECT_TRUE(Contains(page.Form(*values), "Morvu1PK=a+b&"));
-  EXPECT_EQ(page.settings.ErrorMessage, "");
-}
-
-TEST(FormGridCell, OfATemplateCountsItsRecordOverAllPages) {
-  ValuePage page;
-  page.settings.EditSQL = "";
-  page.current_record = 5;
-  page.records_on_page = 2;
-  settings::SetGridFreeFormatCellByCol(page.settings, 1, "#DRALOPOSTBACKURL#");
-  const Records values = Column("INTEGER", {"1", "2", "3"});
-
-  const std::string form = page.Form(*values);
+  const std::string form = Form(*Column("INTEGER", {"1", "2", "3"}));
 
   EXPECT_TRUE(Contains(form, "Morvu1BookMark=5&"));
   EXPECT_TRUE(Contains(form, "Morvu1BookMark=6&"));
   EXPECT_FALSE(Contains(form, "Morvu1BookMark=7&"));
 }
 
-TEST(FormGridCell, WithATemplateThatNamesNoFieldIsReportedAndTheOthersAreShown) {
-  FormPage page;
-  settings::SetGridFreeFormatCellByCol(page.settings, 1, "[#Nobody#]");
-  const Records people(kPeople);
+TEST_F(FormGrid, ReportsATemplateThatNamesNoFieldAndShowsTheOtherFields) {
+  settings::SetGridFreeFormatCellByCol(settings, 1, "[#Nobody#]");
 
-  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>ID</th><td>[</td></tr>
       <tr class="DRLOTableTR"><th align=left>Name</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>
       )"));
-  EXPECT_TRUE(Contains(page.settings.ErrorMessage, " in GetFreeCellString. index=1, nArrIdx=1<br>"));
+  EXPECT_TRUE(Contains(settings.ErrorMessage, " in GetFreeCellString. index=1, nArrIdx=1<br>"));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "views/form_grid.h"
-#include "support/expect_html.h"
 
 #include <gtest/gtest.h>
 
@@ -12,27 +11,22 @@
 namespace dralo::tests {
 namespace {
 
-TEST(FormGrid, WritesARowOfLabelAndValueForEveryField) {
-  FormPage page;
-  const Records people(kPeople);
-
-  EXPECT_HTML(page.Form(*people), Lines(R"(
+TEST_F(FormGrid, WritesARowOfLabelAndValueForEveryField) {
+  EXPECT_HTML(Form(), Lines(R"(
       <tr><td><table width="100%" class="DRLOTableFormDataView">
       <tr class="DRLOTableTR"><th align=left>ID</th><td>7</td></tr>
       <tr class="DRLOTableTR"><th align=left>Name</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>
       </table></td></tr>
       )"));
-  EXPECT_EQ(page.rows, 1);
-  EXPECT_EQ(page.settings.ErrorMessage, "");
+  EXPECT_EQ(rows, 1);
+  EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(FormGrid, HasNoClassesWithoutCss) {
-  FormPage page;
-  page.settings.UseCSS = false;
-  const Records people(kPeople);
+TEST_F(FormGrid, HasNoClassesWithoutCss) {
+  settings.UseCSS = false;
 
-  EXPECT_HTML(page.Form(*people), Lines(R"(
+  EXPECT_HTML(Form(), Lines(R"(
       <tr><td><table width="100%">
       <tr><th align=left>ID</th><td>7</td></tr>
       <tr><th align=left>Name</th><td>Ann</td></tr>
@@ -41,142 +35,116 @@ TEST(FormGrid, HasNoClassesWithoutCss) {
       )"));
 }
 
-TEST(FormGrid, WritesValueCellsOnlyWithoutTheHeader) {
-  FormPage page;
-  page.settings.DisplayHeader = false;
-  page.settings.THTag = "nowrap";
-  page.settings.FormCellWidths = "30%,70%";
-  const Records people(kPeople);
+TEST_F(FormGrid, WritesValueCellsOnlyWithoutTheHeader) {
+  settings.DisplayHeader = false;
+  settings.THTag = "nowrap";
+  settings.FormCellWidths = "30%,70%";
 
-  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(), Lines(R"(
       <tr class="DRLOTableTR"><td width="70%">7</td></tr>
       <tr class="DRLOTableTR"><td width="70%">Ann</td></tr>
       <tr class="DRLOTableTR"><td width="70%">True</td></tr>
       )"));
 }
 
-TEST(FormGrid, GivesAllLabelsTheFirstWidthAndAllValuesTheSecond) {
-  FormPage page;
-  page.settings.FormCellWidths = "30%,70%";
-  const Records people(kPeople);
+TEST_F(FormGrid, GivesAllLabelsTheFirstWidthAndAllValuesTheSecond) {
+  settings.FormCellWidths = "30%,70%";
 
-  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(), Lines(R"(
       <tr class="DRLOTableTR"><th width="30%" align=left>ID</th><td width="70%">7</td></tr>
       <tr class="DRLOTableTR"><th width="30%" align=left>Name</th><td width="70%">Ann</td></tr>
       <tr class="DRLOTableTR"><th width="30%" align=left>Member</th><td width="70%">True</td></tr>
       )"));
 }
 
-TEST(FormGrid, WritesNoWidthForAnEmptyItem) {
-  FormPage page;
-  page.settings.FormFieldsShow = "ID";
-  const auto widths = [&](const char* list) {
-    page.settings.FormCellWidths = list;
-    const Records people(kPeople);
-    return FieldRows(page.Form(*people));
-  };
+TEST_F(FormGrid, WritesNoWidthForAnEmptyItem) {
+  settings.FormFieldsShow = "ID";
+  settings.FormCellWidths = "120";
+  EXPECT_EQ(FieldRows(), "<tr class=\"DRLOTableTR\"><th width=\"120\" align=left>ID</th><td>7</td></tr>\r\n");
 
-  EXPECT_EQ(widths("120"),
-            "<tr class=\"DRLOTableTR\"><th width=\"120\" align=left>ID</th><td>7</td></tr>\r\n");
-  EXPECT_EQ(widths(",120,9"),
-            "<tr class=\"DRLOTableTR\"><th align=left>ID</th><td width=\"120\">7</td></tr>\r\n");
+  settings.FormCellWidths = ",120,9";
+  EXPECT_EQ(FieldRows(), "<tr class=\"DRLOTableTR\"><th align=left>ID</th><td width=\"120\">7</td></tr>\r\n");
 }
 
-TEST(FormGrid, PutsTheTagOfHeaderCellsInPlaceOfTheAlignment) {
-  FormPage page;
-  page.settings.FormFieldsShow = "ID";
-  page.settings.THTag = "nowrap valign=top";
-  page.settings.FormCellWidths = "30%";
-  const Records people(kPeople);
+TEST_F(FormGrid, PutsTheTagOfHeaderCellsInPlaceOfTheAlignment) {
+  settings.FormFieldsShow = "ID";
+  settings.THTag = "nowrap valign=top";
+  settings.FormCellWidths = "30%";
 
-  EXPECT_EQ(FieldRows(page.Form(*people)),
+  EXPECT_EQ(FieldRows(),
             "<tr class=\"DRLOTableTR\"><th width=\"30%\" nowrap valign=top>ID</th><td>7</td></tr>\r\n");
 }
 
-TEST(FormGrid, PutsTheTagOfFormCellsBetweenWidthAndColumnAttributes) {
-  FormPage page;
-  page.settings.FormFieldsShow = "ID";
-  page.settings.FormCellWidths = ",70%";
-  page.settings.FormTDTag = "nowrap";
-  settings::SetGridColAttributes(page.settings, 1, "title='No.'");
-  const Records people(kPeople);
+TEST_F(FormGrid, PutsTheTagOfFormCellsBetweenWidthAndColumnAttributes) {
+  settings.FormFieldsShow = "ID";
+  settings.FormCellWidths = ",70%";
+  settings.FormTDTag = "nowrap";
+  settings::SetGridColAttributes(settings, 1, "title='No.'");
 
   EXPECT_EQ(
-      FieldRows(page.Form(*people)),
+      FieldRows(),
       "<tr class=\"DRLOTableTR\"><th align=left>ID</th><td width=\"70%\" nowrap title='No.'>7</td></tr>\r\n");
 }
 
-TEST(FormGrid, PutsTheTagOfTheFormTableOnTheTableOfTheFields) {
-  FormPage page;
-  page.settings.FormTableTag = "border=1";
-  page.settings.GridTableTag = "summary=grid";
-  const Records people(kPeople);
-  EXPECT_TRUE(page.Form(*people).starts_with(
-      "<tr><td><table width=\"100%\" class=\"DRLOTableFormDataView\" border=1>\r\n"));
+TEST_F(FormGrid, PutsTheTagOfTheFormTableOnTheTableOfTheFields) {
+  settings.FormTableTag = "border=1";
+  settings.GridTableTag = "summary=grid";
+  EXPECT_TRUE(
+      Form().starts_with("<tr><td><table width=\"100%\" class=\"DRLOTableFormDataView\" border=1>\r\n"));
 
-  page.settings.UseCSS = false;
-  EXPECT_TRUE(page.Form(*people).starts_with("<tr><td><table width=\"100%\" border=1>\r\n"));
+  settings.UseCSS = false;
+  EXPECT_TRUE(Form().starts_with("<tr><td><table width=\"100%\" border=1>\r\n"));
 }
 
-TEST(FormGrid, LeavesColumnAttributesToTheGridWhenThePageSaysSo) {
-  FormPage page;
-  page.settings.FormFieldsShow = "ID,Name";
-  page.settings.ApplyColFormattingToForm = false;
-  settings::SetGridColAttributes(page.settings, 1, "title='No.'");
-  const Records people(kPeople);
+TEST_F(FormGrid, LeavesColumnAttributesToTheGridWhenThePageSaysSo) {
+  settings.FormFieldsShow = "ID,Name";
+  settings.ApplyColFormattingToForm = false;
+  settings::SetGridColAttributes(settings, 1, "title='No.'");
 
-  EXPECT_FALSE(Contains(page.Form(*people), "title"));
+  EXPECT_FALSE(Contains(Form(), "title"));
 }
 
-TEST(FormGrid, LeavesOutHiddenFieldsButCountsThem) {
-  FormPage page;
-  page.settings.FormFieldsHide = "name";
-  page.settings.FormFieldsShow = "Name";
-  page.settings.GridFieldsHide = "ID";
-  page.settings.FormDisplayFieldNames = "No.,Never shown,In the club";
-  settings::SetGridColAttributes(page.settings, 3, "title='M'");
-  const Records people(kPeople);
+TEST_F(FormGrid, LeavesOutHiddenFieldsButCountsThem) {
+  settings.FormFieldsHide = "name";
+  settings.FormFieldsShow = "Name";
+  settings.GridFieldsHide = "ID";
+  settings.FormDisplayFieldNames = "No.,Never shown,In the club";
+  settings::SetGridColAttributes(settings, 3, "title='M'");
 
-  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>No.</th><td>7</td></tr>
       <tr class="DRLOTableTR"><th align=left>In the club</th><td title='M'>True</td></tr>
       )"));
 }
 
-TEST(FormGrid, ShowsTheListedFieldsByNameAndByNumber) {
-  FormPage page;
-  page.settings.FormFieldsShow = "3,NAME";
-  const Records people(kPeople);
+TEST_F(FormGrid, ShowsTheListedFieldsByNameAndByNumber) {
+  settings.FormFieldsShow = "3,NAME";
 
-  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>Name</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>
       )"));
 }
 
-TEST(FormGrid, NamesFieldsByItsOwnList) {
-  FormPage page;
-  page.settings.GridDisplayFieldNames = "Not,for,forms";
-  page.settings.FormDisplayFieldNames = ", ";
-  const Records people(kPeople);
+TEST_F(FormGrid, NamesFieldsByItsOwnList) {
+  settings.GridDisplayFieldNames = "Not,for,forms";
+  settings.FormDisplayFieldNames = ", ";
 
-  EXPECT_HTML(FieldRows(page.Form(*people)), Lines(R"(
+  EXPECT_HTML(FieldRows(), Lines(R"(
       <tr class="DRLOTableTR"><th align=left>ID</th><td>7</td></tr>
       <tr class="DRLOTableTR"><th align=left>&nbsp;</th><td>Ann</td></tr>
       <tr class="DRLOTableTR"><th align=left>Member</th><td>True</td></tr>
       )"));
 }
 
-TEST(FormGrid, WritesAnEmptyTableWhenNoFieldIsShown) {
-  FormPage page;
-  page.settings.FormFieldsShow = "Nobody";
-  const Records people(kPeople);
+TEST_F(FormGrid, WritesAnEmptyTableWhenNoFieldIsShown) {
+  settings.FormFieldsShow = "Nobody";
 
-  EXPECT_HTML(page.Form(*people), Lines(R"(
+  EXPECT_HTML(Form(), Lines(R"(
       <tr><td><table width="100%" class="DRLOTableFormDataView">
       </table></td></tr>
       )"));
-  EXPECT_EQ(page.rows, 1);
+  EXPECT_EQ(rows, 1);
 }
 
 }  // namespace

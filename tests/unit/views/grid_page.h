@@ -30,6 +30,14 @@ inline Records Column(std::string_view type, std::initializer_list<std::string_v
   return Records(statements);
 }
 
+/// A table T with the column N and the rows 1 to `count`.
+inline Records Numbers(int count) {
+  return Records(
+      "CREATE TABLE T (N INTEGER); WITH RECURSIVE C(N) AS (SELECT 1 UNION ALL SELECT N + 1 FROM C "
+      "WHERE N < " +
+      std::to_string(count) + ") INSERT INTO T SELECT N FROM C");
+}
+
 inline int CountOf(std::string_view part, std::string_view text) {
   int count = 0;
   for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
