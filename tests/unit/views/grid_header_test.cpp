@@ -7,23 +7,24 @@
 #include "settings/column_settings.h"
 #include "support/expect_html.h"
 #include "support/fake_records.h"
-#include "support/records.h"
-#include "support/rendering.h"
+#include "unit/views/grid_page.h"
 
 namespace dralo::tests {
 namespace {
 
 using platform::TypeCode;
 
-/// No rows: the header is all that a grid of them has.
-Records People() { return Records("CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Photo BLOB, Note TEXT)"); }
+struct SortLink : GridPage {
+  /// All that a grid without rows has.
+  std::string Header() {
+    return Grid(Records("CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Photo BLOB, Note TEXT)"));
+  }
+};
 
 /// A header without sort links.
-Rendering WithoutLinks() {
-  Rendering view;
-  view.settings.GridColsNoSort = "*";
-  return view;
-}
+struct GridHeader : SortLink {
+  GridHeader() { settings.GridColsNoSort = "*"; }
+};
 
 /// The address of a sort link on page 1 as far as "BookMark".
 std::string SortUrl(int column, int first_record = 1) {
@@ -40,11 +41,14 @@ std::string CellOf(const std::string& header, const std::string& name) {
   return header.substr(start, header.find("\r\n", at) - start);
 }
 
-TEST(GridHeader, HasTheIndexAndEveryColumnAlignedByItsType) {
-  Rendering view = WithoutLinks();
-  const Records people = People();
+/// The header cell with `text` in a link.
+std::string LinkedCell(const std::string& align, const std::string& url, const std::string& text) {
+  return "<th align=\"" + align + R"(" class="DRLOTableTH"><a class="DRLOTableTH" href=")" + url +
+         "\"><nobr>" + text + "</nobr></a></th>";
+}
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+TEST_F(GridHeader, HasTheIndexAndEveryColumnAlignedByItsType) {
+  EXPECT_HTML(Header(), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       <th align="right" class="DRLOTableTH">ID</th>
@@ -53,16 +57,14 @@ TEST(GridHeader, HasTheIndexAndEveryColumnAlignedByItsType) {
       <th align="left" class="DRLOTableTH">Note</th>
       </tr>
       )"));
-  EXPECT_EQ(view.rows, 0);
-  EXPECT_EQ(view.settings.ErrorMessage, "");
+  EXPECT_EQ(rows, 0);
+  EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(GridHeader, HasNoClassesWithoutCSS) {
-  Rendering view = WithoutLinks();
-  view.settings.UseCSS = false;
-  const Records people = People();
+TEST_F(GridHeader, HasNoClassesWithoutCSS) {
+  settings.UseCSS = false;
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Header(), Lines(R"(
       <tr>
       <th >#</th>
       <th align="right">ID</th>
@@ -73,21 +75,19 @@ TEST(GridHeader, HasNoClassesWithoutCSS) {
       )"));
 }
 
-TEST(GridHeader, PutsBlanksAroundTheTagOfItsCellsButNotIntoTheIndexCellWithClasses) {
-  Rendering view = WithoutLinks();
-  view.settings.THTag = "nowrap";
-  view.settings.GridFieldsShow = "ID";
-  const Records people = People();
+TEST_F(GridHeader, PutsBlanksAroundTheTagOfItsCellsButNotIntoTheIndexCellWithClasses) {
+  settings.THTag = "nowrap";
+  settings.GridFieldsShow = "ID";
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Header(), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       <th  nowrap align="right" class="DRLOTableTH">ID</th>
       </tr>
       )"));
 
-  view.settings.UseCSS = false;
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  settings.UseCSS = false;
+  EXPECT_HTML(Header(), Lines(R"(
       <tr>
       <th  nowrap >#</th>
       <th  nowrap align="right">ID</th>
@@ -95,23 +95,21 @@ TEST(GridHeader, PutsBlanksAroundTheTagOfItsCellsButNotIntoTheIndexCellWithClass
       )"));
 }
 
-TEST(GridHeader, PutsColumnAttributesFirst) {
-  Rendering view = WithoutLinks();
-  view.settings.THTag = "nowrap";
-  view.settings.GridFieldsShow = "ID";
-  settings::SetGridColHeadAttributes(view.settings, 0, "title='no'");
-  settings::SetGridColHeadAttributes(view.settings, 1, "title='id'");
-  const Records people = People();
+TEST_F(GridHeader, PutsColumnAttributesFirst) {
+  settings.THTag = "nowrap";
+  settings.GridFieldsShow = "ID";
+  settings::SetGridColHeadAttributes(settings, 0, "title='no'");
+  settings::SetGridColHeadAttributes(settings, 1, "title='id'");
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Header(), Lines(R"(
       <tr class="DRLOTableTR">
       <th title='no' class="DRLOTableTH">#</th>
       <th title='id'  nowrap align="right" class="DRLOTableTH">ID</th>
       </tr>
       )"));
 
-  view.settings.UseCSS = false;
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  settings.UseCSS = false;
+  EXPECT_HTML(Header(), Lines(R"(
       <tr>
       <th title='no'  nowrap >#</th>
       <th title='id'  nowrap align="right">ID</th>
@@ -119,13 +117,11 @@ TEST(GridHeader, PutsColumnAttributesFirst) {
       )"));
 }
 
-TEST(GridHeader, TakesWidthsByColumnPosition) {
-  Rendering view = WithoutLinks();
-  view.settings.GridCellWidths = "50,, 20%";
-  view.settings.GridFieldsHide = "ID";
-  const Records people = People();
+TEST_F(GridHeader, TakesWidthsByColumnPosition) {
+  settings.GridCellWidths = "50,, 20%";
+  settings.GridFieldsHide = "ID";
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Header(), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       <th align="left" class="DRLOTableTH">Name</th>
@@ -134,9 +130,9 @@ TEST(GridHeader, TakesWidthsByColumnPosition) {
       </tr>
       )"));
 
-  view.settings.UseCSS = false;
-  view.settings.GridFieldsHide = "2,3,4";
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  settings.UseCSS = false;
+  settings.GridFieldsHide = "2,3,4";
+  EXPECT_HTML(Header(), Lines(R"(
       <tr>
       <th >#</th>
       <th align="right" width="50">ID</th>
@@ -144,13 +140,11 @@ TEST(GridHeader, TakesWidthsByColumnPosition) {
       )"));
 }
 
-TEST(GridHeader, TakesDisplayNames) {
-  Rendering view = WithoutLinks();
-  view.settings.GridDisplayFieldNames = "No., ,";
-  view.settings.GridDisplayIndex = false;
-  const Records people = People();
+TEST_F(GridHeader, TakesDisplayNames) {
+  settings.GridDisplayFieldNames = "No., ,";
+  settings.GridDisplayIndex = false;
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Header(), Lines(R"(
       <tr class="DRLOTableTR">
       <th align="right" class="DRLOTableTH">No.</th>
       <th align="left" class="DRLOTableTH">&nbsp;</th>
@@ -160,128 +154,89 @@ TEST(GridHeader, TakesDisplayNames) {
       )"));
 }
 
-TEST(GridHeader, IsLeftOutWhenItIsSwitchedOff) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  const Records people = People();
+TEST_F(GridHeader, IsLeftOutWhenItIsSwitchedOff) {
+  settings.DisplayHeader = false;
 
-  EXPECT_EQ(view.Grid(*people), "");
+  EXPECT_EQ(Header(), "");
 }
 
-TEST(GridHeader, IsWrittenWithoutAnyColumn) {
-  Rendering view;
-  view.settings.GridFieldsShow = "none";
-  view.settings.GridDisplayIndex = false;
-  const Records people = People();
+TEST_F(GridHeader, IsWrittenWithoutAnyColumn) {
+  settings.GridFieldsShow = "none";
+  settings.GridDisplayIndex = false;
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Header(), Lines(R"(
       <tr class="DRLOTableTR">
       </tr>
       )"));
 }
 
-TEST(SortLink, CarriesTheStateOfTheFirstRecordTheColumnAndABookmark) {
-  Rendering view;
-  const Records people = People();
+TEST_F(SortLink, CarriesTheStateOfTheFirstRecordTheColumnAndABookmark) {
+  EXPECT_EQ(CellOf(Header(), "Name"), LinkedCell("left", SortUrl(2), "Name"));
 
-  EXPECT_EQ(CellOf(view.Grid(*people), "Name"),
-            R"(<th align="left" class="DRLOTableTH"><a class="DRLOTableTH" href=")" + SortUrl(2) +
-                R"("><nobr>Name</nobr></a></th>)");
-
-  view.current_record = 21;
-  EXPECT_EQ(CellOf(view.Grid(*people), "ID"),
-            R"(<th align="right" class="DRLOTableTH"><a class="DRLOTableTH" href=")" + SortUrl(1, 21) +
-                R"("><nobr>ID</nobr></a></th>)");
+  current_record = 21;
+  EXPECT_EQ(CellOf(Header(), "ID"), LinkedCell("right", SortUrl(1, 21), "ID"));
 }
 
-TEST(SortLink, HasNoClassWithoutCSS) {
-  Rendering view;
-  view.settings.UseCSS = false;
-  const Records people = People();
+TEST_F(SortLink, HasNoClassWithoutCSS) {
+  settings.UseCSS = false;
 
-  EXPECT_EQ(CellOf(view.Grid(*people), "Name"),
+  EXPECT_EQ(CellOf(Header(), "Name"),
             R"(<th align="left"><a href=")" + SortUrl(2) + R"("><nobr>Name</nobr></a></th>)");
 }
 
-TEST(SortLink, OfTheAscendingColumnSortsDescendingAndHasAnArrow) {
-  Rendering view;
-  view.settings.OrderByFields = "2";
-  const Records people = People();
+TEST_F(SortLink, OfTheSortedColumnTurnsTheOrderRoundAndHasAnArrow) {
+  settings.OrderByFields = "2";
+  const std::string ascending = Header();
+  EXPECT_EQ(CellOf(ascending, "Name"), LinkedCell("left", SortUrl(2) + "&Morvu1OrderByDesc=True",
+                                                  R"(Name&nbsp;<img border="0" src="../gfx/orderasc.gif">)"));
+  EXPECT_EQ(CellOf(ascending, "ID"), LinkedCell("right", SortUrl(1), "ID"));
 
-  const std::string header = view.Grid(*people);
-  EXPECT_EQ(
-      CellOf(header, "Name"),
-      R"(<th align="left" class="DRLOTableTH"><a class="DRLOTableTH" href=")" + SortUrl(2) +
-          R"(&Morvu1OrderByDesc=True"><nobr>Name&nbsp;<img border="0" src="../gfx/orderasc.gif"></nobr></a></th>)");
-  EXPECT_EQ(CellOf(header, "ID"), R"(<th align="right" class="DRLOTableTH"><a class="DRLOTableTH" href=")" +
-                                      SortUrl(1) + R"("><nobr>ID</nobr></a></th>)");
+  settings.OrderByDesc = true;
+  settings.ImageDir = "/i/";
+  const std::string descending = Header();
+  EXPECT_EQ(CellOf(descending, "Name"),
+            LinkedCell("left", SortUrl(2), R"(Name&nbsp;<img border="0" src="/i/orderdesc.gif">)"));
+  EXPECT_EQ(CellOf(descending, "ID"), LinkedCell("right", SortUrl(1), "ID"));
 }
 
-TEST(SortLink, OfTheDescendingColumnSortsAscendingAndHasAnArrow) {
-  Rendering view;
-  view.settings.OrderByFields = "2";
-  view.settings.OrderByDesc = true;
-  view.settings.ImageDir = "/i/";
-  const Records people = People();
+TEST_F(SortLink, HasNoArrowForAnOrderByFieldName) {
+  settings.OrderByFields = "Name";
 
-  const std::string header = view.Grid(*people);
-  EXPECT_EQ(CellOf(header, "Name"),
-            R"(<th align="left" class="DRLOTableTH"><a class="DRLOTableTH" href=")" + SortUrl(2) +
-                R"("><nobr>Name&nbsp;<img border="0" src="/i/orderdesc.gif"></nobr></a></th>)");
-  EXPECT_EQ(CellOf(header, "ID"), R"(<th align="right" class="DRLOTableTH"><a class="DRLOTableTH" href=")" +
-                                      SortUrl(1) + R"("><nobr>ID</nobr></a></th>)");
+  EXPECT_FALSE(Contains(Header(), "<img"));
 }
 
-TEST(SortLink, HasNoArrowForAnOrderByFieldName) {
-  Rendering view;
-  view.settings.OrderByFields = "Name";
-  const Records people = People();
-
-  EXPECT_EQ(view.Grid(*people).find("<img"), std::string::npos);
-}
-
-TEST(SortLink, IsMissingWhenTheStatementIsSortedInAnyLetterCase) {
-  Rendering view;
-  const Records people = People();
+TEST_F(SortLink, IsMissingWhenTheStatementIsSortedInAnyLetterCase) {
   for (const std::string_view sql : {"SELECT * FROM T ORDER BY 1", "select * from t oRdEr bY 1"}) {
-    view.settings.sql = sql;
-    EXPECT_EQ(view.Grid(*people).find("<a"), std::string::npos) << sql;
+    settings.sql = sql;
+    EXPECT_FALSE(Contains(Header(), "<a")) << sql;
   }
 }
 
-TEST(SortLink, IsMissingForACommand) {
-  Rendering view;
-  view.settings.has_stored_procedure = true;
-  const Records people = People();
+TEST_F(SortLink, IsMissingForACommand) {
+  settings.has_stored_procedure = true;
 
-  EXPECT_EQ(view.Grid(*people).find("<a"), std::string::npos);
+  EXPECT_FALSE(Contains(Header(), "<a"));
 }
 
-TEST(SortLink, IsMissingForColumnsOfTheNoSortList) {
-  Rendering view;
-  view.settings.GridColsNoSort = "name";
-  const Records people = People();
+TEST_F(SortLink, IsMissingForColumnsOfTheNoSortList) {
+  settings.GridColsNoSort = "name";
 
-  const std::string header = view.Grid(*people);
+  const std::string header = Header();
   EXPECT_EQ(CellOf(header, "Name"), "");
   EXPECT_NE(CellOf(header, "ID"), "");
 
-  view.settings.GridColsNoSort = " * ";
-  EXPECT_EQ(view.Grid(*people).find("<a"), std::string::npos);
+  settings.GridColsNoSort = " * ";
+  EXPECT_FALSE(Contains(Header(), "<a"));
 }
 
-TEST(SortLink, IsMissingForLongColumnsWithoutAConnection) {
-  Rendering view;
-  const Records people = People();
-
-  const std::string header = view.Grid(*people);
+TEST_F(SortLink, IsMissingForLongColumnsWithoutAConnection) {
+  const std::string header = Header();
   EXPECT_EQ(CellOf(header, "Photo"), "");
   EXPECT_EQ(CellOf(header, "Note"), "");
 }
 
-TEST(SortLink, IsThereForLongColumnsOnTheEngineThatCanSortThem) {
-  Rendering view;
-  view.settings.DrConnection = std::make_shared<component::DBConnection>(AmericanEnvironment());
+TEST_F(SortLink, IsThereForLongColumnsOnTheEngineThatCanSortThem) {
+  settings.DrConnection = std::make_shared<component::DBConnection>(AmericanEnvironment());
   FakeRecords records(0);
   const auto read = [] { return platform::VariantView(); };
   records.Add("A", TypeCode::kLongVarChar, read);
@@ -289,11 +244,11 @@ TEST(SortLink, IsThereForLongColumnsOnTheEngineThatCanSortThem) {
   records.Add("C", TypeCode::kLongVarBinary, read);
 
   for (const std::string_view engine : {"ORACLE", "ACCESS", "MSSQL"}) {
-    view.settings.DrConnection->SetEngineName(engine);
-    EXPECT_EQ(view.Grid(records).find("<a"), std::string::npos) << engine;
+    settings.DrConnection->SetEngineName(engine);
+    EXPECT_FALSE(Contains(Grid(records), "<a")) << engine;
   }
-  view.settings.DrConnection->SetEngineName("SQLA");
-  const std::string header = view.Grid(records);
+  settings.DrConnection->SetEngineName("SQLA");
+  const std::string header = Grid(records);
   for (const std::string name : {"A", "B", "C"}) EXPECT_NE(CellOf(header, name), "") << name;
 }
 
