@@ -9,10 +9,6 @@
 namespace dralo::tests {
 namespace {
 
-constexpr std::string_view kLinkedPeople = R"(
-    CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Member BOOLEAN);
-    INSERT INTO T VALUES (5, 'Ann', 1), (6, NULL, 0))";
-
 /// The address of the one-record view without keys.
 std::string RecordUrl(int number) {
   const std::string n = std::to_string(number);
@@ -20,124 +16,94 @@ std::string RecordUrl(int number) {
          "&Morvu1OrderByFields=&Morvu1CurrRecord=" + n + "&Morvu1CountRecords=on&Morvu1maxrecords=20";
 }
 
-TEST(DataGrid, LinksTheRowNumberByDefault) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.GridFieldsShow = "Name";
-  view.current_record = 21;
-  const Records people(kLinkedPeople);
+std::string Link(int record, const std::string& text) {
+  return "<a class=\"DRLOTable\" href=\"" + RecordUrl(record) + "\">" + text + "</a>";
+}
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+TEST_F(DataGrid, LinksTheRowNumberByDefault) {
+  settings.DisplayHeader = false;
+  settings.GridFieldsShow = "Name";
+  current_record = 21;
+
+  EXPECT_HTML(Grid(), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
-      <td id="drl1cell_1_0"class="DRLOTableTDodd"><a class="DRLOTable" href=")" +
-                                        RecordUrl(21) +
-                                        R"(">21</a></td>
+      <td id="drl1cell_1_0"class="DRLOTableTDodd">)" +
+                            Link(21, "21") + R"(</td>
       <td id="drl1cell_1_2"class="DRLOTableTDodd">Ann</td>
       </tr>
       <tr id="drl1row_2"class="DRLOTableTReven">
-      <td id="drl1cell_2_0"class="DRLOTableTDeven"><a class="DRLOTable" href=")" +
-                                        RecordUrl(22) + R"(">22</a></td>
+      <td id="drl1cell_2_0"class="DRLOTableTDeven">)" +
+                            Link(22, "22") + R"(</td>
       <td id="drl1cell_2_2"class="DRLOTableTDeven">&nbsp;</td>
       </tr>
       )"));
 }
 
-TEST(DataGrid, LinksTheStandardTextOfTheLinkColumn) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.GridLinkIndex = 2;
-  view.settings.GridFieldsShow = "Name";
-  view.settings.RecordsPerPage = 1;
-  const Records people(kLinkedPeople);
-  std::string url = RecordUrl(1);
-  url.replace(url.find("maxrecords=20"), 13, "maxrecords=1");
+TEST_F(DataGrid, LinksTheStandardTextOfTheLinkColumn) {
+  settings.DisplayHeader = false;
+  settings.GridLinkIndex = 2;
+  settings.GridFieldsShow = "Name";
+  settings.RecordsPerPage = 1;
+  std::string link = Link(1, "Ann");
+  link.replace(link.find("maxrecords=20"), 13, "maxrecords=1");
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Grid(), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd">1</td>
-      <td id="drl1cell_1_2"class="DRLOTableTDodd"><a class="DRLOTable" href=")" +
-                                        url +
-                                        R"(">Ann</a></td>
+      <td id="drl1cell_1_2"class="DRLOTableTDodd">)" +
+                            link + R"(</td>
       </tr>
       )"));
 }
 
-TEST(DataGrid, LinksHaveNoClassWithoutCSS) {
-  Rendering view = RowsOnly();
-  view.settings.UseCSS = false;
-  view.settings.GridLinkIndex = 1;
-  const Records records = Column("INTEGER", {"7"});
+TEST_F(DataGridRows, HaveLinksWithoutClassesWithoutCSS) {
+  settings.UseCSS = false;
+  settings.GridLinkIndex = 1;
+  EXPECT_HTML(Grid(Column("INTEGER", {"7"})),
+              RowsWithoutClassesOf({" align=\"right\"><a href=\"" + RecordUrl(1) + "\">7</a>"}));
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
+  settings.GridDisplayIndex = true;
+  settings.GridLinkIndex = 0;
+  EXPECT_HTML(Grid(Column("INTEGER", {"7"})), Lines(R"(
       <tr id="drl1row_1">
-      <td id="drl1cell_1_1" align="right"><a href=")" +
-                                         RecordUrl(1) + R"(">7</a></td>
-      </tr>
-      )"));
-
-  const Records again = Column("INTEGER", {"7"});
-  view.settings.GridDisplayIndex = true;
-  view.settings.GridLinkIndex = 0;
-  EXPECT_HTML(view.Grid(*again), Lines(R"(
-      <tr id="drl1row_1">
-      <td id="drl1cell_1_0"><a href=")" +
-                                       RecordUrl(1) + R"(">1</a></td>
+      <td id="drl1cell_1_0"><a href=")" + RecordUrl(1) +
+                                                    R"(">1</a></td>
       <td id="drl1cell_1_1" align="right">7</td>
       </tr>
       )"));
 }
 
-TEST(DataGrid, LinksToThePrimaryKeyOfEachRecord) {
-  Rendering view;
-  view.settings.EditSQL = "SELECT * FROM T";
-  view.settings.EditPrimaryKeys = "Name,ID";
-  const Records people(kLinkedPeople);
+TEST_F(DataGrid, LinksToThePrimaryKeyOfEachRecord) {
+  settings.EditSQL = "SELECT * FROM T";
+  settings.EditPrimaryKeys = "Name,ID";
 
-  const std::string grid = view.Grid(*people);
+  const std::string grid = Grid();
 
-  EXPECT_NE(grid.find("&Morvu1PK=Ann,5&"), std::string::npos);
-  EXPECT_NE(grid.find("&Morvu1PK=,6&"), std::string::npos);
+  EXPECT_TRUE(Contains(grid, "&Morvu1PK=Ann,5&"));
+  EXPECT_TRUE(Contains(grid, "&Morvu1PK=,6&"));
 }
 
-TEST(DataGrid, HasNoLinkWithoutTheIndexColumnThatWouldCarryIt) {
-  Rendering view = RowsOnly();
-  const Records people(kLinkedPeople);
-
-  EXPECT_EQ(view.Grid(*people).find("<a"), std::string::npos);
+TEST_F(DataGridRows, HaveNoLinkWithoutTheIndexColumnThatWouldCarryIt) {
+  EXPECT_FALSE(Contains(Grid(), "<a"));
 }
 
-TEST(DataGrid, LinksNeitherFreeFormatNorFormattedTexts) {
-  Rendering view = RowsOnly();
-  view.settings.GridLinkIndex = 1;
-  settings::SetGridFreeFormatCellByCol(view.settings, 1, "[#V#]");
-  const Records free_format = Column("INTEGER", {"7"});
-  EXPECT_EQ(view.Grid(*free_format).find("<a"), std::string::npos);
+TEST_F(DataGridRows, LinkNeitherFreeFormatNorFormattedTexts) {
+  settings.GridLinkIndex = 1;
+  settings::SetGridFreeFormatCellByCol(settings, 1, "[#V#]");
+  EXPECT_FALSE(Contains(Grid(Column("INTEGER", {"7"})), "<a"));
 
-  view.settings.GridFreeFormatCellByCol = {};
-  settings::SetGridFormatCellFunction(view.settings, 1, "ABS");
-  const Records formatted = Column("INTEGER", {"7"});
-  EXPECT_EQ(view.Grid(*formatted).find("<a"), std::string::npos);
+  settings.GridFreeFormatCellByCol = {};
+  settings::SetGridFormatCellFunction(settings, 1, "ABS");
+  EXPECT_FALSE(Contains(Grid(Column("INTEGER", {"7"})), "<a"));
 }
 
-TEST(DataGrid, KeepsLinksAndTemplatesOnOneLineToo) {
-  Rendering view = RowsOnly();
-  view.settings.GridCellsNoBr = "*";
-  view.settings.GridLinkIndex = 1;
-  const Records linked = Column("VARCHAR(9)", {"'x'"});
-  EXPECT_HTML(view.Grid(*linked), Lines(R"(
-      <tr id="drl1row_1"class="DRLOTableTRodd">
-      <td id="drl1cell_1_1"class="DRLOTableTDodd"><nobr><a class="DRLOTable" href=")" +
-                                        RecordUrl(1) + R"(">x</a></nobr></td>
-      </tr>
-      )"));
+TEST_F(DataGridRows, KeepLinksAndTemplatesOnOneLineToo) {
+  settings.GridCellsNoBr = "*";
+  settings.GridLinkIndex = 1;
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'"})), RowsOf({"><nobr>" + Link(1, "x") + "</nobr>"}));
 
-  settings::SetGridFreeFormatCellByCol(view.settings, 1, "<b>#V#</b>");
-  const Records free_format = Column("VARCHAR(9)", {"'x'"});
-  EXPECT_HTML(view.Grid(*free_format), Lines(R"(
-      <tr id="drl1row_1"class="DRLOTableTRodd">
-      <td id="drl1cell_1_1"class="DRLOTableTDodd"><nobr><b>x</b></nobr></td>
-      </tr>
-      )"));
+  settings::SetGridFreeFormatCellByCol(settings, 1, "<b>#V#</b>");
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'"})), RowsOf({"><nobr><b>x</b></nobr>"}));
 }
 
 }  // namespace

@@ -11,17 +11,11 @@
 namespace dralo::tests {
 namespace {
 
-constexpr std::string_view kPeopleInAGrid = R"(
-    CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Member BOOLEAN);
-    INSERT INTO T VALUES (5, 'Ann', 1), (6, NULL, 0))";
+TEST_F(DataGrid, WritesOddAndEvenRowsWithIdsAndAlignments) {
+  settings.DisplayHeader = false;
+  settings.GridLinkIndex = -1;
 
-TEST(DataGrid, WritesOddAndEvenRowsWithIdsAndAlignments) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.GridLinkIndex = -1;
-  const Records people(kPeopleInAGrid);
-
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Grid(), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd">1</td>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right">5</td>
@@ -35,19 +29,17 @@ TEST(DataGrid, WritesOddAndEvenRowsWithIdsAndAlignments) {
       <td id="drl1cell_2_3"class="DRLOTableTDeven" align="right">False</td>
       </tr>
       )"));
-  EXPECT_EQ(view.rows, 2);
-  EXPECT_EQ(view.settings.ErrorMessage, "");
+  EXPECT_EQ(rows, 2);
+  EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(DataGrid, HasNoClassesWithoutCSS) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.UseCSS = false;
-  view.settings.Tag = "left";
-  view.settings.GridLinkIndex = 99;
-  const Records people(kPeopleInAGrid);
+TEST_F(DataGrid, HasNoClassesWithoutCSS) {
+  settings.DisplayHeader = false;
+  settings.UseCSS = false;
+  settings.Tag = "left";
+  settings.GridLinkIndex = 99;
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Grid(), Lines(R"(
       <tr id="drlleftrow_1">
       <td id="drlleftcell_1_0">1</td>
       <td id="drlleftcell_1_1" align="right">5</td>
@@ -63,25 +55,18 @@ TEST(DataGrid, HasNoClassesWithoutCSS) {
       )"));
 }
 
-TEST(DataGrid, HasTheSameIdsWithAHeaderAsWithoutOne) {
-  Rendering view;
-  const Records with_header(kPeopleInAGrid);
-  const Records without_header(kPeopleInAGrid);
+TEST_F(DataGrid, HasTheSameIdsWithAHeaderAsWithoutOne) {
+  const std::string whole = Grid();
+  settings.DisplayHeader = false;
 
-  const std::string whole = view.Grid(*with_header);
-  view.settings.DisplayHeader = false;
-  const std::string rows = view.Grid(*without_header);
-
-  EXPECT_EQ(whole.substr(whole.find("</tr>\r\n") + 7), rows);
+  EXPECT_EQ(whole.substr(whole.find("</tr>\r\n") + 7), Grid());
 }
 
-TEST(DataGrid, CountsHiddenColumnsInIdsAndLists) {
-  Rendering view = RowsOnly();
-  view.settings.GridFieldsHide = "Name";
-  view.settings.GridCellsNoBr = "3";
-  const Records people(kPeopleInAGrid);
+TEST_F(DataGridRows, CountHiddenColumnsInIdsAndLists) {
+  settings.GridFieldsHide = "Name";
+  settings.GridCellsNoBr = "3";
 
-  EXPECT_HTML(view.Grid(*people), Lines(R"(
+  EXPECT_HTML(Grid(), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right">5</td>
       <td id="drl1cell_1_3"class="DRLOTableTDodd" align="right"><nobr>True</nobr></td>
@@ -93,42 +78,28 @@ TEST(DataGrid, CountsHiddenColumnsInIdsAndLists) {
       )"));
 }
 
-TEST(DataGrid, TakesTheTemplateBeforeTheFormatFunction) {
-  Rendering view = RowsOnly();
-  settings::SetGridFreeFormatCellByCol(view.settings, 1, "T");
-  settings::SetGridFormatCellFunction(view.settings, 1, "UCASE");
-  const Records records = Column("VARCHAR(9)", {"'x'"});
+TEST_F(DataGridRows, TakeTheTemplateBeforeTheFormatFunction) {
+  settings::SetGridFreeFormatCellByCol(settings, 1, "T");
+  settings::SetGridFormatCellFunction(settings, 1, "UCASE");
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
-      <tr id="drl1row_1"class="DRLOTableTRodd">
-      <td id="drl1cell_1_1"class="DRLOTableTDodd">T</td>
-      </tr>
-      )"));
-  EXPECT_EQ(view.settings.ErrorMessage, "");
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'"})), RowsOf({">T"}));
+  EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(DataGrid, LeavesTheCellOfAnEmptyTemplateEmpty) {
-  Rendering view = RowsOnly();
-  settings::SetGridFreeFormatCellByCol(view.settings, 1, "#V#");
-  const Records records = Column("INTEGER", {"NULL"});
+TEST_F(DataGridRows, LeaveTheCellOfAnEmptyTemplateEmpty) {
+  settings::SetGridFreeFormatCellByCol(settings, 1, "#V#");
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
-      <tr id="drl1row_1"class="DRLOTableTRodd">
-      <td id="drl1cell_1_1"class="DRLOTableTDodd" align="right"></td>
-      </tr>
-      )"));
+  EXPECT_HTML(Grid(Column("INTEGER", {"NULL"})), RowsOf({" align=\"right\">"}));
 }
 
-TEST(DataGrid, PutsColumnAttributesBeforeThoseOfTheRowsCells) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.GridLinkIndex = -1;
-  view.settings.TDTag = "valign=top";
-  settings::SetGridColAttributes(view.settings, 0, "title='no'");
-  settings::SetGridColAttributes(view.settings, 1, "nowrap");
-  const Records records = Column("INTEGER", {"7"});
+TEST_F(DataGrid, PutsColumnAttributesBeforeThoseOfTheRowsCells) {
+  settings.DisplayHeader = false;
+  settings.GridLinkIndex = -1;
+  settings.TDTag = "valign=top";
+  settings::SetGridColAttributes(settings, 0, "title='no'");
+  settings::SetGridColAttributes(settings, 1, "nowrap");
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(Grid(Column("INTEGER", {"7"})), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       <td id="drl1cell_1_0"class="DRLOTableTDodd" title='no' valign=top>1</td>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" nowrap valign=top align="right">7</td>
@@ -136,16 +107,14 @@ TEST(DataGrid, PutsColumnAttributesBeforeThoseOfTheRowsCells) {
       )"));
 }
 
-TEST(DataGrid, PutsColumnAttributesDirectlyBehindTheIdWithoutCSS) {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.UseCSS = false;
-  view.settings.GridLinkIndex = -1;
-  settings::SetGridColAttributes(view.settings, 0, "title='no'");
-  settings::SetGridColAttributes(view.settings, 1, "nowrap");
-  const Records records = Column("VARCHAR(9)", {"'x'"});
+TEST_F(DataGrid, PutsColumnAttributesDirectlyBehindTheIdWithoutCSS) {
+  settings.DisplayHeader = false;
+  settings.UseCSS = false;
+  settings.GridLinkIndex = -1;
+  settings::SetGridColAttributes(settings, 0, "title='no'");
+  settings::SetGridColAttributes(settings, 1, "nowrap");
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'"})), Lines(R"(
       <tr id="drl1row_1">
       <td id="drl1cell_1_0"title='no'>1</td>
       <td id="drl1cell_1_1"nowrap>x</td>
@@ -153,9 +122,7 @@ TEST(DataGrid, PutsColumnAttributesDirectlyBehindTheIdWithoutCSS) {
       )"));
 }
 
-TEST(DataGrid, CombinesTheTagsOfCellsAndRowsByParity) {
-  Rendering view = RowsOnly();
-  settings::Settings& settings = view.settings;
+TEST_F(DataGridRows, CombineTheTagsOfCellsAndRowsByParity) {
   settings.TDTag = "a";
   settings.GridTDTag = "b";
   settings.TDOddTag = "c1";
@@ -165,9 +132,8 @@ TEST(DataGrid, CombinesTheTagsOfCellsAndRowsByParity) {
   settings.GridTRTag = "r";
   settings.GridTROddTag = "s1";
   settings.GridTREvenTag = "s2";
-  const Records records = Column("VARCHAR(9)", {"'x'", "'y'", "'z'"});
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'", "'y'", "'z'"})), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd" r s1>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" a b c1 d1>x</td>
       </tr>
@@ -180,28 +146,24 @@ TEST(DataGrid, CombinesTheTagsOfCellsAndRowsByParity) {
       )"));
 }
 
-TEST(DataGrid, MakesTwoBlanksBetweenTagsOneInOnePass) {
-  Rendering view = RowsOnly();
-  view.settings.UseCSS = false;
-  view.settings.TDTag = "a";
-  view.settings.GridTDOddTag = "d";       // three blanks between the two
-  view.settings.GridTRTag = "  r    s ";  // four blanks inside
-  const Records records = Column("VARCHAR(9)", {"'x'"});
+TEST_F(DataGridRows, MakeTwoBlanksBetweenTagsOneInOnePass) {
+  settings.UseCSS = false;
+  settings.TDTag = "a";
+  settings.GridTDOddTag = "d";       // three blanks between the two
+  settings.GridTRTag = "  r    s ";  // four blanks inside
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'"})), Lines(R"(
       <tr id="drl1row_1" r  s>
       <td id="drl1cell_1_1" a  d>x</td>
       </tr>
       )"));
 }
 
-TEST(DataGrid, PutsFieldValuesIntoTheTagsOfRowsAndCells) {
-  Rendering view = RowsOnly();
-  view.settings.GridTRTag = "data-v='##V##'";
-  view.settings.GridTDTag = "class=c##V##";
-  const Records records = Column("VARCHAR(9)", {"'x'", "NULL", "'z'"});
+TEST_F(DataGridRows, PutFieldValuesIntoTheTagsOfRowsAndCells) {
+  settings.GridTRTag = "data-v='##V##'";
+  settings.GridTDTag = "class=c##V##";
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"'x'", "NULL", "'z'"})), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd" data-v='x'>
       <td id="drl1cell_1_1"class="DRLOTableTDodd" class=cx>x</td>
       </tr>
@@ -214,43 +176,35 @@ TEST(DataGrid, PutsFieldValuesIntoTheTagsOfRowsAndCells) {
       )"));
 }
 
-TEST(DataGrid, WritesNoAttributesWhenTheFieldValueLeavesNone) {
-  Rendering view = RowsOnly();
-  view.settings.GridTRTag = "##V##";
-  view.settings.GridTDTag = " ##V## ";
-  const Records records = Column("VARCHAR(9)", {"' '"});
+TEST_F(DataGridRows, HaveNoAttributesWhenTheFieldValueLeavesNone) {
+  settings.GridTRTag = "##V##";
+  settings.GridTDTag = " ##V## ";
 
-  EXPECT_HTML(view.Grid(*records), Lines(R"(
-      <tr id="drl1row_1"class="DRLOTableTRodd">
-      <td id="drl1cell_1_1"class="DRLOTableTDodd">&nbsp;</td>
-      </tr>
-      )"));
+  EXPECT_HTML(Grid(Column("VARCHAR(9)", {"' '"})), RowsOf({">&nbsp;"}));
 }
 
-TEST(DataGrid, ReportsATagWithAnUnknownFieldInEveryRowAndGoesOn) {
-  Rendering view = RowsOnly();
-  view.settings.GridTRTag = "x ##W##";
-  const Records records = Column("VARCHAR(9)", {"'a'", "'b'"});
+TEST_F(DataGridRows, ReportATagWithAnUnknownFieldEachAndGoOn) {
+  settings.GridTRTag = "x ##W##";
 
-  EXPECT_EQ(CountOf("<td", view.Grid(*records)), 2);
-  EXPECT_EQ(view.settings.ErrorMessage,
+  EXPECT_EQ(CountOf("<td", Grid(Column("VARCHAR(9)", {"'a'", "'b'"}))), 2);
+  EXPECT_EQ(settings.ErrorMessage,
             "The record has no field named \"W\" in ReplaceFieldValuesFromTag<br>"
             "The record has no field named \"W\" in ReplaceFieldValuesFromTag<br>");
 }
 
-TEST(DisplayedGridColumns, CountsTheShownColumnsAndTheIndex) {
-  Rendering view;
-  const Records people(kPeopleInAGrid);
-  EXPECT_EQ(views::DisplayedGridColumns(view.settings, *people), 4);
+TEST(DisplayedGridColumns, AreTheShownOnesAndTheIndex) {
+  settings::Settings settings;
+  const Records people("CREATE TABLE T (ID INTEGER, Name VARCHAR(20), Member BOOLEAN)");
+  EXPECT_EQ(views::DisplayedGridColumns(settings, *people), 4);
 
-  view.settings.GridFieldsShow = "Name,x,y";
-  EXPECT_EQ(views::DisplayedGridColumns(view.settings, *people), 2);
+  settings.GridFieldsShow = "Name,x,y";
+  EXPECT_EQ(views::DisplayedGridColumns(settings, *people), 2);
 
-  view.settings.GridDisplayIndex = false;
-  EXPECT_EQ(views::DisplayedGridColumns(view.settings, *people), 1);
+  settings.GridDisplayIndex = false;
+  EXPECT_EQ(views::DisplayedGridColumns(settings, *people), 1);
 
-  view.settings.GridFieldsHide = "1,2,3";
-  EXPECT_EQ(views::DisplayedGridColumns(view.settings, *people), 0);
+  settings.GridFieldsHide = "1,2,3";
+  EXPECT_EQ(views::DisplayedGridColumns(settings, *people), 0);
 }
 
 }  // namespace

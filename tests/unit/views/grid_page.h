@@ -12,14 +12,6 @@
 
 namespace dralo::tests {
 
-/// Rows alone: no header, no row numbers.
-inline Rendering RowsOnly() {
-  Rendering view;
-  view.settings.DisplayHeader = false;
-  view.settings.GridDisplayIndex = false;
-  return view;
-}
-
 /// A table T with one column of `type` and one row for each value.
 inline Records Column(std::string_view type, std::initializer_list<std::string_view> values) {
   std::string statements = "CREATE TABLE T (V ";
@@ -54,6 +46,8 @@ struct GridPage : testing::Test, Rendering {
                 "INSERT INTO T VALUES (5, 'Ann', 1), (6, NULL, 0)"));
   }
 };
+
+using DataGrid = GridPage;
 
 /// A grid without header and row numbers.
 struct DataGridRows : GridPage {

@@ -14,91 +14,80 @@ namespace {
 
 using platform::TypeCode;
 
-/// The grid's only cell for a value of the type.
-std::string CellText(Rendering& view, TypeCode type, std::string_view value) {
-  FakeRecords records(1);
-  records.Add("V", type, [value] { return platform::VariantView(value); });
-  const std::string grid = view.Grid(records);
-  const std::string_view start = R"(<td id="drl1cell_1_1"class="DRLOTableTDodd">)";
-  const std::string_view end = "</td>\r\n</tr>\r\n";
-  const std::size_t at = grid.find(start);
-  if (at == std::string::npos || !grid.ends_with(end)) return "(no cell)";
-  return grid.substr(at + start.size(), grid.size() - end.size() - at - start.size());
-}
+struct HostileValues : DataGridRows {
+  /// The grid's only cell for a value of the type.
+  std::string Cell(TypeCode type, std::string_view value) {
+    FakeRecords records(1);
+    records.Add("V", type, [value] { return platform::VariantView(value); });
+    const std::string grid = Grid(records);
+    const std::string_view start = R"(<td id="drl1cell_1_1"class="DRLOTableTDodd">)";
+    const std::string_view end = "</td>\r\n</tr>\r\n";
+    const std::size_t at = grid.find(start);
+    if (at == std::string::npos || !grid.ends_with(end)) return "(no cell)";
+    return grid.substr(at + start.size(), grid.size() - end.size() - at - start.size());
+  }
+};
 
-TEST(HostileValues, AreWrittenAsTheyStand) {
-  Rendering view = RowsOnly();
+TEST_F(HostileValues, AreWrittenAsTheyStand) {
   using namespace std::string_view_literals;
   for (const std::string_view value :
        {"</td></tr></table><script>alert(\"1\")</script>"sv, "a\0b\0"sv, "\xFF\xFE\xC3"sv, "\xF0\x9F\x98"sv,
         "{}{}"sv, "##V##"sv, "\r\n\r\n"sv}) {
-    EXPECT_EQ(CellText(view, TypeCode::kVarWideChar, value), value);
-    EXPECT_EQ(CellText(view, TypeCode::kLongVarWideChar, value), value);
+    EXPECT_EQ(Cell(TypeCode::kVarWideChar, value), value);
+    EXPECT_EQ(Cell(TypeCode::kLongVarWideChar, value), value);
   }
-  EXPECT_EQ(view.settings.ErrorMessage, "");
+  EXPECT_EQ(settings.ErrorMessage, "");
 }
 
-TEST(HostileValues, AreCutInCharactersEvenWhenTheyAreNoUtf8) {
-  Rendering view = RowsOnly();
-  view.settings.MemoFieldLimit = 2;
-  EXPECT_EQ(CellText(view, TypeCode::kLongVarChar, "\xFF\xFF\xFF"), "\xFF\xFF...");
-  EXPECT_EQ(CellText(view, TypeCode::kLongVarChar, "a\xE2\x82"), "a\xE2...");
-  EXPECT_EQ(CellText(view, TypeCode::kLongVarChar, std::string_view("\0\0\0", 3)), std::string("\0\0...", 5));
+TEST_F(HostileValues, AreCutInCharactersEvenWhenTheyAreNoUtf8) {
+  settings.MemoFieldLimit = 2;
+  EXPECT_EQ(Cell(TypeCode::kLongVarChar, "\xFF\xFF\xFF"), "\xFF\xFF...");
+  EXPECT_EQ(Cell(TypeCode::kLongVarChar, "a\xE2\x82"), "a\xE2...");
+  EXPECT_EQ(Cell(TypeCode::kLongVarChar, std::string_view("\0\0\0", 3)), std::string("\0\0...", 5));
 }
 
-TEST(HostileValues, AreComparedWhenTheyAreNoUtf8) {
-  Rendering view = RowsOnly();
-  view.settings.GridFieldsSupressDup = "1";
-  EXPECT_EQ(CellText(view, TypeCode::kVarWideChar, "\xFF\xC3"), "\xFF\xC3");
+TEST_F(HostileValues, AreComparedWhenTheyAreNoUtf8) {
+  settings.GridFieldsSupressDup = "1";
+  EXPECT_EQ(Cell(TypeCode::kVarWideChar, "\xFF\xC3"), "\xFF\xC3");
 }
 
-TEST(HostileValues, InTemplatesAndTagsAreWrittenAsTheyStand) {
-  Rendering view = RowsOnly();
-  settings::SetGridFreeFormatCellByCol(view.settings, 1, "[#V#]");
-  EXPECT_EQ(CellText(view, TypeCode::kVarWideChar, "#V#<\xFF>"), "[#V#<\xFF>]");
+TEST_F(HostileValues, InTemplatesAndTagsAreWrittenAsTheyStand) {
+  settings::SetGridFreeFormatCellByCol(settings, 1, "[#V#]");
+  EXPECT_EQ(Cell(TypeCode::kVarWideChar, "#V#<\xFF>"), "[#V#<\xFF>]");
 }
 
-TEST(HostileValues, OfAMegabyteAreWrittenWhole) {
-  Rendering view = RowsOnly();
-  const Records records(
-      "CREATE TABLE T (V TEXT); INSERT INTO T VALUES (replace(hex(zeroblob(524288)), '0', 'x'))");
+TEST_F(HostileValues, OfAMegabyteAreWrittenWhole) {
+  const std::string grid = Grid(Column("TEXT", {"replace(hex(zeroblob(524288)), '0', 'x')"}));
 
-  const std::string grid = view.Grid(*records);
-
-  EXPECT_NE(grid.find(">" + std::string(1048576, 'x') + "</td>"), std::string::npos);
+  EXPECT_TRUE(Contains(grid, ">" + std::string(1048576, 'x') + "</td>"));
 }
 
-TEST(HostileValues, OfAMegabyteAreCutAtTheLimit) {
-  Rendering view = RowsOnly();
-  view.settings.MemoFieldLimit = 1000;
-  const std::string value(1048576, 'x');
+TEST_F(HostileValues, OfAMegabyteAreCutAtTheLimit) {
+  settings.MemoFieldLimit = 1000;
 
-  EXPECT_EQ(CellText(view, TypeCode::kLongVarWideChar, value), std::string(1000, 'x') + "...");
+  EXPECT_EQ(Cell(TypeCode::kLongVarWideChar, std::string(1048576, 'x')), std::string(1000, 'x') + "...");
 }
 
-TEST(HostileValues, MayFillThreeHundredColumns) {
-  Rendering view;
-  view.settings.GridFieldsSupressDup = "300,1";
-  settings::SetGridColAttributes(view.settings, 300, "last");
+TEST_F(DataGrid, MayHaveThreeHundredColumns) {
+  settings.GridFieldsSupressDup = "300,1";
+  settings::SetGridColAttributes(settings, 300, "last");
   std::string columns = "'c' AS C1";
   for (int column = 2; column <= 300; ++column) columns += ", " + std::to_string(column);
   const Records records("CREATE TABLE T (A); INSERT INTO T VALUES (1)", "SELECT " + columns + " FROM T");
 
-  const std::string grid = view.Grid(*records);
+  const std::string grid = Grid(*records);
 
-  EXPECT_NE(grid.find(R"(<td id="drl1cell_1_300"class="DRLOTableTDodd" last align="right">300</td>)"),
-            std::string::npos);
-  EXPECT_NE(grid.find("&Morvu1OrderByFields=300&Morvu1BookMark=0"), std::string::npos);
-  EXPECT_EQ(views::DisplayedGridColumns(view.settings, *records), 301);
+  EXPECT_TRUE(Contains(grid, R"(<td id="drl1cell_1_300"class="DRLOTableTDodd" last align="right">300</td>)"));
+  EXPECT_TRUE(Contains(grid, "&Morvu1OrderByFields=300&Morvu1BookMark=0"));
+  EXPECT_EQ(views::DisplayedGridColumns(settings, *records), 301);
 }
 
-TEST(HostileValues, MayHaveNoColumnToStandIn) {
-  Rendering view = RowsOnly();
-  view.settings.GridFieldsHide = "V";
+TEST_F(HostileValues, MayHaveNoColumnToStandIn) {
+  settings.GridFieldsHide = "V";
   FakeRecords records(2);
   records.Add("V", TypeCode::kVarWideChar, [] { return platform::VariantView(std::string_view("x")); });
 
-  EXPECT_HTML(view.Grid(records), Lines(R"(
+  EXPECT_HTML(Grid(records), Lines(R"(
       <tr id="drl1row_1"class="DRLOTableTRodd">
       </tr>
       <tr id="drl1row_2"class="DRLOTableTReven">
@@ -106,12 +95,11 @@ TEST(HostileValues, MayHaveNoColumnToStandIn) {
       )"));
 }
 
-TEST(HostileValues, MayComeWithoutAnyField) {
-  Rendering view;
-  view.settings.GridLinkIndex = -1;
+TEST_F(DataGrid, MayHaveRowsWithoutAnyField) {
+  settings.GridLinkIndex = -1;
   FakeRecords records(1);
 
-  EXPECT_HTML(view.Grid(records), Lines(R"(
+  EXPECT_HTML(Grid(records), Lines(R"(
       <tr class="DRLOTableTR">
       <th class="DRLOTableTH">#</th>
       </tr>
