@@ -1,48 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "driver/page_frame.h"
 #include "support/items.h"
 #include "support/shown_view.h"
+#include "unit/driver/bar_images.h"
 
 namespace dralo::driver {
 namespace {
-
-using Images = std::vector<std::string>;
-
-/// The bars of a grid.
-struct PagingBar : ::testing::Test {
-  void Set(std::string_view name, const char* text) { Page().view.Set(name, std::string(text)); }
-  void Set(std::string_view name, bool flag) { Page().view.Set(name, flag); }
-  void Set(std::string_view name, int number) { Page().view.Set(name, std::int64_t{number}); }
-
-  tests::ItemsPage& Page(int rows = 45) {
-    if (!page_) page_ = std::make_unique<tests::ItemsPage>(rows);
-    return *page_;
-  }
-
-  std::vector<tests::ShownView::Bar> Bars() { return tests::ReadView(Page().Render(), "1").bars; }
-  tests::ShownView::Bar TheBar() {
-    auto bars = Bars();
-    EXPECT_EQ(bars.size(), 1U);
-    return bars.at(0);
-  }
-
-  /// The next Page() is a new one.
-  void Restart() { page_.reset(); }
-
- private:
-  std::unique_ptr<tests::ItemsPage> page_;
-};
-
-const Images kNowhere = {"firstpgd.gif", "prevpgd.gif", "nextpgd.gif", "lastpgd.gif"};
-const Images kBack = {"firstpg.gif", "prevpg.gif", "nextpgd.gif", "lastpgd.gif"};
-const Images kEverywhere = {"firstpg.gif", "prevpg.gif", "nextpg.gif", "lastpg.gif"};
-const Images kAnywhereButToTheLast = {"firstpg.gif", "prevpg.gif", "nextpg.gif", "lastpgd.gif"};
 
 struct Words {
   const char* text;
@@ -67,163 +35,123 @@ INSTANTIATE_TEST_SUITE_P(Values, NavigationBarWords,
                                            Words{"nonetop", false, false}, Words{"", false, false},
                                            Words{"left", false, false}));
 
-TEST_F(PagingBar, AtTheTopSaysTheSameAsTheOneAtTheBottom) {
-  Set("DisplayNavBar", "both");
-  Page().Ask("CurrRecord", "41");
-  const auto bars = Bars();
-  ASSERT_EQ(bars.size(), 2U);
+struct BarCase {
+  const char* name;
+  int rows;
+  tests::Script script;
+  tests::Asked asked;
+  std::size_t bars;
+  Images images;
+  const char* counter;
+};
+
+/// The bars of a grid, which all say the same.
+class PagingBar : public testing::TestWithParam<BarCase> {};
+
+TEST_P(PagingBar, SaysWhereThePageStandsAndGoesNoFurtherThanTheRecords) {
+  tests::ItemsPage page(GetParam().rows);
+  page.Set(GetParam().script);
+  page.Ask(GetParam().asked);
+  const auto bars = tests::ReadView(page.Render(), "1").bars;
+  EXPECT_EQ(bars.size(), GetParam().bars);
   for (const auto& bar : bars) {
-    EXPECT_EQ(bar.counter, "Records (41..45) of 45&nbsp;&nbsp;Page 3 of 3");
-    EXPECT_EQ(bar.images, kBack);
+    EXPECT_EQ(bar.images, GetParam().images);
+    EXPECT_EQ(bar.counter, GetParam().counter);
   }
 }
 
-TEST_F(PagingBar, IsMissingAtTheTopOnlyWhileTheCountIsUnknown) {
-  Set("DisplayNavBar", "both");
-  Set("CountRecords", false);
-  EXPECT_EQ(TheBar().counter, "Records (1..20) &nbsp;&nbsp;Page 1");
+constexpr int kLowest = std::numeric_limits<int>::min();
+
+// clang-format off
+const BarCase kBars[] = {
+    {"AtTheTopAsAtTheBottom", 45, {{"DisplayNavBar", "both"}}, {{"CurrRecord", "41"}}, 2,
+     kBack, "Records (41..45) of 45&nbsp;&nbsp;Page 3 of 3"},
+    {"NotAtTheTopWhileTheCountIsUnknown", 45, {{"DisplayNavBar", "both"}, {"CountRecords", false}}, {}, 1,
+     kNextOnly, "Records (1..20) &nbsp;&nbsp;Page 1"},
+    {"NowhereFromAnEmptyResult", 0, {{"DisplayNavBar", "both"}}, {}, 2,
+     kNowhere, "Record 0 of 0&nbsp;&nbsp;Page 1 of 0"},
+    {"OnBehindAnUncountedPageWhileThereIsARecord", 41, {{"CountRecords", false}}, {{"CurrRecord", "21"}}, 1,
+     kAnywhereButToTheLast, "Records (21..40) &nbsp;&nbsp;Page 2"},
+    {"NoFurtherFromAnUncountedPageThatEndsWithTheResult", 40, {{"CountRecords", false}},
+     {{"CurrRecord", "21"}}, 1, kBack, "Records (21..40) &nbsp;&nbsp;Page 2"},
+    {"NoFurtherFromAnUncountedPageThatEndsAtTheLimit", 45,
+     {{"CountRecords", false}, {"RecordsMaxLimit", 40}}, {{"CurrRecord", "21"}}, 1,
+     kBack, "Records (21..40) &nbsp;&nbsp;Page 2"},
+    {"ToTheLastPageBeforeTheLimit", 200, {{"RecordsMaxLimit", 50}}, {{"CurrRecord", "21"}}, 1,
+     kEverywhere, "Records (21..40) of 200&nbsp;&nbsp;Page 2 of 10"},
+    {"NoFurtherThanTheLimitButWithTheWholeCount", 200, {{"RecordsMaxLimit", 50}}, {{"CurrRecord", "41"}}, 1,
+     kBack, "Records (41..50) of 200&nbsp;&nbsp;Page 3 of 10"},
+    {"BehindTheLastPageButtonWithTheLimit", 200, {{"RecordsMaxLimit", 50}},
+     {{"CurrRecord", "41"}, {"LAST.x", "1"}}, 1,
+     kBack, "Records (41..50) of 50&nbsp;&nbsp;Page 3 of 3"},
+    {"BackOnlyFromAPageBehindTheLimit", 200, {{"DisplayNavBar", "both"}, {"RecordsMaxLimit", 50}},
+     {{"CurrRecord", "121"}}, 2, kBack, "Record 0 of 200&nbsp;&nbsp;Page 7 of 10"},
+    {"BackOnlyFromAnUncountedPageBehindTheLimit", 200, {{"CountRecords", false}, {"RecordsMaxLimit", 50}},
+     {{"CurrRecord", "121"}}, 1, kBack, "Record 0&nbsp;&nbsp;Page 7"},
+    {"NowhereWithALimitOfZero", 45,
+     {{"DisplayNavBar", "both"}, {"RecordsPerPage", 16}, {"RecordsMaxLimit", 0}}, {}, 2,
+     kNowhere, "Record 0 of 45&nbsp;&nbsp;Page 1 of 3"},
+    {"NowhereWithALimitBelowZero", 45,
+     {{"DisplayNavBar", "both"}, {"RecordsPerPage", 16}, {"RecordsMaxLimit", -1}}, {}, 2,
+     kNowhere, "Record 0 of 45&nbsp;&nbsp;Page 1 of 3"},
+    {"NowhereWithTheLowestLimit", 45,
+     {{"DisplayNavBar", "both"}, {"RecordsPerPage", 16}, {"RecordsMaxLimit", kLowest}}, {}, 2,
+     kNowhere, "Record 0 of 45&nbsp;&nbsp;Page 1 of 3"},
+    {"ToTheLastPageAlsoWhenItHasOneRow", 41, {}, {{"CurrRecord", "21"}}, 1,
+     kEverywhere, "Records (21..40) of 41&nbsp;&nbsp;Page 2 of 3"},
+    {"OnAsFarAsAPresetCountSays", 45, {{"RecordCount", 65}}, {{"CurrRecord", "41"}}, 1,
+     kEverywhere, "Records (41..45) of 65&nbsp;&nbsp;Page 3 of 4"},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(Grids, PagingBar, testing::ValuesIn(kBars),
+                         [](const auto& grid) { return std::string(grid.param.name); });
+
+TEST(LastPageButton, ShowsNoCountBelowZero) {
+  tests::ItemsPage page(45);
+  page.Set("RecordsMaxLimit", -5);
+  page.Ask("LAST.x", "1");
+  EXPECT_EQ(tests::ReadView(page.Render(), "1").bars.at(0).counter, "Record 0 of 0&nbsp;&nbsp;Page 1 of 0");
+  EXPECT_EQ(page.Settings().RecordCount, 0);
 }
 
-TEST_F(PagingBar, GoesNowhereFromAnEmptyResult) {
-  Page(0);
-  Set("DisplayNavBar", "both");
-  for (const auto& bar : Bars()) {
-    EXPECT_EQ(bar.counter, "Record 0 of 0&nbsp;&nbsp;Page 1 of 0");
-    EXPECT_EQ(bar.images, kNowhere);
-  }
-}
+struct PageOfABar : testing::Test, tests::ItemsPage {
+  PageOfABar() : ItemsPage(45) {}
+};
 
-TEST_F(PagingBar, GoesOnBehindAnUncountedPageWhileThereIsARecord) {
-  Page(41);
-  Set("CountRecords", false);
-  Page().Ask("CurrRecord", "21");
-  EXPECT_EQ(TheBar().images, kAnywhereButToTheLast);
-}
-
-TEST_F(PagingBar, GoesNoFurtherFromAnUncountedPageThatEndsWithTheResult) {
-  Page(40);
-  Set("CountRecords", false);
-  Page().Ask("CurrRecord", "21");
-  EXPECT_EQ(TheBar().images, kBack);
-}
-
-TEST_F(PagingBar, GoesNoFurtherFromAnUncountedPageThatEndsAtTheLimit) {
-  Set("CountRecords", false);
-  Set("RecordsMaxLimit", 40);
-  Page().Ask("CurrRecord", "21");
-  const auto bar = TheBar();
-  EXPECT_EQ(bar.images, kBack);
-  EXPECT_EQ(bar.counter, "Records (21..40) &nbsp;&nbsp;Page 2");
-}
-
-TEST_F(PagingBar, GoesToTheLastPageBeforeTheLimitAndNoFurther) {
-  Page(200);
-  Set("RecordsMaxLimit", 50);
-  Page().Ask("CurrRecord", "21");
-  EXPECT_EQ(TheBar().images, kEverywhere);
-  Page().page.query.back().value = "41";
-  EXPECT_EQ(TheBar().images, kBack);
-}
-
-TEST_F(PagingBar, ShowsTheWholeCountButBehindTheLastPageButtonTheLimit) {
-  Page(200);
-  Set("RecordsMaxLimit", 50);
-  Page().Ask("CurrRecord", "41");
-  EXPECT_EQ(TheBar().counter, "Records (41..50) of 200&nbsp;&nbsp;Page 3 of 10");
-  Page().Ask("LAST.x", "1");
-  EXPECT_EQ(TheBar().counter, "Records (41..50) of 50&nbsp;&nbsp;Page 3 of 3");
-}
-
-TEST_F(PagingBar, GoesBackOnlyFromAPageBehindTheLimit) {
-  Page(200);
-  Set("DisplayNavBar", "both");
-  Set("RecordsMaxLimit", 50);
-  Page().Ask("CurrRecord", "121");
-  const auto bars = Bars();
-  ASSERT_EQ(bars.size(), 2U);
-  for (const auto& bar : bars) {
-    EXPECT_EQ(bar.counter, "Record 0 of 200&nbsp;&nbsp;Page 7 of 10");
-    EXPECT_EQ(bar.images, kBack);
-  }
-}
-
-TEST_F(PagingBar, GoesBackOnlyFromAnUncountedPageBehindTheLimit) {
-  Page(200);
-  Set("CountRecords", false);
-  Set("RecordsMaxLimit", 50);
-  Page().Ask("CurrRecord", "121");
-  EXPECT_EQ(TheBar().images, kBack);
-}
-
-TEST_F(PagingBar, GoesNowhereWithALimitBelowOne) {
-  for (const int limit : {0, -1, std::numeric_limits<int>::min()}) {
-    Restart();
-    Set("DisplayNavBar", "both");
-    Set("RecordsPerPage", 16);
-    Set("RecordsMaxLimit", limit);
-    const auto bars = Bars();
-    ASSERT_EQ(bars.size(), 2U);
-    for (const auto& one : bars) {
-      EXPECT_EQ(one.images, kNowhere) << limit;
-      EXPECT_EQ(one.counter, "Record 0 of 45&nbsp;&nbsp;Page 1 of 3") << limit;
-    }
-  }
-}
-
-TEST_F(PagingBar, BehindTheLastPageButtonShowsNoCountBelowZero) {
-  Set("RecordsMaxLimit", -5);
-  Page().Ask("LAST.x", "1");
-  EXPECT_EQ(TheBar().counter, "Record 0 of 0&nbsp;&nbsp;Page 1 of 0");
-  EXPECT_EQ(Page().Settings().RecordCount, 0);
-}
-
-TEST_F(PagingBar, StandsBelowASelectWhosePlacementHasBlanksAndCapitals) {
+TEST_F(PageOfABar, HasItBelowASelectWhosePlacementHasBlanksAndCapitals) {
   Set("DisplayRecordsPerPageSelect", true);
   Set("DisplayNavBar", "top");
   Set("RecordsPerPageSelectPlacement", " Top ");
-  const std::string body = Page().Render();
+  const std::string body = Render();
   EXPECT_LT(body.find("<select"), body.find("DRLOTableNavBar"));
 }
 
-TEST_F(PagingBar, GoesToTheLastPageAlsoWhenItHasOneRow) {
-  Page(41);
-  Page().Ask("CurrRecord", "21");
-  EXPECT_EQ(TheBar().images, kEverywhere);
-}
-
-TEST_F(PagingBar, GoesOnAsFarAsAPresetCountSays) {
-  Set("RecordCount", 65);
-  Page().Ask("CurrRecord", "41");
-  const auto bar = TheBar();
-  EXPECT_EQ(bar.images, kEverywhere);
-  EXPECT_EQ(bar.counter, "Records (41..45) of 65&nbsp;&nbsp;Page 3 of 4");
-}
-
-TEST_F(PagingBar, HasNoButtonThatAddsRecords) {
+TEST_F(PageOfABar, HasNoButtonInItThatAddsRecords) {
   Set("EditOptions", "ADD UPDATE");
-  const std::string body = Page().Render();
+  const std::string body = Render();
   EXPECT_EQ(body.find("FormAdd", body.find("DRLOTableNavBar")), body.npos);
 }
 
-TEST_F(PagingBar, HasTheTextsOfThePagesOwnList) {
+TEST_F(PageOfABar, HasTheTextsOfItsOwnList) {
   Set("LanguageString", "n0,n1,p2,p3,r4,r5,l6,o7,f8,l9,s10,p11,never");
   Set("DisplayRecordsPerPageSelect", true);
-  Page().Ask("CurrRecord", "21");
-  const std::string body = Page().Render();
+  Ask("CurrRecord", "21");
+  const std::string body = Render();
   for (const char* part : {"title=\"f8 p11\"", "title=\"p3 p11\"", "title=\"n1 p11\"", "title=\"l9 p11\"",
                            "> r5 (21..40) o7 45&nbsp;&nbsp;p11 2 o7 3<", "s10&nbsp;:&nbsp;<select"}) {
     EXPECT_NE(body.find(part), body.npos) << part;
   }
   EXPECT_EQ(body.find("never"), body.npos);
-  EXPECT_EQ(Page().ErrorMessage(), "");
+  EXPECT_EQ(ErrorMessage(), "");
 }
 
-TEST_F(PagingBar, LeavesTheRealRowNumbersBehindWhenAPresetCountWasTooHigh) {
-  Page(3);
-  Set("RecordCount", 5);
-  Page().Render();
-  EXPECT_EQ(Page().Settings().FromRow, 1);
-  EXPECT_EQ(Page().Settings().ToRow, 3);
+TEST(PresetCount, ThatIsTooHighLeavesTheRealRowNumbersBehind) {
+  tests::ItemsPage page(3);
+  page.Set("RecordCount", 5);
+  page.Render();
+  EXPECT_EQ(page.Settings().FromRow, 1);
+  EXPECT_EQ(page.Settings().ToRow, 3);
 }
 
 }  // namespace
