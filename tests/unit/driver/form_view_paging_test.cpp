@@ -5,26 +5,21 @@
 
 #include "support/items.h"
 #include "support/shown_view.h"
+#include "unit/driver/bar_images.h"
 
 namespace dralo::driver {
 namespace {
 
 using tests::ShownView;
-using Images = std::vector<std::string>;
 
 /// Over 45 items, with the bar at the top, which says what stands below before it is written.
-struct FormView : ::testing::Test {
-  tests::ItemsPage page{45};
-  FormView() { Set("DisplayNavBar", "top"); }
-
-  void Set(std::string_view name, const char* text) { page.view.Set(name, std::string(text)); }
-  void Set(std::string_view name, bool flag) { page.view.Set(name, flag); }
-  void Set(std::string_view name, int number) { page.view.Set(name, std::int64_t{number}); }
+struct FormView : testing::Test, tests::ItemsPage {
+  FormView() : ItemsPage(45) { Set("DisplayNavBar", "top"); }
 
   /// As a link in the grid leads to it.
-  void OpenFromGrid() { page.Ask("FormDisplay", "formOneRec"); }
+  void OpenFromGrid() { Ask("FormDisplay", "formOneRec"); }
 
-  void Show() { shown = tests::ReadView(body = page.Render(), "1"); }
+  void Show() { shown = tests::ReadView(body = Render(), "1"); }
 
   std::string Posted(const std::string& key) const {
     for (const ShownView::Control& control : shown.controls) {
@@ -48,8 +43,8 @@ class PagingInTheFormView : public FormView, public ::testing::WithParamInterfac
 
 TEST_P(PagingInTheFormView, MovesByOneRecordWhateverThePageSizeOfTheGrid) {
   OpenFromGrid();
-  page.Ask("CurrRecord", GetParam().from);
-  page.Ask(GetParam().button, "1");
+  Ask("CurrRecord", GetParam().from);
+  Ask(GetParam().button, "1");
   Show();
   EXPECT_EQ(Posted("CurrRecord"), GetParam().to);
   EXPECT_EQ(Posted("maxrecords"), "20");
@@ -59,8 +54,8 @@ TEST_P(PagingInTheFormView, MovesByOneRecordWhateverThePageSizeOfTheGrid) {
 TEST_P(PagingInTheFormView, MovesByOneRecordWithSeveralOnAPage) {
   Set("DisplayType", "form");
   Set("RecordsPerPage", 3);
-  page.Ask("CurrRecord", GetParam().from);
-  page.Ask(GetParam().button, "1");
+  Ask("CurrRecord", GetParam().from);
+  Ask(GetParam().button, "1");
   Show();
   EXPECT_EQ(Posted("CurrRecord"), GetParam().to);
 }
@@ -70,109 +65,63 @@ INSTANTIATE_TEST_SUITE_P(Buttons, PagingInTheFormView,
                                            Step{"PREV.x", "1", "1"}, Step{"FIRST.x", "21", "1"},
                                            Step{"LAST.x", "21", "45"}, Step{"NEXT.x", "45", "45"}));
 
-TEST_F(FormView, OfSeveralRecordsCountsThemInTheBar) {
-  Set("DisplayType", "form");
-  Set("RecordsPerPage", 3);
-  page.Ask("CurrRecord", "4");
+struct Place {
+  const char* name;
+  tests::Script script;
+  tests::Asked asked;
+  const char* record;
+  const char* counter;
+  Images images;
+};
+
+class PlaceInTheFormView : public FormView, public testing::WithParamInterface<Place> {};
+
+TEST_P(PlaceInTheFormView, IsThatOfTheRecord) {
+  Set(GetParam().script);
+  Ask(GetParam().asked);
   Show();
-  EXPECT_EQ(shown.bars.at(0).counter, "Records (4..6) of 45");
+  EXPECT_EQ(Posted("CurrRecord"), GetParam().record);
+  EXPECT_EQ(shown.bars.at(0).counter, GetParam().counter);
+  EXPECT_EQ(shown.bars.at(0).images, GetParam().images);
 }
 
-TEST_F(FormView, OfTheLastOfSeveralRecordsShowsThatOneAlone) {
-  Set("DisplayType", "form");
-  Set("RecordsPerPage", 3);
-  page.Ask("LAST.x", "1");
-  Show();
-  EXPECT_EQ(shown.bars.at(0).counter, "Record 45 of 45");
-}
+const std::pair<std::string_view, std::string_view> kFromGrid = {"FormDisplay", "formOneRec"};
+const tests::Script kThreeRecords = {{"DisplayType", "form"}, {"RecordsPerPage", 3}};
+const tests::Script kUncounted = {{"CountRecords", false}, {"DisplayNavBar", "bottom"}};
 
-TEST_F(FormView, ShowsTheRecordOfTheBookmark) {
-  OpenFromGrid();
-  page.Ask("CurrRecord", "21");
-  page.Ask("BookMark", "27");
-  Show();
-  EXPECT_EQ(Posted("CurrRecord"), "27");
-  EXPECT_EQ(shown.bars.at(0).counter, "Record 27 of 45");
-}
+// clang-format off
+const Place kPlaces[] = {
+    {"OfSeveralRecords", kThreeRecords, {{"CurrRecord", "4"}}, "4", "Records (4..6) of 45", kEverywhere},
+    {"OfTheLastOfSeveralWhichIsShownAlone", kThreeRecords, {{"LAST.x", "1"}}, "45", "Record 45 of 45", kBack},
+    {"OfTheBookmark", {}, {kFromGrid, {"CurrRecord", "21"}, {"BookMark", "27"}},
+     "27", "Record 27 of 45", kEverywhere},
+    {"OfTheFirstForABookmarkBelowIt", {}, {kFromGrid, {"CurrRecord", "21"}, {"BookMark", "-2147483648"}},
+     "1", "Record 1 of 45", kForward},
+    {"OfTheFirstUncountedForABookmarkBelowIt", kUncounted, {kFromGrid, {"BookMark", "-7"}},
+     "1", "Record 1", kNextOnly},
+    {"OfTheLastForABookmarkBehindIt", {}, {kFromGrid, {"BookMark", "2147483647"}},
+     "45", "Record 45 of 45", kBack},
+    {"OfTheFirst", {}, {kFromGrid}, "1", "Record 1 of 45", kForward},
+    {"BeforeTheLast", {}, {kFromGrid, {"CurrRecord", "44"}}, "44", "Record 44 of 45", kEverywhere},
+    {"OfTheLast", {}, {kFromGrid, {"CurrRecord", "45"}}, "45", "Record 45 of 45", kBack},
+    {"BeforeTheLimit", {{"RecordsMaxLimit", 30}}, {kFromGrid, {"CurrRecord", "29"}},
+     "29", "Record 29 of 45", kEverywhere},
+    {"AtTheLimit", {{"RecordsMaxLimit", 30}}, {kFromGrid, {"CurrRecord", "30"}},
+     "30", "Record 30 of 45", kBack},
+    {"OfTheLastBeforeALimitIsAtTheLimit", {{"RecordsMaxLimit", 30}}, {kFromGrid, {"LAST.x", "1"}},
+     "30", "Record 30 of 30", kBack},
+    {"OfTheLastUncountedIsCountedFirst", kUncounted, {kFromGrid, {"LAST.x", "1"}},
+     "45", "Record 45 of 45", kBack},
+    {"BeforeTheLastUncounted", kUncounted, {kFromGrid, {"CurrRecord", "44"}},
+     "44", "Record 44", kAnywhereButToTheLast},
+};
+// clang-format on
 
-TEST_F(FormView, ShowsTheFirstRecordForABookmarkBelowIt) {
-  OpenFromGrid();
-  page.Ask("CurrRecord", "21");
-  page.Ask("BookMark", "-2147483648");
-  Show();
-  EXPECT_EQ(Posted("CurrRecord"), "1");
-}
-
-TEST_F(FormView, ShowsTheFirstOfUncountedRecordsForABookmarkBelowIt) {
-  Set("CountRecords", false);
-  OpenFromGrid();
-  page.Ask("BookMark", "-7");
-  Show();
-  EXPECT_EQ(Posted("CurrRecord"), "1");
-}
-
-TEST_F(FormView, ShowsTheLastRecordForABookmarkBehindIt) {
-  OpenFromGrid();
-  page.Ask("BookMark", "2147483647");
-  Show();
-  EXPECT_EQ(Posted("CurrRecord"), "45");
-}
-
-TEST_F(FormView, GoesToEveryRecordButTheOnesAtTheEnds) {
-  OpenFromGrid();
-  Show();
-  EXPECT_EQ(shown.bars.at(0).images, (Images{"firstpgd.gif", "prevpgd.gif", "nextpg.gif", "lastpg.gif"}));
-
-  page.Ask("CurrRecord", "44");
-  Show();
-  EXPECT_EQ(shown.bars.at(0).images, (Images{"firstpg.gif", "prevpg.gif", "nextpg.gif", "lastpg.gif"}));
-
-  page.page.query.back().value = "45";
-  Show();
-  EXPECT_EQ(shown.bars.at(0).images, (Images{"firstpg.gif", "prevpg.gif", "nextpgd.gif", "lastpgd.gif"}));
-}
-
-TEST_F(FormView, GoesNoFurtherThanTheRecordLimit) {
-  Set("RecordsMaxLimit", 30);
-  OpenFromGrid();
-  page.Ask("CurrRecord", "29");
-  Show();
-  EXPECT_EQ(shown.bars.at(0).images, (Images{"firstpg.gif", "prevpg.gif", "nextpg.gif", "lastpg.gif"}));
-  EXPECT_EQ(shown.bars.at(0).counter, "Record 29 of 45");
-
-  page.page.query.back().value = "30";
-  Show();
-  EXPECT_EQ(shown.bars.at(0).images, (Images{"firstpg.gif", "prevpg.gif", "nextpgd.gif", "lastpgd.gif"}));
-}
-
-TEST_F(FormView, OfTheLastRecordBehindALimitIsTheOneAtTheLimit) {
-  Set("RecordsMaxLimit", 30);
-  OpenFromGrid();
-  page.Ask("LAST.x", "1");
-  Show();
-  EXPECT_EQ(Posted("CurrRecord"), "30");
-  EXPECT_EQ(shown.bars.at(0).counter, "Record 30 of 30");
-}
-
-TEST_F(FormView, OfTheLastOfUncountedRecordsCountsThemFirst) {
-  Set("CountRecords", false);
-  OpenFromGrid();
-  page.Ask("LAST.x", "1");
-  Show();
-  EXPECT_EQ(Posted("CurrRecord"), "45");
-}
-
-TEST_F(FormView, GoesOnBehindAnUncountedRecordThatIsNotTheLast) {
-  Set("CountRecords", false);
-  Set("DisplayNavBar", "bottom");
-  OpenFromGrid();
-  page.Ask("CurrRecord", "44");
-  Show();
-  EXPECT_EQ(shown.bars.at(0).images, (Images{"firstpg.gif", "prevpg.gif", "nextpg.gif", "lastpgd.gif"}));
-}
+INSTANTIATE_TEST_SUITE_P(Records, PlaceInTheFormView, testing::ValuesIn(kPlaces),
+                         [](const auto& place) { return std::string(place.param.name); });
 
 TEST_F(FormView, KeepsTheRequestedDisplayAsItWasPosted) {
-  page.Ask("FormDisplay", " formonerec ");
+  Ask("FormDisplay", " formonerec ");
   Show();
   EXPECT_EQ(Posted("FormDisplay"), "formonerec");
 }
@@ -180,7 +129,7 @@ TEST_F(FormView, KeepsTheRequestedDisplayAsItWasPosted) {
 TEST_F(FormView, IsLeftWhenTheNextRequestDoesNotAskForIt) {
   OpenFromGrid();
   Show();
-  page.page.query.clear();
+  page.query.clear();
   Show();
   EXPECT_EQ(Posted("FormDisplay"), "");
   EXPECT_EQ(shown.rows.size(), 20U);
@@ -188,7 +137,7 @@ TEST_F(FormView, IsLeftWhenTheNextRequestDoesNotAskForIt) {
 
 TEST_F(FormView, HasAListLinkBackToTheGridAtItsRecord) {
   OpenFromGrid();
-  page.Ask("CurrRecord", "27");
+  Ask("CurrRecord", "27");
   Show();
   EXPECT_NE(body.find("<a class=\"DRLOTableNavBar\" href=\"/p?Morvu1CurrRecord=27&Morvu1CountRecords=on"
                       "&Morvu1maxrecords=20&Morvu1OrderByFields=\">List</a>"),
