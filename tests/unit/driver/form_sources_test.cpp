@@ -14,36 +14,28 @@ constexpr char kFewCustomers[] =
     "INSERT INTO Customers VALUES(1,'Ada'),(2,'Bo'),(3,'Cy'),(4,'Di')";
 constexpr char kEditSql[] = "SELECT ID, Name FROM Customers";
 
-struct FormSources : ::testing::Test {
-  tests::ViewPage shop{kFewCustomers};
+struct FormSources : testing::Test, tests::ViewPage {
   std::string body;
 
-  FormSources() {
+  FormSources() : ViewPage(kFewCustomers) {
     Set("EditSQL", kEditSql);
     Set("EditOptions", "UPDATE");
     Set("EditPrimaryKeys", "ID");
   }
 
-  void Set(std::string_view name, const char* text) { shop.view.Set(name, std::string(text)); }
-
   /// A recordset of all customers that the page opened.
   std::shared_ptr<platform::Recordset> Supply() {
-    auto connection = platform::Create<platform::Connection>(tests::TestEnvironment(), "ADODB.Connection");
-    connection->Open(shop.database.ConnectionString());
-    auto supplied = platform::Create<platform::Recordset>(tests::TestEnvironment(), "ADODB.Recordset");
-    supplied->Open("SELECT ID, Name FROM Customers ORDER BY ID", connection);
-    shop.view.Set("ADORecordset", platform::ObjectPtr(supplied));
+    auto supplied = OpenRecordset("SELECT ID, Name FROM Customers ORDER BY ID");
+    Set("ADORecordset", supplied);
     return supplied;
   }
 
   /// Opens the one-record view by the key and the number that a link of the grid carries.
   void Open(const char* key, const char* number, bool edit = false) {
-    shop.page.query.clear();
-    shop.Ask("FormDisplay", "formOneRec");
-    shop.Ask("PK", key);
-    shop.Ask("CurrRecord", number);
-    if (edit) shop.Ask("FormEdit", "1");
-    body = shop.Render();
+    page.query.clear();
+    Ask({{"FormDisplay", "formOneRec"}, {"PK", key}, {"CurrRecord", number}});
+    if (edit) Ask("FormEdit", "1");
+    body = Render();
   }
 
   bool Has(std::string_view text) const { return body.find(text) != body.npos; }
@@ -61,8 +53,8 @@ TEST_F(FormSources, OfCommandsAreViewedByTheNumber) {
     Open("4", "2");
     EXPECT_TRUE(Has(shown)) << command << body;
     EXPECT_TRUE(Has("</form>")) << command;
-    EXPECT_EQ(shop.ErrorMessage().find(" in GetSqlPK"), std::string::npos) << shop.ErrorMessage();
-    EXPECT_EQ(shop.ErrorMessage().find(" in WriteHTMLTable"), std::string::npos) << shop.ErrorMessage();
+    EXPECT_EQ(ErrorMessage().find(" in GetSqlPK"), std::string::npos) << ErrorMessage();
+    EXPECT_EQ(ErrorMessage().find(" in WriteHTMLTable"), std::string::npos) << ErrorMessage();
   }
 }
 
@@ -74,7 +66,7 @@ TEST_F(FormSources, OfCommandsAreEditedByTheKey) {
     Set("sql", command);
     Open("4", "2", true);
     EXPECT_TRUE(Has("value=\"Di\"")) << command << body;
-    EXPECT_EQ(shop.ErrorMessage(), "") << command;
+    EXPECT_EQ(ErrorMessage(), "") << command;
   }
 }
 
@@ -82,19 +74,19 @@ TEST_F(FormSources, OfASuppliedRecordsetAreViewedByTheNumberAndEditedByTheKey) {
   Supply();
   Open("4", "2");
   EXPECT_TRUE(Has("<td>Bo</td>")) << body;
-  EXPECT_EQ(shop.ErrorMessage(), "");
+  EXPECT_EQ(ErrorMessage(), "");
 
   Supply();
   Open("4", "2", true);
   EXPECT_TRUE(Has("value=\"Di\"")) << body;
-  EXPECT_EQ(shop.ErrorMessage(), "");
+  EXPECT_EQ(ErrorMessage(), "");
 }
 
 TEST_F(FormSources, AreNotMovedWhenTheKeySaysWhatIsShown) {
   const auto supplied = Supply();
   Open("4", "3", true);
   EXPECT_EQ(platform::Own(supplied->Fields()[0]->Value()), platform::Variant(std::int64_t{1}));
-  EXPECT_EQ(shop.view.GetSettings().FromRow, 3);
+  EXPECT_EQ(view.GetSettings().FromRow, 3);
 }
 
 TEST_F(FormSources, AreNotCutToTheCountWhenTheKeySaysWhatIsShown) {

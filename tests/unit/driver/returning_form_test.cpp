@@ -8,34 +8,28 @@
 namespace dralo::driver {
 namespace {
 
-constexpr char kCustomers[] =
+constexpr char kThreeCustomers[] =
     "CREATE TABLE Customers(ID INTEGER PRIMARY KEY, Name VARCHAR(40) NOT NULL, Secret VARCHAR(40));"
     "INSERT INTO Customers VALUES(1,'Ada','s1'),(2,'Bo','s2'),(3,'Cy','s3')";
 
-struct ReturningForm : ::testing::Test {
-  tests::ViewPage shop{kCustomers};
+struct ReturningForm : testing::Test, tests::ViewPage {
   std::string body;
 
-  ReturningForm() {
+  ReturningForm() : ViewPage(kThreeCustomers) {
     Set("sql", "SELECT ID, Name FROM Customers");
     Set("EditSQL", "SELECT ID, Name, Secret FROM Customers");
     Set("EditOptions", "ADD UPDATE");
     Set("EditPrimaryKeys", "ID");
-    shop.Ask("FormDisplay", "formOneRec");
-  }
-
-  void Set(std::string_view name, const char* text) { shop.view.Set(name, std::string(text)); }
-  void Post(const std::string& name, const std::string& value) {
-    shop.page.form.push_back({"Morvu1" + name, value});
+    Ask("FormDisplay", "formOneRec");
   }
 
   void Save(const char* id, const char* name, const char* secret) {
-    Post("FormUpdate", "Save");
-    Post("FormEdit", "");
-    Post("_Form_ID", id);
-    Post("_Form_Name", name);
-    Post("_Form_Secret", secret);
-    body = shop.Render();
+    Post({{"FormUpdate", "Save"},
+          {"FormEdit", ""},
+          {"_Form_ID", id},
+          {"_Form_Name", name},
+          {"_Form_Secret", secret}});
+    body = Render();
   }
 
   bool Has(std::string_view text) const { return body.find(text) != body.npos; }
@@ -49,15 +43,15 @@ struct ReturningForm : ::testing::Test {
 TEST_F(ReturningForm, ToAddIsShownWhereNothingCanBeAdded) {
   Set("EditSQL", "SELECT c.ID, c.Name, d.Secret FROM Customers c, Customers d WHERE c.ID = d.ID");
   Post("FormAdd", "Add");
-  body = shop.Render();
+  body = Render();
   EXPECT_TRUE(ShowsTyped("", "", "")) << body;
-  EXPECT_NE(shop.ErrorMessage().find(" in WriteHTMLTable.<br>"), std::string::npos) << shop.ErrorMessage();
+  EXPECT_NE(ErrorMessage().find(" in WriteHTMLTable.<br>"), std::string::npos) << ErrorMessage();
 
-  shop.page.form.clear();
+  page.form.clear();
   Post("FormInsert", "1");
   Save("9", "Ed", "mine");
   EXPECT_TRUE(ShowsTyped("9", "Ed", "mine")) << body;
-  EXPECT_NE(shop.ErrorMessage().find("Recordset does not support the AddNew method. "), std::string::npos);
+  EXPECT_NE(ErrorMessage().find("Recordset does not support the AddNew method. "), std::string::npos);
 }
 
 TEST_F(ReturningForm, OfAKeyThatTheDatabaseRefusesHasWhatWasTyped) {
@@ -68,7 +62,7 @@ TEST_F(ReturningForm, OfAKeyThatTheDatabaseRefusesHasWhatWasTyped) {
 }
 
 TEST_F(ReturningForm, OfARecordThatIsGoneWithAllOthersHasWhatWasTyped) {
-  shop.database.Run("DELETE FROM Customers");
+  database.Run("DELETE FROM Customers");
   Post("PK", "2");
   Save("2", "Ed", "mine");
   EXPECT_TRUE(ShowsTyped("2", "Ed", "mine")) << body;
@@ -79,25 +73,24 @@ TEST_F(ReturningForm, OfAPageWithoutKeysHasWhatWasTyped) {
   Set("EditPrimaryKeys", "");
   Save("2", "Ed", "mine");
   EXPECT_TRUE(ShowsTyped("2", "Ed", "mine")) << body;
-  EXPECT_EQ(shop.ErrorMessage(), "Dralo property EditPrimaryKeys must be set!<br>");
+  EXPECT_EQ(ErrorMessage(), "Dralo property EditPrimaryKeys must be set!<br>");
 }
 
 TEST_F(ReturningForm, OfTwoEqualRecordsSaysThatNoneWasChanged) {
-  shop.database.Run("CREATE TABLE Notes(ID INT, Name TEXT); INSERT INTO Notes VALUES(1,'a'),(1,'a')");
+  database.Run("CREATE TABLE Notes(ID INT, Name TEXT); INSERT INTO Notes VALUES(1,'a'),(1,'a')");
   Set("sql", "SELECT ID, Name FROM Notes");
   Set("EditSQL", "SELECT ID, Name FROM Notes");
   Post("PK", "1");
   Save("1", "b", "");
   EXPECT_TRUE(Has("<textarea") && Has(">b</textarea>") && Has("</form>")) << body;
-  EXPECT_TRUE(shop.ErrorMessage().starts_with("Update failed: Several records are equal"))
-      << shop.ErrorMessage();
-  EXPECT_EQ(shop.database.Value("SELECT group_concat(Name) FROM Notes"), "a,a");
+  EXPECT_TRUE(ErrorMessage().starts_with("Update failed: Several records are equal")) << ErrorMessage();
+  EXPECT_EQ(database.Value("SELECT group_concat(Name) FROM Notes"), "a,a");
 }
 
 TEST(EditFormByNumber, HasControlsForTheTypesOfItsOwnRecord) {
   tests::ViewPage shop("CREATE TABLE T(ID INTEGER PRIMARY KEY, V); INSERT INTO T VALUES(1,'text'),(2,5)");
-  shop.view.Set("sql", std::string("SELECT ID, V FROM T"));
-  shop.view.Set("EditOptions", std::string("UPDATE NOVIEW"));
+  shop.Set("sql", "SELECT ID, V FROM T");
+  shop.Set("EditOptions", "UPDATE NOVIEW");
   shop.Ask("FormDisplay", "formOneRec");
   shop.Ask("CurrRecord", "2");
   const std::string number = shop.Render();
