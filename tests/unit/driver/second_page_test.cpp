@@ -32,6 +32,12 @@ struct KeptView {
     return page.Body();
   }
 
+  void SupplyItems() {
+    auto recordset = platform::Create<platform::Recordset>(TestEnvironment(), "ADODB.Recordset");
+    recordset->Open("SELECT * FROM Items", connection->Connection());
+    view.Set("ADORecordset", platform::ObjectPtr(recordset));
+  }
+
   const std::string& ErrorMessage() const { return view.GetSettings().ErrorMessage; }
 
   tests::TemporaryDatabase database;
@@ -40,88 +46,77 @@ struct KeptView {
   component::DbView view;
 };
 
-std::shared_ptr<platform::Recordset> Items(const KeptView& kept) {
-  auto recordset = platform::Create<platform::Recordset>(TestEnvironment(), "ADODB.Recordset");
-  recordset->Open("SELECT * FROM Items", kept.connection->Connection());
-  return recordset;
+struct SecondPage : testing::Test, KeptView {
+  SecondPage() : KeptView(3) {}
+};
+
+TEST_F(SecondPage, RunsACommandAgain) {
+  view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 3));
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 3));
+  EXPECT_EQ(ErrorMessage(), "");
 }
 
-TEST(SecondPage, RunsACommandAgain) {
-  KeptView kept(3);
-  kept.view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 3));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 3));
-  EXPECT_EQ(kept.ErrorMessage(), "");
-}
-
-TEST(SecondPage, RunsACommandOnTheConnectionThatTheViewHasThen) {
-  KeptView kept(3);
-  kept.view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
-  kept.Page();
+TEST_F(SecondPage, RunsACommandOnTheConnectionThatTheViewHasThen) {
+  view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
+  Page();
   const tests::TemporaryDatabase other(tests::ViewPage::ItemsTable(2));
-  kept.view.Set("RecordCount", std::int64_t{-1});
-  kept.view.Set("ConnectionString", other.ConnectionString());
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 2));
+  view.Set("RecordCount", std::int64_t{-1});
+  view.Set("ConnectionString", other.ConnectionString());
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 2));
 }
 
-TEST(SecondPage, RunsASuppliedCommandAgainAndLeavesItAsThePageMadeIt) {
-  KeptView kept(9);
-  const auto command = std::make_shared<platform::Command>();
-  command->command_text = "SELECT * FROM Items WHERE ID>?";
-  command->parameters = {std::int64_t{6}};
-  kept.view.Set("StoredProcCommand", platform::ObjectPtr(command));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(7, 9));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(7, 9));
+TEST_F(SecondPage, RunsASuppliedCommandAgainAndLeavesItAsThePageMadeIt) {
+  const auto command = tests::MakeCommand("SELECT * FROM Items WHERE ID>?", {std::int64_t{1}});
+  view.Set("StoredProcCommand", platform::ObjectPtr(command));
+  EXPECT_EQ(ItemsShown(Page()), Range(2, 3));
+  EXPECT_EQ(ItemsShown(Page()), Range(2, 3));
   EXPECT_EQ(command->active_connection, nullptr);
 }
 
-TEST(SecondPage, HasNoSuppliedRecordsetUntilItGetsOne) {
-  KeptView kept(3);
-  kept.view.Set("ADORecordset", platform::ObjectPtr(Items(kept)));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 3));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 0));
-  EXPECT_EQ(kept.ErrorMessage(), "The statement is empty in WriteHTMLTable.<br>");
-  kept.view.Set("ADORecordset", platform::ObjectPtr(Items(kept)));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 3));
-  EXPECT_EQ(kept.ErrorMessage(), "");
+TEST_F(SecondPage, HasNoSuppliedRecordsetUntilItGetsOne) {
+  SupplyItems();
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 3));
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 0));
+  EXPECT_EQ(ErrorMessage(), "The statement is empty in WriteHTMLTable.<br>");
+  SupplyItems();
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 3));
+  EXPECT_EQ(ErrorMessage(), "");
 }
 
-TEST(SecondPage, ExportsACommandAgain) {
-  KeptView kept(3);
-  kept.view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
-  kept.Page();
+TEST_F(SecondPage, ExportsACommandAgain) {
+  view.Set("sql", std::string("WITH A AS (SELECT * FROM Items) SELECT * FROM A"));
+  Page();
   dralo::Page page("/p", "Morvu1ToExcel.x=3");
-  kept.view.OnStartPage(page);
-  EXPECT_THROW(kept.view.WriteHtmlTable(), dralo::Page::Ended);
+  view.OnStartPage(page);
+  EXPECT_THROW(view.WriteHtmlTable(), dralo::Page::Ended);
   EXPECT_EQ(ItemsShown(page.Body()), Range(1, 3));
 }
 
-TEST(SecondPage, NeedsANewConnectionStringWhenTheFirstHadOne) {
-  KeptView kept(3);
-  kept.view.Set("ConnectionString", kept.database.ConnectionString());
-  kept.view.Set("sql", std::string("SELECT * FROM Items"));
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 3));
-  kept.Page();
-  EXPECT_EQ(kept.ErrorMessage(),
+TEST_F(SecondPage, NeedsANewConnectionStringWhenTheFirstHadOne) {
+  view.Set("ConnectionString", database.ConnectionString());
+  view.Set("sql", std::string("SELECT * FROM Items"));
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 3));
+  Page();
+  EXPECT_EQ(ErrorMessage(),
             "There is no database connection: set ConnectionString or DrConnection in WriteHTMLTable.<br>");
 }
 
-TEST(SecondPage, BeginsWithoutMessagesAndRowsOfTheFirst) {
-  KeptView kept(3);
-  kept.view.Set("sql", std::string("SELECT * FROM Items"));
-  kept.Page();
-  EXPECT_EQ(kept.view.GetSettings().ToRow, 3);
-  EXPECT_EQ(kept.view.CurrentRecord(1), platform::Variant(std::int64_t{1}));
+TEST_F(SecondPage, BeginsWithoutMessagesAndRowsOfTheFirst) {
+  view.Set("sql", std::string("SELECT * FROM Items"));
+  Page();
+  EXPECT_EQ(view.GetSettings().ToRow, 3);
+  EXPECT_EQ(view.CurrentRecord(1), platform::Variant(std::int64_t{1}));
   dralo::Page second("/p", "Morvu1maxrecords=many");
-  kept.view.OnStartPage(second);
-  EXPECT_EQ(kept.view.GetSettings().FromRow, 0);
-  EXPECT_EQ(kept.view.GetSettings().ToRow, 0);
-  EXPECT_EQ(kept.view.CurrentRecord(1), platform::Variant(std::string()));
-  kept.view.WriteHtmlTable();
-  EXPECT_NE(kept.ErrorMessage(), "");
-  kept.view.OnEndPage();
-  EXPECT_EQ(ItemsShown(kept.Page()), Range(1, 3));
-  EXPECT_EQ(kept.ErrorMessage(), "");
+  view.OnStartPage(second);
+  EXPECT_EQ(view.GetSettings().FromRow, 0);
+  EXPECT_EQ(view.GetSettings().ToRow, 0);
+  EXPECT_EQ(view.CurrentRecord(1), platform::Variant(std::string()));
+  view.WriteHtmlTable();
+  EXPECT_NE(ErrorMessage(), "");
+  view.OnEndPage();
+  EXPECT_EQ(ItemsShown(Page()), Range(1, 3));
+  EXPECT_EQ(ErrorMessage(), "");
 }
 
 TEST(FirstPage, KeepsMessagesFromBeforeIt) {
