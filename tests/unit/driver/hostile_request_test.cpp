@@ -15,20 +15,15 @@ namespace {
 
 using tests::FakePage;
 
-constexpr char kAllItems[] = "SELECT * FROM Items";
 constexpr int kRows = 45;
 
 struct Site {
   const char* name;
-  void (*configure)(component::DbView& view);
+  tests::Script script;
   const char* statements = "";
 };
 
 void PrintTo(const Site& site, std::ostream* out) { *out << site.name; }
-
-void SetText(component::DbView& view, std::string_view name, const char* text) {
-  view.Set(name, std::string(text));
-}
 
 /// How a request was answered.
 struct Answer {
@@ -77,8 +72,8 @@ class Attack : public ::testing::TestWithParam<Site> {
     component::DbView view(tests::TestEnvironment());
     view.OnStartPage(page);
     view.Set("ConnectionString", database_.ConnectionString());
-    SetText(view, "sql", kAllItems);
-    GetParam().configure(view);
+    view.Set("sql", std::string("SELECT * FROM Items"));
+    for (const tests::Setting& setting : GetParam().script) view.Set(setting.property, setting.value);
     Answer answer;
     try {
       view.WriteHtmlTable();
@@ -131,63 +126,43 @@ TEST_P(Attack, OfAnyKindGivesAPageOrAMessageAndLeavesNothingBehind) {
   EXPECT_GT(messages, 20);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Sites, Attack,
-    ::testing::Values(Site{"plain", [](component::DbView&) {}},
-                      Site{"uncounted", [](component::DbView& view) { view.Set("CountRecords", false); }},
-                      Site{"decorated",
-                           [](component::DbView& view) {
-                             SetText(view, "DisplayNavBar", "both");
-                             SetText(view, "EditOptions", "ADD");
-                             view.Set("DisplayRecordsPerPageSelect", true);
-                             view.Set("RecordsMaxLimit", std::int64_t{30});
-                             view.Set("EditPerformUpdates", false);
-                           }},
-                      Site{"long tag",
-                           [](component::DbView& view) {
-                             SetText(view, "Tag", "12");
-                             view.Set("UseCSS", false);
-                           }},
-                      Site{"form",
-                           [](component::DbView& view) {
-                             SetText(view, "DisplayType", "form");
-                             SetText(view, "EditOptions", "ADD UPDATE");
-                             view.Set("RecordsPerPage", std::int64_t{3});
-                           }},
-                      Site{"edited",
-                           [](component::DbView& view) {
-                             SetText(view, "DisplayType", "form");
-                             SetText(view, "EditOptions", "ALL");
-                             SetText(view, "EditPrimaryKeys", "Name");
-                             SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
-                             SetText(view, "EditFieldsReadOnly", "*");
-                             SetText(view, "DeleteSQL", "DELETE FROM Items");
-                           }},
-                      Site{"never saved",
-                           [](component::DbView& view) {
-                             SetText(view, "EditOptions", "ALL NOVIEW");
-                             SetText(view, "EditPrimaryKeys", "Name");
-                             SetText(view, "EditSQL", "SELECT Name, ID FROM Items");
-                             SetText(view, "EditFieldsReadOnly", "ID");
-                           },
-                           "CREATE TRIGGER Added BEFORE INSERT ON Items "
-                           "BEGIN SELECT RAISE(ABORT, 'no'); END;"
-                           "CREATE TRIGGER Changed BEFORE UPDATE ON Items "
-                           "BEGIN SELECT RAISE(ABORT, 'no'); END"},
-                      Site{"command",
-                           [](component::DbView& view) {
-                             SetText(view, "sql", "WITH A AS (SELECT * FROM Items) SELECT * FROM A");
-                           }}),
-    [](const auto& site) {
-      std::string name = site.param.name;
-      std::erase(name, ' ');
-      return name;
-    });
+const Site kSites[] = {
+    {"plain", {}},
+    {"uncounted", {{"CountRecords", false}}},
+    {"decorated",
+     {{"DisplayNavBar", "both"},
+      {"EditOptions", "ADD"},
+      {"DisplayRecordsPerPageSelect", true},
+      {"RecordsMaxLimit", 30},
+      {"EditPerformUpdates", false}}},
+    {"long tag", {{"Tag", "12"}, {"UseCSS", false}}},
+    {"form", {{"DisplayType", "form"}, {"EditOptions", "ADD UPDATE"}, {"RecordsPerPage", 3}}},
+    {"edited",
+     {{"DisplayType", "form"},
+      {"EditOptions", "ALL"},
+      {"EditPrimaryKeys", "Name"},
+      {"EditSQL", "SELECT Name, ID FROM Items"},
+      {"EditFieldsReadOnly", "*"},
+      {"DeleteSQL", "DELETE FROM Items"}}},
+    {"never saved",
+     {{"EditOptions", "ALL NOVIEW"},
+      {"EditPrimaryKeys", "Name"},
+      {"EditSQL", "SELECT Name, ID FROM Items"},
+      {"EditFieldsReadOnly", "ID"}},
+     "CREATE TRIGGER Added BEFORE INSERT ON Items BEGIN SELECT RAISE(ABORT, 'no'); END;"
+     "CREATE TRIGGER Changed BEFORE UPDATE ON Items BEGIN SELECT RAISE(ABORT, 'no'); END"},
+    {"command", {{"sql", "WITH A AS (SELECT * FROM Items) SELECT * FROM A"}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Sites, Attack, ::testing::ValuesIn(kSites), [](const auto& site) {
+  std::string name = site.param.name;
+  std::erase(name, ' ');
+  return name;
+});
 
 /// A page with three of its rows shown on each page.
-struct LargeRequest : ::testing::Test {
-  tests::ItemsPage page{kRows};
-  LargeRequest() { page.view.Set("RecordsPerPage", std::int64_t{3}); }
+struct LargeRequest : ::testing::Test, tests::ItemsPage {
+  LargeRequest() : ItemsPage(kRows) { Set("RecordsPerPage", 3); }
 };
 
 TEST_F(LargeRequest, WithAMegabyteInAKeyIsAnswered) {
@@ -205,8 +180,8 @@ TEST_F(LargeRequest, WithAMegabyteInAKeyIsAnswered) {
 }
 
 TEST_F(LargeRequest, WithAMegabyteInAFieldOfThePageCarriesItOn) {
-  page.page.form.push_back({"Search", std::string(1'000'000, '"')});
-  const std::string body = page.Render();
+  page.form.push_back({"Search", std::string(1'000'000, '"')});
+  const std::string body = Render();
   EXPECT_NE(body.find("Item 3</td>"), body.npos);
   EXPECT_EQ(BrokenOut(body), "");
 }
@@ -218,11 +193,11 @@ TEST_F(LargeRequest, WithThousandsOfFieldsCarriesThemOn) {
     platform::RequestField field = fields.Next();
     const bool belongs_to_a_view = text::EqualIgnoringCase(field.name.substr(0, 5), "Morvu");
     if (belongs_to_a_view) continue;
-    page.page.form.push_back(std::move(field));
+    page.form.push_back(std::move(field));
     ++own;
   }
-  const std::string body = page.Render();
-  EXPECT_EQ(page.ErrorMessage(), "");
+  const std::string body = Render();
+  EXPECT_EQ(ErrorMessage(), "");
   EXPECT_NE(body.find("Item 3</td>"), body.npos);
   EXPECT_EQ(BrokenOut(body), "");
   const auto is_input = [](const tests::Element& element) { return element["type"] == "hidden"; };

@@ -29,70 +29,47 @@ TEST_P(RandomWalk, OfFiveHundredClicksAlwaysShowsTheRightPage) { Walk({.name = "
 INSTANTIATE_TEST_SUITE_P(Tables, RandomWalk, ::testing::Values(0, 1, 19, 20, 21, 45, 1'000));
 
 const Variant kVariants[] = {
-    {.name = "UnknownCount",
-     .configure = [](component::DbView& view) { view.Set("CountRecords", false); },
-     .rules = {.is_counted = false}},
+    {.name = "UnknownCount", .script = {{"CountRecords", false}}, .rules = {.is_counted = false}},
     {.name = "UnknownCountWithoutEnds",
-     .configure =
-         [](component::DbView& view) {
-           view.Set("DisplayNavBarFirstLastBtn", false);
-           view.Set("CountRecords", false);
-         },
+     .script = {{"DisplayNavBarFirstLastBtn", false}, {"CountRecords", false}},
      .rules = {.is_counted = false},
      .has_ends = false},
-    {.name = "Limit",
-     .configure = [](component::DbView& view) { view.Set("RecordsMaxLimit", std::int64_t{50}); },
-     .rules = {.limit = 50}},
+    {.name = "Limit", .script = {{"RecordsMaxLimit", 50}}, .rules = {.limit = 50}},
     {.name = "LimitOfAnUnknownCount",
-     .configure =
-         [](component::DbView& view) {
-           view.Set("CountRecords", false);
-           view.Set("RecordsMaxLimit", std::int64_t{50});
-         },
+     .script = {{"CountRecords", false}, {"RecordsMaxLimit", 50}},
      .rules = {.limit = 50, .is_counted = false}},
-    {.name = "BarAtTheTop", .configure = [](component::DbView& view) { Set(view, "DisplayNavBar", "top"); }},
+    {.name = "BarAtTheTop", .script = {{"DisplayNavBar", "top"}}},
     {.name = "BothBarsAndALimit",
-     .configure =
-         [](component::DbView& view) {
-           Set(view, "DisplayNavBar", "both");
-           view.Set("RecordsMaxLimit", std::int64_t{50});
-           Set(view, "RecordsPerPageSelectPlacement", "bottom");
-         },
+     .script = {{"DisplayNavBar", "both"},
+                {"RecordsMaxLimit", 50},
+                {"RecordsPerPageSelectPlacement", "bottom"}},
      .rules = {.limit = 50},
      .bars = 2},
-    {.name = "WithoutCss", .configure = [](component::DbView& view) { view.Set("UseCSS", false); }},
+    {.name = "WithoutCss", .script = {{"UseCSS", false}}},
     {.name = "AnotherTag", .tags = {"2"}},
     {.name = "TwoViews", .tags = {"1", "2"}},
     {.name = "TwoUncountedViews",
-     .configure = [](component::DbView& view) { view.Set("CountRecords", false); },
+     .script = {{"CountRecords", false}},
      .rules = {.is_counted = false},
      .tags = {"a", "B"},
      .own_fields = {{"Search", "x"}}},
     {.name = "OwnFields",
      .own_fields =
          {{"Search", "5\" <b> & 'x' + 100%"}, {"City[]", "Oslo"}, {"City[]", ""}, {"\"", "\xFF\r\n"}}},
-    {.name = "PostedStatement",
-     .configure = [](component::DbView& view) { view.Set("PersistentSQL", true); },
-     .posts_statement = true},
+    {.name = "PostedStatement", .script = {{"PersistentSQL", true}}, .posts_statement = true},
     {.name = "Command",
-     .configure =
-         [](component::DbView& view) {
-           auto command = std::make_shared<platform::Command>();
-           command->command_text = "SELECT * FROM Items WHERE ID>?";
-           command->parameters = {std::int64_t{0}};
-           view.Set("StoredProcCommand", platform::ObjectPtr(command));
-         }},
+     .script = {{"StoredProcCommand",
+                 tests::MakeCommand("SELECT * FROM Items WHERE ID>?", {std::int64_t{0}})}}},
     {.name = "SuppliedRecordset",
+     .script = {{"GridColsNoSort", "1,2,3"}},
      .configure =
          [](component::DbView& view) {
            auto records = platform::Create<platform::Recordset>(tests::TestEnvironment(), "ADODB.Recordset");
            records->Open(kItems, view.GetSettings().DrConnection->Connection());
            view.Set("ADORecordset", platform::ObjectPtr(records));
-           Set(view, "GridColsNoSort", "1,2,3");
          },
      .rules = {.is_counted = false}},
-    {.name = "WithoutSelect",
-     .configure = [](component::DbView& view) { view.Set("DisplayRecordsPerPageSelect", false); }},
+    {.name = "WithoutSelect", .script = {{"DisplayRecordsPerPageSelect", false}}},
 };
 
 class VariedWalk : public ::testing::TestWithParam<std::tuple<Variant, int>> {};

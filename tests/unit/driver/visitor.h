@@ -26,7 +26,8 @@ inline constexpr char kItems[] = "SELECT ID, City, Amount, Note FROM Items";
 /// A page script that differs from the plain one.
 struct Variant {
   const char* name;
-  void (*configure)(component::DbView& view) = [](component::DbView&) {};
+  tests::Script script = {};
+  void (*configure)(component::DbView& view) = [](component::DbView&) {};  ///< What the script cannot say.
   GridModel::Rules rules = {};
   std::size_t bars = 1;
   bool has_ends = true;  ///< Buttons for the first and the last page.
@@ -34,10 +35,6 @@ struct Variant {
   Fields own_fields = {};  ///< What the page itself was asked for at first, and must be asked for ever after.
   bool posts_statement = false;  ///< The page sets it at first only; later it comes from the request.
 };
-
-inline void Set(component::DbView& view, std::string_view name, const char* text) {
-  view.Set(name, std::string(text));
-}
 
 /// Few cities and amounts, so that most rows have their like.
 inline std::vector<GridModel::Row> Rows(int count) {
@@ -124,9 +121,10 @@ class Visitor {
       view.OnStartPage(page);
       view.Set("Tag", tag);
       view.Set("DrConnection", platform::ObjectPtr(connection_));
-      if (!variant_.posts_statement || request_.empty()) Set(view, "sql", kItems);
+      if (!variant_.posts_statement || request_.empty()) view.Set("sql", std::string(kItems));
       view.Set("DisplayRecordsPerPageSelect", true);
-      Set(view, "RecordsPerPageOptions", "3,10,20,50");
+      view.Set("RecordsPerPageOptions", std::string("3,10,20,50"));
+      for (const tests::Setting& setting : variant_.script) view.Set(setting.property, setting.value);
       variant_.configure(view);
       view.WriteHtmlTable();
       const settings::Settings& settings = view.GetSettings();
