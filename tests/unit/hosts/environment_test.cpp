@@ -13,37 +13,33 @@
 namespace dralo::host {
 namespace {
 
-template <class Class>
-bool Makes(Environment& environment, std::string_view identifier) {
-  return std::dynamic_pointer_cast<Class>(environment.CreateObject(identifier)) != nullptr;
+struct AnEnvironment : testing::Test {
+  Environment environment{"en-US"};
+
+  template <class Class>
+  bool Makes(std::string_view identifier) {
+    return std::dynamic_pointer_cast<Class>(environment.CreateObject(identifier)) != nullptr;
+  }
+};
+
+TEST_F(AnEnvironment, MakesTheObjectsThatPagesUseByTheirIdentifiers) {
+  EXPECT_TRUE(Makes<platform::Connection>("ADODB.Connection"));
+  EXPECT_TRUE(Makes<platform::Recordset>("ADODB.Recordset"));
+  EXPECT_TRUE(Makes<platform::Command>("ADODB.Command"));
+  EXPECT_TRUE(Makes<component::DbView>("Dralo.DbView"));
+  EXPECT_TRUE(Makes<component::DBConnection>("Dralo.DBConnection"));
 }
 
-TEST(Environment, MakesTheObjectsThatPagesUseByTheirIdentifiers) {
-  Environment environment("en-US");
-
-  EXPECT_TRUE(Makes<platform::Connection>(environment, "ADODB.Connection"));
-  EXPECT_TRUE(Makes<platform::Recordset>(environment, "ADODB.Recordset"));
-  EXPECT_TRUE(Makes<platform::Command>(environment, "ADODB.Command"));
-  EXPECT_TRUE(Makes<component::DbView>(environment, "Dralo.DbView"));
-  EXPECT_TRUE(Makes<component::DBConnection>(environment, "Dralo.DBConnection"));
+TEST_F(AnEnvironment, FindsIdentifiersInAnyLetterCase) {
+  EXPECT_TRUE(Makes<platform::Recordset>("adodb.RECORDSET"));
+  EXPECT_TRUE(Makes<component::DbView>("DRALO.dbview"));
 }
 
-TEST(Environment, FindsIdentifiersInAnyLetterCase) {
-  Environment environment("en-US");
-
-  EXPECT_TRUE(Makes<platform::Recordset>(environment, "adodb.RECORDSET"));
-  EXPECT_TRUE(Makes<component::DbView>(environment, "DRALO.dbview"));
-}
-
-TEST(Environment, MakesANewObjectEachTime) {
-  Environment environment("en-US");
-
+TEST_F(AnEnvironment, MakesANewObjectEachTime) {
   EXPECT_NE(environment.CreateObject("ADODB.Connection"), environment.CreateObject("ADODB.Connection"));
 }
 
-TEST(Environment, SaysWhichIdentifierIsNotRegistered) {
-  Environment environment("en-US");
-
+TEST_F(AnEnvironment, SaysWhichIdentifierIsNotRegistered) {
   for (const char* identifier : {"ADODB.Stream", "", "DbView", "Dralo.DbView "}) {
     try {
       environment.CreateObject(identifier);
@@ -54,28 +50,24 @@ TEST(Environment, SaysWhichIdentifierIsNotRegistered) {
   }
 }
 
-TEST(Environment, RefusesAnObjectOfAnotherClassThanTheCallerExpects) {
-  Environment environment("en-US");
-
+TEST_F(AnEnvironment, RefusesAnObjectOfAnotherClassThanTheCallerExpects) {
   EXPECT_NE(platform::Create<platform::Connection>(environment, "ADODB.Connection"), nullptr);
   EXPECT_THROW(platform::Create<platform::Recordset>(environment, "ADODB.Connection"), platform::Error);
 }
 
-TEST(Environment, WritesValuesInTheFormOfItsLocale) {
-  const Environment american("en-US");
+TEST_F(AnEnvironment, WritesValuesInTheFormOfItsLocale) {
   const Environment german("de-DE");
   std::string scratch;
 
-  EXPECT_EQ(american.Regional().Text(1.5, scratch), "1.5");
+  EXPECT_EQ(environment.Regional().Text(1.5, scratch), "1.5");
   EXPECT_EQ(german.Regional().Text(1.5, scratch), "1,5");
 }
 
-TEST(Environment, RefusesALocaleThatDoesNotExist) {
+TEST_F(AnEnvironment, RefusesALocaleThatDoesNotExist) {
   EXPECT_THROW(Environment("no such place!"), platform::Error);
 }
 
-TEST(Environment, MakesRegularExpressions) {
-  Environment environment("en-US");
+TEST_F(AnEnvironment, MakesRegularExpressions) {
   const auto expression = environment.CreateRegExp();
   expression->Compile("b+", {.ignore_case = true, .global = true});
 

@@ -38,82 +38,80 @@ TEST(Page, KnowsItsAddressAndNoOtherServerVariable) {
   EXPECT_EQ(page.GetRequest().ServerVariable("HTTP_HOST"), "");
 }
 
-TEST(Page, CollectsWhatIsWritten) {
-  Page page("/shop.php", "");
-  page.GetResponse().Write("<p>");
-  page.GetResponse().Write("1</p>");
+/// What a rendering does with its page.
+struct WrittenPage : testing::Test {
+  Page page{"/shop.php", ""};
+  Response& response = page.GetResponse();
+};
+
+TEST_F(WrittenPage, CollectsWhatIsWritten) {
+  response.Write("<p>");
+  response.Write("1</p>");
 
   EXPECT_EQ(page.Body(), "<p>1</p>");
 }
 
-TEST(Page, DropsWhatWasCollectedWhenCleared) {
-  Page page("/shop.php", "");
-  page.GetResponse().Write("<p>");
-  page.GetResponse().Clear();
-  page.GetResponse().Write("<b>");
+TEST_F(WrittenPage, DropsWhatWasCollectedWhenCleared) {
+  response.Write("<p>");
+  response.Clear();
+  response.Write("<b>");
 
   EXPECT_EQ(page.Body(), "<b>");
 }
 
-TEST(Page, IsHtmlUntilToldOtherwise) {
-  Page page("/shop.php", "");
+TEST_F(WrittenPage, IsHtmlUntilToldOtherwise) {
   EXPECT_EQ(page.ContentType(), "text/html; charset=utf-8");
 
-  page.GetResponse().SetContentType("application/vnd.ms-excel");
+  response.SetContentType("application/vnd.ms-excel");
   EXPECT_EQ(page.ContentType(), "application/vnd.ms-excel");
 }
 
-TEST(Page, KeepsHeadersInTheirOrder) {
-  Page page("/shop.php", "");
-  page.GetResponse().AddHeader("X-B", "1");
-  page.GetResponse().AddHeader("X-A", "2");
+TEST_F(WrittenPage, KeepsHeadersInTheirOrder) {
+  response.AddHeader("X-B", "1");
+  response.AddHeader("X-A", "2");
 
   using Headers = std::vector<std::pair<std::string, std::string>>;
   EXPECT_EQ(page.Headers(), (Headers{{"X-B", "1"}, {"X-A", "2"}}));
 }
 
-TEST(Page, EndsByAnExceptionThatKeepsWhatWasWritten) {
-  Page page("/shop.php", "");
-  page.GetResponse().Write("<p>");
+TEST_F(WrittenPage, EndsByAnExceptionThatKeepsWhatWasWritten) {
+  response.Write("<p>");
 
-  EXPECT_THROW(page.GetResponse().End(), Page::Ended);
+  EXPECT_THROW(response.End(), Page::Ended);
   EXPECT_EQ(page.Body(), "<p>");
 }
 
-TEST(Page, SendsPiecesOnWithHeadersCompleteInsteadOfCollectingThem) {
-  Page page("/shop.php", "");
+TEST_F(WrittenPage, SendsPiecesOnWithHeadersCompleteInsteadOfCollectingThem) {
   std::vector<std::string> pieces;
   page.send = [&](const Page& sent, std::string_view piece) {
     EXPECT_EQ(sent.ContentType(), "text/plain");
     pieces.emplace_back(piece);
   };
-  page.GetResponse().SetContentType("text/plain");
-  page.GetResponse().Write("one");
-  page.GetResponse().Write("two");
+  response.SetContentType("text/plain");
+  response.Write("one");
+  response.Write("two");
 
   EXPECT_EQ(pieces, (std::vector<std::string>{"one", "two"}));
   EXPECT_EQ(page.Body(), "");
 }
 
-TEST(Page, ChangesNeitherHeadersNorBodyOnceSomethingWasSent) {
-  Page page("/shop.php", "");
+TEST_F(WrittenPage, ChangesNeitherHeadersNorBodyOnceSomethingWasSent) {
   page.send = [](const Page&, std::string_view) {};
-  page.GetResponse().Clear();
-  page.GetResponse().Write("one");
+  response.Clear();
+  response.Write("one");
 
-  EXPECT_THROW(page.GetResponse().Clear(), Error);
-  EXPECT_THROW(page.GetResponse().SetContentType("text/plain"), Error);
-  EXPECT_THROW(page.GetResponse().AddHeader("X-A", "1"), Error);
+  EXPECT_THROW(response.Clear(), Error);
+  EXPECT_THROW(response.SetContentType("text/plain"), Error);
+  EXPECT_THROW(response.AddHeader("X-A", "1"), Error);
   EXPECT_EQ(page.ContentType(), "text/html; charset=utf-8");
   EXPECT_TRUE(page.Headers().empty());
 }
 
-TEST(Page, CountsAsSentWhenSendingFailed) {
-  Page page("/shop.php", "");
+TEST_F(WrittenPage, CountsAsSentWhenSendingFailed) {
   page.send = [](const Page&, std::string_view) { throw std::runtime_error("the client is gone"); };
 
-  EXPECT_THROW(page.GetResponse().Write("one"), std::runtime_error);
-  EXPECT_THROW(page.GetResponse().Clear(), Error);
+  EXPECT_THROW(response.Write("one"), std::runtime_error);
+  EXPECT_THROW(response.Clear(), Error);
 }
 
 }  // namespace
