@@ -1,3 +1,6 @@
+#include <functional>
+#include <utility>
+
 #include "unit/database/sqlite/sqlite_file.h"
 
 namespace dralo::tests {
@@ -32,18 +35,19 @@ TEST_F(SqliteLock, IsHeldWhileRowsAreRead) {
   EXPECT_FALSE(CanBeWritten());
 }
 
-TEST_F(SqliteLock, IsGivenUpWhenTheRecordsetCloses) {
-  const auto recordset = Read(Database(), "SELECT id FROM t");
-  EXPECT_FALSE(recordset->Eof());
-  recordset->Close();
-  EXPECT_TRUE(CanBeWritten());
-}
-
-TEST_F(SqliteLock, IsGivenUpWhenTheRecordsetIsDropped) {
-  auto recordset = Read(Database(), "SELECT id FROM t");
-  EXPECT_FALSE(recordset->Eof());
-  recordset.reset();
-  EXPECT_TRUE(CanBeWritten());
+TEST_F(SqliteLock, IsGivenUpWithTheRecordsetOrTheConnection) {
+  const std::pair<const char*, std::function<void(RecordsetPtr&)>> ends[] = {
+      {"the recordset is closed", [](RecordsetPtr& recordset) { recordset->Close(); }},
+      {"the recordset is dropped", [](RecordsetPtr& recordset) { recordset.reset(); }},
+      {"the connection is closed", [&](RecordsetPtr&) { Database()->Close(); }},
+  };
+  for (const auto& [when, end] : ends) {
+    auto recordset = Read(Database(), "SELECT id FROM t");
+    EXPECT_FALSE(recordset->Eof());
+    EXPECT_FALSE(CanBeWritten()) << when;
+    end(recordset);
+    EXPECT_TRUE(CanBeWritten()) << when;
+  }
 }
 
 TEST_F(SqliteLock, IsGivenUpAtTheEndOfTheRows) {
@@ -55,13 +59,6 @@ TEST_F(SqliteLock, IsGivenUpAtTheEndOfTheRows) {
 TEST_F(SqliteLock, IsGivenUpAtTheRecordLimit) {
   const auto recordset = Read(Database(), "SELECT id FROM t LIMIT 3", 2);
   EXPECT_EQ(Rest(*recordset).size(), 2u);
-  EXPECT_TRUE(CanBeWritten());
-}
-
-TEST_F(SqliteLock, IsGivenUpWhenTheConnectionCloses) {
-  const auto recordset = Read(Database(), "SELECT id FROM t");
-  EXPECT_FALSE(recordset->Eof());
-  Database()->Close();
   EXPECT_TRUE(CanBeWritten());
 }
 
