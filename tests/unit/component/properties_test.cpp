@@ -131,27 +131,28 @@ INSTANTIATE_TEST_SUITE_P(Properties, EveryProperty,
                          ::testing::ValuesIn(DbViewProperties().begin(), DbViewProperties().end()),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(Properties, StandInTheTableOnce) {
+struct Properties : testing::Test {
+  DbView view{TestEnvironment()};
+};
+
+TEST_F(Properties, StandInTheTableOnce) {
   std::set<std::string> names;
   for (const auto& property : DbViewProperties()) names.insert(text::ToUpper(property.name));
   for (const auto& property : DbViewIndexedProperties()) names.insert(text::ToUpper(property.name));
   EXPECT_EQ(names.size(), DbViewProperties().size() + DbViewIndexedProperties().size());
 }
 
-TEST(Properties, OfIntegerTypeRefuseWhatDoesNotFit) {
-  DbView view(TestEnvironment());
+TEST_F(Properties, OfIntegerTypeRefuseWhatDoesNotFit) {
   EXPECT_THROW(view.Set("GridLinkIndex", std::int64_t{40'000}), std::invalid_argument);
   EXPECT_THROW(view.Set("MemoFieldLimit", std::int64_t{3'000'000'000}), std::invalid_argument);
 }
 
-TEST(Properties, OfObjectTypeRefuseAnObjectOfAnotherClass) {
-  DbView view(TestEnvironment());
+TEST_F(Properties, OfObjectTypeRefuseAnObjectOfAnotherClass) {
   EXPECT_THROW(view.Set("DrConnection", TestEnvironment().CreateObject("ADODB.Recordset")),
                std::invalid_argument);
 }
 
-TEST(Properties, OfObjectTypeReadBackTheObject) {
-  DbView view(TestEnvironment());
+TEST_F(Properties, OfObjectTypeReadBackTheObject) {
   const auto connection = TestEnvironment().CreateObject("Dralo.DBConnection");
   view.Set("DrConnection", connection);
   EXPECT_EQ(view.Get("DrConnection"), PropertyValue(connection));
@@ -160,14 +161,12 @@ TEST(Properties, OfObjectTypeReadBackTheObject) {
   EXPECT_EQ(view.Get("StoredProcCommand"), PropertyValue(command));
 }
 
-TEST(Properties, ThatDoNotExistAreRefusedByName) {
-  DbView view(TestEnvironment());
+TEST_F(Properties, ThatDoNotExistAreRefusedByName) {
   EXPECT_THROW(view.Get("Colour"), std::invalid_argument);
   EXPECT_THROW(view.Set("Colour", true), std::invalid_argument);
 }
 
-TEST(Properties, ThatCanOnlyBeSetCannotBeRead) {
-  DbView view(TestEnvironment());
+TEST_F(Properties, ThatCanOnlyBeSetCannotBeRead) {
   EXPECT_THROW(view.Get("ADORecordset"), std::invalid_argument);
 }
 
@@ -176,8 +175,7 @@ TEST(ConnectionStringProperty, ReadsBackAfterItConnected) {
   EXPECT_EQ(shop.view.Get("ConnectionString"), PropertyValue(shop.database.ConnectionString()));
 }
 
-TEST(LanguageProperty, ReadsBackAKnownCode) {
-  DbView view(TestEnvironment());
+TEST_F(Properties, OfALanguageReadBackAKnownCode) {
   view.Set("Language", std::string("GER"));
   EXPECT_EQ(view.Get("Language"), PropertyValue(std::string("GER")));
 }
