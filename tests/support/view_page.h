@@ -50,7 +50,8 @@ inline std::shared_ptr<platform::Command> MakeCommand(const char* text,
 /// A view on a page of its own, connected to a database of its own.
 struct ViewPage {
   /// Runs the statements in the database first.
-  explicit ViewPage(std::string_view statements = {}) : database(statements), view(TestEnvironment()) {
+  explicit ViewPage(std::string_view statements = {}, platform::Environment& environment = TestEnvironment())
+      : database(statements), view(environment) {
     view.OnStartPage(page);
     view.Set("ConnectionString", database.ConnectionString());
   }

@@ -80,25 +80,16 @@ class NotingEnvironment : public platform::Environment {
   Notes& notes_;
 };
 
-struct Opening : ::testing::Test {
-  tests::TemporaryDatabase database;
+struct Noted {
   Notes notes;
-  Calls& calls = notes.calls;
   NotingEnvironment environment{notes};
-  component::DbView view{environment};
-  tests::FakePage page;
+};
 
-  Opening() {
-    view.OnStartPage(page);
-    view.Set("ConnectionString", database.ConnectionString());
-    view.Set("sql", std::string("SELECT V FROM T"));
-  }
-  void Set(std::string_view name, const char* text) { view.Set(name, std::string(text)); }
-  void Set(std::string_view name, bool flag) { view.Set(name, flag); }
-  void Set(std::string_view name, int number) { view.Set(name, std::int64_t{number}); }
-  void Ask(const std::string& name, const std::string& value) {
-    page.query.push_back({"Morvu1" + name, value});
-  }
+struct Opening : testing::Test, Noted, tests::ViewPage {
+  Calls& calls = notes.calls;
+
+  Opening() : ViewPage({}, environment) { Set("sql", "SELECT V FROM T"); }
+
   const Calls& Render() {
     calls.clear();
     view.WriteHtmlTable();
@@ -110,88 +101,73 @@ constexpr char kCounted[] = "counted by SELECT COUNT(*) AS ANT FROM (SELECT V FR
 constexpr char kCount[] =
     "open SELECT COUNT(*) AS ANT FROM (SELECT V FROM T) DRALOALIAS, forward only, read-only";
 constexpr char kOpen[] = "open SELECT V FROM T, forward only, read-only";
+constexpr char kWalkedCommand[] = "run EXEC Top10, static, read-only";
+constexpr char kRunCommand[] = "run EXEC Top10, forward only, optimistic";
 
-TEST_F(Opening, CountsWithTheQueryThatReadsToTheEndOfThePageAndOneRecordMore) {
-  EXPECT_EQ(Render(), (Calls{"at most 21", kCounted, kOpen, "count", "close"}));
+struct OpenedPage {
+  const char* name;
+  tests::Script script;
+  tests::Asked asked;
+  Calls calls;
+};
+
+class OpeningOf : public Opening, public testing::WithParamInterface<OpenedPage> {};
+
+TEST_P(OpeningOf, AsksTheDatabaseForThisAndNoMore) {
+  Set(GetParam().script);
+  Ask(GetParam().asked);
+  EXPECT_EQ(Render(), GetParam().calls);
 }
 
-TEST_F(Opening, ReadsALaterPageFromTheFirstRecordOn) {
-  Ask("CurrRecord", "21");
-  Ask("maxrecords", "10");
-  EXPECT_EQ(Render(), (Calls{"at most 31", kCounted, kOpen, "move 20", "count", "close"}));
-}
+// clang-format off
+const OpenedPage kOpenedPages[] = {
+    {"APageIsCountedByTheQueryThatReadsToItsEndAndOneRecordMore", {}, {},
+     {"at most 21", kCounted, kOpen, "count", "close"}},
+    {"ALaterPageReadsFromTheFirstRecordOn", {}, {{"CurrRecord", "21"}, {"maxrecords", "10"}},
+     {"at most 31", kCounted, kOpen, "move 20", "count", "close"}},
+    {"APageAtTheLimitNeverReadsBeyondIt", {{"RecordsMaxLimit", 25}}, {{"CurrRecord", "21"}},
+     {"at most 25", kCounted, kOpen, "move 20", "count", "close"}},
+    {"ALimitOfZeroReadsOneRecordBecauseZeroWouldMeanAll", {{"RecordsMaxLimit", 0}}, {},
+     {"at most 1", kCounted, kOpen, "count", "close"}},
+    {"ALimitBelowZeroReadsOneRecord", {{"RecordsMaxLimit", -5}}, {},
+     {"at most 1", kCounted, kOpen, "count", "close"}},
+    {"TheHighestNumberReadsNoMoreThanTheLimit", {{"CountRecords", false}}, {{"CurrRecord", "2147483647"}},
+     {"at most 1000000", kOpen, "move 999999", "close"}},
+    {"APageBehindTheLastOpensTheLastInItsPlace", {}, {{"CurrRecord", "61"}},
+     {"at most 81", kCounted, kOpen, "move 60", "count", "close", "at most 81", kOpen, "move 44", "close"}},
+    {"TheLastPageReadsEverything", {}, {{"LAST.x", "1"}},
+     {"at most 1", kCount, "close", "at most 0", kOpen, "move 40", "close"}},
+    {"ASortedPageCountsWithoutTheOrder", {{"OrderByFields", "V"}, {"OrderByDesc", true}}, {},
+     {"at most 21", kCounted, "open SELECT V FROM T ORDER BY V DESC , forward only, read-only", "count",
+      "close"}},
+    {"AKnownCountDoesNotCount", {{"RecordCount", 5}}, {}, {"at most 21", kOpen, "close"}},
+    {"AnUncountedPageDoesNotCount", {{"CountRecords", false}}, {}, {"at most 21", kOpen, "close"}},
+    {"ACommandIsWalkedToCountItAndRunAgain", {{"sql", "EXEC Top10"}}, {},
+     {kWalkedCommand, "close", kRunCommand, "close"}},
+    {"AnUncountedCommandIsRunOnce", {{"sql", "EXEC Top10"}, {"CountRecords", false}}, {},
+     {kRunCommand, "close"}},
+};
+// clang-format on
 
-TEST_F(Opening, NeverReadsBeyondTheRecordLimit) {
-  Set("RecordsMaxLimit", 25);
-  Ask("CurrRecord", "21");
-  EXPECT_EQ(Render(), (Calls{"at most 25", kCounted, kOpen, "move 20", "count", "close"}));
-}
+INSTANTIATE_TEST_SUITE_P(Pages, OpeningOf, testing::ValuesIn(kOpenedPages),
+                         [](const auto& page) { return std::string(page.param.name); });
 
-TEST_F(Opening, ReadsOneRecordWithALimitBelowOneBecauseZeroWouldMeanAll) {
-  for (const int limit : {0, -5}) {
-    Set("RecordCount", -1);
-    Set("RecordsMaxLimit", limit);
-    EXPECT_EQ(Render(), (Calls{"at most 1", kCounted, kOpen, "count", "close"})) << limit;
-  }
-}
-
-TEST_F(Opening, ReadsNoMoreThanTheRecordLimitForTheHighestNumber) {
-  Set("CountRecords", false);
-  Ask("CurrRecord", "2147483647");
-  EXPECT_EQ(Render(), (Calls{"at most 1000000", kOpen, "move 999999", "close"}));
-}
-
-TEST_F(Opening, OpensTheLastPageInPlaceOfOneBehindIt) {
-  Ask("CurrRecord", "61");
-  EXPECT_EQ(Render(), (Calls{"at most 81", kCounted, kOpen, "move 60", "count", "close", "at most 81", kOpen,
-                             "move 44", "close"}));
-}
-
-TEST_F(Opening, ReadsEverythingForTheLastPage) {
-  Ask("LAST.x", "1");
+TEST_F(Opening, CountsTheRowsOfACommand) {
+  Set("sql", "EXEC Top10");
   Render();
-  EXPECT_EQ(calls, (Calls{"at most 1", kCount, "close", "at most 0", kOpen, "move 40", "close"}));
-}
-
-TEST_F(Opening, PutsTheOrderBehindTheStatementButCountsWithoutIt) {
-  Set("OrderByFields", "V");
-  Set("OrderByDesc", true);
-  EXPECT_EQ(Render(),
-            (Calls{"at most 21", kCounted, "open SELECT V FROM T ORDER BY V DESC , forward only, read-only",
-                   "count", "close"}));
-}
-
-TEST_F(Opening, DoesNotCountWhatIsKnownOrNotWanted) {
-  Set("RecordCount", 5);
-  EXPECT_EQ(Render(), (Calls{"at most 21", kOpen, "close"}));
-  Set("RecordCount", -1);
-  Set("CountRecords", false);
-  EXPECT_EQ(Render(), (Calls{"at most 21", kOpen, "close"}));
+  EXPECT_EQ(view.GetSettings().RecordCount, 3);
 }
 
 TEST_F(Opening, FailsWhenTheCountDoesNotFitThirtyTwoBits) {
   notes.count = 2'147'483'648;
   EXPECT_EQ(Render(), (Calls{"at most 21", kCounted, kOpen, "count"}));
-  EXPECT_EQ(view.GetSettings().ErrorMessage,
+  EXPECT_EQ(ErrorMessage(),
             "The record count must be a whole number from -2147483648 to 2147483647 in WriteHTMLTable.<br>");
   EXPECT_EQ(page.body, "");
 }
 
-TEST_F(Opening, WalksACommandToCountItAndRunsItAgain) {
-  Set("sql", "EXEC Top10");
-  EXPECT_EQ(Render(), (Calls{"run EXEC Top10, static, read-only", "close",
-                             "run EXEC Top10, forward only, optimistic", "close"}));
-  EXPECT_EQ(view.GetSettings().RecordCount, 3);
-}
-
-TEST_F(Opening, RunsAnUncountedCommandOnce) {
-  Set("sql", "EXEC Top10");
-  Set("CountRecords", false);
-  EXPECT_EQ(Render(), (Calls{"run EXEC Top10, forward only, optimistic", "close"}));
-}
-
 TEST_F(Opening, LeavesASuppliedRecordsetToThePage) {
-  view.Set("ADORecordset", platform::ObjectPtr(std::make_shared<NotingRecords>(notes)));
+  Set("ADORecordset", std::make_shared<NotingRecords>(notes));
   Ask("CurrRecord", "21");
   EXPECT_EQ(Render(), Calls{"move 20"});
 }
