@@ -277,30 +277,5 @@ TEST_F(PageEnd, LeavesASharedConnectionOpen) {
   EXPECT_EQ(Shown(), Range(1, 3));
 }
 
-TEST(SecondRendering, OnTheSamePageSeesWhatTheFirstTookFromTheRequest) {
-  ItemsPage page(45);
-  page.Ask("maxrecords", "5");
-  page.Ask("CurrRecord", "11");
-  EXPECT_EQ(page.Shown(), Range(11, 15));
-  page.page.query.clear();
-  EXPECT_EQ(page.Shown(), Range(1, 5));
-}
-
-TEST(TwoViews, WithTheirOwnTagsPageIndependently) {
-  ItemsPage first(45);
-  component::DbView second(tests::TestEnvironment());
-  second.OnStartPage(first.page);
-  second.Set("Tag", std::string("2"));
-  second.Set("DrConnection", first.view.Get("DrConnection"));
-  second.Set("sql", std::string("SELECT * FROM Items"));
-  first.Ask("CurrRecord", "21");
-  first.page.query.push_back({"Morvu2NEXT.x", "1"});
-  first.page.query.push_back({"Morvu2CurrRecord", "21"});
-  EXPECT_EQ(first.Shown(), Range(21, 40));
-  first.page.body.clear();
-  second.WriteHtmlTable();
-  EXPECT_EQ(tests::ItemsShown(first.page.body), Range(41, 45));
-}
-
 }  // namespace
 }  // namespace dralo::driver

@@ -160,5 +160,30 @@ TEST(EndedPage, LeavesAViewThatIsBoundToNoPage) {
   EXPECT_THROW(kept.view.WriteHtmlTable(), platform::Error);
 }
 
+TEST(SecondRendering, OnTheSamePageSeesWhatTheFirstTookFromTheRequest) {
+  ItemsPage page(45);
+  page.Ask("maxrecords", "5");
+  page.Ask("CurrRecord", "11");
+  EXPECT_EQ(page.Shown(), Range(11, 15));
+  page.page.query.clear();
+  EXPECT_EQ(page.Shown(), Range(1, 5));
+}
+
+TEST(TwoViews, WithTheirOwnTagsPageIndependently) {
+  ItemsPage first(45);
+  component::DbView second(TestEnvironment());
+  second.OnStartPage(first.page);
+  second.Set("Tag", std::string("2"));
+  second.Set("DrConnection", first.view.Get("DrConnection"));
+  second.Set("sql", std::string("SELECT * FROM Items"));
+  first.Ask("CurrRecord", "21");
+  first.page.query.push_back({"Morvu2NEXT.x", "1"});
+  first.page.query.push_back({"Morvu2CurrRecord", "21"});
+  EXPECT_EQ(first.Shown(), Range(21, 40));
+  first.page.body.clear();
+  second.WriteHtmlTable();
+  EXPECT_EQ(ItemsShown(first.page.body), Range(41, 45));
+}
+
 }  // namespace
 }  // namespace dralo::driver
