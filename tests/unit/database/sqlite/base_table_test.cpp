@@ -10,10 +10,8 @@ TEST_F(SqliteBaseTable, QuotesNames) {
   Run(R"(CREATE TABLE "my ""odd"" table" ("the id" INTEGER PRIMARY KEY, "select" TEXT, "a]b'c" TEXT))");
   const auto recordset = Edit(Database(), R"(SELECT * FROM "my ""odd"" table")");
   recordset->AddNew();
-  Set(recordset, "select", "one");
-  recordset->Update();
-  Set(recordset, "a]b'c", "two");
-  recordset->Update();
+  Save(recordset, "select", "one");
+  Save(recordset, "a]b'c", "two");
   EXPECT_EQ(Rows(R"(SELECT * FROM "my ""odd"" table")"), Lines{"1 'one' 'two'"});
 }
 

@@ -16,8 +16,7 @@ class SqliteWriting : public SqliteEditing {
     Run("CREATE TABLE s (id INTEGER PRIMARY KEY, c " + type + ")");
     const auto recordset = Edit(Database(), "SELECT * FROM s");
     recordset->AddNew();
-    Set(recordset, "c", value);
-    recordset->Update();
+    Save(recordset, "c", value);
     const Lines lines = Rows("SELECT typeof(c), c || '' FROM s");
     recordset->Close();
     Run("DROP TABLE s");
@@ -49,8 +48,7 @@ TEST_F(SqliteWriting, UnderstandsADateInRegionalForm) {
   const auto recordset = Edit(Database(), "SELECT * FROM t", &formatting);
   recordset->AddNew();
   EXPECT_THROW(Set(recordset, "d", "4.2.2024"), platform::Error);
-  Set(recordset, "d", "3.2.2024");
-  recordset->Update();
+  Save(recordset, "d", "3.2.2024");
   EXPECT_EQ(Rows("SELECT d || '' FROM t"), Lines{"'2024-02-03'"});
 }
 
@@ -70,8 +68,7 @@ TEST_F(SqliteWriting, ReadsNoRowToAddOne) {
   const auto connection = Connect(ConnectionString("Busy Timeout=1234"));
   const auto recordset = Edit(connection, "SELECT * FROM t");
   recordset->AddNew();
-  Set(recordset, "a", "y");
-  recordset->Update();
+  Save(recordset, "a", "y");
   EXPECT_EQ(ValueOf(*recordset, "id"), "3001");
   recordset->Close();
 
@@ -88,8 +85,7 @@ TEST_F(SqliteWriting, InsertsDefaultsWhenNothingIsSet) {
   EXPECT_EQ(ValueOf(*recordset, "id"), "1");
 
   recordset->AddNew();
-  Set(recordset, "a", Null{});
-  recordset->Update();
+  Save(recordset, "a", Null{});
   EXPECT_EQ(Rows("SELECT * FROM t"), (Lines{"1 'unset' 7", "2 null 7"}));
 }
 
@@ -98,8 +94,7 @@ TEST_F(SqliteWriting, ChangesARecordWhoseDefaultsItDidNotRead) {
   const auto recordset = Edit(Database(), "SELECT * FROM t");
   recordset->AddNew();
   recordset->Update();
-  Set(recordset, "a", "set");
-  recordset->Update();
+  Save(recordset, "a", "set");
   EXPECT_EQ(Rows("SELECT a FROM t"), Lines{"'set'"});
 }
 
@@ -127,8 +122,7 @@ TEST_F(SqliteWriting, LeavesAnUnchangedValueInItsStoredForm) {
   Run("INSERT INTO t VALUES (1, 1709212455, 'x')");
   const auto recordset = Edit(Database(), "SELECT * FROM t");
   Set(recordset, "seen", "2024-02-29 13:14:15");
-  Set(recordset, "a", "y");
-  recordset->Update();
+  Save(recordset, "a", "y");
   EXPECT_EQ(Rows("SELECT typeof(seen), a FROM t"), Lines{"'integer' 'y'"});
 }
 
@@ -139,8 +133,7 @@ TEST_F(SqliteWriting, ReadsTheNumberOfARecordAmongTriggers) {
   Run("CREATE TRIGGER noting AFTER INSERT ON t BEGIN INSERT INTO log (a) VALUES (new.a); END");
   const auto recordset = Edit(Database(), "SELECT * FROM t");
   recordset->AddNew();
-  Set(recordset, "a", "x");
-  recordset->Update();
+  Save(recordset, "a", "x");
   EXPECT_EQ(ValueOf(*recordset, "id"), "1");
 }
 

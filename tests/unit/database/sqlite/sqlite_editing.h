@@ -13,12 +13,16 @@ class SqliteEditing : public SqliteFile {
     FieldOf(*recordset, name).SetValue(value);
   }
 
+  static void Save(const RecordsetPtr& recordset, std::string_view name, const platform::Variant& value) {
+    Set(recordset, name, value);
+    recordset->Update();
+  }
+
   /// Changes one field of the first record of `sql`. Returns the failure, or "".
   std::string Change(const std::string& sql, std::string_view name, const platform::Variant& value) {
     try {
       const auto recordset = Edit(Database(), sql);
-      Set(recordset, name, value);
-      recordset->Update();
+      Save(recordset, name, value);
       return "";
     } catch (const platform::Error& error) {
       return error.what();
