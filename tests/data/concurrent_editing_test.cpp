@@ -73,10 +73,8 @@ TEST_P(ConcurrentEditing, LetsNobodyElseChangeOtherFieldsWhenAllAreCompared) {
 TEST_P(ConcurrentEditing, ComparesValuesOfEveryKindWithThemselves) {
   const auto recordset = EditRecord(1);
   recordset->SetUpdateCriteria(platform::UpdateCriteria::kAllColumns);
-  Set(recordset, "Name", "Mine");
-  recordset->Update();
-  Set(recordset, "Name", "Mine again");
-  recordset->Update();
+  Save(recordset, "Name", "Mine");
+  Save(recordset, "Name", "Mine again");
 
   EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'Mine again'"});
 }
@@ -96,8 +94,7 @@ TEST_P(ConcurrentEditing, WritesWhileAnotherRecordsetOfTheConnectionIsRead) {
   const auto reading = Read(connection_, "SELECT ID FROM Goods ORDER BY ID");
   EXPECT_EQ(Line(*reading), "1");
   const auto recordset = EditRecord(1);
-  Set(recordset, "Name", "Hammer");
-  recordset->Update();
+  Save(recordset, "Name", "Hammer");
 
   EXPECT_EQ(Rest(*reading), (Lines{"1", "2", "3", "4", "5"}));
   EXPECT_EQ(Rows(Connect(ConnectionString()), "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'Hammer'"});
@@ -106,8 +103,7 @@ TEST_P(ConcurrentEditing, WritesWhileAnotherRecordsetOfTheConnectionIsRead) {
 TEST_P(ConcurrentEditing, IsPartOfATransactionThatIsOpen) {
   connection_->Execute("BEGIN");
   const auto recordset = EditRecord(1);
-  Set(recordset, "Name", "Kept");
-  recordset->Update();
+  Save(recordset, "Name", "Kept");
   Set(recordset, "ID", "2");
   EXPECT_THROW(recordset->Update(), platform::Error);
   recordset->CancelUpdate();

@@ -17,6 +17,11 @@ class EditingContract : public DatabaseContract {
     FieldOf(*recordset, name).SetValue(value);
   }
 
+  static void Save(const RecordsetPtr& recordset, std::string_view name, platform::Variant value) {
+    Set(recordset, name, std::move(value));
+    recordset->Update();
+  }
+
   static std::string RefusalOf(const RecordsetPtr& recordset, std::string_view name,
                                platform::Variant value) {
     return MessageOf([&] { Set(recordset, name, std::move(value)); });

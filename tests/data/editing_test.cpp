@@ -19,8 +19,7 @@ TEST_P(Editing, WritesTheChangedFields) {
   Set(recordset, "Born", "2021-03-04");
   Set(recordset, "Seen", DateTime{2021, 3, 4, 5, 6, 7});
   Set(recordset, "Weight", "1.5");
-  Set(recordset, "Note", Null{});
-  recordset->Update();
+  Save(recordset, "Note", Null{});
 
   EXPECT_EQ(Record(1), Lines{"'Hammer' " + Decimal("7.25") +
                              " 12 false 2021-03-04 00:00:00 2021-03-04 05:06:07 1.5 null"});
@@ -39,11 +38,9 @@ TEST_P(Editing, ShowsTheNewValuesBeforeAndAfterTheUpdate) {
 TEST_P(Editing, ChangesTheSameRecordTwice) {
   const auto recordset = EditRecord(1);
   Set(recordset, "Price", "1.5");
-  Set(recordset, "Seen", "2001-01-01 01:01:01");
-  recordset->Update();
+  Save(recordset, "Seen", "2001-01-01 01:01:01");
   Set(recordset, "Price", "2.5");
-  Set(recordset, "Seen", "2002-02-02");
-  recordset->Update();
+  Save(recordset, "Seen", "2002-02-02");
 
   EXPECT_EQ(Rows(connection_, "SELECT Price, Seen FROM Goods WHERE ID = 1"),
             Lines{Decimal("2.50") + " 2002-02-02 00:00:00"});
@@ -51,10 +48,8 @@ TEST_P(Editing, ChangesTheSameRecordTwice) {
 
 TEST_P(Editing, ChangesTheKeyOfARecord) {
   const auto recordset = EditRecord(2);
-  Set(recordset, "ID", std::int64_t{20});
-  recordset->Update();
-  Set(recordset, "Name", "Moved");
-  recordset->Update();
+  Save(recordset, "ID", std::int64_t{20});
+  Save(recordset, "Name", "Moved");
 
   EXPECT_EQ(Rows(connection_, "SELECT ID, Name FROM Goods WHERE ID IN (2, 20)"), Lines{"20 'Moved'"});
 }
@@ -62,8 +57,7 @@ TEST_P(Editing, ChangesTheKeyOfARecord) {
 TEST_P(Editing, ChangesEveryRecordOfALoop) {
   const auto recordset = Edit(connection_, "SELECT ID, Stock FROM Goods ORDER BY ID");
   for (; !recordset->Eof(); recordset->MoveNext()) {
-    Set(recordset, "Stock", std::int64_t{7});
-    recordset->Update();
+    Save(recordset, "Stock", std::int64_t{7});
   }
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods WHERE Stock = 7"), Lines{"5"});
 }
@@ -115,8 +109,7 @@ TEST_P(Editing, AddsARecordOfTheFieldsThatWereSet) {
   EXPECT_EQ(FieldOf(*recordset, "Name").ActualSize(), 0);
   Set(recordset, "Name", "Flute");
   Set(recordset, "Price", "19.90");
-  Set(recordset, "Active", "TRUE");
-  recordset->Update();
+  Save(recordset, "Active", "TRUE");
 
   EXPECT_EQ(ValueOf(*recordset, "ID"), "6");
   EXPECT_EQ(ValueOf(*recordset, "Name"), "'Flute'");
@@ -126,11 +119,9 @@ TEST_P(Editing, AddsARecordOfTheFieldsThatWereSet) {
 TEST_P(Editing, ChangesTheRecordThatWasAdded) {
   const auto recordset = Edit(connection_, "SELECT ID, Name, Stock FROM Goods");
   recordset->AddNew();
-  Set(recordset, "Name", "Flute");
-  recordset->Update();
+  Save(recordset, "Name", "Flute");
   Set(recordset, "Name", "Fife");
-  Set(recordset, "Stock", "4");
-  recordset->Update();
+  Save(recordset, "Stock", "4");
 
   EXPECT_EQ(Rows(connection_, "SELECT Name, Stock FROM Goods WHERE ID = 6"), Lines{"'Fife' 4"});
   recordset->MoveNext();
@@ -141,8 +132,7 @@ TEST_P(Editing, AddsSeveralRecords) {
   const auto recordset = Edit(connection_, "SELECT ID, Name FROM Goods WHERE ID = 0");
   for (const char* name : {"Flute", "Gong", "Harp"}) {
     recordset->AddNew();
-    Set(recordset, "Name", name);
-    recordset->Update();
+    Save(recordset, "Name", name);
   }
   EXPECT_EQ(Rows(connection_, "SELECT ID, Name FROM Goods WHERE ID > 5 ORDER BY ID"),
             (Lines{"6 'Flute'", "7 'Gong'", "8 'Harp'"}));

@@ -32,18 +32,15 @@ INSTANTIATE_TEST_SUITE_P(Databases, KeylessEditing, kDatabases, DatabaseName);
 
 TEST_P(KeylessEditing, ChangesTheRecordThatHasAllTheOldValues) {
   const auto recordset = EditNote("Topic = 'a' AND Body = 'other'");
-  Set(recordset, "Body", "new");
-  recordset->Update();
-  Set(recordset, "Topic", Null{});
-  recordset->Update();
+  Save(recordset, "Body", "new");
+  Save(recordset, "Topic", Null{});
   EXPECT_EQ(Rows(connection_, "SELECT Topic FROM Notes WHERE Body = 'new'"), Lines{"null"});
   EXPECT_EQ(Bodies(), (Lines{"'alone'", "'new'", "'same'", "'same'"}));
 }
 
 TEST_P(KeylessEditing, FindsARecordByItsNulls) {
   const auto recordset = EditNote("Topic IS NULL");
-  Set(recordset, "Code", "y");
-  recordset->Update();
+  Save(recordset, "Code", "y");
   EXPECT_EQ(Rows(connection_, "SELECT Body FROM Notes WHERE Code = 'y'"), Lines{"'alone'"});
 }
 
@@ -65,19 +62,16 @@ TEST_P(KeylessEditing, ChangesNothingThatSomebodyElseHasChanged) {
 TEST_P(KeylessEditing, AddsARecord) {
   const auto recordset = EditNote("1 = 0");
   recordset->AddNew();
-  Set(recordset, "Body", "added");
-  recordset->Update();
+  Save(recordset, "Body", "added");
   EXPECT_EQ(Bodies(), (Lines{"'added'", "'alone'", "'other'", "'same'", "'same'"}));
 }
 
 TEST_P(KeylessEditing, NeedsNotTheKeyThatTheTableHas) {
   const auto recordset = Edit(connection_, "SELECT Name, Stock FROM Goods WHERE ID = 1");
-  Set(recordset, "Name", "Hammer");
-  recordset->Update();
+  Save(recordset, "Name", "Hammer");
   EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'Hammer'"});
   recordset->AddNew();
-  Set(recordset, "Name", "Flute");
-  recordset->Update();
+  Save(recordset, "Name", "Flute");
   EXPECT_EQ(Rows(connection_, "SELECT ID FROM Goods WHERE Name = 'Flute'"), Lines{"6"});
 }
 

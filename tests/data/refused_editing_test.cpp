@@ -19,8 +19,7 @@ TEST_P(RefusedEditing, KeepsTheValuesOfARecordThatBreaksARule) {
   EXPECT_EQ(ValueOf(*recordset, "Stock"), "5");
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"5"});
 
-  Set(recordset, "Name", "Flute");
-  recordset->Update();
+  Save(recordset, "Name", "Flute");
   EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE Stock = 5"), Lines{"'Flute'"});
 }
 
@@ -61,8 +60,7 @@ TEST_P(RefusedEditing, CountsCharactersNotBytes) {
   const auto recordset = EditRecord(1);
   std::string name;
   for (int i = 0; i < 20; ++i) name += "\xC3\xA4";
-  Set(recordset, "Name", name);
-  recordset->Update();
+  Save(recordset, "Name", name);
   EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'" + name + "'"});
 }
 
@@ -94,8 +92,7 @@ TEST_P(RefusedEditing, CannotChangeExpressions) {
   const auto recordset = Edit(connection_, "SELECT ID, Name, Stock * 2 AS Twice FROM Goods ORDER BY ID");
   EXPECT_EQ(RefusalOf(recordset, "Twice", std::int64_t{1}),
             "The field " + Named("Twice") + " is computed and cannot be set");
-  Set(recordset, "Name", "Hammer");
-  recordset->Update();
+  Save(recordset, "Name", "Hammer");
   EXPECT_EQ(Rows(connection_, "SELECT Name FROM Goods WHERE ID = 1"), Lines{"'Hammer'"});
 }
 
