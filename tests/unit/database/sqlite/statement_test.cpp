@@ -1,3 +1,4 @@
+#include "data/commands.h"
 #include "unit/database/sqlite/sqlite_file.h"
 
 namespace dralo::tests {
@@ -77,13 +78,9 @@ TEST_F(SqliteStatement, ReadsAQualifiedOrOddTableName) {
   EXPECT_EQ(Rest(*Read(Database(), "main.t")).size(), 2u);
   EXPECT_EQ(Rest(*Read(Database(), "group")).size(), 0u);
 
-  platform::Command command;
-  command.active_connection = Database();
-  command.command_type = platform::CommandType::kTable;
-  command.command_text = "odd \" name";
-  const auto recordset = database::MakeRecordset();
-  recordset->Open(command);
-  EXPECT_TRUE(recordset->Eof());
+  const auto command = MakeCommand(Database(), "odd \" name");
+  command->command_type = platform::CommandType::kTable;
+  EXPECT_EQ(RowsOf(command), Lines{});
 }
 
 TEST_F(SqliteStatement, IsNoTableWhenItIsASingleWord) {
@@ -95,11 +92,9 @@ TEST_F(SqliteStatement, IsNoTableWhenItIsASingleWord) {
 }
 
 TEST_F(SqliteStatement, CannotCallAProcedure) {
-  platform::Command command;
-  command.active_connection = Database();
-  command.command_type = platform::CommandType::kStoredProcedure;
-  command.command_text = "p";
-  EXPECT_EQ(MessageOf([&] { database::MakeRecordset()->Open(command); }),
+  const auto command = MakeCommand(Database(), "p");
+  command->command_type = platform::CommandType::kStoredProcedure;
+  EXPECT_EQ(MessageOf([&] { Perform(command); }),
             "SQLite has no stored procedures; give the command's text and CommandType 1");
 }
 
@@ -137,27 +132,18 @@ TEST_F(SqliteStatement, ReportsAChangeThatCannotBeKeptThoughItsRowsAreLimited) {
 }
 
 TEST_F(SqliteStatement, BindsParametersByTheirKind) {
-  platform::Command command;
-  command.active_connection = Database();
-  command.command_text =
+  const auto command = MakeCommand(
+      Database(),
       "SELECT typeof(?1) || ' ' || ?1, typeof(?2), typeof(?3) || ' ' || ?3, typeof(?4) || ' ' || ?4, "
-      "typeof(?5) || ' ' || ?5, ?6, ?7, ?8, typeof(?9), ?10";
-  command.parameters = {true,
-                        platform::Null{},
-                        platform::Decimal{"12"},
-                        platform::Decimal{"0.50"},
-                        platform::Decimal{"12345678901234567890.1"},
-                        platform::DateTime{2024, 1, 2},
-                        platform::DateTime{2024, 1, 2, 3, 4, 5},
-                        platform::DateTime{1899, 12, 30, 3, 4, 5},
-                        platform::Bytes{},
-                        std::string("a\0b", 3)};
-  const auto recordset = database::MakeRecordset();
-  recordset->Open(command);
-  EXPECT_EQ(Line(*recordset),
-            "'integer 1' 'null' 'integer 12' 'real 0.5' 'text 12345678901234567890.1' '2024-01-02' "
-            "'2024-01-02 03:04:05' '03:04:05' 'blob' '" +
-                std::string("a\0b", 3) + "'");
+      "typeof(?5) || ' ' || ?5, ?6, ?7, ?8, typeof(?9), ?10",
+      {true, platform::Null{}, platform::Decimal{"12"}, platform::Decimal{"0.50"},
+       platform::Decimal{"12345678901234567890.1"}, platform::DateTime{2024, 1, 2},
+       platform::DateTime{2024, 1, 2, 3, 4, 5}, platform::DateTime{1899, 12, 30, 3, 4, 5}, platform::Bytes{},
+       std::string("a\0b", 3)});
+  EXPECT_EQ(RowsOf(command),
+            Lines{"'integer 1' 'null' 'integer 12' 'real 0.5' 'text 12345678901234567890.1' '2024-01-02' "
+                  "'2024-01-02 03:04:05' '03:04:05' 'blob' '" +
+                  std::string("a\0b", 3) + "'"});
 }
 
 }  // namespace
