@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "state/render.h"
-#include "support/view_page.h"
+#include "support/items.h"
 
 namespace dralo::tests {
 namespace {
@@ -16,19 +16,17 @@ static_assert(std::is_const_v<std::remove_reference_t<decltype(state::Render::se
 /// How a host ends a page in the middle of it.
 struct EndOfPage {};
 
-struct Commit : testing::Test {
-  ViewPage shop{ViewPage::ItemsTable(45)};
-
-  Commit() { shop.view.Set("sql", std::string("SELECT * FROM Items")); }
-  component::PropertyValue Get(std::string_view name) const { return shop.view.Get(name); }
+struct Commit : testing::Test, ItemsPage {
+  Commit() : ItemsPage(45) {}
+  component::PropertyValue Get(std::string_view name) const { return view.Get(name); }
 };
 
 TEST_F(Commit, MakesWhatWasAskedAndFoundVisible) {
-  shop.Ask("maxrecords", "10");
-  shop.Ask("OrderByFields", "2");
-  shop.Ask("OrderByDesc", "True");
-  shop.Ask("CurrRecord", "41");
-  shop.Render();
+  Ask("maxrecords", "10");
+  Ask("OrderByFields", "2");
+  Ask("OrderByDesc", "True");
+  Ask("CurrRecord", "41");
+  Render();
   EXPECT_EQ(Get("RecordsPerPage"), component::PropertyValue(std::int64_t{10}));
   EXPECT_EQ(Get("OrderByFields"), component::PropertyValue(std::string("2")));
   EXPECT_EQ(Get("OrderByDesc"), component::PropertyValue(true));
@@ -38,26 +36,26 @@ TEST_F(Commit, MakesWhatWasAskedAndFoundVisible) {
 }
 
 TEST_F(Commit, HappensAlsoWhenTheHostEndsThePage) {
-  shop.page.on_write = [] { throw EndOfPage(); };
-  EXPECT_THROW(shop.view.WriteHtmlTable(), EndOfPage);
+  page.on_write = [] { throw EndOfPage(); };
+  EXPECT_THROW(view.WriteHtmlTable(), EndOfPage);
   EXPECT_EQ(Get("RecordCount"), component::PropertyValue(std::int64_t{45}));
   EXPECT_EQ(Get("ToRow"), component::PropertyValue(std::int64_t{20}));
 }
 
 TEST_F(Commit, IsWhereTheNextRenderingStartsFrom) {
-  shop.Ask("OrderByFields", "2");
-  shop.Ask("maxrecords", "10");
-  const std::string first = shop.Render();
-  shop.page.query.clear();
-  EXPECT_EQ(shop.Render(), first);
+  Ask("OrderByFields", "2");
+  Ask("maxrecords", "10");
+  const std::string first = Render();
+  page.query.clear();
+  EXPECT_EQ(Render(), first);
 }
 
 TEST_F(Commit, AddsToTheMessagesOfThePage) {
-  shop.view.MutableSettings().ErrorMessage = "Before. ";
-  shop.view.Set("sql", std::string("SELECT * FROM Nowhere"));
-  shop.Render();
-  EXPECT_TRUE(shop.ErrorMessage().starts_with("Before. ")) << shop.ErrorMessage();
-  EXPECT_NE(shop.ErrorMessage(), "Before. ");
+  view.MutableSettings().ErrorMessage = "Before. ";
+  Set("sql", "SELECT * FROM Nowhere");
+  Render();
+  EXPECT_TRUE(ErrorMessage().starts_with("Before. ")) << ErrorMessage();
+  EXPECT_NE(ErrorMessage(), "Before. ");
 }
 
 }  // namespace
