@@ -5,9 +5,6 @@
 
 #include "state/links.h"
 #include "state/request_state.h"
-#include "text/ascii.h"
-#include "text/blanks.h"
-#include "text/letter_case.h"
 #include "views/navigation_bar.h"
 
 namespace dralo::driver {
@@ -24,11 +21,6 @@ std::int32_t LastRecordNumber(const state::Render& render) {
                                          : state::FirstOfLastPage(reachable, render.view.page_size);
 }
 
-bool SelectGoesTo(const state::Render& render, std::string_view placement) {
-  return state::ShowsRecordsPerPageSelect(render) &&
-         text::EqualIgnoringCase(text::TrimBlanks(render.settings.RecordsPerPageSelectPlacement), placement);
-}
-
 /// What the page set on the grid's table; nothing with the defaults.
 std::string GridTableAttributes(const settings::Settings& settings) {
   static const std::string default_tag = settings::Settings().TableTag;
@@ -39,14 +31,6 @@ std::string GridTableAttributes(const settings::Settings& settings) {
 }
 
 }  // namespace
-
-BarPlacement NavigationBarPlacement(const settings::Settings& settings) {
-  const auto contains = [&](std::string_view word) {
-    return text::ContainsAscii(settings.DisplayNavBar, word);
-  };
-  if (contains("NONE")) return {};
-  return {.top = contains("TOP") || contains("BOTH"), .bottom = contains("BOTTOM") || contains("BOTH")};
-}
 
 void PutOpening(const state::Render& render, std::string_view final_sql) {
   const settings::Settings& settings = render.settings;
@@ -70,7 +54,9 @@ void PutOpening(const state::Render& render, std::string_view final_sql) {
 void PutHeaderRow(state::Render& render, bool bar, int column_span) {
   render.out.PutIf(render.settings.UseCSS, R"(<tr><td width="100%" class="DRLOTableHeader">)")
       .PutIf(!render.settings.UseCSS, R"(<tr><td width="100%">)");
-  if (SelectGoesTo(render, "top")) render.out.Write(Verbatim{views::RecordsPerPageSelect(render)});
+  if (state::ShowsRecordsPerPageSelect(render) && render.settings.page_size_select.top) {
+    render.out.Write(Verbatim{views::RecordsPerPageSelect(render)});
+  }
   if (bar) PutNavigationBar(render, column_span);
   render.out.Put("</td></tr>\r\n");
 }
@@ -114,7 +100,7 @@ void PutNavigationBar(const state::Render& render, int column_span) {
 
 void PutClosing(state::Render& render) {
   const settings::Settings& settings = render.settings;
-  if (SelectGoesTo(render, "bottom")) {
+  if (state::ShowsRecordsPerPageSelect(render) && settings.page_size_select.bottom) {
     render.out.Put("<tr><td")
         .PutIf(settings.UseCSS, R"( class="DRLOTableFooter")")
         .Put(">\r\n{}</td></tr>\r\n", Verbatim{views::RecordsPerPageSelect(render)});

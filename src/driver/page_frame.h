@@ -9,14 +9,6 @@
 /// The parts of the page around the grid or form, in the order in which they are written.
 namespace dralo::driver {
 
-/// Where the navigation bar goes.
-struct BarPlacement {
-  bool top = false;
-  bool bottom = false;
-};
-
-BarPlacement NavigationBarPlacement(const settings::Settings& settings);
-
 /// The comment, the outer table, the statement when debugging, and the form's opening tag.
 void PutOpening(const state::Render& render, std::string_view final_sql);
 

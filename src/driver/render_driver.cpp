@@ -21,7 +21,6 @@
 #include "state/primary_key_value_list.h"
 #include "state/render.h"
 #include "state/request_state.h"
-#include "text/ascii.h"
 #include "text/blanks.h"
 #include "views/data_grid.h"
 #include "views/form_grid.h"
@@ -33,16 +32,11 @@ namespace key = state::key;
 using platform::Recordset;
 using state::Render;
 
-/// What one pass decides on its way.
-struct Pass {
-  BarPlacement bar;
-  ShownRecords records;
-};
-
 /// In the one-record view a page holds several records only when the page asked for a form with several.
 std::int32_t RecordsOnPage(const Render& render) {
-  if (state::IsForm(render.view.mode) && !text::ContainsAscii(render.settings.DisplayType, "FORM")) return 1;
-  return render.view.page_size;
+  const bool is_single =
+      state::IsForm(render.view.mode) && render.settings.display != settings::DisplayKind::kForm;
+  return is_single ? 1 : render.view.page_size;
 }
 
 void SelectView(Render& render) {
@@ -81,30 +75,30 @@ void ExpectRows(Render& render) {
   render.outcome.is_last_page = PageEnd(render) >= end;
 }
 
-void SetRows(Render& render, const Pass& pass, std::int32_t rows) {
+void SetRows(Render& render, const ShownRecords& records, std::int32_t rows) {
   render.outcome.from_row = rows == 0 ? 0 : render.view.current_record;
   render.outcome.to_row = rows == 0 ? 0 : render.view.current_record + (rows - 1);
   const bool is_counted = render.outcome.record_count >= 0;
-  const bool is_at_end = !is_counted && !pass.records.is_addressed_by_key && pass.records.main->Eof();
+  const bool is_at_end = !is_counted && !records.is_addressed_by_key && records.main->Eof();
   render.outcome.is_last_page = is_at_end || PageEnd(render) >= KnownEnd(render);
 }
 
-std::int32_t PutGrid(Render& render, const Pass& pass) {
+std::int32_t PutGrid(Render& render, const ShownRecords& records) {
   PutAddButtonRow(render);
-  PutGridTableOpening(render, views::DisplayedGridColumns(render.settings, *pass.records.main));
+  PutGridTableOpening(render, views::DisplayedGridColumns(render.settings, *records.main));
   std::int32_t rows = 0;
-  views::MakeDataGrid(render, *pass.records.main, rows);
+  views::MakeDataGrid(render, *records.main, rows);
   PutTableClosing(render);
   return rows;
 }
 
-std::int32_t PutForm(Render& render, const Pass& pass) {
+std::int32_t PutForm(Render& render, const ShownRecords& records) {
   PutFormTableOpening(render);
   std::int32_t rows = 0;
   if (render.view.mode == state::Mode::kFormView) {
-    views::MakeFormGrid(render, pass.records.Shown(), rows);
+    views::MakeFormGrid(render, records.Shown(), rows);
   } else {
-    editing::RenderEditForm(render, pass.records.Shown(), rows);
+    editing::RenderEditForm(render, records.Shown(), rows);
   }
   PutTableClosing(render);
   return rows;
@@ -114,36 +108,36 @@ bool HasKeys(const Render& render) { return !text::IsBlank(render.settings.EditP
 
 /// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
 /// Empty unless a record is edited.
-std::string KeyOfEditedRecord(Render& render, const Pass& pass) {
+std::string KeyOfEditedRecord(Render& render, const ShownRecords& records) {
   if (render.view.mode != state::Mode::kFormEdit || !HasKeys(render)) return {};
   const bool stays = render.outcome.has_failed_to_save && render.keys.Has(key::kPrimaryKey);
-  if (pass.records.is_addressed_by_key || stays) return std::string(render.keys.Value(key::kPrimaryKey));
-  Recordset& shown = pass.records.Shown();
+  if (records.is_addressed_by_key || stays) return std::string(render.keys.Value(key::kPrimaryKey));
+  Recordset& shown = records.Shown();
   if (shown.Eof()) return {};
   state::PrimaryKeyValueList keys(render.settings, shown);
   if (!keys.Read(render.Errors())) return {};
   return keys.Plain();
 }
 
-void PutPage(Render& render, Pass& pass) {
+void PutPage(Render& render, ShownRecords& records) {
   const int span =
-      settings::GridColumnSpan(render.settings, static_cast<int>(pass.records.Shown().Fields().size()));
+      settings::GridColumnSpan(render.settings, static_cast<int>(records.Shown().Fields().size()));
   const bool count_known = render.outcome.record_count >= 0;
   if (count_known) ExpectRows(render);
-  const std::string shown_key = KeyOfEditedRecord(render, pass);
-  PutOpening(render, pass.records.sql);
-  PutHeaderRow(render, pass.bar.top && count_known, span);
-  SetRows(render, pass, state::IsForm(render.view.mode) ? PutForm(render, pass) : PutGrid(render, pass));
+  const std::string shown_key = KeyOfEditedRecord(render, records);
+  PutOpening(render, records.sql);
+  PutHeaderRow(render, render.settings.bar.top && count_known, span);
+  SetRows(render, records,
+          state::IsForm(render.view.mode) ? PutForm(render, records) : PutGrid(render, records));
   state::PutHiddenState(render);
   if (render.view.mode == state::Mode::kFormEdit && HasKeys(render)) state::PutHiddenKey(render, shown_key);
-  if (pass.bar.bottom) PutNavigationBar(render, span);
-  CloseShownRecords(render, pass.records);
+  if (render.settings.bar.bottom) PutNavigationBar(render, span);
+  CloseShownRecords(render, records);
   PutClosing(render);
 }
 
-void ReportFailure(Render& render, const std::exception& error, const Pass& pass) {
-  render.Errors().AddStatement(error.what(), "WriteHTMLTable", pass.records.sql,
-                               render.settings.DisplayDebug);
+void ReportFailure(Render& render, const std::exception& error, const ShownRecords& records) {
+  render.Errors().AddStatement(error.what(), "WriteHTMLTable", records.sql, render.settings.DisplayDebug);
 }
 
 /// A page that cannot be opened is counted all the same, and fails as if it had been counted first.
@@ -164,29 +158,28 @@ void OpenRecords(Render& render, ShownRecords& records) {
   }
 }
 
-void RunSteps(Render& render, Pass& pass) {
+void RunSteps(Render& render, ShownRecords& records) {
   state::ReadRequestState(render);
   SelectView(render);
-  pass.bar = NavigationBarPlacement(render.settings);
-  pass.records.sql = StatementText(render);
-  if (CanCountBeside(render)) pass.records.counting = Counting::kWanted;
-  CountRecords(render, render.view.is_counted && pass.records.counting == Counting::kNone);
-  OpenRecords(render, pass.records);
+  records.sql = StatementText(render);
+  if (CanCountBeside(render)) records.counting = Counting::kWanted;
+  CountRecords(render, render.view.is_counted && records.counting == Counting::kNone);
+  OpenRecords(render, records);
   render.state_query_tail = state::StateQueryTail(render);
-  PutPage(render, pass);
+  PutPage(render, records);
 }
 
 void RenderView(Render& render) {
-  Pass pass;
+  ShownRecords records;
   try {
-    RunSteps(render, pass);
+    RunSteps(render, records);
   } catch (const std::exception& error) {
-    ReportFailure(render, error, pass);
+    ReportFailure(render, error, records);
   }
   try {
     render.out.Flush();  // What was written before a failure stays on the page.
   } catch (const std::exception& error) {
-    ReportFailure(render, error, pass);
+    ReportFailure(render, error, records);
   }
 }
 

@@ -97,11 +97,35 @@ void SetWidth(Settings& settings, std::string_view value) {
   std::erase_if(settings.Width, [](char c) { return c == '"' || c == '\''; });
 }
 
+void SetDisplayType(Settings& settings, std::string value) {
+  const auto has = [&](std::string_view word) { return text::ContainsAscii(value, word); };
+  settings.display = has("FORM")      ? DisplayKind::kForm
+                     : has("DEFAULT") ? DisplayKind::kFormWhenOnePerPage
+                                      : DisplayKind::kGrid;
+  settings.DisplayType = std::move(value);
+}
+
 void SetDisplayNavBar(Settings& settings, std::string value) {
-  settings.DisplayNavBar = std::move(value);
-  const bool top = text::ContainsAscii(settings.DisplayNavBar, "TOP") ||
-                   text::ContainsAscii(settings.DisplayNavBar, "BOTH");
+  const auto has = [&](std::string_view word) { return text::ContainsAscii(value, word); };
+  const bool top = has("TOP") || has("BOTH");
+  settings.bar = {.top = top, .bottom = has("BOTTOM") || has("BOTH")};
+  if (has("NONE")) settings.bar = {};
   if (top && settings.DisplayNavBarFirstLastBtn) settings.CountRecords = true;
+  settings.DisplayNavBar = std::move(value);
+}
+
+void SetDisplayNavBarTextOptions(Settings& settings, std::string value) {
+  const std::string_view word = text::TrimBlanks(value);
+  settings.counters = {.records = !text::EqualIgnoringCase(word, "PAGES"),
+                       .pages = !text::EqualIgnoringCase(word, "RECORDS")};
+  settings.DisplayNavBarTextOptions = std::move(value);
+}
+
+void SetRecordsPerPageSelectPlacement(Settings& settings, std::string value) {
+  const std::string_view word = text::TrimBlanks(value);
+  settings.page_size_select = {.top = text::EqualIgnoringCase(word, "top"),
+                               .bottom = text::EqualIgnoringCase(word, "bottom")};
+  settings.RecordsPerPageSelectPlacement = std::move(value);
 }
 
 void SetDisplayNavBarFirstLastBtn(Settings& settings, bool value) {

@@ -33,8 +33,13 @@ void SetGridTableTag(Settings& settings, std::string value);
 /// Stored without quotes of either kind.
 void SetWidth(Settings& settings, std::string_view value);
 
-/// A bar at the top with a last-page button switches CountRecords on.
+void SetDisplayType(Settings& settings, std::string value);
+
+/// A bar at the top with a last-page button switches CountRecords on, even next to the word "none".
 void SetDisplayNavBar(Settings& settings, std::string value);
+
+void SetDisplayNavBarTextOptions(Settings& settings, std::string value);
+void SetRecordsPerPageSelectPlacement(Settings& settings, std::string value);
 
 /// A last-page button switches CountRecords on.
 void SetDisplayNavBarFirstLastBtn(Settings& settings, bool value);

@@ -23,6 +23,21 @@ struct EditPermissions {
   bool skips_view = false;  ///< "NOVIEW": forms open for editing at once.
 };
 
+/// Which view a page wants when a request asks for none.
+enum class DisplayKind { kGrid, kForm, kFormWhenOnePerPage };
+
+/// Where a part of the page goes.
+struct Placement {
+  bool top = false;
+  bool bottom = false;
+};
+
+/// What the navigation bar counts.
+struct Counters {
+  bool records = true;
+  bool pages = true;
+};
+
 /// What a page has set on a view, with the defaults. Members that are properties bear the property's name and
 /// are written only by its setter, by the reader of the request and, for counts and row numbers, by the
 /// render itself.
@@ -130,6 +145,10 @@ struct Settings {
   bool has_supplied_recordset = false;  ///< ADORecordset is shown and nothing is opened.
   bool owns_connection = false;         ///< DrConnection was made by the ConnectionString setter.
   EditPermissions edit;                 ///< What EditOptions says.
+  DisplayKind display = DisplayKind::kFormWhenOnePerPage;  ///< What DisplayType says.
+  Placement bar = {.bottom = true};                        ///< What DisplayNavBar says.
+  Counters counters;                                       ///< What DisplayNavBarTextOptions says.
+  Placement page_size_select = {.top = true};              ///< What RecordsPerPageSelectPlacement says.
 };
 
 }  // namespace dralo::settings

@@ -4,7 +4,6 @@
 
 #include "dralo/error.h"
 #include "state/request_state.h"
-#include "text/ascii.h"
 #include "text/letter_case.h"
 
 namespace dralo::state {
@@ -44,8 +43,9 @@ bool AsksForFormDisplay(const RequestKeys& keys) {
 }
 
 Mode SelectMode(const settings::Settings& settings, const ViewRequest& request) {
-  const bool form = text::ContainsAscii(settings.DisplayType, "FORM") || request.form_display ||
-                    (text::ContainsAscii(settings.DisplayType, "DEFAULT") && request.records_per_page == 1);
+  using settings::DisplayKind;
+  const bool form = settings.display == DisplayKind::kForm || request.form_display ||
+                    (settings.display == DisplayKind::kFormWhenOnePerPage && request.records_per_page == 1);
   if (!form) return Mode::kGrid;
   // Adding, too, needs the permission to update: the add button alone needs "ADD".
   if (!settings.edit.update) return Mode::kFormView;

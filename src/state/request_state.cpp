@@ -5,8 +5,6 @@
 #include <string>
 
 #include "state/request_number.h"
-#include "text/blanks.h"
-#include "text/letter_case.h"
 
 namespace dralo::state {
 namespace {
@@ -56,8 +54,7 @@ bool ShowsRecordsPerPageSelect(const Render& render) {
   const settings::Settings& settings = render.settings;
   if (!settings.DisplayRecordsPerPageSelect || (IsForm(render.view.mode) && render.view.records_on_page < 2))
     return false;
-  const std::string_view placement = text::TrimBlanks(settings.RecordsPerPageSelectPlacement);
-  return text::EqualIgnoringCase(placement, "top") || text::EqualIgnoringCase(placement, "bottom");
+  return settings.page_size_select.top || settings.page_size_select.bottom;
 }
 
 void ReadRequestState(Render& render) {

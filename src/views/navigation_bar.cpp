@@ -3,7 +3,6 @@
 #include "settings/language.h"
 #include "state/links.h"
 #include "text/blanks.h"
-#include "text/letter_case.h"
 #include "text/list.h"
 
 namespace dralo::views {
@@ -76,9 +75,8 @@ void PutPageCounter(html::HtmlWriter& out, const state::Render& render) {
 }
 
 void PutCounter(html::HtmlWriter& out, const state::Render& render) {
-  const std::string wanted = text::ToUpper(text::TrimBlanks(render.settings.DisplayNavBarTextOptions));
-  const bool records = wanted != "PAGES";
-  const bool pages = wanted != "RECORDS" && !state::IsForm(render.view.mode);
+  const bool records = render.settings.counters.records;
+  const bool pages = render.settings.counters.pages && !state::IsForm(render.view.mode);
   if (records) PutRecordCounter(out, render);
   out.PutIf(records && pages, "&nbsp;&nbsp;");
   if (pages) PutPageCounter(out, render);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "driver/page_frame.h"
+#include "settings/setters.h"
 #include "support/items.h"
 #include "support/shown_view.h"
 #include "unit/driver/bar_images.h"
@@ -22,10 +22,9 @@ class NavigationBarWords : public ::testing::TestWithParam<Words> {};
 
 TEST_P(NavigationBarWords, ChooseThePlacesOfTheBar) {
   settings::Settings settings;
-  settings.DisplayNavBar = GetParam().text;
-  const BarPlacement placement = NavigationBarPlacement(settings);
-  EXPECT_EQ(placement.top, GetParam().top);
-  EXPECT_EQ(placement.bottom, GetParam().bottom);
+  settings::SetDisplayNavBar(settings, GetParam().text);
+  EXPECT_EQ(settings.bar.top, GetParam().top);
+  EXPECT_EQ(settings.bar.bottom, GetParam().bottom);
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, NavigationBarWords,

@@ -51,7 +51,7 @@ struct EditFormPage : Rendering {
   /// The edit or the add form, whatever is allowed.
   state::Mode AskedForm() const {
     settings::Settings edited = settings;
-    edited.DisplayType = "form";
+    settings::SetDisplayType(edited, "form");
     settings::SetEditOptions(edited, "UPDATE NOVIEW");
     const state::RequestKeys keys(page.GetRequest(), settings.Tag);
     return state::CurrentMode(edited, &keys, environment->Regional(), outcome.has_failed_to_save);

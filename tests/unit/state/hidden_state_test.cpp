@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "settings/setters.h"
 #include "support/contains.h"
 #include "support/rendering.h"
 
@@ -119,7 +120,7 @@ class PageSize : public testing::TestWithParam<SizeCase> {};
 TEST_P(PageSize, IsHiddenExactlyWhenNoSelectCarriesIt) {
   Form form;
   form.settings.DisplayRecordsPerPageSelect = GetParam().select;
-  form.settings.RecordsPerPageSelectPlacement = GetParam().placement;
+  settings::SetRecordsPerPageSelectPlacement(form.settings, GetParam().placement);
   form.mode = GetParam().form_view ? Mode::kFormView : Mode::kGrid;
   form.records_on_page = GetParam().records_on_page;
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "settings/setters.h"
 #include "unit/views/navigation_bar_page.h"
 
 namespace dralo::tests {
@@ -23,12 +24,12 @@ class TextOptions : public testing::TestWithParam<Counted> {};
 
 TEST_P(TextOptions, ChooseTheCounters) {
   Bar grid;
-  grid.settings.DisplayNavBarTextOptions = GetParam().options;
+  settings::SetDisplayNavBarTextOptions(grid.settings, GetParam().options);
   grid.ShowRows(21, 40);
   EXPECT_EQ(grid.Counter(), GetParam().in_the_grid);
 
   Bar form;
-  form.settings.DisplayNavBarTextOptions = GetParam().options;
+  settings::SetDisplayNavBarTextOptions(form.settings, GetParam().options);
   form.ShowRecord(27);
   EXPECT_EQ(form.Counter(), GetParam().in_the_one_record_view);
 }
@@ -62,7 +63,7 @@ TEST_F(Counters, ShowTheRowsOfThePageAndTheirCountWhenItIsKnown) {
 
 TEST_F(Counters, ShowZeroForAnEmptyResult) {
   settings.FromRow = settings.ToRow = settings.RecordCount = 0;
-  settings.DisplayNavBarTextOptions = "records";
+  settings::SetDisplayNavBarTextOptions(settings, "records");
 
   EXPECT_EQ(Counter(), "Record 0 of 0");
 }
@@ -83,7 +84,7 @@ TEST_F(Counters, SpeakTheLanguageOfTheView) {
 }
 
 TEST_F(PageCounter, AgreesWithCountingThePagesOneByOne) {
-  settings.DisplayNavBarTextOptions = "pages";
+  settings::SetDisplayNavBarTextOptions(settings, "pages");
   for (const std::int32_t count : {1, 2, 19, 20, 21, 40, 45, 1'000}) {
     for (const int page_size : {1, 2, 5, 20, 45, 1'000}) {
       std::int32_t pages = 0;
@@ -104,7 +105,7 @@ TEST_F(PageCounter, AgreesWithCountingThePagesOneByOne) {
 }
 
 TEST_F(PageCounter, StaysOnThePageThatHoldsTheFirstRecordShown) {
-  settings.DisplayNavBarTextOptions = "pages";
+  settings::SetDisplayNavBarTextOptions(settings, "pages");
   for (const auto& [first, number] : {std::pair(1, 1), {2, 1}, {20, 1}, {21, 2}, {22, 2}, {40, 2}, {41, 3}}) {
     ShowRows(first, 45);
 
@@ -113,7 +114,7 @@ TEST_F(PageCounter, StaysOnThePageThatHoldsTheFirstRecordShown) {
 }
 
 TEST_F(PageCounter, HoldsTheHighestNumbers) {
-  settings.DisplayNavBarTextOptions = "pages";
+  settings::SetDisplayNavBarTextOptions(settings, "pages");
   settings.RecordCount = std::numeric_limits<std::int32_t>::max();
   settings.RecordsPerPage = 2;
   current_record = std::numeric_limits<std::int32_t>::max();

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "settings/setters.h"
 #include "unit/views/navigation_bar_page.h"
 
 namespace dralo::tests {
@@ -66,11 +67,11 @@ TEST_F(RecordsPerPageSelect, IsShownOnlyWhenThePageWantsIt) {
 TEST_F(RecordsPerPageSelect, IsShownAtTheTopAndAtTheBottomOnly) {
   settings.DisplayRecordsPerPageSelect = true;
   for (const char* placement : {"top", "bottom", " TOP ", "Bottom"}) {
-    settings.RecordsPerPageSelectPlacement = placement;
+    settings::SetRecordsPerPageSelectPlacement(settings, placement);
     EXPECT_TRUE(ShowsSelect()) << placement;
   }
   for (const char* placement : {"", "both", "none", "top bottom"}) {
-    settings.RecordsPerPageSelectPlacement = placement;
+    settings::SetRecordsPerPageSelectPlacement(settings, placement);
     EXPECT_FALSE(ShowsSelect()) << placement;
   }
 }
