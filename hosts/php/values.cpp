@@ -7,40 +7,16 @@
 #include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
+#include "text/iso_date.h"
 
 namespace dralo::php {
 namespace {
 
 using platform::DateTime;
 
-void AppendPadded(std::string& text, std::uint32_t number, std::size_t digits) {
-  const std::string written = std::to_string(number);
-  text.append(digits - written.size(), '0').append(written);
-}
-
-void AppendDate(std::string& text, const DateTime& time) {
-  AppendPadded(text, static_cast<std::uint32_t>(time.year), 4);
-  AppendPadded(text += '-', time.month, 2);
-  AppendPadded(text += '-', time.day, 2);
-}
-
-void AppendTimeOfDay(std::string& text, const DateTime& time) {
-  AppendPadded(text, time.hour, 2);
-  AppendPadded(text += ':', time.minute, 2);
-  AppendPadded(text += ':', time.second, 2);
-  if (time.nanosecond == 0) return;
-  AppendPadded(text += '.', time.nanosecond, 9);
-  text.erase(text.find_last_not_of('0') + 1);
-}
-
 std::string IsoText(const DateTime& time) {
   std::string text;
-  const bool has_time = !time.IsMidnight() || time.nanosecond != 0;
-  if (!time.HasZeroDate()) {
-    AppendDate(text, time);
-    if (has_time) text += ' ';
-  }
-  if (has_time || time.HasZeroDate()) AppendTimeOfDay(text, time);
+  time.HasZeroDate() ? text::PutTimeOfDay(time, text) : text::PutDateTime(time, text);
   return text;
 }
 
