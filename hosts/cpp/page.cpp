@@ -10,8 +10,8 @@ Page::Page(std::string_view script_name, std::string_view query_string, std::str
       query_(host::ParseUrlEncoded(query_string)),
       form_(host::ParseUrlEncoded(form_body)) {}
 
-std::string_view Page::ServerVariable(std::string_view name) const {
-  return name == "SCRIPT_NAME" ? std::string_view(script_name_) : std::string_view();
+std::string Page::ServerVariable(std::string_view name) const {
+  return name == "SCRIPT_NAME" ? script_name_ : std::string();
 }
 
 void Page::Write(std::string_view html) {

@@ -29,8 +29,7 @@ void CallPhp(void (*body)(void* context), void* context);
 template <class Body>
 void CallPhp(Body&& body) {
   using Plain = std::remove_reference_t<Body>;
-  CallPhp([](void* context) noexcept { (*static_cast<Plain*>(context))(); },
-          const_cast<void*>(static_cast<const void*>(std::addressof(body))));
+  CallPhp([](void* context) noexcept { (*static_cast<Plain*>(context))(); }, std::addressof(body));
 }
 
 /// Whether max_execution_time is over.
@@ -52,8 +51,7 @@ template <class Body>
 bool EnterCpp(Entry entry, Body&& body) {
   using Plain = std::remove_reference_t<Body>;
   return EnterCpp(
-      entry, [](void* context) { (*static_cast<Plain*>(context))(); },
-      const_cast<void*>(static_cast<const void*>(std::addressof(body))));
+      entry, [](void* context) { (*static_cast<Plain*>(context))(); }, std::addressof(body));
 }
 
 }  // namespace dralo::php

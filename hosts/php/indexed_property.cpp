@@ -78,7 +78,8 @@ void WriteAt(const platform::ObjectPtr& owner, const zval* offset, const zval* v
     throw ScriptError{zend_ce_type_error, std::string(bound.row.name) + " must be a string, array given"};
   }
   zend_string* text = nullptr;
-  CallPhp([&] { text = zval_get_string(const_cast<zval*>(value)); });
+  zval converted = *value;
+  CallPhp([&] { text = zval_get_string(&converted); });
   const std::string kept(View(text));
   CallPhp([&] { zend_string_release(text); });
   Set(bound.View(), bound.row, index, kept);

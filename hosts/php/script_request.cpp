@@ -50,26 +50,14 @@ const zval* FindServerVariable(std::string_view name) {
 
 }  // namespace
 
-std::span<const platform::RequestField> ScriptRequest::Form() const {
-  if (!form_) form_ = IsUrlEncodedForm() ? host::ParseUrlEncoded(Body()) : MultipartFields();
-  return *form_;
+ScriptRequest::ScriptRequest()
+    : form_(IsUrlEncodedForm() ? host::ParseUrlEncoded(Body()) : MultipartFields()) {
+  if (const char* query = SG(request_info).query_string) query_ = host::ParseUrlEncoded(query);
 }
 
-std::span<const platform::RequestField> ScriptRequest::QueryString() const {
-  if (!query_) {
-    const char* query = SG(request_info).query_string;
-    query_ = host::ParseUrlEncoded(query == nullptr ? "" : query);
-  }
-  return *query_;
-}
-
-std::string_view ScriptRequest::ServerVariable(std::string_view name) const {
-  auto known = server_.find(name);
-  if (known == server_.end()) {
-    const zval* found = FindServerVariable(name);
-    known = server_.emplace(name, found == nullptr ? std::string() : std::string(View(Z_STR_P(found)))).first;
-  }
-  return known->second;
+std::string ScriptRequest::ServerVariable(std::string_view name) const {
+  const zval* found = FindServerVariable(name);
+  return found == nullptr ? std::string() : std::string(View(Z_STR_P(found)));
 }
 
 }  // namespace dralo::php

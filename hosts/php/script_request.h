@@ -1,7 +1,5 @@
 #pragma once
 
-#include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,22 +8,24 @@
 namespace dralo::php {
 
 /// The request that the script answers, read from its raw bytes: PHP's own arrays mangle names ("a.x" becomes
-/// "a_x"), drop repeated ones and stop at max_input_vars. Each part is read once, when it is first asked for.
-/// On the command line there is no request, and all parts are empty.
+/// "a_x"), drop repeated ones and stop at max_input_vars. On the command line there is no request, and all
+/// parts are empty.
 class ScriptRequest final : public platform::Request {
  public:
+  /// Reads form and query string. Runs as C++, as all members do.
+  ScriptRequest();
+
   /// Fields posted as application/x-www-form-urlencoded or multipart/form-data, without files.
-  std::span<const platform::RequestField> Form() const override;
+  std::span<const platform::RequestField> Form() const override { return form_; }
 
-  std::span<const platform::RequestField> QueryString() const override;
+  std::span<const platform::RequestField> QueryString() const override { return query_; }
 
-  /// An entry of $_SERVER, as the script has left it when it is first asked for.
-  std::string_view ServerVariable(std::string_view name) const override;
+  /// An entry of $_SERVER, as the script has left it by now.
+  std::string ServerVariable(std::string_view name) const override;
 
  private:
-  mutable std::optional<std::vector<platform::RequestField>> form_;
-  mutable std::optional<std::vector<platform::RequestField>> query_;
-  mutable std::map<std::string, std::string, std::less<>> server_;
+  std::vector<platform::RequestField> form_;
+  std::vector<platform::RequestField> query_;
 };
 
 }  // namespace dralo::php

@@ -37,7 +37,7 @@ class Page final : public PageContext, private Request, private Response {
  private:
   std::span<const RequestField> Form() const override { return form_; }
   std::span<const RequestField> QueryString() const override { return query_; }
-  std::string_view ServerVariable(std::string_view name) const override;
+  std::string ServerVariable(std::string_view name) const override;
 
   void Write(std::string_view html) override;
   void Clear() override;

@@ -23,8 +23,8 @@ class Request {
   /// Fields of the query string in their order; fields with an empty name are left out.
   virtual std::span<const RequestField> QueryString() const = 0;
 
-  /// A variable of the server such as "SCRIPT_NAME"; empty when there is none. Valid as long as the request.
-  virtual std::string_view ServerVariable(std::string_view name) const = 0;
+  /// A variable of the server such as "SCRIPT_NAME"; empty when there is none.
+  virtual std::string ServerVariable(std::string_view name) const = 0;
 };
 
 }  // namespace dralo::platform

@@ -19,7 +19,7 @@ struct Render {
   platform::Environment& environment;
   const RequestKeys& keys;
   html::HtmlWriter& out;
-  std::string_view script_name;  ///< The page's own address, for links and the form.
+  std::string script_name;  ///< The page's own address, for links and the form.
 
   ViewState view = ViewState(settings);
   Outcome outcome = {};

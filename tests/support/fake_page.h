@@ -32,8 +32,8 @@ class FakePage : public platform::PageContext, private platform::Request, privat
  private:
   std::span<const platform::RequestField> Form() const override { return form; }
   std::span<const platform::RequestField> QueryString() const override { return query; }
-  std::string_view ServerVariable(std::string_view name) const override {
-    return name == "SCRIPT_NAME" ? std::string_view(script_name) : std::string_view();
+  std::string ServerVariable(std::string_view name) const override {
+    return name == "SCRIPT_NAME" ? script_name : std::string();
   }
 
   void Write(std::string_view html) override {
