@@ -45,8 +45,8 @@ Value NumberWithFraction(std::string_view posted) {
 
 Value Date(const platform::Formatting& regional, const SchemaField& field, std::string_view posted) {
   if (posted == "0") return EmptyValue(field);
-  if (!regional.RecognizeDate(posted)) return Refusal::kNoDate;
-  return Variant(std::string(posted));
+  const auto date = regional.RecognizeDate(posted);
+  return date ? Value(Variant(*date)) : Value(Refusal::kNoDate);
 }
 
 }  // namespace

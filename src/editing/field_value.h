@@ -17,8 +17,7 @@ enum class Refusal { kRequired, kNoNumber, kNoDate };
 ///
 /// - Whole numbers are read as the locale writes them.
 /// - In fields with fractions both "," and "." are the decimal point, whatever the locale: "3,5" is 3.5.
-/// There
-///   is no grouping.
+///   There is no grouping.
 /// - Every text makes a boolean true, the empty one false.
 /// - All other texts are for the database layer to convert.
 std::variant<platform::Variant, Refusal> FieldValue(const platform::Formatting& regional,
