@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <exception>
+#include <utility>
 
 #include "dralo/type_code.h"
 #include "editing/control_text.h"
@@ -60,12 +60,8 @@ void FormEditFields::PutHidden(platform::Field& field) {
 
 template <class Body>
 void FormEditFields::Guarded(const platform::Field& field, Body&& body) {
-  try {
-    body();
-  } catch (const std::exception& error) {
-    std::string name("GetFormEditField. oField.Name=");
-    render_.Errors().Add(error.what(), name.append(field.Name()));
-  }
+  const std::string name = "GetFormEditField. oField.Name=" + std::string(field.Name());
+  settings::Guarded(render_.Errors(), name, std::forward<Body>(body));
 }
 
 FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_read_only) {
