@@ -1,5 +1,6 @@
 #include "editing/primary_keys.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <vector>
@@ -15,6 +16,8 @@
 #include "text/ascii.h"
 #include "text/blanks.h"
 #include "text/boolean_text.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 
 namespace dralo::editing {
 namespace {
@@ -110,6 +113,24 @@ std::string GetNewPKValue(Render& render, std::string_view statement) {
     render.Errors().AddNewKeyFailure(error.what(), statement, render.settings.DisplayDebug);
   }
   return {};
+}
+
+NewKey MakeNewKey(Render& render, std::string_view field_name) {
+  const settings::Settings& settings = render.settings;
+  if (text::IsBlank(settings.EditNewPKStatement)) return {};
+  const Texts names = KeyNames(settings);
+  const auto name = std::ranges::find_if(
+      names, [&](const std::string& key) { return text::EqualIgnoringCase(key, field_name); });
+  if (name == names.end()) return {};
+  const Texts items = text::Split(settings.EditNewPKStatement);
+  const auto position = static_cast<std::size_t>(name - names.begin());
+  if (position >= items.size()) {
+    throw Error("EditNewPKStatement has fewer items than EditPrimaryKeys");
+  }
+  const std::string& item = items[position];
+  if (text::EqualIgnoringCase(item, "autoincrement")) return {.is_left_to_database = true};
+  if (text::IsBlank(item)) return {};
+  return {.value = GetNewPKValue(render, item)};
 }
 
 }  // namespace dralo::editing

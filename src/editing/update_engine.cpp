@@ -1,18 +1,46 @@
 #include "editing/update_engine.h"
 
+#include <cstdint>
 #include <exception>
 #include <string>
 
-#include "editing/delete_record.h"
+#include "dralo/error.h"
 #include "editing/outcome.h"
+#include "editing/posted_key.h"
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
+#include "settings/open_connection.h"
 #include "text/blanks.h"
 
 namespace dralo::editing {
 namespace {
 
 namespace key = state::key;
+
+/// Deletes the record that the posted key inputs address, with DeleteSQL. `schema` is that of EditSQL;
+/// `statement` is left as the one in use. A failure of the statement is told in the edit status message. That
+/// it found no record is told in ErrorMessage, and the record counts as deleted; when it found several, all
+/// is undone. Throws platform::Error for this and every other failure.
+bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string& statement) {
+  const settings::Settings& settings = render.settings;
+  const PostedKey key = ReadPostedKey(render, schema);
+  statement = settings.DeleteSQL + " WHERE " + key.condition;
+  RefuseAmbiguousKey(render, key);
+  std::int64_t changed = 0;
+  try {
+    changed = settings::OpenConnection(settings)->ChangeOneRecord(statement);
+  } catch (const std::exception& error) {
+    render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
+    return false;
+  }
+  if (changed == 0) {
+    render.Errors().AddStatement("There is no record with the posted key", "UpdateRecord", statement,
+                                 settings.DisplayDebug);
+  }
+  if (changed > 1) throw platform::Error("Several records have the posted key, so none was deleted");
+  SetOutcome(render, settings::kDeleted);
+  return true;
+}
 
 bool CarryOut(state::Render& render, std::string& statement) {
   const settings::Settings& settings = render.settings;
