@@ -35,79 +35,62 @@ bool WithNumber(const platform::Formatting& formatting, const VariantView& value
   return number.has_value();
 }
 
+/// A form of numbers: a `Writer` takes the text of a decimal and the scratch, and gives the result. What is
+/// no number comes back in its standard text.
+template <class Writer>
 class NumberFormat final : public FormatPattern {
  public:
-  NumberFormat(std::string_view pattern, const PatternContext& context)
-      : pattern_(pattern), context_(context) {}
-
-  std::string_view Write(const VariantView& value, std::string& scratch) const override {
-    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
-      scratch.clear();
-      pattern_.Write(decimal, context_.numbers, scratch);
-    });
-    return is_number ? std::string_view(scratch) : context_.formatting.Text(value, scratch);
-  }
-
- private:
-  NumberPattern pattern_;
-  PatternContext context_;
-};
-
-/// One of two words.
-class WordFormat final : public FormatPattern {
- public:
-  WordFormat(std::string_view other, std::string_view zero, const PatternContext& context)
-      : other_(other), zero_(zero), context_(context) {}
-
-  std::string_view Write(const VariantView& value, std::string& scratch) const override {
-    std::string_view word;
-    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
-      word = DecimalDigits(decimal).IsZero() ? zero_ : other_;
-    });
-    return is_number ? word : context_.formatting.Text(value, scratch);
-  }
-
- private:
-  std::string_view other_;
-  std::string_view zero_;
-  PatternContext context_;
-};
-
-/// A form that the locale knows.
-class NumberKindFormat final : public FormatPattern {
- public:
-  explicit NumberKindFormat(NumberKind kind, const PatternContext& context)
-      : kind_(kind), context_(context) {}
-
-  std::string_view Write(const VariantView& value, std::string& scratch) const override {
-    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
-      context_.numbers.Write(decimal, kind_, {}, scratch);
-    });
-    return is_number ? std::string_view(scratch) : context_.formatting.Text(value, scratch);
-  }
-
- private:
-  NumberKind kind_;
-  PatternContext context_;
-};
-
-/// The standard text of the number.
-class PlainNumberFormat final : public FormatPattern {
- public:
-  explicit PlainNumberFormat(const PatternContext& context) : context_(context) {}
+  NumberFormat(const PatternContext& context, Writer writer)
+      : context_(context), writer_(std::move(writer)) {}
 
   std::string_view Write(const VariantView& value, std::string& scratch) const override {
     std::string_view text;
-    const bool is_number = WithNumber(context_.formatting, value, [&](std::string_view decimal) {
-      std::string plain;
-      text = scratch.assign(context_.formatting.Text(platform::DecimalView{decimal}, plain));
-    });
+    const bool is_number = WithNumber(context_.formatting, value,
+                                      [&](std::string_view decimal) { text = writer_(decimal, scratch); });
     return is_number ? text : context_.formatting.Text(value, scratch);
   }
 
  private:
   PatternContext context_;
+  Writer writer_;
 };
+
+template <class Writer>
+std::unique_ptr<FormatPattern> MakeNumberFormat(const PatternContext& context, Writer writer) {
+  return std::make_unique<NumberFormat<Writer>>(context, std::move(writer));
+}
+
+std::unique_ptr<FormatPattern> PatternFormat(std::string_view pattern, const PatternContext& context) {
+  return MakeNumberFormat(context, [pattern = NumberPattern(pattern), &numbers = context.numbers](
+                                       std::string_view decimal, std::string& scratch) {
+    scratch.clear();
+    pattern.Write(decimal, numbers, scratch);
+    return std::string_view(scratch);
+  });
+}
+
+/// One of two words.
+std::unique_ptr<FormatPattern> WordFormat(std::string_view other, std::string_view zero,
+                                          const PatternContext& context) {
+  return MakeNumberFormat(context, [other, zero](std::string_view decimal, std::string&) {
+    return DecimalDigits(decimal).IsZero() ? zero : other;
+  });
+}
+
+std::unique_ptr<FormatPattern> CurrencyFormat(const PatternContext& context) {
+  return MakeNumberFormat(context,
+                          [&numbers = context.numbers](std::string_view decimal, std::string& scratch) {
+                            return numbers.Write(decimal, NumberKind::kCurrency, {}, scratch);
+                          });
+}
+
+std::unique_ptr<FormatPattern> StandardFormat(const PatternContext& context) {
+  return MakeNumberFormat(
+      context, [&formatting = context.formatting](std::string_view decimal, std::string& scratch) {
+        std::string plain;
+        return std::string_view(scratch.assign(formatting.Text(platform::DecimalView{decimal}, plain)));
+      });
+}
 
 class DateFormat final : public FormatPattern {
  public:
@@ -160,14 +143,13 @@ constexpr auto kNamedDates = std::to_array<Named>({
 });
 
 std::unique_ptr<FormatPattern> NamedNumber(std::string_view name, const PatternContext& context) {
-  if (text::EqualAscii(name, "General Number")) return std::make_unique<PlainNumberFormat>(context);
-  if (text::EqualAscii(name, "Currency"))
-    return std::make_unique<NumberKindFormat>(NumberKind::kCurrency, context);
+  if (text::EqualAscii(name, "General Number")) return StandardFormat(context);
+  if (text::EqualAscii(name, "Currency")) return CurrencyFormat(context);
   for (const Named& named : kNamedNumbers) {
-    if (text::EqualAscii(name, named.name)) return std::make_unique<NumberFormat>(named.pattern, context);
+    if (text::EqualAscii(name, named.name)) return PatternFormat(named.pattern, context);
   }
   for (const auto& [word, other, zero] : kNamedWords) {
-    if (text::EqualAscii(name, word)) return std::make_unique<WordFormat>(other, zero, context);
+    if (text::EqualAscii(name, word)) return WordFormat(other, zero, context);
   }
   return nullptr;
 }
@@ -210,14 +192,14 @@ std::unique_ptr<FormatPattern> MakeValuePattern(std::string_view pattern, platfo
   const std::string placeholders = Placeholders(pattern);
   if (placeholders.find_first_of("@&") != std::string::npos) return nullptr;
   if (placeholders.find_first_of("0#") != std::string::npos) {
-    return std::make_unique<NumberFormat>(pattern, context);
+    return PatternFormat(pattern, context);
   }
   if (placeholders.find_first_of("<>!") != std::string::npos) return nullptr;
   if (placeholders.find_first_of("cdwmqyhnstCDWMQYHNST/:") != std::string::npos) {
     date.AddPattern(pattern);
     return std::make_unique<DateFormat>(std::move(date), context);
   }
-  return std::make_unique<NumberFormat>(pattern, context);
+  return PatternFormat(pattern, context);
 }
 
 }  // namespace dralo::regional
