@@ -18,7 +18,6 @@ class DecimalDigits {
 
   bool IsNegative() const { return is_negative_; }
   bool IsZero() const { return count_ == 0; }
-  void MakePositive() { is_negative_ = false; }
 
   /// Multiplies by ten to the power of `power`.
   void Scale(int power) { point_ += IsZero() ? 0 : power; }

@@ -38,7 +38,6 @@ class NumberSection {
   void AddDigit(char placeholder);
   bool TakeExponent(std::string_view& rest);
   void TakeCommas(std::string_view& rest);
-  void AddPower();
   void Finish();
   int Normalize(DecimalDigits& number) const;
   static void PutExponent(const Token& token, int exponent, std::string& to);
