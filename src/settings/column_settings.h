@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "settings/column_store.h"
 #include "settings/error_report.h"
 #include "settings/settings.h"
 

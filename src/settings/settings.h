@@ -8,11 +8,17 @@
 #include "dralo/command.h"
 #include "dralo/recordset.h"
 #include "platform/page_connection.h"
-#include "settings/column_store.h"
 #include "settings/language.h"
 #include "settings/lookup_list.h"
 
 namespace dralo::settings {
+
+/// Settings of single columns, such as their templates: a list of column numbers and, for its k-th item (from
+/// 1), the number again in values[2k-2] and the setting in values[2k-1].
+struct ColumnStore {
+  std::string index_list;  ///< Column numbers in decimal joined by ","; empty when no column has a setting.
+  std::vector<std::string> values;
+};
 
 /// What a visitor may do with records.
 struct EditPermissions {

@@ -2,8 +2,8 @@
 
 #include "platform/formatting.h"
 #include "settings/settings.h"
-#include "state/mode.h"
 #include "state/request_keys.h"
+#include "state/view_state.h"
 
 namespace dralo::state {
 

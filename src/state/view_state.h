@@ -2,11 +2,20 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "settings/settings.h"
-#include "state/mode.h"
 
 namespace dralo::state {
+
+/// The views that can stand on a page.
+enum class Mode { kGrid, kFormView, kFormEdit, kFormAdd };
+
+/// "grid", "formview", "formedit" or "formadd".
+std::string_view ModeName(Mode mode);
+
+/// Whether single records are shown, to be read, edited or added.
+constexpr bool IsForm(Mode mode) { return mode != Mode::kGrid; }
 
 /// What is to be shown: what the page has set where the request asks for nothing else. It travels in the
 /// page, as hidden inputs and in the query of links.
