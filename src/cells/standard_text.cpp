@@ -31,11 +31,26 @@ std::string_view DateText(const platform::Formatting& formatting, const platform
   return date ? formatting.Text(*date, scratch) : std::string_view();
 }
 
+/// The text of a long field; empty when it cannot be read.
+std::string_view MemoText(const platform::Formatting& formatting, platform::Field& field,
+                          std::string& scratch) {
+  try {
+    return formatting.Text(field.Value(), scratch);
+  } catch (const std::exception&) {
+    // A second read succeeds with some drivers.
+  }
+  try {
+    return text::TrimBlanks(formatting.Text(field.Value(), scratch));
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
 /// The whole text of the value without anything added for HTML; empty for what cannot be shown.
 std::string_view WholeText(const platform::Formatting& formatting, platform::Field& field,
                            std::string& scratch) {
   const platform::TypeCode type = field.Type();
-  if (platform::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
+  if (platform::IsMemoFieldType(type)) return MemoText(formatting, field, scratch);
   if (platform::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);
   return type == platform::TypeCode::kLongVarBinary ? std::string_view()
                                                     : formatting.Text(field.Value(), scratch);
@@ -103,20 +118,6 @@ std::string_view RawText(const platform::Formatting& formatting, platform::TypeC
   const std::string_view text = platform::IsDateFieldType(type) ? DateText(formatting, value, scratch)
                                                                 : formatting.Text(value, scratch);
   return KeepsBlanks(type) || !text::IsBlank(text) ? text : std::string_view();
-}
-
-std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,
-                                  std::string& scratch) {
-  try {
-    return formatting.Text(field.Value(), scratch);
-  } catch (const std::exception&) {
-    // A second read succeeds with some drivers.
-  }
-  try {
-    return text::TrimBlanks(formatting.Text(field.Value(), scratch));
-  } catch (const std::exception&) {
-    return {};
-  }
 }
 
 }  // namespace dralo::cells

@@ -25,9 +25,4 @@ std::string_view ReadRawText(const platform::Formatting& formatting, platform::F
 std::string_view RawText(const platform::Formatting& formatting, platform::TypeCode type,
                          const platform::VariantView& value, std::string& scratch);
 
-/// The text of a long field, in `scratch` or in the record; empty when it cannot be read. Never throws
-/// std::exception.
-std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,
-                                  std::string& scratch);
-
 }  // namespace dralo::cells
