@@ -2,7 +2,6 @@
 
 #include <array>
 #include <exception>
-#include <utility>
 
 #include "cells/date_functions.h"
 #include "cells/number_functions.h"
@@ -23,10 +22,15 @@ struct NamedFunction {
   CellFunction (*make)(const FormatArguments& arguments);
 };
 
+template <platform::NumberKind kKind>
+CellFunction FormatKind(const FormatArguments& arguments) {
+  return FormatNumber(arguments, kKind);
+}
+
 constexpr auto kFunctions = std::to_array<NamedFunction>({
-    {"FORMATCURRENCY", FormatCurrency},
-    {"FORMATNUMBER", FormatNumber},
-    {"FORMATPERCENT", FormatPercent},
+    {"FORMATCURRENCY", FormatKind<platform::NumberKind::kCurrency>},
+    {"FORMATNUMBER", FormatKind<platform::NumberKind::kNumber>},
+    {"FORMATPERCENT", FormatKind<platform::NumberKind::kPercent>},
     {"FORMATDATETIME", FormatDateTime},
     {"FORMAT", Format},
     {"DATEADD", DateAdd},

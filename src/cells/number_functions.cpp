@@ -5,7 +5,6 @@
 namespace dralo::cells {
 namespace {
 
-using platform::NumberKind;
 using platform::NumberOptions;
 using platform::Tristate;
 
@@ -18,17 +17,6 @@ Tristate TristateOf(const FormatArguments& arguments, std::size_t number) {
   return value == 0 ? Tristate::kFalse : Tristate::kTrue;
 }
 
-CellFunction Formatted(const FormatArguments& arguments, NumberKind kind) {
-  const NumberOptions options{
-      .digits = arguments.NumberOr(1, NumberOptions::kDefaultDigits, -1, NumberOptions::kMaxDigits),
-      .leading_digit = TristateOf(arguments, 2),
-      .parentheses = TristateOf(arguments, 3),
-      .groups = TristateOf(arguments, 4)};
-  return [kind, options](FormatInput& input, std::string& to) {
-    return input.Regional().NumberText(input.Number(), kind, options, to);
-  };
-}
-
 /// In `to` in any case: the number may end with the input.
 std::string_view StandardText(const FormatInput& input, std::string_view decimal, std::string& to) {
   std::string scratch;
@@ -37,16 +25,15 @@ std::string_view StandardText(const FormatInput& input, std::string_view decimal
 
 }  // namespace
 
-CellFunction FormatCurrency(const FormatArguments& arguments) {
-  return Formatted(arguments, NumberKind::kCurrency);
-}
-
-CellFunction FormatNumber(const FormatArguments& arguments) {
-  return Formatted(arguments, NumberKind::kNumber);
-}
-
-CellFunction FormatPercent(const FormatArguments& arguments) {
-  return Formatted(arguments, NumberKind::kPercent);
+CellFunction FormatNumber(const FormatArguments& arguments, platform::NumberKind kind) {
+  const NumberOptions options{
+      .digits = arguments.NumberOr(1, NumberOptions::kDefaultDigits, -1, NumberOptions::kMaxDigits),
+      .leading_digit = TristateOf(arguments, 2),
+      .parentheses = TristateOf(arguments, 3),
+      .groups = TristateOf(arguments, 4)};
+  return [kind, options](FormatInput& input, std::string& to) {
+    return input.Regional().NumberText(input.Number(), kind, options, to);
+  };
 }
 
 CellFunction Round(const FormatArguments& arguments) {

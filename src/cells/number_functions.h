@@ -5,9 +5,7 @@
 namespace dralo::cells {
 
 /// The functions throw platform::Error when an argument is none.
-CellFunction FormatCurrency(const FormatArguments& arguments);
-CellFunction FormatNumber(const FormatArguments& arguments);
-CellFunction FormatPercent(const FormatArguments& arguments);
+CellFunction FormatNumber(const FormatArguments& arguments, platform::NumberKind kind);
 CellFunction Round(const FormatArguments& arguments);
 CellFunction Abs(const FormatArguments& arguments);
 
