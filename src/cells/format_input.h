@@ -12,8 +12,7 @@
 namespace dralo::cells {
 
 /// The value that a format function works on: the field's text without anything added for HTML, or what that
-/// text spells. For one cell; texts stand in it, in
-/// the record or in `render.scratch`.
+/// text spells. For one cell; texts stand in it, in the record or in `render.scratch`.
 class FormatInput {
  public:
   FormatInput(state::Render& render, platform::Field& field);

@@ -31,9 +31,11 @@ enum class NamedDate : int { kGeneral = 0, kLongDate = 1, kShortDate = 2, kLongT
 
 /// How weeks are counted; the numbers are those that pages write.
 struct WeekRule {
-  int first_day = 1;  ///< 1 Sunday to 7 Saturday; 0 as the locale has it.
-  int first_week =
-      1;  ///< That of 1 January 1, the first with four days 2, the first full one 3; 0 the locale's.
+  /// 1 Sunday to 7 Saturday; 0 as the locale has it.
+  int first_day = 1;
+
+  /// 1 the week of 1 January, 2 the first with four days, 3 the first full one; 0 as the locale has it.
+  int first_week = 1;
 };
 
 /// A pattern that is read once and writes many values.

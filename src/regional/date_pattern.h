@@ -39,10 +39,9 @@ class DatePattern {
   /// `texts` must outlive the pattern; `rule` has no 0 in it.
   DatePattern(const DateTexts& texts, platform::WeekRule rule) : texts_(&texts), rule_(rule) {}
 
-  /// Sets the pattern of a page: d dd ddd dddd ddddd dddddd w ww m mm mmm mmmm q y yy yyyy h hh n nn s ss
-  /// ttttt c,
-  /// "/" and ":", AM/PM am/pm A/P a/p AMPM, in any letter case; m behind h is the minute. Texts in quotation
-  /// marks, characters behind "\" and all others stand for themselves.
+  /// Sets the pattern of a page, in any letter case: d dd ddd dddd ddddd dddddd w ww m mm mmm mmmm q y yy
+  /// yyyy h hh n nn s ss ttttt c, "/" and ":", AM/PM am/pm A/P a/p AMPM; m behind h is the minute. Texts in
+  /// quotation marks, characters behind "\" and all others stand for themselves.
   void AddPattern(std::string_view pattern);
 
   /// Adds a pattern of a locale.

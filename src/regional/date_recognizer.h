@@ -15,17 +15,15 @@ namespace dralo::regional {
 /// Reads dates and times as people of a locale type them: a date, a date and a time, or a time alone (on the
 /// zero date), blanks around.
 ///
-/// - In numbers, with ".", "/" or "-", the same one twice; before a year of four digits also a blank ("3/5
-/// 2024").
-///   A year of four digits stands first or last, one of two digits (00 to 29 is 2000 to 2029, 30 to 99 is
-///   1930 to 1999) where the locale has it. The locale's order holds; when it gives no day of the calendar,
-///   or has the year elsewhere, another order does if only one day comes of it: "13/5/2024" is 13 May
-///   everywhere, "3/5/2024" is none where the year comes first. A year that stands first is always followed
-///   by the month.
-/// - With a month's name, full or short, in the locale's language or English, also without blanks: "5 May
-/// 2024",
-///   "May 5, 2024", "05MAY2024", "5. Mai 2024", "5 de mayo de 2024". With the words of the locale's own
-///   dates: "2024年5月3日".
+/// - In numbers, with ".", "/" or "-", the same one twice; before a year of four digits also a blank, as in
+///   "3/5 2024". A year of four digits stands first or last, one of two digits (00 to 29 is 2000 to 2029, 30
+///   to 99 is 1930 to 1999) where the locale has it. The locale's order holds; when it gives no day of the
+///   calendar, or has the year elsewhere, another order does if only one day comes of it: "13/5/2024" is 13
+///   May everywhere, "3/5/2024" is none where the year comes first. A year that stands first is always
+///   followed by the month.
+/// - With a month's name, full or short, in the locale's language or English, also without blanks:
+///   "5 May 2024", "May 5, 2024", "05MAY2024", "5. Mai 2024", "5 de mayo de 2024". With the words of the
+///   locale's own dates: "2024年5月3日".
 /// - In ISO form, "2024-05-03" alone or with "T10:30:00.5" and perhaps "Z", which changes nothing.
 /// - Times are those of TimeRecognizer; after a date, "." may stand for ":" where the locale writes that.
 ///

@@ -11,8 +11,8 @@ namespace dralo::views {
 
 /// A field that the one-record view shows, found out once per page.
 struct FormField : ShownColumn {
-  std::string row_start =
-      {};  ///< Of its row, everything before the text of the value: label and opened cell.
+  /// Of its row, everything before the text of the value: label and opened cell.
+  std::string row_start = {};
 };
 
 /// The fields that the one-record view shows, in their order.
