@@ -1,11 +1,9 @@
 #include "regional/date_pattern.h"
 
 #include <algorithm>
-#include <chrono>
 
 #include "regional/digits.h"
 #include "regional/pattern_literal.h"
-#include "regional/spellings.h"
 #include "text/ascii.h"
 
 namespace dralo::regional {
@@ -13,10 +11,9 @@ namespace {
 
 using platform::DateTime;
 
+/// From 0 for Sunday.
 std::size_t WeekdayOf(const DateTime& time) {
-  const std::chrono::year_month_day day{std::chrono::year{time.year}, std::chrono::month{time.month},
-                                        std::chrono::day{time.day}};
-  return std::chrono::weekday{std::chrono::sys_days{day}}.c_encoding();
+  return static_cast<std::size_t>(Part(Interval::kWeekday, time, {}) - 1);
 }
 
 }  // namespace
