@@ -1,6 +1,5 @@
 #include <memory>
 #include <optional>
-#include <string>
 
 #include "component/field_reference.h"
 #include "hosts/php/classes.h"

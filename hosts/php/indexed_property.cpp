@@ -3,7 +3,6 @@
 #include <limits>
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "component/db_view.h"
 #include "hosts/php/classes.h"
@@ -12,7 +11,6 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/values.h"
-#include "text/letter_case.h"
 
 namespace dralo::php {
 namespace {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "hosts/php/script_class.h"
 
 namespace dralo::php {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <deque>
-#include <span>
 #include <string>
 #include <string_view>
 

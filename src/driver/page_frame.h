@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
-#include "state/current_mode.h"
 #include "state/render.h"
 
 /// The parts of the page around the grid or form, in the order in which they are written.

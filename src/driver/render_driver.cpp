@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <exception>
-#include <memory>
 #include <string>
 #include <utility>
 

@@ -14,7 +14,6 @@
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "settings/language.h"
-#include "text/ascii.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 #include "views/button_bar.h"

@@ -1,7 +1,6 @@
 #include "editing/lookup_select.h"
 
 #include <exception>
-#include <memory>
 #include <string>
 
 #include "cells/standard_text.h"

@@ -2,9 +2,7 @@
 
 #include <array>
 #include <charconv>
-#include <concepts>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>

@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <limits>
 #include <utility>
 
 #include "dralo/error.h"
-#include "regional/spellings.h"
 #include "text/ascii.h"
 
 namespace dralo::regional {

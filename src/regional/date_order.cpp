@@ -1,7 +1,5 @@
 #include "regional/date_order.h"
 
-#include <utility>
-
 namespace dralo::regional {
 namespace {
 

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>

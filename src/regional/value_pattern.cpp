@@ -8,7 +8,6 @@
 
 #include "regional/number_pattern.h"
 #include "regional/pattern_literal.h"
-#include "regional/spellings.h"
 #include "text/ascii.h"
 
 namespace dralo::regional {

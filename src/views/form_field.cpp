@@ -1,6 +1,5 @@
 #include "views/form_field.h"
 
-#include <cstdint>
 #include <string_view>
 
 #include "html/html_writer.h"
