@@ -37,28 +37,36 @@ constexpr Property<DbView> Row(std::string_view name, Access access, std::string
   return row;
 }
 
-/// A property whose setter does more: `Set` takes the settings and the value.
+/// The value as the setter takes it; a setter that takes a view of a text gets it of a text that is
+/// converted.
+template <class Value>
+auto As(const PropertyValue& value) {
+  using Kept = std::conditional_t<std::is_same_v<Value, std::string_view>, std::string, Value>;
+  return FromPropertyValue<Kept>(value);
+}
+
+template <class Value>
+void Assign(void (*set)(settings::Settings&, Value), DbView& view, const PropertyValue& value) {
+  set(view.MutableSettings(), As<Value>(value));
+}
+
+/// The same for a setter that also creates objects.
+template <class Value>
+void Assign(void (*set)(settings::Settings&, platform::Environment&, Value), DbView& view,
+            const PropertyValue& value) {
+  set(view.MutableSettings(), view.GetEnvironment(), As<Value>(value));
+}
+
+/// A property whose setter does more.
 template <auto Member, auto Set>
 constexpr Property<DbView> Row(std::string_view name, Access access, std::string_view doc,
                                std::string_view object_class = {}) {
   Property<DbView> row = Row<Member>(name, access, doc, object_class);
-  row.set = [](DbView& view, const PropertyValue& value) {
-    Set(view.MutableSettings(), FromPropertyValue<TypeOf<Member>>(value));
-  };
+  row.set = [](DbView& view, const PropertyValue& value) { Assign(Set, view, value); };
   return row;
 }
 
-/// The same for a setter that also creates objects.
-template <auto Member, auto Set>
-constexpr Property<DbView> CreatingRow(std::string_view name, Access access, std::string_view doc) {
-  Property<DbView> row = Row<Member>(name, access, doc);
-  row.set = [](DbView& view, const PropertyValue& value) {
-    Set(view.MutableSettings(), view.GetEnvironment(), FromPropertyValue<TypeOf<Member>>(value));
-  };
-  return row;
-}
-
-/// A text that can only be set; `Set` takes the settings and the text.
+/// A text that can only be set.
 template <auto Set>
 constexpr Property<DbView> TextSetterRow(std::string_view name, std::string_view doc) {
   return {.name = name,
@@ -66,27 +74,13 @@ constexpr Property<DbView> TextSetterRow(std::string_view name, std::string_view
           .access = kWriteOnly,
           .doc = doc,
           .get = nullptr,
-          .set = [](DbView& view, const PropertyValue& value) {
-            Set(view.MutableSettings(), FromPropertyValue<std::string>(value));
-          }};
+          .set = [](DbView& view, const PropertyValue& value) { Assign(Set, view, value); }};
 }
 
 constexpr Property<DbView> WriteOnly(Property<DbView> row) {
   row.get = nullptr;
   return row;
 }
-
-/// The page size is the one number whose setter decides about values that do not fit.
-constexpr Property<DbView> kRecordsPerPage{
-    .name = "RecordsPerPage",
-    .type = PropertyType::kInteger,
-    .access = kReadWrite,
-    .doc = "Rows on a page of the grid; a value that is not below RecordsMaxLimit is ignored.",
-    .get = [](const DbView& view) { return ToPropertyValue(view.GetSettings().RecordsPerPage); },
-    .set =
-        [](DbView& view, const PropertyValue& value) {
-          settings::SetRecordsPerPage(view.MutableSettings(), FromPropertyValue<std::int64_t>(value));
-        }};
 
 constexpr Property<DbView> kCurrentMode{
     .name = "CurrentMode",
@@ -100,19 +94,19 @@ using S = settings::Settings;
 
 // clang-format off
 constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
-  CreatingRow<&S::sql, settings::SetSql>("sql", kReadWrite, "The query of the grid; a text that does not begin with \"SELECT \" is run as a command; also becomes FormSQL and EditSQL where these are empty."),
+  Row<&S::sql, settings::SetSql>("sql", kReadWrite, "The query of the grid; a text that does not begin with \"SELECT \" is run as a command; also becomes FormSQL and EditSQL where these are empty."),
   Row<&S::FormSQL, settings::SetFormSql>("FormSQL", kReadWrite, "The query of the one-record view; setting it switches ApplyCellFormattingToForm and ApplyColFormattingToForm off."),
   Row<&S::EditSQL>("EditSQL", kReadWrite, "The query of the edit and add forms."),
   Row<&S::DeleteSQL>("DeleteSQL", kReadWrite, "The statement that deletes a record, without its WHERE, such as DELETE FROM Customers."),
   Row<&S::PersistentSQL>("PersistentSQL", kReadWrite, "Carries the text of sql in the page, so that later requests use it."),
   Row<&S::StoredProcCommand, settings::SetStoredProcCommand>("StoredProcCommand", kReadWrite, "A prepared command that is run instead of an SQL text.", "ADODB.Command"),
-  CreatingRow<&S::ConnectionString, settings::SetConnectionString>("ConnectionString", kReadWrite, "Connects to a database at once, on a new connection of the view's own."),
+  Row<&S::ConnectionString, settings::SetConnectionString>("ConnectionString", kReadWrite, "Connects to a database at once, on a new connection of the view's own."),
   Row<&S::DrConnection, settings::SetDrConnection>("DrConnection", kReadWrite, "A connection that several views share.", "Dralo.DBConnection"),
   WriteOnly(Row<&S::ADORecordset, settings::SetAdoRecordset>("ADORecordset", kWriteOnly, "An open recordset that is shown instead of a query; switches CountRecords off.", "ADODB.Recordset")),
   Row<&S::Language, settings::SetLanguage>("Language", kReadWrite, "The interface language: \"ENG\", \"GER\" or \"NOR\" in capitals; other codes are ignored."),
   Row<&S::Tag>("Tag", kReadWrite, "One character that tells several views on a page apart; it is part of every request key and element id."),
   Row<&S::DisplayType, settings::SetDisplayType>("DisplayType", kReadWrite, "\"grid\", \"form\", or \"default\", which shows the one-record view when RecordsPerPage is 1."),
-  kRecordsPerPage,
+  Row<&S::RecordsPerPage, settings::SetRecordsPerPage>("RecordsPerPage", kReadWrite, "Rows on a page of the grid; a value that is not below RecordsMaxLimit is ignored."),
   Row<&S::RecordsMaxLimit>("RecordsMaxLimit", kReadWrite, "The highest record number that paging and export reach."),
   Row<&S::RecordCount>("RecordCount", kReadWrite, "How many records there are; -1 while unknown; a value of 1 or more is not counted again."),
   Row<&S::CountRecords>("CountRecords", kReadWrite, "Counts the records before the page is written, for the counter and the last-page button."),
