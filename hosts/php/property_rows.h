@@ -4,6 +4,7 @@
 
 #include "component/database_properties.h"
 #include "hosts/php/classes.h"
+#include "hosts/php/native_object.h"
 #include "hosts/php/values.h"
 
 namespace dralo::php {
@@ -29,7 +30,14 @@ void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
 }
 
 /// Declares a property that holds `list_class`, whose objects stand for the same C++ object as the owner.
-void DeclareList(ScriptClass& script_class, const component::DescribedProperty& list,
-                 const ScriptClass& list_class);
+inline void DeclareList(ScriptClass& script_class, const component::DescribedProperty& list,
+                        const ScriptClass& list_class) {
+  const ScriptProperty property{.name = list.name,
+                                .type = component::PropertyType::kObject,
+                                .read = [](const ScriptProperty& of, const platform::ObjectPtr& owner,
+                                           zval* result) { PutObject(*of.holds, owner, result); },
+                                .holds = &list_class};
+  DeclareProperty(script_class, property, PhpType(list_class), list.doc);
+}
 
 }  // namespace dralo::php
