@@ -73,7 +73,7 @@ FormatFunction::FormatFunction(state::Render& render, int column) {
                              settings::GetFormatCellStringRaw(render.settings, column, render.Errors()),
                              render.settings.GridFreeFormatCellColumnDelimiter);
   } catch (const std::exception& error) {
-    failure_ = error.what();
+    failure_ = error.what();  // Told by every cell that has a value.
   }
 }
 

@@ -80,6 +80,7 @@ std::string_view LimitedMemo(state::Render& render, std::string_view memo) {
 template <class Body>
 std::string_view GuardedText(state::Render& render, platform::Field& field, std::string_view function,
                              Body&& body) {
+  // Not Guarded(): the name is put together only for a failure.
   try {
     return body();
   } catch (const std::exception& error) {

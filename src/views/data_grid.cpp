@@ -243,6 +243,7 @@ int DisplayedGridColumns(const Settings& settings, platform::Recordset& recordse
 
 void MakeDataGrid(state::Render& render, platform::Recordset& recordset, std::int32_t& rows) {
   render.outcome.record.clear();
+  // Not Guarded(): the message of a grid begins with the number of the error.
   try {
     PutGrid(render, recordset, rows);
   } catch (const platform::Error& error) {
