@@ -1,5 +1,7 @@
 #include "state/current_mode.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "dralo/error.h"
@@ -20,14 +22,6 @@ std::int16_t PageSizeToGoBy(const settings::Settings& settings, const RequestKey
   }
 }
 
-/// What decides about the view besides the properties.
-struct ViewRequest {
-  std::int16_t records_per_page = 0;
-  bool form_display = false;  ///< The one-record view is asked for.
-  bool edit = false;          ///< The edit form is asked for.
-  bool add = false;           ///< The add form is asked for.
-};
-
 bool AsksForEdit(const RequestKeys& keys, bool has_failed) {
   return has_failed || (keys.Has(key::kFormEdit) && !keys.Has(key::kFormView));
 }
@@ -38,45 +32,30 @@ bool AsksForAdd(const RequestKeys& keys, bool has_failed) {
   return keys.Has(key::kFormAdd) && !keys.Has(key::kFormView);
 }
 
-bool AsksForFormDisplay(const RequestKeys& keys) {
-  return text::EqualIgnoringCase(keys.Value(key::kFormDisplay), kOneRecord);
-}
-
-Mode SelectMode(const settings::Settings& settings, const ViewRequest& request) {
+bool ShowsForm(const settings::Settings& settings, const RequestKeys* keys,
+               const platform::Formatting& formatting) {
   using settings::DisplayKind;
-  const bool form = settings.display == DisplayKind::kForm || request.form_display ||
-                    (settings.display == DisplayKind::kFormWhenOnePerPage && request.records_per_page == 1);
-  if (!form) return Mode::kGrid;
-  // Adding, too, needs the permission to update: the add button alone needs "ADD".
-  if (!settings.edit.update) return Mode::kFormView;
-  if (request.add) return Mode::kFormAdd;
-  if (request.edit || settings.edit.skips_view) return Mode::kFormEdit;
-  return Mode::kFormView;
+  if (settings.display == DisplayKind::kForm) return true;
+  if (keys != nullptr && text::EqualIgnoringCase(keys->Value(key::kFormDisplay), kOneRecord)) return true;
+  if (settings.display != DisplayKind::kFormWhenOnePerPage) return false;
+  return (keys == nullptr ? settings.RecordsPerPage : PageSizeToGoBy(settings, *keys, formatting)) == 1;
 }
 
 }  // namespace
 
 std::string_view ModeName(Mode mode) {
-  switch (mode) {
-    case Mode::kGrid:
-      return "grid";
-    case Mode::kFormView:
-      return "formview";
-    case Mode::kFormEdit:
-      return "formedit";
-    case Mode::kFormAdd:
-      return "formadd";
-  }
-  return "grid";
+  constexpr std::array<std::string_view, 4> kNames = {"grid", "formview", "formedit", "formadd"};
+  return kNames[static_cast<std::size_t>(mode)];
 }
 
 Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
                  const platform::Formatting& formatting, bool has_failed) {
-  if (keys == nullptr) return SelectMode(settings, {.records_per_page = settings.RecordsPerPage});
-  return SelectMode(settings, {.records_per_page = PageSizeToGoBy(settings, *keys, formatting),
-                               .form_display = AsksForFormDisplay(*keys),
-                               .edit = AsksForEdit(*keys, has_failed),
-                               .add = AsksForAdd(*keys, has_failed)});
+  if (!ShowsForm(settings, keys, formatting)) return Mode::kGrid;
+  // The form for a new record needs "UPDATE" too; "ADD" alone shows the button that asks for it.
+  if (!settings.edit.update) return Mode::kFormView;
+  if (keys != nullptr && AsksForAdd(*keys, has_failed)) return Mode::kFormAdd;
+  const bool edits = settings.edit.skips_view || (keys != nullptr && AsksForEdit(*keys, has_failed));
+  return edits ? Mode::kFormEdit : Mode::kFormView;
 }
 
 }  // namespace dralo::state
