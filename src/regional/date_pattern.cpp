@@ -7,39 +7,25 @@
 #include "text/ascii.h"
 
 namespace dralo::regional {
-namespace {
-
 using platform::DateTime;
 
-/// From 0 for Sunday.
-std::size_t WeekdayOf(const DateTime& time) {
-  return static_cast<std::size_t>(Part(Interval::kWeekday, time, {}) - 1);
+char* WriteGeneral(const LocaleFacts& facts, const DateTime& time, char* to) {
+  const bool has_date = !time.HasZeroDate();
+  const bool has_time = !time.IsMidnight() || !has_date;
+  if (has_date) to = facts.short_date.Write(time, to);
+  if (has_date && has_time) *to++ = ' ';
+  return has_time ? facts.long_time.Write(time, to) : to;
 }
 
-}  // namespace
+std::size_t MaxGeneralSize(const LocaleFacts& facts) {
+  return facts.short_date.MaxSize() + 1 + facts.long_time.MaxSize();
+}
 
-DateTexts::DateTexts(const LocaleFacts& facts)
-    : short_date(facts.short_date),
-      long_time(facts.long_time),
-      long_date(facts.long_date),
-      medium_date(facts.medium_date),
-      date_separator(facts.date_separator),
-      names(facts.names),
-      day_half_names(facts.day_half_names) {}
-
-void DateTexts::Put(const DateTimePattern& pattern, const DateTime& time, std::string& to) {
+void AppendTime(const DateTimePattern& pattern, const DateTime& time, std::string& to) {
   const std::size_t size = to.size();
   to.resize(size + pattern.MaxSize());
   const char* end = pattern.Write(time, to.data() + size);
   to.resize(static_cast<std::size_t>(end - to.data()));
-}
-
-char* DateTexts::WriteGeneral(const DateTime& time, char* to) const {
-  const bool has_date = !time.HasZeroDate();
-  const bool has_time = !time.IsMidnight() || !has_date;
-  if (has_date) to = short_date.Write(time, to);
-  if (has_date && has_time) *to++ = ' ';
-  return has_time ? long_time.Write(time, to) : to;
 }
 
 void DatePattern::AddPattern(std::string_view pattern) {
@@ -86,6 +72,15 @@ void DatePattern::Add(Token token) {
   follows_hour_ = false;
 }
 
+void DatePattern::AddMonthName(const std::array<std::string, 12>& names) {
+  Add({.kind = Kind::kMonthName, .names = names.data()});
+}
+
+/// The names begin with Sunday, as the days of the calendar do.
+void DatePattern::AddDayName(const std::array<std::string, 7>& names) {
+  Add({.kind = Kind::kDayName, .names = names.data()});
+}
+
 bool DatePattern::TakeDayHalf(std::string_view& rest) {
   const auto take = [&](std::string_view letters, std::string_view morning, std::string_view afternoon) {
     if (!text::StartsWithAscii(rest, letters)) return false;
@@ -95,7 +90,7 @@ bool DatePattern::TakeDayHalf(std::string_view& rest) {
     follows_hour_ = false;
     return true;
   };
-  if (take("AMPM", texts_->day_half_names[0], texts_->day_half_names[1])) return true;
+  if (take("AMPM", facts_->day_half_names[0], facts_->day_half_names[1])) return true;
   return rest.starts_with('a') ? take("AM/PM", "am", "pm") || take("A/P", "a", "p")
                                : take("AM/PM", "AM", "PM") || take("A/P", "A", "P");
 }
@@ -103,7 +98,7 @@ bool DatePattern::TakeDayHalf(std::string_view& rest) {
 void DatePattern::AddLetters(char letter, int width) {
   switch (letter) {
     case 'c':
-      return Add({Kind::kGeneral});
+      return Add({.kind = Kind::kGeneral});
     case 'd':
       return AddDay(width);
     case 'w':
@@ -114,7 +109,7 @@ void DatePattern::AddLetters(char letter, int width) {
       return AddCount(Interval::kQuarter);
     case 'y':
       if (width == 1) return AddCount(Interval::kDayOfYear);
-      return width == 2 ? Add({Kind::kShortYear}) : AddNumber(DateTimePart::kYear, 4);
+      return width == 2 ? Add({.kind = Kind::kShortYear}) : AddNumber(DateTimePart::kYear, 4);
     case 'h':
       return AddNumber(hour_, std::min(width, 2));
     case 'n':
@@ -122,10 +117,10 @@ void DatePattern::AddLetters(char letter, int width) {
     case 's':
       return AddNumber(DateTimePart::kSecond, std::min(width, 2));
     case 't':
-      return width == 5 ? Add({.plain = texts_->long_time})
+      return width == 5 ? Add({.plain = facts_->long_time})
                         : Plain().AddLiteral(std::string(static_cast<std::size_t>(width), 't'));
     default:
-      for (; width > 0; --width) Plain().AddLiteral(texts_->date_separator);
+      for (; width > 0; --width) Plain().AddLiteral(facts_->date_separator);
   }
 }
 
@@ -135,19 +130,19 @@ void DatePattern::AddDay(int width) {
     case 2:
       return AddNumber(DateTimePart::kDay, width);
     case 3:
-      return Add({Kind::kShortWeekdayAlone});
+      return AddDayName(facts_->names.short_days_alone);
     case 4:
-      return Add({Kind::kWeekday});
+      return AddDayName(facts_->names.days);
     case 5:
-      return Add({.plain = texts_->short_date});
+      return Add({.plain = facts_->short_date});
     default:
-      return AddRuns(texts_->long_date);
+      return AddRuns(facts_->long_date);
   }
 }
 
 void DatePattern::AddMonth(int width) {
   if (width <= 2) return AddNumber(DateTimePart::kMonth, width);
-  Add({width == 3 ? Kind::kShortMonthAlone : Kind::kMonth});
+  AddMonthName(width == 3 ? facts_->names.short_months_alone : facts_->names.months);
 }
 
 void DatePattern::AddRuns(const std::vector<PatternRun>& runs) {
@@ -165,10 +160,10 @@ void DatePattern::AddRun(const PatternRun& run) {
     case 'M':
     case 'L':
       if (run.width <= 2) return AddNumber(DateTimePart::kMonth, run.width);
-      return Add({run.width == 3 ? Kind::kShortMonth : Kind::kMonth});
+      return AddMonthName(run.width == 3 ? facts_->names.short_months : facts_->names.months);
     case 'E':
     case 'c':
-      return Add({run.width <= 3 ? Kind::kShortWeekday : Kind::kWeekday});
+      return AddDayName(run.width <= 3 ? facts_->names.short_days : facts_->names.days);
     default:
       return;
   }
@@ -179,11 +174,9 @@ void DatePattern::Write(const DateTime& time, std::string& to) const {
 }
 
 void DatePattern::Put(const Token& token, const DateTime& time, std::string& to) const {
-  const DateNames& names = texts_->names;
-  const auto month = static_cast<std::size_t>(time.month - 1);
   switch (token.kind) {
     case Kind::kPlain:
-      DateTexts::Put(token.plain, time, to);
+      AppendTime(token.plain, time, to);
       break;
     case Kind::kCount:
       to += std::to_string(Part(token.part, time, rule_));
@@ -191,28 +184,16 @@ void DatePattern::Put(const Token& token, const DateTime& time, std::string& to)
     case Kind::kShortYear:
       to.append(&kDigitPairs[2 * static_cast<std::size_t>(time.year % 100)], 2);
       break;
-    case Kind::kMonth:
-      to += names.months[month];
+    case Kind::kMonthName:
+      to += token.names[time.month - 1];
       break;
-    case Kind::kShortMonth:
-      to += names.short_months[month];
-      break;
-    case Kind::kShortMonthAlone:
-      to += names.short_months_alone[month];
-      break;
-    case Kind::kWeekday:
-      to += names.days[WeekdayOf(time)];
-      break;
-    case Kind::kShortWeekday:
-      to += names.short_days[WeekdayOf(time)];
-      break;
-    case Kind::kShortWeekdayAlone:
-      to += names.short_days_alone[WeekdayOf(time)];
+    case Kind::kDayName:
+      to += token.names[Part(Interval::kWeekday, time, {}) - 1];
       break;
     case Kind::kGeneral: {
       const std::size_t size = to.size();
-      to.resize(size + texts_->MaxGeneralSize());
-      to.resize(static_cast<std::size_t>(texts_->WriteGeneral(time, to.data() + size) - to.data()));
+      to.resize(size + MaxGeneralSize(*facts_));
+      to.resize(static_cast<std::size_t>(WriteGeneral(*facts_, time, to.data() + size) - to.data()));
       break;
     }
   }

@@ -12,32 +12,20 @@
 
 namespace dralo::regional {
 
-/// What date patterns take from a locale.
-struct DateTexts {
-  explicit DateTexts(const LocaleFacts& facts);
+/// Short date, blank, long time; midnight drops the time, the zero date the date. `to` has room for
+/// MaxGeneralSize() bytes; returns the end.
+char* WriteGeneral(const LocaleFacts& facts, const platform::DateTime& time, char* to);
+std::size_t MaxGeneralSize(const LocaleFacts& facts);
 
-  /// Short date, blank, long time; midnight drops the time, the zero date the date. `to` has room for
-  /// MaxGeneralSize() bytes; returns the end.
-  char* WriteGeneral(const platform::DateTime& time, char* to) const;
-  std::size_t MaxGeneralSize() const { return short_date.MaxSize() + 1 + long_time.MaxSize(); }
-
-  static void Put(const DateTimePattern& pattern, const platform::DateTime& time, std::string& to);
-
-  DateTimePattern short_date;
-  DateTimePattern long_time;
-  std::vector<PatternRun> long_date;
-  std::vector<PatternRun> medium_date;
-  std::string date_separator;
-  DateNames names;
-  std::array<std::string, 2> day_half_names;
-};
+/// Appends `time` in the pattern.
+void AppendTime(const DateTimePattern& pattern, const platform::DateTime& time, std::string& to);
 
 /// A date-time form with numbers, names and literal texts: a DateTimePattern where that is enough, and what
 /// needs a locale's names or a calendar.
 class DatePattern {
  public:
-  /// `texts` must outlive the pattern; `rule` has no 0 in it.
-  DatePattern(const DateTexts& texts, platform::WeekRule rule) : texts_(&texts), rule_(rule) {}
+  /// `facts` must outlive the pattern; `rule` has no 0 in it.
+  DatePattern(const LocaleFacts& facts, platform::WeekRule rule) : facts_(&facts), rule_(rule) {}
 
   /// Sets the pattern of a page, in any letter case: d dd ddd dddd ddddd dddddd w ww m mm mmm mmmm q y yy
   /// yyyy h hh n nn s ss ttttt c, "/" and ":", AM/PM am/pm A/P a/p AMPM; m behind h is the minute. Texts in
@@ -54,12 +42,8 @@ class DatePattern {
     kPlain,      ///< What a DateTimePattern writes.
     kCount,      ///< A number that is counted by the calendar.
     kShortYear,  ///< Two digits.
-    kMonth,      ///< Names from here on.
-    kShortMonth,
-    kShortMonthAlone,
-    kWeekday,
-    kShortWeekday,
-    kShortWeekdayAlone,
+    kMonthName,
+    kDayName,
     kGeneral
   };
 
@@ -67,6 +51,7 @@ class DatePattern {
     Kind kind = Kind::kPlain;
     Interval part = Interval::kDay;
     DateTimePattern plain = {};
+    const std::string* names = nullptr;  ///< Of the months or the days, the first of them.
   };
 
   void Parse(std::string_view pattern, DateTimePart hour);
@@ -79,11 +64,13 @@ class DatePattern {
   /// The plain token at the end.
   DateTimePattern& Plain();
   void AddNumber(DateTimePart part, int width);
-  void AddCount(Interval part) { Add({Kind::kCount, part}); }
+  void AddCount(Interval part) { Add({.kind = Kind::kCount, .part = part}); }
+  void AddMonthName(const std::array<std::string, 12>& names);
+  void AddDayName(const std::array<std::string, 7>& names);
   void Add(Token token);
   void Put(const Token& token, const platform::DateTime& time, std::string& to) const;
 
-  const DateTexts* texts_;
+  const LocaleFacts* facts_;
   platform::WeekRule rule_;
   std::vector<Token> tokens_;
   DateTimePart hour_ = DateTimePart::kHour24;  ///< As which hours are written.

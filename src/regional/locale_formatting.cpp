@@ -1,9 +1,9 @@
 #include "regional/locale_formatting.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "dralo/error.h"
-#include "regional/boolean_words.h"
 #include "regional/calendar.h"
 #include "regional/date_pattern.h"
 #include "regional/date_recognizer.h"
@@ -29,16 +29,14 @@ platform::WeekRule WeekRuleOf(const LocaleFacts& facts) {
 
 class LocaleFormatting final : public platform::ValueFormatting {
  public:
-  explicit LocaleFormatting(const LocaleFacts& facts)
-      : numbers_(facts.decimal_point),
-        number_forms_(facts),
-        date_texts_(facts),
-        long_date_(date_texts_, {}),
-        short_time_(date_texts_, {}),
-        week_rule_(WeekRuleOf(facts)),
-        boolean_words_(facts.boolean_words),
-        date_recognizer_(facts),
-        number_recognizer_(facts) {
+  explicit LocaleFormatting(LocaleFacts facts)
+      : facts_(std::move(facts)),
+        numbers_(facts_.decimal_point),
+        number_forms_(facts_),
+        long_date_(facts_, {}),
+        short_time_(facts_, {}),
+        date_recognizer_(facts_),
+        number_recognizer_(facts_) {
     long_date_.AddPattern("dddddd");
     short_time_.AddPattern("hh:nn");
   }
@@ -73,23 +71,21 @@ class LocaleFormatting final : public platform::ValueFormatting {
 
   std::unique_ptr<platform::FormatPattern> MakePattern(std::string_view pattern,
                                                        platform::WeekRule rule) const override {
-    return MakeValuePattern(pattern, Checked(rule), {*this, number_forms_, date_texts_});
+    return MakeValuePattern(pattern, Checked(rule), {*this, number_forms_, facts_});
   }
 
  private:
   std::string_view BooleanText(bool flag) const {
-    return flag ? boolean_words_.true_word : boolean_words_.false_word;
+    return flag ? facts_.boolean_words.true_word : facts_.boolean_words.false_word;
   }
   platform::WeekRule Checked(platform::WeekRule rule) const;
   std::string_view DateTimeText(const DateTime& time, std::string& scratch) const;
 
+  LocaleFacts facts_;
   NumberWriter numbers_;
   NumberForms number_forms_;
-  DateTexts date_texts_;
   DatePattern long_date_;
   DatePattern short_time_;
-  platform::WeekRule week_rule_;
-  BooleanWords boolean_words_;
   DateRecognizer date_recognizer_;
   NumberRecognizer number_recognizer_;
 };
@@ -116,8 +112,8 @@ std::string_view LocaleFormatting::Text(const VariantView& value, std::string& s
 }
 
 std::string_view LocaleFormatting::DateTimeText(const DateTime& time, std::string& scratch) const {
-  char* start = Room(scratch, date_texts_.MaxGeneralSize());
-  return {start, static_cast<std::size_t>(date_texts_.WriteGeneral(time, start) - start)};
+  char* start = Room(scratch, MaxGeneralSize(facts_));
+  return {start, static_cast<std::size_t>(WriteGeneral(facts_, time, start) - start)};
 }
 
 platform::Decimal LocaleFormatting::Rounded(platform::DecimalView number, int digits) const {
@@ -143,13 +139,13 @@ std::string_view LocaleFormatting::DateText(const DateTime& time, platform::Name
       long_date_.Write(time, scratch);
       break;
     case NamedDate::kLongTime:
-      DateTexts::Put(date_texts_.long_time, time, scratch);
+      AppendTime(facts_.long_time, time, scratch);
       break;
     case NamedDate::kShortTime:
       short_time_.Write(time, scratch);
       break;
     default:
-      DateTexts::Put(date_texts_.short_date, time, scratch);
+      AppendTime(facts_.short_date, time, scratch);
   }
   return scratch;
 }
@@ -159,8 +155,8 @@ platform::WeekRule LocaleFormatting::Checked(platform::WeekRule rule) const {
   if (rule.first_day < 0 || rule.first_day > 7) throw platform::Error("The first day of the week is 0 to 7");
   if (rule.first_week < 0 || rule.first_week > 3)
     throw platform::Error("The first week of the year is 0 to 3");
-  if (rule.first_day == 0) rule.first_day = week_rule_.first_day;
-  if (rule.first_week == 0) rule.first_week = week_rule_.first_week;
+  if (rule.first_day == 0) rule.first_day = WeekRuleOf(facts_).first_day;
+  if (rule.first_week == 0) rule.first_week = WeekRuleOf(facts_).first_week;
   return rule;
 }
 

@@ -156,7 +156,7 @@ std::unique_ptr<FormatPattern> NamedNumber(std::string_view name, const PatternC
 std::unique_ptr<FormatPattern> NamedDateFormat(std::string_view name, DatePattern pattern,
                                                const PatternContext& context) {
   if (text::EqualAscii(name, "Medium Date")) {
-    pattern.AddRuns(context.dates.medium_date);
+    pattern.AddRuns(context.facts.medium_date);
     return std::make_unique<DateFormat>(std::move(pattern), context);
   }
   for (const Named& named : kNamedDates) {
@@ -184,7 +184,7 @@ std::string Placeholders(std::string_view pattern) {
 std::unique_ptr<FormatPattern> MakeValuePattern(std::string_view pattern, platform::WeekRule rule,
                                                 const PatternContext& context) {
   if (pattern.empty()) return nullptr;
-  DatePattern date(context.dates, rule);
+  DatePattern date(context.facts, rule);
   if (auto named = NamedNumber(pattern, context)) return named;
   if (auto named = NamedDateFormat(pattern, date, context)) return named;
 

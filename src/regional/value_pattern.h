@@ -13,7 +13,7 @@ namespace dralo::regional {
 struct PatternContext {
   const platform::ValueFormatting& formatting;
   const NumberForms& numbers;
-  const DateTexts& dates;
+  const LocaleFacts& facts;
 };
 
 /// See platform::ValueFormatting::MakePattern(); `rule` has no 0 in it.
