@@ -37,8 +37,7 @@ constexpr Property<DbView> Row(std::string_view name, Access access, std::string
   return row;
 }
 
-/// The value as the setter takes it; a setter that takes a view of a text gets it of a text that is
-/// converted.
+/// The value in the type of a setter's parameter; for a view of a text the text itself.
 template <class Value>
 auto As(const PropertyValue& value) {
   using Kept = std::conditional_t<std::is_same_v<Value, std::string_view>, std::string, Value>;

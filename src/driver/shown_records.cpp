@@ -84,8 +84,8 @@ bool OpenByPostedKey(Render& render, ShownRecords& records) {
   auto record = OpenOneRecord(render, sql);
   // A save may have changed the key, or taken the record out of the statement.
   if (render.outcome.change == state::Change::kSaved && record->Eof()) return false;
-  // What is paged through is there for the bar; it is not moved, for the number says nothing about the
-  // record.
+  // The bar needs what is paged through. It stays at its start: the record number says nothing about a record
+  // that was found by its key.
   records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, 0);
   records.sql = sql;
   records.keyed = std::move(record);
@@ -138,7 +138,7 @@ void OpenNewRecord(Render& render, ShownRecords& records) {
     records.main->AddNew();
     records.is_added = true;
   } catch (const std::exception& error) {
-    if (render.outcome.has_failed_to_save) return;  // Which said so.
+    if (render.outcome.has_failed_to_save) return;  // The save has told it already.
     render.Errors().Add(error.what(), "WriteHTMLTable.");
   }
 }

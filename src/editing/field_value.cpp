@@ -28,7 +28,7 @@ Value WholeNumber(const platform::Formatting& regional, std::string_view posted)
   return Variant(*std::move(number));
 }
 
-/// The same for types whose texts are not tested here.
+/// The same, but a text that is no number is left to the database layer, which says why it refuses it.
 Value BigWholeNumber(const platform::Formatting& regional, std::string_view posted) {
   auto number = regional.RecognizeNumber(posted);
   return number ? Variant(*std::move(number)) : Variant(std::string(posted));

@@ -91,7 +91,7 @@ class Save {
   /// Gives the field its value. False when there is none for it, which the status message then tells.
   bool Assign(std::size_t index) {
     SchemaField field = schema_.fields[index];
-    // Without a declared type the schema has that of another record.
+    // A column without a declared type has in every record the type of its value there.
     if (!is_insert_) field.type = FieldAt(index).Type();
     const NewKey key = is_insert_ ? MakeNewKey(render_, field.name) : NewKey{};
     const auto posted = inputs_.Posted(field.name);

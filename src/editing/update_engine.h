@@ -4,11 +4,11 @@
 
 namespace dralo::editing {
 
-/// Whether a save or delete was posted that EditOptions as assigned allows.
+/// Whether a save or delete was posted, and EditOptions allows saving (EditPermissions::save).
 bool IsChangePosted(const state::Render& render);
 
-/// Carries out the save or delete that was posted, if one was and EditOptions as assigned allows it: one
-/// statement that is carried out whole or not at all. True also when there was nothing to do. When false the
+/// Carries out the save or delete that IsChangePosted() finds: one statement that is carried out whole or not
+/// at all. True also when there was nothing to do. When false the
 /// database is as it was, and either the edit status message or ErrorMessage says why; a success leaves its
 /// message in the edit status message.
 bool UpdateRecord(state::Render& render);

@@ -45,8 +45,8 @@ struct Counters {
 };
 
 /// What a page has set on a view, with the defaults. Members that are properties bear the property's name and
-/// are written only by its setter, by the reader of the request and, for counts and row numbers, by the
-/// render itself.
+/// are written only by their setters and, for the page size, the query, its order, the counts and row numbers
+/// that a rendering has found, by state::Commit().
 struct Settings {
   // The query.
   std::string sql = "";

@@ -47,7 +47,7 @@ class SortLinks {
   const state::Render& render_;
   const Settings& settings_;
   bool any_;
-  bool long_columns_;  ///< Only one engine sorts by them; a grid without a connection is not on it.
+  bool long_columns_;  ///< Whether columns of long values get links: only one engine can sort by them.
   html::HtmlWriter before_number_;
   html::HtmlWriter after_number_;
 };
