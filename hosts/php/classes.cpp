@@ -59,15 +59,7 @@ const zend_function_entry kFunctions[] = {
     SCRIPT_FUNCTION("Dralo\\CreateObject", CreateObject, create_object_arginfo, 0) ZEND_FE_END};
 
 void RegisterClasses() {
-  RegisterIndexedProperty();
-  RegisterFields();
-  RegisterField();
-  RegisterParameters();
-  RegisterConnection();
-  RegisterRecordset();
-  RegisterCommand();
-  RegisterDBConnection();
-  RegisterDbView();
+  for (ScriptClass* script_class : kClasses) RegisterClass(*script_class);
 }
 
 void RegisterRefusingClasses() {

@@ -16,18 +16,7 @@ extern ScriptClass field_class;
 extern ScriptClass parameters_class;
 extern ScriptClass indexed_property_class;
 
-// Each registers its class and declares its properties. Called once, when the module starts.
-void RegisterDbView();
-void RegisterDBConnection();
-void RegisterConnection();
-void RegisterRecordset();
-void RegisterCommand();
-void RegisterFields();
-void RegisterField();
-void RegisterParameters();
-void RegisterIndexedProperty();
-
-/// Registers all of these.
+/// Registers all of these. Called once, when the module starts.
 void RegisterClasses();
 
 /// Registers all of these in an engine that the extension cannot run in: `new` throws Dralo\Exception.

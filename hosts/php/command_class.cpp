@@ -5,12 +5,11 @@ namespace dralo::php {
 ScriptClass command_class = {
     .name = "Dralo\\Command",
     .identifier = "ADODB.Command",
+    .declare =
+        [](ScriptClass& registered) {
+          DeclareRows<platform::Command>(registered, component::CommandProperties());
+          DeclareList(registered, component::kParametersProperty, parameters_class);
+        },
 };
-
-void RegisterCommand() {
-  RegisterClass(command_class);
-  DeclareRows<platform::Command>(command_class, component::CommandProperties());
-  DeclareList(command_class, component::kParametersProperty, parameters_class);
-}
 
 }  // namespace dralo::php

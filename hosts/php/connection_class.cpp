@@ -73,11 +73,10 @@ ScriptClass connection_class = {
     .methods = kMethods,
     .identifier = "ADODB.Connection",
     .end_page = [](platform::Object& connection) { static_cast<Connection&>(connection).Close(); },
+    .declare =
+        [](ScriptClass& registered) {
+          DeclareRows<Connection>(registered, component::ConnectionProperties());
+        },
 };
-
-void RegisterConnection() {
-  RegisterClass(connection_class);
-  DeclareRows<Connection>(connection_class, component::ConnectionProperties());
-}
 
 }  // namespace dralo::php

@@ -18,11 +18,10 @@ ScriptClass db_connection_class = {
         },
     .end_page = [](platform::Object& connection) { static_cast<DBConnection&>(connection).OnEndPage(); },
     .reading = Entry::kReads,
+    .declare =
+        [](ScriptClass& registered) {
+          DeclareRows<DBConnection>(registered, component::DBConnectionProperties());
+        },
 };
-
-void RegisterDBConnection() {
-  RegisterClass(db_connection_class);
-  DeclareRows<DBConnection>(db_connection_class, component::DBConnectionProperties());
-}
 
 }  // namespace dralo::php

@@ -90,12 +90,11 @@ ScriptClass db_view_class = {
     .start_page = [](platform::Object& view) { static_cast<DbView&>(view).OnStartPage(CurrentPage()); },
     .end_page = [](platform::Object& view) { static_cast<DbView&>(view).OnEndPage(); },
     .reading = Entry::kReads,
+    .declare =
+        [](ScriptClass& registered) {
+          DeclareRows<DbView>(registered, component::DbViewProperties());
+          DeclareIndexedProperties(registered);
+        },
 };
-
-void RegisterDbView() {
-  RegisterClass(db_view_class);
-  DeclareRows<DbView>(db_view_class, component::DbViewProperties());
-  DeclareIndexedProperties(db_view_class);
-}
 
 }  // namespace dralo::php

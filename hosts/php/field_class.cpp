@@ -17,17 +17,20 @@ void WriteValue(const ScriptProperty&, const platform::ObjectPtr& owner, const z
 
 }  // namespace
 
-ScriptClass field_class = {.name = "Dralo\\Field"};
-
-void RegisterField() {
-  RegisterClass(field_class);
-  DeclareRows<FieldReference>(field_class, component::FieldProperties());
-  // Of any type: the table's types are none of it.
-  const auto& value = component::kFieldValueProperty;
-  DeclareProperty(
-      field_class,
-      {.name = value.name, .type = component::PropertyType::kObject, .read = ReadValue, .write = WriteValue},
-      ZEND_TYPE_INIT_MASK(MAY_BE_ANY), value.doc);
-}
+ScriptClass field_class = {
+    .name = "Dralo\\Field",
+    .declare =
+        [](ScriptClass& registered) {
+          DeclareRows<FieldReference>(registered, component::FieldProperties());
+          // Of any type: the table's types are none of it.
+          const auto& value = component::kFieldValueProperty;
+          DeclareProperty(registered,
+                          {.name = value.name,
+                           .type = component::PropertyType::kObject,
+                           .read = ReadValue,
+                           .write = WriteValue},
+                          ZEND_TYPE_INIT_MASK(MAY_BE_ANY), value.doc);
+        },
+};
 
 }  // namespace dralo::php

@@ -66,6 +66,4 @@ constexpr Entries kEntries{.read = Read, .has = Has, .count = Count, .at = At};
 
 ScriptClass fields_class = {.name = "Dralo\\Fields", .methods = kListMethods, .entries = &kEntries};
 
-void RegisterFields() { RegisterClass(fields_class); }
-
 }  // namespace dralo::php

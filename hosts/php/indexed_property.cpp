@@ -151,8 +151,6 @@ ScriptClass indexed_property_class = {
     .reading = Entry::kReads,
 };
 
-void RegisterIndexedProperty() { RegisterClass(indexed_property_class); }
-
 void DeclareIndexedProperties(ScriptClass& view_class) {
   for (const auto& row : component::DbViewIndexedProperties()) {
     const ScriptProperty property{.name = row.name,

@@ -60,6 +60,4 @@ constexpr Entries kEntries{.read = Read, .write = Write, .has = Has, .count = Co
 
 ScriptClass parameters_class = {.name = "Dralo\\Parameters", .methods = kListMethods, .entries = &kEntries};
 
-void RegisterParameters() { RegisterClass(parameters_class); }
-
 }  // namespace dralo::php

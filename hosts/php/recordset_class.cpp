@@ -84,12 +84,11 @@ ScriptClass recordset_class = {
     .methods = kMethods,
     .identifier = "ADODB.Recordset",
     .end_page = [](platform::Object& recordset) { static_cast<Recordset&>(recordset).Close(); },
+    .declare =
+        [](ScriptClass& registered) {
+          DeclareRows<Recordset>(registered, component::RecordsetProperties());
+          DeclareList(registered, component::kFieldsProperty, fields_class);
+        },
 };
-
-void RegisterRecordset() {
-  RegisterClass(recordset_class);
-  DeclareRows<Recordset>(recordset_class, component::RecordsetProperties());
-  DeclareList(recordset_class, component::kFieldsProperty, fields_class);
-}
 
 }  // namespace dralo::php

@@ -37,6 +37,7 @@ void RegisterClass(ScriptClass& script_class) {
   script_class.entry->get_iterator = GetIteratorOf;
   AddInterfaces(script_class);
   zend_hash_init(&script_class.by_name, 16, nullptr, nullptr, true);
+  if (script_class.declare != nullptr) script_class.declare(script_class);
 }
 
 zend_type PhpType(component::PropertyType type, const ScriptClass* holds) {

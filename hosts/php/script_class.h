@@ -73,6 +73,9 @@ struct ScriptClass {
   /// render holds on to.
   Entry reading = Entry::kChanges;
 
+  /// Declares the properties, once the class is registered; nullptr when it has none.
+  void (*declare)(ScriptClass& registered) = nullptr;
+
   zend_class_entry* entry = nullptr;
   std::deque<ScriptProperty> properties = {};
   HashTable by_name = {};  ///< Properties by their own name and by their name in lower case.
@@ -81,7 +84,7 @@ struct ScriptClass {
   const ScriptProperty* Find(zend_string* property) const;
 };
 
-/// Registers the class with the engine. Called once, when the module starts.
+/// Registers the class with the engine, and its properties. Called once, when the module starts.
 void RegisterClass(ScriptClass& script_class);
 
 /// Declares a property of a registered class, so that reflection and editors see it.
