@@ -99,6 +99,13 @@ inline const std::vector<KeyType> kPostgreSqlKeys = {
     {"TEXT", TypeCode::kLongVarWideChar, kTexts},
 };
 
+/// Numbers that are none.
+inline const std::vector<KeyType> kPostgreSqlNumbers = {
+    {"REAL", TypeCode::kSingle, {"'NaN'", "0.1", "'Infinity'", "'-Infinity'"}},
+    {"DOUBLE PRECISION", TypeCode::kDouble, {"'NaN'", "0.1", "'Infinity'", "'-Infinity'"}},
+    {"NUMERIC", TypeCode::kNumeric, {"'NaN'", "0.1", "'Infinity'", "'-Infinity'"}},
+};
+
 inline const std::vector<KeyType> kMariaDbKeys = {
     {"TINYINT", TypeCode::kTinyInt, kWhole},
     {"TINYINT UNSIGNED", TypeCode::kUnsignedTinyInt, {"5", "200"}},
@@ -120,10 +127,15 @@ inline const std::vector<KeyType> kMariaDbKeys = {
     {"LONGTEXT", TypeCode::kLongVarWideChar, kTexts, false},
 };
 
-inline const std::vector<KeyType>& KeyTypesOf(std::string_view database) {
+inline std::vector<KeyType> KeyTypesOf(std::string_view database) {
   if (database == "Sqlite") return kSqliteKeys;
   if (database == "SqliteOdbc") return kSqliteOdbcKeys;
-  return database.starts_with("PostgreSql") ? kPostgreSqlKeys : kMariaDbKeys;
+  if (database == "MariaDb") return kMariaDbKeys;
+  std::vector<KeyType> types = kPostgreSqlKeys;
+  if (database == "PostgreSql") {
+    types.insert(types.end(), kPostgreSqlNumbers.begin(), kPostgreSqlNumbers.end());
+  }
+  return types;
 }
 
 }  // namespace dralo::tests

@@ -4,6 +4,7 @@
 
 #include "database/key_comparison.h"
 #include "database/postgresql/type_oid.h"
+#include "text/ascii.h"
 
 namespace dralo::database::postgresql {
 
@@ -12,6 +13,18 @@ namespace {
 using platform::TypeCode;
 
 constexpr int kNameSize = 63;
+
+/// What is no number, "nan" or "-inf", stands between quotes; numbers are found as usual.
+std::string SameNumber(std::string_view name, std::string_view text) {
+  const std::string_view letters = text.substr(text.starts_with('-') ? 1 : 0);
+  if (letters.empty() || !std::ranges::all_of(letters, text::IsLetter)) return {};
+  return std::string(name).append("='").append(text).append("'");
+}
+
+std::string SameSingle(std::string_view name, std::string_view text) {
+  const std::string special = SameNumber(name, text);
+  return special.empty() ? SameReal(name, text) : special;
+}
 
 struct Kind {
   Oid oid;
@@ -26,9 +39,9 @@ constexpr Kind kKinds[] = {
     {type_oid::kInteger, TypeCode::kInteger, Reading::kInteger},
     {type_oid::kBigInt, TypeCode::kBigInt, Reading::kInteger},
     {type_oid::kOid, TypeCode::kUnsignedInt, Reading::kInteger},
-    {type_oid::kReal, TypeCode::kSingle, Reading::kDouble, SameReal},
-    {type_oid::kDouble, TypeCode::kDouble, Reading::kDouble},
-    {type_oid::kNumeric, TypeCode::kNumeric, Reading::kDecimal},
+    {type_oid::kReal, TypeCode::kSingle, Reading::kDouble, SameSingle},
+    {type_oid::kDouble, TypeCode::kDouble, Reading::kDouble, SameNumber},
+    {type_oid::kNumeric, TypeCode::kNumeric, Reading::kDecimal, SameNumber},
     {type_oid::kMoney, TypeCode::kCurrency, Reading::kMoney, SameMoney},
     {type_oid::kBoolean, TypeCode::kBoolean, Reading::kBoolean, SameBoolean},
     {type_oid::kDate, TypeCode::kDbDate, Reading::kDate},
