@@ -105,12 +105,13 @@ void Link::Begin() {
     is_dropped_ = false;
     Connect();
   }
-  if (!IsDead()) return;
-  throw NoConnection("The connection to the database was lost", {});
+  if (is_too_late_) throw NoAnswer({});
+  if (IsDead()) throw NoConnection("The connection to the database was lost", {});
 }
 
 void Link::Drop() noexcept {
   GiveUp();
+  is_too_late_ = false;
   is_dropped_ = true;
 }
 
@@ -190,10 +191,7 @@ void Link::Send() {
     const int left = libpq_.PQflush(Handle());
     if (left == 0) return;
     Require(left == 1 ? 1 : 0);
-    if (!Wait(POLLIN | POLLOUT)) {
-      GiveUp();
-      throw NoAnswer({});
-    }
+    if (!Wait(POLLIN | POLLOUT)) GiveUpAfterDeadline();
     Require(libpq_.PQconsumeInput(Handle()));
   }
 }
@@ -220,8 +218,13 @@ Result Link::TakeResult() {
 }
 
 Result Link::NextResult() {
-  if (AwaitAnswer()) return TakeResult();
+  if (!AwaitAnswer()) GiveUpAfterDeadline();
+  return TakeResult();
+}
+
+void Link::GiveUpAfterDeadline() {
   GiveUp();
+  is_too_late_ = true;
   throw NoAnswer({});
 }
 

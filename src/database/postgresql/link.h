@@ -119,6 +119,7 @@ class Link {
   bool AwaitAnswer();
   Result TakeResult();
   Result NextResult();
+  [[noreturn]] void GiveUpAfterDeadline();
 
   const Libpq& libpq_ = Libpq::Get();
   const Options options_;
@@ -126,6 +127,7 @@ class Link {
   bool is_pooled_ = false;
   bool is_synced_ = true;  ///< All answers were read.
   bool is_dropped_ = false;
+  bool is_too_late_ = false;  ///< It was given up after a deadline.
   std::int64_t number_ = 0;
   RowReader* reader_ = nullptr;
   std::optional<std::chrono::seconds> patience_;
