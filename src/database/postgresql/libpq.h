@@ -49,7 +49,7 @@ struct Libpq {
   USE(PQsocket)                    \
   USE(PQstatus)                    \
   USE(PQtransactionStatus)
-#define DRALO_DECLARE(name) decltype(&::name) name;
+#define DRALO_DECLARE(name) decltype(&::name) name;  // NOLINT(bugprone-macro-parentheses): it is a name
   DRALO_LIBPQ_FUNCTIONS(DRALO_DECLARE)
 #undef DRALO_DECLARE
 

@@ -10,14 +10,14 @@ namespace {
 /// About the price of a new connection.
 constexpr std::chrono::milliseconds kShortRest{20};
 
-constexpr std::chrono::hours kNoLimit{24};
+constexpr std::chrono::seconds kLongRest{30};
 
 }  // namespace
 
 ResultRows::ResultRows(Result answer, std::size_t columns) : part_(std::move(answer)), row_(columns) {}
 
-ResultRows::ResultRows(Link& link, Execution execution, std::size_t columns, bool may_drop)
-    : link_(&link), execution_(std::move(execution)), may_drop_(may_drop), row_(columns) {
+ResultRows::ResultRows(Link& link, const Execution& execution, std::size_t columns, bool may_drop)
+    : link_(&link), execution_(execution), may_drop_(may_drop), row_(columns) {
   execution_->Split();
   link.SetReader(this);
 }
@@ -36,6 +36,7 @@ bool ResultRows::NextOfServer() {
     try {
       part_ = execution_->Part();
     } catch (...) {
+      if (may_drop_ && link_->IsDead()) link_->Drop();
       Release();
       throw;
     }
@@ -92,7 +93,7 @@ void ResultRows::Stop() noexcept {
   try {
     if (may_drop_) {
       if (!link->FinishWithin(kShortRest)) link->Drop();
-    } else if (!link->FinishWithin(link->Patience().value_or(kNoLimit))) {
+    } else if (!link->FinishWithin(link->Patience().value_or(kLongRest))) {
       link->GiveUp();
     }
   } catch (const std::exception&) {

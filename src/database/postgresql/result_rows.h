@@ -18,7 +18,7 @@ class ResultRows final : public RowReader {
 
   /// Those that `execution` yields in parts. When they are left before their end the connection may be
   /// dropped, unless it has something that another one has not.
-  ResultRows(Link& link, Execution execution, std::size_t columns, bool may_drop);
+  ResultRows(Link& link, const Execution& execution, std::size_t columns, bool may_drop);
 
   ~ResultRows() override { Stop(); }
 
