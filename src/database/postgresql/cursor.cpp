@@ -90,13 +90,26 @@ void Cursor::RequireParameterCount(std::size_t given) const {
 
 void Cursor::Prepare() {
   const StatementKind& kind = statement_->kind;
+  if (!kind.is_query || kind.calls_functions) session_.RunDeferred();
   if (!kind.is_query) return Start();
   const bool is_new = description_ == nullptr;
   if (is_new && !(IsShort() && !is_updatable_)) {
     session_.Reconnecting(kind, [&] { Run(Rows::kNone); });
   }
   const bool is_small = max_records_ == 0 || IsShort();
-  if (!is_updatable_ && ((is_new && IsShort()) || (kind.calls_functions && is_small))) Start();
+  if (!is_updatable_ && ((is_new && IsShort()) || (kind.calls_functions && is_small))) {
+    Start();
+  } else if (!is_updatable_ && IsShort()) {
+    session_.Defer(*this);
+  }
+}
+
+void Cursor::StartEarly() noexcept {
+  try {
+    if (state_ == State::kPrepared) Start();
+  } catch (const std::exception&) {
+    state_ = State::kPrepared;
+  }
 }
 
 bool Cursor::IsShort() const { return 0 < RowsWanted() && RowsWanted() <= kMaxShortRows; }
@@ -116,11 +129,11 @@ Parameters Cursor::ParametersOfForm() const {
 }
 
 void Cursor::Start() {
+  session_.Undefer(*this);
   if (max_records_ > 0 && RowsWanted() <= 0) {
     state_ = State::kDone;
     return;
   }
-  session_.Note(statement_->kind, statement_->text);
   session_.Reconnecting(statement_->kind, [&] { Run(Rows::kAll); });
 }
 
@@ -146,28 +159,35 @@ void Cursor::Run(Rows rows) {
 }
 
 void Cursor::Send(Rows rows) {
-  WithSource([&] {
-    link_.Begin();
-    const bool is_guarded = session_.NeedsGuard(statement_->kind);
-    const bool may_drop = session_.IsReplaceable();
-    Execution execution(link_, *statement_, ParametersOfForm(), rows, is_guarded);
-    const Result columns = execution.Description();
-    if (rows == Rows::kParts) {
-      rows_ =
-          std::make_unique<ResultRows>(link_, std::move(execution), description_->columns->size(), may_drop);
-    } else if (rows == Rows::kAll) {
-      Result answer = execution.All();
-      if (columns) Learn(columns);
-      const Libpq& libpq = Libpq::Get();
-      if (ChangesData()) {
-        rows_affected_ = text::ParseNumber<std::int64_t>(libpq.PQcmdTuples(answer.get())).value_or(-1);
-      }
-      rows_ = std::make_unique<ResultRows>(std::move(answer), description_->columns->size());
-    } else if (columns) {
-      Learn(columns);
-    }
-  });
+  link_.Begin();
+  const bool may_drop = session_.IsReplaceable();
+  try {
+    WithSource([&] { Send(rows, may_drop); });
+  } catch (const Error&) {
+    if (rows == Rows::kParts && may_drop && link_.IsDead()) link_.Drop();
+    throw;
+  }
   if (rows != Rows::kNone) Open();
+}
+
+void Cursor::Send(Rows rows, bool may_drop) {
+  if (rows != Rows::kNone) session_.Note(statement_->kind, statement_->text);
+  const bool is_guarded = session_.NeedsGuard(statement_->kind);
+  Execution execution(link_, *statement_, ParametersOfForm(), rows, is_guarded);
+  const Result columns = execution.Description();
+  if (rows == Rows::kParts) {
+    const std::size_t count = description_->columns->size();
+    rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
+    return;
+  }
+  Result answer = rows == Rows::kAll ? execution.All() : nullptr;
+  if (columns) Learn(columns);
+  if (!answer) return;
+  if (ChangesData()) {
+    const char* const changed = Libpq::Get().PQcmdTuples(answer.get());
+    rows_affected_ = text::ParseNumber<std::int64_t>(changed).value_or(-1);
+  }
+  rows_ = std::make_unique<ResultRows>(std::move(answer), description_->columns->size());
 }
 
 /// A form that is not limited has the rows to pass over, too.
@@ -235,6 +255,7 @@ bool Cursor::Step() {
 }
 
 void Cursor::Stop() noexcept {
+  session_.Undefer(*this);
   state_ = State::kDone;
   rows_.reset();
 }

@@ -18,7 +18,8 @@ namespace dralo::database::postgresql {
 
 /// A statement. One that changes data is run when it is prepared; so is a query that calls functions, which
 /// may do something, and a query that is new and of which a few rows are wanted, since that saves a round
-/// trip. All other queries are run when a row is asked for.
+/// trip. All other queries are run when a row is asked for; those of which a few rows are wanted also before
+/// a statement that may change them.
 ///
 /// The rows of all pages of a query come from the same plan, so that equal sort keys have the same order on
 /// all of them.
@@ -26,6 +27,10 @@ class Cursor final : public database::Cursor {
  public:
   /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
   Cursor(Session& session, const Query& query);
+  ~Cursor() override { Stop(); }
+
+  /// Runs a query that was not run yet. One that fails now says so when it is asked for a row.
+  void StartEarly() noexcept;
 
   std::shared_ptr<const Columns> GetColumns() const override { return description_->columns; }
   void FixColumns() override;
@@ -52,6 +57,7 @@ class Cursor final : public database::Cursor {
   void Start();
   void Run(Execution::Rows rows);
   void Send(Execution::Rows rows);
+  void Send(Execution::Rows rows, bool may_drop);
   void Open();
   bool MayRunAgain(const platform::Error& error, bool was_prepared);
   void Learn(const Result& answer);

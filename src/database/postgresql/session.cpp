@@ -74,7 +74,12 @@ std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
   return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
 }
 
+void Session::RunDeferred() noexcept {
+  for (Cursor* const cursor : std::exchange(deferred_, {})) cursor->StartEarly();
+}
+
 void Session::Begin() {
+  RunDeferred();
   is_fresh_ = false;
   link_->Begin();
   const bool is_part = IsInTransaction();
@@ -155,21 +160,26 @@ void Session::Keep(const StatementCache::Key& key, std::shared_ptr<Statement> st
   if (gone) Unprepare(*gone);
 }
 
-/// Outside of a transaction, which it could take with it. One that the user has deallocated, with all others,
-/// is gone already.
 void Session::Unprepare(Statement& statement) {
-  const bool is_known = statement.IsPreparedOn(*link_) && link_->Transaction() == PQTRANS_IDLE;
+  if (statement.IsPreparedOn(*link_)) unused_names_.push_back(statement.name);
   statement.prepared = 0;
-  const std::string name = std::exchange(statement.name, {});
-  if (!is_known) return;
-  try {
-    link_->Run(("DEALLOCATE " + name).c_str());
-  } catch (const Error& error) {
-    if (IsLoss(error)) throw;
+  statement.name.clear();
+}
+
+/// Outside of a transaction, which it could take with it. What the user has deallocated is gone already.
+void Session::DeallocateUnused() {
+  if (unused_names_.empty() || link_->Transaction() != PQTRANS_IDLE) return;
+  for (const std::string& name : std::exchange(unused_names_, {})) {
+    try {
+      link_->Run(("DEALLOCATE " + name).c_str());
+    } catch (const Error& error) {
+      if (IsLoss(error)) throw;
+    }
   }
 }
 
 void Session::GiveName(Statement& statement) {
+  DeallocateUnused();
   const bool may_stay = prepares_ && !link_->IsPooled() && depth_ == 0;
   if (may_stay && statement.came_again && statement.name.empty()) {
     statement.name = "dralo_" + std::to_string(++last_name_);

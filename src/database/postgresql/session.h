@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "database/postgresql/link.h"
 #include "database/postgresql/options.h"
@@ -14,6 +15,8 @@
 #include "dralo/error.h"
 
 namespace dralo::database::postgresql {
+
+class Cursor;
 
 /// An open connection to a PostgreSQL database.
 ///
@@ -46,6 +49,14 @@ class Session final : public database::Session {
 
   /// Keeps a query for the next time.
   void Keep(const StatementCache::Key& key, std::shared_ptr<Statement> statement);
+
+  /// `cursor` is not run yet: that is to be done, by its StartEarly(), before a statement that may change
+  /// what it yields.
+  void Defer(Cursor& cursor) { deferred_.push_back(&cursor); }
+  void Undefer(const Cursor& cursor) noexcept { std::erase(deferred_, &cursor); }
+
+  /// Before such a statement.
+  void RunDeferred() noexcept;
 
   /// Gives a query that came again a name, by which the server keeps it prepared, unless there must be none.
   void GiveName(Statement& statement);
@@ -80,6 +91,7 @@ class Session final : public database::Session {
  private:
   static bool IsLoss(const platform::Error& error);
   bool IsInTransaction() const { return link_->Transaction() == PQTRANS_INTRANS; }
+  void DeallocateUnused();
   std::int64_t AskNumber(const std::string& query) const;
   std::string Savepoint(int depth) const { return "dralo_" + std::to_string(depth); }
   bool Clean();
@@ -88,6 +100,8 @@ class Session final : public database::Session {
   std::unique_ptr<Link> link_;
   StatementCache statements_;
   TableCatalog catalog_;
+  std::vector<Cursor*> deferred_;
+  std::vector<std::string> unused_names_;  ///< Of statements that the server keeps prepared.
   std::int64_t last_name_ = 0;
   int depth_ = 0;                  ///< Calls of Begin() that are open.
   bool owns_transaction_ = false;  ///< The outermost of them began it.
