@@ -6,6 +6,13 @@
 
 namespace dralo::database::postgresql {
 
+namespace {
+
+/// SET LOCAL would leave a warning in the server's log where there is no transaction yet.
+constexpr const char* kNoLimit = "SELECT pg_catalog.set_config('statement_timeout', '0', true)";
+
+}  // namespace
+
 /// The server counts the time that the reader of the rows takes, too, so it has no limit for long results;
 /// the client has one for each part.
 Execution::Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows,
@@ -17,7 +24,7 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
       has_no_limit_(rows == Rows::kParts && link.Patience().has_value()),
       is_prepared_(statement.IsPreparedOn(link)) {
   if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
-  if (has_no_limit_) link_.Order("SET LOCAL statement_timeout = 0");
+  if (has_no_limit_) link_.Order(kNoLimit);
   Order(parameters);
   if (is_guarded_ && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
   if (is_guarded_) link_.Order("RELEASE dralo_statement");

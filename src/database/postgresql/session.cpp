@@ -143,16 +143,21 @@ bool Session::Clean() {
   const PGTransactionStatusType state = link_->Transaction();
   const bool is_open = state == PQTRANS_INTRANS || state == PQTRANS_INERROR;
   if (state != PQTRANS_IDLE && !is_open) return false;
-  const bool is_dirty = std::exchange(has_traces_, false) && !link_->IsPooled();
-  if (!is_open && !is_dirty) return true;
-  link_->Begin();
-  if (is_open) link_->Order("ROLLBACK");
-  for (const char* const order : kCleaning) {
-    if (is_dirty) link_->Order(order);
+  std::vector<const char*> orders;
+  if (is_open) orders.push_back("ROLLBACK");
+  if (std::exchange(has_traces_, false) && !link_->IsPooled()) {
+    orders.insert(orders.end(), std::begin(kCleaning), std::end(kCleaning));
   }
+  if (orders.empty()) return true;
+  link_->Begin();
+  for (const char* const order : orders) link_->Order(order);
   link_->Send();
+  const bool is_clean = std::ranges::all_of(orders, [&](const char*) {
+    const ExecStatusType status = Libpq::Get().PQresultStatus(link_->Answer().get());
+    return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK;
+  });
   link_->Finish();
-  return link_->Transaction() == PQTRANS_IDLE;
+  return is_clean && link_->Transaction() == PQTRANS_IDLE;
 }
 
 void Session::Keep(const StatementCache::Key& key, std::shared_ptr<Statement> statement) {

@@ -188,6 +188,20 @@ TEST_F(KnownQuery, IsNotPreparedWhenTheConnectionStringSaysSo) {
   EXPECT_EQ(Names(sql), (Lines{"id", "title", "stock"}));
 }
 
+TEST_F(KnownQuery, StaysPreparedWhenItsSessionIsKeptAndCleaned) {
+  MakeGoods();
+  const std::string sql = "SELECT id FROM goods";
+  AskThrice(sql);
+  Run("SET search_path = pg_catalog");
+  const int server = Server();
+  connection_->Close();
+  connection_->Open(database_.ConnectionString());
+  EXPECT_EQ(Server(), server);
+  EXPECT_EQ(Ask("SHOW search_path"), Lines{"'\"$user\", public'"});
+  EXPECT_EQ(Prepared(), 1);
+  EXPECT_EQ(AskThrice(sql).size(), 5u);
+}
+
 TEST_F(KnownQuery, RunsInsideOfATransaction) {
   MakeGoods();
   const std::string sql = "SELECT * FROM goods WHERE id = 1";
