@@ -62,6 +62,7 @@ struct Library {
   USE(mysql_stmt_prepare_start)      \
   USE(mysql_stmt_result_metadata)    \
   USE(mysql_stmt_sqlstate)
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a name that is declared has none.
 #define DRALO_DECLARE(name) decltype(&::name) name;
   DRALO_MARIADB_FUNCTIONS(DRALO_DECLARE)
 #undef DRALO_DECLARE

@@ -37,13 +37,11 @@ bool IsQuote(char c) { return c == '"' || c == '\'' || c == '`'; }
 std::size_t QuotedSize(std::string_view text) {
   const char quote = text.front();
   for (std::size_t i = 1; i < text.size(); ++i) {
-    if (text[i] == '\\' && quote != '`') {
-      ++i;
-    } else if (text[i] == quote && text.substr(i + 1, 1) == text.substr(i, 1)) {
-      ++i;
-    } else if (text[i] == quote) {
-      return i + 1;
-    }
+    const bool is_quote = text[i] == quote;
+    const bool keeps_next =
+        is_quote ? text.substr(i + 1, 1) == text.substr(i, 1) : text[i] == '\\' && quote != '`';
+    if (is_quote && !keeps_next) return i + 1;
+    if (keeps_next) ++i;
   }
   return text.size();
 }

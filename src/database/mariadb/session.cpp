@@ -125,6 +125,7 @@ const TableFacts& Session::KnownFacts(const std::string& database, const std::st
 }
 
 void Session::Begin() {
+  is_fresh_ = false;
   Settle();
   if (link_.IsInTransaction() || depth_ > 0) {
     link_.Run("SAVEPOINT dralo_" + std::to_string(depth_));
@@ -185,6 +186,7 @@ bool Session::Reset() noexcept {
 }
 
 void Session::Note(const StatementKind& kind, std::int64_t last_identity) {
+  is_fresh_ = false;
   has_traces_ |= kind.leaves_traces || kind.calls_functions;
   if (!kind.is_query) last_identity_ = last_identity;
 }

@@ -73,10 +73,10 @@ class Session final : public database::Session {
   /// was kept, this is where it shows: the connection is opened again, and `run` called again.
   template <class Function>
   auto Reconnecting(const StatementKind& kind, const Function& run) {
-    const bool may_reconnect = std::exchange(is_fresh_, false) && kind.is_query;
     try {
       return run();
     } catch (const platform::Error&) {
+      const bool may_reconnect = std::exchange(is_fresh_, false) && kind.is_query;
       if (!may_reconnect || !link_.IsDead() || link_.IsGivenUp()) throw;
     }
     Connect();

@@ -124,12 +124,20 @@ TEST_F(MariaDbFailing, SaysThatItsSessionWasEndedInTheMiddleOfAResult) {
 
 TEST_F(MariaDbFailing, OpensTheConnectionAgainThatWentWhileItWasKept) {
   const auto kept = Connect(database_.ConnectionString());
-  EXPECT_EQ(Rows(kept, "SELECT 1"), Lines{"1"});
-  const std::string id = IdOf(kept).front();
-  kept->Close();
-  kept->Open(database_.ConnectionString());
-  Run("KILL " + id);
-  EXPECT_EQ(Rows(kept, "SELECT 1"), Lines{"1"});
+  const auto reopen = [&] {
+    kept->Close();
+    kept->Open(database_.ConnectionString());
+  };
+  for (const bool is_prepared : {false, true}) {
+    const std::string id = IdOf(kept).front();
+    reopen();
+    if (is_prepared) {
+      EXPECT_EQ(Rows(kept, "SELECT 1"), Lines{"1"});
+    }
+    reopen();
+    Run("KILL " + id);
+    EXPECT_EQ(Rows(kept, "SELECT 1"), Lines{"1"}) << is_prepared;
+  }
   Kill(kept);
   EXPECT_THROW(Rows(kept, "SELECT 1"), platform::Error)
       << "only the first query after the rest may not notice";
