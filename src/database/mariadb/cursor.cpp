@@ -15,8 +15,7 @@ namespace {
 using platform::Error;
 using Clock = std::chrono::steady_clock;
 
-/// A server gives a client 30 seconds by default to take what it sends, and the statement the Query Timeout
-/// to end.
+/// By default a server gives the client a minute to take what it sends, and the statement 30 seconds to end.
 constexpr std::chrono::seconds kPatienceOfServers{5};
 
 /// How often the clock is looked at.

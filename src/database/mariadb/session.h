@@ -89,7 +89,6 @@ class Session final : public database::Session {
 
   /// The cursor that is reading; nullptr when none is.
   void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }
-  const Cursor* Reading() const { return reading_; }
 
   /// After a statement was run: remembers what it did to the session.
   void Note(const StatementKind& kind, std::int64_t last_identity);
