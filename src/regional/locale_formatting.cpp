@@ -121,11 +121,10 @@ platform::Decimal LocaleFormatting::Rounded(platform::DecimalView number, int di
   rounded.Round(digits, Rounding::kHalfToEven);
   platform::Decimal result;
   if (rounded.IsNegative() && !rounded.IsZero()) result.text += '-';
-  for (int power = std::max(rounded.WholeDigits(), 1) - 1; power >= 0; --power) {
+  for (int power = std::max(rounded.WholeDigits(), 1) - 1; power >= -rounded.Decimals(); --power) {
+    if (power == -1) result.text += '.';
     result.text += rounded.DigitAt(power);
   }
-  if (rounded.Decimals() > 0) result.text += '.';
-  for (int power = -1; power >= -rounded.Decimals(); --power) result.text += rounded.DigitAt(power);
   return result;
 }
 
