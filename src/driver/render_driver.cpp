@@ -135,10 +135,6 @@ void PutPage(Render& render, ShownRecords& records) {
   PutClosing(render);
 }
 
-void ReportFailure(Render& render, const std::exception& error, const ShownRecords& records) {
-  render.Errors().AddStatement(error.what(), "WriteHTMLTable", records.sql, render.settings.DisplayDebug);
-}
-
 /// A page that cannot be opened is counted all the same, and fails as if it had been counted first.
 void OpenRecords(Render& render, ShownRecords& records) {
   const std::int32_t asked_record = render.view.current_record;
@@ -170,16 +166,16 @@ void RunSteps(Render& render, ShownRecords& records) {
 
 void RenderView(Render& render) {
   ShownRecords records;
-  try {
-    RunSteps(render, records);
-  } catch (const std::exception& error) {
-    ReportFailure(render, error, records);
-  }
-  try {
-    render.out.Flush();  // What was written before a failure stays on the page.
-  } catch (const std::exception& error) {
-    ReportFailure(render, error, records);
-  }
+  // Not Guarded(): pages that debug see the statement, whichever it is by then.
+  const auto guarded = [&](auto step) {
+    try {
+      step();
+    } catch (const std::exception& error) {
+      render.Errors().AddStatement(error.what(), "WriteHTMLTable", records.sql, render.settings.DisplayDebug);
+    }
+  };
+  guarded([&] { RunSteps(render, records); });
+  guarded([&] { render.out.Flush(); });  // What was written before a failure stays on the page.
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view kRenderer = "WriteExcelTable";
 
 /// The records at the first of them. A query that fails does so here, while the page can still be one.
-std::shared_ptr<platform::Recordset> OpenRecords(state::Render& render) {
+std::shared_ptr<platform::Recordset> OpenRecords(const state::Render& render) {
   const std::int64_t limit = std::max(render.settings.RecordsMaxLimit, 1);
   std::shared_ptr<platform::Recordset> recordset =
       OpenMainRecordset(render, OrderedSql(render.view, render.view.sql), limit);
