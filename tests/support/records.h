@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <string_view>
 
@@ -32,5 +33,15 @@ class Records {
   std::shared_ptr<platform::Connection> connection_;
   std::shared_ptr<platform::Recordset> recordset_;
 };
+
+/// A table T with one column of `type` and one row for each value.
+inline Records Column(std::string_view type, std::initializer_list<std::string_view> values) {
+  std::string statements = "CREATE TABLE T (V ";
+  statements.append(type).append(")");
+  for (const std::string_view value : values) {
+    statements.append("; INSERT INTO T VALUES (").append(value).append(")");
+  }
+  return Records(statements);
+}
 
 }  // namespace dralo::tests

@@ -9,7 +9,7 @@
 #include "settings/column_settings.h"
 #include "support/cpu_time.h"
 #include "support/fake_records.h"
-#include "support/grid_rows.h"
+#include "support/records.h"
 #include "support/rendering.h"
 
 namespace dralo::tests {

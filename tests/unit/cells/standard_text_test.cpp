@@ -5,8 +5,8 @@
 #include <string>
 
 #include "support/fake_records.h"
-#include "support/grid_rows.h"
 #include "support/named_cases.h"
+#include "support/records.h"
 #include "support/rendering.h"
 
 namespace dralo::tests {

@@ -7,7 +7,7 @@
 #include "dralo/error.h"
 #include "editing/control_text.h"
 #include "support/fake_records.h"
-#include "support/grid_rows.h"
+#include "support/records.h"
 #include "support/rendering.h"
 
 namespace dralo::tests {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -11,16 +10,6 @@
 #include "support/rendering.h"
 
 namespace dralo::tests {
-
-/// A table T with one column of `type` and one row for each value.
-inline Records Column(std::string_view type, std::initializer_list<std::string_view> values) {
-  std::string statements = "CREATE TABLE T (V ";
-  statements.append(type).append(")");
-  for (const std::string_view value : values) {
-    statements.append("; INSERT INTO T VALUES (").append(value).append(")");
-  }
-  return Records(statements);
-}
 
 /// A table T with the column N and the rows 1 to `count`.
 inline Records Numbers(int count) {
