@@ -1,0 +1,138 @@
+#include <poll.h>
+
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "database/postgresql/error.h"
+#include "database/postgresql/link.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+using platform::Error;
+
+/// How the server notices soon that nobody waits for a statement any more; since PostgreSQL 14.
+constexpr std::string_view kCheckForClient = " -c client_connection_check_interval=500";
+
+constexpr std::string_view kForms = "-c DateStyle=ISO -c IntervalStyle=postgres -c extra_float_digits=1";
+
+/// A packet of the server may be lost for ever; this is how a vanished host is noticed.
+constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "UTF8"},
+                                                          {"keepalives_idle", "10"},
+                                                          {"keepalives_interval", "5"},
+                                                          {"keepalives_count", "4"},
+                                                          {"fallback_application_name", "dralo"}};
+
+void IgnoreNotice(void* /*unused*/, const PGresult* /*notice*/) {}
+
+std::string StartOptions(const Options& options) {
+  std::string text(kForms);
+  if (options.query_timeout_s > 0) {
+    text += " -c statement_timeout=" + std::to_string(options.query_timeout_s * 1000);
+  }
+  return text.append(kCheckForClient);
+}
+
+/// As a pooler refuses them, or a server that does not know one.
+bool IsRefusalOfOptions(std::string_view message) {
+  return message.find("startup parameter") != message.npos ||
+         message.find("client_connection_check_interval") != message.npos;
+}
+
+/// The attributes to look for, one after the other, each on all hosts.
+std::vector<std::string> Rounds(const Options& options) {
+  if (options.target_attributes == "prefer-standby") return {"standby", "any"};
+  return {options.target_attributes};
+}
+
+}  // namespace
+
+/// One host after the other: the client library never leaves one that is frozen, so each has a share of the
+/// time.
+void Link::Connect() {
+  const std::vector<std::string> rounds = Rounds(options_);
+  auto attempts = static_cast<int>(rounds.size() * options_.hosts.size());
+  const auto end = Clock::now() + std::chrono::seconds(options_.connect_timeout_s);
+  std::string reasons;
+  for (const std::string& attributes : rounds) {
+    for (const Options::Host& host : options_.hosts) {
+      try {
+        deadline_.reset();
+        if (options_.connect_timeout_s > 0) deadline_ = Clock::now() + (end - Clock::now()) / attempts--;
+        return ConnectTo(host, attributes);
+      } catch (const Error& error) {
+        handle_.reset();
+        if (reasons.find(error.what()) != reasons.npos) continue;
+        reasons.append(reasons.empty() ? "" : "; ").append(error.what());
+      }
+    }
+  }
+  throw Error("The database cannot be opened: " + reasons + " (SQLSTATE 08001)", CONNECTION_BAD, "08001");
+}
+
+void Link::ConnectTo(const Options::Host& host, const std::string& attributes) {
+  is_pooled_ = false;
+  try {
+    TryToConnect(host, attributes, true);
+  } catch (const Error& error) {
+    if (!IsRefusalOfOptions(error.what())) throw;
+    TryToConnect(host, attributes, false);
+    is_pooled_ = true;
+  }
+  if (libpq_.PQsetnonblocking(Handle(), 1) != 0 || libpq_.PQenterPipelineMode(Handle()) != 1) {
+    throw Error(OneLine(libpq_.PQerrorMessage(Handle())));
+  }
+  libpq_.PQsetNoticeReceiver(Handle(), IgnoreNotice, nullptr);
+  is_synced_ = true;
+  FindPooler();
+  ++number_;
+  SetPatience();
+}
+
+void Link::TryToConnect(const Options::Host& host, const std::string& attributes, bool sets_options) {
+  const std::string start_options = StartOptions(options_);
+  std::vector<const char*> keys;
+  std::vector<const char*> values;
+  const auto add = [&](const char* key, const char* value) {
+    if (*value == '\0') return;
+    keys.push_back(key);
+    values.push_back(value);
+  };
+  for (const auto& [key, value] : options_.settings) add(key.c_str(), value.c_str());
+  for (const auto& [key, value] : kFixed) add(key, value);
+  add("host", host.name.c_str());
+  add("port", host.port.c_str());
+  add("target_session_attrs", attributes.c_str());
+  if (sets_options) add("options", start_options.c_str());
+  keys.push_back(nullptr);
+  values.push_back(nullptr);
+
+  handle_.reset(libpq_.PQconnectStartParams(keys.data(), values.data(), 0));
+  if (!handle_) throw std::bad_alloc();
+  auto state = PGRES_POLLING_WRITING;
+  while (libpq_.PQstatus(Handle()) != CONNECTION_BAD && state != PGRES_POLLING_OK) {
+    if (!Wait(state == PGRES_POLLING_READING ? POLLIN : POLLOUT)) {
+      throw Error("the server has not answered in time");
+    }
+    state = libpq_.PQconnectPoll(Handle());
+    if (state == PGRES_POLLING_FAILED) break;
+  }
+  if (libpq_.PQstatus(Handle()) != CONNECTION_OK) throw Error(OneLine(libpq_.PQerrorMessage(Handle())));
+}
+
+/// A pooler has numbers of its own for its clients.
+void Link::FindPooler() {
+  Order("SELECT pg_backend_pid()");
+  const auto deadline = deadline_;
+  Send();  // A few bytes: it does not wait.
+  deadline_ = deadline;
+  const Result answer = Answer();
+  Finish();
+  const bool has_number = libpq_.PQntuples(answer.get()) == 1;
+  is_pooled_ = is_pooled_ || !has_number ||
+               libpq_.PQgetvalue(answer.get(), 0, 0) != std::to_string(libpq_.PQbackendPID(Handle()));
+}
+
+}  // namespace dralo::database::postgresql
