@@ -72,7 +72,7 @@ std::int64_t PageRecordLimit(const state::Render& render) {
   return std::max<std::int64_t>(std::min<std::int64_t>(page_end, render.settings.RecordsMaxLimit), 1);
 }
 
-std::shared_ptr<Recordset> OpenMainRecordset(state::Render& render, const std::string& sql,
+std::shared_ptr<Recordset> OpenMainRecordset(const state::Render& render, const std::string& sql,
                                              std::int64_t record_limit) {
   const settings::Settings& settings = render.settings;
   if (settings.has_supplied_recordset) return settings.ADORecordset;

@@ -32,7 +32,7 @@ std::shared_ptr<platform::Recordset> NewRecordset(platform::Environment& environ
 
 /// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already,
 /// with at most `record_limit` records; 0 means all.
-std::shared_ptr<platform::Recordset> OpenMainRecordset(state::Render& render, const std::string& sql,
+std::shared_ptr<platform::Recordset> OpenMainRecordset(const state::Render& render, const std::string& sql,
                                                        std::int64_t record_limit);
 
 /// After the last-page button: cuts RecordCount to RecordsMaxLimit, so that the last page ends there.
