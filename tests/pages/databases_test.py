@@ -1,6 +1,6 @@
 """Pages over every kind of database: what visitors see, and what they do to the records.
 
-usage: databases_test.py sqlite|sqlite_odbc|postgresql|mariadb PHP EXTENSION
+usage: databases_test.py KIND PHP EXTENSION, KIND one of shops.SHOPS
 """
 
 import os
