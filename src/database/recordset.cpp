@@ -68,13 +68,13 @@ std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_
 std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query) {
   Session& session = connection->GetSession();
   counted_.reset();
-  if (!counting_.empty() && !session.CountsBesideRows()) counted_ = session.Ask({counting_});
+  const Query count{.text = counting_, .max_records = 1};
+  if (!counting_.empty() && !session.CountsBesideRows()) counted_ = session.Ask(count);
   auto cursor = session.Prepare(query);
   auto columns = cursor->GetColumns();
   const bool changes_data = cursor->ChangesData();
   // What cannot be counted must not be run.
-  if ((columns->empty() || changes_data) && !counting_.empty() && !counted_)
-    counted_ = session.Ask({counting_});
+  if ((columns->empty() || changes_data) && !counting_.empty() && !counted_) counted_ = session.Ask(count);
   if (columns->empty()) {
     cursor->Step();
     return cursor->RowsAffected();
@@ -103,8 +103,9 @@ Variant Recordset::Counted() {
   if (counting_.empty()) throw Error("The recordset has no counting statement");
   if (counted_) return *counted_;
   Session& session = connection_->GetSession();
-  const bool is_stepped = position_ != Position::kBeforeFirst;
-  counted_ = is_stepped ? session.Ask({counting_}) : session.CountBeside({counting_}, *cursor_);
+  const Query count{.text = counting_, .max_records = 1};
+  const bool is_beside = position_ == Position::kBeforeFirst && updatable_ == nullptr;
+  counted_ = is_beside ? session.CountBeside(count, *cursor_) : session.Ask(count);
   return *counted_;
 }
 

@@ -41,6 +41,16 @@ TEST_P(Counting, IsDoneForRowsThatWereReadAlready) {
   EXPECT_EQ(Rest(*goods).size(), 5U);
 }
 
+TEST_P(Counting, IsDoneForRowsThatCanBeChanged) {
+  auto goods = database::MakeRecordset();
+  goods->SetCursorLocation(platform::CursorLocation::kClient);
+  goods->SetCounting("SELECT COUNT(*) FROM Goods");
+  goods->Open("SELECT ID FROM Goods ORDER BY ID", connection_, platform::CursorType::kKeyset,
+              platform::LockType::kOptimistic);
+  EXPECT_EQ(Shown(platform::View(goods->Counted())), Total());
+  EXPECT_EQ(std::to_string(Rest(*goods).size()), Total());
+}
+
 TEST_P(Counting, FailsWithItsOwnStatement) {
   const auto error =
       ErrorOf([&] { Open("SELECT ID FROM Goods", "SELECT COUNT(*) FROM Nowhere")->Counted(); });
