@@ -130,7 +130,7 @@ inline const std::vector<KeyType> kMariaDbKeys = {
 inline std::vector<KeyType> KeyTypesOf(std::string_view database) {
   if (database == "Sqlite") return kSqliteKeys;
   if (database == "SqliteOdbc") return kSqliteOdbcKeys;
-  if (database == "MariaDb") return kMariaDbKeys;
+  if (database.starts_with("MariaDb")) return kMariaDbKeys;
   std::vector<KeyType> types = kPostgreSqlKeys;
   if (database == "PostgreSql") {
     types.insert(types.end(), kPostgreSqlNumbers.begin(), kPostgreSqlNumbers.end());
