@@ -99,9 +99,10 @@ void Link::SetOptions() {
     library_.mysql_options(Handle(), option, &value);
   };
   set(MYSQL_OPT_NONBLOCK, kStackBytes);
-  for (const mysql_option limit :
-       {MYSQL_OPT_CONNECT_TIMEOUT, MYSQL_OPT_READ_TIMEOUT, MYSQL_OPT_WRITE_TIMEOUT})
-    set(limit, kNoLimitS);
+  for (const mysql_option limit : {MYSQL_OPT_READ_TIMEOUT, MYSQL_OPT_WRITE_TIMEOUT}) set(limit, kNoLimitS);
+  // Looking up names and beginning to encrypt is not left to the caller's waiting.
+  const auto limit_s = static_cast<unsigned>(options_.connect_timeout_s);
+  set(MYSQL_OPT_CONNECT_TIMEOUT, limit_s > 0 ? limit_s : kNoLimitS);
   set(MYSQL_OPT_LOCAL_INFILE, 0U);  // A server could ask for any file of this host.
   library_.mysql_options(Handle(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
   set(MYSQL_OPT_SSL_ENFORCE, static_cast<my_bool>(options_.ssl_mode != SslMode::kDisabled));

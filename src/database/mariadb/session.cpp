@@ -185,9 +185,19 @@ bool Session::Reset() noexcept {
   }
 }
 
+void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept {
+  if (statement->HasOpenResult() && statement->IsOfThisConnection()) {
+    link_.Drop();
+    was_left_ = true;
+  } else if (kind.is_query || statement->Describe().columns->empty()) {
+    cache_.Give(std::move(statement));
+  }
+}
+
+void Session::Expect(const StatementKind& kind) { has_traces_ |= kind.leaves_traces || kind.calls_functions; }
+
 void Session::Note(const StatementKind& kind, std::int64_t last_identity) {
   is_fresh_ = false;
-  has_traces_ |= kind.leaves_traces || kind.calls_functions;
   if (!kind.is_query) last_identity_ = last_identity;
 }
 

@@ -67,7 +67,9 @@ class Session final : public database::Session {
   /// Drops what is kept for the text.
   void Forget(std::string_view text);
 
-  void GiveBack(std::unique_ptr<Statement> statement) noexcept { cache_.Give(std::move(statement)); }
+  /// A statement that could not be ended takes its connection with it. A change that yields rows is not kept:
+  /// that its columns are others now would show only when it was carried out.
+  void GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept;
 
   /// What `run`, which runs a statement of that kind, returns. Should the server have gone while the session
   /// was kept, this is where it shows: the connection is opened again, and `run` called again.
@@ -76,7 +78,7 @@ class Session final : public database::Session {
     try {
       return run();
     } catch (const platform::Error&) {
-      const bool may_reconnect = std::exchange(is_fresh_, false) && kind.is_query;
+      const bool may_reconnect = std::exchange(is_fresh_, false) && kind.is_query && !kind.calls_functions;
       if (!may_reconnect || !link_.IsDead() || link_.IsGivenUp()) throw;
     }
     Connect();
@@ -89,6 +91,9 @@ class Session final : public database::Session {
 
   /// The cursor that is reading; nullptr when none is.
   void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }
+
+  /// Before a statement is run, which may leave something even if it fails.
+  void Expect(const StatementKind& kind);
 
   /// After a statement was run: remembers what it did to the session.
   void Note(const StatementKind& kind, std::int64_t last_identity);

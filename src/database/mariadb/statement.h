@@ -44,6 +44,9 @@ class Statement {
   /// Runs it. The rows of the first result that has columns are to be fetched then.
   void Execute(MYSQL_BIND* parameters);
 
+  /// Whether the server may be sending rows still.
+  bool HasOpenResult() const { return is_open_; }
+
   /// Has the rows go to `row`, which must live until the end of the result.
   void Bind(Row& row);
 

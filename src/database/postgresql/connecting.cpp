@@ -16,7 +16,10 @@ using platform::Error;
 /// How the server notices soon that nobody waits for a statement any more; since PostgreSQL 14.
 constexpr std::string_view kCheckForClient = " -c client_connection_check_interval=500";
 
-constexpr std::string_view kForms = "-c DateStyle=ISO -c IntervalStyle=postgres -c extra_float_digits=1";
+/// The last ones see to it that all pages of a query come from one plan and one beginning of their table.
+constexpr std::string_view kForms =
+    "-c DateStyle=ISO -c IntervalStyle=postgres -c extra_float_digits=1 -c synchronize_seqscans=off "
+    "-c plan_cache_mode=force_custom_plan";
 
 /// A packet of the server may be lost for ever; this is how a vanished host is noticed.
 constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "UTF8"},

@@ -58,7 +58,7 @@ Cursor::Cursor(Session& session, const Query& query)
       key_(StatementCache::KeyOf(query.text, WantedForm(query), parameters_)),
       max_records_(query.max_records),
       is_updatable_(query.is_updatable),
-      statement_(session.Statements().Find(key_)) {
+      statement_(is_updatable_ ? nullptr : session.Statements().Find(key_)) {
   if (!statement_) {
     RequireText(query.text);
     statement_ = NewStatement(query.text);
@@ -219,7 +219,9 @@ void Cursor::Learn(const Result& answer) {
   const bool is_new = statement_->description == nullptr;
   description_ = statement_->description = std::make_shared<const Description>(std::move(fresh));
   is_description_fresh_ = true;
-  if (is_new && statement_->kind.is_query) session_.Keep(key_, statement_);
+  // Where rows are written to must be known as it is now.
+  const bool may_keep = statement_->kind.is_query && !is_updatable_;
+  if (is_new && may_keep) session_.Keep(key_, statement_);
 }
 
 /// The server goes on describing what it has prepared as it was.

@@ -82,7 +82,7 @@ class Session final : public database::Session {
     try {
       return run();
     } catch (const platform::Error& error) {
-      if (!was_fresh || !kind.is_query || !IsLoss(error)) throw;
+      if (!was_fresh || !kind.is_query || kind.calls_functions || !IsLoss(error)) throw;
     }
     link_->Drop();
     return run();

@@ -80,6 +80,15 @@ TEST_F(MariaDbCursor, FollowsATableThatWasChangedSinceTheStatementWasPrepared) {
   EXPECT_EQ(columns(), "y 202 b 205 '1' x'78'");
 }
 
+TEST_F(MariaDbCursor, CarriesAChangeThatYieldsRowsOutOnceWhenTheTableWasChanged) {
+  Run("CREATE TABLE T (K INTEGER AUTO_INCREMENT PRIMARY KEY, A INTEGER)");
+  constexpr char kInsert[] = "INSERT INTO T (A) VALUES (1) RETURNING *";
+  EXPECT_EQ(Ask(kInsert), Lines{"1 1"});
+  Connect(database_.ConnectionString())->Execute("ALTER TABLE T ADD B INTEGER");
+  EXPECT_EQ(Ask(kInsert), Lines{"2 1 null"});
+  EXPECT_EQ(Ask("SELECT COUNT(*) FROM T"), Lines{"2"});
+}
+
 TEST_F(MariaDbCursor, SendsAsATextWhatCannotBePrepared) {
   Run("PREPARE s FROM 'SELECT 7 AS a, NULL AS b UNION SELECT 8, \"x\"'");
   EXPECT_EQ(Ask("EXECUTE s"), (Lines{"'7' null", "'8' 'x'"}));

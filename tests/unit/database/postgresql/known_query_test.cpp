@@ -157,6 +157,21 @@ TEST_F(KnownQuery, FollowsTheTableWhoseColumnsChangeBeforeItIsPrepared) {
   }
 }
 
+TEST_F(KnownQuery, SavesInTheTableThatItReadsNow) {
+  for (const std::string schema : {"one", "two"}) {
+    Run("CREATE SCHEMA " + schema);
+    Run("CREATE TABLE " + schema + ".t (id integer PRIMARY KEY, v text)");
+    Run("INSERT INTO " + schema + ".t VALUES (1, 'old')");
+  }
+  for (const std::string schema : {"one", "one", "one", "two"}) {
+    Run("SET search_path TO " + schema);
+    const auto recordset = Edit(connection_, "SELECT id, v FROM t");
+    FieldOf(*recordset, "v").SetValue("of " + schema);
+    recordset->Update();
+  }
+  EXPECT_EQ(Ask("SELECT one.t.v, two.t.v FROM one.t, two.t"), Lines{"'of one' 'of two'"});
+}
+
 TEST_F(KnownQuery, FailsWhenItsTableIsGoneAndWorksWhenItIsBack) {
   MakeGoods();
   EXPECT_EQ(AskThrice("SELECT id FROM goods").size(), 5u);
