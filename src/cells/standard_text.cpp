@@ -32,8 +32,8 @@ std::string_view DateText(const platform::Formatting& formatting, const platform
 }
 
 /// The text of a long field; empty when it cannot be read.
-std::string_view MemoText(const platform::Formatting& formatting, platform::Field& field,
-                          std::string& scratch) {
+std::string_view GetMemoFieldText(const platform::Formatting& formatting, platform::Field& field,
+                                  std::string& scratch) {
   try {
     return formatting.Text(field.Value(), scratch);
   } catch (const std::exception&) {
@@ -50,7 +50,7 @@ std::string_view MemoText(const platform::Formatting& formatting, platform::Fiel
 std::string_view WholeText(const platform::Formatting& formatting, platform::Field& field,
                            std::string& scratch) {
   const platform::TypeCode type = field.Type();
-  if (platform::IsMemoFieldType(type)) return MemoText(formatting, field, scratch);
+  if (platform::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
   if (platform::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);
   return type == platform::TypeCode::kLongVarBinary ? std::string_view()
                                                     : formatting.Text(field.Value(), scratch);

@@ -54,7 +54,7 @@ struct Forms : testing::Test, tests::ViewPage {
   bool Has(std::string_view text) const { return body.find(text) != body.npos; }
   std::string_view Mode() const { return view.CurrentMode(); }
   std::string Stored() const {
-    return database.Value("SELECT group_concat(Name || ' ' || City) FROM Customers");
+    return database.Value("SELECT group_concat(Name || ' ' || coalesce(City, 'NULL')) FROM Customers");
   }
 
   /// Whether the one-record view, or the edit form, shows that name and no other.
@@ -219,6 +219,7 @@ TEST_F(Forms, AfterADeleteOfTheOnlyRecordSaySoAndOfferToAddOne) {
   EXPECT_EQ(Stored(), "NULL");
   EXPECT_TRUE(Has("&nbsp;[Record deleted]"));
   EXPECT_TRUE(Has("name=\"Morvu1FormAdd\""));
+  EXPECT_FALSE(Has("Morvu1FormEdit"));
   EXPECT_EQ(ErrorMessage(), "");
 }
 
