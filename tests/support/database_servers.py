@@ -94,10 +94,12 @@ class Server:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def spawn(self, command):
-        """Its own session, so that Ctrl-C reaches only this process, which then ends it in order."""
+        """Its own session, so that Ctrl-C reaches only this process, which then ends it in order. Its own folder for temporary
+        files, for MariaDB removes those of other servers when it starts."""
+        own = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "TMPDIR": str(self.folder)}
         with open(self.log, "wb") as log:
             return subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
-                                    start_new_session=True, env={"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8"},
+                                    start_new_session=True, env=own,
                                     preexec_fn=lambda: end_with_parent(self.death), **self.account)
 
     def put(self, name, text):
