@@ -45,10 +45,10 @@ class ASiteWithAReplica(unittest.TestCase):
         self.site = self.enterContext(deployed_site.Site(self.extension, deployed_site.HERE / "served/articles.php", hosts))
 
     def connections(self):
-        """As README.md tells: libpq finds the server that can be written to."""
-        ports = f"{self.stock.server.port},{self.replica.port}"
-        both = f"host=127.0.0.1,127.0.0.1 port={ports} target_session_attrs=read-write"
-        one = f"host=127.0.0.1 port={self.replica.port}"
+        """As README.md tells: the server that can be written to is found."""
+        both = (f"Hosts=127.0.0.1:{self.stock.server.port},127.0.0.1:{self.replica.port};"
+                "Target Session Attributes=read-write")
+        one = f"Host=127.0.0.1;Port={self.replica.port}"
         return {"DRALO_DATABASE": self.stock.connection_of("shop_pages", both),
                 "DRALO_READ_DATABASE": self.stock.connection_of("shop_reader", one)}
 

@@ -53,10 +53,10 @@ class Stock(PostgreSqlShop):
         deployed_site.give_away(folder)
         return self.certificate, key
 
-    def connection_of(self, role, options, place=""):
-        """The connection string of pages that connect as `role`, with `options` for libpq."""
-        return (f"Driver={self.driver};{place}Database=shop;Uid={role};Pwd={{{role};1}};SSLmode=verify-full;"
-                f"Connect Timeout=5;Query Timeout=20;pqopt={{sslrootcert={self.certificate} {options}}}")
+    def connection_of(self, role, place):
+        """The connection string of pages that connect as `role` to what the keys `place` say."""
+        return (f"Provider=PostgreSQL;{place};Database=shop;User ID={role};Password={{{role};1}};SSL Mode=verify-full;"
+                f"SSL Root Certificate={self.certificate};Connect Timeout=5;Query Timeout=20")
 
     def articles(self, owner):
         rows = self.rows(f"SELECT ID, Name, Amount FROM Articles WHERE Owner = {owner} ORDER BY ID")

@@ -89,9 +89,9 @@ class TwoHosts(unittest.TestCase):
     @classmethod
     def connections(cls, host):
         """The database is told which host it is talking to."""
-        place = f"Server=127.0.0.1;Port={cls.stock.server.port};"
-        return {"DRALO_DATABASE": cls.stock.connection_of("shop_pages", f"application_name={host}", place),
-                "DRALO_READ_DATABASE": cls.stock.connection_of("shop_reader", f"application_name={host}", place)}
+        place = f"Host=127.0.0.1;Port={cls.stock.server.port};Application Name={host}"
+        return {"DRALO_DATABASE": cls.stock.connection_of("shop_pages", place),
+                "DRALO_READ_DATABASE": cls.stock.connection_of("shop_reader", place)}
 
     def tearDown(self):
         """Nothing got lost: the database holds what the keepers know, and every save that they saw happen happened once."""
