@@ -120,6 +120,15 @@ const Place kPlaces[] = {
 INSTANTIATE_TEST_SUITE_P(Records, PlaceInTheFormView, testing::ValuesIn(kPlaces),
                          [](const auto& place) { return std::string(place.param.name); });
 
+TEST_F(FormView, HasNoBarAtTheTopWhileTheCountIsUnknown) {
+  OpenFromGrid();
+  Set("CountRecords", false);
+  Ask("CurrRecord", "44");
+  Show();
+  EXPECT_EQ(shown.bars.size(), 0U);
+  EXPECT_EQ(Posted("CurrRecord"), "44");
+}
+
 TEST_F(FormView, KeepsTheRequestedDisplayAsItWasPosted) {
   Ask("FormDisplay", " formonerec ");
   Show();
