@@ -8,7 +8,7 @@
 
 namespace dralo::driver {
 
-/// Whether the records are to be counted when they are opened.
+/// Whether the records are counted when they are opened: not there, yes, or that was tried and failed.
 enum class Counting { kNone, kWanted, kFailed };
 
 /// The recordsets of one page, and how they were found.

@@ -8,9 +8,8 @@ namespace dralo::editing {
 bool IsChangePosted(const state::Render& render);
 
 /// Carries out the save or delete that IsChangePosted() finds: one statement that is carried out whole or not
-/// at all. True also when there was nothing to do. When false the
-/// database is as it was, and either the edit status message or ErrorMessage says why; a success leaves its
-/// message in the edit status message.
+/// at all. A success leaves its message in the edit status message. True also when there was nothing to do;
+/// after false the database is as it was, and the edit status message or ErrorMessage says why.
 bool UpdateRecord(state::Render& render);
 
 }  // namespace dralo::editing

@@ -5,8 +5,8 @@
 namespace dralo::database::sqlite {
 
 /// SQLite databases: "Provider=SQLite;Data Source=FILE" or ":memory:". Mode is Read, ReadWrite (the default)
-/// or ReadWriteCreate; Busy Timeout is in milliseconds, Query Timeout in seconds, 30 when not given: the time
-/// until the next row of a statement. 0 lets it run. Memory Map is how many megabytes of the
+/// or ReadWriteCreate. Busy Timeout is in milliseconds. Query Timeout is how many seconds a statement may
+/// take until its next row, 30 when not given, without limit when 0. Memory Map is how many megabytes of the
 /// file are read as memory, none when not given.
 class Provider final : public database::Provider {
  public:
