@@ -146,9 +146,7 @@ void Cursor::Run(Rows rows) {
       session_.GiveName(*statement_);
       const bool is_long = rows != Rows::kNone && IsLong();
       // What parts are taken of has to be known before.
-      const bool is_asked = rows == Rows::kNone || (is_long && !statement_->IsPreparedOn(link_) &&
-                                                    (!description_ || !statement_->name.empty()));
-      if (is_asked) Send(Rows::kNone);
+      if (rows == Rows::kNone || (is_long && !description_)) Send(Rows::kNone);
       if (rows != Rows::kNone) Send(is_long ? Rows::kParts : Rows::kAll);
       return;
     } catch (const Error& error) {
@@ -176,8 +174,12 @@ void Cursor::Send(Rows rows, bool may_drop) {
   Execution execution(link_, *statement_, ParametersOfForm(), rows, is_guarded);
   const Result columns = execution.Description();
   if (rows == Rows::kParts) {
-    const std::size_t count = description_->columns->size();
+    const bool is_known = !columns || description_->IsOf(columns.get());
+    const auto count = is_known ? description_->columns->size()
+                                : static_cast<std::size_t>(Libpq::Get().PQnfields(columns.get()));
     rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
+    // The table was changed since. Asking about it sets the rows aside.
+    if (!is_known) Learn(columns);
     return;
   }
   Result answer = rows == Rows::kAll ? execution.All() : nullptr;

@@ -30,7 +30,28 @@ void SetOrigin(Column& column, const KnownTable& table, int number, bool may_add
   column.is_numbered = own.is_numbered;
 }
 
+Description::ServerType TypeOfColumn(const PGresult* answer, int number) {
+  const Libpq& libpq = Libpq::Get();
+  return {libpq.PQftype(answer, number), libpq.PQfmod(answer, number)};
+}
+
+Description::Origin OriginOfColumn(const PGresult* answer, int number) {
+  const Libpq& libpq = Libpq::Get();
+  return {libpq.PQftable(answer, number), libpq.PQftablecol(answer, number)};
+}
+
 }  // namespace
+
+bool Description::IsOf(const PGresult* answer) const {
+  const Libpq& libpq = Libpq::Get();
+  bool is_same = std::cmp_equal(libpq.PQnfields(answer), columns->size());
+  for (std::size_t i = 0; is_same && i < columns->size(); ++i) {
+    const auto number = static_cast<int>(i);
+    is_same = (*columns)[i].name == libpq.PQfname(answer, number) &&
+              types[i] == TypeOfColumn(answer, number) && origins[i] == OriginOfColumn(answer, number);
+  }
+  return is_same;
+}
 
 Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, std::string_view text) {
   const Libpq& libpq = Libpq::Get();
@@ -39,9 +60,9 @@ Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, 
   int number = 0;
   for (Column& column : columns) {
     column.name = libpq.PQfname(answer, number);
-    description.readings.push_back(
-        SetType(column, libpq.PQftype(answer, number), libpq.PQfmod(answer, number)));
-    description.origins.push_back({libpq.PQftable(answer, number), libpq.PQftablecol(answer, number)});
+    const Description::ServerType& type = description.types.emplace_back(TypeOfColumn(answer, number));
+    description.readings.push_back(SetType(column, type.number, type.modifier));
+    description.origins.push_back(OriginOfColumn(answer, number));
     ++number;
   }
   catalog.Learn(link, description.origins);

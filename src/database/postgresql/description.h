@@ -16,9 +16,19 @@ struct Description {
   /// The column of a table that a column of the result shows; 0 for an expression.
   using Origin = TableCatalog::ColumnNumber;
 
+  struct ServerType {
+    Oid number = 0;
+    int modifier = -1;
+    bool operator==(const ServerType&) const = default;
+  };
+
   std::shared_ptr<const Columns> columns = std::make_shared<const Columns>();
   std::vector<Reading> readings;
   std::vector<Origin> origins;
+  std::vector<ServerType> types;
+
+  /// Whether the server says the same of the columns in `answer`.
+  bool IsOf(const PGresult* answer) const;
 };
 
 /// Of the statement `text`, by what the server says of it. Asks the catalogue for tables that are new to it,

@@ -28,6 +28,7 @@ class TableCatalog {
   struct ColumnNumber {
     Oid table = 0;
     int column = 0;
+    bool operator==(const ColumnNumber&) const = default;
   };
 
   /// Asks for the tables of those columns that are not known yet. Throws platform::Error.

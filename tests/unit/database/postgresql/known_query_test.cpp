@@ -203,6 +203,22 @@ TEST_F(KnownQuery, IsNotPreparedWhenTheConnectionStringSaysSo) {
   EXPECT_EQ(Names(sql), (Lines{"id", "title", "stock"}));
 }
 
+TEST_F(KnownQuery, ReadsTheColumnsThatItsTableHasNowWhereNothingStaysPrepared) {
+  connection_ = Another(";Prepare=0");
+  Run("CREATE TABLE t (id integer, a text, b text, c text)");
+  Run("INSERT INTO t VALUES (1, 'aa', 'bb', 'cc'), (2, 'aa', 'bb', 'cc')");
+  const auto fields = [&] {
+    const auto recordset = Read(connection_, "SELECT * FROM t ORDER BY id");
+    recordset->Move(1);
+    return ValueOf(*recordset, "id") + ValueOf(*recordset, "b") + ValueOf(*recordset, "c");
+  };
+  EXPECT_EQ(fields(), "2'bb''cc'");
+  Another()->Execute("ALTER TABLE t DROP a");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(fields(), "2'bb''cc'");
+  Another()->Execute("ALTER TABLE t ALTER id TYPE text USING 'no. ' || id");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(fields(), "'no. 2''bb''cc'");
+}
+
 TEST_F(KnownQuery, StaysPreparedWhenItsSessionIsKeptAndCleaned) {
   MakeGoods();
   const std::string sql = "SELECT id FROM goods";
