@@ -80,7 +80,7 @@ void Cursor::Execute() {
   if (!statement_->IsOfThisConnection()) Open();
   const bool has_limit = statement_->GetForm() == Form::kLimited;
   const std::int64_t rows = std::max<std::int64_t>(max_records_ - offset_, 0);
-  session_.Expect(kind_);
+  session_.Expect(kind_, text_);
   statement_->Execute(parameters_.Bind(has_limit, rows, offset_));
   session_.Note(kind_, statement_->LastIdentity());
   state_ = State::kDone;

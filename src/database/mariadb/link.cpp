@@ -73,7 +73,7 @@ void Link::Connect() {
 void Link::ConnectTo(const Options::Host& host) {
   handle_.reset(library_.mysql_init(nullptr));
   if (!handle_) throw Error("the client library gives no connection");
-  is_dead_ = is_given_up_ = false;
+  is_dead_ = is_given_up_ = is_transaction_in_doubt_ = false;
   ++generation_;
   SetOptions();
   const bool is_socket = host.name.starts_with('/');
@@ -174,6 +174,7 @@ Error Link::LastError(std::string_view text) {
 
 Error Link::MakeError(unsigned number, const char* state, const char* message, std::string_view text) {
   is_dead_ |= std::ranges::find(kLost, number) != std::end(kLost);
+  is_transaction_in_doubt_ |= IsInTransaction();
   std::string line = OneLine(message);
   std::string sqlstate = state;
   if (is_given_up_) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "database/mariadb/library.h"
 #include "database/mariadb/options.h"
@@ -48,6 +49,10 @@ class Link {
 
   /// Whether a statement that is run next is a part of an open transaction.
   bool IsInTransaction() const;
+
+  /// Whether a statement inside a transaction has failed since this was asked last: it may have been the end
+  /// of the transaction, which IsInTransaction() knows after the server's next answer.
+  bool TakeDoubt() { return std::exchange(is_transaction_in_doubt_, false); }
 
   /// The server's last statement has failed. `text` is its source.
   platform::Error LastError(std::string_view text);
@@ -95,6 +100,7 @@ class Link {
   bool is_hurried_ = false;
   bool is_given_up_ = false;
   bool is_dead_ = false;
+  bool is_transaction_in_doubt_ = false;
   int generation_ = 0;
 };
 

@@ -127,35 +127,21 @@ const TableFacts& Session::KnownFacts(const std::string& database, const std::st
 void Session::Begin() {
   is_fresh_ = false;
   Settle();
-  if (link_.IsInTransaction() || depth_ > 0) {
-    link_.Run("SAVEPOINT dralo_" + std::to_string(depth_));
-  } else {
-    link_.Run("BEGIN");
-    owns_transaction_ = true;
-  }
-  ++depth_;
+  transactions_.Begin();
 }
 
 void Session::Commit() {
   Settle();
-  const bool is_outermost = depth_ == 1 && owns_transaction_;
-  link_.Run(is_outermost ? "COMMIT" : "RELEASE SAVEPOINT dralo_" + std::to_string(depth_ - 1));
-  --depth_;
-  if (is_outermost) owns_transaction_ = false;
+  transactions_.Commit();
 }
 
 void Session::Rollback() noexcept {
-  const bool is_outermost = depth_ == 1 && owns_transaction_;
-  --depth_;
-  if (is_outermost) owns_transaction_ = false;
   try {
     Settle();
-    const std::string savepoint = "SAVEPOINT dralo_" + std::to_string(depth_);
-    link_.Run(is_outermost ? "ROLLBACK" : "ROLLBACK TO " + savepoint);
-    if (!is_outermost) link_.Run("RELEASE " + savepoint);
   } catch (const std::exception&) {
-    has_traces_ = true;  // Whatever is open ends with the user.
+    has_traces_ = true;
   }
+  if (!transactions_.Rollback()) has_traces_ = true;  // Whatever is open ends with the user.
 }
 
 bool Session::IsAlive() noexcept {
@@ -170,8 +156,7 @@ bool Session::Reset() noexcept {
   last_use_ = std::chrono::steady_clock::now();
   if (reading_ != nullptr || was_left_ || link_.IsDead() || CurrentDatabase() != link_.FirstDatabase())
     return false;
-  depth_ = 0;
-  owns_transaction_ = false;
+  transactions_.Forget();
   try {
     if (std::exchange(has_traces_, false)) {
       cache_.Clear();
@@ -194,7 +179,10 @@ void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind
   }
 }
 
-void Session::Expect(const StatementKind& kind) { has_traces_ |= kind.leaves_traces || kind.calls_functions; }
+void Session::Expect(const StatementKind& kind, std::string_view text) {
+  transactions_.Expect(kind, text);
+  has_traces_ |= kind.leaves_traces || kind.calls_functions;
+}
 
 void Session::Note(const StatementKind& kind, std::int64_t last_identity) {
   is_fresh_ = false;

@@ -13,6 +13,7 @@
 #include "database/mariadb/options.h"
 #include "database/mariadb/statement.h"
 #include "database/mariadb/statement_cache.h"
+#include "database/mariadb/transactions.h"
 #include "database/session.h"
 #include "database/statement_kind.h"
 #include "dralo/error.h"
@@ -32,7 +33,7 @@ class Cursor;
 class Session final : public database::Session {
  public:
   /// Throws platform::Error when the database does not open.
-  explicit Session(const Options& options) : link_(options) {}
+  explicit Session(const Options& options) : link_(options), transactions_(link_) {}
 
   std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
   std::string QuoteName(std::string_view name) const override;
@@ -92,14 +93,15 @@ class Session final : public database::Session {
   /// The cursor that is reading; nullptr when none is.
   void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }
 
-  /// Before a statement is run, which may leave something even if it fails.
-  void Expect(const StatementKind& kind);
+  /// Before a statement is run, which may leave something even if it fails. Throws platform::Error where the
+  /// transaction that it would be a part of is gone.
+  void Expect(const StatementKind& kind, std::string_view text);
 
   /// After a statement was run: remembers what it did to the session.
   void Note(const StatementKind& kind, std::int64_t last_identity);
 
   /// Whether nothing of the user's would be lost with the connection.
-  bool MayLeave() const { return !has_traces_ && depth_ == 0 && !link_.IsInTransaction(); }
+  bool MayLeave() const { return !has_traces_ && !transactions_.AreOpen(); }
 
   /// Leaves the connection with all that the server is still sending, to open another when it is needed.
   /// Returns false, and has done nothing, when it may not.
@@ -112,14 +114,13 @@ class Session final : public database::Session {
   const TableFacts& KnownFacts(const std::string& database, const std::string& table);
 
   Link link_;
+  Transactions transactions_;
   StatementCache cache_;  ///< After the link, so that it goes first.
   std::map<std::pair<std::string, std::string>, TableFacts> facts_;
   Cursor* reading_ = nullptr;
   bool was_left_ = false;
   bool is_fresh_ = false;  ///< Nothing was run since it was taken from the pool.
   bool has_traces_ = false;
-  int depth_ = 0;                  ///< Calls of Begin() that are open.
-  bool owns_transaction_ = false;  ///< The outermost of them began it.
   std::int64_t last_identity_ = 0;
   std::chrono::steady_clock::time_point last_use_ = std::chrono::steady_clock::now();
 };
