@@ -18,6 +18,7 @@ import urllib.error
 import urllib.request
 
 import deployed_site
+from crowd import Crowd
 from keeper import Keeper, Lost
 from stock import OWNERS, Stock
 
@@ -82,9 +83,8 @@ class TwoHosts(unittest.TestCase):
         cls.addClassCleanup(cls.site.__exit__)
         cls.front = cls.site.front
         cls.ledger = []
-        cls.has_settled = threading.Event()
-        cls.has_settled.set()
         cls.keepers = [Keeper(cls.front.port, owner, cls.stock.articles(owner), cls.ledger) for owner in OWNERS]
+        cls.crowd = Crowd(cls.keepers)
 
     @classmethod
     def connections(cls, host):
@@ -99,34 +99,6 @@ class TwoHosts(unittest.TestCase):
             self.assertEqual(self.stock.articles(keeper.owner), sorted(keeper.articles))
         self.assertEqual(collections.Counter(self.stock.saves()), collections.Counter(self.ledger))
         self.assertEqual([host.take_complaints() for host in self.site.hosts], [[], []])
-
-    @contextlib.contextmanager
-    def visitors(self, may_lose=False):
-        """While this lasts, all keepers are at work."""
-        failures = []
-        is_over = threading.Event()
-
-        def work(keeper):
-            keeper.may_lose = may_lose
-            try:
-                keeper.wait_until_settled = self.has_settled.wait
-                keeper.back()
-                while not is_over.is_set():
-                    keeper.step()
-            except BaseException as failure:  # noqa: BLE001  it is raised again by the test
-                failures.append(failure)
-
-        threads = [threading.Thread(target=work, args=[keeper]) for keeper in self.keepers]
-        for thread in threads:
-            thread.start()
-        try:
-            yield
-        finally:
-            is_over.set()
-            for thread in threads:
-                thread.join()
-        if failures:
-            raise failures[0]
 
     def count_answers(self, host, since):
         return sum(host.address in addresses for addresses in self.front.answers()[since:])
@@ -147,11 +119,11 @@ class TwoHosts(unittest.TestCase):
 
     def kill(self, host):
         """What the host has begun is over at the end, and keepers who have lost an answer look only then."""
-        self.has_settled.clear()
+        self.crowd.has_settled.clear()
         host.stop(signal.SIGTERM)
         sessions = f"SELECT pid FROM pg_stat_activity WHERE application_name = '{host.name}'"
         deployed_site.wait_until(lambda: not self.stock.rows(sessions), "the database does not notice that a host is gone")
-        self.has_settled.set()
+        self.crowd.has_settled.set()
 
     def test_requests_alternate_between_the_hosts(self):
         since = len(self.front.answers())
@@ -171,13 +143,13 @@ class TwoHosts(unittest.TestCase):
         self.assertEqual(set(self.stock.rows(pages)), {("first", "1"), ("second", "1")})
 
     def test_nothing_is_lost_while_hosts_are_reloaded(self):
-        with self.visitors():
+        with self.crowd.at_work():
             for host in self.site.hosts * 2:
                 self.wait_for_answers(host)
                 host.begin_reload()()
 
     def test_nothing_is_lost_while_hosts_are_taken_out_stopped_and_started(self):
-        with self.visitors():
+        with self.crowd.at_work():
             for host, other in (self.site.hosts, reversed(self.site.hosts)):
                 self.front.use(other)
                 host.stop()
@@ -188,7 +160,7 @@ class TwoHosts(unittest.TestCase):
             self.wait_for_answers(*self.site.hosts)
 
     def test_what_is_lost_when_a_host_is_killed_can_be_repeated(self):
-        with self.visitors(may_lose=True):
+        with self.crowd.at_work(may_lose=True):
             for host in self.site.hosts:
                 self.wait_for_answers(host)
                 self.kill(host)
@@ -250,7 +222,7 @@ class TwoHosts(unittest.TestCase):
             host.wait_for_complaint()
             [complaint] = host.take_complaints()
             self.assertIn("Connection refused", complaint)
-        with self.visitors():
+        with self.crowd.at_work():
             self.wait_for_answers(*self.site.hosts)
 
     def health(self):

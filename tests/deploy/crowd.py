@@ -1,0 +1,43 @@
+"""Several keepers, all of them at work at once."""
+
+import contextlib
+import threading
+
+import deployed_site
+
+
+class Crowd:
+    def __init__(self, keepers):
+        self.keepers = keepers
+        self.has_settled = threading.Event()
+        self.has_settled.set()
+        self.failures = []
+
+    @contextlib.contextmanager
+    def at_work(self, may_lose=False):
+        """While this lasts, all keepers are at work. Those who may lose an answer look for what became of it only when `has_settled`
+        is set."""
+        is_over = threading.Event()
+
+        def work(keeper):
+            keeper.may_lose = may_lose
+            try:
+                keeper.wait_until_settled = self.has_settled.wait
+                keeper.back()
+                while not is_over.is_set():
+                    keeper.step()
+            except BaseException as failure:  # noqa: BLE001  it is raised again by the test
+                self.failures.append(failure)
+
+        self.failures = []
+        threads = [threading.Thread(target=work, args=[keeper]) for keeper in self.keepers]
+        for thread in threads:
+            thread.start()
+        try:
+            yield
+        finally:
+            is_over.set()
+            for thread in threads:
+                thread.join()
+        if self.failures:
+            raise self.failures[0]
