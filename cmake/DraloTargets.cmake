@@ -27,8 +27,11 @@ function(dralo_folder name)
                              ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
   target_compile_features(dralo_${name} ${scope} cxx_std_20)
   target_link_libraries(dralo_${name} ${scope} ${ARGN})
+  list(FILTER ARGN EXCLUDE REGEX "^dralo_")
+  set_property(GLOBAL APPEND PROPERTY DRALO_FOREIGN_LIBRARIES ${ARGN})
   if(sources)
     target_link_libraries(dralo_${name} PRIVATE dralo_options)
+    set_property(GLOBAL APPEND PROPERTY DRALO_FOLDERS dralo_${name})
     # clang-tidy checks the sources as they are compiled together.
     set_target_properties(dralo_${name} PROPERTIES
                           UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")

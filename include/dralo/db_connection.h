@@ -5,6 +5,7 @@
 
 #include "dralo/db_connection_properties.h"
 #include "dralo/environment.h"
+#include "dralo/export.h"
 #include "dralo/object.h"
 #include "dralo/page_context.h"
 
@@ -15,7 +16,7 @@ class DBConnection;
 }
 
 /// Lets several views on one page share one open database connection.
-class DBConnection final : public Object, public DBConnectionProperties {
+class DRALO_EXPORT DBConnection final : public Object, public DBConnectionProperties {
  public:
   /// Makes a connection of its own; it is not open yet. `environment` must outlive the object.
   explicit DBConnection(Environment& environment);

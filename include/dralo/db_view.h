@@ -7,6 +7,7 @@
 
 #include "dralo/db_view_properties.h"
 #include "dralo/environment.h"
+#include "dralo/export.h"
 #include "dralo/page_context.h"
 
 namespace dralo {
@@ -17,7 +18,7 @@ class DbView;
 
 /// Turns a database query into an interactive part of a web page. Made for one page: bound to it, configured
 /// through its properties, rendered.
-class DbView final : public DbViewProperties {
+class DRALO_EXPORT DbView final : public DbViewProperties {
  public:
   /// `environment` must outlive the view.
   explicit DbView(Environment& environment);

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "dralo/connection.h"
+#include "dralo/export.h"
 #include "dralo/recordset.h"
 
 namespace dralo {
@@ -14,7 +15,7 @@ class Environment;
 
 /// What a process offers to every page: databases, regional settings, regular expressions. Make one per
 /// process; it outlives every page. Several threads may use it.
-class Environment {
+class DRALO_EXPORT Environment {
  public:
   /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US.
   /// Throws Error when the locale is unknown.

@@ -5,11 +5,13 @@
 #include <string_view>
 #include <utility>
 
+#include "dralo/export.h"
+
 namespace dralo::platform {
 
 /// A failure that a page author is told about: of a database, of a conversion, of the object factory.
 /// The one exception class of all layers.
-class Error : public std::runtime_error {
+class DRALO_EXPORT Error : public std::runtime_error {
  public:
   /// `description` says what failed and what to do, in one sentence without the statement's text.
   explicit Error(const std::string& description, int number = 0, std::string sqlstate = {},

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "dralo/export.h"
 #include "dralo/page_context.h"
 #include "dralo/request.h"
 #include "dralo/response.h"
@@ -15,10 +16,10 @@ namespace dralo {
 
 /// One request and its response for a C++ program that serves pages itself.
 /// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected.
-class Page final : public PageContext, private Request, private Response {
+class DRALO_EXPORT Page final : public PageContext, private Request, private Response {
  public:
   /// Thrown by End() so that the program stops rendering the page; catch it where the page is served.
-  struct Ended {};
+  struct DRALO_EXPORT Ended {};
 
   /// `query_string` and `form_body` as they came (application/x-www-form-urlencoded); `script_name` is the
   /// address that links and the form lead back to.
