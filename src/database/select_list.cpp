@@ -62,6 +62,77 @@ std::vector<std::string_view> OuterTokens(std::string_view text) {
   return tokens;
 }
 
+constexpr std::string_view kBehindTables[] = {"WHERE", "GROUP",  "HAVING", "WINDOW", "ORDER",
+                                              "LIMIT", "OFFSET", "FETCH",  "FOR",    "SELECT"};
+
+/// Follows a query through the places where tables stand whose rows it yields: behind FROM and JOIN, also of
+/// queries that stand there or in a WITH; not of those in conditions and among the fields.
+class TablePlaces {
+ public:
+  /// The names of the tables, as often as they stand there, without their schemas.
+  std::vector<std::string> NamesIn(std::string_view query) {
+    while (!query.empty()) {
+      if (text::IsAsciiSpace(query.front())) {
+        query.remove_prefix(1);
+      } else {
+        Take(TakeToken(query));
+      }
+    }
+    return std::move(names_);
+  }
+
+ private:
+  struct Level {
+    bool yields_rows = true;
+    bool is_in_from = false;
+  };
+
+  void Take(std::string_view token) {
+    if (token == "(") {
+      Open();
+    } else if (token == ")") {
+      if (levels_.size() > 1) levels_.pop_back();
+      is_expected_ = false;
+    } else if (levels_.back().yields_rows) {
+      TakeHere(token);
+    }
+    before_ = token;
+  }
+
+  void Open() {
+    const bool is_definition = IsWord(before_, "AS") || IsWord(before_, "MATERIALIZED");
+    const bool is_table = is_expected_ || before_.empty() || before_ == "(" || is_definition;
+    levels_.push_back({levels_.back().yields_rows && is_table, is_expected_});
+  }
+
+  void TakeHere(std::string_view token) {
+    Level& level = levels_.back();
+    const auto is_token = [&](std::string_view word) { return IsWord(token, word); };
+    if (is_token("FROM") && !IsWord(before_, "DISTINCT")) {
+      level.is_in_from = is_expected_ = true;
+    } else if (std::ranges::any_of(kBehindTables, is_token)) {
+      level.is_in_from = is_expected_ = false;
+    } else if (is_token("JOIN") || token == ",") {
+      is_expected_ = level.is_in_from;
+    } else if (token == "." && was_name_) {
+      names_.pop_back();
+      is_expected_ = true;
+    } else if (is_expected_ && !is_token("ONLY") && !is_token("LATERAL")) {
+      names_.push_back(Unquoted(token));
+      is_expected_ = false;
+      was_name_ = true;
+      return;
+    }
+    was_name_ = false;
+  }
+
+  std::vector<std::string> names_;
+  std::vector<Level> levels_{1};
+  std::string_view before_;
+  bool is_expected_ = false;  ///< A table comes next.
+  bool was_name_ = false;     ///< One came last.
+};
+
 bool IsPlain(const std::vector<std::string_view>& item) {
   for (std::size_t i = 0; i < item.size(); ++i) {
     if ((item[i] == ".") != (i % 2 == 1)) return false;
@@ -91,14 +162,14 @@ std::vector<std::string> GivenNames(std::string_view query) {
 }
 
 bool NamesTwice(std::string_view query, std::string_view table) {
-  bool is_behind_from = false;
-  int count = 0;
-  for (const auto token : OuterTokens(query)) {
-    if (IsWord(token, "WHERE") || IsWord(token, "GROUP") || IsWord(token, "ORDER")) is_behind_from = false;
-    if (is_behind_from && text::EqualAscii(Unquoted(token), table)) ++count;
-    if (IsWord(token, "FROM")) is_behind_from = true;
-  }
-  return count > 1;
+  const std::vector<std::string> names = TablePlaces().NamesIn(query);
+  const auto count = [&](std::string_view name) {
+    return std::ranges::count_if(names, [&](const std::string& one) { return text::EqualAscii(one, name); });
+  };
+  if (count(table) > 1) return true;
+  // What WITH gives a name to may be the table, and be read more than once by that name.
+  return text::ContainsAscii(query, "WITH") &&
+         std::ranges::any_of(names, [&](const std::string& name) { return count(name) > 1; });
 }
 
 }  // namespace dralo::database

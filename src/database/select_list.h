@@ -10,7 +10,8 @@ namespace dralo::database {
 /// may be other columns than they are called.
 std::vector<std::string> GivenNames(std::string_view query);
 
-/// Whether the query names the table more than once behind its FROM, so that a field may be of either.
+/// Whether the query may read the table more than once for the rows that it yields, so that a field may be of
+/// either. What it compares in its conditions does not count.
 bool NamesTwice(std::string_view query, std::string_view table);
 
 }  // namespace dralo::database

@@ -23,6 +23,22 @@ TEST(SelectList, SeesATableThatIsReadTwice) {
   EXPECT_TRUE(NamesTwice("SELECT * FROM s.\"goods\" a, goods b WHERE 1 = 1", "goods"));
   EXPECT_FALSE(NamesTwice("SELECT goods.id FROM goods WHERE goods.id = 1 ORDER BY goods.id", "goods"));
   EXPECT_FALSE(NamesTwice("SELECT id FROM goods WHERE id IN (SELECT id FROM goods)", "goods"));
+  EXPECT_FALSE(NamesTwice("SELECT goods.id FROM goods JOIN kinds ON kinds.id = goods.kind", "goods"));
+  EXPECT_FALSE(NamesTwice("SELECT id FROM kinds goods, s.goods WHERE a IS DISTINCT FROM goods", "goods"));
+  EXPECT_FALSE(NamesTwice("SELECT (SELECT MAX(id) FROM goods), id FROM goods, f(goods.id) goods", "goods"));
+  EXPECT_FALSE(
+      NamesTwice("SELECT g.id FROM goods g JOIN kinds k ON k.id = (SELECT MAX(kind) FROM goods)", "goods"));
+}
+
+TEST(SelectList, SeesATableThatIsReadTwiceThroughQueries) {
+  EXPECT_TRUE(NamesTwice("SELECT a.id, b.x FROM (SELECT * FROM goods) a JOIN goods b ON true", "goods"));
+  EXPECT_TRUE(NamesTwice("SELECT a.id, b.x FROM goods a, LATERAL (SELECT * FROM goods) b", "goods"));
+  EXPECT_TRUE(NamesTwice("SELECT * FROM (goods a JOIN ONLY goods b ON a.id = b.up)", "goods"));
+  EXPECT_TRUE(NamesTwice("WITH c AS (SELECT * FROM goods) SELECT c.id, g.x FROM c JOIN goods g", "goods"));
+  EXPECT_TRUE(NamesTwice("WITH c AS (SELECT * FROM goods) SELECT a.id, b.x FROM c a JOIN c b", "goods"));
+  EXPECT_FALSE(NamesTwice("WITH c AS MATERIALIZED (SELECT * FROM goods) SELECT * FROM c", "goods"));
+  EXPECT_FALSE(
+      NamesTwice("SELECT * FROM (SELECT * FROM goods WHERE id IN (SELECT id FROM goods)) a", "goods"));
 }
 
 }  // namespace
