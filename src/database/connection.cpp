@@ -37,9 +37,12 @@ std::shared_ptr<platform::Recordset> Connection::Execute(std::string_view sql, s
 std::int64_t Connection::ChangeOneRecord(std::string_view sql) {
   Session& session = GetSession();
   const std::string text = StatementOf(session, sql);
-  Transaction transaction(session);
-  const std::int64_t changed = session.Run({text});
-  if (changed <= 1) transaction.Commit();
+  std::int64_t changed = 0;
+  RepeatingAfterConflict(session, [&] {
+    Transaction transaction(session);
+    changed = session.Run({text});
+    if (changed <= 1) transaction.Commit();
+  });
   return changed;
 }
 

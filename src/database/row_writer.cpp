@@ -170,33 +170,39 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
     if (values[i]) row[i] = {*values[i], session.Stored((*columns)[i], *values[i])};
   }
 
-  Transaction transaction(session);
-  RequireOne(session.Run({change.text, change.parameters}), change,
-             "The row was not added; a rule of the database prevented it");
   const auto identity = cursor.Table().identity;
-  if (identity && IsNull(View(row[*identity].value))) {
-    const Variant number = session.LastIdentity(cursor.Table(), (*columns)[*identity]);
-    row[*identity] = {number, number};
-  }
-  transaction.Commit();
+  const bool has_new_number = identity && IsNull(View(row[*identity].value));
+  RepeatingAfterConflict(session, [&] {
+    Transaction transaction(session);
+    RequireOne(session.Run({change.text, change.parameters}), change,
+               "The row was not added; a rule of the database prevented it");
+    if (has_new_number) {
+      const Variant number = session.LastIdentity(cursor.Table(), (*columns)[*identity]);
+      row[*identity] = {number, number};
+    }
+    transaction.Commit();
+  });
   cursor.Append(std::move(row));
 }
 
 void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values, const RowMatch& match) {
   RowUpdate update(session, cursor);
   const Change change = update.Make(values, match);
-  Transaction transaction(session);
-  const std::int64_t changed = session.Run({change.text, change.parameters});
-  if (changed > 1 && !update.HasKey()) {
-    throw Error(
-        "Several records are equal in all fields of the query, so none was changed. Add a field that tells "
-        "them "
-        "apart.",
-        0, {}, change.text);
-  }
-  RequireOne(changed, change,
-             "Row cannot be located for updating. Some values may have been changed since it was last read.");
-  transaction.Commit();
+  RepeatingAfterConflict(session, [&] {
+    Transaction transaction(session);
+    const std::int64_t changed = session.Run({change.text, change.parameters});
+    if (changed > 1 && !update.HasKey()) {
+      throw Error(
+          "Several records are equal in all fields of the query, so none was changed. Add a field that tells "
+          "them "
+          "apart.",
+          0, {}, change.text);
+    }
+    RequireOne(
+        changed, change,
+        "Row cannot be located for updating. Some values may have been changed since it was last read.");
+    transaction.Commit();
+  });
 
   const auto columns = cursor.GetColumns();
   for (std::size_t i = 0; i < values.size(); ++i) {

@@ -12,6 +12,7 @@
 #include "database/column.h"
 #include "database/cursor.h"
 #include "database/query.h"
+#include "dralo/error.h"
 #include "dralo/variant.h"
 
 namespace dralo::database {
@@ -49,6 +50,10 @@ class Session {
   virtual void Begin() = 0;
   virtual void Commit() = 0;
   virtual void Rollback() noexcept = 0;
+
+  /// Whether the transaction that failed with `error`, and is rolled back, has left nothing and may succeed
+  /// when it is run again from its start: it met another one, and was a part of none.
+  virtual bool MayRepeatAfter(const platform::Error& /*error*/) const { return false; }
 
   /// The number that the database gave, in `column` of `table`, to the row inserted last.
   virtual std::int64_t LastIdentity(const BaseTable& table, const Column& column) const = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/session.h"
+#include "dralo/error.h"
 
 namespace dralo::database {
 
@@ -23,5 +24,17 @@ class Transaction {
   Session& session_;
   bool is_committed_ = false;
 };
+
+/// Calls `change`, which is a transaction and tells nobody of anything before it is committed. Where it has
+/// failed only because another transaction came first, it is called once more.
+template <class Change>
+void RepeatingAfterConflict(const Session& session, const Change& change) {
+  try {
+    return change();
+  } catch (const platform::Error& error) {
+    if (!session.MayRepeatAfter(error)) throw;
+  }
+  change();
+}
 
 }  // namespace dralo::database

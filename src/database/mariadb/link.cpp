@@ -181,6 +181,8 @@ Error Link::MakeError(unsigned number, const char* state, const char* message, s
     line = is_connecting_ ? "it has not answered in time"
                           : "The database has not answered in time; the connection is given up";
     sqlstate = "HYT00";
+  } else if (sqlstate == "40001") {
+    line = "The database has undone the transaction for another one that came first; try again";
   }
   line += " (SQLSTATE " + sqlstate + ")";
   return Error(line, static_cast<int>(is_given_up_ ? 0 : number), sqlstate, std::string(text));

@@ -17,6 +17,8 @@ using platform::Error;
 /// A host that has vanished says no farewell; after that long a question is worth its round trip.
 constexpr std::chrono::seconds kLongRest{30};
 
+constexpr std::string_view kConflict = "40001";
+
 constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
 
 /// Tables whose facts are remembered; more are rare, and only cost a question each.
@@ -142,6 +144,11 @@ void Session::Rollback() noexcept {
     has_traces_ = true;
   }
   if (!transactions_.Rollback()) has_traces_ = true;  // Whatever is open ends with the user.
+}
+
+/// A deadlock, or in a cluster a commit that came second.
+bool Session::MayRepeatAfter(const Error& error) const {
+  return error.SqlState() == kConflict && !transactions_.AreOpen();
 }
 
 bool Session::IsAlive() noexcept {

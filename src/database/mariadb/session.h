@@ -48,6 +48,7 @@ class Session final : public database::Session {
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;
+  bool MayRepeatAfter(const platform::Error& error) const override;
   std::int64_t LastIdentity(const BaseTable& /*table*/, const Column& /*column*/) const override {
     return last_identity_;
   }
