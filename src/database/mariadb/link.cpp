@@ -30,7 +30,8 @@ constexpr std::size_t kStackBytes = 262'144;
 /// With limits of its own, however long, the library can be told that time is up.
 constexpr unsigned kNoLimitS = 1'000'000;
 
-constexpr unsigned kLost[] = {2006, 2013, 2055, 1053, 1927, 4031};
+/// Also of a node that has lost its cluster (1047), for another host may serve then.
+constexpr unsigned kLost[] = {2006, 2013, 2055, 1053, 1927, 4031, 1047};
 
 std::string OneLine(std::string_view message) {
   std::string line;
@@ -57,6 +58,7 @@ void Link::Connect() {
       is_connecting_ = true;
       ConnectTo(host);
       LimitStatements();
+      if (options_.hosts.size() > 1) Run("DO 0");  // A node that has lost its cluster lets in, but refuses.
       is_connecting_ = false;
       return;
     } catch (const Error& error) {

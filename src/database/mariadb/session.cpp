@@ -127,9 +127,11 @@ const TableFacts& Session::KnownFacts(const std::string& database, const std::st
 }
 
 void Session::Begin() {
+  Reconnecting({.is_query = true}, [this] {
+    Settle();
+    transactions_.Begin();
+  });
   is_fresh_ = false;
-  Settle();
-  transactions_.Begin();
 }
 
 void Session::Commit() {

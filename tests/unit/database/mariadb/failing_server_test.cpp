@@ -153,6 +153,41 @@ TEST_F(MariaDbFailing, DoesNotRunAChangeTwiceWhenItsConnectionWent) {
   EXPECT_EQ(Ask("SHOW TABLES"), Lines{});
 }
 
+TEST_F(MariaDbFailing, BeginsASaveInAnotherConnectionWhereItsOwnWentWhileItWasKept) {
+  Run("CREATE TABLE t (i INTEGER)");
+  Run("INSERT INTO t VALUES (1)");
+  const auto kept = Connect(database_.ConnectionString());
+  const std::string id = IdOf(kept).front();
+  kept->Close();
+  kept->Open(database_.ConnectionString());
+  Run("KILL " + id);
+  EXPECT_EQ(kept->ChangeOneRecord("UPDATE t SET i = i + 1"), 1);
+  EXPECT_EQ(Ask("SELECT i FROM t"), Lines{"2"});
+}
+
+/// What a node says that has lost the others of its cluster.
+TEST_F(MariaDbFailing, LeavesANodeThatServesNoTables) {
+  Run("CREATE TABLE LostNodes (ID INTEGER)");
+  Run("CREATE FUNCTION Served() RETURNS INTEGER BEGIN IF CONNECTION_ID() IN (SELECT ID FROM LostNodes) THEN "
+      "SIGNAL SQLSTATE '08S01' SET MYSQL_ERRNO = 1047; END IF; RETURN CONNECTION_ID(); END");
+  Run("CREATE VIEW Goods AS SELECT Served() AS ID");
+  const auto kept = Connect(database_.ConnectionString());
+  const std::string first = IdOf(kept).front();
+  const auto lose_node_of = [&](const std::string& id) { Run("INSERT INTO LostNodes VALUES (" + id + ")"); };
+  lose_node_of(first);
+  EXPECT_EQ(ErrorOf([&] { Rows(kept, "SELECT ID FROM Goods"); }).Number(), 1047);
+  const auto reopen = [&] {
+    kept->Close();
+    kept->Open(database_.ConnectionString());
+  };
+  reopen();
+  const std::string second = IdOf(kept).front();
+  EXPECT_NE(second, first);
+  reopen();
+  lose_node_of(second);
+  EXPECT_NE(Rows(kept, "SELECT ID FROM Goods"), Lines{second});
+}
+
 TEST_F(MariaDbFailing, RefusesAConnectionInClearWhereItMustBeEncrypted) {
   const auto refusal_of = [&](const char* mode) {
     return MessageOf([&] { Connect(database_.ConnectionString() + ";SSL Mode=" + mode); });
