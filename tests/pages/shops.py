@@ -73,12 +73,11 @@ class SqliteOdbcShop(SqliteShop):
 
 
 class ServerShop(Shop):
-    """On a server of its own, which can be stopped and started."""
+    """On a server of its own, which can be stopped and started, or on one that runs already."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, server=None):
         super().__init__(folder)
-        self.server = database_servers.Served(self.kind)
-        self.server.__enter__()
+        self.server = server or database_servers.Served(self.kind).__enter__()
         self.connection = (f"{self.reached_by};Server=127.0.0.1;Port={self.server.port};Uid={database_servers.USER};"
                            f"Pwd={{{database_servers.PASSWORD}}};Database={self.database}")
 
@@ -100,8 +99,8 @@ class PostgreSqlShop(ServerShop):
     text = "TEXT"
     folds_names = True
 
-    def __init__(self, folder):
-        super().__init__(folder)
+    def __init__(self, folder, server=None):
+        super().__init__(folder, server)
         self.ask("CREATE DATABASE shop", "postgres")
 
     def ask(self, sql, database="shop"):
@@ -118,8 +117,8 @@ class MariaDbShop(ServerShop):
     timestamp = "DATETIME"
     text = "LONGTEXT"
 
-    def __init__(self, folder):
-        super().__init__(folder)
+    def __init__(self, folder, server=None):
+        super().__init__(folder, server)
         self.ask("CREATE DATABASE shop CHARACTER SET utf8mb4", "mysql")
 
     def ask(self, sql, database="shop"):
