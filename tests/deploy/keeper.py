@@ -31,7 +31,8 @@ class Keeper(Visitor):
         self.random = random.Random(owner)
         self.may_lose = False
         self.wait_until_settled = lambda: None
-        self.requests = self.lost = self.made = 0
+        self.requests = self.made = 0
+        self.lost = []
         self.show(self.start)
         self.order, self.descending = "ID", False
 
@@ -56,21 +57,25 @@ class Keeper(Visitor):
         if answer.headers["Content-Type"] == "application/vnd.ms-excel":
             assert text.endswith(b"</table>"), text[-500:]
             return answer.headers, text
-        assert text.endswith(b"<p id=\"error\"></p>\n<!-- complete -->\n"), text[-500:]
+        self.check_end(text)
         return answer.headers, text
+
+    def check_end(self, text):
+        """A page ends with what has failed: nothing."""
+        assert text.endswith(b"<p id=\"error\"></p>\n<!-- complete -->\n"), text[-500:]
 
     def surely(self, action, *arguments):
         """Repeats what changes nothing until an answer comes."""
         while True:
             try:
                 return action(*arguments)
-            except Lost:
-                self.forgive()
+            except Lost as failure:
+                self.forgive(failure)
 
-    def forgive(self):
+    def forgive(self, failure):
         if not self.may_lose:
-            raise
-        self.lost += 1
+            raise failure
+        self.lost.append(failure)
         self.wait_until_settled()
 
     # What a page has to show
@@ -149,8 +154,8 @@ class Keeper(Visitor):
         try:
             self.save(article, amount)
             return True
-        except Lost:
-            self.forgive()
+        except Lost as failure:
+            self.forgive(failure)
             self.open(article)
             if self.shown("amount") != str(amount):
                 return False
@@ -192,8 +197,8 @@ class Keeper(Visitor):
             self.press("FormUpdate")
             self.expect("[New record saved ok]")
             return True
-        except Lost:
-            self.forgive()
+        except Lost as failure:
+            self.forgive(failure)
             return self.find(name) is not None
 
     def delete(self):
@@ -214,8 +219,8 @@ class Keeper(Visitor):
             self.press("FormDelete")
             self.expect("[Record deleted]")
             return True
-        except Lost:
-            self.forgive()
+        except Lost as failure:
+            self.forgive(failure)
             return self.find(article[1]) is None
 
     def find(self, name):
