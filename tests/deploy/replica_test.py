@@ -11,23 +11,9 @@ import unittest
 from contextlib import closing
 
 import deployed_site
-from database_servers import PASSWORD, USER, PostgreSql
 from keeper import Keeper
+from replica import Replica
 from stock import Stock
-
-
-class Replica(PostgreSql):
-    """Follows the server on `primary_port` until it is promoted."""
-
-    ready = b"ready to accept read-only connections"
-
-    def __init__(self, primary_port):
-        super().__init__()
-        self.primary = f"host=127.0.0.1 port={primary_port} user={USER} password='{PASSWORD}'"
-
-    def create_command(self):
-        return [self.program("pg_basebackup"), "--dbname", self.primary, "--pgdata", self.data, "--write-recovery-conf",
-                "--checkpoint=fast"]
 
 
 class ASiteWithAReplica(unittest.TestCase):
