@@ -11,6 +11,7 @@ class Crowd:
         self.keepers = keepers
         self.has_settled = threading.Event()
         self.has_settled.set()
+        self.steps = dict.fromkeys(keepers, 0)
         self.failures = []
 
     @contextlib.contextmanager
@@ -26,6 +27,7 @@ class Crowd:
                 keeper.back()
                 while not is_over.is_set():
                     keeper.step()
+                    self.steps[keeper] += 1
             except BaseException as failure:  # noqa: BLE001  it is raised again by the test
                 self.failures.append(failure)
 
@@ -41,3 +43,9 @@ class Crowd:
                 thread.join()
         if self.failures:
             raise self.failures[0]
+
+    def wait_for_steps(self, count=3):
+        """Until each keeper has gone some steps further, or one has failed."""
+        wanted = {keeper: done + count for keeper, done in self.steps.items()}
+        deployed_site.wait_until(lambda: self.failures or all(self.steps[keeper] >= wanted[keeper] for keeper in self.keepers),
+                                 "the keepers stand still")
