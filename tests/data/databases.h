@@ -104,6 +104,7 @@ inline const Database kPostgreSql{
 inline const Database kPostgreSqlOdbc = [] {
   Database database = kPostgreSql;
   database.name = "PostgreSqlOdbc";
+  database.orders_equal_keys_alike = false;
   database.make = [] { return std::make_unique<NewServerDatabase>(Server::kPostgreSql); };
   return database;
 }();

@@ -97,13 +97,16 @@ struct Binder {
   }
 };
 
-void Binding::Bind(const Link& link, SQLHSTMT statement, std::string_view text) {
+void Binding::Bind(const Link& link, SQLHSTMT statement, std::string_view text,
+                   std::span<const platform::Variant> behind) {
   slots_.clear();
   SQLUSMALLINT number = 0;
-  for (const platform::Variant& value : values_) {
+  const auto bind = [&](const platform::Variant& value) {
     const SQLRETURN code = std::visit(Binder{link, statement, ++number, slots_.emplace_back()}, value);
     link.Require(code, statement, text);
-  }
+  };
+  std::ranges::for_each(values_, bind);
+  std::ranges::for_each(behind, bind);
 }
 
 }  // namespace dralo::database::odbc

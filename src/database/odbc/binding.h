@@ -21,8 +21,10 @@ class Binding {
 
   std::size_t Count() const { return values_.size(); }
 
-  /// Binds all to "?" 1, 2, ... They stay as they are as long as this object. Throws platform::Error.
-  void Bind(const Link& link, SQLHSTMT statement, std::string_view text);
+  /// Binds all to "?" 1, 2, ..., and the values of `behind` to those behind them. They stay as they are until
+  /// the next call, or as long as this object. Throws platform::Error.
+  void Bind(const Link& link, SQLHSTMT statement, std::string_view text,
+            std::span<const platform::Variant> behind = {});
 
  private:
   friend struct Binder;

@@ -14,15 +14,28 @@ namespace dralo::database::odbc {
 
 namespace {
 
-/// A limit up to which all rows are read at once, wherever the recordset is going to stand.
-constexpr std::int64_t kFewRecords = 1000;
+using platform::Error;
 
-bool HasLimitClause(Dialect dialect) { return dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite; }
+constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
+
+bool HasLimitClause(Dialect dialect) {
+  return dialect == Dialect::kPostgreSql || dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite;
+}
+
+/// A limit behind several statements would be one of the last.
+bool IsOneStatement(std::string_view text) { return WithoutEnd(text).find(';') == text.npos; }
+
+/// What a database says of a statement that was prepared for other tables than there are now, or that is
+/// gone.
+bool IsStale(const Error& error) {
+  constexpr std::string_view kStates[] = {"0A000", "26000"};
+  return std::ranges::find(kStates, error.SqlState()) != std::end(kStates);
+}
 
 void RequireStatement(const std::string& text) {
-  if (text::TrimAsciiSpace(text).empty()) throw platform::Error("The statement is empty", 0, {}, text);
+  if (text::TrimAsciiSpace(text).empty()) throw Error("The statement is empty", 0, {}, text);
   if (text.find('\0') == text.npos) return;
-  throw platform::Error("The statement has a zero byte in its text", 0, {}, text);
+  throw Error("The statement has a zero byte in its text", 0, {}, text);
 }
 
 }  // namespace
@@ -36,219 +49,163 @@ Cursor::Cursor(Session& session, const Query& query)
       max_records_(query.max_records),
       is_updatable_(query.is_updatable) {
   RequireStatement(text_);
-  if (!kind_.is_query || kind_.calls_functions) session_.RunDeferred();
-  statement_ = link_.NewStatement();
-  RequireParameterCount();
-  if (OpenServerCursor()) return;
-  session_.Settle();
-  if (IsLazy()) {
-    Prepare();
-  } else if (!RunLimited()) {
-    Run(text_);
+  if (kind_.is_query) {
+    OpenQuery();
+  } else {
+    OpenChange();
   }
+  RequireParameterCount();
+  const bool may_be_in_part = max_records_ > 0 || is_updatable_;
+  if (!kind_.is_query || !may_be_in_part) Execute();
 }
 
 Cursor::~Cursor() { Stop(); }
 
-/// Only a text with a "?" may have parameters; the driver knows which "?" is one.
-void Cursor::RequireParameterCount() {
-  std::size_t expected = 0;
-  if (text_.find('?') != text_.npos) {
-    SQLSMALLINT count = 0;
-    link_.Require(link_.Prepare(Statement(), text_), Statement(), text_);
-    const Deadline deadline = link_.Limit();
-    link_.Require(SQLNumParams(Statement(), &count), Statement(), text_);
-    SQLFreeStmt(Statement(), SQL_CLOSE);
-    expected = static_cast<std::size_t>(count);
+/// A query for changes needs columns as they are now, and the tables that they come from.
+void Cursor::OpenQuery() {
+  const bool is_limited =
+      max_records_ > 0 && kind_.is_select && HasLimitClause(link_.GetDialect()) && IsOneStatement(text_);
+  if (!is_updatable_) statement_ = session_.Statements().Take(text_, is_limited);
+  was_kept_ = statement_ != nullptr;
+  if (!statement_ && is_limited) statement_ = TryLimited();
+  if (!statement_) {
+    statement_ = Prepared(false);
+    statement_->refuses_limit = is_limited;
   }
+  description_ = statement_->description;
+}
+
+/// Throws platform::Error when the statement is not accepted.
+std::unique_ptr<Statement> Cursor::Prepared(bool is_limited) {
+  auto statement = std::make_unique<Statement>(Statement{.handle = link_.NewStatement(), .text = text_});
+  statement->is_limited = is_limited;
+  statement->is_prepared = true;
+  const SQLHSTMT handle = statement->handle.Get();
+  const std::string limited = is_limited ? std::string(WithoutEnd(text_)).append(kLimit) : text_;
+  SQLSMALLINT parameters = 0;
+  link_.Require(link_.Prepare(handle, limited), handle, text_);
+  link_.Require(SQLNumParams(handle, &parameters), handle, text_);
+  statement->parameters = static_cast<std::size_t>(parameters);
+  if (is_limited) statement->parameters -= std::min<std::size_t>(2, statement->parameters);
+  if (kind_.is_query) statement->description = Describe(link_, handle, text_, is_updatable_);
+  return statement;
+}
+
+/// Nothing where the limit is refused; the text as it is tells whether it is wrong itself. A text that ends
+/// in an open comment swallows the limit.
+std::unique_ptr<Statement> Cursor::TryLimited() {
+  try {
+    auto statement = Prepared(true);
+    return statement->parameters == parameters_.Count() ? std::move(statement) : nullptr;
+  } catch (const Error&) {
+    return nullptr;
+  }
+}
+
+/// Some statements cannot be prepared. Only a text with a "?" may have parameters; the driver knows which "?"
+/// is one.
+void Cursor::OpenChange() {
+  const bool may_have_parameters = text_.find('?') != text_.npos;
+  statement_ = may_have_parameters
+                   ? Prepared(false)
+                   : std::make_unique<Statement>(Statement{.handle = link_.NewStatement(), .text = text_});
+}
+
+void Cursor::RequireParameterCount() const {
+  const std::size_t expected = statement_->parameters;
   const std::size_t given = parameters_.Count();
   if (expected == given) return;
-  throw platform::Error("The statement expects " + std::to_string(expected) +
-                            (expected == 1 ? " parameter value, but " : " parameter values, but ") +
-                            std::to_string(given) + (given == 1 ? " was given" : " were given"),
-                        0, {}, text_);
+  throw Error("The statement expects " + std::to_string(expected) +
+                  (expected == 1 ? " parameter value, but " : " parameter values, but ") +
+                  std::to_string(given) + (given == 1 ? " was given" : " were given"),
+              0, {}, text_);
 }
 
-/// SQLite's driver knows the types of expressions only once the statement has run.
-bool Cursor::IsLazy() const {
-  if (!kind_.is_query) return false;
-  const bool is_long =
-      max_records_ == 0 ? link_.GetDialect() != Dialect::kSqlite : max_records_ > kFewRecords;
-  return is_updatable_ || is_long;
-}
-
-bool Cursor::OpenServerCursor() {
-  if (link_.GetDialect() != Dialect::kPostgreSql || !kind_.is_select) return false;
-  server_cursor_.emplace(session_, text_, max_records_);
-  if (!server_cursor_->Open(Statement(), parameters_, is_updatable_, is_updatable_)) {
-    server_cursor_.reset();
-    return false;
+void Cursor::Execute() {
+  try {
+    Run();
+  } catch (const Error& error) {
+    if (!was_kept_ || !IsStale(error)) throw;
+    session_.Statements().Forget(text_);
+    OpenQuery();
+    Run();
   }
   session_.Note(kind_);
-  description_ = server_cursor_->GetDescription();
   state_ = State::kRunning;
-  return true;
+  AdoptColumns();
 }
 
-void Cursor::Prepare() {
-  is_limited_ = max_records_ > 0 && kind_.is_select && HasLimitClause(link_.GetDialect()) &&
-                SQL_SUCCEEDED(link_.Prepare(Statement(), Limited(max_records_, 0)));
-  if (!is_limited_) link_.Require(link_.Prepare(Statement(), text_), Statement(), text_);
-  description_ = Describe(link_, Statement(), text_, is_updatable_);
-}
-
-std::string Cursor::Limited(std::int64_t rows, std::int64_t offset) const {
-  std::string text(WithoutEnd(text_));
-  text += "\nLIMIT " + std::to_string(rows);
-  if (offset > 0) text += " OFFSET " + std::to_string(offset);
-  return text;
-}
-
-/// Returns false when there is no limit that the text could be run with.
-bool Cursor::RunLimited() {
-  if (max_records_ == 0 || !kind_.is_select || !HasLimitClause(link_.GetDialect())) return false;
-  SQLRETURN code = link_.Prepare(Statement(), Limited(max_records_, offset_));
-  if (!SQL_SUCCEEDED(code)) return false;
-  parameters_.Bind(link_, Statement(), text_);
-  link_.Require(link_.ExecutePrepared(Statement()), Statement(), text_);
-  AfterRun();
-  return true;
-}
-
-void Cursor::Run(std::string_view text) {
-  if (max_records_ > 0 && kind_.is_query && !HasLimitClause(link_.GetDialect())) {
-    SQLSetStmtAttr(Statement(), SQL_ATTR_MAX_ROWS, AsPointer(static_cast<SQLULEN>(max_records_)),
-                   SQL_IS_UINTEGER);
+void Cursor::Run() {
+  const SQLHSTMT handle = Handle();
+  std::vector<platform::Variant> limit;
+  if (statement_->is_limited) {
+    limit = {std::max<std::int64_t>(max_records_ - offset_, 0), offset_};
+  } else if (max_records_ > 0 && kind_.is_query) {
+    const auto rows = static_cast<SQLULEN>(max_records_);
+    SQLSetStmtAttr(handle, SQL_ATTR_MAX_ROWS, AsPointer(rows), SQL_IS_UINTEGER);
   }
-  SQLRETURN code = SQL_SUCCESS;
-  if (parameters_.Count() == 0) {
-    code = link_.Execute(Statement(), text);
-  } else {
-    link_.Require(link_.Prepare(Statement(), text), Statement(), text_);
-    parameters_.Bind(link_, Statement(), text_);
-    code = link_.ExecutePrepared(Statement());
-  }
-  link_.Require(code, Statement(), text_);
-  AfterRun();
+  parameters_.Bind(link_, handle, text_, limit);
+  link_.Require(statement_->is_prepared ? link_.ExecutePrepared(handle) : link_.Execute(handle, text_),
+                handle, text_);
 }
 
-void Cursor::AfterRun() {
-  session_.Note(kind_);
-  state_ = State::kRunning;
-  const bool is_described = description_.columns && link_.GetDialect() != Dialect::kSqlite;
+/// The tables may have been changed since the statement was prepared, and some drivers know the types of
+/// expressions only now.
+void Cursor::AdoptColumns() {
   if (!FindResultWithColumns()) {
     description_.columns = std::make_shared<const Columns>();
-  } else if (!is_described) {
-    description_ = Describe(link_, Statement(), text_, is_updatable_);
+    return;
   }
+  Description now = Describe(link_, Handle(), text_, is_updatable_);
+  if (description_.columns && *description_.columns == *now.columns) return;
+  description_ = std::move(now);
+  statement_->description = description_;
 }
 
 /// A procedure may change data before it yields rows.
 bool Cursor::FindResultWithColumns() {
   for (;;) {
     SQLLEN affected = -1;
-    if (SQL_SUCCEEDED(SQLRowCount(Statement(), &affected))) rows_affected_ = affected;
-    if (CountColumns(link_, Statement(), text_) > 0) return true;
-    const SQLRETURN code = SQLMoreResults(Statement());
+    if (SQL_SUCCEEDED(SQLRowCount(Handle(), &affected))) rows_affected_ = affected;
+    if (CountColumns(link_, Handle(), text_) > 0) return true;
+    const SQLRETURN code = SQLMoreResults(Handle());
     if (code == SQL_NO_DATA) return false;
-    link_.Require(code, Statement(), text_);
+    link_.Require(code, Handle(), text_);
   }
 }
 
 bool Cursor::Skip(std::int64_t rows) {
-  if (block_) return false;
-  if (server_cursor_ || (state_ == State::kPrepared && is_limited_)) {
-    offset_ += rows;
-    return true;
-  }
-  return false;
+  if (state_ != State::kPrepared || !statement_->is_limited) return false;
+  offset_ += rows;
+  return true;
 }
 
 bool Cursor::Step() {
   if (state_ == State::kDone) return false;
-  if (state_ == State::kPrepared) {
-    session_.Settle();
-    if (is_limited_) {
-      SQLFreeStmt(Statement(), SQL_CLOSE);
-      const std::int64_t rows = std::max<std::int64_t>(max_records_ - offset_, 0);
-      Run(Limited(rows, offset_));
-    } else if (parameters_.Count() == 0) {
-      link_.Require(link_.ExecutePrepared(Statement()), Statement(), text_);
-      AfterRun();
-    } else {
-      parameters_.Bind(link_, Statement(), text_);
-      link_.Require(link_.ExecutePrepared(Statement()), Statement(), text_);
-      AfterRun();
-    }
-  }
-  if (description_.columns->empty()) {
-    Stop();
-    return false;
-  }
-  if (++row_ >= block_rows_ && !NextBlock()) {
-    Stop();
-    return false;
-  }
-  if (packed_row_) packed_row_->Parse(block_->Text(row_));
-  return true;
+  if (state_ == State::kPrepared) Execute();
+  if (!description_.columns->empty() && NextRow()) return true;
+  Stop();
+  return false;
 }
 
-std::unique_ptr<RowBlock> Cursor::NewBlock() const {
-  const bool is_packed = server_cursor_ && server_cursor_->IsPacked();
-  return std::make_unique<RowBlock>(
-      link_, Statement(), is_packed ? std::vector{kPackedReader} : description_.readers, max_records_);
-}
-
-/// Rows that the server cursor has sent already are passed over here, others there.
-bool Cursor::NextBlock() {
-  if (!block_) {
-    block_ = NewBlock();
-    if (server_cursor_ && server_cursor_->IsPacked()) packed_row_.emplace(description_.readers);
-  }
-  for (;;) {
-    block_rows_ = block_->Fetch(text_);
-    row_ = 0;
-    if (block_rows_ > 0) {
-      fetched_ += static_cast<std::int64_t>(block_rows_);
-      if (!server_cursor_) return true;
-      const auto passed = std::min(offset_, static_cast<std::int64_t>(block_rows_));
-      offset_ -= passed;
-      row_ = static_cast<std::size_t>(passed);
-      if (offset_ == 0) ReadAhead();
-      if (row_ < block_rows_) return true;
-    } else if (!server_cursor_ || !FetchMore()) {
-      return false;
-    }
-  }
-}
-
-void Cursor::ReadAhead() {
-  if (server_cursor_->IsFetchingAhead()) return;
-  if (statement_ahead_.Get() == nullptr) statement_ahead_ = link_.NewStatement();
-  server_cursor_->FetchAhead(statement_ahead_.Get());
-}
-
-bool Cursor::FetchMore() {
-  server_cursor_->SetFetched(fetched_);
-  fetched_ = 0;
-  server_cursor_->Skip(offset_);
-  offset_ = 0;
-  if (server_cursor_->IsFetchingAhead()) {
-    SQLFreeStmt(Statement(), SQL_CLOSE);
-    std::swap(statement_, statement_ahead_);
-    std::swap(block_, block_ahead_);
-    if (!block_) block_ = NewBlock();
-  }
-  return server_cursor_->Fetch(Statement());
+bool Cursor::NextRow() {
+  if (!block_) block_ = std::make_unique<RowBlock>(link_, Handle(), description_.readers, max_records_);
+  if (++row_ < block_rows_) return true;
+  block_rows_ = block_->Fetch(text_);
+  row_ = 0;
+  return block_rows_ > 0;
 }
 
 void Cursor::Stop() noexcept {
   state_ = State::kDone;
   block_.reset();
-  if (statement_.Get() != nullptr) SQLFreeStmt(Statement(), SQL_CLOSE);
-  if (server_cursor_) server_cursor_->Close();
-  block_ahead_.reset();
-  statement_ahead_.Reset();
+  if (!statement_) return;
+  const bool is_closed = SQL_SUCCEEDED(SQLFreeStmt(Handle(), SQL_CLOSE));
+  SQLFreeStmt(Handle(), SQL_RESET_PARAMS);
+  if (is_closed && kind_.is_select && !is_updatable_) {
+    session_.Statements().Give(std::move(statement_));
+  }
+  statement_.reset();
 }
 
 const BaseTable& Cursor::Table() {

@@ -88,8 +88,4 @@ Error MakeError(SQLSMALLINT handle_type, SQLHANDLE handle, std::string_view stat
                std::string(statement));
 }
 
-bool IsRefusalOfPostgreSql(const platform::Error& error) {
-  return error.SqlState() == "42601" || error.SqlState() == "0A000";
-}
-
 }  // namespace dralo::database::odbc

@@ -18,7 +18,4 @@ platform::Error MakeError(SQLSMALLINT handle_type, SQLHANDLE handle, std::string
 /// `message` without the secrets.
 std::string WithoutSecrets(std::string message, std::span<const std::string> secrets);
 
-/// Whether PostgreSQL says that a text is no query, or none that may stand in another statement.
-bool IsRefusalOfPostgreSql(const platform::Error& error);
-
 }  // namespace dralo::database::odbc

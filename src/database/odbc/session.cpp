@@ -9,7 +9,6 @@
 #include "database/odbc/comparison.h"
 #include "database/odbc/cursor.h"
 #include "database/odbc/quote.h"
-#include "database/odbc/short_cursor.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
 
@@ -39,7 +38,6 @@ bool HasTextTransactions(Dialect dialect) {
 Session::Session(const Options& options) : options_(options), link_(std::make_unique<Link>(options)) {}
 
 std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
-  if (auto cursor = ShortCursor::Open(*this, query)) return cursor;
   return Reconnecting(query.text, [&] { return std::make_unique<Cursor>(*this, query); });
 }
 
