@@ -89,6 +89,9 @@ final class DbView
     /** Writes the page's own posted fields back, so that they survive paging and sorting. */
     public bool $PersistPageFormRequest;
 
+    /** Escapes values and trusts nothing that a visitor sends. */
+    public bool $Hardened;
+
     /** Writes CSS classes. */
     public bool $UseCSS;
 

@@ -79,6 +79,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Writes the page's own posted fields back, so that they survive paging and sorting.
   bool PersistPageFormRequest() const { return Typed<bool>("PersistPageFormRequest"); }
   void SetPersistPageFormRequest(bool value) { SetTyped("PersistPageFormRequest", value); }
+  /// Escapes values and trusts nothing that a visitor sends.
+  bool Hardened() const { return Typed<bool>("Hardened"); }
+  void SetHardened(bool value) { SetTyped("Hardened", value); }
   /// Writes CSS classes.
   bool UseCSS() const { return Typed<bool>("UseCSS"); }
   void SetUseCSS(bool value) { SetTyped("UseCSS", value); }

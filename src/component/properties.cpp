@@ -114,6 +114,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::OrderByFields>("OrderByFields", kReadWrite, "The ORDER BY list: column names or numbers; clicks on the headers change it."),
   Row<&S::OrderByDesc>("OrderByDesc", kReadWrite, "Sorts the last column of OrderByFields in descending order."),
   Row<&S::PersistPageFormRequest>("PersistPageFormRequest", kReadWrite, "Writes the page's own posted fields back, so that they survive paging and sorting."),
+  Row<&S::Hardened>("Hardened", kReadWrite, "Escapes values and trusts nothing that a visitor sends."),
   Row<&S::UseCSS>("UseCSS", kReadWrite, "Writes CSS classes."),
   Row<&S::DisplayHeader>("DisplayHeader", kReadWrite, "Writes the header row of the grid and the labels of the forms."),
   Row<&S::DisplayDebug>("DisplayDebug", kReadWrite, "Shows the SQL above the view and in error messages; not for public pages."),

@@ -71,6 +71,7 @@ struct Settings {
   std::string OrderByFields = "";
   bool OrderByDesc = false;
   bool PersistPageFormRequest = true;
+  bool Hardened = false;
 
   // The look of the whole page.
   bool UseCSS = true;

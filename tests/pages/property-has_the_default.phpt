@@ -37,6 +37,7 @@ ToRow 0
 OrderByFields ""
 OrderByDesc false
 PersistPageFormRequest true
+Hardened false
 UseCSS true
 DisplayHeader true
 DisplayDebug false

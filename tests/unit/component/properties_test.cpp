@@ -25,6 +25,7 @@ const std::map<std::string_view, PropertyValue> kDefaults = {
     {"RecordCount", std::int64_t{-1}},
     {"CountRecords", true},
     {"PersistPageFormRequest", true},
+    {"Hardened", false},
     {"UseCSS", true},
     {"DisplayHeader", true},
     {"TableTag", std::string("border=\"0\" cellspacing=\"0\"")},
