@@ -1,6 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <vector>
 
 #include "record/product.h"
@@ -16,8 +18,24 @@ auto SortedByName(const Rows& rows) {
   return sorted;
 }
 
+/// Left at their defaults, under which a page is what it was before they existed.
+inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
+    "DeleteSqlParameters",
+    "EditSqlParameters",
+    "FormSqlParameters",
+    "Hardened",
+    "RecordsOutsideSql",
+    "SqlParameters",
+});
+
 inline const auto& SortedViewProperties() {
-  static const auto sorted = SortedByName(ViewProperties());
+  static const auto sorted = [] {
+    auto rows = SortedByName(ViewProperties());
+    std::erase_if(rows, [](const auto* row) {
+      return std::ranges::find(kUnusedProperties, row->name) != kUnusedProperties.end();
+    });
+    return rows;
+  }();
   return sorted;
 }
 
