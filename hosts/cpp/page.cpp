@@ -2,6 +2,7 @@
 
 #include "dralo/error.h"
 #include "hosts/cpp/url_encoded.h"
+#include "text/ascii.h"
 
 namespace dralo {
 
@@ -12,6 +13,14 @@ Page::Page(std::string_view script_name, std::string_view query_string, std::str
 
 std::string Page::ServerVariable(std::string_view name) const {
   return name == "SCRIPT_NAME" ? script_name_ : std::string();
+}
+
+std::vector<std::string> Page::HeaderValues(std::string_view name) const {
+  std::vector<std::string> values;
+  for (const auto& [known, value] : request_headers) {
+    if (text::EqualAscii(known, name)) values.push_back(value);
+  }
+  return values;
 }
 
 void Page::Write(std::string_view html) {
@@ -36,6 +45,11 @@ void Page::SetContentType(std::string_view type) {
 void Page::AddHeader(std::string_view name, std::string_view value) {
   RequireUnsentHeaders();
   headers_.emplace_back(name, value);
+}
+
+void Page::SetStatus(int status) {
+  RequireUnsentHeaders();
+  status_ = status;
 }
 
 void Page::End() { throw Ended{}; }

@@ -4,6 +4,7 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/multipart.h"
 #include "hosts/php/values.h"
+#include "text/ascii.h"
 
 namespace dralo::php {
 namespace {
@@ -32,6 +33,13 @@ std::string Body() {
   return copy;
 }
 
+/// The entry of $_SERVER that holds the header, as CGI names it.
+std::string VariableOfHeader(std::string_view name) {
+  std::string variable = "HTTP_";
+  for (const char c : name) variable += c == '-' ? '_' : text::ToUpper(c);
+  return variable;
+}
+
 const zval* FindServerVariable(std::string_view name) {
   const zval* found = nullptr;
   CallPhp([&] {
@@ -58,6 +66,21 @@ ScriptRequest::ScriptRequest()
 std::string ScriptRequest::ServerVariable(std::string_view name) const {
   const zval* found = FindServerVariable(name);
   return found == nullptr ? std::string() : std::string(View(Z_STR_P(found)));
+}
+
+std::string ScriptRequest::Method() const {
+  const char* method = SG(request_info).request_method;
+  return method == nullptr ? std::string() : std::string(method);
+}
+
+std::vector<std::string> ScriptRequest::HeaderValues(std::string_view name) const {
+  if (text::EqualAscii(name, "Content-Type")) {
+    const char* type = SG(request_info).content_type;
+    return type == nullptr ? std::vector<std::string>() : std::vector<std::string>{type};
+  }
+  const zval* found = FindServerVariable(VariableOfHeader(name));
+  if (found == nullptr) return {};
+  return {std::string(View(Z_STR_P(found)))};
 }
 
 }  // namespace dralo::php

@@ -23,6 +23,12 @@ class ScriptRequest final : public platform::Request {
   /// An entry of $_SERVER, as the script has left it by now.
   std::string ServerVariable(std::string_view name) const override;
 
+  /// As the server handed it over: the script cannot change it.
+  std::string Method() const override;
+
+  /// Those of $_SERVER, but for the type of the body, which the script cannot change.
+  std::vector<std::string> HeaderValues(std::string_view name) const override;
+
  private:
   std::vector<platform::RequestField> form_;
   std::vector<platform::RequestField> query_;

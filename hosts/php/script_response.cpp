@@ -1,5 +1,6 @@
 #include "hosts/php/script_response.h"
 
+#include <cstdint>
 #include <string>
 
 #include "dralo/error.h"
@@ -46,6 +47,13 @@ void ScriptResponse::SetContentType(std::string_view type) {
 
 void ScriptResponse::AddHeader(std::string_view name, std::string_view value) {
   SetHeader(std::string(name).append(": ").append(value));
+}
+
+bool ScriptResponse::HasUnsentHeaders() const { return !SG(headers_sent); }
+
+void ScriptResponse::SetStatus(int status) {
+  RequireUnsentHeaders();
+  CallPhp([&] { sapi_header_op(SAPI_HEADER_SET_STATUS, reinterpret_cast<void*>(std::intptr_t{status})); });
 }
 
 void ScriptResponse::End() {

@@ -12,6 +12,8 @@ class ScriptResponse final : public platform::Response {
   void SetContentType(std::string_view type) override;
   void AddHeader(std::string_view name, std::string_view value) override;
   void End() override;
+  bool HasUnsentHeaders() const override;
+  void SetStatus(int status) override;
 };
 
 }  // namespace dralo::php

@@ -15,7 +15,8 @@
 namespace dralo {
 
 /// One request and its response for a C++ program that serves pages itself.
-/// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected.
+/// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected: status,
+/// headers and body.
 class DRALO_EXPORT Page final : public PageContext, private Request, private Response {
  public:
   /// Thrown by End() so that the program stops rendering the page; catch it where the page is served.
@@ -28,6 +29,13 @@ class DRALO_EXPORT Page final : public PageContext, private Request, private Res
   /// Sends pieces on as they are written instead of collecting them; headers are complete by then.
   std::function<void(const Page& page, std::string_view piece)> send;
 
+  /// What the request line and the headers said. Views that are hardened change records only for a "POST"
+  /// whose headers show where it comes from: what is left out is missing. Names in any letter case; one that
+  /// came twice stands here twice.
+  std::string method;
+  std::vector<std::pair<std::string, std::string>> request_headers;
+
+  int Status() const { return status_; }
   const std::string& Body() const { return body_; }
   const std::string& ContentType() const { return content_type_; }
   const std::vector<std::pair<std::string, std::string>>& Headers() const { return headers_; }
@@ -39,18 +47,23 @@ class DRALO_EXPORT Page final : public PageContext, private Request, private Res
   std::span<const RequestField> Form() const override { return form_; }
   std::span<const RequestField> QueryString() const override { return query_; }
   std::string ServerVariable(std::string_view name) const override;
+  std::string Method() const override { return method; }
+  std::vector<std::string> HeaderValues(std::string_view name) const override;
 
   void Write(std::string_view html) override;
   void Clear() override;
   void SetContentType(std::string_view type) override;
   void AddHeader(std::string_view name, std::string_view value) override;
   [[noreturn]] void End() override;
+  bool HasUnsentHeaders() const override { return !sent_; }
+  void SetStatus(int status) override;
 
   void RequireUnsentHeaders() const;
 
   std::string script_name_;
   std::vector<RequestField> query_;
   std::vector<RequestField> form_;
+  int status_ = 200;
   std::string body_;
   std::string content_type_ = "text/html; charset=utf-8";
   std::vector<std::pair<std::string, std::string>> headers_;

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace dralo::platform {
 
@@ -25,6 +26,14 @@ class Request {
 
   /// A variable of the server such as "SCRIPT_NAME"; empty when there is none.
   virtual std::string ServerVariable(std::string_view name) const = 0;
+
+  /// "GET" or "POST" and so on, in capitals; empty when the host does not tell, as by default.
+  virtual std::string Method() const { return {}; }
+
+  /// The values of the header `name`, such as "Sec-Fetch-Site", in any letter case: one for each time that it
+  /// came, so that two cannot pass for one. A server may have joined them by ", " already. None when it is
+  /// missing, and by default.
+  virtual std::vector<std::string> HeaderValues(std::string_view /*name*/) const { return {}; }
 };
 
 }  // namespace dralo::platform

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "dralo/error.h"
+
 namespace dralo::platform {
 
 /// The page being written.
@@ -24,6 +26,22 @@ class Response {
   /// Ends the page: nothing that the page writes afterwards is sent. A host that ends the page script does so
   /// by an exception that callers let pass.
   virtual void End() = 0;
+
+  /// Whether status and headers can still be set. A host that cannot tell says no, as by default.
+  virtual bool HasUnsentHeaders() const { return false; }
+
+  /// The status of the answer, such as 404; 200 until it is set. Throws Error when the headers were sent
+  /// already, and by default.
+  virtual void SetStatus(int /*status*/) { throw Error("The host sets no status"); }
+
+  /// Answers with 303 and the address `location`, which is percent-encoded, instead of the page, and ends it
+  /// as End() does. Throws Error when the headers were sent already.
+  void Redirect(std::string_view location) {
+    Clear();
+    SetStatus(303);
+    AddHeader("Location", location);
+    End();
+  }
 };
 
 }  // namespace dralo::platform

@@ -17,6 +17,11 @@ class FakePage : public platform::PageContext, private platform::Request, privat
 
   Fields query;
   Fields form;
+  std::string method;  ///< Until it is set: "POST" with a form, else "GET".
+
+  /// Those of a post from the page's own form, until the test sets others.
+  std::vector<std::pair<std::string, std::string>> headers = {
+      {"Sec-Fetch-Site", "same-origin"}, {"Content-Type", "application/x-www-form-urlencoded"}};
   std::string script_name = "/p";
 
   std::string body;  ///< What was written since the last Clear().
@@ -25,6 +30,8 @@ class FakePage : public platform::PageContext, private platform::Request, privat
   std::function<void()> on_write;  ///< Called before each write; may throw.
   std::function<void()> on_clear;  ///< Called before each Clear(); may throw.
   std::function<void()> on_end;    ///< Called at the end of the page; may throw.
+  bool has_unsent_headers = true;  ///< Whether a status can be set.
+  int status = 200;
 
   const platform::Request& GetRequest() const override { return *this; }
   platform::Response& GetResponse() override { return *this; }
@@ -34,6 +41,14 @@ class FakePage : public platform::PageContext, private platform::Request, privat
   std::span<const platform::RequestField> QueryString() const override { return query; }
   std::string ServerVariable(std::string_view name) const override {
     return name == "SCRIPT_NAME" ? script_name : std::string();
+  }
+  std::string Method() const override { return !method.empty() ? method : form.empty() ? "GET" : "POST"; }
+  std::vector<std::string> HeaderValues(std::string_view name) const override {
+    std::vector<std::string> values;
+    for (const auto& [known, value] : headers) {
+      if (known == name) values.push_back(value);
+    }
+    return values;
   }
 
   void Write(std::string_view html) override {
@@ -56,6 +71,8 @@ class FakePage : public platform::PageContext, private platform::Request, privat
     calls.emplace_back("end");
     if (on_end) on_end();
   }
+  bool HasUnsentHeaders() const override { return has_unsent_headers; }
+  void SetStatus(int code) override { status = code; }
 };
 
 }  // namespace dralo::tests

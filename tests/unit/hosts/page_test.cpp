@@ -38,6 +38,18 @@ TEST(Page, KnowsItsAddressAndNoOtherServerVariable) {
   EXPECT_EQ(page.GetRequest().ServerVariable("HTTP_HOST"), "");
 }
 
+TEST(Page, TellsMethodAndHeadersThatTheProgramHasSet) {
+  Page page("/shop.php", "");
+  EXPECT_EQ(page.GetRequest().Method(), "");
+  EXPECT_TRUE(page.GetRequest().HeaderValues("Host").empty());
+
+  page.method = "POST";
+  page.request_headers = {{"host", "a"}, {"Origin", "b"}, {"HOST", "c"}};
+
+  EXPECT_EQ(page.GetRequest().Method(), "POST");
+  EXPECT_EQ(page.GetRequest().HeaderValues("Host"), (std::vector<std::string>{"a", "c"}));
+}
+
 /// What a rendering does with its page.
 struct WrittenPage : testing::Test {
   Page page{"/shop.php", ""};
@@ -81,6 +93,24 @@ TEST_F(WrittenPage, EndsByAnExceptionThatKeepsWhatWasWritten) {
   EXPECT_EQ(page.Body(), "<p>");
 }
 
+TEST_F(WrittenPage, HasAStatus) {
+  EXPECT_EQ(page.Status(), 200);
+
+  response.SetStatus(404);
+  EXPECT_EQ(page.Status(), 404);
+}
+
+TEST_F(WrittenPage, IsEndedByARedirectThatDropsWhatWasWritten) {
+  response.Write("<p>");
+
+  EXPECT_THROW(response.Redirect("/shop.php?a=1"), Page::Ended);
+
+  using Headers = std::vector<std::pair<std::string, std::string>>;
+  EXPECT_EQ(page.Status(), 303);
+  EXPECT_EQ(page.Headers(), (Headers{{"Location", "/shop.php?a=1"}}));
+  EXPECT_EQ(page.Body(), "");
+}
+
 TEST_F(WrittenPage, SendsPiecesOnWithHeadersCompleteInsteadOfCollectingThem) {
   std::vector<std::string> pieces;
   page.send = [&](const Page& sent, std::string_view piece) {
@@ -98,8 +128,13 @@ TEST_F(WrittenPage, SendsPiecesOnWithHeadersCompleteInsteadOfCollectingThem) {
 TEST_F(WrittenPage, ChangesNeitherHeadersNorBodyOnceSomethingWasSent) {
   page.send = [](const Page&, std::string_view) {};
   response.Clear();
+  EXPECT_TRUE(response.HasUnsentHeaders());
   response.Write("one");
 
+  EXPECT_FALSE(response.HasUnsentHeaders());
+  EXPECT_THROW(response.SetStatus(404), Error);
+  EXPECT_THROW(response.Redirect("/"), Error);
+  EXPECT_EQ(page.Status(), 200);
   EXPECT_THROW(response.Clear(), Error);
   EXPECT_THROW(response.SetContentType("text/plain"), Error);
   EXPECT_THROW(response.AddHeader("X-A", "1"), Error);
