@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "dralo/object.h"
+#include "dralo/variant.h"
 
 namespace dralo::platform {
 
@@ -32,11 +34,29 @@ class Connection : public Object {
   virtual std::shared_ptr<Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
                                              int options = -1) = 0;
 
-  /// Runs a statement that is to change one record. When it changes more, all that it did is undone.
-  /// Returns how many records it changed, or would have, or -1 when the database does not tell.
-  virtual std::int64_t ChangeOneRecord(std::string_view sql) = 0;
+  /// Runs a statement with its parameters that is to change one record. When it changes more, all that it did
+  /// is undone. Returns how many records it changed, or would have, or -1 when the database does not tell.
+  virtual std::int64_t ChangeOneRecord(std::string_view sql, std::span<const Variant> parameters = {}) = 0;
 
-  /// Gives the connection back; open recordsets on it are closed. Closing a closed connection does nothing.
+  /// Runs one statement to its end, `parameters` being the values of its "?" in their order; of rows that it
+  /// yields nothing is seen. Returns the number of rows changed, or -1 when the database does not tell.
+  virtual std::int64_t Run(std::string_view sql, std::span<const Variant> parameters = {}) = 0;
+
+  /// Starts a transaction; inside one that is open already a part of it that can be undone alone.
+  virtual void Begin() = 0;
+
+  /// Keeps what was done since the latest Begin(), for good when that began the transaction. Throws Error
+  /// when nothing was begun, and when the database does not keep it: Rollback() must follow then.
+  virtual void Commit() = 0;
+
+  /// Undoes what was done since the latest Begin(); nothing when nothing was begun.
+  virtual void Rollback() noexcept = 0;
+
+  /// A name as it stands in a statement whatever characters it has.
+  virtual std::string QuoteName(std::string_view name) const = 0;
+
+  /// Gives the connection back, undoing what was begun and not committed; open recordsets on it are closed.
+  /// Closing a closed connection does nothing.
   virtual void Close() = 0;
 };
 

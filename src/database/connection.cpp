@@ -2,9 +2,10 @@
 
 #include "database/connection_string.h"
 #include "database/recordset.h"
+#include "database/repetition.h"
 #include "database/source_text.h"
-#include "database/transaction.h"
 #include "dralo/error.h"
+#include "platform/transaction.h"
 
 namespace dralo::database {
 
@@ -34,20 +35,44 @@ std::shared_ptr<platform::Recordset> Connection::Execute(std::string_view sql, s
   return recordset;
 }
 
-std::int64_t Connection::ChangeOneRecord(std::string_view sql) {
+std::int64_t Connection::ChangeOneRecord(std::string_view sql,
+                                         std::span<const platform::Variant> parameters) {
   Session& session = GetSession();
   const std::string text = StatementOf(session, sql);
   std::int64_t changed = 0;
   RepeatingAfterConflict(session, [&] {
-    Transaction transaction(session);
-    changed = session.Run({text});
+    platform::Transaction transaction(session);
+    changed = session.Run({text, parameters});
     if (changed <= 1) transaction.Commit();
   });
   return changed;
 }
 
+std::int64_t Connection::Run(std::string_view sql, std::span<const platform::Variant> parameters) {
+  return GetSession().Run({sql, parameters});
+}
+
+void Connection::Begin() {
+  GetSession().Begin();
+  ++begun_;
+}
+
+void Connection::Commit() {
+  Session& session = GetSession();
+  if (begun_ == 0) throw Error("There is no transaction to commit; begin one first");
+  session.Commit();
+  --begun_;
+}
+
+void Connection::Rollback() noexcept {
+  if (begun_ == 0) return;
+  --begun_;
+  if (session_ && !IsInherited()) session_->Rollback();
+}
+
 void Connection::Close() {
   while (!recordsets_.empty()) recordsets_.back()->Close();
+  while (begun_ > 0) Rollback();
   session_.reset();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,13 @@ class Connection final : public platform::Connection, public std::enable_shared_
   bool IsOpen() const override { return session_ != nullptr; }
   std::shared_ptr<platform::Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
                                                int options = -1) override;
-  std::int64_t ChangeOneRecord(std::string_view sql) override;
+  std::int64_t ChangeOneRecord(std::string_view sql,
+                               std::span<const platform::Variant> parameters = {}) override;
+  std::int64_t Run(std::string_view sql, std::span<const platform::Variant> parameters = {}) override;
+  void Begin() override;
+  void Commit() override;
+  void Rollback() noexcept override;
+  std::string QuoteName(std::string_view name) const override { return GetSession().QuoteName(name); }
   void Close() override;
 
   /// Throws platform::Error when the connection is closed or was opened by a parent process.
@@ -45,6 +52,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
   const platform::Formatting* formatting_;
   std::string connection_string_;
   PooledSession session_;
+  int begun_ = 0;  ///< Begin() without its Commit() or Rollback().
   std::vector<Recordset*> recordsets_;
 };
 

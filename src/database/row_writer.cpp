@@ -7,8 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "database/transaction.h"
+#include "database/repetition.h"
 #include "dralo/error.h"
+#include "platform/transaction.h"
 #include "text/ascii.h"
 
 namespace dralo::database {
@@ -173,7 +174,7 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
   const auto identity = cursor.Table().identity;
   const bool has_new_number = identity && IsNull(View(row[*identity].value));
   RepeatingAfterConflict(session, [&] {
-    Transaction transaction(session);
+    platform::Transaction transaction(session);
     RequireOne(session.Run({change.text, change.parameters}), change,
                "The row was not added; a rule of the database prevented it");
     if (has_new_number) {
@@ -189,7 +190,7 @@ void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& val
   RowUpdate update(session, cursor);
   const Change change = update.Make(values, match);
   RepeatingAfterConflict(session, [&] {
-    Transaction transaction(session);
+    platform::Transaction transaction(session);
     const std::int64_t changed = session.Run({change.text, change.parameters});
     if (changed > 1 && !update.HasKey()) {
       throw Error(

@@ -69,6 +69,21 @@ TEST_P(Executing, PassesParametersOfEveryKind) {
             Lines{"3"});
 }
 
+TEST_P(Executing, CountsTheRecordsThatABoundStatementChanges) {
+  const std::vector<platform::Variant> id = {std::int64_t{4}};
+  EXPECT_EQ(connection_->Run("UPDATE Goods SET Stock = 0 WHERE ID < ?", id), 3);
+  EXPECT_EQ(connection_->Run("DELETE FROM Goods WHERE ID = ?", id), 1);
+  EXPECT_EQ(connection_->Run("DELETE FROM Goods WHERE ID = ?", id), 0);
+  EXPECT_EQ(Rows(connection_, "SELECT ID FROM Goods ORDER BY ID"), (Lines{"1", "2", "3", "5"}));
+  EXPECT_THROW(connection_->Run("DELETE FROM Goods WHERE ID = ?"), platform::Error);
+}
+
+TEST_P(Executing, QuotesANameForAStatement) {
+  EXPECT_EQ(connection_->QuoteName("a\"b`c"), Quoted("a\"b`c"));
+  connection_->Run("CREATE TABLE " + connection_->QuoteName("Odd \"name`") + " (ID INTEGER)");
+  EXPECT_EQ(connection_->Run("INSERT INTO " + Quoted("Odd \"name`") + " (ID) VALUES (1)"), 1);
+}
+
 TEST_P(Executing, SaysHowManyParametersAreExpected) {
   EXPECT_EQ(
       MessageOf([&] {

@@ -71,6 +71,82 @@ TEST_P(Transactions, HoldSavedRecords) {
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"5"});
 }
 
+TEST_P(Transactions, OfAConnectionKeepTheirParts) {
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 50 WHERE ID = 1");
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 51 WHERE ID = 2");
+  connection_->Commit();
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 52 WHERE ID = 4");
+  connection_->Rollback();
+  EXPECT_EQ(Stock(1), Lines{"3"});
+  connection_->Commit();
+
+  EXPECT_EQ(Stock(1), Lines{"50"});
+  EXPECT_EQ(Stock(2), Lines{"51"});
+  EXPECT_EQ(Stock(4), Lines{"1"});
+}
+
+TEST_P(Transactions, OfAConnectionAreUndoneWithTheirParts) {
+  connection_->Begin();
+  connection_->Begin();
+  const auto recordset = Edit(connection_, "SELECT ID, Name, Stock FROM Goods WHERE ID = 1");
+  FieldOf(*recordset, "Stock").SetValue("50");
+  recordset->Update();
+  connection_->Commit();
+  connection_->Rollback();
+  EXPECT_EQ(Stock(1), Lines{"3"});
+  connection_->Run("UPDATE Goods SET Stock = 60 WHERE ID = 1");
+  EXPECT_EQ(Stock(1), Lines{"60"});
+}
+
+TEST_P(Transactions, GoOnAfterAPartThatFailed) {
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 50 WHERE ID = 1");
+  connection_->Begin();
+  EXPECT_THROW(connection_->Run("INSERT INTO Goods (ID, Name) VALUES (1, 'Twice')"), platform::Error);
+  connection_->Rollback();
+  connection_->Run("UPDATE Goods SET Stock = 51 WHERE ID = 2");
+  connection_->Commit();
+  EXPECT_EQ(Stock(1), Lines{"50"});
+  EXPECT_EQ(Stock(2), Lines{"51"});
+}
+
+TEST_P(Transactions, ArePartsOfOneThatAStatementBegan) {
+  connection_->Execute("BEGIN");
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 50 WHERE ID = 1");
+  connection_->Commit();
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 51 WHERE ID = 2");
+  connection_->Rollback();
+  EXPECT_EQ(Stock(1), Lines{"3"});
+  connection_->Execute("COMMIT");
+  EXPECT_EQ(Stock(1), Lines{"50"});
+  EXPECT_EQ(Stock(2), Lines{"10"});
+}
+
+TEST_P(Transactions, AreUndoneWithTheirConnection) {
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 50 WHERE ID = 1");
+  connection_->Close();
+  EXPECT_EQ(Stock(1), Lines{"3"});
+  connection_->Rollback();
+  connection_->Open(ConnectionString());
+  EXPECT_EQ(MessageOf([&] { connection_->Commit(); }), "There is no transaction to commit; begin one first");
+}
+
+TEST_P(Transactions, LetRecordsBeReadOn) {
+  const auto goods = Read(connection_, "SELECT ID FROM Goods ORDER BY ID");
+  EXPECT_EQ(Line(*goods), "1");
+  connection_->Begin();
+  connection_->Run("UPDATE Goods SET Stock = 50 WHERE ID = 1");
+  connection_->Commit();
+  goods->MoveNext();
+  EXPECT_EQ(Rest(*goods), (Lines{"2", "3", "4", "5"}));
+}
+
 }  // namespace
 
 }  // namespace dralo::tests

@@ -127,17 +127,28 @@ platform::Variant Session::CountBeside(const Query& count, database::Cursor& row
   return value;
 }
 
+/// Savepoints may bear one name: the latest of them is meant.
 void Session::Begin() {
-  is_nested_ = sqlite3_get_autocommit(Handle()) == 0;
-  Run({is_nested_ ? "SAVEPOINT dralo_change" : "BEGIN IMMEDIATE"});
+  const bool is_part = sqlite3_get_autocommit(Handle()) == 0;
+  Run({is_part ? "SAVEPOINT dralo_change" : "BEGIN IMMEDIATE"});
+  if (!is_part) owns_transaction_ = true;
+  ++depth_;
 }
 
-void Session::Commit() { Run({is_nested_ ? "RELEASE dralo_change" : "COMMIT"}); }
+void Session::Commit() {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  Run({is_outermost ? "COMMIT" : "RELEASE dralo_change"});
+  --depth_;
+  if (is_outermost) owns_transaction_ = false;
+}
 
 /// After some failures SQLite has rolled everything back by itself.
 void Session::Rollback() noexcept {
+  const bool is_outermost = depth_ == 1 && owns_transaction_;
+  --depth_;
+  if (is_outermost) owns_transaction_ = false;
   if (sqlite3_get_autocommit(Handle()) != 0) return;
-  const char* text = is_nested_ ? "ROLLBACK TO dralo_change; RELEASE dralo_change" : "ROLLBACK";
+  const char* text = is_outermost ? "ROLLBACK" : "ROLLBACK TO dralo_change; RELEASE dralo_change";
   sqlite3_exec(Handle(), text, nullptr, nullptr, nullptr);
 }
 
@@ -152,6 +163,8 @@ bool Session::Reset() noexcept {
     sqlite3_reset(running);
   }
   if (sqlite3_get_autocommit(Handle()) == 0) sqlite3_exec(Handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  depth_ = 0;
+  owns_transaction_ = false;
   return sqlite3_get_autocommit(Handle()) != 0 && !has_leftovers_;
 }
 

@@ -62,9 +62,10 @@ class Session final : public database::Session {
 
   TimeLimit time_limit_;  ///< Before the handle, so that it goes last.
   std::unique_ptr<sqlite3, Closer> handle_;
-  StatementCache cache_;        ///< After the handle, so that it goes first.
-  bool is_nested_ = false;      ///< The transaction of Begin() is a part of the user's.
-  bool has_leftovers_ = false;  ///< Something was done that Reset() does not take back.
+  StatementCache cache_;           ///< After the handle, so that it goes first.
+  int depth_ = 0;                  ///< Begin() without its Commit() or Rollback().
+  bool owns_transaction_ = false;  ///< The first Begin() began it; else it is a part of the user's.
+  bool has_leftovers_ = false;     ///< Something was done that Reset() does not take back.
 };
 
 }  // namespace dralo::database::sqlite

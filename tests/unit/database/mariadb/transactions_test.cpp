@@ -1,6 +1,6 @@
 #include <thread>
 
-#include "database/transaction.h"
+#include "platform/transaction.h"
 #include "unit/database/mariadb/native_session.h"
 #include "unit/database/mariadb/native_test.h"
 
@@ -49,16 +49,16 @@ class MariaDbTransactions : public MariaDbNative {
 TEST_F(MariaDbTransactions, RefuseEverythingUntilTheOutermostIsRolledBackWhenADeadlockHasUndoneThem) {
   const auto session = NewSession(database_.ConnectionString());
   {
-    database::Transaction outer(*session);
+    platform::Transaction outer(*session);
     session->Run({Change(1)});
     const auto error = ErrorInDeadlock([&] {
-      database::Transaction inner(*session);
+      platform::Transaction inner(*session);
       session->Run({Change(2)});
     });
     EXPECT_EQ(error.Number(), 1213);
     EXPECT_EQ(MessageOf([&] { session->Run({Change(3)}); }), kUndone);
     EXPECT_EQ(MessageOf([&] { session->Ask({"SELECT 1"}); }), kUndone);
-    EXPECT_EQ(MessageOf([&] { database::Transaction(*session).Commit(); }), kUndone);
+    EXPECT_EQ(MessageOf([&] { platform::Transaction(*session).Commit(); }), kUndone);
     EXPECT_EQ(MessageOf([&] { outer.Commit(); }), kUndone);
     EXPECT_EQ(ErrorOf([&] { outer.Commit(); }).SqlState(), "40000");
   }

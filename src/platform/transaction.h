@@ -1,0 +1,27 @@
+#pragma once
+
+namespace dralo::platform {
+
+/// Undoes what was done since its construction unless it is committed. `Target` is what begins, commits and
+/// rolls back: a connection or, below it, a session.
+template <class Target>
+class Transaction {
+ public:
+  explicit Transaction(Target& target) : target_(target) { target_.Begin(); }
+  ~Transaction() {
+    if (!is_committed_) target_.Rollback();
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void Commit() {
+    target_.Commit();
+    is_committed_ = true;
+  }
+
+ private:
+  Target& target_;
+  bool is_committed_ = false;
+};
+
+}  // namespace dralo::platform
