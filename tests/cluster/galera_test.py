@@ -1,0 +1,108 @@
+"""One site on two hosts with a MariaDB cluster of three nodes, each of which can be written to. A node that is killed, returns or is
+frozen costs only the requests that it was serving; no save is lost and none happens twice.
+
+usage: galera_test.py EXTENSION
+"""
+
+import collections
+import pathlib
+import shutil
+import sys
+import tempfile
+import threading
+import unittest
+
+from galera import Cluster
+from galera_stock import GaleraStock
+from gate import Gate
+import deployed_site
+from crowd import Crowd
+from database_servers import PASSWORD, USER
+from patient_keeper import Failed, PatientKeeper
+
+OWNERS = (1, 2, 3, 4)
+
+
+class Save(threading.Thread):
+    """A click on Save."""
+
+    def __init__(self, keeper, article, amount):
+        super().__init__()
+        self.arguments = keeper, article, amount
+        self.failure = None
+
+    def run(self):
+        keeper, article, amount = self.arguments
+        try:
+            keeper.save(article, amount)
+        except Failed as failure:
+            self.failure = failure
+
+
+class ASiteWithGalera(unittest.TestCase):
+    extension = None
+
+    @classmethod
+    def setUpClass(cls):
+        folder = pathlib.Path(tempfile.mkdtemp(prefix="dralo-shop-"))
+        cls.addClassCleanup(shutil.rmtree, folder)
+        cls.cluster = cls.enterClassContext(Cluster())
+        cls.stock = GaleraStock(folder, cls.cluster)
+        cls.site = cls.enterClassContext(deployed_site.Site(
+            cls.extension, deployed_site.HERE / "served/articles.php",
+            {"first": cls.connections(*cls.cluster.nodes), "second": cls.connections(*reversed(cls.cluster.nodes))}))
+        cls.ledger = []
+        cls.keepers = [PatientKeeper(cls.site.front.port, owner, cls.stock.articles(owner), cls.ledger) for owner in OWNERS]
+        cls.crowd = Crowd(cls.keepers)
+
+    @staticmethod
+    def connections(*nodes):
+        """Each host has its own order of the nodes."""
+        hosts = ",".join(f"127.0.0.1:{node.port}" for node in nodes)
+        connection = (f"Provider=MariaDB;Hosts={hosts};Database=shop;User ID={USER};Password={{{PASSWORD}}};"
+                      "Connect Timeout=15;Query Timeout=40")
+        return {"DRALO_DATABASE": connection, "DRALO_READ_DATABASE": connection}
+
+    def setUp(self):
+        """What a test before has left is no concern of the next one."""
+        self.stock.ask("DELETE FROM Saves")
+        self.ledger.clear()
+        for keeper in self.keepers:
+            keeper.articles = self.stock.articles(keeper.owner)
+
+    def tearDown(self):
+        """Nothing got lost: the database holds what the keepers know, and every save that they saw happen happened once."""
+        for node in self.cluster.nodes:
+            self.stock.server = node
+            for keeper in self.keepers:
+                self.assertEqual(self.stock.articles(keeper.owner), sorted(keeper.articles))
+            self.assertEqual(collections.Counter(self.stock.saves()), collections.Counter(self.ledger))
+        for host in self.site.hosts:
+            self.assertEqual(host.take_complaints(), [])
+
+    def test_a_save_that_another_node_was_faster_than_can_be_saved_again(self):
+        """On whichever node the save is. A provider that repeats it by itself is as good."""
+        keeper = self.keepers[0]
+        keeper.may_lose = False
+        keeper.back()
+        article, amount = keeper.articles[0], keeper.new_amount()
+        keeper.fill_in(article, amount)
+        first, between, last = self.cluster.nodes
+        with Gate(first, last) as gate:
+            save = Save(keeper, article, amount)
+            save.start()
+            gate.wait_for_somebody()
+            between.ask(f"UPDATE shop.Articles SET Note = 'faster' WHERE ID = {article[0]}")
+            keeper.ledger.append(("UPDATE", article[0], article[2]))
+            gate.open()
+            save.join()
+        if save.failure:
+            self.assertTrue(save.failure.is_conflict(), save.failure)
+            keeper.page = save.failure.page
+            keeper.save(article, amount)
+        keeper.back()
+
+
+if __name__ == "__main__":
+    ASiteWithGalera.extension = pathlib.Path(sys.argv[1]).resolve()
+    unittest.main(argv=sys.argv[:1] + sys.argv[2:])
