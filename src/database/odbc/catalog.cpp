@@ -75,7 +75,6 @@ template <class AskNarrow, class AskWide, class OnRow>
 void ForEachRow(const Link& link, const TableName& name, AskNarrow&& ask_narrow, AskWide&& ask_wide,
                 OnRow&& on_row) {
   const StatementHandle statement = link.NewStatement();
-  const Deadline deadline = link.Limit();
   SQLRETURN code = SQL_SUCCESS;
   if (link.IsNarrow()) {
     Narrow arguments(link, name);

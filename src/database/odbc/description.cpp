@@ -122,7 +122,6 @@ std::string TextAttribute(const Link& link, SQLHSTMT statement, SQLUSMALLINT col
 
 Description Describe(const Link& link, SQLHSTMT statement, std::string_view text, bool wants_origins,
                      SQLUSMALLINT first) {
-  const Deadline deadline = link.Limit();
   Description description;
   Columns columns;
   const SQLSMALLINT count = CountColumns(link, statement, text);

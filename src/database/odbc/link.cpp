@@ -4,10 +4,8 @@
 #include <sqlucode.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
 #include <mutex>
-#include <utility>
 
 #include "database/odbc/error.h"
 #include "database/odbc/wide_text.h"
@@ -17,9 +15,6 @@
 namespace dralo::database::odbc {
 
 namespace {
-
-/// The server's own message about its limit comes first.
-constexpr std::chrono::seconds kGrace{2};
 
 /// The driver manager's environment of this process. One that was inherited by fork() is left alone.
 SQLHENV Environment() {
@@ -55,8 +50,8 @@ SQLCHAR* Bytes(std::string_view text) {
 Link::Link(const Options& options)
     : secrets_(options.secrets),
       file_(options.file),
-      keeps_prepared_(options.keeps_prepared),
-      is_narrow_(options.driver == Dialect::kSqlite) {
+      is_narrow_(options.driver == Dialect::kSqlite),
+      query_timeout_s_(static_cast<SQLULEN>(options.query_timeout_s)) {
   SQLHANDLE handle = SQL_NULL_HANDLE;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, Environment(), &handle))) {
     throw platform::Error("The ODBC driver manager gives no connection");
@@ -65,17 +60,13 @@ Link::Link(const Options& options)
   Connect(options);
   try {
     LearnFacts();
-    SetTimeouts(options);
   } catch (...) {
     SQLDisconnect(Handle());
     throw;
   }
 }
 
-Link::~Link() {
-  background_.Await();
-  SQLDisconnect(Handle());
-}
+Link::~Link() { SQLDisconnect(Handle()); }
 
 /// The SQLite driver loses characters above U+FFFF in UTF-16, so it is spoken to in UTF-8.
 void Link::Connect(const Options& options) {
@@ -99,27 +90,14 @@ void Link::Connect(const Options& options) {
 bool Link::HasItsFile() const { return file_.empty() || FileNumber(file_) == file_number_; }
 
 void Link::LearnFacts() {
-  socket_.Find();
   if (!file_.empty()) file_number_ = FileNumber(file_);
   dialect_ = DialectOf(InfoText(SQL_DBMS_NAME));
   name_quote_ = InfoText(SQL_IDENTIFIER_QUOTE_CHAR);
   if (name_quote_ == " ") name_quote_.clear();
   SQLGetInfo(Handle(), SQL_GETDATA_EXTENSIONS, &reading_, sizeof reading_, nullptr);
-}
-
-/// PostgreSQL has got its limit with the connection string; others are told with each statement. PostgreSQL's
-/// driver would wait for ever for a server that is frozen.
-void Link::SetTimeouts(const Options& options) {
-  const bool has_patience = dialect_ == Dialect::kPostgreSql && options.query_timeout_s > 0 &&
-                            !options.has_own_limit && socket_.IsKnown();
-  if (has_patience) patience_ = std::chrono::seconds(options.query_timeout_s) + kGrace;
-  if (options.query_timeout_s == 0 || dialect_ == Dialect::kPostgreSql || dialect_ == Dialect::kSqlite)
-    return;
-  if (dialect_ == Dialect::kMariaDb) {
-    Run("SET SESSION max_statement_time=" + std::to_string(options.query_timeout_s));
-  } else {
-    statement_timeout_s_ = static_cast<SQLULEN>(options.query_timeout_s);
-  }
+  // MariaDB's driver takes the limit of statements and does not keep it.
+  if (dialect_ == Dialect::kMariaDb && query_timeout_s_ > 0)
+    Run("SET SESSION max_statement_time=" + std::to_string(query_timeout_s_));
 }
 
 /// libmaodbc 3.1 says that it can, but positions only on the first row.
@@ -134,52 +112,28 @@ bool Link::ReadsCellsInAnyOrder() const {
 }
 
 StatementHandle Link::NewStatement() const {
-  background_.Await();
   SQLHANDLE handle = SQL_NULL_HANDLE;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, Handle(), &handle))) {
     throw MakeError(SQL_HANDLE_DBC, Handle(), {}, secrets_);
   }
-  if (statement_timeout_s_ > 0) {
-    SQLSetStmtAttr(handle, SQL_ATTR_QUERY_TIMEOUT, AsPointer(statement_timeout_s_), SQL_IS_UINTEGER);
-  }
+  if (query_timeout_s_ > 0)
+    SQLSetStmtAttr(handle, SQL_ATTR_QUERY_TIMEOUT, AsPointer(query_timeout_s_), SQL_IS_UINTEGER);
   return StatementHandle(handle);
 }
 
-void Link::ExecuteInBackground(SQLHSTMT statement, std::string text) const {
-  background_.Start(
-      [this, statement, own_text = std::move(text)] { return ExecuteNow(statement, own_text); });
-}
-
 SQLRETURN Link::Execute(SQLHSTMT statement, std::string_view text) const {
-  background_.Await();
-  return ExecuteNow(statement, text);
-}
-
-SQLRETURN Link::ExecuteNow(SQLHSTMT statement, std::string_view text) const {
-  const Deadline deadline = Limit(1 + std::ranges::count(text, ';'));
   if (is_narrow_) return SQLExecDirect(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLExecDirectW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
 }
 
 SQLRETURN Link::Prepare(SQLHSTMT statement, std::string_view text) const {
-  background_.Await();
-  const Deadline deadline = Limit();
   if (is_narrow_) return SQLPrepare(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLPrepareW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
 }
 
-SQLRETURN Link::ExecutePrepared(SQLHSTMT statement) const {
-  background_.Await();
-  const Deadline deadline = Limit();
-  return SQLExecute(statement);
-}
-
-Deadline Link::Limit(std::int64_t statements) const {
-  if (patience_ == std::chrono::seconds(0)) return {};
-  return {socket_.Socket(), patience_ * statements, is_given_up_};
-}
+SQLRETURN Link::ExecutePrepared(SQLHSTMT statement) const { return SQLExecute(statement); }
 
 void Link::Run(std::string_view text) const {
   const StatementHandle statement = NewStatement();
@@ -198,17 +152,9 @@ std::int64_t Link::AskNumber(std::string_view text) const {
   return number;
 }
 
-platform::Error Link::ErrorOf(SQLHSTMT statement, std::string_view text) const {
-  if (is_given_up_) {
-    const std::string state = "HYT00";
-    return platform::Error(
-        "The database has not answered in time; the connection is given up (SQLSTATE " + state + ")", 0,
-        state, std::string(text));
-  }
-  return MakeError(SQL_HANDLE_STMT, statement, text, secrets_);
+void Link::Throw(SQLHSTMT statement, std::string_view text) const {
+  throw MakeError(SQL_HANDLE_STMT, statement, text, secrets_);
 }
-
-void Link::Throw(SQLHSTMT statement, std::string_view text) const { throw ErrorOf(statement, text); }
 
 std::string Link::InfoText(SQLUSMALLINT what) const {
   std::array<char, 256> text{};

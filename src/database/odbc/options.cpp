@@ -77,12 +77,9 @@ Dialect FindDriver(const Pairs& pairs) {
   return DialectOfLibrary(driver);
 }
 
-/// Exact types, texts of any length, and the timeouts, also for a host that swallows packets. A cursor of the
-/// driver's own is switched off: this provider declares its cursors itself. The encoding keeps the driver
-/// from converting texts to that of the process's locale, which few characters survive.
-void SetPostgreSql(Pairs& pairs, Options& options) {
-  options.keeps_prepared = ValueOf(pairs, "UseServerSidePrepare") != "0" && ValueOf(pairs, "C8") != "0";
-  if (options.keeps_prepared) Set(pairs, "UseServerSidePrepare", "1");
+/// Exact types, and texts of any length. The encoding keeps the driver from converting texts to that of the
+/// process's locale, which few characters survive.
+void SetPostgreSql(Pairs& pairs) {
   for (const auto& [key, value] : {std::pair{"BoolsAsChar", "0"},
                                    {"TextAsLongVarchar", "1"},
                                    {"UnknownsAsLongVarchar", "1"},
@@ -90,29 +87,19 @@ void SetPostgreSql(Pairs& pairs, Options& options) {
                                    {"MaxVarcharSize", "10485760"},
                                    {"MaxLongVarcharSize", "10485761"},
                                    {"ByteaAsLongVarBinary", "1"},
-                                   {"UseDeclareFetch", "0"},
                                    {"LFConversion", "0"},
                                    {"TrueIsMinus1", "0"},
                                    {"UpdatableCursors", "0"}}) {
     Set(pairs, key, value);
   }
-  const std::string connect = std::to_string(std::max(options.connect_timeout_s, 2));
-  std::string libpq = "keepalives_idle=10 keepalives_interval=5 keepalives_count=4";
-  if (options.connect_timeout_s > 0) libpq += " connect_timeout=" + connect;
-  if (options.query_timeout_s > 0) {
-    libpq += " tcp_user_timeout=" + std::to_string(options.query_timeout_s * 1000);
-    libpq += " options='-c statement_timeout=" + std::to_string(options.query_timeout_s * 1000) + "'";
-  }
+  if (ValueOf(pairs, "UseServerSidePrepare").empty()) Set(pairs, "UseServerSidePrepare", "1");
   const std::string settings(ValueOf(pairs, "ConnSettings"));
   const std::string encoding = "set client_encoding to 'UTF8'";
   Set(pairs, "ConnSettings", settings.empty() ? encoding : encoding + ";" + settings);
-  const std::string given(ValueOf(pairs, "pqopt"));
-  options.has_own_limit = (settings + given).find("statement_timeout") != std::string::npos;
-  Set(pairs, "pqopt", given.empty() ? libpq : libpq + " " + given);
 }
 
-/// The time that the server gives a statement is less than the client's patience, so that the server's own
-/// message comes first.
+/// The driver does not take the timeouts otherwise. The time that the server gives a statement is less than
+/// the client's patience, so that the server's own message comes first.
 void SetMariaDb(Pairs& pairs, const Options& options) {
   Set(pairs, "CHARSET", "utf8mb4");
   if (options.connect_timeout_s > 0) Set(pairs, "CONN_TIMEOUT", std::to_string(options.connect_timeout_s));
@@ -148,7 +135,7 @@ Options ReadOptions(const ConnectionString& connection_string) {
   const std::string password(ValueOf(pairs, "PWD"));
   if (!password.empty()) options.secrets = {password, Quoted(password)};
   options.driver = FindDriver(pairs);
-  if (options.driver == Dialect::kPostgreSql) SetPostgreSql(pairs, options);
+  if (options.driver == Dialect::kPostgreSql) SetPostgreSql(pairs);
   if (options.driver == Dialect::kMariaDb) SetMariaDb(pairs, options);
   if (options.driver == Dialect::kSqlite) {
     SetSqlite(pairs, options);

@@ -16,8 +16,6 @@ struct Options {
   std::string text;                  ///< For the driver manager, with what this provider needs of the driver.
   std::vector<std::string> secrets;  ///< Never to be shown.
   Dialect driver = Dialect::kOther;  ///< By the driver's file.
-  bool has_own_limit = false;        ///< It says itself how long the server lets a statement run.
-  bool keeps_prepared = true;        ///< Statements may stay prepared on the server.
   std::string file;                  ///< The database file of a driver that opens one.
   int connect_timeout_s = kDefaultConnectTimeoutS;
   int query_timeout_s = kDefaultQueryTimeoutS;  ///< 0 waits for ever.

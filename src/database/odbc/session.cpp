@@ -19,14 +19,6 @@ namespace {
 using platform::Error;
 using platform::Variant;
 
-/// A host that has vanished says no farewell; after that long a question is worth its round trip.
-constexpr std::chrono::seconds kLongRest{30};
-
-/// Takes back what a function can have done to a session of PostgreSQL, but not the driver's own settings.
-constexpr std::string_view kCleaning =
-    "SET SESSION AUTHORIZATION DEFAULT;RESET ALL;SET DateStyle='ISO';SET extra_float_digits=2;UNLISTEN *;"
-    "SELECT pg_advisory_unlock_all();DISCARD TEMP;DISCARD SEQUENCES";
-
 std::string TextLiteral(std::string_view text) { return Quote(text, "'"); }
 
 bool HasTextTransactions(Dialect dialect) {
@@ -35,88 +27,71 @@ bool HasTextTransactions(Dialect dialect) {
 
 }  // namespace
 
-Session::Session(const Options& options) : options_(options), link_(std::make_unique<Link>(options)) {}
+Session::Session(const Options& options) : link_(options) {}
 
 std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
-  return Reconnecting(query.text, [&] { return std::make_unique<Cursor>(*this, query); });
-}
-
-void Session::Reconnect() {
-  has_cursor_transaction_ = false;
-  statements_.Abandon();
-  link_ = std::make_unique<Link>(options_);
-}
-
-/// A statement that changes data may have been run before the connection went.
-bool Session::MayReconnect(const Error& error, std::string_view text) const {
-  const std::string& state = error.SqlState();
-  const bool is_gone = state.starts_with("08") || state == "57P01" || state == "57P02" ||
-                       error.Number() == 2006 || error.Number() == 2013 ||
-                       (link_->Socket().IsKnown() && link_->Socket().HasEnded());
-  return is_gone && !link_->IsGivenUp() && KindOf(text).is_query;
+  return std::make_unique<Cursor>(*this, query);
 }
 
 /// In PostgreSQL a plain name means the one in small letters, as it would without quotes.
 std::string Session::QuoteName(std::string_view name) const {
   const auto is_plain = [](char c) { return text::IsLetterOrDigit(c) || c == '_'; };
   std::string meant(name);
-  if (link_->GetDialect() == Dialect::kPostgreSql && std::ranges::all_of(name, is_plain)) {
+  if (link_.GetDialect() == Dialect::kPostgreSql && std::ranges::all_of(name, is_plain)) {
     for (char& c : meant) c = text::ToLower(c);
   }
-  return Quote(meant, link_->NameQuote());
+  return Quote(meant, link_.NameQuote());
 }
 
 std::string Session::ProcedureCall(std::string_view name, std::size_t parameters) const {
   std::string values;
   for (std::size_t i = 0; i < parameters; ++i) values += i == 0 ? "?" : ", ?";
   const std::string call = std::string(name) + "(" + values + ")";
-  if (link_->GetDialect() == Dialect::kSqlite) {
+  if (link_.GetDialect() == Dialect::kSqlite) {
     throw Error("SQLite has no stored procedures; give the command's text and CommandType 1");
   }
-  if (link_->GetDialect() != Dialect::kPostgreSql) return "{call " + call + "}";
+  if (link_.GetDialect() != Dialect::kPostgreSql) return "{call " + call + "}";
   const auto dot = name.rfind('.');
   const std::string own_name(dot == name.npos ? name : name.substr(dot + 1));
   const bool is_procedure =
-      link_->AskNumber("SELECT COUNT(*) FROM pg_proc WHERE prokind = 'p' AND proname IN (" +
-                       TextLiteral(own_name) + ", lower(" + TextLiteral(own_name) + "))") > 0;
+      link_.AskNumber("SELECT COUNT(*) FROM pg_proc WHERE prokind = 'p' AND proname IN (" +
+                      TextLiteral(own_name) + ", lower(" + TextLiteral(own_name) + "))") > 0;
   return is_procedure ? "CALL " + call : "SELECT * FROM " + call;
 }
 
 std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
-  return was_null ? NoValue(link_->GetDialect(), column, quoted_column)
-                  : SameValue(link_->GetDialect(), column, quoted_column);
+  return was_null ? NoValue(link_.GetDialect(), column, quoted_column)
+                  : SameValue(link_.GetDialect(), column, quoted_column);
 }
 
 Variant Session::Stored(const Column& column, const Variant& value) const {
   const auto* time = std::get_if<platform::DateTime>(&value);
-  if (!time || link_->GetDialect() != Dialect::kSqlite) return value;
+  if (!time || link_.GetDialect() != Dialect::kSqlite) return value;
   return StoredText(*time, column.time_parts);
 }
 
 std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
-  const bool has_no_word = link_->GetDialect() == Dialect::kMariaDb;
+  const bool has_no_word = link_.GetDialect() == Dialect::kMariaDb;
   return "INSERT INTO " + quoted_table + (has_no_word ? " () VALUES ()" : " DEFAULT VALUES");
 }
 
 bool Session::SwitchAutocommit(bool is_on) const {
   const SQLULEN value = is_on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
   return SQL_SUCCEEDED(
-      SQLSetConnectAttr(link_->Handle(), SQL_ATTR_AUTOCOMMIT, AsPointer(value), SQL_IS_UINTEGER));
+      SQLSetConnectAttr(link_.Handle(), SQL_ATTR_AUTOCOMMIT, AsPointer(value), SQL_IS_UINTEGER));
 }
 
 void Session::BeginFlat() {
-  if (HasTextTransactions(link_->GetDialect())) {
-    link_->Run("BEGIN");
+  if (HasTextTransactions(link_.GetDialect())) {
+    link_.Run("BEGIN");
   } else if (!SwitchAutocommit(false)) {
     throw Error("The database does not begin a transaction");
   }
 }
 
 void Session::Begin() {
-  RunDeferred();
-  Settle();
   if (is_in_transaction_) {
-    if (HasTextTransactions(link_->GetDialect())) link_->Run("SAVEPOINT dralo_" + std::to_string(depth_));
+    if (HasTextTransactions(link_.GetDialect())) link_.Run("SAVEPOINT dralo_" + std::to_string(depth_));
   } else {
     BeginFlat();
     is_in_transaction_ = true;
@@ -127,10 +102,10 @@ void Session::Begin() {
 
 void Session::Commit() {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
-  if (HasTextTransactions(link_->GetDialect())) {
-    link_->Run(is_outermost ? "COMMIT" : "RELEASE SAVEPOINT dralo_" + std::to_string(depth_ - 1));
+  if (HasTextTransactions(link_.GetDialect())) {
+    link_.Run(is_outermost ? "COMMIT" : "RELEASE SAVEPOINT dralo_" + std::to_string(depth_ - 1));
   } else if (is_outermost) {
-    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_->Handle(), SQL_COMMIT))) {
+    if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.Handle(), SQL_COMMIT))) {
       throw Error("The database does not commit the transaction");
     }
     SwitchAutocommit(true);
@@ -143,12 +118,12 @@ void Session::Rollback() noexcept {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
   --depth_;
   try {
-    if (HasTextTransactions(link_->GetDialect())) {
+    if (HasTextTransactions(link_.GetDialect())) {
       const std::string savepoint = "SAVEPOINT dralo_" + std::to_string(depth_);
-      link_->Run(is_outermost ? "ROLLBACK" : "ROLLBACK TO " + savepoint);
-      if (!is_outermost) link_->Run("RELEASE " + savepoint);
+      link_.Run(is_outermost ? "ROLLBACK" : "ROLLBACK TO " + savepoint);
+      if (!is_outermost) link_.Run("RELEASE " + savepoint);
     } else if (is_outermost) {
-      SQLEndTran(SQL_HANDLE_DBC, link_->Handle(), SQL_ROLLBACK);
+      SQLEndTran(SQL_HANDLE_DBC, link_.Handle(), SQL_ROLLBACK);
       SwitchAutocommit(true);
     }
   } catch (const std::exception&) {
@@ -158,72 +133,46 @@ void Session::Rollback() noexcept {
 }
 
 std::int64_t Session::LastIdentity(const BaseTable& table, const Column& column) const {
-  switch (link_->GetDialect()) {
+  switch (link_.GetDialect()) {
     case Dialect::kPostgreSql:
-      return link_->AskNumber("SELECT currval(pg_get_serial_sequence(" + TextLiteral(table.name) + ", " +
-                              TextLiteral(column.origin) + "))");
+      return link_.AskNumber("SELECT currval(pg_get_serial_sequence(" + TextLiteral(table.name) + ", " +
+                             TextLiteral(column.origin) + "))");
     case Dialect::kMariaDb:
-      return link_->AskNumber("SELECT LAST_INSERT_ID()");
+      return link_.AskNumber("SELECT LAST_INSERT_ID()");
     case Dialect::kSqlite:
-      return link_->AskNumber("SELECT last_insert_rowid()");
+      return link_.AskNumber("SELECT last_insert_rowid()");
     default:
-      return link_->AskNumber("SELECT @@IDENTITY");
+      return link_.AskNumber("SELECT @@IDENTITY");
   }
 }
 
 bool Session::IsAlive() noexcept {
-  is_fresh_ = true;
-  if (link_->GetDialect() == Dialect::kSqlite) return link_->HasItsFile();
-  const auto now = std::chrono::steady_clock::now();
-  if (link_->Socket().IsKnown() && link_->Socket().HasEnded()) return false;
-  if (link_->Socket().IsKnown() && now - last_use_ < kLongRest) return true;
+  if (!link_.HasItsFile()) return false;
   try {
-    return link_->AskNumber(link_->GetDialect() == Dialect::kOracle ? "SELECT 1 FROM DUAL" : "SELECT 1") == 1;
+    return link_.AskNumber(link_.GetDialect() == Dialect::kOracle ? "SELECT 1 FROM DUAL" : "SELECT 1") == 1;
   } catch (const std::exception&) {
     return false;
   }
 }
 
 bool Session::Reset() noexcept {
-  last_use_ = std::chrono::steady_clock::now();
-  const Dialect dialect = link_->GetDialect();
-  const bool may_have_traces = called_functions_ && dialect != Dialect::kSqlite;
-  if (has_traces_ || (may_have_traces && dialect != Dialect::kPostgreSql)) return false;
-  const bool is_in_transaction = is_in_transaction_ || has_cursor_transaction_;
-  is_in_transaction_ = has_cursor_transaction_ = owns_transaction_ = called_functions_ = false;
+  if (has_traces_) return false;
   depth_ = 0;
+  owns_transaction_ = false;
+  if (!std::exchange(is_in_transaction_, false)) return true;
   try {
-    if (is_in_transaction && HasTextTransactions(dialect)) link_->Run("ROLLBACK");
-    if (may_have_traces) link_->Run(kCleaning);
-    if (!is_in_transaction || HasTextTransactions(dialect)) return true;
-    return SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_->Handle(), SQL_ROLLBACK)) && SwitchAutocommit(true);
+    if (HasTextTransactions(link_.GetDialect())) {
+      link_.Run("ROLLBACK");
+      return true;
+    }
+    return SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.Handle(), SQL_ROLLBACK)) && SwitchAutocommit(true);
   } catch (const std::exception&) {
     return false;
   }
 }
 
-void Session::Settle() {
-  link_->Background().Await();
-  if (!has_cursor_transaction_) return;
-  has_cursor_transaction_ = false;
-  link_->Run("COMMIT");
-}
-
-void Session::RunDeferred() noexcept {
-  const std::vector<database::Cursor*> cursors = std::exchange(deferred_, {});
-  for (database::Cursor* const cursor : cursors) {
-    try {
-      cursor->FixColumns();
-    } catch (const std::exception&) {
-      continue;
-    }
-  }
-}
-
 void Session::Note(const StatementKind& kind) {
-  if (kind.leaves_traces) link_->ForgoLimit();
-  has_traces_ |= kind.leaves_traces;
-  called_functions_ |= kind.calls_functions;
+  has_traces_ |= kind.leaves_traces || kind.calls_functions;
   if (kind.begins_transaction) is_in_transaction_ = true;
   if (kind.ends_transaction) is_in_transaction_ = false;
 }

@@ -61,15 +61,12 @@ TEST(OdbcOptions, KnowTheDriverByItsFile) {
   EXPECT_EQ(Read("Driver=Nowhere").driver, Dialect::kOther);
 }
 
-TEST(OdbcOptions, KeepPostgreSqlFromReadingWholeResultsWhateverTheTextSays) {
-  const Options options =
-      Read("Driver=PostgreSQL Unicode;usedeclarefetch=1;BoolsAsChar=1;pqopt=application_name=x");
-  EXPECT_FALSE(Has(options, "usedeclarefetch=1"));
-  EXPECT_TRUE(Has(options, "usedeclarefetch=0"));
+TEST(OdbcOptions, AskPostgreSqlForExactTypesAndKeepWhatElseTheAuthorWrites) {
+  const Options options = Read("Driver=PostgreSQL Unicode;BoolsAsChar=1;pqopt={application_name=x}");
   EXPECT_TRUE(Has(options, "BoolsAsChar=0"));
-  EXPECT_TRUE(Has(options, "connect_timeout=15"));
-  EXPECT_TRUE(Has(options, "statement_timeout=30000"));
-  EXPECT_TRUE(Has(options, "application_name=x}"));
+  EXPECT_TRUE(Has(options, "UseServerSidePrepare=1"));
+  EXPECT_TRUE(Has(options, "pqopt={application_name=x}"));
+  EXPECT_TRUE(Has(Read("Driver=PostgreSQL Unicode;UseServerSidePrepare=0"), "UseServerSidePrepare=0"));
 }
 
 TEST(OdbcOptions, KeepTheSettingsOfAPostgreSqlAuthor) {

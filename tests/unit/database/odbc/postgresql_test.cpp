@@ -1,12 +1,6 @@
-#include <unistd.h>
-
-#include <chrono>
 #include <clocale>
-#include <csignal>
 #include <cstdlib>
-#include <thread>
 
-#include "support/child_process.h"
 #include "unit/database/odbc/driver_test.h"
 
 namespace dralo::tests {
@@ -200,62 +194,6 @@ TEST_F(PostgreSqlDriver, ReadsEveryCharacterOfATextAsItIs) {
     EXPECT_EQ(Ask(sql, 5), Lines(3, rows.front()));
     EXPECT_EQ(Ask(sql), Lines(3, rows.front()));
   }
-}
-
-/// A page whose server process is frozen ends with one message. The process is thawed by the end of the test.
-class FrozenServer : public PostgreSqlDriver {
- protected:
-  void SetUp() override {
-    connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1");
-    pid_ = Ask("SELECT pg_backend_pid()").front();
-  }
-  void TearDown() override { kill(std::stoi(pid_), SIGCONT); }
-
-  void Freeze() const { ASSERT_EQ(kill(std::stoi(pid_), SIGSTOP), 0); }
-
-  std::string pid_;
-  static constexpr std::string_view kMessage =
-      "The database has not answered in time; the connection is given up (SQLSTATE HYT00)";
-};
-
-TEST_F(FrozenServer, IsGivenUpByAQuery) {
-  Ask("SELECT 7", 5);
-  Ask("SELECT 7", 5);
-  Freeze();
-  const auto error = ErrorOf([&] { Ask("SELECT 7", 5); });
-  EXPECT_EQ(error.Description(), kMessage);
-  EXPECT_EQ(error.SqlState(), "HYT00");
-  EXPECT_EQ(error.Source(), "SELECT 7");
-  connection_->Close();
-  EXPECT_EQ(Rows(Connect(database_.ConnectionString() + ";Query Timeout=1"), "SELECT 7"), Lines{"7"});
-}
-
-TEST_F(FrozenServer, IsNotAskedAgainOverAnotherConnection) {
-  connection_->Close();
-  connection_->Open(database_.ConnectionString() + ";Query Timeout=1");
-  Freeze();
-  EXPECT_EQ(ErrorOf([&] { Ask("SELECT 7", 5); }).Description(), kMessage);
-}
-
-TEST_F(FrozenServer, IsGivenUpByAStatementAndByARecordToSave) {
-  Run("CREATE TABLE t (i integer PRIMARY KEY)");
-  Run("INSERT INTO t VALUES (1)");
-  const auto recordset = Edit(connection_, "SELECT i FROM t");
-  FieldOf(*recordset, "i").SetValue("2");
-  Freeze();
-  EXPECT_EQ(ErrorOf([&] { recordset->Update(); }).Description(), kMessage);
-  EXPECT_EQ(ErrorOf([&] { Run("INSERT INTO t VALUES (3)"); }).Description(), kMessage);
-}
-
-TEST_F(FrozenServer, IsGivenUpByAChildOfTheProcess) {
-  EXPECT_TRUE(HoldsInChild([&] {
-    connection_ = Connect(database_.ConnectionString() + ";Query Timeout=1;ApplicationName=child");
-    pid_ = Ask("SELECT pg_backend_pid()").front();
-    Freeze();
-    const auto error = ErrorOf([&] { Ask("SELECT 7", 5); });
-    kill(std::stoi(pid_), SIGCONT);
-    return error.Description() == kMessage;
-  }));
 }
 
 TEST_F(PostgreSqlDriver, RunsStatementsThatTakeNoLimit) {
