@@ -117,6 +117,7 @@ bool Cursor::NextRow() {
   } catch (...) {
     session_.SetReading(nullptr);
     state_ = State::kDone;
+    Abandon();
     throw;
   }
   session_.SetReading(nullptr);
@@ -125,7 +126,12 @@ bool Cursor::NextRow() {
 }
 
 bool Cursor::NextRowAside() {
-  if (row_->Load(*aside_)) return true;
+  if (rows_aside_ > 0) {
+    const std::uint64_t behind = std::exchange(rows_aside_, 0) - 1;
+    row_->Load(*aside_);
+    rows_aside_ = behind;  // None behind a row that cannot be read.
+    return true;
+  }
   Stop();
   if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
   return false;
@@ -134,14 +140,14 @@ bool Cursor::NextRowAside() {
 /// The current row stays where it is, as it may still be looked at.
 void Cursor::PutRestAside() {
   state_ = State::kAside;
-  aside_ = std::make_unique<RowStore>();
+  aside_ = std::make_unique<SpoolFile>();
   try {
     Row next(statement_->Describe().readers);
     statement_->Bind(next);
-    while (statement_->Fetch(next)) next.Save(*aside_);
-    aside_->Rewind();
+    for (; statement_->Fetch(next); ++rows_aside_) next.Save(*aside_);
   } catch (...) {
     failure_ = std::current_exception();
+    Abandon();
   }
 }
 
@@ -155,6 +161,17 @@ void Cursor::Stop() noexcept {
     Leave();
   } catch (const std::exception&) {
     static_cast<void>(session_.Leave());  // The next statement says what is wrong with the connection.
+    Abandon();
+  }
+}
+
+/// What is left of a result that cannot be read must not be taken for the answer to the next statement.
+void Cursor::Abandon() noexcept {
+  if (!statement_->HasOpenResult() || session_.Leave()) return;
+  try {
+    statement_->Finish();
+  } catch (const std::exception&) {
+    session_.GetLink().Drop();
   }
 }
 

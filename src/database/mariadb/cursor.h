@@ -10,9 +10,9 @@
 #include "database/cursor.h"
 #include "database/mariadb/parameters.h"
 #include "database/mariadb/row.h"
-#include "database/mariadb/row_store.h"
 #include "database/mariadb/statement.h"
 #include "database/query.h"
+#include "database/spool_file.h"
 #include "database/statement_kind.h"
 
 namespace dralo::database::mariadb {
@@ -64,6 +64,7 @@ class Cursor final : public database::Cursor {
   bool NextRow();
   bool NextRowAside();
   void Leave();
+  void Abandon() noexcept;
 
   Session& session_;
   const std::string text_;
@@ -77,8 +78,9 @@ class Cursor final : public database::Cursor {
   std::unique_ptr<Row> row_;
   std::chrono::steady_clock::time_point begun_ = {};
   unsigned rows_read_ = 0;
-  std::unique_ptr<RowStore> aside_;
-  std::exception_ptr failure_;  ///< Behind the rows aside.
+  std::unique_ptr<SpoolFile> aside_;
+  std::uint64_t rows_aside_ = 0;  ///< That are to be read still.
+  std::exception_ptr failure_;    ///< Behind the rows aside.
   std::optional<BaseTable> table_;
 };
 

@@ -38,6 +38,14 @@ VariantView ReadUnsigned(std::int64_t bits, std::string& scratch) {
   return platform::DecimalView{scratch};
 }
 
+[[noreturn]] void SayThatRowsAreBroken() {
+  throw platform::Error("The rest of a result cannot be read from its temporary file");
+}
+
+void Take(SpoolFile& spool, char* to, std::size_t size) {
+  if (!spool.Take(to, size)) SayThatRowsAreBroken();
+}
+
 }  // namespace
 
 Row::Row(const std::vector<Reader>& readers) : cells_(readers.size()), binds_(readers.size()) {
@@ -177,35 +185,36 @@ VariantView Row::Value(std::size_t column) {
   return cell.Text();
 }
 
-void Row::Save(RowStore& store) const {
+void Row::Save(SpoolFile& spool) const {
   for (const Cell& cell : cells_) {
     const bool is_null = cell.is_null != 0;
-    store.Put(is_null ? "n" : "v");
+    spool.Put(is_null ? "n" : "v");
     if (is_null) continue;
     const std::span<const char> fixed = cell.Fixed();
     const std::string_view bytes = fixed.empty() ? cell.Text() : std::string_view(fixed.data(), fixed.size());
     const std::size_t size = bytes.size();
-    store.Put({reinterpret_cast<const char*>(&size), sizeof size});
-    store.Put(bytes);
+    spool.Put({reinterpret_cast<const char*>(&size), sizeof size});
+    spool.Put(bytes);
   }
 }
 
-bool Row::Load(RowStore& store) {
+/// No size is believed beyond what there is and where it goes.
+void Row::Load(SpoolFile& spool) {
   for (Cell& cell : cells_) {
     char mark = 0;
-    if (!store.Take(&mark, 1)) return false;
+    Take(spool, &mark, 1);
     cell.is_null = static_cast<my_bool>(mark == 'n');
     if (cell.is_null != 0) continue;
     std::size_t size = 0;
-    store.Take(reinterpret_cast<char*>(&size), sizeof size);
+    Take(spool, reinterpret_cast<char*>(&size), sizeof size);
     const std::span<char> fixed = cell.Fixed();
+    if (size > spool.Left() || (!fixed.empty() && size != fixed.size())) SayThatRowsAreBroken();
     if (fixed.empty()) {
       cell.size = static_cast<unsigned long>(size);
       cell.bytes.resize(std::max(cell.bytes.size(), size));
     }
-    store.Take(fixed.empty() ? cell.bytes.data() : fixed.data(), size);
+    Take(spool, fixed.empty() ? cell.bytes.data() : fixed.data(), size);
   }
-  return true;
 }
 
 }  // namespace dralo::database::mariadb

@@ -8,7 +8,7 @@
 
 #include "database/mariadb/column_type.h"
 #include "database/mariadb/library.h"
-#include "database/mariadb/row_store.h"
+#include "database/spool_file.h"
 #include "dralo/variant.h"
 
 namespace dralo::database::mariadb {
@@ -32,10 +32,10 @@ class Row {
 
   platform::VariantView Value(std::size_t column);
 
-  void Save(RowStore& store) const;
+  void Save(SpoolFile& spool) const;
 
-  /// Takes the next row of those that were saved. False behind the last.
-  bool Load(RowStore& store);
+  /// Takes the next row of those that were saved. Throws platform::Error when it is not there as a whole.
+  void Load(SpoolFile& spool);
 
  private:
   /// One value: a number or a time, or bytes of which `size` count.

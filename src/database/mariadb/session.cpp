@@ -56,8 +56,8 @@ void Session::Connect() {
 }
 
 void Session::Settle() {
-  if (was_left_) Connect();
   if (Cursor* const cursor = std::exchange(reading_, nullptr)) cursor->PutRestAside();
+  if (was_left_) Connect();
 }
 
 std::unique_ptr<Statement> Session::TakePlain(std::string_view text, const StatementKind& kind) {
@@ -181,8 +181,8 @@ bool Session::Reset() noexcept {
 
 void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept {
   if (statement->HasOpenResult() && statement->IsOfThisConnection()) {
+    was_left_ = MayLeave();
     link_.Drop();
-    was_left_ = true;
   } else if (kind.is_query || statement->Describe().columns->empty()) {
     cache_.Give(std::move(statement));
   }

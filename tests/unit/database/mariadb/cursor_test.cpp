@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <optional>
+
 #include "unit/database/mariadb/native_test.h"
 
 namespace dralo::tests {
@@ -5,6 +8,26 @@ namespace dralo::tests {
 namespace {
 
 using MariaDbCursor = MariaDbNative;
+
+class NoFolderForTemporaryFiles {
+ public:
+  NoFolderForTemporaryFiles() {
+    if (const char* before = std::getenv("TMPDIR")) before_ = before;
+    setenv("TMPDIR", "/nowhere", 1);
+  }
+  ~NoFolderForTemporaryFiles() {
+    if (before_) {
+      setenv("TMPDIR", before_->c_str(), 1);
+    } else {
+      unsetenv("TMPDIR");
+    }
+  }
+  NoFolderForTemporaryFiles(const NoFolderForTemporaryFiles&) = delete;
+  NoFolderForTemporaryFiles& operator=(const NoFolderForTemporaryFiles&) = delete;
+
+ private:
+  std::optional<std::string> before_;
+};
 
 TEST_F(MariaDbCursor, ReadsTextsThatAreLongerThanTheirRoomInAnyRow) {
   const auto recordset = Read(connection_,
@@ -50,6 +73,26 @@ TEST_F(MariaDbCursor, SaysWhatFailedInARestThatWasPutAsideWhenItGetsThere) {
     EXPECT_EQ(ErrorOf([&] { recordset->MoveNext(); }).Number(), 1242);
     EXPECT_EQ(Ask("SELECT 2"), Lines{"2"});
   }
+}
+
+TEST_F(MariaDbCursor, SaysThatThereIsNoRoomForARestAndDisturbsNothingElse) {
+  const NoFolderForTemporaryFiles none;
+  Run("CREATE TABLE t (i INTEGER)");
+  for (const bool is_in_transaction : {false, true}) {
+    if (is_in_transaction) {
+      Run("BEGIN");
+      Run("INSERT INTO t VALUES (1)");
+    }
+    const auto recordset =
+        Read(connection_, "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000) FROM seq_1_to_20000");
+    EXPECT_FALSE(recordset->Eof());
+    EXPECT_EQ(Ask("SELECT 1"), Lines{"1"});
+    EXPECT_EQ(Ask("SELECT 2"), Lines{"2"});
+    EXPECT_EQ(MessageOf([&] { Rest(*recordset); }),
+              "The folder for temporary files has no room for the rest of a result");
+  }
+  Run("COMMIT");
+  EXPECT_EQ(Ask("SELECT i FROM t"), Lines{"1"});
 }
 
 TEST_F(MariaDbCursor, FollowsATableThatWasChangedSinceTheStatementWasPrepared) {
