@@ -85,6 +85,7 @@ void Statement::Execute(MYSQL_BIND* parameters) {
     ExecutePrepared(parameters);
   } catch (const Error& error) {
     if (error.Number() != kMustBePreparedAgain && error.Number() != kHasOtherColumns) throw;
+    if (error.Number() == kHasOtherColumns) FreeResult();  // Or its end is waited for without a limit.
     Prepare();
     ExecutePrepared(parameters);
   }

@@ -85,6 +85,17 @@ TEST_F(MariaDbFailing, GivesUpAServerThatStallsInTheMiddleOfAResult) {
   EXPECT_EQ(MessageOf([&] { Rest(*recordset); }), kGivenUp);
 }
 
+TEST_F(MariaDbFailing, GivesUpAServerThatStallsWhereAStatementIsPreparedAgain) {
+  Run("CREATE TABLE t (c VARCHAR(99))");
+  Run("INSERT INTO t SELECT REPEAT('x', 99) FROM seq_1_to_2000");
+  StallingProxy proxy(Port());
+  const auto connection = Through(proxy);
+  EXPECT_EQ(Rows(connection, "SELECT * FROM t").size(), 2000u);
+  Run("ALTER TABLE t ADD d INTEGER");
+  proxy.StallAfter(20'000);
+  EXPECT_EQ(MessageOf([&] { Rows(connection, "SELECT * FROM t"); }), kGivenUp);
+}
+
 TEST_F(MariaDbFailing, LeavesAStalledResultAtOnce) {
   StallingProxy proxy(Port());
   const auto connection = Through(proxy, ";Query Timeout=30");

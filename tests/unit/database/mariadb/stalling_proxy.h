@@ -38,6 +38,9 @@ class StallingProxy {
 
   void Stall() { is_stalling_ = true; }
 
+  /// As soon as so many more bytes have gone.
+  void StallAfter(int bytes) { bytes_left_ = bytes; }
+
  private:
   static constexpr int kTickMs = 10;
 
@@ -75,6 +78,7 @@ class StallingProxy {
     if (is_stalling_ || !HasSomething(from)) return true;
     std::array<char, 4096> bytes{};
     const ssize_t count = recv(from, bytes.data(), bytes.size(), 0);
+    if (bytes_left_ > 0 && (bytes_left_ -= static_cast<int>(count)) <= 0) Stall();
     return count > 0 && send(to, bytes.data(), static_cast<std::size_t>(count), MSG_NOSIGNAL) == count;
   }
 
@@ -82,6 +86,7 @@ class StallingProxy {
   const int listener_;
   std::uint16_t port_ = 0;
   std::atomic<bool> is_stalling_ = false;
+  std::atomic<int> bytes_left_ = 0;  ///< Before it stalls; 0 for any number.
   std::atomic<bool> is_ending_ = false;
   std::thread thread_;
 };
