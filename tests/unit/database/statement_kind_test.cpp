@@ -64,6 +64,28 @@ TEST(StatementKind, KnowsWhatLeavesTraces) {
   }
 }
 
+TEST(StatementKind, PassesOverWordsInQuotesAndComments) {
+  for (const char* text :
+       {"SELECT 'into the wild'", "SELECT \"into\" FROM a -- into b", "SELECT 1 /* into b */ FROM a",
+        "SELECT 'it''s' FROM a WHERE b = 'into'", "WITH a AS (SELECT 'delete') SELECT * FROM a",
+        "WITH a AS (SELECT REPLACE(b, 'c', 'd') FROM e) SELECT * FROM a"}) {
+    EXPECT_TRUE(KindOf(text).is_select) << text;
+    EXPECT_FALSE(KindOf(text).leaves_traces) << text;
+  }
+}
+
+TEST(StatementKind, SeesAllWordsWhereDatabasesDifferInWhatAQuoteIs) {
+  for (const char* text :
+       {"SELECT 'it\\'s', 1 INTO b FROM a --'", "SELECT 'back\\' INTO b FROM a --'",
+        "SELECT [it's] INTO b -- '", "SELECT $$it's$$ INTO b -- '", "SELECT 1 # it's\nINTO b -- '",
+        "SELECT 1 --1 INTO b", "SELECT 1 /*! INTO b */ FROM a", "SELECT 1 /* it's */ INTO b -- '",
+        "SELECT 'open INTO b"}) {
+    EXPECT_FALSE(KindOf(text).is_select) << text;
+    EXPECT_TRUE(KindOf(text).leaves_traces) << text;
+  }
+  EXPECT_FALSE(KindOf("WITH a AS (SELECT 1) REPLACE INTO b SELECT * FROM a").is_query);
+}
+
 TEST(StatementKind, KnowsCallsOfUnknownFunctions) {
   for (const char* text :
        {"SELECT remember()", "SELECT \"Remember\" (1)", "SELECT @a := 1", "SELECT a FROM f(1)"}) {
