@@ -92,7 +92,7 @@ class Link {
   /// Counts the connections from 1 on; another one knows no prepared statements.
   std::int64_t Number() const { return number_; }
 
-  /// The user has changed settings, perhaps the server's own limit: there is none any more.
+  /// The user has perhaps changed the server's own limit: there is none any more.
   void ForgoLimit() { patience_.reset(); }
 
   /// The limit is that of the connection string again.

@@ -192,7 +192,8 @@ void Session::GiveName(Statement& statement) {
 }
 
 void Session::Note(const StatementKind& kind, std::string_view text) {
-  if (kind.leaves_traces) link_->ForgoLimit();
+  const bool may_set = kind.leaves_traces || kind.calls_functions;
+  if (may_set && text::ContainsAscii(text, "statement_timeout")) link_->ForgoLimit();
   has_traces_ |= kind.leaves_traces || kind.calls_functions;
   has_prepared_ |= text::StartsWithAscii(WithoutFront(text, '('), "PREPARE");
   if (kind.defines) catalog_.Forget();

@@ -44,6 +44,17 @@ TEST_F(FrozenSession, IsNotAskedAgainOverAnotherConnection) {
   EXPECT_EQ(ErrorOf([&] { Ask("SELECT 7", 5); }).Description(), kNoAnswer);
 }
 
+TEST_F(FrozenSession, IsGivenUpAlsoBehindStatementsThatLeaveSomething) {
+  Run("CREATE TEMP TABLE t (i integer)");
+  Run("SELECT i INTO TEMP u FROM t");
+  Run("DO $$ BEGIN NULL; END $$");
+  Run("SET search_path = public");
+  Run("RESET ALL");
+  EXPECT_EQ(Ask("SELECT 'into the wild'", 5), Lines{"'into the wild'"});
+  Freeze();
+  EXPECT_EQ(ErrorOf([&] { Run("DO $$ BEGIN NULL; END $$"); }).Description(), kNoAnswer);
+}
+
 TEST_F(FrozenSession, IsGivenUpInTheMiddleOfAResult) {
   const auto recordset = Read(connection_, "SELECT i, repeat('x', 1000) FROM generate_series(1, 50000) i");
   EXPECT_FALSE(recordset->Eof());
