@@ -178,6 +178,7 @@ void Cursor::Send(Rows rows, bool may_drop) {
     const auto count = is_known ? description_->columns->size()
                                 : static_cast<std::size_t>(Libpq::Get().PQnfields(columns.get()));
     rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
+    rows_->Await();
     // The table was changed since. Asking about it sets the rows aside.
     if (!is_known) Learn(columns);
     return;

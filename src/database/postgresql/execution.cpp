@@ -14,14 +14,14 @@ constexpr const char* kNoLimit = "SELECT pg_catalog.set_config('statement_timeou
 }  // namespace
 
 /// The server counts the time that the reader of the rows takes, too, so it has no limit for long results;
-/// the client has one for each part.
+/// the client has one for each part. Functions may change something: what is given up must not go on.
 Execution::Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows,
                      bool is_guarded)
     : link_(link),
       statement_(statement),
       rows_(rows),
       is_guarded_(is_guarded),
-      has_no_limit_(rows == Rows::kParts && link.Patience().has_value()),
+      has_no_limit_(rows == Rows::kParts && link.Patience().has_value() && !statement.kind.calls_functions),
       is_prepared_(statement.IsPreparedOn(link)) {
   if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
   if (has_no_limit_) link_.Order(kNoLimit);

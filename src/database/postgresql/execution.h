@@ -18,7 +18,7 @@ class Execution {
   enum class Rows {
     kNone,   ///< It is only prepared.
     kAll,    ///< They come as one answer.
-    kParts,  ///< They come as the server sends them, for as long as that takes.
+    kParts,  ///< They come as the server sends them, for as long as that takes if no functions are called.
   };
 
   /// Sends it. `parameters` are those of the form too. Throws platform::Error.
@@ -35,6 +35,9 @@ class Execution {
 
   /// Some rows; nullptr behind the last ones, when the connection is free.
   Result Part();
+
+  /// Whether the server ends it after a time, in which its rows must be read.
+  bool IsLimited() const { return link_.Patience().has_value() && !has_no_limit_; }
 
   /// Throws the failure that `answer` is.
   void Require(const Result& answer);

@@ -1,6 +1,6 @@
 #include "database/postgresql/result_rows.h"
 
-#include <chrono>
+#include <algorithm>
 #include <utility>
 
 namespace dralo::database::postgresql {
@@ -12,6 +12,9 @@ constexpr std::chrono::milliseconds kShortRest{20};
 
 constexpr std::chrono::seconds kLongRest{30};
 
+/// That a reader may take for rows while the server counts the time.
+constexpr std::chrono::milliseconds kReaderTime{5000};
+
 }  // namespace
 
 ResultRows::ResultRows(Result answer, std::size_t columns) : part_(std::move(answer)), row_(columns) {}
@@ -20,9 +23,18 @@ ResultRows::ResultRows(Link& link, const Execution& execution, std::size_t colum
     : link_(&link), execution_(execution), may_drop_(may_drop), row_(columns) {
   execution_->Split();
   link.SetReader(this);
+  if (execution_->IsLimited()) {
+    const std::chrono::milliseconds patience = *link.Patience();
+    set_aside_at_ = Clock::now() + std::min(kReaderTime, patience / 4);
+  }
+}
+
+void ResultRows::Await() {
+  if (link_ != nullptr) TakePart();
 }
 
 bool ResultRows::Next() {
+  if (link_ != nullptr && set_aside_at_ && Clock::now() >= *set_aside_at_) SetAside();
   if (!aside_) return NextOfServer();
   if (aside_->Next(row_)) return true;
   if (failure_) throw *std::exchange(failure_, std::nullopt);
@@ -33,18 +45,22 @@ bool ResultRows::NextOfServer() {
   const Libpq& libpq = Libpq::Get();
   while (!part_ || next_ >= libpq.PQntuples(part_.get())) {
     if (link_ == nullptr) return false;
-    try {
-      part_ = execution_->Part();
-    } catch (...) {
-      if (may_drop_ && link_->IsDead()) link_->Drop();
-      Release();
-      throw;
-    }
-    next_ = 0;
-    if (!part_) Release();
+    TakePart();
   }
   Load();
   return true;
+}
+
+void ResultRows::TakePart() {
+  try {
+    part_ = execution_->Part();
+  } catch (...) {
+    if (may_drop_ && link_->IsDead()) link_->Drop();
+    Release();
+    throw;
+  }
+  next_ = 0;
+  if (!part_) Release();
 }
 
 void ResultRows::Load() {

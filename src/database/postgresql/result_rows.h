@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -22,6 +23,9 @@ class ResultRows final : public RowReader {
 
   ~ResultRows() override { Stop(); }
 
+  /// Waits for the first rows. Throws platform::Error.
+  void Await();
+
   /// Goes to the next row; false at the end. Throws platform::Error.
   bool Next();
 
@@ -34,13 +38,17 @@ class ResultRows final : public RowReader {
   void Stop() noexcept;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   bool NextOfServer();
+  void TakePart();
   void Load();
   void Release() noexcept;
 
   Link* link_ = nullptr;  ///< While the server sends rows.
   std::optional<Execution> execution_;
   bool may_drop_ = false;
+  std::optional<Clock::time_point> set_aside_at_;  ///< Lest the server should end the statement.
   Result part_;
   int next_ = 0;
   Row row_;

@@ -143,6 +143,16 @@ TEST_F(KnownQuery, FollowsTheTableWhoseColumnsChange) {
   EXPECT_EQ(AskThrice("SELECT * FROM goods WHERE id = 7", 1), Lines{"7 'good 7' 'about 12'"});
 }
 
+TEST_F(KnownQuery, FollowsTheTableWhoseColumnsAnotherSessionChangesWhenAllOfItIsRead) {
+  MakeGoods();
+  const std::string sql = "SELECT * FROM goods WHERE id = 7";
+  EXPECT_EQ(AskThrice(sql, 0), Lines{"7 'good 7' 1"});
+  Another()->Execute("ALTER TABLE goods DROP name");
+  EXPECT_EQ(AskThrice(sql, 0), Lines{"7 1"});
+  Run("DEALLOCATE ALL");
+  EXPECT_EQ(AskThrice(sql, 0), Lines{"7 1"});
+}
+
 TEST_F(KnownQuery, FollowsTheTableWhoseColumnsChangeBeforeItIsPrepared) {
   MakeGoods();
   const std::string sql = "SELECT * FROM goods WHERE id = 7";
@@ -311,6 +321,7 @@ TEST_F(KnownQuery, ComesBackAfterTheServerHasEndedTheIdleSession) {
   MakeGoods();
   const std::string sql = "SELECT id FROM goods";
   const std::function<Lines()> uses[] = {[&] { return Ask(sql, 5); }, [&] { return Ask(sql, 400); },
+                                         [&] { return Ask(sql); },
                                          [&] { return Ask("SELECT COUNT(*) FROM goods", 1); }};
   for (const auto& use : uses) {
     const Lines expected = use();

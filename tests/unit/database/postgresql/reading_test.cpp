@@ -237,6 +237,19 @@ TEST_F(LongResult, DoesNotCountTheTimeOfItsReader) {
   EXPECT_EQ(Ask("SHOW statement_timeout"), Lines{"'1s'"});
 }
 
+TEST_F(LongResult, DoesNotCountTheTimeOfItsReaderWhereItCallsFunctions) {
+  connection_ = Another(";Query Timeout=4");
+  Run("CREATE FUNCTION twice(i integer) RETURNS integer LANGUAGE plpgsql AS 'BEGIN RETURN 2 * i; END'");
+  const auto recordset =
+      Read(connection_, "SELECT twice(i), repeat('x', 1000) FROM generate_series(1, 8000) i");
+  int rows = 0;
+  for (; !recordset->Eof(); recordset->MoveNext()) {
+    EXPECT_EQ(ValueOf(*recordset, "twice"), std::to_string(2 * ++rows));
+    if (rows % 100 == 0 && rows <= 1600) std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  }
+  EXPECT_EQ(rows, 8000);
+}
+
 TEST_F(LongResult, LeavesTheLimitOfStatementsInATransactionAsItWas) {
   Run("BEGIN");
   EXPECT_EQ(Ask("SELECT i FROM generate_series(1, 3000) i").size(), 3000u);
