@@ -35,19 +35,19 @@ void ResultRows::Await() {
 
 bool ResultRows::Next() {
   if (link_ != nullptr && set_aside_at_ && Clock::now() >= *set_aside_at_) SetAside();
-  if (!aside_) return NextOfServer();
-  if (aside_->Next(row_)) return true;
-  if (failure_) throw *std::exchange(failure_, std::nullopt);
+  if (!aside_ && !failure_) return NextOfServer(row_);
+  if (aside_ && aside_->Next(row_)) return true;
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
   return false;
 }
 
-bool ResultRows::NextOfServer() {
+bool ResultRows::NextOfServer(Row& row) {
   const Libpq& libpq = Libpq::Get();
   while (!part_ || next_ >= libpq.PQntuples(part_.get())) {
     if (link_ == nullptr) return false;
     TakePart();
   }
-  Load();
+  Load(row);
   return true;
 }
 
@@ -63,10 +63,10 @@ void ResultRows::TakePart() {
   if (!part_) Release();
 }
 
-void ResultRows::Load() {
+void ResultRows::Load(Row& row) {
   const Libpq& libpq = Libpq::Get();
   int column = 0;
-  for (std::string_view& value : row_) {
+  for (std::string_view& value : row) {
     const bool is_null = libpq.PQgetisnull(part_.get(), next_, column) != 0;
     value = is_null
                 ? std::string_view{}
@@ -77,23 +77,27 @@ void ResultRows::Load() {
   ++next_;
 }
 
-/// Whoever stands on a row may read its values still, so their part stays.
+/// Whoever asks for the row at which it fails is told.
 void ResultRows::SetAside() noexcept {
   if (link_ == nullptr) return;
-  const Row current = row_;
-  aside_ = std::make_unique<RowsAside>();
   try {
-    for (; part_ && next_ < Libpq::Get().PQntuples(part_.get());) {
-      Load();
-      aside_->Add(row_);
-    }
-    current_part_ = std::move(part_);
-    while (NextOfServer()) aside_->Add(row_);
-  } catch (const platform::Error& error) {
-    failure_ = error;
+    KeepRest();
+  } catch (...) {
+    failure_ = std::current_exception();
     Stop();
   }
-  row_ = current;
+}
+
+/// Whoever stands on a row may read its values still, so their part stays.
+void ResultRows::KeepRest() {
+  aside_ = std::make_unique<RowsAside>();
+  Row row(row_.size());
+  while (part_ && next_ < Libpq::Get().PQntuples(part_.get())) {
+    Load(row);
+    aside_->Add(row);
+  }
+  current_part_ = std::move(part_);
+  while (NextOfServer(row)) aside_->Add(row);
 }
 
 void ResultRows::Release() noexcept {

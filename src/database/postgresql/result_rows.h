@@ -1,13 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <exception>
 #include <memory>
 #include <optional>
 
 #include "database/postgresql/execution.h"
 #include "database/postgresql/link.h"
 #include "database/postgresql/rows_aside.h"
-#include "dralo/error.h"
 
 namespace dralo::database::postgresql {
 
@@ -40,9 +40,10 @@ class ResultRows final : public RowReader {
  private:
   using Clock = std::chrono::steady_clock;
 
-  bool NextOfServer();
+  bool NextOfServer(Row& row);
+  void KeepRest();
   void TakePart();
-  void Load();
+  void Load(Row& row);
   void Release() noexcept;
 
   Link* link_ = nullptr;  ///< While the server sends rows.
@@ -54,7 +55,7 @@ class ResultRows final : public RowReader {
   Row row_;
   Result current_part_;  ///< Of the row that was the current one when the others were set aside.
   std::unique_ptr<RowsAside> aside_;
-  std::optional<platform::Error> failure_;  ///< Behind the rows that were set aside.
+  std::exception_ptr failure_;  ///< Behind the rows that were set aside.
 };
 
 }  // namespace dralo::database::postgresql

@@ -1,7 +1,11 @@
+#include <unistd.h>
+
 #include <chrono>
+#include <cstdlib>
 #include <thread>
 
 #include "data/commands.h"
+#include "support/child_process.h"
 #include "unit/database/postgresql/native_test.h"
 
 namespace dralo::tests {
@@ -189,6 +193,39 @@ TEST_F(LongResult, CommitsOtherStatementsWhileItIsRead) {
   }
   EXPECT_EQ(rows, 5000);
   EXPECT_EQ(Rows(Another(), "SELECT COUNT(*) FROM done"), Lines{"2"});
+}
+
+/// A child of fork() that ends by exit() may move the position of every file that it shares.
+TEST_F(LongResult, IsNotDisturbedByAChildProcessWhileItIsSetAside) {
+  const auto recordset = Read(connection_, "SELECT i, repeat('x', 1000) FROM generate_series(1, 30000) i");
+  EXPECT_FALSE(recordset->Eof());
+  EXPECT_EQ(Ask("SELECT 7"), Lines{"7"});
+  int rows = 0;
+  for (; !recordset->Eof(); recordset->MoveNext()) {
+    ASSERT_EQ(ValueOf(*recordset, "i"), std::to_string(++rows));
+    if (rows % 10000 != 2) continue;
+    EXPECT_TRUE(HoldsInChild([] {
+      for (int file = 3; file < 100; ++file) lseek(file, 0, SEEK_SET);
+      return true;
+    }));
+  }
+  EXPECT_EQ(rows, 30000);
+}
+
+TEST_F(LongResult, TellsThatItCannotBeSetAsideBehindTheRowsThatWere) {
+  const std::string before = std::getenv("TMPDIR") != nullptr ? std::getenv("TMPDIR") : "/tmp";
+  const auto recordset = Read(connection_, "SELECT i, repeat('x', 1000) FROM generate_series(1, 30000) i");
+  EXPECT_FALSE(recordset->Eof());
+  setenv("TMPDIR", "/nowhere", 1);
+  EXPECT_EQ(Ask("SELECT 7"), Lines{"7"});
+  setenv("TMPDIR", before.c_str(), 1);
+  int rows = 0;
+  const auto error = ErrorOf([&] {
+    for (; !recordset->Eof(); recordset->MoveNext())
+      EXPECT_EQ(ValueOf(*recordset, "i"), std::to_string(++rows));
+  });
+  EXPECT_EQ(error.Description(), "The folder for temporary files has no room for the rest of a result");
+  EXPECT_GT(rows, 1000);
 }
 
 constexpr std::string_view kEndless =
