@@ -1,6 +1,7 @@
 #include "database/mariadb/cursor.h"
 
 #include <algorithm>
+#include <ctime>
 #include <utility>
 
 #include "database/mariadb/base_table.h"
@@ -13,16 +14,28 @@ namespace dralo::database::mariadb {
 namespace {
 
 using platform::Error;
-using Clock = std::chrono::steady_clock;
+using std::chrono::nanoseconds;
 
 /// By default a server gives the client a minute to take what it sends, and the statement 30 seconds to end.
 constexpr std::chrono::seconds kPatienceOfServers{5};
 
-/// How often the clock is looked at.
-constexpr unsigned kRowsBetweenLooks = 16;
+/// Reading that much takes less than opening a connection.
+constexpr int kShortRestRows = 500;
+constexpr std::size_t kShortRestBytes = 262'144;
+constexpr std::chrono::milliseconds kShortRestTime{100};
 
-/// Reading that many takes less than opening a connection.
-constexpr int kShortRest = 500;
+/// To a few milliseconds, for a fraction of what the exact time costs: it is asked for at every row.
+nanoseconds Now() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return std::chrono::seconds(now.tv_sec) + nanoseconds(now.tv_nsec);
+}
+
+/// A part of the time that the server gives the statement, so that the rest can be read in what is left.
+nanoseconds PatienceWith(std::chrono::seconds query_timeout) {
+  if (query_timeout.count() == 0) return kPatienceOfServers;
+  return std::min<nanoseconds>(kPatienceOfServers, nanoseconds(query_timeout) / 4);
+}
 
 void RequireStatement(const std::string& text) {
   if (text::TrimAsciiSpace(text).empty()) throw Error("The statement is empty", 0, {}, text);
@@ -89,7 +102,7 @@ void Cursor::Execute() {
   statement_->Bind(*row_);
   state_ = State::kReading;
   session_.SetReading(this);
-  begun_ = Clock::now();
+  patience_ends_ = Now() + PatienceWith(session_.GetLink().QueryTimeout());
 }
 
 /// Only where the server can: else the rows are read.
@@ -106,8 +119,7 @@ bool Cursor::Step() {
 }
 
 bool Cursor::NextRow() {
-  const bool may_be_slow = ++rows_read_ % kRowsBetweenLooks == 0;
-  if (may_be_slow && Clock::now() - begun_ > kPatienceOfServers) {
+  if (Now() > patience_ends_) {
     session_.SetReading(nullptr);
     PutRestAside();
     return NextRowAside();
@@ -176,17 +188,16 @@ void Cursor::Abandon() noexcept {
 }
 
 void Cursor::Leave() {
-  Link& link = session_.GetLink();
-  link.SetHurried(session_.MayLeave());
-  int rows = 0;
-  try {
-    while (rows < kShortRest && statement_->Fetch(*row_)) ++rows;
-    link.SetHurried(false);
-  } catch (...) {
-    link.SetHurried(false);
-    throw;
+  std::optional<Link::Haste> haste;
+  if (session_.MayLeave()) haste.emplace(session_.GetLink(), kShortRestTime);
+  bool has_row = true;
+  std::size_t bytes = 0;
+  for (int rows = 0; has_row && rows < kShortRestRows && bytes < kShortRestBytes; ++rows) {
+    has_row = statement_->Fetch(*row_);
+    bytes += row_->ByteCount();
   }
-  if (rows == kShortRest && !session_.Leave()) statement_->Finish();
+  haste.reset();
+  if (has_row && !session_.Leave()) statement_->Finish();
 }
 
 const BaseTable& Cursor::Table() {

@@ -29,6 +29,9 @@ class Session;
 /// the result would, nor a copy on the server before the first row, as a cursor of the server does, nor a
 /// second connection, which would not see what the transaction of the first has changed.
 ///
+/// Putting aside takes as long as the server sends, which only its own limit ends, and as much room as there
+/// is.
+///
 /// Of a result that is left early a short rest is read. From a long one the session leaves its connection,
 /// which is cheaper than reading it, unless that would lose a transaction or traces of the page.
 class Cursor final : public database::Cursor {
@@ -76,8 +79,7 @@ class Cursor final : public database::Cursor {
   State state_ = State::kPrepared;
   std::int64_t offset_ = 0;
   std::unique_ptr<Row> row_;
-  std::chrono::steady_clock::time_point begun_ = {};
-  unsigned rows_read_ = 0;
+  std::chrono::nanoseconds patience_ends_ = {};
   std::unique_ptr<SpoolFile> aside_;
   std::uint64_t rows_aside_ = 0;  ///< That are to be read still.
   std::exception_ptr failure_;    ///< Behind the rows aside.

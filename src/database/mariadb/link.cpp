@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 
+#include "database/interruption.h"
 #include "text/ascii.h"
 #include "text/white_space.h"
 
@@ -21,7 +21,8 @@ using Milliseconds = std::chrono::milliseconds;
 /// The server's own message about its limit comes first.
 constexpr Seconds kGrace{2};
 
-constexpr Milliseconds kMoment{100};
+/// How often the host is asked whether it wants to stop.
+constexpr Milliseconds kSlice{100};
 
 /// The library runs its calls on a stack of their own while they wait. Its usual 60 KB are few for looking up
 /// a name or for TLS.
@@ -75,7 +76,7 @@ void Link::Connect() {
 void Link::ConnectTo(const Options::Host& host) {
   handle_.reset(library_.mysql_init(nullptr));
   if (!handle_) throw Error("the client library gives no connection");
-  is_dead_ = is_given_up_ = is_transaction_in_doubt_ = false;
+  is_dead_ = is_given_up_ = is_stopped_ = is_transaction_in_doubt_ = false;
   ++generation_;
   SetOptions();
   const bool is_socket = host.name.starts_with('/');
@@ -123,7 +124,7 @@ void Link::LimitStatements() {
 
 Link::Deadline Link::EndOfPatience() const {
   if (is_connecting_) return connecting_until_;
-  if (is_hurried_) return Clock::now() + kMoment;
+  if (hurried_until_) return hurried_until_;
   if (options_.query_timeout_s == 0) return std::nullopt;
   return Clock::now() + Seconds(options_.query_timeout_s) + kGrace;
 }
@@ -136,16 +137,13 @@ int Link::Wait(int awaited, Deadline deadline) {
       asked(MYSQL_WAIT_READ, POLLIN) | asked(MYSQL_WAIT_WRITE, POLLOUT) | asked(MYSQL_WAIT_EXCEPT, POLLPRI);
   pollfd watched{library_.mysql_get_socket(Handle()), static_cast<short>(flags), 0};
   for (;;) {
-    int left_ms = -1;
-    if (deadline) {
-      const auto left = std::chrono::ceil<Milliseconds>(*deadline - Clock::now()).count();
-      left_ms = static_cast<int>(std::max<std::int64_t>(left, 0));
-    }
-    const int count = poll(&watched, 1, left_ms);
+    Clock::duration left = kSlice;
+    if (deadline) left = std::clamp<Clock::duration>(*deadline - Clock::now(), Clock::duration::zero(), left);
+    const int count = poll(&watched, 1, static_cast<int>(std::chrono::ceil<Milliseconds>(left).count()));
     if (count > 0) break;
-    if (count < 0 && errno == EINTR) continue;
-    is_given_up_ = is_dead_ = true;
-    shutdown(watched.fd, SHUT_RDWR);
+    is_stopped_ = HostWantsToStop();
+    if (!is_stopped_ && (!deadline || Clock::now() < *deadline)) continue;
+    GiveUp();
     return MYSQL_WAIT_TIMEOUT;
   }
   const auto happened = [&](int flag, int event) { return (watched.revents & flag) != 0 ? event : 0; };
@@ -153,6 +151,11 @@ int Link::Wait(int awaited, Deadline deadline) {
                      happened(POLLOUT | POLLHUP | POLLERR, MYSQL_WAIT_WRITE) |
                      happened(POLLPRI, MYSQL_WAIT_EXCEPT);
   return events & awaited;
+}
+
+void Link::GiveUp() {
+  is_given_up_ = is_dead_ = true;
+  shutdown(library_.mysql_get_socket(Handle()), SHUT_RDWR);
 }
 
 void Link::Run(std::string_view text, std::string_view source) {
@@ -179,7 +182,10 @@ Error Link::MakeError(unsigned number, const char* state, const char* message, s
   is_transaction_in_doubt_ |= IsInTransaction();
   std::string line = OneLine(message);
   std::string sqlstate = state;
-  if (is_given_up_) {
+  if (is_stopped_) {
+    line = "The page has run out of time; the connection is given up";
+    sqlstate = "HY008";
+  } else if (is_given_up_) {
     line = is_connecting_ ? "it has not answered in time"
                           : "The database has not answered in time; the connection is given up";
     sqlstate = "HYT00";

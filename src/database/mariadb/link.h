@@ -15,7 +15,7 @@ namespace dralo::database::mariadb {
 
 /// A connection to a server, which never waits longer than the connection string allows: every call of the
 /// library has one deadline, however many packets it sends and reads. A connection that misses one is given
-/// up.
+/// up, and so is one that is waited for while the host wants to stop.
 class Link {
  public:
   using Clock = std::chrono::steady_clock;
@@ -66,8 +66,20 @@ class Link {
   /// The database that the connection string names.
   const std::string& FirstDatabase() const { return options_.database; }
 
-  /// From now on the server is given only a moment for each call, or its usual time again.
-  void SetHurried(bool is_hurried) noexcept { is_hurried_ = is_hurried; }
+  /// While it lives, all calls together have only so much time, which never waits for ever.
+  class Haste {
+   public:
+    Haste(Link& link, Clock::duration time) : link_(link) { link_.hurried_until_ = Clock::now() + time; }
+    ~Haste() { link_.hurried_until_.reset(); }
+    Haste(const Haste&) = delete;
+    Haste& operator=(const Haste&) = delete;
+
+   private:
+    Link& link_;
+  };
+
+  /// How long a statement may take; 0 for ever.
+  std::chrono::seconds QueryTimeout() const { return std::chrono::seconds(options_.query_timeout_s); }
 
   /// Whether the server has said nothing; between statements that could only be a farewell.
   bool IsQuiet() const noexcept;
@@ -91,14 +103,16 @@ class Link {
   void LimitStatements();
   Deadline EndOfPatience() const;
   int Wait(int awaited, Deadline deadline);
+  void GiveUp();
 
   const Library& library_ = Library::Get();
   const Options options_;
   std::unique_ptr<MYSQL, Closer> handle_;
   Deadline connecting_until_;
+  Deadline hurried_until_;
   bool is_connecting_ = false;
-  bool is_hurried_ = false;
   bool is_given_up_ = false;
+  bool is_stopped_ = false;  ///< It was given up because the host wanted to.
   bool is_dead_ = false;
   bool is_transaction_in_doubt_ = false;
   int generation_ = 0;

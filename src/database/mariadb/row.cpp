@@ -185,6 +185,12 @@ VariantView Row::Value(std::size_t column) {
   return cell.Text();
 }
 
+std::size_t Row::ByteCount() const {
+  std::size_t count = 0;
+  for (const Cell& cell : cells_) count += cell.is_null != 0 ? 0 : cell.size;
+  return count;
+}
+
 void Row::Save(SpoolFile& spool) const {
   for (const Cell& cell : cells_) {
     const bool is_null = cell.is_null != 0;

@@ -32,6 +32,9 @@ class Row {
 
   platform::VariantView Value(std::size_t column);
 
+  /// Of the values that have no fixed size.
+  std::size_t ByteCount() const;
+
   void Save(SpoolFile& spool) const;
 
   /// Takes the next row of those that were saved. Throws platform::Error when it is not there as a whole.

@@ -17,6 +17,9 @@ using platform::Error;
 /// A host that has vanished says no farewell; after that long a question is worth its round trip.
 constexpr std::chrono::seconds kLongRest{30};
 
+/// For what is done between two users, of whom the next can as well have another session.
+constexpr std::chrono::seconds kTimeBetweenUsers{2};
+
 constexpr std::string_view kConflict = "40001";
 
 constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
@@ -157,7 +160,9 @@ bool Session::IsAlive() noexcept {
   is_fresh_ = true;
   if (!link_.IsQuiet()) return false;
   const bool has_rested_long = std::chrono::steady_clock::now() - last_use_ >= kLongRest;
-  return !has_rested_long || link_.Answers();
+  if (!has_rested_long) return true;
+  const Link::Haste haste(link_, kTimeBetweenUsers);
+  return link_.Answers();
 }
 
 /// The reset keeps the current database.
@@ -166,6 +171,7 @@ bool Session::Reset() noexcept {
   if (reading_ != nullptr || was_left_ || link_.IsDead() || CurrentDatabase() != link_.FirstDatabase())
     return false;
   transactions_.Forget();
+  const Link::Haste haste(link_, kTimeBetweenUsers);
   try {
     if (std::exchange(has_traces_, false)) {
       cache_.Clear();

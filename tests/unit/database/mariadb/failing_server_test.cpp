@@ -1,5 +1,7 @@
 #include <chrono>
+#include <thread>
 
+#include "database/interruption.h"
 #include "database/session_pool.h"
 #include "unit/database/mariadb/native_test.h"
 #include "unit/database/mariadb/stalling_proxy.h"
@@ -103,6 +105,41 @@ TEST_F(MariaDbFailing, LeavesAStalledResultAtOnce) {
   EXPECT_FALSE(recordset->Eof());
   proxy.Stall();
   recordset->Close();
+}
+
+TEST_F(MariaDbFailing, LeavesASlowResultAtOnce) {
+  Run("CREATE VIEW Slow AS SELECT REPEAT('x', 20000) AS Text, SLEEP(0.03) AS Pause FROM seq_1_to_1000");
+  const auto recordset = Read(connection_, "SELECT * FROM Slow");
+  EXPECT_FALSE(recordset->Eof());
+  const auto start = std::chrono::steady_clock::now();
+  recordset->Close();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_EQ(Ask("SELECT 1"), Lines{"1"});
+}
+
+TEST_F(MariaDbFailing, KeepsNoPageWaitingForASessionThatDoesNotAnswerBetweenItsUsers) {
+  StallingProxy proxy(Port());
+  const auto connection = Through(proxy, ";Query Timeout=60");
+  connection->Execute("SET @trace = 1");
+  proxy.Stall();
+  connection->Close();
+}
+
+TEST_F(MariaDbFailing, ReadsOnHoweverSlowlyAPageTakesItsRows) {
+  const auto hasty = Connect(database_.ConnectionString() + ";Query Timeout=1");
+  const auto recordset = Read(hasty, "SELECT CAST(seq AS INTEGER), REPEAT('x', 1000) FROM seq_1_to_20000");
+  for (int i = 0; i < 5; ++i, recordset->MoveNext())
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  EXPECT_EQ(Rest(*recordset).size(), 19995u);
+}
+
+TEST_F(MariaDbFailing, StopsWaitingWhenTheHostWantsToStop) {
+  const auto waiting = Connect(database_.ConnectionString() + ";Query Timeout=0");
+  database::StopStatementsWhen([]() noexcept { return true; });
+  EXPECT_EQ(MessageOf([&] { Rows(waiting, "SELECT SLEEP(60)"); }),
+            "The page has run out of time; the connection is given up (SQLSTATE HY008)");
+  database::StopStatementsWhen(nullptr);
+  EXPECT_EQ(Rows(Connect(database_.ConnectionString() + ";Query Timeout=0"), "SELECT 1"), Lines{"1"});
 }
 
 TEST_F(MariaDbFailing, DoesNotKeepASessionThatWasGivenUp) {

@@ -87,6 +87,16 @@ TEST_F(MariaDbSession, LeavesALongResultInTheMiddle) {
   EXPECT_NE(Id(), id) << "in another connection, which is cheaper than to read the rest";
 }
 
+TEST_F(MariaDbSession, LeavesARestOfFewLongRowsToo) {
+  const std::string id = Id();
+  Reopen();
+  const auto recordset =
+      Read(connection_, "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000000) FROM seq_1_to_100");
+  EXPECT_FALSE(recordset->Eof());
+  recordset->Close();
+  EXPECT_NE(Id(), id);
+}
+
 TEST_F(MariaDbSession, ReadsAShortRestToItsEnd) {
   const std::string id = Id();
   const auto recordset = Read(connection_, "SELECT CAST(seq AS CHAR(9)) FROM seq_1_to_100");
