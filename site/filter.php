@@ -23,10 +23,9 @@ html($categories->Fields["Name"]->Value) ?></option>
 <?php
 $view = new Dralo\DbView();
 $view->DrConnection = $connection;
-$view->sql = "SELECT ID, Name, Unit, Price, InStock, SoldSince FROM Products WHERE InStock >= " . ($in_stock ? 1 : 0);
-if ((int) $chosen > 0) {
-    $view->sql .= " AND Category = " . (int) $chosen;
-}
+$view->sql = "SELECT ID, Name, Unit, Price, InStock, SoldSince FROM Products
+              WHERE InStock >= ? AND (Category = ? OR ? = 0)";
+$view->SqlParameters = [$in_stock ? 1 : 0, (int) $chosen, (int) $chosen];
 $view->OrderByFields = "2";
 $view->GridDisplayFieldNames = ",Product,,,In stock,Sold since";
 $view->GridFormatCellFunction[4] = "FORMATNUMBER,2";

@@ -17,19 +17,13 @@ $orders = ["Company" => "Company, ID", "City" => "City, Company, ID", "Newest" =
 </select></label>
 <button>Search</button>
 </form>
-<p class="hint">The rows come from a command, so the headings are no sort links: the order is chosen in the form.</p>
 <?php
-$command = Dralo\CreateObject("ADODB.Command");
-$command->CommandText = "SELECT ID, Company, Contact, City, Country, Since FROM Customers
-                         WHERE Company LIKE ? OR Contact LIKE ? OR City LIKE ?
-                         ORDER BY " . ($orders[$order] ?? $orders["Company"]);
-for ($place = 0; $place < 3; $place++) {
-    $command->Parameters[] = "%$search%";
-}
-
 $view = new Dralo\DbView();
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
-$view->StoredProcCommand = $command;
+$view->sql = "SELECT ID, Company, Contact, City, Country, Since FROM Customers
+              WHERE Company LIKE ? OR Contact LIKE ? OR City LIKE ?";
+$view->SqlParameters = ["%$search%", "%$search%", "%$search%"];
+$view->OrderByFields = $orders[$order] ?? $orders["Company"];
 $view->RecordsPerPage = 10;
 $view->ImageDir = "/gfx/";
 $view->Width = "100%";

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "component/db_connection.h"
 #include "component/db_view.h"
@@ -20,7 +21,8 @@ constexpr std::string_view kHead = R"(# Properties
 
 <!-- Printed by list_properties from the property tables: do not edit. -->
 
-Names are found in any letter case. "integer" has 16 bits, "long" has 32; both are `int` in PHP.
+Names are found in any letter case. "integer" has 16 bits, "long" has 32; both are `int` in PHP. A "list" is an
+`array` of database values: null, bool, int, float, string or DateTimeInterface; its keys do not count.
 Properties of columns count every field of the query from 1, hidden ones too.
 
 ## Dralo\DbView
@@ -56,6 +58,8 @@ std::string_view TypeName(PropertyType type) {
       return "integer";
     case PropertyType::kLong:
       return "long";
+    case PropertyType::kList:
+      return "list";
     case PropertyType::kObject:
       break;
   }
@@ -82,6 +86,9 @@ struct DefaultText {
   std::string operator()(const std::string& text) const { return text.empty() ? "empty" : Code(text); }
   std::string operator()(const dralo::platform::ObjectPtr& object) const {
     return object == nullptr ? "none" : "one of its own";
+  }
+  std::string operator()(const std::vector<dralo::platform::Variant>& list) const {
+    return list.empty() ? "empty" : std::to_string(list.size()) + " values";
   }
 };
 

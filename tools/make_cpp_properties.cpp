@@ -23,6 +23,8 @@ constexpr std::string_view kViewHead = R"(#pragma once
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "dralo/command.h"
 #include "dralo/db_connection.h"
@@ -82,6 +84,8 @@ Spelling SpellingOf(PropertyType type, std::string_view object_class) {
       return {"std::int16_t", "std::int16_t"};
     case PropertyType::kLong:
       return {"std::int32_t", "std::int32_t"};
+    case PropertyType::kList:
+      return {"std::vector<Variant>", "std::vector<Variant>"};
     case PropertyType::kObject:
       break;
   }
@@ -114,7 +118,8 @@ void PrintProperties(std::span<const dralo::component::Property<Owner>> rows) {
     const std::string getter =
         Joined({"  ", read, " ", name, "() const { return Typed<", read, ">(\"", row.name, "\"); }\n"});
     const std::string setter =
-        Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name, "\", value); }\n"});
+        Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name,
+                row.type == PropertyType::kList ? "\", std::move(value)); }\n" : "\", value); }\n"});
     PrintFunctions(row.doc, row.get == nullptr ? "" : getter, row.set == nullptr ? "" : setter);
   }
 }

@@ -179,6 +179,8 @@ std::string PhpType(PropertyType type, std::string_view object_class) {
     case PropertyType::kInteger:
     case PropertyType::kLong:
       return "int";
+    case PropertyType::kList:
+      return "array";
     case PropertyType::kObject:
       break;
   }

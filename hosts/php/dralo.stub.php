@@ -38,6 +38,18 @@ final class DbView
     /** The statement that deletes a record, without its WHERE, such as DELETE FROM Customers. */
     public string $DeleteSQL;
 
+    /** Values for the ? of sql in their order, also where it is counted, downloaded or is FormSQL or EditSQL too. */
+    public array $SqlParameters;
+
+    /** Values for the ? of FormSQL. */
+    public array $FormSqlParameters;
+
+    /** Values for the ? of EditSQL. */
+    public array $EditSqlParameters;
+
+    /** Values for the ? of DeleteSQL. */
+    public array $DeleteSqlParameters;
+
     /** Carries the text of sql in the page, so that later requests use it. */
     public bool $PersistentSQL;
 

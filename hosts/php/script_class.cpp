@@ -49,6 +49,8 @@ zend_type PhpType(component::PropertyType type, const ScriptClass* holds) {
     case component::PropertyType::kInteger:
     case component::PropertyType::kLong:
       return ZEND_TYPE_INIT_MASK(MAY_BE_LONG);
+    case component::PropertyType::kList:
+      return ZEND_TYPE_INIT_MASK(MAY_BE_ARRAY);
     case component::PropertyType::kObject:
       break;
   }

@@ -87,6 +87,27 @@ platform::Variant ToVariant(const zval* value) {
           zend_zval_type_name(value) + " given"};
 }
 
+void PutList(const std::vector<platform::Variant>& list, zval* result) {
+  CallPhp([&] { array_init_size(result, static_cast<std::uint32_t>(list.size())); });
+  for (const platform::Variant& item : list) {
+    zval value;
+    PutVariant(platform::View(item), &value);
+    CallPhp([&] { add_next_index_zval(result, &value); });
+  }
+}
+
+std::vector<platform::Variant> ToList(HashTable* array) {
+  std::vector<platform::Variant> list;
+  list.reserve(zend_hash_num_elements(array));
+  zval* item = nullptr;
+  ZEND_HASH_FOREACH_VAL(array, item) {
+    ZVAL_DEREF(item);
+    list.push_back(ToVariant(item));
+  }
+  ZEND_HASH_FOREACH_END();
+  return list;
+}
+
 void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* holds, zval* result) {
   if (const auto* text = std::get_if<std::string>(&value)) {
     PutText(*text, result);
@@ -94,12 +115,15 @@ void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* 
     ZVAL_LONG(result, *number);
   } else if (const auto* flag = std::get_if<bool>(&value)) {
     ZVAL_BOOL(result, *flag);
+  } else if (const auto* list = std::get_if<std::vector<platform::Variant>>(&value)) {
+    PutList(*list, result);
   } else {
     PutObject(*holds, std::get<platform::ObjectPtr>(value), result);
   }
 }
 
 component::PropertyValue ToPropertyValue(const zval* value) {
+  if (Z_TYPE_P(value) == IS_ARRAY) return ToList(Z_ARRVAL_P(value));
   if (auto scalar = ToScalar<component::PropertyValue>(value)) return *std::move(scalar);
   return Z_TYPE_P(value) == IS_OBJECT ? NativeOf(Z_OBJ_P(value)) : platform::ObjectPtr();
 }

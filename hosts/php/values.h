@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "component/property.h"
 #include "dralo/variant.h"
@@ -20,10 +21,16 @@ void PutVariant(const platform::VariantView& value, zval* result);
 /// Throws ScriptError for any other value.
 platform::Variant ToVariant(const zval* value);
 
+/// A list becomes an array numbered from 0; of an array the values are taken in their order, whatever its
+/// keys. ToList() throws as ToVariant() does.
+void PutList(const std::vector<platform::Variant>& list, zval* result);
+std::vector<platform::Variant> ToList(HashTable* array);
+
 /// `holds` is the class of an object property.
 void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* holds, zval* result);
 
-/// `value` has the PHP type of a property: bool, int, string, one of our objects, or null for no object.
+/// `value` has the PHP type of a property: bool, int, string, array, one of our objects, or null for no
+/// object.
 component::PropertyValue ToPropertyValue(const zval* value);
 
 inline std::string_view View(const zend_string* text) { return {ZSTR_VAL(text), ZSTR_LEN(text)}; }

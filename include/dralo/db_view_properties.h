@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "dralo/command.h"
 #include "dralo/db_connection.h"
@@ -31,6 +33,18 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// The statement that deletes a record, without its WHERE, such as DELETE FROM Customers.
   std::string DeleteSQL() const { return Typed<std::string>("DeleteSQL"); }
   void SetDeleteSQL(std::string_view value) { SetTyped("DeleteSQL", value); }
+  /// Values for the ? of sql in their order, also where it is counted, downloaded or is FormSQL or EditSQL too.
+  std::vector<Variant> SqlParameters() const { return Typed<std::vector<Variant>>("SqlParameters"); }
+  void SetSqlParameters(std::vector<Variant> value) { SetTyped("SqlParameters", std::move(value)); }
+  /// Values for the ? of FormSQL.
+  std::vector<Variant> FormSqlParameters() const { return Typed<std::vector<Variant>>("FormSqlParameters"); }
+  void SetFormSqlParameters(std::vector<Variant> value) { SetTyped("FormSqlParameters", std::move(value)); }
+  /// Values for the ? of EditSQL.
+  std::vector<Variant> EditSqlParameters() const { return Typed<std::vector<Variant>>("EditSqlParameters"); }
+  void SetEditSqlParameters(std::vector<Variant> value) { SetTyped("EditSqlParameters", std::move(value)); }
+  /// Values for the ? of DeleteSQL.
+  std::vector<Variant> DeleteSqlParameters() const { return Typed<std::vector<Variant>>("DeleteSqlParameters"); }
+  void SetDeleteSqlParameters(std::vector<Variant> value) { SetTyped("DeleteSqlParameters", std::move(value)); }
   /// Carries the text of sql in the page, so that later requests use it.
   bool PersistentSQL() const { return Typed<bool>("PersistentSQL"); }
   void SetPersistentSQL(bool value) { SetTyped("PersistentSQL", value); }

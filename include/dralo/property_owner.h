@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <variant>
+#include <vector>
 
 #include "dralo/object.h"
 #include "dralo/variant.h"
@@ -13,7 +15,7 @@
 namespace dralo {
 
 /// A property's value of any type. Numbers of both widths are 64-bit here; a null pointer is "no object".
-using PropertyValue = std::variant<bool, std::int64_t, std::string, ObjectPtr>;
+using PropertyValue = std::variant<bool, std::int64_t, std::string, ObjectPtr, std::vector<Variant>>;
 
 /// An object whose properties are found by name, in any letter case.
 class PropertyOwner {
@@ -31,7 +33,8 @@ class PropertyOwner {
   template <class Type>
   Type Typed(std::string_view name) const {
     const PropertyValue value = Get(name);
-    if constexpr (std::is_same_v<Type, bool> || std::is_same_v<Type, std::string>) {
+    if constexpr (std::is_same_v<Type, bool> || std::is_same_v<Type, std::string> ||
+                  std::is_same_v<Type, std::vector<Variant>>) {
       return std::get<Type>(value);
     } else if constexpr (std::is_integral_v<Type>) {
       return static_cast<Type>(std::get<std::int64_t>(value));
@@ -45,6 +48,7 @@ class PropertyOwner {
   void SetTyped(std::string_view name, std::int32_t number) { Set(name, std::int64_t{number}); }
   void SetTyped(std::string_view name, std::string_view text) { Set(name, std::string(text)); }
   void SetTyped(std::string_view name, const ObjectPtr& object) { Set(name, object); }
+  void SetTyped(std::string_view name, std::vector<Variant> list) { Set(name, std::move(list)); }
 };
 
 /// One that also has properties with a number, such as the number of a column.

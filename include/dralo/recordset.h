@@ -54,9 +54,9 @@ class Recordset : public Object {
   /// the record faster, and more exactly where a key is not among the fields.
   virtual void SetIdentity(RecordIdentity identity) = 0;
 
-  /// A statement whose only value is the number of all rows, to be run with them; see Counted(). Set before
-  /// opening.
-  virtual void SetCounting(std::string statement) = 0;
+  /// A statement whose only value is the number of all rows, to be run with them, and the values of its "?";
+  /// see Counted(). Set before opening.
+  virtual void SetCounting(std::string statement, std::vector<Variant> parameters = {}) = 0;
 
   /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
   /// Rows can be added and changed when the cursor is kKeyset on the client with an optimistic lock, and the

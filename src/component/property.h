@@ -18,6 +18,7 @@ enum class PropertyType {
   kInteger,  ///< 16 bits, signed
   kLong,     ///< 32 bits, signed
   kObject,   ///< a reference, or none
+  kList,     ///< of database values
 };
 
 enum class Access { kReadWrite, kReadOnly, kWriteOnly };

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "component/property.h"
 
@@ -31,6 +32,10 @@ struct MemberTraits<std::int32_t> {
 template <>
 struct MemberTraits<std::string> {
   static constexpr PropertyType kType = PropertyType::kText;
+};
+template <>
+struct MemberTraits<std::vector<platform::Variant>> {
+  static constexpr PropertyType kType = PropertyType::kList;
 };
 template <class Class>
 struct MemberTraits<std::shared_ptr<Class>> {
@@ -58,6 +63,9 @@ Member FromPropertyValue(const PropertyValue& value) {
   } else if constexpr (std::is_same_v<Member, std::string>) {
     if (const auto* text = std::get_if<std::string>(&value)) return *text;
     throw std::invalid_argument("must be a text");
+  } else if constexpr (std::is_same_v<Member, std::vector<platform::Variant>>) {
+    if (const auto* list = std::get_if<Member>(&value)) return *list;
+    throw std::invalid_argument("must be a list of values");
   } else if constexpr (std::is_integral_v<Member>) {
     using Limits = std::numeric_limits<Member>;
     const auto* number = std::get_if<std::int64_t>(&value);

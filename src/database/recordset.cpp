@@ -68,7 +68,7 @@ std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_
 std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query) {
   Session& session = connection->GetSession();
   counted_.reset();
-  const Query count{.text = counting_, .max_records = 1};
+  const Query count{.text = counting_, .parameters = counting_parameters_, .max_records = 1};
   if (!counting_.empty() && !session.CountsBesideRows()) counted_ = session.Ask(count);
   auto cursor = session.Prepare(query);
   auto columns = cursor->GetColumns();
@@ -103,7 +103,7 @@ Variant Recordset::Counted() {
   if (counting_.empty()) throw Error("The recordset has no counting statement");
   if (counted_) return *counted_;
   Session& session = connection_->GetSession();
-  const Query count{.text = counting_, .max_records = 1};
+  const Query count{.text = counting_, .parameters = counting_parameters_, .max_records = 1};
   const bool is_beside = position_ == Position::kBeforeFirst && updatable_ == nullptr;
   counted_ = is_beside ? session.CountBeside(count, *cursor_) : session.Ask(count);
   return *counted_;

@@ -37,7 +37,10 @@ class Recordset final : public platform::Recordset {
   platform::CursorLocation Location() const override { return location_; }
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { criteria_ = criteria; }
   void SetIdentity(platform::RecordIdentity identity) override { identity_ = std::move(identity); }
-  void SetCounting(std::string statement) override { counting_ = std::move(statement); }
+  void SetCounting(std::string statement, std::vector<platform::Variant> parameters = {}) override {
+    counting_ = std::move(statement);
+    counting_parameters_ = std::move(parameters);
+  }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
             platform::CursorType cursor = platform::CursorType::kForwardOnly,
             platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
@@ -102,6 +105,7 @@ class Recordset final : public platform::Recordset {
   Position position_ = Position::kClosed;
   std::shared_ptr<Connection> connection_;
   std::unique_ptr<Cursor> cursor_;
+  std::vector<platform::Variant> counting_parameters_;
   ClientCursor* updatable_ = nullptr;  ///< The cursor when rows can be changed.
   std::int64_t passed_ = 0;            ///< Rows before the current one.
   std::optional<Edit> edit_;

@@ -5,6 +5,7 @@
 
 #include "driver/record_count.h"
 #include "settings/open_connection.h"
+#include "settings/statement_parameters.h"
 #include "state/request_state.h"
 
 namespace dralo::driver {
@@ -39,7 +40,7 @@ void CountRecords(state::Render& render, bool wanted) {
     render.outcome.record_count = CountCommandRows(render);
   } else if (!render.view.sql.empty()) {
     render.outcome.record_count =
-        RecordCount(render.environment, settings::OpenConnection(settings), render.view.sql);
+        RecordCount(render.environment, settings, render.view.sql, settings.SqlParameters);
   }
 }
 
@@ -63,7 +64,7 @@ void OpenCommand(Recordset& recordset, const settings::Settings& settings, Curso
       command.active_connection ? command.active_connection : settings::OpenConnection(settings);
   bound.command_text = command.command_text;
   bound.command_type = command.command_type;
-  bound.parameters = command.parameters;
+  bound.parameters = command.parameters.empty() ? settings.SqlParameters : command.parameters;
   recordset.Open(bound, cursor, lock);
 }
 
@@ -73,7 +74,7 @@ std::int64_t PageRecordLimit(const state::Render& render) {
 }
 
 std::shared_ptr<Recordset> OpenMainRecordset(const state::Render& render, const std::string& sql,
-                                             std::int64_t record_limit) {
+                                             settings::Parameters parameters, std::int64_t record_limit) {
   const settings::Settings& settings = render.settings;
   if (settings.has_supplied_recordset) return settings.ADORecordset;
   auto recordset = NewRecordset(render.environment);
@@ -82,7 +83,7 @@ std::shared_ptr<Recordset> OpenMainRecordset(const state::Render& render, const 
     return recordset;
   }
   recordset->SetMaxRecords(record_limit);
-  recordset->Open(sql, settings::OpenConnection(settings), CursorType::kForwardOnly, LockType::kReadOnly);
+  settings::OpenWithParameters(*recordset, settings, sql, parameters);
   return recordset;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dralo/recordset.h"
+#include "settings/statement_parameters.h"
 #include "state/render.h"
 
 namespace dralo::driver {
@@ -19,7 +20,8 @@ const std::string& StatementText(const state::Render& render);
 /// `sql` with the order of the view behind it.
 std::string OrderedSql(const state::ViewState& view, std::string sql);
 
-/// Runs the view's command on its connection, or on its own when it has one.
+/// Runs the view's command on its connection, or on its own when it has one. Without parameters of its own it
+/// has those of `sql`.
 void OpenCommand(platform::Recordset& recordset, const settings::Settings& settings,
                  platform::CursorType cursor, platform::LockType lock);
 
@@ -30,9 +32,10 @@ std::int64_t PageRecordLimit(const state::Render& render);
 /// A closed recordset.
 std::shared_ptr<platform::Recordset> NewRecordset(platform::Environment& environment);
 
-/// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already,
-/// with at most `record_limit` records; 0 means all.
+/// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already, and
+/// `parameters`, with at most `record_limit` records; 0 means all.
 std::shared_ptr<platform::Recordset> OpenMainRecordset(const state::Render& render, const std::string& sql,
+                                                       settings::Parameters parameters,
                                                        std::int64_t record_limit);
 
 /// After the last-page button: cuts RecordCount to RecordsMaxLimit, so that the last page ends there.

@@ -12,11 +12,11 @@ std::string RecordCountStatement(std::string_view query) {
   return statement;
 }
 
-std::int32_t RecordCount(platform::Environment& environment,
-                         const std::shared_ptr<platform::Connection>& connection, std::string_view query) {
+std::int32_t RecordCount(platform::Environment& environment, const settings::Settings& settings,
+                         std::string_view query, settings::Parameters parameters) {
   const auto recordset = platform::Create<platform::Recordset>(environment, "ADODB.Recordset");
   recordset->SetMaxRecords(1);
-  recordset->Open(RecordCountStatement(query), connection);
+  settings::OpenWithParameters(*recordset, settings, RecordCountStatement(query), parameters);
   const std::int32_t count = CountOf(environment, recordset->Fields()[0]->Value());
   recordset->Close();
   return count;

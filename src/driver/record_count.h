@@ -1,22 +1,22 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
-#include "dralo/connection.h"
 #include "platform/environment.h"
+#include "settings/statement_parameters.h"
 
 namespace dralo::driver {
 
 /// The statement that counts the records of `query`, which must be valid as a derived table.
 std::string RecordCountStatement(std::string_view query);
 
-/// How many records `query` has. Throws platform::Error when the counting statement fails, its source being
-/// the counting statement, or when the number does not fit 32 bits.
-std::int32_t RecordCount(platform::Environment& environment,
-                         const std::shared_ptr<platform::Connection>& connection, std::string_view query);
+/// How many records `query` with its parameters has on the connection of the view. Throws platform::Error
+/// when the counting statement fails, its source being the counting statement, or when the number does not
+/// fit 32 bits.
+std::int32_t RecordCount(platform::Environment& environment, const settings::Settings& settings,
+                         std::string_view query, settings::Parameters parameters);
 
 /// The value of a counting statement as a number. Throws platform::Error when it does not fit 32 bits.
 std::int32_t CountOf(const platform::Environment& environment, platform::VariantView value);

@@ -7,7 +7,7 @@
 #include "driver/record_count.h"
 #include "editing/primary_keys.h"
 #include "settings/error_report.h"
-#include "settings/open_connection.h"
+#include "settings/statement_parameters.h"
 #include "state/primary_key_value_list.h"
 #include "text/blanks.h"
 
@@ -41,9 +41,14 @@ bool IsAddressedByKey(const Render& render) {
          state::CanAddressRecords(render, FormStatement(render));
 }
 
+settings::Parameters FormStatementParameters(const Render& render) {
+  return render.view.mode == state::Mode::kFormView ? settings::FormParameters(render.settings)
+                                                    : settings::EditParameters(render.settings);
+}
+
 std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string& sql) {
   auto recordset = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
-  recordset->Open(sql, settings::OpenConnection(render.settings));
+  settings::OpenWithParameters(*recordset, render.settings, sql, FormStatementParameters(render));
   return recordset;
 }
 
@@ -51,26 +56,27 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
 void OpenCounted(Render& render, ShownRecords& records) {
   records.main = NewRecordset(render.environment);
   records.main->SetMaxRecords(PageRecordLimit(render));
-  records.main->SetCounting(RecordCountStatement(render.view.sql));
-  records.main->Open(records.sql, settings::OpenConnection(render.settings),
-                     platform::CursorType::kForwardOnly, platform::LockType::kReadOnly);
+  const auto& parameters = render.settings.SqlParameters;
+  records.main->SetCounting(RecordCountStatement(render.view.sql), parameters);
+  settings::OpenWithParameters(*records.main, render.settings, records.sql, parameters);
   MoveToCurrentRecord(render, *records.main);
   records.counting = Counting::kFailed;
   render.outcome.record_count = CountOf(render.environment, platform::View(records.main->Counted()));
   records.counting = Counting::kNone;
   if (render.view.current_record <= std::max(render.outcome.record_count, 1)) return;
   records.main->Close();
-  records.main = OpenMainRecordset(render, records.sql, PageRecordLimit(render));
+  records.main = OpenMainRecordset(render, records.sql, parameters, PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
 }
 
 /// Opens the view's own records and goes to the current one.
-void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownRecords& records) {
+void OpenAtCurrentRecord(Render& render, const std::string& statement, settings::Parameters parameters,
+                         ShownRecords& records) {
   const Settings& settings = render.settings;
   const bool last = render.keys.WasPressed(key::kLast);
   records.sql = IsText(settings) ? OrderedSql(render.view, statement) : StatementText(render);
   if (records.counting == Counting::kWanted) return OpenCounted(render, records);
-  records.main = OpenMainRecordset(render, records.sql, last ? 0 : PageRecordLimit(render));
+  records.main = OpenMainRecordset(render, records.sql, parameters, last ? 0 : PageRecordLimit(render));
   MoveToCurrentRecord(render, *records.main);
   if (render.view.mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
@@ -78,7 +84,7 @@ void OpenAtCurrentRecord(Render& render, const std::string& statement, ShownReco
 /// Returns whether the posted key addresses the record to show, which is open then.
 bool OpenByPostedKey(Render& render, ShownRecords& records) {
   if (!IsAddressedByKey(render)) return false;
-  const std::string sql = editing::GetSqlPK(render, FormStatement(render));
+  const std::string sql = editing::GetSqlPK(render, FormStatement(render), FormStatementParameters(render));
   if (sql.empty()) return false;
   records.sql = sql;
   auto record = OpenOneRecord(render, sql);
@@ -86,7 +92,7 @@ bool OpenByPostedKey(Render& render, ShownRecords& records) {
   if (render.outcome.change == state::Change::kSaved && record->Eof()) return false;
   // The bar needs what is paged through. It stays at its start: the record number says nothing about a record
   // that was found by its key.
-  records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, 0);
+  records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, {}, 0);
   records.sql = sql;
   records.keyed = std::move(record);
   records.is_addressed_by_key = true;
@@ -110,7 +116,8 @@ void OpenInFormStatement(Render& render, const std::string& form_statement, Show
   const bool has_keys = !text::IsBlank(render.settings.EditPrimaryKeys);
   if (!state::IsForm(render.view.mode) || render.view.records_on_page != 1 || !has_keys) return;
   if (!state::CanAddressRecords(render, form_statement) || records.main->Eof()) return;
-  const std::string sql = editing::GetSqlPK(render, form_statement, records.main.get());
+  const std::string sql =
+      editing::GetSqlPK(render, form_statement, FormStatementParameters(render), records.main.get());
   if (sql.empty()) return;
   records.keyed = OpenOneRecord(render, sql);
   // Without a count only the record behind the current one tells whether there is a next page.
@@ -122,7 +129,8 @@ void OpenFieldsOnly(const Render& render, const std::string& form_statement, Sho
   if (records.keyed != nullptr || !state::CanAddressRecords(render, form_statement)) return;
   records.keyed = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   records.keyed->SetMaxRecords(1);
-  records.keyed->Open(form_statement, settings::OpenConnection(render.settings));
+  settings::OpenWithParameters(*records.keyed, render.settings, form_statement,
+                               FormStatementParameters(render));
   if (!records.keyed->Eof()) records.keyed->MoveNext();
 }
 
@@ -132,8 +140,9 @@ void OpenNewRecord(Render& render, ShownRecords& records) {
   records.main = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   records.main->SetMaxRecords(1);
   records.main->SetCursorLocation(platform::CursorLocation::kClient);
-  records.main->Open(records.sql, settings::OpenConnection(render.settings), platform::CursorType::kKeyset,
-                     platform::LockType::kOptimistic);
+  settings::OpenWithParameters(*records.main, render.settings, records.sql,
+                               settings::EditParameters(render.settings), platform::CursorType::kKeyset,
+                               platform::LockType::kOptimistic);
   try {
     records.main->AddNew();
     records.is_added = true;
@@ -159,7 +168,8 @@ void OpenShownRecords(Render& render, ShownRecords& records) {
   const bool only_form =
       IsText(render.settings) && render.view.sql.empty() && state::IsForm(render.view.mode);
   const std::string& statement = only_form ? form_statement : render.view.sql;
-  OpenAtCurrentRecord(render, statement, records);
+  OpenAtCurrentRecord(render, statement,
+                      only_form ? FormStatementParameters(render) : render.settings.SqlParameters, records);
   if (form_statement == statement) return;
   OpenInFormStatement(render, form_statement, records);
   if (has_failed) OpenFieldsOnly(render, form_statement, records);

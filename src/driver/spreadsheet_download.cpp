@@ -18,8 +18,8 @@ constexpr std::string_view kRenderer = "WriteExcelTable";
 /// The records at the first of them. A query that fails does so here, while the page can still be one.
 std::shared_ptr<platform::Recordset> OpenRecords(const state::Render& render) {
   const std::int64_t limit = std::max(render.settings.RecordsMaxLimit, 1);
-  std::shared_ptr<platform::Recordset> recordset =
-      OpenMainRecordset(render, OrderedSql(render.view, render.view.sql), limit);
+  std::shared_ptr<platform::Recordset> recordset = OpenMainRecordset(
+      render, OrderedSql(render.view, render.view.sql), render.settings.SqlParameters, limit);
   static_cast<void>(recordset->Eof());
   return recordset;
 }

@@ -133,8 +133,12 @@ class KeyInputs {
   const state::FieldInputs inputs_;
 };
 
-std::string EditSqlWhere(const state::Render& render, std::string_view condition) {
-  return std::string(WithoutWhere(render.settings.EditSQL)).append(" WHERE ").append(condition);
+/// The first records of EditSQL under another condition, at most that many.
+std::shared_ptr<platform::Recordset> OpenEditSqlWhere(const state::Render& render, std::string_view condition,
+                                                      std::int64_t rows) {
+  const std::string_view all = WithoutWhere(render.settings.EditSQL);
+  return OpenFirstRows(render, std::string(all).append(" WHERE ").append(condition),
+                       settings::EditParametersOf(render.settings, all), rows);
 }
 
 }  // namespace
@@ -152,13 +156,13 @@ PostedKey ReadPostedKey(const state::Render& render, const QuerySchema& schema) 
 }
 
 void RefuseAmbiguousKey(const state::Render& render, const PostedKey& key) {
-  if (!key.also_shown.empty() && !OpenFirstRows(render, EditSqlWhere(render, key.also_shown))->Eof())
+  if (!key.also_shown.empty() && !OpenEditSqlWhere(render, key.also_shown, 1)->Eof())
     throw platform::Error("The posted key is empty, and so are those of several records");
 }
 
 void RefuseSharedKey(const state::Render& render, const PostedKey& key) {
   if (!key.exact.empty()) return;
-  const auto records = OpenFirstRows(render, EditSqlWhere(render, key.condition), 2);
+  const auto records = OpenEditSqlWhere(render, key.condition, 2);
   if (records->Eof()) return;
   records->MoveNext();
   if (!records->Eof()) throw platform::Error("Several records have the posted key, so none was saved");

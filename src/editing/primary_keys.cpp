@@ -89,7 +89,8 @@ std::string FirstValue(const Render& render, std::string_view statement) {
 
 }  // namespace
 
-std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
+std::string GetSqlPK(Render& render, std::string_view sql, settings::Parameters parameters,
+                     Recordset* shown) {
   const settings::Settings& settings = render.settings;
   if (text::IsBlank(settings.EditPrimaryKeys)) {
     render.Errors().AddMissingKeys();
@@ -98,7 +99,7 @@ std::string GetSqlPK(Render& render, std::string_view sql, Recordset* shown) {
   return settings::Guarded(render.Errors(), "GetSqlPK.", std::string(), [&]() -> std::string {
     if (shown != nullptr && shown->Eof()) return {};
     const Texts names = KeyNames(settings);
-    const QuerySchema schema = ReadQuerySchema(render, sql);
+    const QuerySchema schema = ReadQuerySchema(render, sql, parameters);
     if (!schema.has_rows) return {};
     const Texts values = shown != nullptr ? ShownKeyValues(*shown, names) : PostedKeyValues(render, names);
     return Restricted(sql, ConditionFor(render, schema, names, values));

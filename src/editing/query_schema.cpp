@@ -4,7 +4,6 @@
 
 #include "dralo/error.h"
 #include "platform/field_kind.h"
-#include "settings/open_connection.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"
 #include "text/list.h"
@@ -23,17 +22,17 @@ const SchemaField* QuerySchema::Find(std::string_view name) const {
 }
 
 std::shared_ptr<platform::Recordset> OpenFirstRows(const state::Render& render, std::string_view sql,
-                                                   std::int64_t rows) {
+                                                   settings::Parameters parameters, std::int64_t rows) {
   auto recordset = platform::Create<platform::Recordset>(render.environment, "ADODB.Recordset");
   recordset->SetMaxRecords(rows);
   recordset->SetCursorLocation(platform::CursorLocation::kClient);
-  recordset->Open(sql, settings::OpenConnection(render.settings), platform::CursorType::kForwardOnly,
-                  platform::LockType::kReadOnly);
+  settings::OpenWithParameters(*recordset, render.settings, sql, parameters);
   return recordset;
 }
 
-QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql) {
-  const auto recordset = OpenFirstRows(render, sql);
+QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql,
+                            settings::Parameters parameters) {
+  const auto recordset = OpenFirstRows(render, sql, parameters);
   QuerySchema schema;
   schema.has_rows = !recordset->Eof();
   for (const platform::Field* field : recordset->Fields()) {

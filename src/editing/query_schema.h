@@ -10,6 +10,7 @@
 #include "dralo/field.h"
 #include "dralo/recordset.h"
 #include "dralo/type_code.h"
+#include "settings/statement_parameters.h"
 #include "state/render.h"
 
 namespace dralo::editing {
@@ -35,13 +36,15 @@ struct QuerySchema {
   const SchemaField* Find(std::string_view name) const;
 };
 
-/// The first rows of `sql`, at most that many, on the view's connection. Throws platform::Error when it does
-/// not open.
+/// The first rows of `sql` with its parameters, at most that many, on the view's connection. Throws
+/// platform::Error when it does not open.
 std::shared_ptr<platform::Recordset> OpenFirstRows(const state::Render& render, std::string_view sql,
+                                                   settings::Parameters parameters = {},
                                                    std::int64_t rows = 1);
 
 /// Opens `sql` on the view's connection to learn its columns. Throws platform::Error when it does not open.
-QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql);
+QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql,
+                            settings::Parameters parameters = {});
 
 /// The statement without its first WHERE and all that follows, an ORDER BY included.
 std::string_view WithoutWhere(std::string_view sql);

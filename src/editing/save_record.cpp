@@ -17,7 +17,7 @@
 #include "editing/primary_keys.h"
 #include "platform/field_kind.h"
 #include "settings/field_lists.h"
-#include "settings/open_connection.h"
+#include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
 #include "text/letter_case.h"
 
@@ -61,8 +61,9 @@ class Save {
       recordset_->SetIdentity({KeyNames(settings_), key_.outside_columns});
     }
     try {
-      recordset_->Open(statement, settings::OpenConnection(settings_), platform::CursorType::kKeyset,
-                       platform::LockType::kOptimistic);
+      const auto parameters = settings::EditParametersOf(settings_, WithoutWhere(settings_.EditSQL));
+      settings::OpenWithParameters(*recordset_, settings_, statement, parameters,
+                                   platform::CursorType::kKeyset, platform::LockType::kOptimistic);
       if (is_insert_) return true;  // Without reading a row of the whole table.
       is_found_ = !recordset_->Eof();
     } catch (const std::exception& error) {

@@ -11,6 +11,7 @@
 #include "editing/save_record.h"
 #include "settings/open_connection.h"
 #include "text/blanks.h"
+#include "settings/statement_parameters.h"
 
 namespace dralo::editing {
 namespace {
@@ -28,7 +29,7 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
   RefuseAmbiguousKey(render, key);
   std::int64_t changed = 0;
   try {
-    changed = settings::OpenConnection(settings)->ChangeOneRecord(statement);
+    changed = settings::OpenConnection(settings)->ChangeOneRecord(statement, settings.DeleteSqlParameters);
   } catch (const std::exception& error) {
     render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
     return false;
@@ -44,7 +45,7 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
 
 bool CarryOut(state::Render& render, std::string& statement) {
   const settings::Settings& settings = render.settings;
-  const QuerySchema schema = ReadQuerySchema(render, statement);
+  const QuerySchema schema = ReadQuerySchema(render, statement, settings::EditParameters(settings));
   const bool is_delete = !settings.DeleteSQL.empty() && render.keys.Has(key::kFormDelete);
   const bool is_done =
       is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);

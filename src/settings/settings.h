@@ -53,6 +53,10 @@ struct Settings {
   std::string FormSQL = "";
   std::string EditSQL = "";
   std::string DeleteSQL = "";
+  std::vector<platform::Variant> SqlParameters;
+  std::vector<platform::Variant> FormSqlParameters;
+  std::vector<platform::Variant> EditSqlParameters;
+  std::vector<platform::Variant> DeleteSqlParameters;
   bool PersistentSQL = false;
   std::shared_ptr<platform::Command> StoredProcCommand;
   std::string ConnectionString = "";

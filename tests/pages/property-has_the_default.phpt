@@ -20,6 +20,10 @@ sql ""
 FormSQL ""
 EditSQL ""
 DeleteSQL ""
+SqlParameters []
+FormSqlParameters []
+EditSqlParameters []
+DeleteSqlParameters []
 PersistentSQL false
 StoredProcCommand null
 ConnectionString ""

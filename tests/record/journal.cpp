@@ -62,6 +62,9 @@ void Journal::AddProperty(std::string_view what, const PropertyValue& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return Add(what, *text);
   if (const auto* number = std::get_if<std::int64_t>(&value)) return Add(what, std::to_string(*number));
   if (const auto* flag = std::get_if<bool>(&value)) return Add(what, *flag ? "true" : "false");
+  if (const auto* list = std::get_if<std::vector<Variant>>(&value)) {
+    return Add(what, std::to_string(list->size()) + " values");
+  }
   Add(what, std::get<ObjectPtr>(value) == nullptr ? "no object" : "object");
 }
 

@@ -163,6 +163,8 @@ PropertyValue PageScript::RandomValue(const ViewProperty& property) {
       return RandomNumber();
     case PropertyType::kObject:
       return ObjectPtr();
+    case PropertyType::kList:
+      return std::vector<Variant>();
     case PropertyType::kText:
       return std::string(chance_.Pick(kind < 85 ? SuitableTexts(property.name) : AwkwardTexts()));
   }

@@ -74,7 +74,7 @@ class FakeRecords : public platform::Recordset {
   void Open(std::string_view, const std::shared_ptr<platform::Connection>&, platform::CursorType,
             platform::LockType, int) override {}
   void Open(platform::Command&, platform::CursorType, platform::LockType, int) override {}
-  void SetCounting(std::string) override {}
+  void SetCounting(std::string, std::vector<platform::Variant>) override {}
   platform::Variant Counted() override { return std::int64_t{rows_}; }
   void SetIdentity(platform::RecordIdentity) override {}
   void AddNew() override {}

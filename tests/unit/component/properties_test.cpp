@@ -55,6 +55,8 @@ PropertyValue NeutralValue(PropertyType type) {
       return false;
     case PropertyType::kObject:
       return platform::ObjectPtr();
+    case PropertyType::kList:
+      return std::vector<platform::Variant>();
     default:
       return std::int64_t{0};
   }
@@ -64,6 +66,9 @@ PropertyValue NeutralValue(PropertyType type) {
 PropertyValue DifferentFrom(const PropertyValue& value) {
   if (const auto* flag = std::get_if<bool>(&value)) return !*flag;
   if (const auto* number = std::get_if<std::int64_t>(&value)) return *number + 7;
+  if (std::holds_alternative<std::vector<platform::Variant>>(value)) {
+    return std::vector<platform::Variant>{std::int64_t{7}, std::string("seven"), platform::Null{}};
+  }
   return std::get<std::string>(value) + "X";
 }
 

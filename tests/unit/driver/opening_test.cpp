@@ -30,7 +30,9 @@ class NotingRecords : public tests::FakeRecords {
   }
 
   void SetMaxRecords(std::int64_t rows) override { calls_.push_back("at most " + std::to_string(rows)); }
-  void SetCounting(std::string statement) override { calls_.push_back("counted by " + statement); }
+  void SetCounting(std::string statement, std::vector<platform::Variant>) override {
+    calls_.push_back("counted by " + statement);
+  }
   platform::Variant Counted() override {
     calls_.emplace_back("count");
     return count_;

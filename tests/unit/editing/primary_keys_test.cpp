@@ -30,7 +30,7 @@ struct KeyedView : EditedView {
     const auto records = platform::Create<platform::Recordset>(AmericanEnvironment(), "ADODB.Recordset");
     records->Open(shown, settings::OpenConnection(Settings()));
     records->Move(moves);
-    return Rendered([&](state::Render& render) { return editing::GetSqlPK(render, sql, records.get()); });
+    return Rendered([&](state::Render& render) { return editing::GetSqlPK(render, sql, {}, records.get()); });
   }
 
   std::string NewKey(std::string_view statement) {

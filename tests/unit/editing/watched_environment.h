@@ -28,7 +28,9 @@ class WatchedRecordset final : public platform::Recordset {
   platform::CursorLocation Location() const override { return inner_->Location(); }
   void SetUpdateCriteria(platform::UpdateCriteria criteria) override { inner_->SetUpdateCriteria(criteria); }
   void SetIdentity(platform::RecordIdentity identity) override { inner_->SetIdentity(std::move(identity)); }
-  void SetCounting(std::string statement) override { inner_->SetCounting(std::move(statement)); }
+  void SetCounting(std::string statement, std::vector<platform::Variant> parameters) override {
+    inner_->SetCounting(std::move(statement), std::move(parameters));
+  }
   platform::Variant Counted() override { return inner_->Counted(); }
   void TakeTypesOfRow() override { inner_->TakeTypesOfRow(); }
   void Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
