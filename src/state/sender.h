@@ -1,0 +1,29 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "dralo/request.h"
+
+namespace dralo::state {
+
+/// The page whose form or script has sent a request.
+enum class Sender {
+  kOwn,      ///< One of this host, or of a trusted origin.
+  kForeign,  ///< One of another site, or the headers contradict themselves.
+  kUnknown,  ///< The headers say nothing about it, as no browser of today leaves them.
+};
+
+/// What the headers Sec-Fetch-Site, Origin and Referer say, the first of them that came. A browser sends them
+/// and no page can forge them. A trusted origin wins over Sec-Fetch-Site, which calls every other site
+/// foreign. Host names are compared without regard to letter case and without the port that the scheme
+/// implies; the scheme is not compared, because a server behind a proxy does not know its own. Of headers
+/// that came twice, and of a Host that is no name with a port, nothing is believed.
+Sender SenderOf(const platform::Request& request, std::span<const std::string> trusted_origins);
+
+/// Whether the request is for one of the hosts; for any when the list is empty. An entry without a port
+/// allows every port.
+bool IsForHost(const platform::Request& request, std::span<const std::string> hosts);
+
+}  // namespace dralo::state
