@@ -2,10 +2,12 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "component/db_connection.h"
 #include "component/db_view.h"
 #include "database/objects.h"
+#include "hosts/cpp/check_site.h"
 #include "hosts/cpp/providers.h"
 #include "regional/locale_formatting.h"
 #include "regional/reg_exp.h"
@@ -39,7 +41,15 @@ constexpr auto kRegistrations = std::to_array<Registration>({
 
 }  // namespace
 
-Environment::Environment(std::string_view locale) : formatting_(regional::MakeFormatting(locale)) {}
+Environment::Environment(std::string_view locale, platform::Site site)
+    : formatting_(regional::MakeFormatting(locale)) {
+  SetSite(std::move(site));
+}
+
+void Environment::SetSite(platform::Site site) {
+  CheckSite(site);
+  site_ = std::move(site);
+}
 
 Environment::~Environment() = default;
 

@@ -13,16 +13,22 @@ namespace dralo::host {
 class Environment final : public platform::Environment {
  public:
   /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US.
-  /// Throws platform::Error when the locale is unknown.
-  explicit Environment(std::string_view locale = {});
+  /// Throws platform::Error when the locale is unknown, and as SetSite() does.
+  explicit Environment(std::string_view locale = {}, platform::Site site = {});
   ~Environment() override;
 
   platform::ObjectPtr CreateObject(std::string_view programmatic_identifier) override;
   const platform::ValueFormatting& Regional() const override { return *formatting_; }
   std::unique_ptr<platform::RegExp> CreateRegExp() override;
+  const platform::Site& GetSite() const override { return site_; }
+
+  /// For hosts whose settings change between pages; no page may be served meanwhile.
+  /// Throws platform::Error, and changes nothing, when a trusted origin or a host is none.
+  void SetSite(platform::Site site);
 
  private:
   std::unique_ptr<platform::ValueFormatting> formatting_;
+  platform::Site site_;
 };
 
 }  // namespace dralo::host

@@ -1,15 +1,21 @@
 #include "hosts/php/process.h"
 
+#include <algorithm>
 #include <chrono>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "database/objects.h"
 #include "dralo/error.h"
-#include "hosts/php/engine.h"
+#include "hosts/php/guard.h"
+#include "text/ascii.h"
 #include "text/decimal.h"
+
+#include "hosts/php/engine.h"
 
 namespace dralo::php {
 namespace {
@@ -34,6 +40,59 @@ void LimitIdleConnections() {
   database::LimitIdleConnections(number, std::chrono::seconds{seconds});
 }
 
+/// The settings of the site as they are written. Some servers change them from page to page.
+struct WrittenSite {
+  std::string hardened;
+  std::string trusted_origins;
+  std::string hosts;
+
+  bool operator==(const WrittenSite&) const = default;
+};
+
+WrittenSite site_in_use;
+
+std::string TextSetting(const char* text) { return text == nullptr ? std::string() : std::string(text); }
+
+/// "1", "on", "yes" and "true", as ini files write what holds; the words for the contrary are not many
+/// either.
+bool FlagSetting(const std::string& text) {
+  const auto is_any = [&](std::initializer_list<std::string_view> words) {
+    return std::ranges::any_of(words, [&](std::string_view word) { return text::EqualAscii(word, text); });
+  };
+  if (is_any({"1", "on", "yes", "true"})) return true;
+  if (is_any({"", "0", "off", "no", "false", "none"})) return false;
+  throw platform::Error("The setting dralo.hardened is \"" + text + "\": write 1 or 0");
+}
+
+/// The items of a list with blanks or commas between them.
+std::vector<std::string> ListSetting(const std::string& text) {
+  constexpr std::string_view kBetween = ", \t";
+  std::vector<std::string> items;
+  for (std::size_t at = text.find_first_not_of(kBetween); at != text.npos;) {
+    const std::size_t end = std::min(text.find_first_of(kBetween, at), text.size());
+    items.push_back(text.substr(at, end - at));
+    at = text.find_first_not_of(kBetween, end);
+  }
+  return items;
+}
+
+/// Passes a line on to the log that error_log names.
+void LogLine(std::string_view line) {
+  const std::string message = "Dralo: " + std::string(line);
+  CallPhp([&] { php_log_err_with_severity(message.c_str(), LOG_NOTICE); });
+}
+
+void TakeSite() {
+  WrittenSite written{TextSetting(INI_STR("dralo.hardened")), TextSetting(INI_STR("dralo.trusted_origins")),
+                      TextSetting(INI_STR("dralo.hosts"))};
+  if (written == site_in_use && environment->GetSite().log) return;
+  environment->SetSite({.hardened = FlagSetting(written.hardened),
+                        .trusted_origins = ListSetting(written.trusted_origins),
+                        .hosts = ListSetting(written.hosts),
+                        .log = LogLine});
+  site_in_use = std::move(written);
+}
+
 }  // namespace
 
 host::Environment& TheEnvironment() {
@@ -42,6 +101,7 @@ host::Environment& TheEnvironment() {
     LimitIdleConnections();
     environment = std::move(made);
   }
+  TakeSite();
   return *environment;
 }
 

@@ -17,5 +17,6 @@
 #include "dralo/recordset.h"
 #include "dralo/request.h"
 #include "dralo/response.h"
+#include "dralo/site.h"
 #include "dralo/type_code.h"
 #include "dralo/variant.h"

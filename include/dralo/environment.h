@@ -6,6 +6,7 @@
 #include "dralo/connection.h"
 #include "dralo/export.h"
 #include "dralo/recordset.h"
+#include "dralo/site.h"
 
 namespace dralo {
 
@@ -18,8 +19,8 @@ class Environment;
 class DRALO_EXPORT Environment {
  public:
   /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US.
-  /// Throws Error when the locale is unknown.
-  explicit Environment(std::string_view locale = {});
+  /// Throws Error when the locale is unknown, and when an origin or a host of `site` is none.
+  explicit Environment(std::string_view locale = {}, Site site = {});
   ~Environment();
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;

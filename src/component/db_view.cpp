@@ -26,7 +26,9 @@ class Finally {
 
 }  // namespace
 
-DbView::DbView(platform::Environment& environment) : environment_(environment) {}
+DbView::DbView(platform::Environment& environment) : environment_(environment) {
+  settings_.Hardened = environment.GetSite().hardened;
+}
 
 DbView::~DbView() = default;
 

@@ -6,6 +6,7 @@
 
 #include "dralo/error.h"
 #include "dralo/object.h"
+#include "dralo/site.h"
 #include "platform/regexp.h"
 #include "platform/value_formatting.h"
 
@@ -23,6 +24,12 @@ class Environment {
   virtual const ValueFormatting& Regional() const = 0;
 
   virtual std::unique_ptr<RegExp> CreateRegExp() = 0;
+
+  /// What holds for all pages; by default nothing.
+  virtual const Site& GetSite() const {
+    static const Site nothing;
+    return nothing;
+  }
 };
 
 /// CreateObject() for callers that know what the identifier stands for.

@@ -1,12 +1,15 @@
 #include "dralo/environment.h"
 
+#include <utility>
+
 #include "database/objects.h"
 #include "hosts/cpp/environment.h"
 #include "hosts/cpp/providers.h"
 
 namespace dralo {
 
-Environment::Environment(std::string_view locale) : services_(std::make_unique<host::Environment>(locale)) {}
+Environment::Environment(std::string_view locale, Site site)
+    : services_(std::make_unique<host::Environment>(locale, std::move(site))) {}
 
 Environment::~Environment() = default;
 

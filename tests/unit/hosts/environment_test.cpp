@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "component/db_connection.h"
 #include "component/db_view.h"
@@ -72,6 +73,38 @@ TEST_F(AnEnvironment, MakesRegularExpressions) {
   expression->Compile("b+", {.ignore_case = true, .global = true});
 
   EXPECT_EQ(expression->Replace("aBbcb", "-"), "a-c-");
+}
+
+TEST(EnvironmentOfASite, GivesItsViewsTheSitesDefault) {
+  Environment plain("en-US");
+  EXPECT_FALSE(component::DbView(plain).GetSettings().Hardened);
+
+  Environment hardened("en-US", {.hardened = true});
+  EXPECT_TRUE(component::DbView(hardened).GetSettings().Hardened);
+}
+
+TEST(EnvironmentOfASite, TakesOriginsAsBrowsersSendThem) {
+  for (const char* origin : {"https://shop.example", "http://127.0.0.1:8080", "https://[::1]:8443"}) {
+    EXPECT_NO_THROW(Environment("en-US", {.trusted_origins = {origin}})) << origin;
+  }
+  for (const char* origin :
+       {"null", "*", "https://*.example", "shop.example", "https://shop.example/", "https://Shop.example",
+        "ftp://shop.example", "https://shop.example:443", "http://a:80", "https://"}) {
+    EXPECT_THROW(Environment("en-US", {.trusted_origins = {origin}}), platform::Error) << origin;
+  }
+}
+
+TEST(EnvironmentOfASite, TakesHostsAsBrowsersSendThem) {
+  EXPECT_NO_THROW(Environment("en-US", {.hosts = {"shop.example", "127.0.0.1:8080", "[::1]"}}));
+  for (const char* host : {"", "*.example", "https://shop.example", "Shop.example"}) {
+    EXPECT_THROW(Environment("en-US", {.hosts = {host}}), platform::Error) << host;
+  }
+}
+
+TEST(EnvironmentOfASite, KeepsItsSiteWhenTheNextOneIsNone) {
+  Environment environment("en-US", {.hosts = {"shop.example"}});
+  EXPECT_THROW(environment.SetSite({.hosts = {"*"}}), platform::Error);
+  EXPECT_EQ(environment.GetSite().hosts, std::vector<std::string>{"shop.example"});
 }
 
 }  // namespace
