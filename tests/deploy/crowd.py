@@ -21,7 +21,7 @@ class Crowd:
         is_over = threading.Event()
 
         def work(keeper):
-            keeper.may_lose = may_lose
+            keeper.may_lose, keeper.lost = may_lose, []
             try:
                 keeper.wait_until_settled = self.has_settled.wait
                 keeper.back()
@@ -46,6 +46,20 @@ class Crowd:
 
     def wait_for_steps(self, count=3):
         """Until each keeper has gone some steps further, or one has failed."""
+        self.wait_for(self.has_gone(count))
+
+    def wait_for_steps_or_losses(self, count=3):
+        """Until each keeper has gone some steps further or lost an answer, or one has failed."""
+        has_gone = self.has_gone(count)
+        self.wait_for(lambda keeper: keeper.lost or has_gone(keeper))
+
+    def wait_for_losses(self):
+        """Until each keeper has lost an answer, or one has failed."""
+        self.wait_for(lambda keeper: keeper.lost)
+
+    def has_gone(self, count):
         wanted = {keeper: done + count for keeper, done in self.steps.items()}
-        deployed_site.wait_until(lambda: self.failures or all(self.steps[keeper] >= wanted[keeper] for keeper in self.keepers),
-                                 "the keepers stand still")
+        return lambda keeper: self.steps[keeper] >= wanted[keeper]
+
+    def wait_for(self, has_come):
+        deployed_site.wait_until(lambda: self.failures or all(map(has_come, self.keepers)), "the keepers stand still")
