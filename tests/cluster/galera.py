@@ -2,7 +2,6 @@
 
 import pathlib
 import re
-import signal
 import subprocess
 import sys
 
@@ -10,6 +9,7 @@ HERE = pathlib.Path(__file__).parent
 sys.path += [str(HERE.parent / "deploy"), str(HERE.parent / "support"), str(HERE.parent / "pages")]
 
 import deployed_site  # noqa: E402
+import interruption  # noqa: E402
 from database_servers import PASSWORD, PATIENCE_S, USER, Failure, MariaDb, free_port  # noqa: E402
 
 INSTALLED = (deployed_site.DEPLOY / "mariadb/galera.cnf").read_text()
@@ -68,12 +68,6 @@ class Node(MariaDb):
         rows = self.ask(f"SHOW GLOBAL STATUS LIKE '{name}'")
         return rows[0][1] if rows else None
 
-    def freeze(self):
-        self.process.send_signal(signal.SIGSTOP)
-
-    def thaw(self):
-        self.process.send_signal(signal.SIGCONT)
-
 
 class Cluster:
     """A context; at its begin all nodes have the same data."""
@@ -100,7 +94,7 @@ class Cluster:
     def __exit__(self, *_):
         for node in self.nodes:
             if node.process:
-                node.thaw()
+                interruption.thaw(node)
             node.remove()
 
     def wait_until_agreed(self, nodes):

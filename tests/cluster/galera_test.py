@@ -7,6 +7,7 @@ usage: galera_test.py EXTENSION
 import collections
 import pathlib
 import shutil
+import signal
 import sys
 import tempfile
 import threading
@@ -79,6 +80,31 @@ class ASiteWithGalera(unittest.TestCase):
             self.assertEqual(collections.Counter(self.stock.saves()), collections.Counter(self.ledger))
         for host in self.site.hosts:
             self.assertEqual(host.take_complaints(), [])
+
+    def test_what_is_saved_on_one_node_is_shown_by_the_others_at_once(self):
+        with self.crowd.at_work(may_lose=True):
+            self.crowd.wait_for_steps(60)
+        self.assert_lost_at_most(0)
+
+    def test_pages_go_on_while_nodes_are_killed_and_return(self):
+        """A keeper has one request in flight."""
+        for node in self.cluster.nodes:
+            with self.crowd.at_work(may_lose=True):
+                self.crowd.wait_for_steps()
+                self.crowd.has_settled.clear()
+                node.end(signal.SIGKILL)
+                self.cluster.wait_until_agreed(self.cluster.others(node))
+                self.crowd.has_settled.set()
+                self.crowd.wait_for_steps()
+                node.start()
+                self.cluster.wait_until_agreed(self.cluster.nodes)
+                self.crowd.wait_for_steps()
+            self.assert_lost_at_most(1)
+
+    def assert_lost_at_most(self, count):
+        """Each keeper, not counting saves that another one was faster than."""
+        for keeper in self.keepers:
+            self.assertLessEqual(len(keeper.failures()), count, keeper.failures())
 
     def test_a_save_that_another_node_was_faster_than_can_be_saved_again(self):
         """On whichever node the save is. A provider that repeats it by itself is as good."""

@@ -210,6 +210,23 @@ bool Link::Answers() noexcept {
   return failure == 0;
 }
 
+/// The first value of the answer.
+std::string Link::Ask(std::string_view question) {
+  Run(question);
+  MYSQL_RES* result = nullptr;
+  Await([&] { return library_.mysql_store_result_start(&result, Handle()); },
+        [&](int events) { return library_.mysql_store_result_cont(&result, Handle(), events); });
+  if (result == nullptr) throw LastError(question);
+  const MYSQL_ROW row = library_.mysql_fetch_row(result);
+  std::string value = row != nullptr && row[0] != nullptr ? row[0] : "";
+  library_.mysql_free_result(result);
+  return value;
+}
+
+bool Link::IsInCluster() {
+  return library_.mariadb_connection(Handle()) != 0 && Ask("SELECT @@wsrep_on") == "1";
+}
+
 void Link::Reset() {
   int failure = 1;
   Await([&] { return library_.mysql_reset_connection_start(&failure, Handle()); },

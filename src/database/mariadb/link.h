@@ -87,6 +87,9 @@ class Link {
   /// Whether the server answers. Never throws.
   bool Answers() noexcept;
 
+  /// Whether the server is a node of a Galera cluster.
+  bool IsInCluster();
+
   /// Takes back all that was done to the session on the server, also the prepared statements.
   void Reset();
 
@@ -101,6 +104,7 @@ class Link {
   void ConnectTo(const Options::Host& host);
   void SetOptions();
   void LimitStatements();
+  std::string Ask(std::string_view question);
   Deadline EndOfPatience() const;
   int Wait(int awaited, Deadline deadline);
   void GiveUp();

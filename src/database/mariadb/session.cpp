@@ -165,7 +165,8 @@ bool Session::IsAlive() noexcept {
   return link_.Answers();
 }
 
-/// The reset keeps the current database.
+/// The reset keeps the current database. A session on a node of a cluster would no longer wait for what was
+/// saved on other nodes, whatever its settings say.
 bool Session::Reset() noexcept {
   last_use_ = std::chrono::steady_clock::now();
   if (reading_ != nullptr || was_left_ || link_.IsDead() || CurrentDatabase() != link_.FirstDatabase())
@@ -174,6 +175,7 @@ bool Session::Reset() noexcept {
   const Link::Haste haste(link_, kTimeBetweenUsers);
   try {
     if (std::exchange(has_traces_, false)) {
+      if (link_.IsInCluster()) return false;
       cache_.Clear();
       link_.Reset();
     } else if (link_.IsInTransaction()) {
