@@ -5,7 +5,11 @@ header('X-Worker: ' . getmypid());
 
 $owner = (int) ($_REQUEST['owner'] ?? 0);
 $view = new Dralo\DbView();
-$view->ConnectionString = getenv(isset($_REQUEST['read']) ? 'DRALO_READ_DATABASE' : 'DRALO_DATABASE');
+try {
+    $view->ConnectionString = getenv(isset($_REQUEST['read']) ? 'DRALO_READ_DATABASE' : 'DRALO_DATABASE');
+} catch (Dralo\Exception $exception) {
+    exit('<p id="error">' . htmlspecialchars($exception->getMessage()) . "</p>\n<!-- complete -->\n");
+}
 $view->sql = "SELECT ID, Name, Amount FROM Articles WHERE Owner = $owner";
 $view->EditSQL = 'SELECT ID, Owner, Name, Amount, Note FROM Articles';
 $view->FormSQL = $view->EditSQL;
