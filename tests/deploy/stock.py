@@ -26,8 +26,8 @@ DELETE FROM Saves;
 class Stock(PostgreSqlShop):
     """On a server with the roles and settings of the installation."""
 
-    def __init__(self, folder):
-        super().__init__(folder)
+    def __init__(self, folder, server=None):
+        super().__init__(folder, server)
         self.ask(TABLES)
         self.ask((deployed_site.DEPLOY / "postgresql/roles.sql").read_text())
         for role in ("shop_pages", "shop_reader"):
@@ -53,9 +53,9 @@ class Stock(PostgreSqlShop):
         deployed_site.give_away(folder)
         return self.certificate, key
 
-    def connection_of(self, role, place):
+    def connection_of(self, role, place, database="shop"):
         """The connection string of pages that connect as `role` to what the keys `place` say."""
-        return (f"Provider=PostgreSQL;{place};Database=shop;User ID={role};Password={{{role};1}};SSL Mode=verify-full;"
+        return (f"Provider=PostgreSQL;{place};Database={database};User ID={role};Password={{{role};1}};SSL Mode=verify-full;"
                 f"SSL Root Certificate={self.certificate};Connect Timeout=5;Query Timeout=20")
 
     def articles(self, owner):
