@@ -1,6 +1,7 @@
 #include "database/mariadb/options.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -72,48 +73,65 @@ SslMode ReadSslMode(std::string_view text) {
       "or VerifyFull");
 }
 
-/// "name", "name:port", "[address]:port" or the file of a socket.
+/// "name", "name:port", "[address]:port", an address with several ":", or the file of a socket.
 Options::Host ReadHost(std::string_view text, unsigned port) {
   const auto bracket = text.starts_with('[') ? text.find(']') : 0;
-  const auto colon = bracket == text.npos || text.starts_with('/') ? text.npos : text.find(':', bracket);
+  const bool has_port =
+      bracket != text.npos && !text.starts_with('/') && (bracket != 0 || std::ranges::count(text, ':') == 1);
+  const auto colon = has_port ? text.find(':', bracket) : text.npos;
   Options::Host host{std::string(text.substr(0, colon)), port};
   if (bracket != 0 && bracket != text.npos) host.name = text.substr(1, bracket - 1);
   if (colon != text.npos) host.port = ReadPort(text.substr(colon + 1));
+  // The client library would take it for the socket of this machine.
+  if (host.name.empty()) throw Error("The connection string has a host without a name; write Host=127.0.0.1");
   return host;
 }
 
 std::vector<Options::Host> ReadHosts(std::string_view list, unsigned port) {
   std::vector<Options::Host> hosts;
-  while (!list.empty()) {
+  for (;;) {
     const auto comma = std::min(list.find(','), list.size());
     hosts.push_back(ReadHost(text::TrimAsciiSpace(list.substr(0, comma)), port));
-    list.remove_prefix(std::min(comma + 1, list.size()));
+    if (comma == list.size()) return hosts;
+    list.remove_prefix(comma + 1);
   }
-  return hosts;
 }
 
 struct Parts {
   Options options = {};
-  Options::Host host = {};
-  std::string_view hosts = {};
+  unsigned port = Options::Host{}.port;
+  std::optional<std::string_view> host = {};
+  std::optional<std::string_view> hosts = {};
+  std::optional<SslMode> ssl_mode = {};
 };
 
 void Take(Parts& parts, const KnownKey& key, const std::string& value) {
   if (key.text != nullptr) {
     parts.options.*key.text = value;
   } else if (key.name == "Host") {
-    parts.host.name = value;
+    parts.host = value;
   } else if (key.name == "Port") {
-    parts.host.port = ReadPort(value);
+    parts.port = ReadPort(value);
   } else if (key.name == "Hosts") {
     parts.hosts = value;
   } else if (key.name == "SSL Mode") {
-    parts.options.ssl_mode = ReadSslMode(value);
+    parts.ssl_mode = ReadSslMode(value);
   } else if (key.name == "Connect Timeout") {
     parts.options.connect_timeout_s = ReadSeconds(key.name, value, kDefaultConnectTimeoutS);
   } else {
     parts.options.query_timeout_s = ReadSeconds(key.name, value, kDefaultQueryTimeoutS);
   }
+}
+
+/// Whoever names authorities wants the server to be checked.
+SslMode SslModeOf(const Parts& parts) {
+  const bool has_authorities = !parts.options.ssl_authorities.empty();
+  if (!parts.ssl_mode) return has_authorities ? SslMode::kVerified : SslMode::kDisabled;
+  if (has_authorities && parts.ssl_mode == SslMode::kDisabled) {
+    throw Error(
+        "The connection string has an SSL CA, which SSL Mode=Disabled does not use; leave out one of them");
+  }
+  return *parts.ssl_mode;
 }
 
 }  // namespace
@@ -125,8 +143,12 @@ Options ReadOptions(const ConnectionString& connection_string) {
     if (pair.value.find('\0') != pair.value.npos) throw Error("The connection string has a zero byte");
     Take(parts, FindKey(pair.key), pair.value);
   }
-  parts.options.hosts = ReadHosts(parts.hosts, parts.host.port);
-  if (parts.options.hosts.empty()) parts.options.hosts.push_back(std::move(parts.host));
+  if (parts.hosts) {
+    parts.options.hosts = ReadHosts(*parts.hosts, parts.port);
+  } else {
+    parts.options.hosts = {ReadHost(parts.host.value_or(Options::Host{}.name), parts.port)};
+  }
+  parts.options.ssl_mode = SslModeOf(parts);
   return std::move(parts.options);
 }
 

@@ -64,6 +64,35 @@ TEST(MariaDbOptions, HaveSeveralHostsWithPortsOfTheirOwn) {
   EXPECT_EQ(options.hosts[3].name, "/run/socket");
 }
 
+TEST(MariaDbOptions, TakeAPortBehindTheNameOfTheOnlyHostToo) {
+  const auto host_of = [](const char* text) {
+    const Options::Host host = ReadText(text).hosts.at(0);
+    return host.name + " " + std::to_string(host.port);
+  };
+  EXPECT_EQ(host_of("Host=a:3307"), "a 3307");
+  EXPECT_EQ(host_of("Host=a;Port=3308"), "a 3308");
+  EXPECT_EQ(host_of("Port=3308"), "127.0.0.1 3308");
+  EXPECT_EQ(host_of("Host=::1"), "::1 3306");
+  EXPECT_EQ(host_of("Hosts=fe80::1"), "fe80::1 3306");
+  EXPECT_EQ(host_of("Host=[::1]:3307"), "::1 3307");
+}
+
+TEST(MariaDbOptions, RefuseHostsWithoutAName) {
+  for (const char* text :
+       {"Hosts=,a", "Hosts=a,,b", "Hosts=a,", "Hosts=", "Host=", "Host=:3306", "Host=[]"}) {
+    EXPECT_EQ(RefusalOf(text), "The connection string has a host without a name; write Host=127.0.0.1")
+        << text;
+  }
+}
+
+TEST(MariaDbOptions, CheckAServerWhoseAuthoritiesAreNamed) {
+  EXPECT_EQ(ReadText("SSL CA=/ca.pem").ssl_mode, SslMode::kVerified);
+  EXPECT_EQ(ReadText("SSL Mode=Required;SSL CA=/ca.pem").ssl_mode, SslMode::kRequired);
+  EXPECT_EQ(
+      RefusalOf("SSL CA=/ca.pem;SSL Mode=Disabled"),
+      "The connection string has an SSL CA, which SSL Mode=Disabled does not use; leave out one of them");
+}
+
 TEST(MariaDbOptions, NameTheKnownKeysButNotTheUnknownOne) {
   EXPECT_EQ(RefusalOf("Password=hush;4711=x"),
             "The connection string has a key that is unknown for MariaDB; known are Host, Port, Hosts, "
