@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "database/mariadb/base_table.h"
+#include "database/mariadb/first_word.h"
 #include "database/mariadb/session.h"
+#include "database/mariadb/zero_date.h"
 #include "dralo/error.h"
 #include "text/white_space.h"
 
@@ -48,7 +50,7 @@ void RequireStatement(const std::string& text) {
 Cursor::Cursor(Session& session, const Query& query)
     : session_(session),
       text_(query.text),
-      kind_(KindOf(query.text)),
+      kind_(KindOf(FromFirstWord(query.text))),
       max_records_(query.max_records),
       is_updatable_(query.is_updatable),
       parameters_(query.parameters) {
@@ -198,6 +200,15 @@ void Cursor::Leave() {
   }
   haste.reset();
   if (has_row && !session_.Leave()) statement_->Finish();
+}
+
+platform::VariantView Cursor::Stored(std::size_t column) {
+  const platform::VariantView value = row_->Value(column);
+  const auto* const time = std::get_if<platform::DateTime>(&value);
+  if (time == nullptr || !time->HasZeroDate()) return value;
+  std::string& text = stored_texts_[column];
+  text = TextOfZeroDate(*time, (*GetColumns())[column]);
+  return text.empty() ? value : text;
 }
 
 const BaseTable& Cursor::Table() {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -50,7 +51,7 @@ class Cursor final : public database::Cursor {
   bool Step() override;
   void Stop() noexcept override;
   platform::VariantView Value(std::size_t column) override { return row_->Value(column); }
-  platform::VariantView Stored(std::size_t column) override { return row_->Value(column); }
+  platform::VariantView Stored(std::size_t column) override;
   std::int64_t RowsAffected() const override { return statement_->RowsAffected(); }
   const BaseTable& Table() override;
 
@@ -83,6 +84,7 @@ class Cursor final : public database::Cursor {
   std::unique_ptr<SpoolFile> aside_;
   std::uint64_t rows_aside_ = 0;  ///< That are to be read still.
   std::exception_ptr failure_;    ///< Behind the rows aside.
+  std::map<std::size_t, std::string> stored_texts_;
   std::optional<BaseTable> table_;
 };
 

@@ -34,6 +34,10 @@ constexpr unsigned kNoLimitS = 1'000'000;
 /// Also of a node that has lost its cluster (1047), for another host may serve then.
 constexpr unsigned kLost[] = {2006, 2013, 2055, 1053, 1927, 4031, 1047};
 
+/// Wrong users, passwords and databases, which are so on every host; trying all of them could lock the user
+/// out.
+constexpr int kRefusals[] = {1044, 1045, 1049, 1698};
+
 std::string OneLine(std::string_view message) {
   std::string line;
   for (const char c : text::TrimAsciiSpace(message)) line += text::IsAsciiSpace(c) ? ' ' : c;
@@ -66,7 +70,8 @@ void Link::Connect() {
       is_connecting_ = false;
       handle_.reset();
       is_dead_ = true;
-      if (--left > 0) continue;
+      const bool is_refused = std::ranges::find(kRefusals, error.Number()) != std::end(kRefusals);
+      if (--left > 0 && !is_refused) continue;
       throw Error("The database cannot be opened: " + std::string(error.Description()), error.Number(),
                   error.SqlState());
     }

@@ -4,9 +4,12 @@
 
 #include "database/mariadb/comparison.h"
 #include "database/mariadb/cursor.h"
+#include "database/mariadb/first_word.h"
 #include "database/mariadb/quote.h"
 #include "database/mariadb/select_shape.h"
+#include "database/mariadb/zero_date.h"
 #include "database/statement_text.h"
+#include "text/ascii.h"
 
 namespace dralo::database::mariadb {
 
@@ -24,13 +27,15 @@ constexpr std::string_view kConflict = "40001";
 
 constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
 
-/// Tables whose facts are remembered; more are rare, and only cost a question each.
+constexpr std::chrono::minutes kLifeOfKeys{1};
+
+/// Tables whose keys are remembered; more are rare, and only cost a question each.
 constexpr std::size_t kMaxKnownTables = 256;
 
 }  // namespace
 
 std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
-  const StatementKind kind = KindOf(query.text);
+  const StatementKind kind = KindOf(FromFirstWord(query.text));
   return Reconnecting(kind, [&] { return std::make_unique<Cursor>(*this, query); });
 }
 
@@ -46,6 +51,12 @@ std::string Session::Unchanged(const Column& column, const std::string& quoted_c
   return was_null ? NoValue(column, quoted_column) : SameValue(column, quoted_column);
 }
 
+platform::Variant Session::Stored(const Column& column, const platform::Variant& value) const {
+  const auto* const time = std::get_if<platform::DateTime>(&value);
+  const std::string text = time != nullptr ? TextOfZeroDate(*time, column) : "";
+  return text.empty() ? value : platform::Variant(text);
+}
+
 std::string Session::CurrentDatabase() const {
   const char* const name = link_.Handle() != nullptr ? link_.Handle()->db : nullptr;
   return name != nullptr ? name : "";
@@ -53,7 +64,7 @@ std::string Session::CurrentDatabase() const {
 
 void Session::Connect() {
   cache_.Clear();
-  facts_.clear();
+  keys_.clear();
   link_.Connect();
   was_left_ = false;
 }
@@ -110,9 +121,9 @@ std::string Session::OrderedByKey(std::string_view text) {
   ordered += '\n';
   for (const NamedTable& named : shape.tables) {
     if (named.table.empty()) return {};
-    const TableFacts& facts = KnownFacts(named.database, named.table);
-    if (facts.keys.empty()) return {};
-    for (const std::string& column : facts.keys.front()) {
+    const Names key = KeyOf(named.database, named.table);
+    if (key.empty()) return {};
+    for (const std::string& column : key) {
       ordered.append(", ").append(Quote(named.alias)).append(".").append(Quote(column));
       if (shape.is_descending) ordered += " DESC";
     }
@@ -120,13 +131,16 @@ std::string Session::OrderedByKey(std::string_view text) {
   return ordered;
 }
 
-const TableFacts& Session::KnownFacts(const std::string& database, const std::string& table) {
+/// The first key of the table; empty when it has none, or is none that is known, which may be so no longer
+/// the next time.
+Names Session::KeyOf(const std::string& database, const std::string& table) {
   std::pair name(database.empty() ? CurrentDatabase() : database, table);
-  const auto known = facts_.find(name);
-  if (known != facts_.end()) return known->second;
-  if (facts_.size() >= kMaxKnownTables) facts_.clear();
+  const auto known = keys_.find(name);
+  if (known != keys_.end()) return known->second;
+  if (keys_.size() >= kMaxKnownTables) keys_.clear();
   TableFacts facts = FactsOf(*this, name.first, table);
-  return facts_.emplace(std::move(name), std::move(facts)).first->second;
+  if (facts.keys.empty()) return {};
+  return keys_.emplace(std::move(name), std::move(facts.keys.front())).first->second;
 }
 
 void Session::Begin() {
@@ -158,6 +172,7 @@ bool Session::MayRepeatAfter(const Error& error) const {
 
 bool Session::IsAlive() noexcept {
   is_fresh_ = true;
+  ForgetOldKeys();
   if (!link_.IsQuiet()) return false;
   const bool has_rested_long = std::chrono::steady_clock::now() - last_use_ >= kLongRest;
   if (!has_rested_long) return true;
@@ -165,12 +180,21 @@ bool Session::IsAlive() noexcept {
   return link_.Answers();
 }
 
+/// Somebody may have given a table another key. The orders of statements are made from the keys.
+void Session::ForgetOldKeys() noexcept {
+  const auto now = std::chrono::steady_clock::now();
+  if (now - keys_since_ < kLifeOfKeys) return;
+  keys_since_ = now;
+  keys_.clear();
+  cache_.Clear();
+}
+
 /// The reset keeps the current database. A session on a node of a cluster would no longer wait for what was
 /// saved on other nodes, whatever its settings say.
 bool Session::Reset() noexcept {
   last_use_ = std::chrono::steady_clock::now();
-  if (reading_ != nullptr || was_left_ || link_.IsDead() || CurrentDatabase() != link_.FirstDatabase())
-    return false;
+  const bool is_elsewhere = has_left_database_ || CurrentDatabase() != link_.FirstDatabase();
+  if (reading_ != nullptr || was_left_ || link_.IsDead() || is_elsewhere) return false;
   transactions_.Forget();
   const Link::Haste haste(link_, kTimeBetweenUsers);
   try {
@@ -198,10 +222,13 @@ void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind
 
 void Session::Expect(const StatementKind& kind, std::string_view text) {
   transactions_.Expect(kind, text);
+  // Not every server tells which database is the current one.
+  has_left_database_ |= text::StartsWithAscii(FromFirstWord(text), "USE");
   has_traces_ |= kind.leaves_traces || kind.calls_functions;
 }
 
 void Session::Note(const StatementKind& kind, std::int64_t last_identity) {
+  if (kind.defines) keys_.clear();
   is_fresh_ = false;
   if (!kind.is_query) last_identity_ = last_identity;
 }

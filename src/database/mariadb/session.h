@@ -39,9 +39,7 @@ class Session final : public database::Session {
   std::string QuoteName(std::string_view name) const override;
   std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
   std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
-  platform::Variant Stored(const Column& /*column*/, const platform::Variant& value) const override {
-    return value;
-  }
+  platform::Variant Stored(const Column& column, const platform::Variant& value) const override;
   std::string InsertOfDefaults(const std::string& quoted_table) const override {
     return "INSERT INTO " + quoted_table + " () VALUES ()";
   }
@@ -112,16 +110,19 @@ class Session final : public database::Session {
   void Connect();
   std::unique_ptr<Statement> Prepare(std::string_view text, Form form, std::string_view behind);
   std::string OrderedByKey(std::string_view text);
-  const TableFacts& KnownFacts(const std::string& database, const std::string& table);
+  Names KeyOf(const std::string& database, const std::string& table);
+  void ForgetOldKeys() noexcept;
 
   Link link_;
   Transactions transactions_;
-  StatementCache cache_;  ///< After the link, so that it goes first.
-  std::map<std::pair<std::string, std::string>, TableFacts> facts_;
+  StatementCache cache_;                                       ///< After the link, so that it goes first.
+  std::map<std::pair<std::string, std::string>, Names> keys_;  ///< Of tables, by their database and name.
+  std::chrono::steady_clock::time_point keys_since_ = std::chrono::steady_clock::now();
   Cursor* reading_ = nullptr;
   bool was_left_ = false;
   bool is_fresh_ = false;  ///< Nothing was run since it was taken from the pool.
   bool has_traces_ = false;
+  bool has_left_database_ = false;  ///< By a statement of the page.
   std::int64_t last_identity_ = 0;
   std::chrono::steady_clock::time_point last_use_ = std::chrono::steady_clock::now();
 };

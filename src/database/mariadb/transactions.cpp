@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "database/statement_text.h"
+#include "database/mariadb/first_word.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
 
@@ -83,7 +83,7 @@ void Transactions::RollBackPart() {
 void Transactions::Expect(const StatementKind& kind, std::string_view text) {
   const bool is_end = depth_ == 0 && (kind.begins_transaction || kind.ends_transaction);
   if (!is_end) return RequireNotUndone();
-  const bool gives_up = kind.begins_transaction || text::StartsWithAscii(WithoutFront(text, '('), "ROLLBACK");
+  const bool gives_up = kind.begins_transaction || text::StartsWithAscii(FromFirstWord(text), "ROLLBACK");
   if (gives_up) {
     link_.TakeDoubt();
   } else {

@@ -146,6 +146,16 @@ TEST_F(MariaDbCursor, FetchesNoMoreThanIsAskedFor) {
   EXPECT_EQ(Ask("SELECT CAST(@seen AS INTEGER)"), Lines{"5"});
 }
 
+TEST_F(MariaDbCursor, LimitsAQueryBehindAnyComment) {
+  for (const char* comment : {"# a\n# b\n", "-- a\n /* b */ (#c\n"}) {
+    Run("SET @seen = 0");
+    const std::string end = std::string(comment).find('(') == std::string::npos ? "" : ")";
+    EXPECT_EQ(Ask(comment + std::string("SELECT @seen := @seen + 1 FROM seq_1_to_100000") + end, 5).size(),
+              5u);
+    EXPECT_EQ(Ask("SELECT CAST(@seen AS INTEGER)"), Lines{"5"}) << comment;
+  }
+}
+
 TEST_F(MariaDbCursor, DoesNotPutALimitWhereItWouldChangeAStatement) {
   Run("CREATE TABLE t (i INTEGER)");
   Run("INSERT INTO t VALUES (1), (2), (3)");
@@ -174,6 +184,15 @@ TEST_F(MariaDbCursor, OrdersEqualRowsOfAJoinAlikeOnAllPages) {
   EXPECT_EQ(pages, expected);
 }
 
+TEST_F(MariaDbCursor, OrdersATableThatWasMadeAfterItWasAskedFor) {
+  const std::string sql = "SELECT i, k FROM late ORDER BY k DESC";
+  EXPECT_EQ(ErrorOf([&] { Ask(sql, 5); }).Number(), 1146);
+  const auto other = Connect(database_.ConnectionString());
+  other->Execute("CREATE TABLE late (i INTEGER PRIMARY KEY, k INTEGER)");
+  other->Execute("INSERT INTO late VALUES (1, 7), (2, 7), (3, 7)");
+  EXPECT_EQ(Ask(sql, 2), (Lines{"3 7", "2 7"}));
+}
+
 TEST_F(MariaDbCursor, LeavesTheOrderOfATableWithoutAKeyAsItIs) {
   Run("CREATE TABLE t (i INTEGER NULL UNIQUE, k INTEGER)");
   Run("INSERT INTO t VALUES (2, 1), (1, 1), (3, 0)");
@@ -198,6 +217,25 @@ TEST_F(MariaDbCursor, DoesNotBelieveTheOriginThatASubqueryMakesUp) {
         << sql;
   }
   EXPECT_EQ(Ask("SELECT name FROM Goods"), Lines{"'goods'"});
+}
+
+TEST_F(MariaDbCursor, StoresAndFindsTheDayThatStandsForNoDateElsewhere) {
+  Run("CREATE TABLE t (ID INTEGER PRIMARY KEY, a DATETIME(3), b DATE, c TIME)");
+  Run("INSERT INTO t VALUES (1, '1899-12-30 10:11:12.5', '1899-12-30', '10:11:12'), (2, '2001-02-03', NULL, "
+      "NULL)");
+  const auto recordset = Edit(connection_, "SELECT * FROM t ORDER BY ID");
+  recordset->SetUpdateCriteria(platform::UpdateCriteria::kAllColumns);
+  const auto set_all = [&](const platform::DateTime& time) {
+    for (const char* field : {"a", "b", "c"}) FieldOf(*recordset, field).SetValue(platform::Variant(time));
+    recordset->Update();
+  };
+  set_all({1899, 12, 30, 11, 12, 13});
+  set_all({1899, 12, 30, 12, 13, 14});
+  recordset->MoveNext();
+  set_all({1899, 12, 30, 0, 0, 1});
+  EXPECT_EQ(Ask("SELECT CAST(a AS CHAR), CAST(b AS CHAR), CAST(c AS CHAR) FROM t ORDER BY ID"),
+            (Lines{"'1899-12-30 12:13:14.000' '1899-12-30' '12:13:14'",
+                   "'1899-12-30 00:00:01.000' '1899-12-30' '00:00:01'"}));
 }
 
 TEST_F(MariaDbCursor, RefusesToChangeATableThatIsReadTwice) {

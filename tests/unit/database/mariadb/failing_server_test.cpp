@@ -49,6 +49,11 @@ TEST_F(MariaDbFailing, TriesTheOtherHosts) {
       2002);
 }
 
+TEST_F(MariaDbFailing, TriesAWrongPasswordOnOneHostOnly) {
+  const std::string hosts = ";Hosts=127.0.0.1:" + Port() + ",127.0.0.1:1;Password=wr0ng-one";
+  EXPECT_EQ(ErrorOf([&] { Connect(database_.ConnectionString() + hosts); }).Number(), 1045);
+}
+
 TEST_F(MariaDbFailing, GivesAHostThatDoesNotAnswerItsShareOfTheTime) {
   StallingProxy frozen(Port());
   frozen.Stall();

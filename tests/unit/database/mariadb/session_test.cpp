@@ -58,6 +58,13 @@ TEST_F(MariaDbSession, IsNotKeptInAnotherDatabase) {
   EXPECT_EQ(Ask("SELECT DATABASE() LIKE 'contract%'"), Lines{"1"});
 }
 
+TEST_F(MariaDbSession, IsNotKeptInAnotherDatabaseOfAServerThatDoesNotTellWhich) {
+  Run("SET SESSION session_track_schema = OFF");
+  Run("# elsewhere\nUSE mysql");
+  Reopen();
+  EXPECT_EQ(Ask("SELECT DATABASE() LIKE 'contract%'"), Lines{"1"});
+}
+
 TEST_F(MariaDbSession, KeepsPreparedStatementsWhereOnlyQueriesAndSavesRan) {
   Run("CREATE TABLE t (i INTEGER PRIMARY KEY)");
   const auto use = [&] {
