@@ -250,10 +250,6 @@ const Types kSqliteTypes = {
     {"", "'text'"},
     {"", "7"},
     {"", "0.5"},
-};
-
-/// Values that SQLite's driver for ODBC cannot read as they are.
-const Types kMoreSqliteTypes = {
     {"DATETIME", "'2024-03-01T10:20:30.123Z'"},
     {"VARCHAR(3)", "'longer than three'", "is longer than 3 characters"},
 };
@@ -268,7 +264,6 @@ Types Joined(Types first, const Types& second) {
 std::vector<ColumnType> ColumnTypesOf(const std::string& database) {
   if (database == "PostgreSql") return Joined(kPostgreSqlTypes, kMorePostgreSqlTypes);
   if (database == "PostgreSqlOdbc") return Joined(kPostgreSqlTypes, kPostgreSqlOdbcBits);
-  if (database == "Sqlite") return Joined(kSqliteTypes, kMoreSqliteTypes);
   return database.starts_with("MariaDb") ? kMariaDbTypes : kSqliteTypes;
 }
 

@@ -58,23 +58,11 @@ struct Database {
 
   char quote = '"';
 
-  /// Digits of a second's fraction that are kept.
-  std::size_t fraction_digits = 6;
-
-  /// Significant digits of a floating point number that are kept.
-  int double_digits = 17;
-
   /// Texts can hold a zero byte; elsewhere they are refused.
   bool takes_zero_bytes = true;
 
   /// Yields the records of Goods in the order of ID, but fails at the third.
   std::string fails_at_three = {};
-
-  /// A comment that looks like a parameter.
-  std::string comment = "/* why? */";
-
-  /// Records can be changed through columns that have an alias.
-  bool knows_columns_behind_aliases = true;
 
   /// Makes the procedure Cheaper, which yields the names of the goods that cost less than its parameter;
   /// empty when the database has no procedures.

@@ -29,33 +29,6 @@ inline const Database kSqlite{
     .wrong_settings = {{"/nowhere", "/nowhere"}},
 };
 
-inline const Database kSqliteOdbc{
-    .name = "SqliteOdbc",
-    .make = [] { return std::make_unique<NewFile>("Driver=SQLite3;Database="); },
-    .identity = {"INTEGER PRIMARY KEY", TypeCode::kInteger},
-    .text = {"VARCHAR(20)", TypeCode::kVarWideChar},
-    .decimal = {"NUMERIC(10,2)", TypeCode::kNumeric},
-    .small = {"SMALLINT", TypeCode::kSmallInt},
-    .boolean = {"BOOLEAN", TypeCode::kBoolean},
-    .date = {"DATE", TypeCode::kDbDate},
-    .timestamp = {"TIMESTAMP", TypeCode::kDbTimestamp},
-    .number = {"DOUBLE PRECISION", TypeCode::kDouble},
-    .long_text = {"TEXT", TypeCode::kLongVarWideChar},
-    .bytes = {"LONGVARBINARY", TypeCode::kLongVarBinary},
-    .time = {"TIME", TypeCode::kDbTime},
-    .big = {"BIGINT", TypeCode::kBigInt},
-    .keeps_decimals = false,
-    .fraction_digits = 3,
-    .double_digits = 15,
-    .takes_zero_bytes = false,
-    .fails_at_three = kSqlite.fails_at_three,
-    .comment = "",
-    .knows_columns_behind_aliases = false,
-    .traces = kSqlite.traces,
-    .shows_traces = kSqlite.shows_traces,
-    .wrong_settings = {{"/nowhere/at-all.db", ""}},
-};
-
 inline const Database kPostgreSql{
     .name = "PostgreSql",
     .make = [] { return std::make_unique<NewServerDatabase>(Server::kPostgreSql, Way::kProvider); },
@@ -161,7 +134,7 @@ inline const Database kMariaDbNative = [] {
 }();
 
 inline const auto kDatabases =
-    ::testing::Values(kSqlite, kSqliteOdbc, kPostgreSql, kPostgreSqlOdbc, kMariaDb, kMariaDbNative);
+    ::testing::Values(kSqlite, kPostgreSql, kPostgreSqlOdbc, kMariaDb, kMariaDbNative);
 
 inline std::string DatabaseName(const ::testing::TestParamInfo<Database>& info) { return info.param.name; }
 

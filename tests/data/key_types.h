@@ -61,23 +61,6 @@ inline const std::vector<KeyType> kSqliteKeys = {
     {"", TypeCode::kBigInt, {"5", "'x'", "1.5", "'7'"}, false},
 };
 
-inline const std::vector<KeyType> kSqliteOdbcKeys = {
-    {"SMALLINT", TypeCode::kSmallInt, kWhole},
-    {"INTEGER", TypeCode::kInteger, {"5", "-7", "9223372036854775807"}},
-    {"BIGINT", TypeCode::kBigInt, {"5", "-9223372036854775808"}},
-    {"DOUBLE", TypeCode::kDouble, {"0.1", "1.5", "123456.789"}},
-    {"MONEY", TypeCode::kCurrency, {"12.5", "3", "1234567.89"}},
-    {"NUMERIC(10,2)", TypeCode::kNumeric, {"1.5", "-0.25", "100"}},
-    {"BOOLEAN", TypeCode::kBoolean, {"1", "0"}},
-    {"DATE", TypeCode::kDbDate, {"'2024-05-03'", "'2024-05-04'"}},
-    {"TIMESTAMP",
-     TypeCode::kDbTimestamp,
-     {"'2024-05-03 00:00:00'", "'2024-05-03 10:20:30'", "'2024-05-03 10:20:30.25'", "'2024-05-04'"}},
-    {"TIME", TypeCode::kDbTime, {"'04:05:06'", "'00:00:00'", "'16:05:06'", "'07:30'"}},
-    {"VARCHAR(20)", TypeCode::kVarWideChar, kTexts},
-    {"TEXT", TypeCode::kLongVarWideChar, kTexts},
-};
-
 inline const std::vector<KeyType> kPostgreSqlKeys = {
     {"SMALLINT", TypeCode::kSmallInt, kWhole},
     {"INTEGER", TypeCode::kInteger, kWhole},
@@ -129,7 +112,6 @@ inline const std::vector<KeyType> kMariaDbKeys = {
 
 inline std::vector<KeyType> KeyTypesOf(std::string_view database) {
   if (database == "Sqlite") return kSqliteKeys;
-  if (database == "SqliteOdbc") return kSqliteOdbcKeys;
   if (database.starts_with("MariaDb")) return kMariaDbKeys;
   std::vector<KeyType> types = kPostgreSqlKeys;
   if (database == "PostgreSql") {

@@ -1,7 +1,5 @@
-#include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -183,11 +181,8 @@ TEST_P(Values, KeepsEveryDigitOfADecimalOrItsFirstFifteen) {
 TEST_P(Values, KeepsDoubles) {
   Create(GetParam().number.name);
   for (const double number : {0.1, -1.0 / 3, 1.5e308, 2.5e-308, 123456789.125, 5e-10, 9007199254740991.0}) {
-    std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.*g", GetParam().double_digits, number);
-    const std::string kept = Shown(std::stod(text.data()));
-    EXPECT_EQ(KeptAs(number), kept);
-    EXPECT_EQ(KeptAsEdited(number), kept);
+    EXPECT_EQ(KeptAs(number), Shown(number));
+    EXPECT_EQ(KeptAsEdited(number), Shown(number));
   }
 }
 
@@ -215,11 +210,9 @@ TEST_P(Values, KeepsTheFractionOfASecond) {
   EXPECT_EQ(KeptAs(DateTime{2024, 3, 1, 10, 20, 30, 5'000'000}), "2024-03-01 10:20:30.005000000");
   EXPECT_EQ(KeptAsEdited("2024-03-01T10:20:30.120"), "2024-03-01 10:20:30.120000000");
 
-  std::string digits = "123456789";
-  digits.replace(GetParam().fraction_digits, digits.npos, digits.size() - GetParam().fraction_digits, '0');
-  const auto fraction = static_cast<std::uint32_t>(std::stoul(digits));
-  EXPECT_EQ(KeptAs(DateTime{9999, 12, 31, 23, 59, 59, fraction}), "9999-12-31 23:59:59." + digits);
-  EXPECT_EQ(KeptAsEdited(DateTime{9999, 12, 31, 23, 59, 59, fraction}), "9999-12-31 23:59:59." + digits);
+  const DateTime last{9999, 12, 31, 23, 59, 59, 123'456'000};
+  EXPECT_EQ(KeptAs(last), "9999-12-31 23:59:59.123456000");
+  EXPECT_EQ(KeptAsEdited(last), "9999-12-31 23:59:59.123456000");
 }
 
 TEST_P(Values, FindsARecordByItsTimestamp) {

@@ -17,7 +17,6 @@ class Shop:
     identity = "INTEGER PRIMARY KEY"
     boolean = "BOOLEAN"
     timestamp = "TIMESTAMP"
-    decimal = "DECIMAL(10,2)"
     folds_names = False
     keeps_decimals = True
 
@@ -35,7 +34,7 @@ class Shop:
     def statements(self):
         yield "CREATE TABLE Countries (Code VARCHAR(2) NOT NULL PRIMARY KEY, Name VARCHAR(40) NOT NULL)"
         yield "INSERT INTO Countries VALUES ('no', 'Norge'), ('de', 'Deutschland'), ('at', 'Österreich')"
-        yield (f"CREATE TABLE Goods (ID {self.identity}, Name VARCHAR(20) NOT NULL, Price {self.decimal}, Stock SMALLINT, "
+        yield (f"CREATE TABLE Goods (ID {self.identity}, Name VARCHAR(20) NOT NULL, Price DECIMAL(10,2), Stock SMALLINT, "
                f"Active {self.boolean}, Born DATE, Seen {self.timestamp}, Country VARCHAR(2), Big BIGINT, Note {self.text})")
         goods = []
         for n in range(1, 46):
@@ -62,14 +61,6 @@ class SqliteShop(Shop):
     def rows(self, sql):
         with contextlib.closing(sqlite3.connect(self.file)) as database:
             return [tuple("NULL" if value is None else str(value) for value in row) for row in database.execute(sql)]
-
-
-class SqliteOdbcShop(SqliteShop):
-    decimal = "NUMERIC(10,2)"
-
-    def __init__(self, folder):
-        super().__init__(folder)
-        self.connection = f"Driver=SQLite3;Database={self.file}"
 
 
 class ServerShop(Shop):
@@ -136,5 +127,5 @@ class MariaDbOdbcShop(MariaDbShop):
     reached_by = "Driver=MariaDB Unicode"
 
 
-SHOPS = {"sqlite": SqliteShop, "sqlite_odbc": SqliteOdbcShop, "postgresql": PostgreSqlShop,
-         "postgresql_odbc": PostgreSqlOdbcShop, "mariadb": MariaDbShop, "mariadb_odbc": MariaDbOdbcShop}
+SHOPS = {"sqlite": SqliteShop, "postgresql": PostgreSqlShop, "postgresql_odbc": PostgreSqlOdbcShop,
+         "mariadb": MariaDbShop, "mariadb_odbc": MariaDbOdbcShop}

@@ -26,10 +26,4 @@ class ServerTest : public ::testing::Test {
 class PostgreSqlDriver : public ServerTest<Server::kPostgreSql> {};
 class MariaDbDriver : public ServerTest<Server::kMariaDb> {};
 
-class SqliteDriver : public ::testing::Test {
- protected:
-  NewFile database_{"Driver=SQLite3;Database="};
-  ConnectionPtr connection_ = Connect(database_.ConnectionString());
-};
-
 }  // namespace dralo::tests

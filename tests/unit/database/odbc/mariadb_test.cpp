@@ -103,28 +103,6 @@ TEST_F(MariaDbDriver, StopsAStatementThatTakesTooLong) {
   EXPECT_EQ(ErrorOf([&] { Rows(patient, "SELECT SLEEP(20)"); }).Number(), 1969);
 }
 
-TEST_F(SqliteDriver, KeepsCharactersAboveTheBasicPlaneInStatementsAndNames) {
-  connection_->Execute("CREATE TABLE t (\"\xF0\x9F\x98\x80\" TEXT)");
-  connection_->Execute("INSERT INTO t VALUES ('\xF0\x9F\x8E\xBB')");
-  const auto recordset = Read(connection_, "SELECT * FROM t");
-  EXPECT_EQ(recordset->Fields()[0]->Name(), "\xF0\x9F\x98\x80");
-  EXPECT_EQ(Rest(*recordset), Lines{"'\xF0\x9F\x8E\xBB'"});
-}
-
-TEST_F(SqliteDriver, DoesNotTakeAGivenNameForAColumn) {
-  connection_->Execute("CREATE TABLE t (id INTEGER PRIMARY KEY, a TEXT, b TEXT)");
-  connection_->Execute("INSERT INTO t VALUES (1, 'x', 'y')");
-  const auto recordset = Edit(connection_, "SELECT id, a AS b FROM t");
-  EXPECT_EQ(MessageOf([&] { FieldOf(*recordset, "b").SetValue("z"); }),
-            "The field b is computed and cannot be set");
-}
-
-TEST_F(SqliteDriver, ReadsNumbersAsTheyAreWhateverTheirColumn) {
-  connection_->Execute("CREATE TABLE t (a INTEGER, b DECIMAL(9,2), c BIGINT)");
-  connection_->Execute("INSERT INTO t VALUES (123456789012, 12.5, 'none')");
-  EXPECT_EQ(Rows(connection_, "SELECT * FROM t"), Lines{"123456789012 12.5 'none'"});
-}
-
 }  // namespace
 
 }  // namespace dralo::tests
