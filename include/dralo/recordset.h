@@ -72,6 +72,12 @@ class Recordset : public Object {
   virtual void Open(Command& command, CursorType cursor = CursorType::kForwardOnly,
                     LockType lock = LockType::kReadOnly, int options = -1) = 0;
 
+  /// Opens the rows of `rows` for changes as if they were those of `described`, which says what the columns
+  /// are and which table they are written to, and is not run: a query inside of another one can seldom be
+  /// written to, but what it says about its rows holds. The columns correspond by position. Both run on the
+  /// active connection of `described`.
+  virtual void OpenDescribed(Command& described, Command& rows) = 0;
+
   virtual bool IsOpen() const = 0;
 
   /// Whether there is no current row because the last one was passed. False after AddNew().
@@ -103,6 +109,11 @@ class Recordset : public Object {
   /// the update criteria say. On failure nothing
   /// is changed in the database and the values set stay in the fields. Without a change nothing is written.
   virtual void Update() = 0;
+
+  /// Makes sure that the current row is as it was read and stays so until the transaction of the connection
+  /// ends, where the database can lock single rows; elsewhere the transaction itself does it. Throws Error
+  /// when it is not, and when the rows cannot be changed.
+  virtual void LockRow() = 0;
 
   /// Forgets the new row, or the changes of the current one.
   virtual void CancelUpdate() = 0;

@@ -33,6 +33,14 @@ std::int64_t Field::ActualSize() { return static_cast<std::int64_t>(std::visit(S
 
 platform::KeyComparison Field::Comparison() const { return recordset_.ColumnAt(column_).comparison; }
 
+bool Field::HasDeclaredType() const { return recordset_.ColumnAt(column_).has_declared_type; }
+
+std::string Field::BoundComparison(std::string_view name) const {
+  return recordset_.BoundComparison(column_, name);
+}
+
+std::string Field::BaseName() const { return recordset_.BaseName(column_); }
+
 platform::VariantView Field::Value() { return recordset_.Value(column_); }
 
 void Field::SetValue(const platform::Variant& value) { recordset_.SetValue(column_, value); }

@@ -19,6 +19,9 @@ class Field final : public platform::Field {
   std::int64_t DefinedSize() const override;
   std::int64_t ActualSize() override;
   platform::KeyComparison Comparison() const override;
+  bool HasDeclaredType() const override;
+  std::string BoundComparison(std::string_view name) const override;
+  std::string BaseName() const override;
   platform::VariantView Value() override;
   void SetValue(const platform::Variant& value) override;
 

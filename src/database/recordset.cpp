@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "database/conversion.h"
-#include "database/source_text.h"
 #include "dralo/error.h"
 
 namespace dralo::database {
@@ -13,22 +12,6 @@ namespace dralo::database {
 using platform::Error;
 using platform::Variant;
 using platform::VariantView;
-
-namespace {
-
-bool AreUpdatable(platform::CursorLocation location, platform::CursorType cursor, platform::LockType lock) {
-  return location == platform::CursorLocation::kClient && cursor == platform::CursorType::kKeyset &&
-         lock == platform::LockType::kOptimistic;
-}
-
-std::shared_ptr<Connection> RequireConnection(const std::shared_ptr<platform::Connection>& connection) {
-  if (!connection) throw Error("The recordset has no connection");
-  auto ours = std::dynamic_pointer_cast<Connection>(connection);
-  if (!ours) throw Error("The recordset's connection is of another class");
-  return ours;
-}
-
-}  // namespace
 
 Recordset::~Recordset() { Close(); }
 
@@ -41,61 +24,6 @@ void Recordset::SetMaxRecords(std::int64_t rows) {
 void Recordset::SetCursorLocation(platform::CursorLocation location) {
   RequireClosed();
   location_ = location;
-}
-
-void Recordset::Open(std::string_view sql, const std::shared_ptr<platform::Connection>& connection,
-                     platform::CursorType cursor, platform::LockType lock, int options) {
-  RequireClosed();
-  auto ours = RequireConnection(connection);
-  const std::string text = StatementOf(ours->GetSession(), sql, options);
-  Start(std::move(ours), {text, {}, max_records_, AreUpdatable(location_, cursor, lock)});
-}
-
-void Recordset::Open(platform::Command& command, platform::CursorType cursor, platform::LockType lock,
-                     int options) {
-  RequireClosed();
-  RequireKnown(options);
-  auto ours = RequireConnection(command.active_connection);
-  const std::string text = StatementOf(ours->GetSession(), command);
-  Start(std::move(ours), {text, command.parameters, max_records_, AreUpdatable(location_, cursor, lock)});
-}
-
-std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_view sql, int options) {
-  const std::string text = StatementOf(connection->GetSession(), sql, options);
-  return Start(std::move(connection), {text, {}, max_records_});
-}
-
-std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query) {
-  Session& session = connection->GetSession();
-  counted_.reset();
-  const Query count{.text = counting_, .parameters = counting_parameters_, .max_records = 1};
-  if (!counting_.empty() && !session.CountsBesideRows()) counted_ = session.Ask(count);
-  auto cursor = session.Prepare(query);
-  auto columns = cursor->GetColumns();
-  const bool changes_data = cursor->ChangesData();
-  // What cannot be counted must not be run.
-  if ((columns->empty() || changes_data) && !counting_.empty() && !counted_) counted_ = session.Ask(count);
-  if (columns->empty()) {
-    cursor->Step();
-    return cursor->RowsAffected();
-  }
-  ClientCursor* client = nullptr;
-  if (query.is_updatable || changes_data) {
-    auto owned = std::make_unique<ClientCursor>(std::move(cursor), query.max_records);
-    client = owned.get();
-    if (changes_data) client->Load();
-    cursor = std::move(owned);
-  }
-  connection->Attach(*this);
-  connection_ = std::move(connection);
-  cursor_ = std::move(cursor);
-  updatable_ = query.is_updatable ? client : nullptr;
-  field_pointers_.clear();
-  fields_.clear();
-  columns_ = std::move(columns);
-  passed_ = 0;
-  position_ = Position::kBeforeFirst;
-  return changes_data ? cursor_->RowsAffected() : 0;
 }
 
 Variant Recordset::Counted() {
@@ -175,6 +103,12 @@ void Recordset::Update() {
   edit_.reset();
 }
 
+void Recordset::LockRow() {
+  ClientCursor& cursor = RequireUpdatable();
+  if (!IsOnRow()) throw Error("There is no current record to lock");
+  database::LockRow(connection_->GetSession(), cursor, {criteria_, identity_});
+}
+
 void Recordset::CancelUpdate() {
   RequireOpen();
   edit_.reset();
@@ -217,6 +151,17 @@ void Recordset::SetValue(std::size_t column, const Variant& value) {
   if (!IsCurrentValue(column, converted)) assigned = std::move(converted);
   const auto is_assigned = [](const auto& slot) { return slot.has_value(); };
   if (std::ranges::none_of(edit_->values, is_assigned)) edit_.reset();
+}
+
+std::string Recordset::BoundComparison(std::size_t column, std::string_view name) const {
+  RequireOpen();
+  const Column& compared = ColumnAt(column);
+  if (!compared.has_declared_type) return "CAST(" + std::string(name) + " AS TEXT) = ?";
+  return EqualByIndex(connection_->GetSession(), compared, std::string(name));
+}
+
+std::string Recordset::BaseName(std::size_t column) const {
+  return RequireUpdatable().Table().columns[column];
 }
 
 void Recordset::RequireClosed() const {

@@ -46,6 +46,7 @@ class Recordset final : public platform::Recordset {
             platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
   void Open(platform::Command& command, platform::CursorType cursor = platform::CursorType::kForwardOnly,
             platform::LockType lock = platform::LockType::kReadOnly, int options = -1) override;
+  void OpenDescribed(platform::Command& described, platform::Command& rows) override;
   bool IsOpen() const override { return position_ != Position::kClosed; }
   platform::Variant Counted() override;
   bool Eof() override;
@@ -55,6 +56,7 @@ class Recordset final : public platform::Recordset {
   void AddNew() override;
   void TakeTypesOfRow() override;
   void Update() override;
+  void LockRow() override;
   void CancelUpdate() override;
   void Close() override;
 
@@ -65,6 +67,8 @@ class Recordset final : public platform::Recordset {
   const Column& ColumnAt(std::size_t column) const { return (*columns_)[column]; }
   platform::TypeCode Type(std::size_t column);
   void SetValue(std::size_t column, const platform::Variant& value);
+  std::string BoundComparison(std::size_t column, std::string_view name) const;
+  std::string BaseName(std::size_t column) const;
 
   platform::VariantView Value(std::size_t column) {
     if (position_ == Position::kOnRow && !edit_) [[likely]]
@@ -82,6 +86,7 @@ class Recordset final : public platform::Recordset {
   };
 
   std::int64_t Start(std::shared_ptr<Connection> connection, const Query& query);
+  void Take(std::shared_ptr<Connection> connection, std::unique_ptr<Cursor> cursor);
   void RequireClosed() const;
   void RequireOpen() const;
   void RequireNoEdit() const;
@@ -100,12 +105,12 @@ class Recordset final : public platform::Recordset {
   platform::UpdateCriteria criteria_ = platform::UpdateCriteria::kChangedColumns;
   platform::RecordIdentity identity_;
   std::string counting_;
+  std::vector<platform::Variant> counting_parameters_;
   std::optional<platform::Variant> counted_;
 
   Position position_ = Position::kClosed;
   std::shared_ptr<Connection> connection_;
   std::unique_ptr<Cursor> cursor_;
-  std::vector<platform::Variant> counting_parameters_;
   ClientCursor* updatable_ = nullptr;  ///< The cursor when rows can be changed.
   std::int64_t passed_ = 0;            ///< Rows before the current one.
   std::optional<Edit> edit_;

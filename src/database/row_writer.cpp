@@ -57,28 +57,26 @@ Change MakeInsert(Session& session, ClientCursor& cursor, const AssignedValues& 
   return change;
 }
 
-/// An UPDATE in the making.
-class RowUpdate {
+constexpr const char* kChangedMeanwhile =
+    "Row cannot be located for updating. Some values may have been changed since it was last read.";
+
+/// A statement about the current row in the making.
+class RowStatement {
  public:
-  RowUpdate(Session& session, ClientCursor& cursor)
-      : session_(session), cursor_(cursor), table_(cursor.Table()), columns_(cursor.GetColumns()) {
+  RowStatement(Session& session, ClientCursor& cursor)
+      : session_(session), cursor_(cursor), table_(cursor.Table()), columns_(cursor.GetColumns()) {}
+
+  Change MakeUpdate(const AssignedValues& values, const RowMatch& match) {
     change_.text = "UPDATE " + table_.name;
+    Set(values);
+    Find(values, match);
+    return std::move(change_);
   }
 
-  Change Make(const AssignedValues& values, const RowMatch& match) {
-    Set(values);
-    if (HasKey()) {
-      CompareKey();
-    } else {
-      Identify(match.identity);
-    }
-    const bool compares_all = !HasKey() || match.criteria == platform::UpdateCriteria::kAllColumns;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (values[i] || (compares_all && IsComparable(i))) Compare(i);
-    }
-    if (!has_condition_) {
-      throw Error("Nothing is known that tells the row from others; open the recordset again to change it");
-    }
+  Change MakeLock(const RowMatch& match) {
+    change_.text = "SELECT 1 FROM " + table_.name;
+    Find(AssignedValues(columns_->size()), {platform::UpdateCriteria::kAllColumns, match.identity});
+    change_.text += session_.RowLock();
     return std::move(change_);
   }
 
@@ -91,6 +89,21 @@ class RowUpdate {
   }
 
  private:
+  void Find(const AssignedValues& values, const RowMatch& match) {
+    if (HasKey()) {
+      CompareKey();
+    } else {
+      Identify(match.identity);
+    }
+    const bool compares_all = !HasKey() || match.criteria == platform::UpdateCriteria::kAllColumns;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (values[i] || (compares_all && IsComparable(i))) Compare(i);
+    }
+    if (!has_condition_) {
+      throw Error("Nothing is known that tells the row from others; open the recordset again to change it");
+    }
+  }
+
   void Set(const AssignedValues& values) {
     std::string_view separator = " SET ";
     for (std::size_t i = 0; i < values.size(); ++i) {
@@ -127,14 +140,9 @@ class RowUpdate {
     }
   }
 
-  /// A value that the database would round or convert before it compares it has a comparison of its own.
   void CompareByIndex(std::size_t i) {
-    const platform::TypeCode type = (*columns_)[i].type;
-    if (type == platform::TypeCode::kSingle || type == platform::TypeCode::kCurrency ||
-        IsNull(View(*cursor_.At(i).stored))) {
-      return Compare(i);
-    }
-    Require(table_.columns[i] + " = ?");
+    if (IsNull(View(*cursor_.At(i).stored))) return Compare(i);
+    Require(EqualByIndex(session_, (*columns_)[i], table_.columns[i]));
     change_.Bind(*cursor_.At(i).stored);
   }
 
@@ -187,8 +195,8 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
 }
 
 void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values, const RowMatch& match) {
-  RowUpdate update(session, cursor);
-  const Change change = update.Make(values, match);
+  RowStatement update(session, cursor);
+  const Change change = update.MakeUpdate(values, match);
   RepeatingAfterConflict(session, [&] {
     platform::Transaction transaction(session);
     const std::int64_t changed = session.Run({change.text, change.parameters});
@@ -199,9 +207,7 @@ void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& val
           "apart.",
           0, {}, change.text);
     }
-    RequireOne(
-        changed, change,
-        "Row cannot be located for updating. Some values may have been changed since it was last read.");
+    RequireOne(changed, change, kChangedMeanwhile);
     transaction.Commit();
   });
 
@@ -209,6 +215,19 @@ void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& val
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (values[i]) cursor.Change(i, {*values[i], session.Stored((*columns)[i], *values[i])});
   }
+}
+
+void LockRow(Session& session, ClientCursor& cursor, const RowMatch& match) {
+  const Change lock = RowStatement(session, cursor).MakeLock(match);
+  const auto locked = session.Prepare({lock.text, lock.parameters});
+  if (!locked->Step()) throw Error(kChangedMeanwhile, 0, {}, lock.text);
+  locked->Stop();
+}
+
+std::string EqualByIndex(const Session& session, const Column& column, const std::string& quoted_column) {
+  const bool is_converted =
+      column.type == platform::TypeCode::kSingle || column.type == platform::TypeCode::kCurrency;
+  return is_converted ? session.Unchanged(column, quoted_column, false) : quoted_column + " = ?";
 }
 
 }  // namespace dralo::database

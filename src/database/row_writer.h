@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "database/client_cursor.h"
@@ -27,5 +28,13 @@ struct RowMatch {
 /// that are replaced or all, are still the old ones. Without a key all are compared, and no other row must
 /// have them. Throws platform::Error, having changed nothing.
 void UpdateRow(Session& session, ClientCursor& cursor, const AssignedValues& values, const RowMatch& match);
+
+/// Makes sure that the current row of `cursor` is still there as it was read, and locks it until the end of
+/// the transaction where the database has a lock for rows. Throws platform::Error when it is not.
+void LockRow(Session& session, ClientCursor& cursor, const RowMatch& match);
+
+/// The condition that a column has the value bound to its "?", for which an index can be used unless the
+/// database would round or convert the value before it compares it.
+std::string EqualByIndex(const Session& session, const Column& column, const std::string& quoted_column);
 
 }  // namespace dralo::database

@@ -40,6 +40,10 @@ class Session {
   virtual std::string Unchanged(const Column& column, const std::string& quoted_column,
                                 bool was_null) const = 0;
 
+  /// What stands behind a query so that its rows stay as they are until the transaction ends; "" where the
+  /// database has nothing for that.
+  virtual std::string_view RowLock() const { return {}; }
+
   /// `value`, which has the column's type, as it is written into the column.
   virtual platform::Variant Stored(const Column& column, const platform::Variant& value) const = 0;
 

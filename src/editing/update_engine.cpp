@@ -10,8 +10,8 @@
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
 #include "settings/open_connection.h"
-#include "text/blanks.h"
 #include "settings/statement_parameters.h"
+#include "text/blanks.h"
 
 namespace dralo::editing {
 namespace {

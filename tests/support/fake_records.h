@@ -27,6 +27,8 @@ class FakeField final : public platform::Field {
   int Attributes() const override { return platform::kFieldIsNullable; }
   std::int64_t DefinedSize() const override { return 0; }
   std::int64_t ActualSize() override { return 0; }
+  std::string BoundComparison(std::string_view name) const override { return std::string(name) + " = ?"; }
+  std::string BaseName() const override { return name_; }
   platform::VariantView Value() override {
     ++reads;
     return read_();
@@ -65,6 +67,8 @@ class FakeRecords : public platform::Recordset {
   std::span<platform::Field* const> Fields() override { return fields_; }
 
   bool IsOpen() const override { return true; }
+  void OpenDescribed(platform::Command&, platform::Command&) override {}
+  void LockRow() override {}
   void Close() override {}
   void SetMaxRecords(std::int64_t) override {}
   std::int64_t MaxRecords() const override { return 0; }

@@ -39,6 +39,7 @@ class Session final : public database::Session {
   std::string QuoteName(std::string_view name) const override;
   std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
   std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
+  std::string_view RowLock() const override { return " FOR UPDATE"; }
   platform::Variant Stored(const Column& column, const platform::Variant& value) const override;
   std::string InsertOfDefaults(const std::string& quoted_table) const override {
     return "INSERT INTO " + quoted_table + " () VALUES ()";

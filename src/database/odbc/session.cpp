@@ -64,6 +64,17 @@ std::string Session::Unchanged(const Column& column, const std::string& quoted_c
                   : SameValue(link_.GetDialect(), column, quoted_column);
 }
 
+std::string_view Session::RowLock() const {
+  switch (link_->GetDialect()) {
+    case Dialect::kPostgreSql:
+    case Dialect::kMariaDb:
+    case Dialect::kOracle:
+      return " FOR UPDATE";
+    default:
+      return {};
+  }
+}
+
 Variant Session::Stored(const Column& column, const Variant& value) const {
   const auto* time = std::get_if<platform::DateTime>(&value);
   if (!time || link_.GetDialect() != Dialect::kSqlite) return value;

@@ -43,6 +43,11 @@ class WatchedRecordset final : public platform::Recordset {
     watch_("Open");
     inner_->Open(command, cursor, lock, options);
   }
+  void OpenDescribed(platform::Command& described, platform::Command& rows) override {
+    watch_("Open");
+    inner_->OpenDescribed(described, rows);
+  }
+  void LockRow() override { inner_->LockRow(); }
   bool IsOpen() const override { return inner_->IsOpen(); }
   bool Eof() override {
     watch_("Eof");
