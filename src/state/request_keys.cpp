@@ -1,13 +1,43 @@
 #include "state/request_keys.h"
 
+#include <algorithm>
+#include <initializer_list>
+#include <span>
+
+#include "text/ascii.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"
 
 namespace dralo::state {
 
-RequestKeys::RequestKeys(const platform::Request& request, std::string_view tag)
-    : request_(request), prefix_(key::kPrefix) {
+namespace {
+
+bool IsCommand(std::string_view name) {
+  return std::ranges::any_of(
+      std::initializer_list<std::string_view>{key::kFormUpdate, key::kFormInsert, key::kFormDelete},
+      [&](std::string_view command) { return text::StartsWithAscii(name, command); });
+}
+
+}  // namespace
+
+bool IsOfChange(std::string_view name) {
+  return IsCommand(name) || name.starts_with('_') || text::EqualAscii(name, key::kToken);
+}
+
+RequestKeys::RequestKeys(const platform::Request& request, std::string_view tag, ChangeKeys change_keys)
+    : request_(request), prefix_(key::kPrefix), change_keys_(change_keys) {
   prefix_ += tag;
+  commands_change_ = change_keys == ChangeKeys::kForm &&
+                     (Has(key::kFormUpdate) || Has(key::kFormDelete) || Has(key::kFormInsert));
+}
+
+bool RequestKeys::IsReadInForm(std::string_view name) const {
+  return change_keys_ != ChangeKeys::kNowhere || !IsOfChange(name);
+}
+
+bool RequestKeys::IsReadInQuery(std::string_view name) const {
+  if (change_keys_ == ChangeKeys::kAnywhere) return true;
+  return !IsOfChange(name) && !(commands_change_ && text::EqualAscii(name, key::kPrimaryKey));
 }
 
 std::string_view RequestKeys::Value(std::string_view name) const { return Find(name, {}); }
@@ -21,7 +51,10 @@ std::string_view RequestKeys::Find(std::string_view name, std::string_view suffi
            text::EqualIgnoringCase(candidate.substr(prefix_.size(), name.size()), name) &&
            text::EqualIgnoringCase(candidate.substr(prefix_.size() + name.size()), suffix);
   };
-  for (const auto fields : {request_.Form(), request_.QueryString()}) {
+  using Fields = std::span<const platform::RequestField>;
+  const Fields form = IsReadInForm(name) ? request_.Form() : Fields();
+  const Fields query = IsReadInQuery(name) ? request_.QueryString() : Fields();
+  for (const Fields fields : {form, query}) {
     for (const platform::RequestField& field : fields) {
       if (is_wanted(field.name)) return text::TrimBlanks(field.value);
     }

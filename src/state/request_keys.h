@@ -34,6 +34,12 @@ inline constexpr std::string_view kFormUpdate = "FormUpdate";
 inline constexpr std::string_view kFormDelete = "FormDelete";
 inline constexpr std::string_view kToExcel = "ToExcel";
 
+/// What became of the change that led to this address: "u" a save, "i" a new record, "d" a deleted one.
+inline constexpr std::string_view kDone = "Done";
+
+/// The word by which a page recognises the forms that it has written itself.
+inline constexpr std::string_view kToken = "Token";
+
 /// Stands before the name of the field in the names of a form's inputs.
 inline constexpr std::string_view kField = "_Form_";
 
@@ -44,10 +50,18 @@ inline constexpr std::string_view kPressed = ".x";
 /// The value of key::kFormDisplay that asks for single records; read in any letter case.
 inline constexpr std::string_view kOneRecord = "formOneRec";
 
+/// Whether the key commands a change or says what is written: what a hardened view takes from the body of a
+/// post alone. `name` is without the view's prefix; letter case does not matter.
+bool IsOfChange(std::string_view name);
+
+/// Where keys of a change are read.
+enum class ChangeKeys { kAnywhere, kForm, kNowhere };
+
 /// The request keys of one view: "Morvu", its tag, and the key's name. The one place where keys are formed.
 class RequestKeys {
  public:
-  RequestKeys(const platform::Request& request, std::string_view tag);
+  RequestKeys(const platform::Request& request, std::string_view tag,
+              ChangeKeys change_keys = ChangeKeys::kAnywhere);
 
   /// The key as it is written into the page. Valid as long as this object.
   html::Joined operator()(std::string_view name) const { return {prefix_, name}; }
@@ -67,8 +81,13 @@ class RequestKeys {
  private:
   std::string_view Find(std::string_view name, std::string_view suffix) const;
 
+  bool IsReadInForm(std::string_view name) const;
+  bool IsReadInQuery(std::string_view name) const;
+
   const platform::Request& request_;
   std::string prefix_;
+  ChangeKeys change_keys_;
+  bool commands_change_ = false;  ///< The form does, and its keys are read: the record's key is its own too.
 };
 
 }  // namespace dralo::state
