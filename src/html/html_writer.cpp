@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "html/text_escape.h"
 #include "text/ascii.h"
 
 namespace dralo::html {
@@ -37,6 +38,19 @@ HtmlWriter& HtmlWriter::Write(Encoded value) {
     }
   }
   return *this;
+}
+
+HtmlWriter& HtmlWriter::Write(Text value) {
+  std::string_view rest = value.text;
+  for (;;) {
+    const std::size_t plain = PlainBytes(rest);
+    Append(rest.substr(0, plain));
+    rest.remove_prefix(plain);
+    if (rest.empty()) return *this;
+    const Escape escape = FirstEscape(rest);
+    Append(escape.by);
+    rest.remove_prefix(escape.bytes);
+  }
 }
 
 void HtmlWriter::Flush() {

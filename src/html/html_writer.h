@@ -35,6 +35,12 @@ struct Encoded {
   std::string_view text;
 };
 
+/// A text that shows as it is wherever it stands in a page's text or between the quotes of an attribute: "&",
+/// "<", ">" and quotes of both kinds are written as character references, NUL and what is no UTF-8 as U+FFFD.
+struct Text {
+  std::string_view text;
+};
+
 /// An integer type whose values are numbers, not truth values or characters.
 template <class T>
 concept Number = std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char>;
@@ -42,7 +48,7 @@ concept Number = std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_s
 /// What may stand in a slot: a number, or a text that says how it is written.
 template <class T>
 concept Slot = Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined> ||
-    std::is_same_v<T, Quoted> || std::is_same_v<T, Encoded>;
+    std::is_same_v<T, Quoted> || std::is_same_v<T, Encoded> || std::is_same_v<T, Text>;
 
 /// A string literal with one "{}" slot per argument. Only a literal converts to it, so a value can never
 /// become markup by accident; a wrong number of slots does not compile.
@@ -115,6 +121,7 @@ class HtmlWriter {
   }
   HtmlWriter& Write(Quoted value);
   HtmlWriter& Write(Encoded value);
+  HtmlWriter& Write(Text value);
 
   HtmlWriter& Write(Number auto number) {
     constexpr std::size_t kMostDigits = 24;

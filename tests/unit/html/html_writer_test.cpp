@@ -47,7 +47,8 @@ concept IsWritten = requires(HtmlWriter& out, const Value& value) {
   out.Write(value);
 };
 
-static_assert(FillsASlot<Verbatim> && FillsASlot<Joined> && FillsASlot<Quoted> && FillsASlot<Encoded>);
+static_assert(FillsASlot<Verbatim> && FillsASlot<Joined> && FillsASlot<Quoted> && FillsASlot<Encoded> &&
+              FillsASlot<Text>);
 static_assert(FillsASlot<int> && FillsASlot<std::int16_t> && FillsASlot<std::int64_t> &&
               FillsASlot<std::size_t>);
 static_assert(!FillsASlot<std::string_view> && !IsWritten<std::string_view>);
@@ -98,6 +99,12 @@ TEST_F(HtmlText, WritesDoubleQuotesOfQuotedTextAsEntitiesAndNothingElse) {
   out.Put(R"(value="{}")", Quoted{R"("a"&<b>'c'"")"});
 
   EXPECT_EQ(out.Take(), R"(value="&quot;a&quot;&<b>'c'&quot;&quot;")");
+}
+
+TEST_F(HtmlText, WritesTextSoThatItShowsAsItIs) {
+  out.Put("<td>{}</td>", Text{"a & b <\"S\xC3\xB8n's\"> "}).Put("{}{}", Text{}, Text{"c"});
+
+  EXPECT_EQ(out.Take(), "<td>a &amp; b &lt;&quot;S\xC3\xB8n&#39;s&quot;&gt; </td>c");
 }
 
 TEST(HtmlWriter, EncodesEveryByteThatIsNoLetterOrDigit) {
