@@ -96,4 +96,12 @@ bool IsUntouched(std::string_view posted, std::string_view shown, bool is_one_li
   }
 }
 
+std::string AsHeldByControl(std::string_view text, bool is_one_line) {
+  std::string held;
+  held.reserve(text.size());
+  Walk walk(text, is_one_line);
+  for (std::string_view next = walk.Next(); !next.empty(); next = walk.Next()) held.append(next);
+  return held;
+}
+
 }  // namespace dralo::editing

@@ -28,4 +28,7 @@ bool IsTicked(const platform::VariantView& value);
 /// no UTF-8 become replacement characters. Both texts are compared in that form.
 bool IsUntouched(std::string_view posted, std::string_view shown, bool is_one_line);
 
+/// The text in the form in which IsUntouched() compares it.
+std::string AsHeldByControl(std::string_view text, bool is_one_line);
+
 }  // namespace dralo::editing
