@@ -30,11 +30,33 @@ enum ButtonSlot : std::size_t { kEdit = 0, kSave = 1, kClose = 2, kAdd = 3, kDel
 /// Slots of LanguageTables::updates.
 enum UpdateSlot : std::size_t { kInserted = 0, kUpdated = 1, kDeleted = 2, kNotSaved = 3 };
 
+/// Slots of LanguageTables::refusals: what stands beside a field, or beside the buttons, of a change that was
+/// not made. "{}" stands for a limit.
+enum RefusalSlot : std::size_t {
+  kSeeFields = 0,
+  kChangedMeanwhile = 1,  ///< In front of the newer value.
+  kDeleteChanged = 2,
+  kAddedAlready = 3,
+  kRequired = 4,
+  kNoNumber = 5,
+  kNoDate = 6,
+  kBelowLimit = 7,
+  kAboveLimit = 8,
+  kTooShort = 9,
+  kTooLong = 10,
+  kOtherForm = 11,
+  kNoEmail = 12,
+  kNoAddress = 13,
+  kTooEarly = 14,
+  kTooLate = 15,
+};
+
 /// Every text that the component itself puts on a page.
 struct LanguageTables {
-  std::vector<std::string> navigation;  ///< At least 12.
-  std::vector<std::string> buttons;     ///< At least 5.
-  std::vector<std::string> updates;     ///< At least 3; the fourth may be missing.
+  std::vector<std::string> navigation;     ///< At least 12.
+  std::vector<std::string> buttons;        ///< At least 5.
+  std::vector<std::string> updates;        ///< At least 3; the fourth may be missing.
+  std::vector<std::string> refusals = {};  ///< As many as there are slots; plain text.
 
   /// The text of an update slot; empty when a page's own list is too short for it.
   std::string_view Update(UpdateSlot slot) const {

@@ -47,6 +47,21 @@ TEST(BuiltInTables, HoldTheNorwegianTextsInUtf8) {
                    "Dataposten ble IKKE LAGRET. Fyll ut p\xC3\xA5krevde verdier."}));
 }
 
+TEST(BuiltInTables, HaveEveryRefusalInEveryLanguageWithTheSamePlaces) {
+  const Texts english = BuiltInTables("ENG")->refusals;
+  ASSERT_EQ(english.size(), std::size_t{kTooLate} + 1);
+  EXPECT_EQ(english[kTooEarly], "This must be {} or later.");
+  for (const char* code : {"GER", "NOR"}) {
+    const Texts texts = BuiltInTables(code)->refusals;
+    ASSERT_EQ(texts.size(), english.size()) << code;
+    for (std::size_t slot = 0; slot < texts.size(); ++slot) {
+      EXPECT_NE(texts[slot], english[slot]) << code;
+      EXPECT_EQ(texts[slot].find("{}") == std::string::npos, english[slot].find("{}") == std::string::npos)
+          << texts[slot];
+    }
+  }
+}
+
 TEST(BuiltInTables, AreFoundByTheExactUpperCaseCodeOnly) {
   for (const char* code : {"", "eng", "Eng", "ENG ", " ENG", "EN", "ENGL", "GERMAN", "NO", "nor", "FRA"}) {
     EXPECT_EQ(BuiltInTables(code), nullptr) << code;
