@@ -10,12 +10,11 @@
 
 #include "dralo/error.h"
 #include "dralo/recordset.h"
-#include "editing/control_text.h"
 #include "editing/field_value.h"
 #include "editing/outcome.h"
+#include "editing/posted_field.h"
 #include "editing/posted_key.h"
 #include "editing/primary_keys.h"
-#include "platform/field_kind.h"
 #include "settings/field_lists.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
@@ -100,7 +99,7 @@ class Save {
     if (!key.value && IsLeftAlone(field, index, posted)) return true;
 
     std::string_view text = key.value ? std::string_view(*key.value) : posted.value_or("");
-    if (key.value || IsSelect(field.name)) text = AsOfBox(field, text);
+    if (key.value || IsSelect(settings_, field.name)) text = AsOfBox(field.type, text);
     const auto value = FieldValue(render_.Regional(), field, text);
     if (const auto* refusal = std::get_if<Refusal>(&value)) return Refuse(*refusal, text);
     FieldAt(index).SetValue(std::get<platform::Variant>(value));
@@ -113,37 +112,13 @@ class Save {
     if (settings::IsFieldReadOnly(settings_, field.name, position)) return true;
     if (!posted && !settings::IsFormFieldShown(settings_, field.name, position + 1)) return true;
     if (is_insert_) return false;
-    return IsUntouchedKey(field.name) || IsShownAsPosted(field, FieldAt(index), posted.value_or(""));
+    return IsUntouchedKey(field.name) || IsShownAsPosted(render_, field, FieldAt(index), posted.value_or(""));
   }
 
   bool IsUntouchedKey(std::string_view name) const {
     return !key_.exact.empty() && std::ranges::any_of(KeyNames(settings_), [&](const std::string& key) {
       return text::EqualIgnoringCase(key, name);
     });
-  }
-
-  bool IsShownAsPosted(const SchemaField& schema, platform::Field& field, std::string_view posted) const {
-    const bool is_select = IsSelect(schema.name);
-    if (schema.type == TypeCode::kBoolean) {
-      if (is_select) {
-        if (platform::IsNull(field.Value())) return posted.empty();
-        return !posted.empty() && IsTicked(field.Value()) == !AsOfBox(schema, posted).empty();
-      }
-      // A box cannot show Null: unticked it stands for False.
-      const platform::VariantView value = field.Value();
-      return !platform::IsNull(value) && IsTicked(value) == !posted.empty();
-    }
-    std::string scratch;
-    return IsUntouched(posted, ControlText(render_, field, scratch),
-                       !is_select && !platform::IsMemoFieldType(schema.type));
-  }
-
-  bool IsSelect(std::string_view field_name) const { return !settings_.lookups.Find(field_name).empty(); }
-
-  /// A box posts a text only for true; other sources say false in words.
-  static std::string_view AsOfBox(const SchemaField& field, std::string_view text) {
-    const bool is_false = text::EqualIgnoringCase(text, "False") || text == "0";
-    return field.type == TypeCode::kBoolean && is_false ? std::string_view() : text;
   }
 
   platform::Field& FieldAt(std::size_t index) {
