@@ -266,6 +266,9 @@ final class DbView
     /** Comma list of the fields that the edit form shows but does not change; * for all. */
     public string $EditFieldsReadOnly;
 
+    /** Refuses to overwrite what somebody else has changed since the form was opened; Hardened does so too. */
+    public bool $EditDetectConflicts;
+
     /** HTML beside required fields. */
     public string $RequiredFieldIndicator;
 

@@ -257,6 +257,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Comma list of the fields that the edit form shows but does not change; * for all.
   std::string EditFieldsReadOnly() const { return Typed<std::string>("EditFieldsReadOnly"); }
   void SetEditFieldsReadOnly(std::string_view value) { SetTyped("EditFieldsReadOnly", value); }
+  /// Refuses to overwrite what somebody else has changed since the form was opened; Hardened does so too.
+  bool EditDetectConflicts() const { return Typed<bool>("EditDetectConflicts"); }
+  void SetEditDetectConflicts(bool value) { SetTyped("EditDetectConflicts", value); }
   /// HTML beside required fields.
   std::string RequiredFieldIndicator() const { return Typed<std::string>("RequiredFieldIndicator"); }
   void SetRequiredFieldIndicator(std::string_view value) { SetTyped("RequiredFieldIndicator", value); }

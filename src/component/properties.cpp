@@ -173,6 +173,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::EditNewPKStatement>("EditNewPKStatement", kReadWrite, "Comma list, one item per key: a statement that yields a new key value, or autoincrement."),
   Row<&S::EditConfirmDeleteString>("EditConfirmDeleteString", kReadWrite, "The question asked before a record is deleted; empty asks nothing."),
   Row<&S::EditFieldsReadOnly>("EditFieldsReadOnly", kReadWrite, "Comma list of the fields that the edit form shows but does not change; * for all."),
+  Row<&S::EditDetectConflicts>("EditDetectConflicts", kReadWrite, "Refuses to overwrite what somebody else has changed since the form was opened; Hardened does so too."),
   Row<&S::RequiredFieldIndicator>("RequiredFieldIndicator", kReadWrite, "HTML beside required fields."),
   kCurrentMode,
   TextSetterRow<settings::SetLanguageString>("LanguageString", "Comma list of twelve texts that replace the navigation texts."),

@@ -41,6 +41,8 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render) {
   render.outcome.has_failed_to_save = !editing::UpdateRecord(render);
   return std::make_shared<PostedChange>(PostedChange{.change = render.outcome.change,
                                                      .has_failed = render.outcome.has_failed_to_save,
+                                                     .shows_stored_record = render.outcome.shows_stored_record,
+                                                     .field_notes = render.outcome.field_notes,
                                                      .status_message = render.outcome.status_message,
                                                      .errors = render.outcome.errors});
 }
@@ -48,6 +50,8 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render) {
 void TakeOutcome(Render& render, const PostedChange& change) {
   render.outcome.change = change.change;
   render.outcome.has_failed_to_save = change.has_failed;
+  render.outcome.shows_stored_record = change.shows_stored_record;
+  render.outcome.field_notes = change.field_notes;
   render.outcome.status_message = change.status_message;
 }
 

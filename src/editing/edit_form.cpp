@@ -8,6 +8,8 @@
 
 #include "dralo/field.h"
 #include "dralo/type_code.h"
+#include "editing/conflict_check.h"
+#include "editing/field_digest.h"
 #include "editing/form_edit_field.h"
 #include "editing/query_schema.h"
 #include "html/html_writer.h"
@@ -39,7 +41,7 @@ class EditForm {
   void PutStateInputs();
   void PutSaveButton();
   void PutDeleteButton();
-  void PutFieldTable(platform::Recordset& recordset);
+  void PutFieldTable(platform::Recordset& recordset, bool has_record);
   void PutRow(platform::Field& field, int column);
   void PutLabelCell(const platform::Field& field, int column);
 
@@ -59,11 +61,11 @@ void EditForm::Put(platform::Recordset& recordset, std::int32_t& rows) {
   const bool adds_record = fields_.AddsRecord();
   const bool has_record = !adds_record && !recordset.Eof();
   // What was typed comes back even when somebody has deleted the record meanwhile.
-  if (!adds_record && !has_record && !render_.outcome.has_failed_to_save)
+  if (!adds_record && !has_record && !render_.outcome.ShowsPosted())
     return views::PutButtonBarWithoutRecord(render_);
   rows = adds_record || has_record ? 1 : 0;
   PutButtonBar();
-  PutFieldTable(recordset);
+  PutFieldTable(recordset, has_record);
   if (!has_record) return;
   views::KeepCurrentRecord(render_, recordset);
   recordset.MoveNext();
@@ -106,11 +108,12 @@ void EditForm::PutDeleteButton() {
       .Put(R"(" name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(settings::kDelete));
 }
 
-void EditForm::PutFieldTable(platform::Recordset& recordset) {
+void EditForm::PutFieldTable(platform::Recordset& recordset, bool has_record) {
   out_.Put(R"(<tr><td><table width="100%")")
       .PutIf(settings_.UseCSS, R"( class="DRLOTableFormDataEdit")")
       .PutIf(!settings_.FormTableTag.empty(), " {}", Verbatim{settings_.FormTableTag})
       .Put(">\r\n");
+  if (has_record && DetectsConflicts(settings_)) fields_.CarryDigests(RecordKeyOf(settings_, recordset));
   int column = 0;
   for (platform::Field* field : recordset.Fields()) {
     ++column;

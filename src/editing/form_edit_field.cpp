@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "dralo/type_code.h"
+#include "editing/conflict_check.h"
 #include "editing/control_text.h"
+#include "editing/field_digest.h"
 #include "editing/lookup_select.h"
 #include "html/control_markup.h"
 #include "platform/field_kind.h"
@@ -13,6 +15,7 @@
 #include "settings/field_lists.h"
 #include "text/blanks.h"
 #include "text/boolean_text.h"
+#include "text/letter_case.h"
 
 namespace dralo::editing {
 namespace {
@@ -39,13 +42,14 @@ struct FormEditFields::Control {
   bool is_required = false;
   bool is_read_only = false;
   std::string_view text = "";
-  bool is_ticked = false;  ///< Of a boolean.
+  bool is_ticked = false;        ///< Of a boolean.
+  std::string_view digest = "";  ///< Empty for none.
 
   Verbatim Disabled() const { return {is_read_only ? " disabled " : ""}; }
 };
 
 FormEditFields::FormEditFields(state::Render& render)
-    : render_(render), out_(render.out), inputs_(render.keys) {}
+    : render_(render), out_(render.out), inputs_(render.keys), digests_(render.keys, state::key::kDigest) {}
 
 void FormEditFields::GetFormEditField(platform::Field& field, int index) {
   Guarded(field, [&] { Put(Read(field, settings::IsFieldReadOnly(render_.settings, field.Name(), index))); });
@@ -72,15 +76,17 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
                   .is_required = (field.Attributes() & platform::kFieldIsNullable) == 0,
                   .is_read_only = is_read_only};
   if (control.type == TypeCode::kLongVarBinary) return control;
-  if (render_.outcome.has_failed_to_save) {
+  if (render_.outcome.ShowsPosted()) {
     const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
-    control.text = text::TrimBlanks(posted);
+    // Without its blanks the text of an untouched field would count as typed.
+    control.text = DetectsConflicts(render_.settings) ? posted : text::TrimBlanks(posted);
     // Ticked boxes post anything; in place of a disabled one stands its value.
-    control.is_ticked = is_read_only ? control.text == text::BooleanText(true) : !posted.empty();
+    control.is_ticked = is_read_only ? text::TrimBlanks(posted) == text::BooleanText(true) : !posted.empty();
   } else if (!AddsRecord()) {
     control.text = ControlText(render_, field, text_);
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
   }
+  if (record_key_) control.digest = Digest(field);
   return control;
 }
 
@@ -99,8 +105,40 @@ void FormEditFields::Put(const Control& control) {
   } else {
     if (!PutLookup(control)) PutByType(control);
     if (control.is_read_only) PutHiddenInput(control);
+    if (!control.digest.empty()) PutDigest(control);
   }
-  out_.PutIf(control.is_required, "{}</nobr>", Verbatim{render_.settings.RequiredFieldIndicator}).Put("\r\n");
+  out_.PutIf(control.is_required, "{}</nobr>", Verbatim{render_.settings.RequiredFieldIndicator});
+  PutNotes(control.field_name);
+  out_.Put("\r\n");
+}
+
+/// A digest that was posted is given back: a new one would make the visitor's old text a change of the newer
+/// value, which nobody has seen, unless that stands beside it.
+std::string_view FormEditFields::Digest(platform::Field& field) {
+  if (!render_.outcome.ShowsPosted()) {
+    digest_ = DigestText(DigestOfField(render_, *record_key_, field));
+    return digest_;
+  }
+  for (const state::FieldNote& note : render_.outcome.field_notes) {
+    if (!note.digest.empty() && text::EqualIgnoringCase(note.field, field.Name())) return note.digest;
+  }
+  return digests_.Posted(field.Name()).value_or("");
+}
+
+void FormEditFields::PutDigest(const Control& control) {
+  out_.Put(R"(<input type="hidden" name="{}" value="{}">)", digests_.Name(field_name_.Collected()),
+           html::Text{control.digest});
+}
+
+void FormEditFields::PutNotes(std::string_view field_name) {
+  for (const state::FieldNote& note : render_.outcome.field_notes) {
+    if (!text::EqualIgnoringCase(note.field, field_name)) continue;
+    out_.Put("<br><span")
+        .Put("{}>{}", Class(render_, R"( class="DraloFieldNote")"), html::Text{note.message})
+        .PutIf(note.newer_value.has_value(), " <span{}>{}</span>",
+               Class(render_, R"( class="DraloNewerValue")"), html::Text{note.newer_value.value_or("")})
+        .Put("</span>");
+  }
 }
 
 bool FormEditFields::PutLookup(const Control& control) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "dralo/field.h"
 #include "html/html_writer.h"
@@ -19,6 +21,10 @@ class FormEditFields {
   explicit FormEditFields(state::Render& render);
 
   bool AddsRecord() const { return render_.view.mode == state::Mode::kFormAdd; }
+
+  /// From now on every control is followed by the digest of its field in the record of that key; in a form
+  /// that comes back after a failed save by the digest that was posted, or by a new one that the save made.
+  void CarryDigests(std::string record_key) { record_key_ = std::move(record_key); }
 
   /// Writes the control of the field at the 0-based position `index` of the record: a select list for a field
   /// with a lookup, else what suits its type. One that is read-only is disabled and followed by a hidden
@@ -41,6 +47,9 @@ class FormEditFields {
   void PutDateInput(const Control& control);
   void PutTextInput(const Control& control);
   void PutHiddenInput(const Control& control);
+  std::string_view Digest(platform::Field& field);
+  void PutDigest(const Control& control);
+  void PutNotes(std::string_view field_name);
 
   template <class Body>
   void Guarded(const platform::Field& field, Body&& body);
@@ -48,8 +57,11 @@ class FormEditFields {
   state::Render& render_;
   html::HtmlWriter& out_;
   state::FieldInputs inputs_;
-  std::string text_;             ///< For the text of the current control.
-  html::HtmlWriter field_name_;  ///< For the name of the current control.
+  state::FieldInputs digests_;
+  std::optional<std::string> record_key_;  ///< Of forms that carry digests.
+  std::string text_;                       ///< For the text of the current control.
+  std::string digest_;                     ///< For its digest.
+  html::HtmlWriter field_name_;            ///< For the name of the current control.
 };
 
 }  // namespace dralo::editing

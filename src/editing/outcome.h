@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "editing/query_schema.h"
 #include "state/render.h"
 
 namespace dralo::editing {
@@ -13,5 +14,9 @@ inline constexpr std::string_view kOutcomePrefix = "&nbsp;";
 inline void SetOutcome(state::Render& render, settings::UpdateSlot slot) {
   render.outcome.status_message.assign(kOutcomePrefix).append(render.settings.language_tables->Update(slot));
 }
+
+/// The same for a change that was refused; notes on what is no field of the form follow it. `schema` is that
+/// of EditSQL.
+void SetRefused(state::Render& render, const QuerySchema& schema, settings::RefusalSlot slot);
 
 }  // namespace dralo::editing

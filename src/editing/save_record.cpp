@@ -10,6 +10,8 @@
 
 #include "dralo/error.h"
 #include "dralo/recordset.h"
+#include "editing/checked_fields.h"
+#include "editing/conflict_check.h"
 #include "editing/field_value.h"
 #include "editing/outcome.h"
 #include "editing/posted_field.h"
@@ -28,25 +30,23 @@ using platform::TypeCode;
 /// One save of one posted form. The recordset it opens goes with it, and what was not written.
 class Save {
  public:
-  Save(state::Render& render, const QuerySchema& schema)
+  Save(state::Render& render, const QuerySchema& schema, std::string& statement)
       : render_(render),
         settings_(render.settings),
         schema_(schema),
+        statement_(statement),
         inputs_(render.keys),
         is_insert_(render.keys.Has(state::key::kFormInsert)) {}
 
-  bool Run(std::string& statement) {
-    statement = WithoutWhere(settings_.EditSQL);
+  bool Run() {
+    statement_ = WithoutWhere(settings_.EditSQL);
     if (!is_insert_) {
       key_ = ReadPostedKey(render_, schema_);
-      statement += " WHERE " + key_.condition;
+      statement_ += " WHERE " + key_.condition;
       RefuseAmbiguousKey(render_, key_);
     }
-    if (!Open(statement) || !Begin()) return false;
-    for (std::size_t i = 0; i < schema_.fields.size(); ++i) {
-      if (!Assign(i)) return false;
-    }
-    return Write();
+    if (!Open(statement_) || !Begin()) return false;
+    return (ChecksAllFields(settings_) ? AssignAll() : AssignInTurn()) && Write();
   }
 
  private:
@@ -86,6 +86,25 @@ class Save {
       return false;
     }
     return true;
+  }
+
+  bool AssignInTurn() {
+    for (std::size_t i = 0; i < schema_.fields.size(); ++i) {
+      if (!Assign(i)) return false;
+    }
+    return true;
+  }
+
+  bool AssignAll() {
+    const bool is_done = is_insert_ ? AssignToNewRecord(render_, schema_, *recordset_)
+                                    : AssignToRecord(render_, schema_, *recordset_, key_);
+    if (!is_done) Abandon();
+    return is_done;
+  }
+
+  void Abandon() {
+    recordset_->CancelUpdate();
+    recordset_->Close();
   }
 
   /// Gives the field its value. False when there is none for it, which the status message then tells.
@@ -132,8 +151,7 @@ class Save {
   bool Refuse(Refusal refusal, std::string_view text) {
     if (refusal == Refusal::kRequired) {
       SetOutcome(render_, settings::kNotSaved);
-      recordset_->CancelUpdate();
-      recordset_->Close();
+      Abandon();
       return false;
     }
     render_.outcome.status_message.assign(kOutcomePrefix).append(text);
@@ -146,8 +164,9 @@ class Save {
     try {
       recordset_->Update();
     } catch (const std::exception& error) {
-      render_.Errors().AddUpdateFailure(error.what());
+      const std::string reason = error.what();
       recordset_->Close();
+      if (!IsOvertaken()) render_.Errors().AddUpdateFailure(reason);
       return false;
     }
     SetOutcome(render_, is_insert_ ? settings::kInserted : settings::kUpdated);
@@ -155,9 +174,17 @@ class Save {
     return true;
   }
 
+  /// Whether the record cannot be written because somebody else was faster: what the visitor wanted to write
+  /// is a conflict by now, of which the form tells.
+  bool IsOvertaken() {
+    if (is_insert_ || !DetectsConflicts(settings_)) return false;
+    return Open(statement_) && Begin() && !AssignAll();
+  }
+
   state::Render& render_;
   const settings::Settings& settings_;
   const QuerySchema& schema_;
+  std::string& statement_;
   state::FieldInputs inputs_;
   bool is_insert_;
   PostedKey key_;          ///< Of an update.
@@ -168,7 +195,7 @@ class Save {
 }  // namespace
 
 bool SaveRecord(state::Render& render, const QuerySchema& schema, std::string& statement) {
-  return Save(render, schema).Run(statement);
+  return Save(render, schema, statement).Run();
 }
 
 }  // namespace dralo::editing

@@ -2,13 +2,16 @@
 
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <string>
 
 #include "dralo/error.h"
+#include "editing/checked_delete.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
 #include "editing/save_record.h"
+#include "platform/transaction.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
 #include "text/blanks.h"
@@ -27,6 +30,11 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
   const PostedKey key = ReadPostedKey(render, schema);
   statement = settings.DeleteSQL + " WHERE " + key.condition;
   RefuseAmbiguousKey(render, key);
+  std::optional<platform::Transaction<platform::Connection>> transaction;
+  if (ChecksDeletes(settings)) {
+    transaction.emplace(*settings::OpenConnection(settings));
+    if (!MayDelete(render, schema, key)) return false;
+  }
   std::int64_t changed = 0;
   try {
     changed = settings::OpenConnection(settings)->ChangeOneRecord(statement, settings.DeleteSqlParameters);
@@ -39,6 +47,7 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
                                  settings.DisplayDebug);
   }
   if (changed > 1) throw platform::Error("Several records have the posted key, so none was deleted");
+  if (transaction) transaction->Commit();
   SetOutcome(render, settings::kDeleted);
   return true;
 }

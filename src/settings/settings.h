@@ -144,6 +144,7 @@ struct Settings {
   std::string EditNewPKStatement = "";
   std::string EditConfirmDeleteString = "";
   std::string EditFieldsReadOnly = "";
+  bool EditDetectConflicts = false;
   std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
   LookupList lookups;  ///< What AddEditLookup added.
 

@@ -4,8 +4,8 @@
 
 namespace dralo::state {
 
-FieldInputs::FieldInputs(const RequestKeys& keys) : keys_(keys) {
-  const html::Joined prefix = keys(key::kField);
+FieldInputs::FieldInputs(const RequestKeys& keys, std::string_view kind) : keys_(keys) {
+  const html::Joined prefix = keys(kind);
   prefix_.append(prefix.first).append(prefix.second);
 }
 

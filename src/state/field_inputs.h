@@ -10,11 +10,11 @@
 namespace dralo::state {
 
 /// The inputs of the edit form's fields in the page and in what was posted. An input is named "Morvu", the
-/// view's tag, "_Form_" and the field's name.
+/// view's tag, "_Form_" and the field's name; one that carries a digest has "_Was_" in place of "_Form_".
 class FieldInputs {
  public:
   /// `keys` must outlive the object.
-  explicit FieldInputs(const RequestKeys& keys);
+  explicit FieldInputs(const RequestKeys& keys, std::string_view kind = key::kField);
 
   /// The name of a field's input. Valid as long as the object and `field`.
   html::Joined Name(std::string_view field) const { return {prefix_, field}; }

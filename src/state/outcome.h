@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,20 @@ namespace dralo::state {
 /// What a posted change did to the database.
 enum class Change { kNone, kSaved, kDeleted };
 
+/// What stands beside a field of a form that comes back because its change was not made.
+struct FieldNote {
+  std::string field;                                      ///< Its name; "" for the whole record.
+  std::string message;                                    ///< Plain text, as the other.
+  std::optional<std::string> newer_value = std::nullopt;  ///< What somebody else has stored meanwhile.
+  std::string digest = "";  ///< What the form carries about the field from now on; "" for what was posted.
+};
+
 /// What became of the change that a page's request posted.
 struct PostedChange {
   Change change = Change::kNone;
   bool has_failed = false;
+  bool shows_stored_record = false;
+  std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< What the form views show about it.
   std::string errors = "";          ///< What it added to ErrorMessage.
 };
@@ -31,12 +42,18 @@ struct Outcome {
 
   Change change = Change::kNone;    ///< What was changed before anything was shown.
   bool has_failed_to_save = false;  ///< A posted change was tried and failed.
+  bool shows_stored_record =
+      false;  ///< What was typed then does not come back: the form shows what is stored.
+  std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< The outcome of the last save or delete, for the form views.
   std::shared_ptr<const PostedChange> reported_change = nullptr;  ///< Whose errors were added already.
 
   std::vector<platform::Variant> record = {};  ///< The values of the record shown, of a grid its first.
 
   bool has_taken_default_page_sizes = false;  ///< The select had no options of the page's own.
+
+  /// Whether forms show what was posted.
+  bool ShowsPosted() const { return has_failed_to_save && !shows_stored_record; }
 };
 
 }  // namespace dralo::state

@@ -43,6 +43,9 @@ inline constexpr std::string_view kToken = "Token";
 /// Stands before the name of the field in the names of a form's inputs.
 inline constexpr std::string_view kField = "_Form_";
 
+/// Stands before the name of the field in the names of the inputs that carry digests.
+inline constexpr std::string_view kDigest = "_Was_";
+
 /// What a browser appends to the name of an image button that was pressed.
 inline constexpr std::string_view kPressed = ".x";
 }  // namespace key

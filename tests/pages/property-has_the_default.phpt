@@ -96,6 +96,7 @@ EditPrimaryKeys ""
 EditNewPKStatement ""
 EditConfirmDeleteString ""
 EditFieldsReadOnly ""
+EditDetectConflicts false
 RequiredFieldIndicator "&nbsp;*&nbsp;"
 CurrentMode "grid"
 LanguageString (Cannot read write-only property Dralo\DbView::$LanguageString)

@@ -21,6 +21,7 @@ auto SortedByName(const Rows& rows) {
 /// Left at their defaults, under which a page is what it was before they existed.
 inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "DeleteSqlParameters",
+    "EditDetectConflicts",
     "EditSqlParameters",
     "FormSqlParameters",
     "Hardened",

@@ -1,0 +1,41 @@
+#include "editing/checked_delete.h"
+
+#include <string>
+
+#include "editing/conflict_check.h"
+#include "editing/outcome.h"
+#include "settings/field_lists.h"
+
+namespace dralo::editing {
+namespace {
+
+/// Notes every field that the form has shown with another value. Keys and read-only fields count too: the
+/// visitor decided by all of them.
+void NoteChanges(state::Render& render, platform::Recordset& record) {
+  ConflictCheck check(render, record);
+  int column = 0;
+  for (platform::Field* field : record.Fields()) {
+    ++column;
+    const bool has_digest = settings::IsFormFieldShown(render.settings, field->Name(), column) &&
+                            field->Type() != platform::TypeCode::kLongVarBinary;
+    if (has_digest && check.HasChanged(*field)) render.outcome.field_notes.push_back(check.Note(*field));
+  }
+}
+
+}  // namespace
+
+bool ChecksDeletes(const settings::Settings& settings) { return DetectsConflicts(settings); }
+
+bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key) {
+  std::string statement(WithoutWhere(render.settings.EditSQL));
+  const auto record = OpenFirstRows(render, statement.append(" WHERE ").append(key.condition));
+  if (record->Eof()) return true;
+  NoteChanges(render, *record);
+  record->Close();
+  if (render.outcome.field_notes.empty()) return true;
+  SetRefused(render, schema, settings::kDeleteChanged);
+  render.outcome.shows_stored_record = true;
+  return false;
+}
+
+}  // namespace dralo::editing

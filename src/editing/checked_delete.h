@@ -1,0 +1,17 @@
+#pragma once
+
+#include "editing/posted_key.h"
+#include "editing/query_schema.h"
+#include "state/render.h"
+
+namespace dralo::editing {
+
+/// Whether something may speak against the delete of a record, which must then be read first.
+bool ChecksDeletes(const settings::Settings& settings);
+
+/// Whether the record that `key` addresses may be deleted; true when there is none. When it may not, because
+/// somebody has changed it since the form was made, the outcome says so, and the form comes back with what is
+/// stored now: posted once more it deletes. Throws platform::Error when the record cannot be read.
+bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key);
+
+}  // namespace dralo::editing
