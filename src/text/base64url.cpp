@@ -6,7 +6,7 @@
 namespace dralo::text {
 namespace {
 
-constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+constexpr std::string_view kSigns = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
 constexpr unsigned kBitsOfDigit = 6;
 constexpr unsigned kBitsOfByte = 8;
 
@@ -19,10 +19,10 @@ void PutBase64Url(std::span<const std::uint8_t> bytes, std::string& to) {
     bits = bits << kBitsOfByte | byte;
     count += kBitsOfByte;
     for (; count >= kBitsOfDigit; count -= kBitsOfDigit) {
-      to += kDigits[bits >> (count - kBitsOfDigit) & 63U];
+      to += kSigns[bits >> (count - kBitsOfDigit) & 63U];
     }
   }
-  if (count > 0) to += kDigits[bits << (kBitsOfDigit - count) & 63U];
+  if (count > 0) to += kSigns[bits << (kBitsOfDigit - count) & 63U];
 }
 
 std::optional<std::vector<std::uint8_t>> ParseBase64Url(std::string_view text) {
@@ -30,8 +30,8 @@ std::optional<std::vector<std::uint8_t>> ParseBase64Url(std::string_view text) {
   std::uint32_t bits = 0;
   unsigned count = 0;
   for (const char c : text) {
-    const std::size_t digit = kDigits.find(c);
-    if (digit == kDigits.npos) return std::nullopt;
+    const std::size_t digit = kSigns.find(c);
+    if (digit == kSigns.npos) return std::nullopt;
     bits = bits << kBitsOfDigit | static_cast<std::uint32_t>(digit);
     count += kBitsOfDigit;
     if (count < kBitsOfByte) continue;
