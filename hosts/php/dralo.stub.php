@@ -182,6 +182,9 @@ final class DbView
     /** Comma list of columns without a sort link; * for all. */
     public string $GridColsNoSort;
 
+    /** Columns whose values are HTML by design, which a hardened page does not escape in the grid and the one-record view; "*" for all. */
+    public string $GridColsHtml;
+
     /** Comma list of columns whose text stays on one line; * for all. */
     public string $GridCellsNoBr;
 

@@ -173,6 +173,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Comma list of columns without a sort link; * for all.
   std::string GridColsNoSort() const { return Typed<std::string>("GridColsNoSort"); }
   void SetGridColsNoSort(std::string_view value) { SetTyped("GridColsNoSort", value); }
+  /// Columns whose values are HTML by design, which a hardened page does not escape in the grid and the one-record view; "*" for all.
+  std::string GridColsHtml() const { return Typed<std::string>("GridColsHtml"); }
+  void SetGridColsHtml(std::string_view value) { SetTyped("GridColsHtml", value); }
   /// Comma list of columns whose text stays on one line; * for all.
   std::string GridCellsNoBr() const { return Typed<std::string>("GridCellsNoBr"); }
   void SetGridCellsNoBr(std::string_view value) { SetTyped("GridCellsNoBr", value); }

@@ -145,6 +145,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::FormFieldsShow>("FormFieldsShow", kReadWrite, "Comma list of the fields that the forms show; empty shows all."),
   Row<&S::FormFieldsHide>("FormFieldsHide", kReadWrite, "Comma list of the fields that the forms hide; when set, FormFieldsShow is ignored."),
   Row<&S::GridColsNoSort>("GridColsNoSort", kReadWrite, "Comma list of columns without a sort link; * for all."),
+  Row<&S::GridColsHtml>("GridColsHtml", kReadWrite, "Columns whose values are HTML by design, which a hardened page does not escape in the grid and the one-record view; \"*\" for all."),
   Row<&S::GridCellsNoBr>("GridCellsNoBr", kReadWrite, "Comma list of columns whose text stays on one line; * for all."),
   Row<&S::GridFieldsSupressDup>("GridFieldsSupressDup", kReadWrite, "Comma list of columns in which a value that repeats the row above is left blank."),
   Row<&S::GridDisplayFieldNames>("GridDisplayFieldNames", kReadWrite, "Comma list of the grid's captions by position; an empty item keeps the field name."),

@@ -108,6 +108,7 @@ struct Settings {
   std::string FormFieldsHide = "";
   std::string GridColsNoSort = "";
   std::string GridCellsNoBr = "";
+  std::string GridColsHtml = "";
   std::string GridFieldsSupressDup = "";
   std::string GridDisplayFieldNames = "";
   std::string FormDisplayFieldNames = "";
