@@ -16,7 +16,8 @@ std::string StateQueryTail(const Render& render) {
   html::HtmlWriter text;
   text.PutIf(render.view.is_counted, "&{}=on", render.keys(key::kCountRecords))
       .Put("&{}={}", render.keys(key::kMaxRecords), render.view.page_size)
-      .PutIf(settings.PersistentSQL, "&{}={}", render.keys(key::kSql), Encoded{render.view.sql});
+      .PutIf(settings.PersistentSQL && !settings.Hardened, "&{}={}", render.keys(key::kSql),
+             Encoded{render.view.sql});
   PutPageQueryFields(text, settings, render.keys.GetRequest());
   return text.Take();
 }
@@ -31,17 +32,21 @@ void PutOrderQuery(html::HtmlWriter& out, const Render& render) {
 }
 
 void PutAddLink(html::HtmlWriter& out, const Render& render) {
-  out.Put("{}?{}={}&{}=1", Verbatim{render.script_name}, render.keys(key::kFormDisplay), Verbatim{kOneRecord},
-          render.keys(key::kFormAdd));
-  PutOrderQuery(out, render);
-  out.Put("&");
-  PutStateQuery(out, render, render.view.current_record);
+  PutAddress(out, render, [&](html::HtmlWriter& address) {
+    address.Put("{}?{}={}&{}=1", Verbatim{render.script_name}, render.keys(key::kFormDisplay),
+                Verbatim{kOneRecord}, render.keys(key::kFormAdd));
+    PutOrderQuery(address, render);
+    address.Put("&");
+    PutStateQuery(address, render, render.view.current_record);
+  });
 }
 
 void PutListLink(html::HtmlWriter& out, const Render& render) {
-  out.Put("{}?", Verbatim{render.script_name});
-  PutStateQuery(out, render, render.view.current_record);
-  PutOrderQuery(out, render);
+  PutAddress(out, render, [&](html::HtmlWriter& address) {
+    address.Put("{}?", Verbatim{render.script_name});
+    PutStateQuery(address, render, render.view.current_record);
+    PutOrderQuery(address, render);
+  });
 }
 
 }  // namespace dralo::state

@@ -1,5 +1,8 @@
 #include "state/record_link.h"
 
+#include <utility>
+
+#include "html/text_escape.h"
 #include "state/links.h"
 #include "state/request_keys.h"
 
@@ -29,6 +32,17 @@ RecordLink::RecordLink(const Render& render, platform::Recordset& recordset)
   PutOrderQuery(text, render);
   text.Put("&{}=", render.keys(key::kCurrRecord));
   before_number_ = text.Take();
+}
+
+RecordLink RecordLink::InAttribute(const Render& render, platform::Recordset& recordset) {
+  RecordLink link(render, recordset);
+  if (!render.settings.Hardened) return link;
+  for (std::string* part : {&link.before_key_, &link.before_number_, &link.after_number_}) {
+    std::string escaped;
+    html::AppendEscaped(escaped, *part);
+    *part = std::move(escaped);
+  }
+  return link;
 }
 
 RecordLink RecordLink::WithViewAtEnd(const Render& render, platform::Recordset& recordset) {

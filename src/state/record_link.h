@@ -17,6 +17,9 @@ class RecordLink {
   /// state query that `render` has now.
   RecordLink(const Render& render, platform::Recordset& recordset);
 
+  /// The same as it stands between the quotes of an attribute: on a hardened page "&" is escaped.
+  static RecordLink InAttribute(const Render& render, platform::Recordset& recordset);
+
   /// The same, with the key that asks for the one-record view at the end of the address.
   static RecordLink WithViewAtEnd(const Render& render, platform::Recordset& recordset);
 

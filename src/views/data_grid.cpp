@@ -103,7 +103,7 @@ GridRows::GridRows(state::Render& render, platform::Recordset& recordset, std::s
                  cells::RecordTag(CellTag(settings_, kEven), render, recordset)},
       row_tags_{cells::RecordTag(RowTag(settings_, kOdd), render, recordset),
                 cells::RecordTag(RowTag(settings_, kEven), render, recordset)},
-      link_(render, recordset) {
+      link_(state::RecordLink::InAttribute(render, recordset)) {
   for (const GridColumn& column : columns_) {
     const auto position = static_cast<std::size_t>(column.suppress_position);
     if (position >= last_values_.size()) last_values_.resize(position + 1);

@@ -24,6 +24,7 @@ class SortLinks {
   SortLinks(const state::Render& render, std::int32_t bookmark)
       : render_(render),
         settings_(render.settings),
+        ampersand_{settings_.Hardened ? "&amp;" : "&"},
         any_(!settings_.has_stored_procedure && !text::ContainsAscii(render_.view.sql, "ORDER BY")),
         long_columns_(settings_.DrConnection &&
                       settings_.DrConnection->Engine() == platform::DatabaseEngine::kSqla) {
@@ -46,6 +47,7 @@ class SortLinks {
 
   const state::Render& render_;
   const Settings& settings_;
+  Verbatim ampersand_;
   bool any_;
   bool long_columns_;  ///< Whether columns of long values get links: only one engine can sort by them.
   html::HtmlWriter before_number_;
@@ -53,12 +55,13 @@ class SortLinks {
 };
 
 void SortLinks::PrepareAddress(std::int32_t bookmark) {
-  before_number_.Put("<a")
-      .PutIf(settings_.UseCSS, R"( class="DRLOTableTH")")
-      .Put(R"( href="{}?)", Verbatim{render_.script_name});
-  state::PutStateQuery(before_number_, render_, render_.view.current_record);
-  before_number_.Put("&{}=", render_.keys(key::kOrderByFields));
-  after_number_.Put("&{}={}", render_.keys(key::kBookmark), bookmark);
+  before_number_.Put("<a").PutIf(settings_.UseCSS, R"( class="DRLOTableTH")").Put(R"( href=")");
+  state::PutAddress(before_number_, render_, [&](html::HtmlWriter& address) {
+    address.Put("{}?", Verbatim{render_.script_name});
+    state::PutStateQuery(address, render_, render_.view.current_record);
+    address.Put("&{}=", render_.keys(key::kOrderByFields));
+  });
+  after_number_.Put("{}{}={}", ampersand_, render_.keys(key::kBookmark), bookmark);
 }
 
 void PutArrow(const state::Render& render) {
@@ -75,7 +78,8 @@ void SortLinks::Put(const GridColumn& column, Verbatim name) const {
   const bool is_sorted = render_.view.order_by == std::to_string(column.number);
   render_.out
       .Put("{}{}{}", Verbatim{before_number_.Collected()}, column.number, Verbatim{after_number_.Collected()})
-      .PutIf(is_sorted && !render_.view.is_descending, "&{}=True", render_.keys(key::kOrderByDesc))
+      .PutIf(is_sorted && !render_.view.is_descending, "{}{}=True", ampersand_,
+             render_.keys(key::kOrderByDesc))
       .Put(R"("><nobr>{})", name);
   if (is_sorted) PutArrow(render_);
   render_.out.Put("</nobr></a>");
