@@ -20,6 +20,7 @@
 #include "text/list.h"
 #include "views/button_bar.h"
 #include "views/current_record.h"
+#include "views/label.h"
 
 namespace dralo::editing {
 namespace {
@@ -139,12 +140,14 @@ void EditForm::PutRow(platform::Field& field, int column) {
 void EditForm::PutLabelCell(const platform::Field& field, int column) {
   const std::string_view width = text::NthItem(settings_.FormCellWidths, column);
   const bool is_required = (field.Attributes() & platform::kFieldIsNullable) == 0;
+  std::string scratch;
   out_.Put("<th")
       .PutIf(!width.empty(), R"( width="{}")", Verbatim{width})
       .Put(" align=left>")
       .PutIf(is_required && settings_.UseCSS, R"(<span class="DraloRequiredFieldLabel">)")
       .PutIf(is_required && !settings_.UseCSS, "<span>")
-      .Write(Verbatim{settings::FormDisplayName(settings_, field.Name(), column)})
+      .Write(
+          Verbatim{views::LabelText(render_, settings::FormLabel(settings_, field.Name(), column), scratch)})
       .PutIf(is_required, "</span>")
       .Put("</th>");
 }

@@ -26,10 +26,10 @@ bool IsShown(std::string_view hide, std::string_view show, std::string_view fiel
   return text::IsBlank(show) || IsListed(show, field_name, column);
 }
 
-std::string_view DisplayName(std::string_view names, std::string_view field_name, int column) {
+ColumnLabel Label(std::string_view names, std::string_view field_name, int column) {
   const std::string_view name = text::NthItem(names, column);
-  if (name.empty()) return field_name;
-  return text::IsBlank(name) ? "&nbsp;" : name;
+  if (name.empty()) return {.text = field_name, .is_field_name = true};
+  return {.text = text::IsBlank(name) ? "&nbsp;" : name};
 }
 
 int CountItems(std::string_view list) { return text::IsBlank(list) ? 0 : text::CountOf(list, ',') + 1; }
@@ -56,16 +56,20 @@ bool IsGridCellNoBr(const Settings& settings, std::string_view field_name, int c
   return IsListedOrAll(settings.GridCellsNoBr, field_name, column);
 }
 
+bool IsGridColHtml(const Settings& settings, std::string_view field_name, int column) {
+  return IsListedOrAll(settings.GridColsHtml, field_name, column);
+}
+
 std::int16_t SuppressDuplicatePosition(const Settings& settings, std::string_view field_name, int column) {
   return ListedPosition(settings.GridFieldsSupressDup, field_name, column);
 }
 
-std::string_view GridDisplayName(const Settings& settings, std::string_view field_name, int column) {
-  return DisplayName(settings.GridDisplayFieldNames, field_name, column);
+ColumnLabel GridLabel(const Settings& settings, std::string_view field_name, int column) {
+  return Label(settings.GridDisplayFieldNames, field_name, column);
 }
 
-std::string_view FormDisplayName(const Settings& settings, std::string_view field_name, int column) {
-  return DisplayName(settings.FormDisplayFieldNames, field_name, column);
+ColumnLabel FormLabel(const Settings& settings, std::string_view field_name, int column) {
+  return Label(settings.FormDisplayFieldNames, field_name, column);
 }
 
 int GridColumnSpan(const Settings& settings, int fields) {

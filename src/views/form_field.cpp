@@ -1,11 +1,13 @@
 #include "views/form_field.h"
 
+#include <string>
 #include <string_view>
 
 #include "html/html_writer.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
 #include "text/list.h"
+#include "views/label.h"
 
 namespace dralo::views {
 namespace {
@@ -17,13 +19,16 @@ void PutWidth(html::HtmlWriter& out, std::string_view width) {
   out.PutIf(!width.empty(), R"( width="{}")", Verbatim{width});
 }
 
-void PutLabelCell(html::HtmlWriter& out, const Settings& settings, const FormField& field) {
+void PutLabelCell(html::HtmlWriter& out, const state::Render& render, const FormField& field) {
+  const Settings& settings = render.settings;
+  std::string scratch;
   out.Put("<th");
   PutWidth(out, text::NthItem(settings.FormCellWidths, 1));
   std::string_view attributes = settings.THTag;
   if (attributes.empty()) attributes = "align=left";
-  out.Put(" {}>{}</th>", Verbatim{attributes},
-          Verbatim{settings::FormDisplayName(settings, field.field->Name(), field.number)});
+  out.Put(
+      " {}>{}</th>", Verbatim{attributes},
+      Verbatim{LabelText(render, settings::FormLabel(settings, field.field->Name(), field.number), scratch)});
 }
 
 void PutValueCellStart(html::HtmlWriter& out, state::Render& render, int number) {
@@ -42,7 +47,7 @@ std::string RowStart(state::Render& render, const FormField& field) {
   const settings::Settings& settings = render.settings;
   html::HtmlWriter out;
   out.Put("<tr").PutIf(settings.UseCSS, R"( class="DRLOTableTR")").Put(">");
-  if (settings.DisplayHeader) PutLabelCell(out, settings, field);
+  if (settings.DisplayHeader) PutLabelCell(out, render, field);
   PutValueCellStart(out, render, field.number);
   return out.Take();
 }

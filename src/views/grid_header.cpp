@@ -10,6 +10,7 @@
 #include "state/request_keys.h"
 #include "text/ascii.h"
 #include "text/list.h"
+#include "views/label.h"
 
 namespace dralo::views {
 namespace {
@@ -109,7 +110,9 @@ void PutIndexCell(state::Render& render) {
 void PutCell(state::Render& render, const GridColumn& column, const SortLinks& links) {
   const Settings& settings = render.settings;
   const std::string_view width = text::NthItem(settings.GridCellWidths, column.number);
-  const Verbatim name{settings::GridDisplayName(settings, column.field->Name(), column.number)};
+  std::string scratch;
+  const Verbatim name{
+      LabelText(render, settings::GridLabel(settings, column.field->Name(), column.number), scratch)};
 
   PutCellStart(render, column.number);
   PutTHTag(render);

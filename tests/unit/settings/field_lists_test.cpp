@@ -138,11 +138,11 @@ TEST_P(DisplayName, IsTheItemAtThePositionElseTheFieldName) {
   Settings grid;
   grid.GridDisplayFieldNames = GetParam().list;
   grid.FormDisplayFieldNames = "form,form,form";
-  EXPECT_EQ(settings::GridDisplayName(grid, GetParam().field, GetParam().number), GetParam().shown);
+  EXPECT_EQ(settings::GridLabel(grid, GetParam().field, GetParam().number).text, GetParam().shown);
   Settings form;
   form.GridDisplayFieldNames = "grid,grid,grid";
   form.FormDisplayFieldNames = GetParam().list;
-  EXPECT_EQ(settings::FormDisplayName(form, GetParam().field, GetParam().number), GetParam().shown);
+  EXPECT_EQ(settings::FormLabel(form, GetParam().field, GetParam().number).text, GetParam().shown);
 }
 
 constexpr NameCase kNames[] = {
