@@ -48,7 +48,7 @@ void FormatCells(benchmark::State& state, std::string_view format, const Sample&
   dralo::html::HtmlWriter out;
   dralo::state::Render render{
       .settings = settings, .environment = environment, .keys = keys, .out = out, .script_name = ""};
-  dralo::cells::FormatFunction function(render, 1);
+  dralo::cells::FormatFunction function(render, 1, dralo::cells::ValueForm::kPlain);
   for (auto _ : state) {
     benchmark::DoNotOptimize(function.CellText(render, values));
   }

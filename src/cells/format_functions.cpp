@@ -48,30 +48,25 @@ constexpr auto kFunctions = std::to_array<NamedFunction>({
     {"ABS", Abs},
 });
 
-CellFunction Unknown(const std::string& name) {
-  return [start = "[Unknown function : " + name + "] "](FormatInput& input, std::string& to) {
-    return std::string_view(
-        to.assign(start).append(GetStdDbFieldString(input.GetRender(), input.GetField())));
-  };
-}
-
-CellFunction MakeFunction(platform::Environment& environment, std::string_view text,
-                          std::string_view delimiter) {
-  const FormatArguments arguments(environment.Regional(), text, delimiter);
+/// Empty when there is no function of that name.
+CellFunction MakeFunction(platform::Environment& environment, const FormatArguments& arguments,
+                          std::string_view text, std::string_view delimiter) {
   if (arguments.Name() == "REGEXPREPLACE") return RegExpReplace(environment, text, delimiter);
   for (const NamedFunction& function : kFunctions) {
     if (function.name == arguments.Name()) return function.make(arguments);
   }
-  return Unknown(arguments.Name());
+  return {};
 }
 
 }  // namespace
 
-FormatFunction::FormatFunction(state::Render& render, int column) {
+FormatFunction::FormatFunction(state::Render& render, int column, ValueForm form) : form_(form) {
   try {
-    function_ = MakeFunction(render.environment,
-                             settings::GetFormatCellStringRaw(render.settings, column, render.Errors()),
-                             render.settings.GridFreeFormatCellColumnDelimiter);
+    const std::string_view text = settings::GetFormatCellStringRaw(render.settings, column, render.Errors());
+    const std::string_view delimiter = render.settings.GridFreeFormatCellColumnDelimiter;
+    const FormatArguments arguments(render.Regional(), text, delimiter);
+    function_ = MakeFunction(render.environment, arguments, text, delimiter);
+    if (!function_) unknown_name_ = arguments.Name();
   } catch (const std::exception& error) {
     failure_ = error.what();  // Told by every cell that has a value.
   }
@@ -81,13 +76,23 @@ std::string_view FormatFunction::CellText(state::Render& render, platform::Field
   FormatInput input(render, field);
   if (input.IsBlank()) return kEmptyCell;
   try {
-    if (!function_) throw platform::Error(failure_);
+    if (!function_) {
+      if (!failure_.empty()) throw platform::Error(failure_);
+      return UnknownFunctionText(render, field);
+    }
     const std::string_view text = function_(input, text_);
-    return text.empty() ? kEmptyCell : text;
+    return text.empty() ? kEmptyCell : InForm(render, text, form_);
   } catch (const std::exception& error) {
     render.Errors().AddFormattingFailure(error.what());
     return kEmptyCell;
   }
+}
+
+/// What is added for HTML to the standard text stays what it is.
+std::string_view FormatFunction::UnknownFunctionText(state::Render& render, platform::Field& field) {
+  const std::string start = "[Unknown function : " + unknown_name_ + "] ";
+  text_.assign(InForm(render, start, form_));
+  return text_.append(GetStdDbFieldString(render, field, form_));
 }
 
 }  // namespace dralo::cells

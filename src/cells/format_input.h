@@ -33,8 +33,6 @@ class FormatInput {
   /// Throws platform::Error when the text is no date.
   platform::DateTime Date();
 
-  state::Render& GetRender() { return render_; }
-  platform::Field& GetField() { return field_; }
   const platform::ValueFormatting& Regional() const { return render_.Regional(); }
 
  private:

@@ -67,13 +67,13 @@ std::string_view WithEnding(state::Render& render, std::string_view text, std::s
 }
 
 /// The memo as cells show it under a MemoFieldLimit of 0 or more.
-std::string_view LimitedMemo(state::Render& render, std::string_view memo) {
+std::string_view LimitedMemo(state::Render& render, std::string_view memo, ValueForm form) {
   if (memo.empty() || render.settings.MemoFieldLimit == 0) return {};
-  if (state::IsForm(render.view.mode)) return WithEnding(render, memo, kBlankCell);
+  if (state::IsForm(render.view.mode)) return WithEnding(render, InForm(render, memo, form), kBlankCell);
   const auto limit = static_cast<std::size_t>(render.settings.MemoFieldLimit);
   const std::size_t bytes = text::BytesOfCharacters(memo, limit);
-  if (bytes == memo.size()) return WithEnding(render, memo, kBlankCell);
-  return WithEnding(render, memo.substr(0, bytes), "...");
+  if (bytes == memo.size()) return WithEnding(render, InForm(render, memo, form), kBlankCell);
+  return WithEnding(render, InForm(render, memo.substr(0, bytes), form), "...");
 }
 
 /// body() with failures reported as those of `function` on the field; empty when it failed.
@@ -93,11 +93,12 @@ std::string_view GuardedText(state::Render& render, platform::Field& field, std:
 
 }  // namespace
 
-std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field) {
+std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, ValueForm form) {
   const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
     const std::string_view whole = WholeText(render.Regional(), field, render.scratch);
-    const bool limited = render.settings.MemoFieldLimit >= 0 && platform::IsMemoFieldType(field.Type());
-    return limited ? LimitedMemo(render, whole) : whole;
+    const bool limited = render.settings.MemoFieldLimit >= 0 && form != ValueForm::kMarkup &&
+                         platform::IsMemoFieldType(field.Type());
+    return limited ? LimitedMemo(render, whole, form) : InForm(render, whole, form);
   });
   return text::IsBlank(text) ? kBlankCell : text;
 }

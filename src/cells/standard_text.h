@@ -2,16 +2,17 @@
 
 #include <string_view>
 
+#include "cells/value_form.h"
 #include "dralo/field.h"
 #include "state/render.h"
 
 namespace dralo::cells {
 
 /// The cell text of the field's current value for HTML; never empty: "&nbsp;" stands for what is empty or
-/// blank. Memos are cut to MemoFieldLimit, dates follow the regional settings, binary values are never shown.
-/// Values are not escaped. Failures are reported in ErrorMessage. Valid until the record moves or
-/// `render.scratch` changes.
-std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field);
+/// blank. Memos are cut to MemoFieldLimit unless they are markup, dates follow the regional settings, binary
+/// values are never shown. The value is written in that form, what is added for HTML behind it. Failures are
+/// reported in ErrorMessage. Valid until the record moves or a scratch of `render` changes.
+std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, ValueForm form);
 
 /// The same text without anything added for HTML: whole memos, and "" for what is empty.
 std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field);

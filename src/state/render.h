@@ -30,6 +30,9 @@ struct Render {
   /// For texts of values while they are written; see platform::Formatting::Text().
   std::string scratch = "";
 
+  /// For such texts while they are escaped; see html::Escaped().
+  std::string escaped = "";
+
   const platform::ValueFormatting& Regional() const { return environment.Regional(); }
   settings::ErrorReport Errors() { return settings::ErrorReport(outcome.errors); }
 };

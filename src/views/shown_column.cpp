@@ -5,7 +5,7 @@
 namespace dralo::views {
 
 std::string_view ShownColumn::FormattedText(state::Render& render) {
-  if (!format_function) format_function.emplace(render, number);
+  if (!format_function) format_function.emplace(render, number, form);
   return format_function->CellText(render, *field);
 }
 
@@ -23,6 +23,7 @@ ShownColumn MakeShownColumn(const state::Render& render, platform::Recordset& re
   ShownColumn column{
       .number = number,
       .field = &field,
+      .form = cells::FormOfValues(settings, field.Name(), number),
       .has_format_function = settings::HasColumnSetting(settings.GridFormatCellFunction, number)};
   if (settings::HasColumnSetting(settings.GridFreeFormatCellByCol, number)) {
     column.free_format.emplace(render, recordset, number);

@@ -19,14 +19,15 @@ namespace dralo::views {
 struct ShownColumn {
   int number = 0;  ///< Counted from 1, hidden fields included.
   platform::Field* field = nullptr;
+  cells::ValueForm form = cells::ValueForm::kPlain;
   bool has_format_function = false;
   std::optional<cells::FormatFunction> format_function = {};  ///< Made for the first cell that needs it.
   std::optional<cells::FreeFormatCell> free_format = {};
 
-  /// The text of the current record's cell, for columns without a template. Not escaped; valid until the next
-  /// call, the record moves or `render.scratch` changes.
+  /// The text of the current record's cell, for columns without a template, in the column's form. Valid until
+  /// the next call, the record moves or a scratch of `render` changes.
   std::string_view Text(state::Render& render) {
-    return has_format_function ? FormattedText(render) : cells::GetStdDbFieldString(render, *field);
+    return has_format_function ? FormattedText(render) : cells::GetStdDbFieldString(render, *field, form);
   }
 
   /// Writes the text of the cell of the current record, which `record` counts from 1.

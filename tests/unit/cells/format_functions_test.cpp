@@ -19,12 +19,14 @@ using platform::TypeCode;
 
 /// Cells of column 1 with a format function.
 struct FormatCells : Rendering {
+  cells::ValueForm form = cells::ValueForm::kPlain;
+
   std::string Cell(std::string_view format, platform::Field& field) {
     settings.GridFormatCellFunction = {};
     settings::SetGridFormatCellFunction(settings, 1, "X");
     settings::SetGridFormatCellFunction(settings, 1, format);
     return Text([&](html::HtmlWriter& out, state::Render& render) {
-      out.Write(html::Verbatim{cells::FormatFunction(render, 1).CellText(render, field)});
+      out.Write(html::Verbatim{cells::FormatFunction(render, 1, form).CellText(render, field)});
     });
   }
 
@@ -179,7 +181,7 @@ TEST(FormatCell, ReportsEveryFailingCell) {
   settings::SetGridFormatCellFunction(cells.settings, 1, "ABS");
   FakeField field("V", TypeCode::kVarWideChar, [] { return platform::VariantView(std::string_view("x")); });
   cells.Text([&](html::HtmlWriter&, state::Render& render) {
-    cells::FormatFunction function(render, 1);
+    cells::FormatFunction function(render, 1, cells.form);
     for (int i = 0; i < 2; ++i) function.CellText(render, field);
   });
   EXPECT_EQ(cells.Message(),

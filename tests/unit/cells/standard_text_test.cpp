@@ -16,9 +16,11 @@ using platform::TypeCode;
 
 /// The texts of single fields.
 struct Cells : Rendering {
+  cells::ValueForm form = cells::ValueForm::kPlain;
+
   std::string Standard(platform::Field& field) {
     return Text([&](html::HtmlWriter& out, state::Render& render) {
-      out.Write(html::Verbatim{cells::GetStdDbFieldString(render, field)});
+      out.Write(html::Verbatim{cells::GetStdDbFieldString(render, field, form)});
     });
   }
   std::string Raw(platform::Field& field) {

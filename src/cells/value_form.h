@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+#include "settings/settings.h"
+#include "state/render.h"
+
+namespace dralo::cells {
+
+/// How the cells of a column write the text of a value.
+enum class ValueForm {
+  kPlain,    ///< As it is: the page is not hardened.
+  kEscaped,  ///< So that it shows as it is.
+  kMarkup,   ///< As it is, and whole, because it is HTML by design.
+};
+
+ValueForm FormOfValues(const settings::Settings& settings, std::string_view field_name, int column);
+
+/// `text` in that form: itself, or in `render.escaped`, whose content is then replaced.
+std::string_view InForm(state::Render& render, std::string_view text, ValueForm form);
+
+}  // namespace dralo::cells
