@@ -11,7 +11,8 @@ FreeFormatCell::FreeFormatCell(const state::Render& render, platform::Recordset&
       name_in_messages_(
           settings::ReaderInMessages("GetFreeCellString", render.settings.GridFreeFormatCellByCol, column)) {
   if (const auto text = settings::FindColumnSetting(render.settings.GridFreeFormatCellByCol, column)) {
-    template_.emplace(*text, render.settings.GridFreeFormatCellDataFieldDelimiter, render, recordset);
+    template_.emplace(*text, render.settings.GridFreeFormatCellDataFieldDelimiter, html::TemplateStart::kText,
+                      render, recordset);
   }
 }
 
@@ -24,7 +25,7 @@ void FreeFormatCell::Put(html::HtmlWriter& out, state::Render& render, std::int3
 }
 
 RecordTag::RecordTag(std::string_view text, const state::Render& render, platform::Recordset& recordset)
-    : template_(text, "##", render, recordset) {
+    : template_(text, "##", html::TemplateStart::kAttributes, render, recordset) {
   if (!template_.HasPlaceholders()) text_.Write(html::Verbatim{text});
 }
 

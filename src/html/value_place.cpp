@@ -159,4 +159,10 @@ void AppendInPlace(std::string& to, std::string_view value, const ValuePlace& pl
   if (place.is_whole_value && to.size() == before) to += R"("")";
 }
 
+void AppendAddressInPlace(std::string& to, std::string_view address, const ValuePlace& place) {
+  const bool begins_address = place.kind == PlaceKind::kAddress || place.kind == PlaceKind::kRelativeAddress;
+  if (begins_address) return AppendInAttribute(to, address, place.is_unquoted);
+  AppendInPlace(to, address, place);
+}
+
 }  // namespace dralo::html

@@ -36,4 +36,7 @@ struct ValuePlace {
 /// - styles: the value if it consists of ASCII letters, digits, "#", ".", "%", "+" and "-", else nothing.
 void AppendInPlace(std::string& to, std::string_view value, const ValuePlace& place);
 
+/// The same for an address that the page itself has made: it may begin one.
+void AppendAddressInPlace(std::string& to, std::string_view address, const ValuePlace& place);
+
 }  // namespace dralo::html
