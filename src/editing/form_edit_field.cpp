@@ -9,10 +9,10 @@
 #include "editing/control_text.h"
 #include "editing/field_digest.h"
 #include "editing/lookup_select.h"
-#include "html/control_markup.h"
 #include "platform/field_kind.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
+#include "state/value_text.h"
 #include "text/blanks.h"
 #include "text/boolean_text.h"
 #include "text/letter_case.h"
@@ -94,7 +94,7 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
 /// beginning alone, and the field would be saved as if its input had been emptied.
 Joined FormEditFields::InputName(std::string_view field_name) {
   field_name_.Clear();
-  html::PutAttributeText(field_name_, field_name);
+  state::PutInAttribute(field_name_, render_, field_name);
   return inputs_.Name(field_name_.Collected());
 }
 
@@ -162,7 +162,7 @@ void FormEditFields::PutByType(const Control& control) {
 void FormEditFields::PutTextarea(const Control& control) {
   out_.Put(R"(<textarea cols=60 rows=5 {}{}id="{}" name="{}">)", control.Disabled(),
            Class(render_, R"(class="DraloTextArea" )"), control.name, control.name);
-  html::PutTextareaText(out_, control.text);
+  state::PutInTextarea(out_, render_, control.text);
   out_.Put("</textarea>");
 }
 
@@ -175,7 +175,7 @@ void FormEditFields::PutCheckbox(const Control& control) {
 void FormEditFields::PutDateInput(const Control& control) {
   out_.Put(R"(<input {}{}size=22 maxlength=25 type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), control.name, control.name);
-  html::PutAttributeText(out_, control.text);
+  state::PutInAttribute(out_, render_, control.text);
   out_.Put(R"(">)");
 }
 
@@ -187,13 +187,13 @@ void FormEditFields::PutTextInput(const Control& control) {
   const std::int64_t size = max_length > 0 ? std::min(max_length, kWidestInput - room) + room : kWidestInput;
   out_.Put(R"(<input {}{}size={} type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), size, control.name, control.name);
-  html::PutAttributeText(out_, control.text);
+  state::PutInAttribute(out_, render_, control.text);
   out_.Put(R"(" maxlength=")").PutIf(max_length > 0, "{}", max_length).Put(R"(">)");
 }
 
 void FormEditFields::PutHiddenInput(const Control& control) {
   out_.Put(R"(<input type="hidden" name="{}" value=")", control.name);
-  html::PutAttributeText(out_, control.text);
+  state::PutInAttribute(out_, render_, control.text);
   out_.Put(R"(">)");
 }
 

@@ -7,8 +7,8 @@
 #include "dralo/error.h"
 #include "dralo/recordset.h"
 #include "editing/control_text.h"
-#include "html/control_markup.h"
 #include "settings/open_connection.h"
+#include "state/value_text.h"
 #include "text/list.h"
 
 namespace dralo::editing {
@@ -35,8 +35,10 @@ void PutOptions(html::HtmlWriter& out, const state::Render& render, Recordset& r
   for (; !recordset.Eof(); recordset.MoveNext()) {
     const std::string_view link = ControlText(render, *fields[0], scratch);
     out.Put("<option ").PutIf(link == value, " selected ").Put(R"( value=")");
-    html::PutAttributeText(out, link);
-    out.Put("\">{}\r\n", Verbatim{cells::ReadRawText(render.Regional(), *fields[1], scratch)});
+    state::PutInAttribute(out, render, link);
+    out.Put("\">");
+    state::PutInText(out, render, cells::ReadRawText(render.Regional(), *fields[1], scratch));
+    out.Put("\r\n");
   }
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "editing/query_schema.h"
+#include "html/text_escape.h"
 #include "state/render.h"
 
 namespace dralo::editing {
@@ -18,5 +20,11 @@ inline void SetOutcome(state::Render& render, settings::UpdateSlot slot) {
 /// The same for a change that was refused; notes on what is no field of the form follow it. `schema` is that
 /// of EditSQL.
 void SetRefused(state::Render& render, const QuerySchema& schema, settings::RefusalSlot slot);
+
+/// Appends what was typed to the edit status message, which is markup: on a hardened page escaped.
+inline void AppendTyped(state::Render& render, std::string_view text) {
+  std::string& message = render.outcome.status_message;
+  message.append(render.settings.Hardened ? html::Escaped(text, render.escaped) : text);
+}
 
 }  // namespace dralo::editing

@@ -154,7 +154,8 @@ class Save {
       Abandon();
       return false;
     }
-    render_.outcome.status_message.assign(kOutcomePrefix).append(text);
+    render_.outcome.status_message.assign(kOutcomePrefix);
+    AppendTyped(render_, text);
     render_.outcome.status_message +=
         refusal == Refusal::kNoDate ? " is not a valid date" : " is not a number";
     return false;

@@ -43,8 +43,12 @@ void PutText(HtmlWriter& out, std::string_view text, TextPlace place) {
 
 void PutAttributeText(HtmlWriter& out, std::string_view text) { PutText(out, text, TextPlace::kAttribute); }
 
-void PutTextareaText(HtmlWriter& out, std::string_view text) {
+void PutTextareaStart(HtmlWriter& out, std::string_view text) {
   out.PutIf(text.starts_with('\n') || text.starts_with('\r'), "\r\n");
+}
+
+void PutTextareaText(HtmlWriter& out, std::string_view text) {
+  PutTextareaStart(out, text);
   PutText(out, text, TextPlace::kElement);
 }
 

@@ -15,4 +15,7 @@ void PutAttributeText(HtmlWriter& out, std::string_view text);
 /// break at the start is doubled, because browsers drop one directly behind the tag.
 void PutTextareaText(HtmlWriter& out, std::string_view text);
 
+/// Writes what must stand between the tag of a textarea and `text` so that no line break is dropped.
+void PutTextareaStart(HtmlWriter& out, std::string_view text);
+
 }  // namespace dralo::html
