@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "text/ascii.h"
 #include "text/characters.h"
 #include "text/letter_case.h"
 
@@ -34,11 +35,24 @@ bool IsCommand(std::string_view name) {
           EndsWith(WithoutClick(name), key::kToExcel));
 }
 
+/// What a hardened page passes on neither for this view nor for another: names of this view in any letter
+/// case, whatever the length of its tag, and for any view those that a form posts. A link that brings them
+/// would fill in the visitor's own form. Of the others' keys that begin with "Form" the one that only chooses
+/// the look may pass.
+bool IsOfForms(std::string_view name, std::string_view tag) {
+  if (!text::StartsWithAscii(name, key::kPrefix)) return false;
+  const std::string_view rest = name.substr(key::kPrefix.size());
+  if (text::StartsWithAscii(rest, tag) || rest.find('_') != rest.npos) return true;
+  if (text::ContainsAscii(rest, "Form") && !EndsWith(rest, key::kFormDisplay)) return true;
+  return EndsWith(rest, key::kPrimaryKey) || text::ContainsAscii(rest, "Token");
+}
+
 template <class Visit>
 void ForEachPageField(const settings::Settings& settings, const platform::Request& request, Visit visit) {
   const auto walk = [&](std::span<const platform::RequestField> fields) {
     for (const platform::RequestField& field : fields) {
-      if (!BelongsToView(field.name, settings.Tag) && !IsCommand(field.name)) visit(field);
+      if (BelongsToView(field.name, settings.Tag) || IsCommand(field.name)) continue;
+      if (!settings.Hardened || !IsOfForms(field.name, settings.Tag)) visit(field);
     }
   };
   walk(request.QueryString());
@@ -51,8 +65,13 @@ void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings
                        const platform::Request& request) {
   ForEachPageField(settings, request, [&](const platform::RequestField& field) {
     // The name is the visitor's as much as the value is.
-    out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Quoted{field.name},
-            html::Quoted{field.value});
+    if (settings.Hardened) {
+      out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Text{field.name},
+              html::Text{field.value});
+    } else {
+      out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Quoted{field.name},
+              html::Quoted{field.value});
+    }
   });
 }
 

@@ -12,6 +12,9 @@ namespace dralo::state {
 /// because they would be carried out again. Double quotes in names and values are replaced: neither ends its
 /// attribute. A field belongs to this view when its first six characters are "Morvu" and the tag: tags of
 /// another length than one character are not recognised.
+///
+/// A hardened page escapes names and values, and leaves out more: fields of this view in any letter case and
+/// with a tag of any length, and of other views what their forms post, such as keys and inputs.
 void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings,
                        const platform::Request& request);
 
