@@ -5,12 +5,16 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
+#include <variant>
 #include <vector>
 
 #include "html/html_writer.h"
 #include "platform/field_kind.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
+#include "state/value_text.h"
+#include "views/formula.h"
 #include "views/shown_column.h"
 
 namespace dralo::views {
@@ -21,18 +25,19 @@ using settings::Settings;
 
 /// What all cells of an exported column have in common, found out once.
 struct ExportedColumn : ShownColumn {
+  bool is_hardened = false;
+  bool is_numeric = false;
   std::array<std::string, 2> heads = {};  ///< What stands before the text of a cell, in even and in odd rows.
 };
 
 std::string CellHead(state::Render& render, const ExportedColumn& column, const std::string& parity_tag) {
   const Settings& settings = render.settings;
-  const bool is_numeric = platform::IsNumericFieldType(column.field->Type());
   const Verbatim attributes{settings::GridColAttributes(settings, column.number, render.Errors())};
   html::HtmlWriter head;
   head.Put(R"(<td style="border:thin silver solid" {} {} {})", Verbatim{settings.TDTag}, Verbatim{parity_tag},
            attributes)
-      .PutIf(is_numeric, R"( align="right" >)")
-      .PutIf(!is_numeric, " >");
+      .PutIf(column.is_numeric, R"( align="right" >)")
+      .PutIf(!column.is_numeric, " >");
   return head.Take();
 }
 
@@ -49,11 +54,28 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     ExportedColumn& column = columns.emplace_back();
     column.number = number;
     column.field = field;
+    column.is_hardened = settings.Hardened;
+    column.is_numeric = platform::IsNumericFieldType(field->Type());
+    // Markup is for pages: programs would read its words as cells.
+    if (settings.Hardened) column.form = cells::ValueForm::kEscaped;
     column.has_format_function = is_formatted;
     column.heads = {CellHead(render, column, settings.TDEvenTag),
                     CellHead(render, column, settings.TDOddTag)};
   }
   return columns;
+}
+
+void PutExportedName(state::Render& render, const ExportedColumn& column) {
+  const std::string_view name = column.field->Name();
+  render.out.PutIf(column.is_hardened && BeginsFormula(name), "'");
+  state::PutInText(render.out, render, name);
+}
+
+/// Whether the text of the column's cell must not be taken for a formula. That of a number in a numeric
+/// column may: its sign is one.
+bool MayBeFormula(const ExportedColumn& column, std::string_view text) {
+  if (!BeginsFormula(text)) return false;
+  return !column.is_numeric || std::holds_alternative<std::string_view>(column.field->Value());
 }
 
 void PutExportedHeader(state::Render& render, std::span<const ExportedColumn> columns) {
@@ -64,7 +86,9 @@ void PutExportedHeader(state::Render& render, std::span<const ExportedColumn> co
         settings::GridColHeadAttributes(render.settings, column.number, render.Errors())};
     render.out.Put(R"(<th style="border:thin silver solid" {})", attributes)
         .PutIf(!attributes.text.empty() && !tag.text.empty(), " ")
-        .Put("{} >{}</th>\r\n", tag, Verbatim{column.field->Name()});
+        .Put("{} >", tag);
+    PutExportedName(render, column);
+    render.out.Put("</th>\r\n");
   }
   render.out.Put("</tr>\r\n");
 }
@@ -72,7 +96,10 @@ void PutExportedHeader(state::Render& render, std::span<const ExportedColumn> co
 void PutExportedRow(state::Render& render, std::span<ExportedColumn> columns, std::size_t parity) {
   render.out.Put("<tr>\r\n");
   for (ExportedColumn& column : columns) {
-    render.out.Put("{}{}</td>\r\n", Verbatim{column.heads[parity]}, Verbatim{column.Text(render)});
+    const std::string_view text = column.Text(render);
+    render.out.Write(Verbatim{column.heads[parity]})
+        .PutIf(column.is_hardened && MayBeFormula(column, text), "'")
+        .Put("{}</td>\r\n", Verbatim{text});
   }
 }
 
