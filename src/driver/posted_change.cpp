@@ -39,12 +39,13 @@ PostedChanges& ChangesOf(platform::PageContext& page) {
 
 std::shared_ptr<const PostedChange> CarryOut(Render& render) {
   render.outcome.has_failed_to_save = !editing::UpdateRecord(render);
-  return std::make_shared<PostedChange>(PostedChange{.change = render.outcome.change,
-                                                     .has_failed = render.outcome.has_failed_to_save,
-                                                     .shows_stored_record = render.outcome.shows_stored_record,
-                                                     .field_notes = render.outcome.field_notes,
-                                                     .status_message = render.outcome.status_message,
-                                                     .errors = render.outcome.errors});
+  return std::make_shared<PostedChange>(
+      PostedChange{.change = render.outcome.change,
+                   .has_failed = render.outcome.has_failed_to_save,
+                   .shows_stored_record = render.outcome.shows_stored_record,
+                   .field_notes = render.outcome.field_notes,
+                   .status_message = render.outcome.status_message,
+                   .errors = render.outcome.errors});
 }
 
 void TakeOutcome(Render& render, const PostedChange& change) {

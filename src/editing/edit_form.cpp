@@ -16,6 +16,7 @@
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
 #include "settings/language.h"
+#include "state/delete_request.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 #include "views/button_bar.h"
@@ -41,6 +42,8 @@ class EditForm {
   void PutButtonBar();
   void PutStateInputs();
   void PutSaveButton();
+  void PutHardenedDeleteButton();
+  void PutQuestion();
   void PutDeleteButton();
   void PutFieldTable(platform::Recordset& recordset, bool has_record);
   void PutRow(platform::Field& field, int column);
@@ -74,6 +77,7 @@ void EditForm::Put(platform::Recordset& recordset, std::int32_t& rows) {
 
 void EditForm::PutButtonBar() {
   views::PutButtonBarStart(render_);
+  if (!fields_.AddsRecord() && state::AsksToDelete(settings_, render_.keys)) return PutQuestion();
   PutStateInputs();
   PutSaveButton();
   if (!settings_.edit.skips_view) {
@@ -87,6 +91,16 @@ void EditForm::PutButtonBar() {
   views::PutButtonBarEnd(render_, render_.outcome.status_message);
 }
 
+/// In place of the buttons of the form, for visitors whom no script has asked.
+void EditForm::PutQuestion() {
+  out_.Put("{}&nbsp;", html::Text{settings_.EditConfirmDeleteString});
+  out_.Put(R"(<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
+           render_.keys(key::kFormDeleteConfirmed), Caption(settings::kDelete));
+  out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
+           render_.keys(key::kFormView), Caption(settings::kClose));
+  views::PutButtonBarEnd(render_, {});
+}
+
 void EditForm::PutStateInputs() {
   out_.Put(R"(<input type="hidden" name="{}" value="1">)", render_.keys(key::kFormEdit));
   out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(key::kFormInsert),
@@ -95,6 +109,11 @@ void EditForm::PutStateInputs() {
 
 /// Its script leaves edit mode, so that a successful save shows the record.
 void EditForm::PutSaveButton() {
+  if (settings_.Hardened) {
+    out_.Put(R"(<input{}type="submit" name="{}" value="{}">)", ButtonClass(), render_.keys(key::kFormUpdate),
+             Caption(settings::kSave));
+    return;
+  }
   out_.Put(R"(<input{}type="submit" onclick="FormDraloGrid{}.{}.value=''" name="{}" value="{}">)",
            ButtonClass(), Verbatim{settings_.Tag}, render_.keys(key::kFormEdit),
            render_.keys(key::kFormUpdate), Caption(settings::kSave));
@@ -102,11 +121,20 @@ void EditForm::PutSaveButton() {
 
 void EditForm::PutDeleteButton() {
   if (!settings_.edit.remove || settings_.DeleteSQL.empty()) return;
+  if (settings_.Hardened) return PutHardenedDeleteButton();
   out_.Put(R"(&nbsp;<input{}type="submit" onclick="FormDraloGrid{}.{}.value='';)", ButtonClass(),
            Verbatim{settings_.Tag}, render_.keys(key::kFormEdit))
       .PutIf(!settings_.EditConfirmDeleteString.empty(), "return confirm('{}');",
              Verbatim{settings_.EditConfirmDeleteString})
       .Put(R"(" name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(settings::kDelete));
+}
+
+/// The script that asks gives the button the name of one that has been asked for.
+void EditForm::PutHardenedDeleteButton() {
+  out_.Put(R"(&nbsp;<input{}type="submit")", ButtonClass())
+      .PutIf(!settings_.EditConfirmDeleteString.empty(), R"( data-confirm="{}" data-confirmed="{}")",
+             html::Text{settings_.EditConfirmDeleteString}, render_.keys(key::kFormDeleteConfirmed))
+      .Put(R"( name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(settings::kDelete));
 }
 
 void EditForm::PutFieldTable(platform::Recordset& recordset, bool has_record) {

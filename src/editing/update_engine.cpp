@@ -14,6 +14,7 @@
 #include "platform/transaction.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
+#include "state/delete_request.h"
 #include "text/blanks.h"
 
 namespace dralo::editing {
@@ -55,7 +56,7 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
 bool CarryOut(state::Render& render, std::string& statement) {
   const settings::Settings& settings = render.settings;
   const QuerySchema schema = ReadQuerySchema(render, statement, settings::EditParameters(settings));
-  const bool is_delete = !settings.DeleteSQL.empty() && render.keys.Has(key::kFormDelete);
+  const bool is_delete = !settings.DeleteSQL.empty() && state::IsDeletePosted(settings, render.keys);
   const bool is_done =
       is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);
   if (is_done) render.outcome.change = is_delete ? state::Change::kDeleted : state::Change::kSaved;
@@ -65,7 +66,8 @@ bool CarryOut(state::Render& render, std::string& statement) {
 }  // namespace
 
 bool IsChangePosted(const state::Render& render) {
-  const bool is_posted = render.keys.Has(key::kFormUpdate) || render.keys.Has(key::kFormDelete);
+  const bool is_posted =
+      render.keys.Has(key::kFormUpdate) || state::IsDeletePosted(render.settings, render.keys);
   return is_posted && render.settings.edit.save;
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "dralo/error.h"
+#include "state/delete_request.h"
 #include "state/request_state.h"
 #include "text/letter_case.h"
 
@@ -22,8 +23,20 @@ std::int16_t PageSizeToGoBy(const settings::Settings& settings, const RequestKey
   }
 }
 
-bool AsksForEdit(const RequestKeys& keys, bool has_failed) {
-  return has_failed || (keys.Has(key::kFormEdit) && !keys.Has(key::kFormView));
+/// Without a script a form asks for itself again with whatever it posts: a hardened page shows it again only
+/// to ask before it deletes.
+bool AsksForEditHardened(const settings::Settings& settings, const RequestKeys& keys) {
+  if (keys.Has(key::kFormView)) return false;
+  if (AsksToDelete(settings, keys)) return true;
+  const bool is_change =
+      keys.Has(key::kFormUpdate) || keys.Has(key::kFormDelete) || keys.Has(key::kFormDeleteConfirmed);
+  return !is_change && (keys.Has(key::kFormEdit) || keys.Has(key::kEditPrimaryKey));
+}
+
+bool AsksForEdit(const settings::Settings& settings, const RequestKeys& keys, bool has_failed) {
+  if (has_failed) return true;
+  if (settings.Hardened) return AsksForEditHardened(settings, keys);
+  return keys.Has(key::kFormEdit) && !keys.Has(key::kFormView);
 }
 
 /// A failed save decides by what its own form said: an insert comes back as an insert, and nothing else does.
@@ -54,7 +67,8 @@ Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
   // The form for a new record needs "UPDATE" too; "ADD" alone shows the button that asks for it.
   if (!settings.edit.update) return Mode::kFormView;
   if (keys != nullptr && AsksForAdd(*keys, has_failed)) return Mode::kFormAdd;
-  const bool edits = settings.edit.skips_view || (keys != nullptr && AsksForEdit(*keys, has_failed));
+  const bool edits =
+      settings.edit.skips_view || (keys != nullptr && AsksForEdit(settings, *keys, has_failed));
   return edits ? Mode::kFormEdit : Mode::kFormView;
 }
 

@@ -40,7 +40,12 @@ bool RequestKeys::IsReadInQuery(std::string_view name) const {
   return !IsOfChange(name) && !(commands_change_ && text::EqualAscii(name, key::kPrimaryKey));
 }
 
-std::string_view RequestKeys::Value(std::string_view name) const { return Find(name, {}); }
+std::string_view RequestKeys::Value(std::string_view name) const {
+  const std::string_view value = Find(name, {});
+  const bool is_of_button =
+      change_keys_ != ChangeKeys::kAnywhere && value.empty() && name == key::kPrimaryKey;
+  return is_of_button ? Find(key::kEditPrimaryKey, {}) : value;
+}
 
 bool RequestKeys::WasPressed(std::string_view button) const { return !Find(button, key::kPressed).empty(); }
 

@@ -26,12 +26,14 @@ inline constexpr std::string_view kNext = "NEXT";
 inline constexpr std::string_view kLast = "LAST";
 inline constexpr std::string_view kBookmark = "BookMark";
 inline constexpr std::string_view kPrimaryKey = "PK";
+inline constexpr std::string_view kEditPrimaryKey = "EditPK";
 inline constexpr std::string_view kFormEdit = "FormEdit";
 inline constexpr std::string_view kFormAdd = "FormAdd";
 inline constexpr std::string_view kFormView = "FormView";
 inline constexpr std::string_view kFormInsert = "FormInsert";
 inline constexpr std::string_view kFormUpdate = "FormUpdate";
 inline constexpr std::string_view kFormDelete = "FormDelete";
+inline constexpr std::string_view kFormDeleteConfirmed = "FormDeleteConfirmed";
 inline constexpr std::string_view kToExcel = "ToExcel";
 
 /// What became of the change that led to this address: "u" a save, "i" a new record, "d" a deleted one.
@@ -63,6 +65,7 @@ enum class ChangeKeys { kAnywhere, kForm, kNowhere };
 /// The request keys of one view: "Morvu", its tag, and the key's name. The one place where keys are formed.
 class RequestKeys {
  public:
+  /// On a hardened page the button that edits a record posts its key, which then is that of key::kPrimaryKey.
   RequestKeys(const platform::Request& request, std::string_view tag,
               ChangeKeys change_keys = ChangeKeys::kAnywhere);
 

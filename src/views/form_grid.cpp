@@ -1,5 +1,6 @@
 #include "views/form_grid.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,7 @@ class FormRecords {
   void PutKeyInput();
   void PutButtonBar(std::int32_t row);
   void PutEditButton();
+  void PutEditButtonOfRecord();
   void PutFields(std::int32_t row);
 
   state::Render& render_;
@@ -76,10 +78,11 @@ void FormRecords::PutGap() {
       .PutIf(!settings_.UseCSS, "<tr><td>&nbsp;</td></tr>\r\n");
 }
 
-/// What an Edit button puts the key of its record into; one serves all records of the page.
+/// What an Edit button puts the key of its record into; one serves all records of the page. On hardened pages
+/// the buttons have it themselves.
 void FormRecords::PutKeyInput() {
-  out_.PutIf(!text::IsBlank(settings_.EditPrimaryKeys), "<input type=\"hidden\" name=\"{}\" value=''>\r\n",
-             render_.keys(state::key::kPrimaryKey));
+  out_.PutIf(!settings_.Hardened && !text::IsBlank(settings_.EditPrimaryKeys),
+             "<input type=\"hidden\" name=\"{}\" value=''>\r\n", render_.keys(state::key::kPrimaryKey));
 }
 
 void FormRecords::PutButtonBar(std::int32_t row) {
@@ -90,6 +93,7 @@ void FormRecords::PutButtonBar(std::int32_t row) {
 }
 
 void FormRecords::PutEditButton() {
+  if (settings_.Hardened) return PutEditButtonOfRecord();
   out_.Put("<input")
       .PutIf(settings_.UseCSS, R"( class="DraloInputBtn")")
       .Put(R"( type="submit" name="{}"  onclick="FormDraloGrid{}.{}.value=')",
@@ -97,6 +101,19 @@ void FormRecords::PutEditButton() {
            render_.keys(state::key::kPrimaryKey));
   if (key_values_.Read(render_.Errors())) key_values_.PutInScript(out_);
   out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
+}
+
+void FormRecords::PutEditButtonOfRecord() {
+  const bool has_key = key_values_.Read(render_.Errors());
+  out_.Put("<button").PutIf(settings_.UseCSS, R"( class="DraloInputBtn")");
+  if (has_key) {
+    const std::string key = key_values_.Plain();
+    out_.Put(R"( type="submit" name="{}" value="{}">)", render_.keys(state::key::kEditPrimaryKey),
+             html::Text{key});
+  } else {
+    out_.Put(R"( type="submit" name="{}" value="1">)", render_.keys(state::key::kFormEdit));
+  }
+  out_.Put("{}</button>", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
 }
 
 void FormRecords::PutFields(std::int32_t row) {

@@ -41,7 +41,8 @@ struct Rendering {
   /// What body(render) returns; what it writes goes to `out`.
   template <class Body>
   auto Rendered(html::HtmlWriter& out, Body&& body) {
-    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
+    const auto change_keys = settings.Hardened ? state::ChangeKeys::kForm : state::ChangeKeys::kAnywhere;
+    const state::RequestKeys keys(page.GetRequest(), settings.Tag, change_keys);
     state::Render render{.settings = settings,
                          .environment = *environment,
                          .keys = keys,

@@ -53,7 +53,8 @@ struct EditFormPage : Rendering {
     settings::Settings edited = settings;
     settings::SetDisplayType(edited, "form");
     settings::SetEditOptions(edited, "UPDATE NOVIEW");
-    const state::RequestKeys keys(page.GetRequest(), settings.Tag);
+    const auto change_keys = settings.Hardened ? state::ChangeKeys::kForm : state::ChangeKeys::kAnywhere;
+    const state::RequestKeys keys(page.GetRequest(), settings.Tag, change_keys);
     return state::CurrentMode(edited, &keys, environment->Regional(), outcome.has_failed_to_save);
   }
 
