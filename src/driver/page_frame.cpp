@@ -5,6 +5,7 @@
 
 #include "state/links.h"
 #include "state/request_state.h"
+#include "state/value_text.h"
 #include "views/navigation_bar.h"
 
 namespace dralo::driver {
@@ -30,6 +31,13 @@ std::string GridTableAttributes(const settings::Settings& settings) {
   return attributes += settings.GridTableTag;
 }
 
+/// What hardened pages have in place of a button with a script.
+void PutAddLinkAndRowEnd(const state::Render& render, Verbatim caption) {
+  render.out.Put("<a").PutIf(render.settings.UseCSS, R"( class="DraloInputBtn")").Put(R"( href=")");
+  state::PutAddLink(render.out, render);
+  render.out.Put("\">{}</a></table></td></tr>\r\n", caption);
+}
+
 }  // namespace
 
 void PutOpening(const state::Render& render, std::string_view final_sql) {
@@ -45,10 +53,9 @@ void PutOpening(const state::Render& render, std::string_view final_sql) {
         .Put(">{}</td></tr><tr><td>&nbsp;</td></tr>\r\n", Verbatim{final_sql});
   }
   const Verbatim tag{settings.Tag};
-  render.out
-      .Put(R"(<form name="FormDraloGrid{}" id="FormDraloGrid{}" action="{}" method="post">)", tag, tag,
-           Verbatim{render.script_name})
-      .Put("\r\n");
+  render.out.Put(R"(<form name="FormDraloGrid{}" id="FormDraloGrid{}" action=")", tag, tag);
+  state::PutInText(render.out, render, render.script_name);
+  render.out.Put("\" method=\"post\">\r\n");
 }
 
 void PutHeaderRow(state::Render& render, bool bar, int column_span) {
@@ -67,7 +74,9 @@ void PutAddButtonRow(const state::Render& render) {
   const Verbatim caption{settings.language_tables->buttons[settings::kAdd]};
   render.out.Put(R"(<tr><td width="100%"><table width="100%" cellspacing=0 cellpadding=0>)")
       .PutIf(settings.UseCSS, R"(<tr><td colspan=2 class="DraloEditBtnBar">)")
-      .PutIf(!settings.UseCSS, "<tr><td colspan=2>")
+      .PutIf(!settings.UseCSS, "<tr><td colspan=2>");
+  if (settings.Hardened) return PutAddLinkAndRowEnd(render, caption);
+  render.out
       .PutIf(settings.UseCSS,
              R"(<input class="DraloInputBtn" Value="{}" type="button" onclick="window.location=')", caption)
       .PutIf(!settings.UseCSS, R"(<input Value="{}" type="button" onclick="window.location=')", caption);

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "driver/hardened_frame.h"
 #include "driver/page_frame.h"
 #include "driver/posted_change.h"
 #include "driver/query.h"
@@ -181,6 +182,7 @@ void RenderView(Render& render) {
 }  // namespace
 
 void WriteHtmlTable(Render& render, platform::PageContext& page) {
+  if (!PrepareHardenedFrame(render)) return;
   if (render.keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
   CarryOutPostedChange(render, page);
   RenderView(render);

@@ -124,15 +124,21 @@ std::string RecordsPerPageSelect(state::Render& render) {
                                   : settings.RecordsPerPageOptions;
   html::HtmlWriter out;
   out.Put("{}&nbsp;:&nbsp;", Text(render, settings::kRecordsPerPage));
-  out.Put("<select onchange=\"FormDraloGrid{}.submit()\"{} name=\"{}\">\r\n", Verbatim{settings.Tag},
-          Verbatim{settings.UseCSS ? R"( class="DRLOTableRecPerPage")" : ""},
-          render.keys(state::key::kMaxRecords));
+  out.PutIf(!settings.Hardened, "<select onchange=\"FormDraloGrid{}.submit()\"", Verbatim{settings.Tag})
+      .PutIf(settings.Hardened, "<select data-submit")
+      .Put("{} name=\"{}\">\r\n", Verbatim{settings.UseCSS ? R"( class="DRLOTableRecPerPage")" : ""},
+           render.keys(state::key::kMaxRecords));
   const std::string page_size = std::to_string(render.view.page_size);
   for (const std::string& option : text::Split(options)) {
     out.Put(R"(<option{} value="{}">{})", Verbatim{text::TrimBlanks(option) == page_size ? " selected" : ""},
             Verbatim{option}, Verbatim{option});
   }
   out.Put("</select>");
+  if (settings.Hardened) {
+    out.Put("<noscript>&nbsp;<input")
+        .PutIf(settings.UseCSS, R"( class="DraloInputBtn")")
+        .Put(R"( type="submit" value="OK"></noscript>)");
+  }
   return out.Take();
 }
 
