@@ -18,6 +18,7 @@ function static_file(string $path): ?array
 {
     return match (1) {
         preg_match('~^/dralo\.css$~D', $path) => [ASSETS . $path, "text/css; charset=utf-8"],
+        preg_match('~^/dralo\.js$~D', $path) => [ASSETS . $path, "text/javascript; charset=utf-8"],
         preg_match('~^/gfx/[a-z]+\.gif$~D', $path) => [ASSETS . $path, "image/gif"],
         preg_match('~^/site\.css$~D', $path) => [__DIR__ . $path, "text/css; charset=utf-8"],
         preg_match('~^/(icon|previews/[a-z-]+)\.svg$~D', $path) => [__DIR__ . $path, "image/svg+xml"],

@@ -86,6 +86,7 @@ function write_head(string $title): void
 <link rel="icon" href="/icon.svg" type="image/svg+xml">
 <link rel="stylesheet" href="/dralo.css">
 <link rel="stylesheet" href="/site.css">
+<script src="/dralo.js" defer></script>
 </head>
 <body>
 <a class="skip" href="#content">Skip to the example</a>

@@ -12,7 +12,7 @@ const statusOf = (url, path) =>
   });
 
 siteTest("Only pages, style sheets and pictures can be reached", visitors.light, async ({ url }) => {
-  for (const path of ["/", "/grid.php", "/grid.php?Morvu1CurrRecord=21", "/dralo.css", "/gfx/nextpg.gif", "/icon.svg"]) {
+  for (const path of ["/", "/grid.php", "/grid.php?Morvu1CurrRecord=21", "/dralo.css", "/dralo.js", "/gfx/nextpg.gif", "/icon.svg"]) {
     assert.equal(await statusOf(url, path), 200, path);
   }
   for (const path of [
