@@ -179,16 +179,14 @@ void InsertRow(Session& session, ClientCursor& cursor, const AssignedValues& val
     if (values[i]) row[i] = {*values[i], session.Stored((*columns)[i], *values[i])};
   }
 
-  const auto identity = cursor.Table().identity;
-  const bool has_new_number = identity && IsNull(View(row[*identity].value));
+  const BaseTable& table = cursor.Table();
+  const bool is_numbered = table.identity && IsNull(View(row[*table.identity].value));
+  const Column* const numbered = is_numbered ? &(*columns)[*table.identity] : nullptr;
   RepeatingAfterConflict(session, [&] {
     platform::Transaction transaction(session);
-    RequireOne(session.Run({change.text, change.parameters}), change,
-               "The row was not added; a rule of the database prevented it");
-    if (has_new_number) {
-      const Variant number = session.LastIdentity(cursor.Table(), (*columns)[*identity]);
-      row[*identity] = {number, number};
-    }
+    const auto inserted = session.Insert({change.text, change.parameters}, table, numbered);
+    RequireOne(inserted.rows, change, "The row was not added; a rule of the database prevented it");
+    if (!IsNull(View(inserted.number))) row[*table.identity] = {inserted.number, inserted.number};
     transaction.Commit();
   });
   cursor.Append(std::move(row));

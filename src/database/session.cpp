@@ -14,6 +14,13 @@ std::int64_t Session::Run(const Query& query) {
   return cursor->RowsAffected();
 }
 
+Session::Inserted Session::Insert(const Query& insert, const BaseTable& table, const Column* numbered) {
+  Inserted inserted{.rows = Run(insert)};
+  if (numbered == nullptr || inserted.rows != 1) return inserted;
+  if (const auto number = LastIdentity(table, *numbered)) inserted.number = *number;
+  return inserted;
+}
+
 platform::Variant Session::Ask(const Query& query) {
   const auto cursor = Prepare(query);
   if (cursor->GetColumns()->empty() || !cursor->Step())

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -59,8 +60,14 @@ class Session {
   /// when it is run again from its start: it met another one, and was a part of none.
   virtual bool MayRepeatAfter(const platform::Error& /*error*/) const { return false; }
 
-  /// The number that the database gave, in `column` of `table`, to the row inserted last.
-  virtual std::int64_t LastIdentity(const BaseTable& table, const Column& column) const = 0;
+  struct Inserted {
+    std::int64_t rows = 0;
+    platform::Variant number = {};  ///< Null when it is not known.
+  };
+
+  /// Runs an INSERT into `table`. `numbered` is the column that the database gives a number to, which is then
+  /// told; nullptr when there is none.
+  virtual Inserted Insert(const Query& insert, const BaseTable& table, const Column* numbered);
 
   /// Whether a kept session still reaches the database that its connection string names.
   virtual bool IsAlive() noexcept = 0;
@@ -88,6 +95,13 @@ class Session {
 
  protected:
   Session();
+
+  /// The number that the database gave, in `column` of `table`, to the row inserted last; for Insert() as it
+  /// is here.
+  virtual std::optional<std::int64_t> LastIdentity(const BaseTable& /*table*/,
+                                                   const Column& /*column*/) const {
+    return std::nullopt;
+  }
 
  private:
   const pid_t process_;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -48,7 +49,8 @@ class Session final : public database::Session {
   void Commit() override;
   void Rollback() noexcept override;
   bool MayRepeatAfter(const platform::Error& error) const override;
-  std::int64_t LastIdentity(const BaseTable& /*table*/, const Column& /*column*/) const override {
+  std::optional<std::int64_t> LastIdentity(const BaseTable& /*table*/,
+                                           const Column& /*column*/) const override {
     return last_identity_;
   }
   bool IsAlive() noexcept override;

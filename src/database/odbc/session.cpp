@@ -143,7 +143,7 @@ void Session::Rollback() noexcept {
   if (is_outermost) is_in_transaction_ = owns_transaction_ = false;
 }
 
-std::int64_t Session::LastIdentity(const BaseTable& table, const Column& column) const {
+std::optional<std::int64_t> Session::LastIdentity(const BaseTable& table, const Column& column) const {
   switch (link_.GetDialect()) {
     case Dialect::kPostgreSql:
       return link_.AskNumber("SELECT currval(pg_get_serial_sequence(" + TextLiteral(table.name) + ", " +

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,7 +34,7 @@ class Session final : public database::Session {
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;
-  std::int64_t LastIdentity(const BaseTable& table, const Column& column) const override;
+  std::optional<std::int64_t> LastIdentity(const BaseTable& table, const Column& column) const override;
   bool IsAlive() noexcept override;
   bool Reset() noexcept override;
 

@@ -117,9 +117,16 @@ std::int64_t Session::AskNumber(const std::string& query) const {
   return *number;
 }
 
-std::int64_t Session::LastIdentity(const BaseTable& table, const Column& column) const {
-  return AskNumber("SELECT currval(pg_get_serial_sequence(" + Quote(table.name, '\'') + ", " +
-                   Quote(column.origin, '\'') + "))");
+/// Whatever sequence the number is from, and whatever a trigger makes of it.
+database::Session::Inserted Session::Insert(const Query& insert, const BaseTable& table,
+                                            const Column* numbered) {
+  if (numbered == nullptr) return database::Session::Insert(insert, table, numbered);
+  const std::string text = std::string(insert.text) + " RETURNING " + Quote(numbered->origin);
+  const auto cursor = Prepare({text, insert.parameters});
+  Inserted inserted;
+  if (cursor->Step()) inserted.number = platform::Own(cursor->Value(0));
+  inserted.rows = cursor->RowsAffected();
+  return inserted;
 }
 
 bool Session::IsAlive() noexcept {

@@ -40,7 +40,7 @@ class Session final : public database::Session {
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;
-  std::int64_t LastIdentity(const BaseTable& table, const Column& column) const override;
+  Inserted Insert(const Query& insert, const BaseTable& table, const Column* numbered) override;
   bool IsAlive() noexcept override;
   bool Reset() noexcept override;
 

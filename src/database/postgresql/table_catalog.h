@@ -13,7 +13,7 @@ struct KnownTable {
   struct TableColumn {
     std::string name;
     bool is_required = false;  ///< Never Null.
-    bool is_numbered = false;  ///< By the database.
+    bool is_numbered = false;  ///< By the database, which can tell the number.
   };
 
   std::string schema;

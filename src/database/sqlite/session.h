@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,7 +37,8 @@ class Session final : public database::Session {
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;
-  std::int64_t LastIdentity(const BaseTable& /*table*/, const Column& /*column*/) const override {
+  std::optional<std::int64_t> LastIdentity(const BaseTable& /*table*/,
+                                           const Column& /*column*/) const override {
     return sqlite3_last_insert_rowid(Handle());
   }
   bool IsAlive() noexcept override;

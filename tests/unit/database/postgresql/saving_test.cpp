@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "unit/database/postgresql/native_test.h"
 
 namespace dralo::tests {
@@ -11,6 +13,30 @@ class NativeSaving : public PostgreSqlProvider {
     Run("INSERT INTO links SELECT i, 'one' FROM generate_series(1, 3) i");
     Run("CREATE TABLE notes (link integer, note text)");
     Run("INSERT INTO notes VALUES (2, 'first')");
+  }
+
+  /// Statements with ";" between; "\\;" is one within a statement.
+  void RunAll(std::string_view statements) const {
+    std::string statement;
+    for (std::size_t i = 0; i < statements.size(); ++i) {
+      if (statements[i] == '\\') {
+        statement += statements[++i];
+      } else if (statements[i] == ';') {
+        Run(std::exchange(statement, {}));
+      } else {
+        statement += statements[i];
+      }
+    }
+    Run(statement);
+  }
+
+  /// What the added record says of its key.
+  std::string NumberOfNew() const {
+    const auto recordset = Edit(connection_, "SELECT id, name FROM t");
+    recordset->AddNew();
+    FieldOf(*recordset, "name").SetValue("new");
+    recordset->Update();
+    return ValueOf(*recordset, "id");
   }
 
   void Rename(std::string_view sql) const {
@@ -37,6 +63,38 @@ TEST_F(NativeSaving, SavesRecordsThatAJoinFinds) {
   MakeLinks();
   Rename("SELECT links.id, links.name FROM links JOIN notes ON notes.link = links.id");
   EXPECT_EQ(Ask("SELECT name FROM links ORDER BY id"), (Lines{"'one'", "'changed'", "'one'"}));
+}
+
+TEST_F(NativeSaving, AddsRecordsWhateverNumbersThem) {
+  const std::string_view tables[] = {
+      "CREATE SEQUENCE own START 7; CREATE TABLE t (id integer PRIMARY KEY DEFAULT nextval('own'), name "
+      "text)",
+      "CREATE TABLE t (id integer PRIMARY KEY GENERATED ALWAYS AS IDENTITY (START 7), name text)",
+      "CREATE SEQUENCE own START 700; CREATE TABLE t (id bigint DEFAULT nextval('own') / 100, name text)",
+      "CREATE TABLE parent (id serial, name text); ALTER SEQUENCE parent_id_seq RESTART 7; "
+      "CREATE TABLE t () INHERITS (parent)",
+      "CREATE TABLE parent (id serial, name text) PARTITION BY RANGE (id); ALTER SEQUENCE parent_id_seq "
+      "RESTART "
+      "7; CREATE TABLE t PARTITION OF parent FOR VALUES FROM (1) TO (100)",
+      "CREATE TABLE t (id serial, name text); CREATE FUNCTION seven() RETURNS trigger LANGUAGE plpgsql AS "
+      "'BEGIN NEW.id = 7\\; RETURN NEW\\; END'; CREATE TRIGGER seven BEFORE INSERT ON t FOR EACH ROW EXECUTE "
+      "FUNCTION seven()"};
+  for (const std::string_view statements : tables) {
+    Run("CREATE SCHEMA now");
+    Run("SET search_path = now");
+    RunAll(statements);
+    EXPECT_EQ(NumberOfNew(), "7") << statements;
+    EXPECT_EQ(Ask("SELECT id, name FROM t"), Lines{"7 'new'"}) << statements;
+    Run("DROP SCHEMA now CASCADE");
+  }
+}
+
+TEST_F(NativeSaving, AddsRecordsThatARulePutsElsewhere) {
+  Run("CREATE TABLE t (id serial, name text)");
+  Run("CREATE TABLE other (name text)");
+  Run("CREATE RULE elsewhere AS ON INSERT TO t DO INSTEAD INSERT INTO other VALUES (NEW.name)");
+  EXPECT_EQ(NumberOfNew(), "null");
+  EXPECT_EQ(Ask("SELECT name FROM other"), Lines{"'new'"});
 }
 
 }  // namespace
