@@ -14,7 +14,7 @@ namespace {
 using platform::Error;
 
 /// How the server notices soon that nobody waits for a statement any more; since PostgreSQL 14.
-constexpr std::string_view kCheckForClient = " -c client_connection_check_interval=500";
+constexpr std::string_view kCheckInterval = "client_connection_check_interval";
 
 /// The last ones see to it that all pages of a query come from one plan and one beginning of their table.
 constexpr std::string_view kForms =
@@ -30,19 +30,22 @@ constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "U
 
 void IgnoreNotice(void* /*unused*/, const PGresult* /*notice*/) {}
 
-std::string StartOptions(const Options& options) {
+std::string StartOptions(const Options& options, bool checks_client) {
   std::string text(kForms);
   if (options.query_timeout_s > 0) {
     text += " -c statement_timeout=" + std::to_string(options.query_timeout_s * 1000);
   }
-  return text.append(kCheckForClient);
+  if (checks_client) text.append(" -c ").append(kCheckInterval).append("=500");
+  return text;
 }
 
-/// As a pooler refuses them, or a server that does not know one.
+/// As a pooler refuses them.
 bool IsRefusalOfOptions(std::string_view message) {
-  return message.find("startup parameter") != message.npos ||
-         message.find("client_connection_check_interval") != message.npos;
+  return message.find("startup parameter") != message.npos;
 }
+
+/// As a server does that does not know it, or whose system cannot.
+bool IsRefusalOfCheck(std::string_view message) { return message.find(kCheckInterval) != message.npos; }
 
 /// The attributes to look for, one after the other, each on all hosts.
 std::vector<std::string> Rounds(const Options& options) {
@@ -76,26 +79,44 @@ void Link::Connect() {
 }
 
 void Link::ConnectTo(const Options::Host& host, const std::string& attributes) {
-  is_pooled_ = false;
-  try {
-    TryToConnect(host, attributes, true);
-  } catch (const Error& error) {
-    if (!IsRefusalOfOptions(error.what())) throw;
-    TryToConnect(host, attributes, false);
-    is_pooled_ = true;
-  }
+  is_too_late_ = false;
+  is_pooled_ = !TryWithOptions(host, attributes);
+  if (is_pooled_) TryToConnect(host, attributes, {});
   if (libpq_.PQsetnonblocking(Handle(), 1) != 0 || libpq_.PQenterPipelineMode(Handle()) != 1) {
     throw Error(OneLine(libpq_.PQerrorMessage(Handle())));
   }
-  libpq_.PQsetNoticeReceiver(Handle(), IgnoreNotice, nullptr);
   is_synced_ = true;
+  RequireForms();
   FindPooler();
   ++number_;
   SetPatience();
 }
 
-void Link::TryToConnect(const Options::Host& host, const std::string& attributes, bool sets_options) {
-  const std::string start_options = StartOptions(options_);
+/// False when no option of ours is taken.
+bool Link::TryWithOptions(const Options::Host& host, const std::string& attributes) {
+  for (const bool checks_client : {true, false}) {
+    try {
+      TryToConnect(host, attributes, StartOptions(options_, checks_client));
+      return true;
+    } catch (const Error& error) {
+      const bool is_refusal = IsRefusalOfOptions(error.what());
+      if (!is_refusal && !(checks_client && IsRefusalOfCheck(error.what()))) throw;
+      if (is_refusal && !IsRefusalOfCheck(error.what())) return false;
+    }
+  }
+  return false;
+}
+
+/// Days are read in this form; without options it is as the database or the user sets it.
+void Link::RequireForms() {
+  const char* const form = libpq_.PQparameterStatus(Handle(), "DateStyle");
+  if (form == nullptr || !std::string_view(form).starts_with("ISO")) {
+    throw Error("the server writes days in another form than ISO; set DateStyle to ISO for the database");
+  }
+}
+
+void Link::TryToConnect(const Options::Host& host, const std::string& attributes,
+                        const std::string& start_options) {
   std::vector<const char*> keys;
   std::vector<const char*> values;
   const auto add = [&](const char* key, const char* value) {
@@ -108,12 +129,13 @@ void Link::TryToConnect(const Options::Host& host, const std::string& attributes
   add("host", host.name.c_str());
   add("port", host.port.c_str());
   add("target_session_attrs", attributes.c_str());
-  if (sets_options) add("options", start_options.c_str());
+  add("options", start_options.c_str());
   keys.push_back(nullptr);
   values.push_back(nullptr);
 
   handle_.reset(libpq_.PQconnectStartParams(keys.data(), values.data(), 0));
   if (!handle_) throw std::bad_alloc();
+  libpq_.PQsetNoticeReceiver(Handle(), IgnoreNotice, nullptr);
   auto state = PGRES_POLLING_WRITING;
   while (libpq_.PQstatus(Handle()) != CONNECTION_BAD && state != PGRES_POLLING_OK) {
     if (!Wait(state == PGRES_POLLING_READING ? POLLIN : POLLOUT)) {
@@ -127,7 +149,7 @@ void Link::TryToConnect(const Options::Host& host, const std::string& attributes
 
 /// A pooler has numbers of its own for its clients.
 void Link::FindPooler() {
-  Order("SELECT pg_backend_pid()");
+  Order("SELECT pg_catalog.pg_backend_pid()");
   const auto deadline = deadline_;
   Send();  // A few bytes: it does not wait.
   deadline_ = deadline;

@@ -35,6 +35,7 @@ struct Libpq {
   USE(PQisBusy)                    \
   USE(PQnfields)                   \
   USE(PQntuples)                   \
+  USE(PQparameterStatus)           \
   USE(PQpipelineSync)              \
   USE(PQresultErrorField)          \
   USE(PQresultErrorMessage)        \

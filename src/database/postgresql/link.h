@@ -110,7 +110,10 @@ class Link {
 
   void Connect();
   void ConnectTo(const Options::Host& host, const std::string& attributes);
-  void TryToConnect(const Options::Host& host, const std::string& attributes, bool sets_options);
+  bool TryWithOptions(const Options::Host& host, const std::string& attributes);
+  void TryToConnect(const Options::Host& host, const std::string& attributes,
+                    const std::string& start_options);
+  void RequireForms();
   void FindPooler();
   void StartClock();
   PGconn* Handle() const;

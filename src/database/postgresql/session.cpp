@@ -152,7 +152,9 @@ bool Session::Clean() {
   if (state != PQTRANS_IDLE && !is_open) return false;
   std::vector<const char*> orders;
   if (is_open) orders.push_back("ROLLBACK");
-  if (std::exchange(has_traces_, false) && !link_->IsPooled()) {
+  // Which of its connections a pooler would clean nobody knows; it cleans what is closed.
+  if (has_traces_ && link_->IsPooled()) return false;
+  if (std::exchange(has_traces_, false)) {
     orders.insert(orders.end(), std::begin(kCleaning), std::end(kCleaning));
   }
   if (orders.empty()) return true;

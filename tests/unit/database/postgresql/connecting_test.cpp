@@ -64,6 +64,50 @@ TEST_F(Connecting, DoesWithoutOptionsWhereAPoolerRefusesThem) {
   EXPECT_EQ(Rows(connection, "SELECT COUNT(*) FROM pg_prepared_statements"), Lines{"0"});
 }
 
+TEST_F(Connecting, KeepsNoSessionOfAPoolerThatThePageHasChanged) {
+  const Proxy proxy(Proxy::Manner::kRefusesOptions, ServerPort());
+  const auto is_read_only = [&](std::string_view change) {
+    const auto connection = Over(proxy);
+    const Lines setting = Rows(connection, "SHOW default_transaction_read_only");
+    if (!change.empty()) connection->Execute(change);
+    connection->Close();
+    return setting == Lines{"'on'"};
+  };
+  is_read_only("");
+  is_read_only("SET default_transaction_read_only = on");
+  EXPECT_EQ(proxy.Refused(), 1) << "kept";
+  EXPECT_FALSE(is_read_only(""));
+  EXPECT_EQ(proxy.Refused(), 2) << "opened again";
+}
+
+TEST_F(Connecting, RequiresDaysInTheFormThatItReads) {
+  Run("DO $$ BEGIN EXECUTE 'ALTER DATABASE ' || current_database() || ' SET DateStyle = German'; END $$");
+  EXPECT_EQ(Rows(Another(";Application Name=other"), "SHOW DateStyle"), Lines{"'ISO, MDY'"});
+  const Proxy proxy(Proxy::Manner::kRefusesOptions, ServerPort());
+  EXPECT_EQ(
+      MessageOf([&] { Over(proxy); }),
+      "The database cannot be opened: the server writes days in another form than ISO; set DateStyle to "
+      "ISO for the database (SQLSTATE 08001)");
+}
+
+TEST_F(Connecting, DoesWithoutALookForTheClientWhereTheServerKnowsNone) {
+  const Proxy proxy(Proxy::Manner::kKnowsNoCheck, ServerPort());
+  const auto connection = Over(proxy, ";Query Timeout=7");
+  EXPECT_EQ(proxy.Refused(), 1);
+  EXPECT_EQ(Rows(connection, "SHOW statement_timeout"), Lines{"'7s'"});
+  EXPECT_EQ(Rows(connection, "SHOW client_connection_check_interval"), Lines{"'0'"});
+  for (int i = 0; i < 3; ++i) Rest(*Read(connection, "SELECT i FROM generate_series(1, 3) i", 2));
+  EXPECT_EQ(Rows(connection, "SELECT COUNT(*) FROM pg_prepared_statements WHERE statement LIKE '%(1, 3)%'"),
+            Lines{"1"});
+}
+
+TEST_F(Connecting, GoesOnToTheNextHostWhenOneStallsBehindItsStart) {
+  const Proxy stalling(Proxy::Manner::kStallsBehindStart, ServerPort());
+  const auto connection = Another(";Connect Timeout=4;SSL Mode=disable;Hosts=127.0.0.1:" + stalling.Port() +
+                                  ",127.0.0.1:" + ServerPort());
+  EXPECT_EQ(Rows(connection, "SELECT 7"), Lines{"7"});
+}
+
 TEST_F(Connecting, SetsTheFormsThatItReadsAndTheLimitOfTheServer) {
   const auto connection = Another(";Query Timeout=7;Application Name=test page");
   EXPECT_EQ(Rest(*Read(connection,

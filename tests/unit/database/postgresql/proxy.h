@@ -20,8 +20,10 @@ namespace dralo::tests {
 class Proxy {
  public:
   enum class Manner {
-    kSilent,          ///< Takes connections and says nothing.
-    kRefusesOptions,  ///< Refuses clients that send options of their session, as poolers do.
+    kSilent,             ///< Takes connections and says nothing.
+    kRefusesOptions,     ///< Refuses clients that send options of their session, as poolers do.
+    kKnowsNoCheck,       ///< Refuses the option to look for the client meanwhile, as older servers do.
+    kStallsBehindStart,  ///< Says nothing more when a session has begun.
   };
 
   Proxy(Manner manner, const std::string& server_port) : manner_(manner), server_port_(server_port) {
@@ -85,6 +87,22 @@ class Proxy {
     close(server);
   }
 
+  /// An error as the server sends it.
+  static std::string Refusal(const std::string& text) {
+    std::string fields("SFATAL\0C08P01\0M", 15);
+    fields.append(text).append(2, '\0');
+    const auto size = static_cast<std::uint32_t>(fields.size() + 4);
+    std::string message = "E";
+    for (const int shift : {24, 16, 8, 0}) message += static_cast<char>((size >> shift) & 0xFF);
+    return message + fields;
+  }
+
+  bool Refuses(std::string_view text) const {
+    constexpr std::string_view kOptions("\0options\0", 9);
+    if (manner_ == Manner::kRefusesOptions) return text.find(kOptions) != text.npos;
+    return manner_ == Manner::kKnowsNoCheck && text.find("client_connection_check_interval=") != text.npos;
+  }
+
   /// False when the connection is to end.
   bool PassOn(int from, int to, bool is_of_client) {
     pollfd watched{from, POLLIN, 0};
@@ -93,12 +111,15 @@ class Proxy {
     const ssize_t size = recv(from, bytes.data(), bytes.size(), 0);
     if (size <= 0) return false;
     const std::string_view text(bytes.data(), static_cast<std::size_t>(size));
-    constexpr std::string_view kOptions("\0options\0", 9);
-    if (is_of_client && text.find(kOptions) != text.npos) {
+    if (is_of_client && Refuses(text)) {
       ++refused_;
-      constexpr std::string_view kRefusal(
-          "E\0\0\0\x48SFATAL\0C08P01\0Munsupported startup parameter in options: statement\0\0", 73);
-      send(from, kRefusal.data(), kRefusal.size(), MSG_NOSIGNAL);
+      send(from, refusal_.data(), refusal_.size(), MSG_NOSIGNAL);
+      return false;
+    }
+    constexpr std::string_view kReady("Z\0\0\0\5I", 6);
+    if (!is_of_client && text.ends_with(kReady) && manner_ == Manner::kStallsBehindStart) {
+      send(to, text.data(), text.size(), MSG_NOSIGNAL);
+      while (!is_ending_) IsReady(listener_);
       return false;
     }
     return send(to, text.data(), text.size(), MSG_NOSIGNAL) == size;
@@ -110,6 +131,10 @@ class Proxy {
   std::string port_;
   std::atomic<bool> is_ending_ = false;
   std::atomic<int> refused_ = 0;
+  const std::string refusal_ =
+      Refusal(manner_ == Manner::kKnowsNoCheck ? "unrecognized configuration parameter "
+                                                 "\"client_connection_check_interval\""
+                                               : "unsupported startup parameter in options: statement");
   std::thread thread_;
 };
 
