@@ -6,6 +6,7 @@ import pathlib
 import signal
 
 import deployed_site
+import left_behind
 
 
 def processes(server):
@@ -13,14 +14,23 @@ def processes(server):
     return [server.process.pid, *map(int, deployed_site.children(server.process))]
 
 
+def has_ended(pid):
+    """Also one that nobody has waited for yet."""
+    try:
+        return "\nState:\tZ" in pathlib.Path(f"/proc/{pid}/status").read_text()
+    except (FileNotFoundError, ProcessLookupError):
+        return True
+
+
 def crash(server):
     """Nothing that was begun goes on."""
-    _, *others = processes(server)
+    pids = processes(server)
     server.end(signal.SIGKILL)
-    for pid in others:
+    for pid in pids[1:]:
         with contextlib.suppress(ProcessLookupError):
             os.kill(pid, signal.SIGKILL)
-        deployed_site.wait_until(lambda: not pathlib.Path(f"/proc/{pid}").exists(), "a process outlives its server")  # noqa: B023
+        deployed_site.wait_until(lambda: has_ended(pid), "a process outlives its server")  # noqa: B023
+    left_behind.remove(set(pids))
 
 
 def freeze(server):
