@@ -99,6 +99,7 @@ inline const Database kMariaDb{
     .big = {"BIGINT", TypeCode::kBigInt},
     .orders_equal_keys_alike = false,
     .quote = '`',
+    .takes_zero_bytes = false,
     .fails_at_three =
         "SELECT ID, (SELECT Name FROM Goods Others WHERE Others.ID = Goods.ID OR Goods.ID = 3) "
         "FROM Goods ORDER BY ID",
@@ -130,6 +131,7 @@ inline const Database kMariaDbNative = [] {
   database.name = "MariaDbNative";
   database.make = [] { return std::make_unique<NewServerDatabase>(Server::kMariaDb, Way::kProvider); };
   database.orders_equal_keys_alike = true;
+  database.takes_zero_bytes = true;
   return database;
 }();
 

@@ -73,9 +73,7 @@ Key FindUniqueKey(const Link& link, const TableName& name, const Names& own) {
   return {};
 }
 
-std::optional<std::size_t> FindIdentity(const Link& link, const TableName& name, const Columns& columns,
-                                        const Names& own) {
-  if (const auto numbered = NumberedColumn(link, name)) return FindColumn(own, *numbered);
+std::optional<std::size_t> FindIdentity(const Columns& columns, const Names& own) {
   const auto found = std::ranges::find_if(columns, &Column::is_numbered);
   if (found == columns.end()) return std::nullopt;
   return FindColumn(own, found->origin);
@@ -93,7 +91,7 @@ BaseTable FindBaseTable(const Link& link, const Columns& columns, std::string_vi
   for (const std::string& column : own) {
     table.columns.push_back(column.empty() ? "" : Quote(column, link.NameQuote()));
   }
-  table.identity = FindIdentity(link, name, columns, own);
+  table.identity = FindIdentity(columns, own);
   table.key = FindColumns(own, PrimaryKey(link, name));
   if (table.key.empty()) table.key = FindUniqueKey(link, name, own);
   return table;

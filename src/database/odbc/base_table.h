@@ -8,8 +8,8 @@
 
 namespace dralo::database::odbc {
 
-/// The table that rows of the query `text`, which has `columns` with their origins, can be written to.
-/// Throws platform::Error saying why there is none.
+/// The table that rows of the query `text`, which has `columns` with their origins, can be written to. Throws
+/// platform::Error saying why there is none.
 BaseTable FindBaseTable(const Link& link, const Columns& columns, std::string_view text);
 
 }  // namespace dralo::database::odbc

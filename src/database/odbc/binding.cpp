@@ -56,39 +56,26 @@ struct Binder {
     return PutBytes(SQL_C_CHAR, SQL_NUMERIC, static_cast<SQLSMALLINT>(digits));
   }
 
+  /// No driver refuses a time of day as a text; some do as a time with a fraction.
   SQLRETURN operator()(const platform::DateTime& time) const {
-    if (link.GetDialect() == Dialect::kSqlite) return PutIsoText(time);
-    if (time.HasZeroDate()) {
-      slot.bytes = TimeText(time);
-      // MariaDB's driver refuses a time with a fraction, which the database takes as a text as well.
-      const bool is_text = link.GetDialect() == Dialect::kMariaDb;
-      return PutBytes(SQL_C_CHAR, is_text ? SQL_VARCHAR : SQL_TYPE_TIME, 6);
-    }
+    if (time.HasZeroDate() || link.GetDialect().has_text_dates) return PutText(PlainText(time));
     slot.time = {
         time.year, time.month, time.day, time.hour, time.minute, time.second, time.nanosecond / 1000 * 1000};
     slot.indicator = 0;
     return Put(SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP, 26, 6, &slot.time, 0);
   }
 
-  SQLRETURN PutIsoText(const platform::DateTime& time) const {
-    slot.bytes = PlainText(time);
-    return PutBytes(SQL_C_CHAR, SQL_VARCHAR, 0);
+  SQLRETURN PutText(std::string_view text) const {
+    const std::u16string wide = ToWide(text);
+    slot.bytes.assign(reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(char16_t));
+    return PutBytes(SQL_C_WCHAR, text.size() > 4000 ? SQL_WLONGVARCHAR : SQL_WVARCHAR, 0);
   }
 
   SQLRETURN operator()(const std::string& text) const {
-    const bool takes_zeros =
-        link.GetDialect() != Dialect::kPostgreSql && link.GetDialect() != Dialect::kSqlite;
-    if (!takes_zeros && text.find('\0') != text.npos) {
+    if (link.GetDialect().ends_texts_at_zero && text.find('\0') != text.npos) {
       throw platform::Error("The text has a zero byte, which the database's driver would cut it at");
     }
-    const bool is_long = text.size() > 4000;
-    if (link.SpeaksUtf8()) {
-      slot.bytes = text;
-      return PutBytes(SQL_C_CHAR, is_long ? SQL_LONGVARCHAR : SQL_VARCHAR, 0);
-    }
-    const std::u16string wide = ToWide(text);
-    slot.bytes.assign(reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(char16_t));
-    return PutBytes(SQL_C_WCHAR, is_long ? SQL_WLONGVARCHAR : SQL_WVARCHAR, 0);
+    return PutText(text);
   }
 
   SQLRETURN operator()(const platform::Bytes& bytes) const {

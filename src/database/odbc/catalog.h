@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,7 +11,8 @@ using Names = std::vector<std::string>;
 
 /// A table as the driver's catalog functions name it.
 struct TableName {
-  std::string schema;  ///< Or, where there are no schemas, the catalog; "" for the current one.
+  std::string schema;  ///< Or, where there are no schemas, the catalog; "" for
+                       ///< the current one.
   std::string table;
 };
 
@@ -24,8 +24,5 @@ std::vector<Names> UniqueIndexes(const Link& link, const TableName& table);
 
 /// The columns that are never Null.
 Names RequiredColumns(const Link& link, const TableName& table);
-
-/// The column that the database numbers by itself.
-std::optional<std::string> NumberedColumn(const Link& link, const TableName& table);
 
 }  // namespace dralo::database::odbc

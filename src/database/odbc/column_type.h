@@ -6,7 +6,7 @@
 
 #include "database/column.h"
 #include "database/odbc/dialect.h"
-#include "database/odbc/reader.h"
+#include "database/odbc/reading.h"
 
 namespace dralo::database::odbc {
 
@@ -16,11 +16,13 @@ struct DriverType {
   SQLULEN size = 0;
   bool is_unsigned = false;
 
-  /// The database's own name of the type; looked at only where types are told apart by it.
+  /// The database's own name of the type.
   std::string_view name = {};
 };
 
+bool IsInteger(SQLSMALLINT type);
+
 /// Sets the column's type, size and parts, and returns how its values are read.
-Reader SetType(Column& column, const DriverType& type, Dialect dialect, bool speaks_utf8);
+Reading SetType(Column& column, const DriverType& type, const Dialect& dialect);
 
 }  // namespace dralo::database::odbc

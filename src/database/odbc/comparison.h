@@ -1,17 +1,22 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "database/column.h"
 #include "database/odbc/dialect.h"
 
 namespace dralo::database::odbc {
 
-/// The condition that a column has exactly the value of a parameter "?", told apart also from values that
-/// only sort or count as equal, and also for types that the database cannot compare as they are.
-std::string SameValue(Dialect dialect, const Column& column, const std::string& quoted_column);
+/// `pattern` with `text` for every `sign`.
+std::string Filled(std::string_view pattern, char sign, std::string_view text);
 
-/// The condition that a column has a value that is read as Null.
-std::string NoValue(Dialect dialect, const Column& column, const std::string& quoted_column);
+/// What the dialect says of a type; a rule without anything where it says nothing.
+TypeRule RuleOf(const Dialect& dialect, platform::TypeCode type);
+
+/// The condition that a column still has the value that it was read with: exactly that of a parameter "?", or
+/// one that is read as Null.
+std::string Unchanged(const Dialect& dialect, const Column& column, std::string_view quoted_column,
+                      bool was_null);
 
 }  // namespace dralo::database::odbc

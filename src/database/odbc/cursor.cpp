@@ -16,12 +16,6 @@ namespace {
 
 using platform::Error;
 
-constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
-
-bool HasLimitClause(Dialect dialect) {
-  return dialect == Dialect::kPostgreSql || dialect == Dialect::kMariaDb || dialect == Dialect::kSqlite;
-}
-
 /// A limit behind several statements would be one of the last.
 bool IsOneStatement(std::string_view text) { return WithoutEnd(text).find(';') == text.npos; }
 
@@ -64,7 +58,7 @@ Cursor::~Cursor() { Stop(); }
 /// A query for changes needs columns as they are now, and the tables that they come from.
 void Cursor::OpenQuery() {
   const bool is_limited =
-      max_records_ > 0 && kind_.is_select && HasLimitClause(link_.GetDialect()) && IsOneStatement(text_);
+      max_records_ > 0 && kind_.is_select && !link_.GetDialect().limit.empty() && IsOneStatement(text_);
   if (!is_updatable_) statement_ = session_.Statements().Take(text_, is_limited);
   was_kept_ = statement_ != nullptr;
   if (!statement_ && is_limited) statement_ = TryLimited();
@@ -81,7 +75,8 @@ std::unique_ptr<Statement> Cursor::Prepared(bool is_limited) {
   statement->is_limited = is_limited;
   statement->is_prepared = true;
   const SQLHSTMT handle = statement->handle.Get();
-  const std::string limited = is_limited ? std::string(WithoutEnd(text_)).append(kLimit) : text_;
+  const std::string limited =
+      is_limited ? std::string(WithoutEnd(text_)).append(link_.GetDialect().limit) : text_;
   SQLSMALLINT parameters = 0;
   link_.Require(link_.Prepare(handle, limited), handle, text_);
   link_.Require(SQLNumParams(handle, &parameters), handle, text_);
@@ -189,16 +184,13 @@ bool Cursor::Step() {
 }
 
 bool Cursor::NextRow() {
-  if (!block_) block_ = std::make_unique<RowBlock>(link_, Handle(), description_.readers, max_records_);
-  if (++row_ < block_rows_) return true;
-  block_rows_ = block_->Fetch(text_);
-  row_ = 0;
-  return block_rows_ > 0;
+  if (!row_) row_.emplace(link_, Handle(), description_.readings);
+  return row_->Fetch(text_);
 }
 
 void Cursor::Stop() noexcept {
   state_ = State::kDone;
-  block_.reset();
+  row_.reset();
   if (!statement_) return;
   const bool is_closed = SQL_SUCCEEDED(SQLFreeStmt(Handle(), SQL_CLOSE));
   SQLFreeStmt(Handle(), SQL_RESET_PARAMS);

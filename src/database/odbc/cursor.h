@@ -7,7 +7,7 @@
 
 #include "database/cursor.h"
 #include "database/odbc/binding.h"
-#include "database/odbc/row_block.h"
+#include "database/odbc/row.h"
 #include "database/odbc/session.h"
 #include "database/odbc/statement.h"
 #include "database/query.h"
@@ -30,11 +30,8 @@ class Cursor final : public database::Cursor {
   bool Skip(std::int64_t rows) override;
   bool Step() override;
   void Stop() noexcept override;
-  platform::VariantView Value(std::size_t column) override { return block_->Value(row_, column); }
-  platform::VariantView Stored(std::size_t column) override {
-    // In SQLite a date may be spelled in several ways, and compares as the text that it is.
-    return link_.GetDialect() == Dialect::kSqlite ? block_->Stored(row_, column) : Value(column);
-  }
+  platform::VariantView Value(std::size_t column) override { return row_->Value(column); }
+  platform::VariantView Stored(std::size_t column) override { return Value(column); }
   std::int64_t RowsAffected() const override { return rows_affected_; }
   const BaseTable& Table() override;
 
@@ -64,10 +61,8 @@ class Cursor final : public database::Cursor {
   bool was_kept_ = false;  ///< The statement was prepared for an earlier cursor.
   State state_ = State::kPrepared;
   Description description_;
-  std::unique_ptr<RowBlock> block_;
-  std::size_t row_ = 0;         ///< Of the block.
-  std::size_t block_rows_ = 0;  ///< Rows in the block.
-  std::int64_t offset_ = 0;     ///< Rows to pass over.
+  std::optional<Row> row_;
+  std::int64_t offset_ = 0;  ///< Rows to pass over.
   std::int64_t rows_affected_ = 0;
   std::optional<BaseTable> table_;
 };

@@ -2,11 +2,11 @@
 
 #include <sqlext.h>
 #include <sqlucode.h>
-#include <sys/stat.h>
 
 #include <array>
 #include <mutex>
 
+#include "database/odbc/comparison.h"
 #include "database/odbc/error.h"
 #include "database/odbc/wide_text.h"
 #include "database/process_id.h"
@@ -33,25 +33,12 @@ SQLHENV Environment() {
   return environment;
 }
 
-/// 0 when there is no such file.
-ino_t FileNumber(const std::string& file) {
-  struct stat status {};
-  return stat(file.c_str(), &status) == 0 ? status.st_ino : 0;
-}
-
 SQLWCHAR* Units(std::u16string& text) { return reinterpret_cast<SQLWCHAR*>(text.data()); }
-
-SQLCHAR* Bytes(std::string_view text) {
-  return const_cast<SQLCHAR*>(reinterpret_cast<const SQLCHAR*>(text.data()));  // Only read by ODBC.
-}
 
 }  // namespace
 
 Link::Link(const Options& options)
-    : secrets_(options.secrets),
-      file_(options.file),
-      is_narrow_(options.driver == Dialect::kSqlite),
-      query_timeout_s_(static_cast<SQLULEN>(options.query_timeout_s)) {
+    : secrets_(options.secrets), query_timeout_s_(static_cast<SQLULEN>(options.query_timeout_s)) {
   SQLHANDLE handle = SQL_NULL_HANDLE;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, Environment(), &handle))) {
     throw platform::Error("The ODBC driver manager gives no connection");
@@ -68,47 +55,26 @@ Link::Link(const Options& options)
 
 Link::~Link() { SQLDisconnect(Handle()); }
 
-/// The SQLite driver loses characters above U+FFFF in UTF-16, so it is spoken to in UTF-8.
 void Link::Connect(const Options& options) {
   const auto timeout = static_cast<SQLULEN>(options.connect_timeout_s);
   SQLSetConnectAttr(Handle(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(timeout), SQL_IS_UINTEGER);
-  SQLRETURN code = SQL_SUCCESS;
-  if (is_narrow_) {
-    code = SQLDriverConnect(Handle(), nullptr, Bytes(options.text), SQL_NTS, nullptr, 0, nullptr,
-                            SQL_DRIVER_NOPROMPT);
-  } else {
-    std::u16string wide = ToWide(options.text);
-    code = SQLDriverConnectW(Handle(), nullptr, Units(wide), static_cast<SQLSMALLINT>(wide.size()), nullptr,
-                             0, nullptr, SQL_DRIVER_NOPROMPT);
-  }
+  std::u16string wide = ToWide(options.text);
+  const SQLRETURN code =
+      SQLDriverConnectW(Handle(), nullptr, Units(wide), static_cast<SQLSMALLINT>(wide.size()), nullptr, 0,
+                        nullptr, SQL_DRIVER_NOPROMPT);
   if (SQL_SUCCEEDED(code)) return;
   const auto error = MakeError(SQL_HANDLE_DBC, Handle(), {}, secrets_);
   throw platform::Error("The database cannot be opened: " + std::string(error.Description()), error.Number(),
                         error.SqlState());
 }
 
-bool Link::HasItsFile() const { return file_.empty() || FileNumber(file_) == file_number_; }
-
 void Link::LearnFacts() {
-  if (!file_.empty()) file_number_ = FileNumber(file_);
-  dialect_ = DialectOf(InfoText(SQL_DBMS_NAME));
+  dialect_ = &DialectOf(InfoText(SQL_DBMS_NAME));
   name_quote_ = InfoText(SQL_IDENTIFIER_QUOTE_CHAR);
   if (name_quote_ == " ") name_quote_.clear();
-  SQLGetInfo(Handle(), SQL_GETDATA_EXTENSIONS, &reading_, sizeof reading_, nullptr);
-  // MariaDB's driver takes the limit of statements and does not keep it.
-  if (dialect_ == Dialect::kMariaDb && query_timeout_s_ > 0)
-    Run("SET SESSION max_statement_time=" + std::to_string(query_timeout_s_));
-}
-
-/// libmaodbc 3.1 says that it can, but positions only on the first row.
-bool Link::ReadsCellsOfBlocks() const {
-  constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER | SQL_GD_BLOCK | SQL_GD_BOUND;
-  return dialect_ == Dialect::kPostgreSql && (reading_ & needed) == needed;
-}
-
-bool Link::ReadsCellsInAnyOrder() const {
-  constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER;
-  return (reading_ & needed) == needed;
+  has_schemas_ = InfoNumber(SQL_SCHEMA_USAGE) != 0;
+  if (query_timeout_s_ > 0 && !dialect_->time_limit.empty())
+    Run(Filled(dialect_->time_limit, '#', std::to_string(query_timeout_s_)));
 }
 
 StatementHandle Link::NewStatement() const {
@@ -122,13 +88,11 @@ StatementHandle Link::NewStatement() const {
 }
 
 SQLRETURN Link::Execute(SQLHSTMT statement, std::string_view text) const {
-  if (is_narrow_) return SQLExecDirect(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLExecDirectW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
 }
 
 SQLRETURN Link::Prepare(SQLHSTMT statement, std::string_view text) const {
-  if (is_narrow_) return SQLPrepare(statement, Bytes(text), static_cast<SQLINTEGER>(text.size()));
   std::u16string wide = ToWide(text);
   return SQLPrepareW(statement, Units(wide), static_cast<SQLINTEGER>(wide.size()));
 }
@@ -162,6 +126,12 @@ std::string Link::InfoText(SQLUSMALLINT what) const {
   if (!SQL_SUCCEEDED(SQLGetInfo(Handle(), what, text.data(), static_cast<SQLSMALLINT>(text.size()), &size)))
     return {};
   return text.data();
+}
+
+SQLUINTEGER Link::InfoNumber(SQLUSMALLINT what) const {
+  SQLUINTEGER number = 0;
+  SQLGetInfo(Handle(), what, &number, sizeof number, nullptr);
+  return number;
 }
 
 }  // namespace dralo::database::odbc

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <sql.h>
-#include <sys/types.h>
 
 #include <cstdint>
 #include <string>
@@ -26,24 +25,13 @@ class Link {
   Link& operator=(const Link&) = delete;
 
   SQLHDBC Handle() const { return handle_.Get(); }
-  Dialect GetDialect() const { return dialect_; }
+  const Dialect& GetDialect() const { return *dialect_; }
 
   /// What names are enclosed in; empty when the database cannot quote them.
   const std::string& NameQuote() const { return name_quote_; }
 
-  /// Texts are exchanged as UTF-8; with other drivers as UTF-16.
-  bool SpeaksUtf8() const {
-    return dialect_ == Dialect::kPostgreSql || dialect_ == Dialect::kMariaDb || is_narrow_;
-  }
-
-  /// Names and statements go to the driver as they are, which takes them as UTF-8.
-  bool IsNarrow() const { return is_narrow_; }
-
-  /// Whether single values can be read of any row of a block, besides the columns that are bound.
-  bool ReadsCellsOfBlocks() const;
-
-  /// Whether single values can be read in any order.
-  bool ReadsCellsInAnyOrder() const;
+  /// Tables are in schemas; elsewhere only in catalogs.
+  bool HasSchemas() const { return has_schemas_; }
 
   /// One whose runs end with the Query Timeout. Throws platform::Error.
   StatementHandle NewStatement() const;
@@ -66,24 +54,20 @@ class Link {
     if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Throw(statement, text);
   }
 
+  /// What the driver says of itself; "" or 0 when it does not.
   std::string InfoText(SQLUSMALLINT what) const;
-
-  /// Of a database in a file: whether that is still the one of its name.
-  bool HasItsFile() const;
+  SQLUINTEGER InfoNumber(SQLUSMALLINT what) const;
 
  private:
   void Connect(const Options& options);
   void LearnFacts();
 
   std::vector<std::string> secrets_;
-  const std::string file_;
-  ino_t file_number_ = 0;
-  ConnectionHandle handle_;
-  bool is_narrow_ = false;
-  Dialect dialect_ = Dialect::kOther;
-  std::string name_quote_;
-  SQLUINTEGER reading_ = 0;  ///< Bits of SQL_GETDATA_EXTENSIONS.
   const SQLULEN query_timeout_s_;
+  ConnectionHandle handle_;
+  const Dialect* dialect_ = nullptr;
+  std::string name_quote_;
+  bool has_schemas_ = true;
 };
 
 }  // namespace dralo::database::odbc

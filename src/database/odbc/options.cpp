@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "database/odbc/comparison.h"
+#include "database/odbc/dialect.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
@@ -66,51 +68,27 @@ std::string ReadProfile(const std::string& section, const char* file) {
   return size > 0 ? std::string(value.data()) : std::string{};
 }
 
-Dialect FindDriver(const Pairs& pairs) {
+const Dialect& FindDriver(const Pairs& pairs) {
   std::string driver(ValueOf(pairs, "Driver"));
   if (driver.empty()) driver = ReadProfile(std::string(ValueOf(pairs, "DSN")), "odbc.ini");
-  if (driver.empty()) return Dialect::kOther;
-  if (driver.find('/') == driver.npos) {
+  if (!driver.empty() && driver.find('/') == driver.npos) {
     const std::string library = ReadProfile(driver, "odbcinst.ini");
     if (!library.empty()) driver = library;
   }
-  return DialectOfLibrary(driver);
+  return DialectOfDriver(driver);
 }
 
-/// Exact types, and texts of any length. The encoding keeps the driver from converting texts to that of the
-/// process's locale, which few characters survive.
-void SetPostgreSql(Pairs& pairs) {
-  for (const auto& [key, value] : {std::pair{"BoolsAsChar", "0"},
-                                   {"TextAsLongVarchar", "1"},
-                                   {"UnknownsAsLongVarchar", "1"},
-                                   {"UnknownSizes", "0"},
-                                   {"MaxVarcharSize", "10485760"},
-                                   {"MaxLongVarcharSize", "10485761"},
-                                   {"ByteaAsLongVarBinary", "1"},
-                                   {"LFConversion", "0"},
-                                   {"TrueIsMinus1", "0"},
-                                   {"UpdatableCursors", "0"}}) {
-    Set(pairs, key, value);
+/// The server's own message about its limit comes before the driver's.
+constexpr int kGraceS = 2;
+
+void SetNeeds(const Dialect& dialect, const Options& options, Pairs& pairs) {
+  for (const auto& [key, value] : dialect.settings) {
+    const bool is_unlimited =
+        (value == "#" && options.connect_timeout_s == 0) || (value == "$" && options.query_timeout_s == 0);
+    if (is_unlimited || !ValueOf(pairs, key).empty()) continue;
+    const std::string connect = Filled(value, '#', std::to_string(options.connect_timeout_s));
+    Set(pairs, key, Filled(connect, '$', std::to_string(options.query_timeout_s + kGraceS)));
   }
-  if (ValueOf(pairs, "UseServerSidePrepare").empty()) Set(pairs, "UseServerSidePrepare", "1");
-  const std::string settings(ValueOf(pairs, "ConnSettings"));
-  const std::string encoding = "set client_encoding to 'UTF8'";
-  Set(pairs, "ConnSettings", settings.empty() ? encoding : encoding + ";" + settings);
-}
-
-/// The driver does not take the timeouts otherwise. The time that the server gives a statement is less than
-/// the client's patience, so that the server's own message comes first.
-void SetMariaDb(Pairs& pairs, const Options& options) {
-  Set(pairs, "CHARSET", "utf8mb4");
-  if (options.connect_timeout_s > 0) Set(pairs, "CONN_TIMEOUT", std::to_string(options.connect_timeout_s));
-  if (options.query_timeout_s == 0) return;
-  Set(pairs, "READ_TIMEOUT", std::to_string(options.query_timeout_s + 2));
-  Set(pairs, "WRITE_TIMEOUT", std::to_string(options.query_timeout_s + 2));
-}
-
-void SetSqlite(Pairs& pairs, const Options& options) {
-  if (ValueOf(pairs, "Timeout").empty())
-    Set(pairs, "Timeout", std::to_string(options.query_timeout_s * 1000));
 }
 
 /// Lists, as of several hosts, stay without braces, which a driver would take for a part of the first.
@@ -134,13 +112,7 @@ Options ReadOptions(const ConnectionString& connection_string) {
   Pairs pairs = ReadPairs(connection_string);
   const std::string password(ValueOf(pairs, "PWD"));
   if (!password.empty()) options.secrets = {password, Quoted(password)};
-  options.driver = FindDriver(pairs);
-  if (options.driver == Dialect::kPostgreSql) SetPostgreSql(pairs);
-  if (options.driver == Dialect::kMariaDb) SetMariaDb(pairs, options);
-  if (options.driver == Dialect::kSqlite) {
-    SetSqlite(pairs, options);
-    options.file = ValueOf(pairs, "Database");
-  }
+  SetNeeds(FindDriver(pairs), options, pairs);
   for (const auto& [key, value] : pairs) options.text += key + "=" + Quoted(value) + ";";
   if (options.text.find('\0') != options.text.npos)
     throw platform::Error("The connection string has a zero byte");

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "database/connection_string.h"
-#include "database/odbc/dialect.h"
 
 namespace dralo::database::odbc {
 
@@ -13,10 +12,9 @@ inline constexpr int kDefaultQueryTimeoutS = 30;
 
 /// What a connection string says about a database behind ODBC.
 struct Options {
-  std::string text;                  ///< For the driver manager, with what this provider needs of the driver.
+  std::string text;                  ///< For the driver manager, with what this provider needs
+                                     ///< of the driver.
   std::vector<std::string> secrets;  ///< Never to be shown.
-  Dialect driver = Dialect::kOther;  ///< By the driver's file.
-  std::string file;                  ///< The database file of a driver that opens one.
   int connect_timeout_s = kDefaultConnectTimeoutS;
   int query_timeout_s = kDefaultQueryTimeoutS;  ///< 0 waits for ever.
 };

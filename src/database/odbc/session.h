@@ -47,13 +47,13 @@ class Session final : public database::Session {
 
  private:
   bool SwitchAutocommit(bool is_on) const;
-  void BeginFlat();
+  bool EndTransaction(SQLSMALLINT how) const;
 
   Link link_;
   StatementCache statements_;
-  bool is_in_transaction_ = false;
-  int depth_ = 0;                  ///< Calls of Begin() that are open.
-  bool owns_transaction_ = false;  ///< The outermost of them began it.
+  bool is_in_transaction_ = false;  ///< The user began one.
+  int depth_ = 0;                   ///< Calls of Begin() that are open.
+  bool owns_transaction_ = false;   ///< The outermost of them began it.
   bool has_traces_ = false;
 };
 

@@ -53,25 +53,25 @@ TEST(OdbcOptions, EncloseValuesThatNeedIt) {
   EXPECT_EQ(Read("Driver=Other;Server=a,b;Port=1,2").text, "Driver=Other;Server=a,b;Port=1,2;");
 }
 
-TEST(OdbcOptions, KnowTheDriverByItsFile) {
-  EXPECT_EQ(Read("Driver=PostgreSQL Unicode").driver, Dialect::kPostgreSql);
-  EXPECT_EQ(Read("Driver=MariaDB Unicode").driver, Dialect::kMariaDb);
-  EXPECT_EQ(Read("Driver=SQLite3").driver, Dialect::kSqlite);
-  EXPECT_EQ(Read("Driver=/opt/lib/psqlodbcw.so").driver, Dialect::kPostgreSql);
-  EXPECT_EQ(Read("Driver=Nowhere").driver, Dialect::kOther);
+TEST(OdbcOptions, HaveWhatADriverNeedsByItsFile) {
+  for (const char* driver : {"PostgreSQL Unicode", "/opt/lib/psqlodbcw.so"}) {
+    EXPECT_TRUE(Has(Read(std::string("Driver=") + driver), ";BoolsAsChar=0;")) << driver;
+  }
+  EXPECT_TRUE(Has(Read("Driver=MariaDB Unicode"), ";CHARSET=utf8mb4;"));
+  EXPECT_EQ(Read("Driver=Nowhere").text, "Driver=Nowhere;");
 }
 
-TEST(OdbcOptions, AskPostgreSqlForExactTypesAndKeepWhatElseTheAuthorWrites) {
-  const Options options = Read("Driver=PostgreSQL Unicode;BoolsAsChar=1;pqopt={application_name=x}");
-  EXPECT_TRUE(Has(options, "BoolsAsChar=0"));
-  EXPECT_TRUE(Has(options, "UseServerSidePrepare=1"));
-  EXPECT_TRUE(Has(options, "pqopt={application_name=x}"));
-  EXPECT_TRUE(Has(Read("Driver=PostgreSQL Unicode;UseServerSidePrepare=0"), "UseServerSidePrepare=0"));
+TEST(OdbcOptions, LeaveWhatTheAuthorWrites) {
+  const Options options = Read("Driver=PostgreSQL Unicode;UseServerSidePrepare=0;pqopt={application_name=x}");
+  EXPECT_TRUE(Has(options, ";UseServerSidePrepare=0;pqopt={application_name=x};"));
+  EXPECT_FALSE(Has(options, "UseServerSidePrepare=1"));
 }
 
-TEST(OdbcOptions, KeepTheSettingsOfAPostgreSqlAuthor) {
-  const Options options = Read("Driver=PostgreSQL Unicode;ConnSettings={SET search_path TO a}");
-  EXPECT_TRUE(Has(options, "ConnSettings={set client_encoding to 'UTF8';SET search_path TO a}"));
+TEST(OdbcOptions, TellTheTimeoutsToADriverThatTakesThemAsKeys) {
+  const std::string text = "Driver=MariaDB Unicode;";
+  EXPECT_TRUE(Has(Read(text + "Connect Timeout=3;Query Timeout=4"),
+                  ";CONN_TIMEOUT=3;READ_TIMEOUT=6;WRITE_TIMEOUT=6;"));
+  EXPECT_FALSE(Has(Read(text + "Connect Timeout=0;Query Timeout=0"), "TIMEOUT"));
 }
 
 TEST(OdbcErrors, NameTheCauseOfAConnectionThatIsNotMade) {

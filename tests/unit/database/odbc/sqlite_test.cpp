@@ -66,6 +66,12 @@ TEST_F(SqliteDriver, TakesParametersAndTellsWhatIsWrong) {
             Lines{"1"});
   EXPECT_NE(MessageOf([&] { Rows(connection_, "SELECT nothing FROM goods"); }).find("nothing"),
             std::string::npos);
+  EXPECT_EQ(MessageOf([&] {
+              const auto command = MakeCommand(connection_, "Anything");
+              command->command_type = platform::CommandType::kStoredProcedure;
+              RowsOf(command);
+            }),
+            "The database has no stored procedures; give the command's text and CommandType 1");
 }
 
 TEST_F(SqliteDriver, DoesNotTakeAGivenNameForAColumn) {

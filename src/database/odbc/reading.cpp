@@ -1,4 +1,4 @@
-#include "database/odbc/reader.h"
+#include "database/odbc/reading.h"
 
 #include <sqlext.h>
 
@@ -15,7 +15,6 @@ namespace dralo::database::odbc {
 
 namespace {
 
-using platform::DateTime;
 using platform::DecimalView;
 using platform::VariantView;
 
@@ -54,35 +53,21 @@ VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {
   return std::string_view(scratch);
 }
 
-VariantView ReadNumber(std::string_view text) {
-  if (const auto number = text::ParseNumber<std::int64_t>(text)) return *number;
-  return ReadDouble(text);
+/// Some databases keep days that are in no calendar for "no date": they count as absent.
+bool IsInNoCalendar(std::string_view text) {
+  return text.size() >= 10 && text[4] == '-' && text[7] == '-' &&
+         text.find_first_not_of("0123456789-:. ") == text.npos;
 }
 
-VariantView ReadDateText(std::string_view text) {
+VariantView ReadDate(std::string_view text) {
   const auto time = text::ParseIsoDateTime(text);
+  if (!time && IsInNoCalendar(text)) return {};
   return time ? VariantView(*time) : text;
 }
 
-VariantView ReadTimeText(std::string_view text) {
+VariantView ReadTime(std::string_view text) {
   const auto time = text::ParseTimeOfDay(text);
   return time ? VariantView(*time) : text;
-}
-
-/// A day that is in no calendar, as of some databases' "no date", counts as absent.
-VariantView Valid(const DateTime& time) { return time.IsValid() ? VariantView(time) : VariantView{}; }
-
-VariantView ReadDate(std::string_view bytes) {
-  const auto date = Load<SQL_DATE_STRUCT>(bytes);
-  return Valid(
-      {date.year, static_cast<std::uint8_t>(date.month), static_cast<std::uint8_t>(date.day), 0, 0, 0, 0});
-}
-
-VariantView ReadTimestamp(std::string_view bytes) {
-  const auto time = Load<SQL_TIMESTAMP_STRUCT>(bytes);
-  return Valid({time.year, static_cast<std::uint8_t>(time.month), static_cast<std::uint8_t>(time.day),
-                static_cast<std::uint8_t>(time.hour), static_cast<std::uint8_t>(time.minute),
-                static_cast<std::uint8_t>(time.second), static_cast<std::uint32_t>(time.fraction)});
 }
 
 VariantView ReadWide(std::string_view bytes, std::string& scratch) {
@@ -103,11 +88,7 @@ SQLSMALLINT CTypeOf(Reading reading) {
       return SQL_C_DOUBLE;
     case Reading::kBoolean:
       return SQL_C_BIT;
-    case Reading::kDate:
-      return SQL_C_TYPE_DATE;
-    case Reading::kTimestamp:
-      return SQL_C_TYPE_TIMESTAMP;
-    case Reading::kWideText:
+    case Reading::kText:
       return SQL_C_WCHAR;
     case Reading::kBytes:
       return SQL_C_BINARY;
@@ -116,12 +97,17 @@ SQLSMALLINT CTypeOf(Reading reading) {
   }
 }
 
+std::size_t FixedBytes(Reading reading) {
+  const bool is_number = reading == Reading::kInteger || reading == Reading::kDouble;
+  return is_number ? sizeof(SQLBIGINT) : reading == Reading::kBoolean ? 1 : 0;
+}
+
 std::size_t TerminatorBytes(Reading reading) {
   const SQLSMALLINT type = CTypeOf(reading);
   return type == SQL_C_CHAR ? 1 : type == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;
 }
 
-VariantView Read(Reading reading, std::string_view bytes, std::string& scratch) {
+VariantView ReadValue(Reading reading, std::string_view bytes, std::string& scratch) {
   switch (reading) {
     case Reading::kInteger:
       return std::int64_t{Load<SQLBIGINT>(bytes)};
@@ -135,21 +121,13 @@ VariantView Read(Reading reading, std::string_view bytes, std::string& scratch) 
       return ReadDecimal(bytes);
     case Reading::kMoney:
       return ReadMoney(bytes, scratch);
-    case Reading::kNumber:
-      return ReadNumber(bytes);
-    case Reading::kDateText:
-      return ReadDateText(bytes);
-    case Reading::kTimeText:
-      return ReadTimeText(bytes);
     case Reading::kDate:
       return ReadDate(bytes);
-    case Reading::kTimestamp:
-      return ReadTimestamp(bytes);
-    case Reading::kText:
-      return bytes;
-    case Reading::kSmallLetters:
+    case Reading::kTime:
+      return ReadTime(bytes);
+    case Reading::kUuid:
       return ReadSmallLetters(bytes, scratch);
-    case Reading::kWideText:
+    case Reading::kText:
       return ReadWide(bytes, scratch);
     case Reading::kBytes:
       return platform::BytesView{reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
