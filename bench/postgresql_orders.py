@@ -24,9 +24,8 @@ def environment(port):
             "PGCLIENTENCODING": "UTF8"}
 
 
-def odbc(port, database):
-    return (f'Driver={{PostgreSQL Unicode}};Server=127.0.0.1;Port={port};Database={database};UID={USER};'
-            f'PWD="{PASSWORD}"')
+def connection_string(port, database):
+    return f'Provider=PostgreSQL;Host=127.0.0.1;Port={port};Database={database};User ID={USER};Password="{PASSWORD}"'
 
 
 def cell(value):
