@@ -84,7 +84,7 @@ inline const Database kPostgreSqlOdbc = [] {
 
 inline const Database kMariaDb{
     .name = "MariaDb",
-    .make = [] { return std::make_unique<NewServerDatabase>(Server::kMariaDb); },
+    .make = [] { return std::make_unique<NewServerDatabase>(Server::kMariaDb, Way::kProvider); },
     .identity = {"INTEGER AUTO_INCREMENT PRIMARY KEY", TypeCode::kInteger},
     .text = {"VARCHAR(20)", TypeCode::kVarWideChar},
     .decimal = {"DECIMAL(10,2)", TypeCode::kNumeric},
@@ -97,9 +97,7 @@ inline const Database kMariaDb{
     .bytes = {"LONGBLOB", TypeCode::kLongVarBinary},
     .time = {"TIME", TypeCode::kDbTime},
     .big = {"BIGINT", TypeCode::kBigInt},
-    .orders_equal_keys_alike = false,
     .quote = '`',
-    .takes_zero_bytes = false,
     .fails_at_three =
         "SELECT ID, (SELECT Name FROM Goods Others WHERE Others.ID = Goods.ID OR Goods.ID = 3) "
         "FROM Goods ORDER BY ID",
@@ -126,17 +124,17 @@ inline const Database kMariaDb{
                        {";Port=1", "Can't connect to server on '127.0.0.1'"}},
 };
 
-inline const Database kMariaDbNative = [] {
+inline const Database kMariaDbOdbc = [] {
   Database database = kMariaDb;
-  database.name = "MariaDbNative";
-  database.make = [] { return std::make_unique<NewServerDatabase>(Server::kMariaDb, Way::kProvider); };
-  database.orders_equal_keys_alike = true;
-  database.takes_zero_bytes = true;
+  database.name = "MariaDbOdbc";
+  database.make = [] { return std::make_unique<NewServerDatabase>(Server::kMariaDb); };
+  database.orders_equal_keys_alike = false;
+  database.takes_zero_bytes = false;
   return database;
 }();
 
 inline const auto kDatabases =
-    ::testing::Values(kSqlite, kPostgreSql, kPostgreSqlOdbc, kMariaDb, kMariaDbNative);
+    ::testing::Values(kSqlite, kPostgreSql, kPostgreSqlOdbc, kMariaDb, kMariaDbOdbc);
 
 inline std::string DatabaseName(const ::testing::TestParamInfo<Database>& info) { return info.param.name; }
 

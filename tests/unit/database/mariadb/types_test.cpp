@@ -32,7 +32,7 @@ class MariaDbTypes : public ::testing::Test {
 
 TEST_F(MariaDbTypes, AreThoseThatTheDriverTells) {
   int number = 0;
-  for (const ColumnType& type : ColumnTypesOf("MariaDbNative")) {
+  for (const ColumnType& type : ColumnTypesOf("MariaDb")) {
     SCOPED_TRACE(type.type + " " + type.literal);
     const std::string table = "t" + std::to_string(++number);
     try {
