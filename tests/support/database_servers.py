@@ -3,8 +3,9 @@
 "nobody" when the tests are run by root. System clusters are not touched, and nothing is left behind: a server ends with
 the process that it was started for, however that ends.
 
-    database_servers.py serve KIND         Prints the port, then obeys "stop" and "start" on its input, answering with the
-                                           same word. The server ends with the input.
+    database_servers.py serve KIND [OPTION...]
+                                           Prints the port, then obeys "stop" and "start" on its input, answering with the
+                                           same word. The server ends with the input. It is started with the options too.
     database_servers.py share FOLDER       Starts one server of each kind for all that the calling process runs. Their ports
                                            stand in FOLDER/KIND. They end with the calling process, or by
     database_servers.py unshare FOLDER
@@ -49,7 +50,8 @@ class Server:
 
     death = signal.SIGKILL
 
-    def __init__(self):
+    def __init__(self, options=()):
+        self.options = options
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="dralo-server-"))
         self.data = self.folder / "data"
         self.log = self.folder / "log"
@@ -67,7 +69,7 @@ class Server:
                 raise Failure(self.log.read_text(errors="replace"))
 
     def start(self):
-        self.process = self.spawn(self.command())
+        self.process = self.spawn([*self.command(), *self.options])
         deadline = time.monotonic() + PATIENCE_S
         while self.ready not in self.log.read_bytes():
             if self.process.poll() is not None or time.monotonic() > deadline:
@@ -177,10 +179,10 @@ def free_port():
 
 
 @contextlib.contextmanager
-def running(kind):
+def running(kind, options=()):
     """Somebody else may take the port between its choice and its use: the next one is tried then."""
     for is_last in (False, False, True):
-        server = KINDS[kind]()
+        server = KINDS[kind](options)
         try:
             server.create()
             try:
@@ -208,9 +210,9 @@ def end_in_order():
         signal.signal(end, leave)
 
 
-def serve(kind):
+def serve(kind, options):
     end_in_order()
-    with running(kind) as server:
+    with running(kind, options) as server:
         print(server.port, flush=True)
         for line in sys.stdin:
             {"stop": server.stop, "start": server.start}[line.strip()]()
@@ -304,8 +306,8 @@ class Served:
 
 def main(arguments):
     match arguments:
-        case ["serve", kind] if kind in KINDS:
-            serve(kind)
+        case ["serve", kind, *options] if kind in KINDS:
+            serve(kind, options)
         case ["share", folder]:
             share(folder)
         case ["unshare", folder]:
