@@ -23,6 +23,8 @@ constexpr std::chrono::seconds kLongRest{30};
 /// For what is done between two users, of whom the next can as well have another session.
 constexpr std::chrono::seconds kTimeBetweenUsers{2};
 
+constexpr int kTooManyPrepared = 1461;
+
 constexpr std::string_view kConflict = "40001";
 
 constexpr std::string_view kLimit = "\nLIMIT ? OFFSET ?";
@@ -78,7 +80,18 @@ std::unique_ptr<Statement> Session::TakePlain(std::string_view text, const State
   if (auto kept = cache_.Take(text, Form::kPlain)) return kept;
   if (kind.is_select) return Prepare(text, Form::kPlain, {});
   Settle();
-  return std::make_unique<Statement>(link_, text, Form::kPlain, std::string(text));
+  return MakeStatement(text, Form::kPlain, std::string(text));
+}
+
+/// A server has room for so many prepared statements of all its sessions; those that are only kept go then.
+std::unique_ptr<Statement> Session::MakeStatement(std::string_view text, Form form, const std::string& sql) {
+  try {
+    return std::make_unique<Statement>(link_, text, form, sql);
+  } catch (const Error& error) {
+    if (error.Number() != kTooManyPrepared) throw;
+  }
+  cache_.Clear();
+  return std::make_unique<Statement>(link_, text, form, sql);
 }
 
 /// Where the limit is refused, the text as it is tells whether it is wrong itself.
@@ -103,12 +116,12 @@ std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, st
   Settle();
   if (!ordered.empty()) {
     try {
-      return std::make_unique<Statement>(link_, text, form, ordered + std::string(behind));
+      return MakeStatement(text, form, ordered + std::string(behind));
     } catch (const Error&) {
       if (link_.IsDead()) throw;
     }
   }
-  return std::make_unique<Statement>(link_, text, form, plain + std::string(behind));
+  return MakeStatement(text, form, plain + std::string(behind));
 }
 
 /// The query with the keys of its tables behind its order, in the direction of the last field so that an

@@ -112,6 +112,7 @@ class Session final : public database::Session {
  private:
   void Connect();
   std::unique_ptr<Statement> Prepare(std::string_view text, Form form, std::string_view behind);
+  std::unique_ptr<Statement> MakeStatement(std::string_view text, Form form, const std::string& sql);
   std::string OrderedByKey(std::string_view text);
   Names KeyOf(const std::string& database, const std::string& table);
   void ForgetOldKeys() noexcept;

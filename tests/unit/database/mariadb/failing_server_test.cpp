@@ -163,6 +163,11 @@ TEST_F(MariaDbFailing, SaysThatAStatementTakesTooLong) {
   EXPECT_EQ(Rows(patient, "SELECT 1"), Lines{"1"});
 }
 
+TEST_F(MariaDbFailing, GivesAStatementAllTheTimeItTakesWhereNoLimitIsWanted) {
+  const auto patient = Connect(database_.ConnectionString() + ";Query Timeout=0;Connect Timeout=0");
+  EXPECT_EQ(Rows(patient, "SELECT CAST(@@max_statement_time AS INTEGER), SLEEP(3)"), Lines{"0 0"});
+}
+
 TEST_F(MariaDbFailing, SaysThatItsSessionWasEndedInTheMiddleOfAResult) {
   const auto victim = Connect(database_.ConnectionString());
   const auto recordset = Read(victim, "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000) FROM seq_1_to_100000");

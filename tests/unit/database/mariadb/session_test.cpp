@@ -50,6 +50,13 @@ TEST_F(MariaDbSession, StaysTheSameWhatsoeverItsUserHasLeft) {
   EXPECT_EQ(Ask("SELECT COUNT(*) FROM t"), Lines{"1"});
 }
 
+TEST_F(MariaDbSession, IsCleanAlsoBehindACallThatFailed) {
+  Run("CREATE PROCEDURE Fail() BEGIN SET @trace = 1; DO GET_LOCK('trace', 0); SIGNAL SQLSTATE '45000'; END");
+  EXPECT_EQ(ErrorOf([&] { Run("CALL Fail()"); }).SqlState(), "45000");
+  Reopen();
+  EXPECT_EQ(Ask("SELECT @trace IS NULL, IS_FREE_LOCK('trace')"), Lines{"1 1"});
+}
+
 TEST_F(MariaDbSession, IsNotKeptInAnotherDatabase) {
   const std::string id = Id();
   Run("USE mysql");
