@@ -67,7 +67,7 @@ PostedForm JudgePostedForm(const platform::Request& request, std::string_view ta
 
 bool CommandsChange(const platform::Request& request, std::string_view tag) {
   const RequestKeys keys(request, tag, ChangeKeys::kForm);
-  return keys.Has(key::kFormUpdate) || keys.Has(key::kFormDelete);
+  return keys.Has(key::kFormUpdate) || keys.Has(key::kFormDelete) || keys.Has(key::kFormDeleteConfirmed);
 }
 
 RequestKeys KeysOfView(const platform::Request& request, const settings::Settings& settings,

@@ -27,8 +27,9 @@ bool IsOfChange(std::string_view name) {
 RequestKeys::RequestKeys(const platform::Request& request, std::string_view tag, ChangeKeys change_keys)
     : request_(request), prefix_(key::kPrefix), change_keys_(change_keys) {
   prefix_ += tag;
-  commands_change_ = change_keys == ChangeKeys::kForm &&
-                     (Has(key::kFormUpdate) || Has(key::kFormDelete) || Has(key::kFormInsert));
+  commands_change_ =
+      change_keys == ChangeKeys::kForm && (Has(key::kFormUpdate) || Has(key::kFormDelete) ||
+                                           Has(key::kFormDeleteConfirmed) || Has(key::kFormInsert));
 }
 
 bool RequestKeys::IsReadInForm(std::string_view name) const {
