@@ -7,7 +7,7 @@
 #include "settings/error_report.h"
 #include "settings/setters.h"
 #include "state/current_mode.h"
-#include "state/posted_form.h"
+#include "state/offered_keys.h"
 #include "state/request_keys.h"
 
 namespace dralo::component {
@@ -67,7 +67,7 @@ void DbView::WriteHtmlTable() {
   if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
   if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
   const platform::Request& request = page_->GetRequest();
-  const state::RequestKeys keys = state::KeysOfView(request, settings_, environment_.GetSite());
+  const state::RequestKeys keys = state::OfferedKeys(request, settings_, environment_.GetSite());
   html::HtmlWriter out(page_->GetResponse());
   state::Render render{.settings = settings_,
                        .environment = environment_,
@@ -101,14 +101,15 @@ void DbView::QHtmlTable(std::string_view connection_string, std::string_view tab
 std::string_view DbView::CurrentMode() const {
   if (page_ == nullptr)
     return state::ModeName(state::CurrentMode(settings_, nullptr, environment_.Regional(), false));
-  const state::RequestKeys keys = state::KeysOfView(page_->GetRequest(), settings_, environment_.GetSite());
+  const state::RequestKeys keys = state::OfferedKeys(page_->GetRequest(), settings_, environment_.GetSite());
   return state::ModeName(
       state::CurrentMode(settings_, &keys, environment_.Regional(), outcome_.has_failed_to_save));
 }
 
 platform::Variant DbView::CurrentRecord(std::int16_t index) const {
   const bool adding =
-      page_ != nullptr && state::RequestKeys(page_->GetRequest(), settings_.Tag).Has(state::key::kFormAdd);
+      page_ != nullptr &&
+      state::OfferedKeys(page_->GetRequest(), settings_, environment_.GetSite()).Has(state::key::kFormAdd);
   if (adding || index < 1 || static_cast<std::size_t>(index) > outcome_.record.size()) return std::string();
   return outcome_.record[static_cast<std::size_t>(index) - 1];
 }

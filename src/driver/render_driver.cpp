@@ -10,6 +10,7 @@
 #include "driver/page_frame.h"
 #include "driver/posted_change.h"
 #include "driver/query.h"
+#include "driver/requested_order.h"
 #include "driver/shown_records.h"
 #include "driver/spreadsheet_download.h"
 #include "editing/edit_form.h"
@@ -156,6 +157,7 @@ void OpenRecords(Render& render, ShownRecords& records) {
 
 void RunSteps(Render& render, ShownRecords& records) {
   state::ReadRequestState(render);
+  TakeRequestedOrder(render);
   SelectView(render);
   records.sql = StatementText(render);
   if (CanCountBeside(render)) records.counting = Counting::kWanted;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "driver/query.h"
+#include "driver/requested_order.h"
 #include "settings/error_report.h"
 #include "state/request_state.h"
 #include "views/spreadsheet_export.h"
@@ -40,6 +41,7 @@ void SendSpreadsheet(state::Render& render, platform::Response& response) {
   render.out.SetPieceBytes(html::HtmlWriter::kDownloadBytes);
   const bool is_complete = settings::Guarded(render.Errors(), kRenderer, false, [&] {
     state::ReadRequestState(render);
+    TakeRequestedOrder(render);
     SendRecords(render, response);
     response.End();
     return true;

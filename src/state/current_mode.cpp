@@ -17,7 +17,7 @@ namespace {
 std::int16_t PageSizeToGoBy(const settings::Settings& settings, const RequestKeys& keys,
                             const platform::Formatting& formatting) {
   try {
-    return RequestedPageSize(settings.RecordsPerPage, keys, formatting);
+    return RequestedPageSize(settings, keys, formatting);
   } catch (const platform::Error&) {
     return settings.RecordsPerPage;
   }
@@ -64,9 +64,11 @@ std::string_view ModeName(Mode mode) {
 Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
                  const platform::Formatting& formatting, bool has_failed) {
   if (!ShowsForm(settings, keys, formatting)) return Mode::kGrid;
-  // The form for a new record needs "UPDATE" too; "ADD" alone shows the button that asks for it.
+  // The form for a new record needs "UPDATE" too; "ADD" alone shows the button that asks for it. Of a
+  // hardened page each word is for its own.
+  const bool may_add = settings.Hardened ? settings.edit.add : settings.edit.update;
+  if (may_add && keys != nullptr && AsksForAdd(*keys, has_failed)) return Mode::kFormAdd;
   if (!settings.edit.update) return Mode::kFormView;
-  if (keys != nullptr && AsksForAdd(*keys, has_failed)) return Mode::kFormAdd;
   const bool edits =
       settings.edit.skips_view || (keys != nullptr && AsksForEdit(settings, *keys, has_failed));
   return edits ? Mode::kFormEdit : Mode::kFormView;

@@ -42,30 +42,49 @@ bool RequestKeys::IsReadInQuery(std::string_view name) const {
 }
 
 std::string_view RequestKeys::Value(std::string_view name) const {
-  const std::string_view value = Find(name, {});
-  const bool is_of_button =
-      change_keys_ != ChangeKeys::kAnywhere && value.empty() && name == key::kPrimaryKey;
-  return is_of_button ? Find(key::kEditPrimaryKey, {}) : value;
+  return text::TrimBlanks(Untrimmed(name).value_or(""));
 }
 
-bool RequestKeys::WasPressed(std::string_view button) const { return !Find(button, key::kPressed).empty(); }
+std::optional<std::string_view> RequestKeys::Untrimmed(std::string_view name) const {
+  const auto value = Find(name, {});
+  const bool may_be_of_button =
+      change_keys_ != ChangeKeys::kAnywhere && !commands_change_ && name == key::kPrimaryKey;
+  const bool is_missing = !value || text::IsBlank(*value);
+  return may_be_of_button && is_missing ? Find(key::kEditPrimaryKey, {}) : value;
+}
 
-std::string_view RequestKeys::Find(std::string_view name, std::string_view suffix) const {
-  const auto is_wanted = [&](std::string_view candidate) {
-    return candidate.size() == prefix_.size() + name.size() + suffix.size() &&
-           text::EqualIgnoringCase(candidate.substr(0, prefix_.size()), prefix_) &&
-           text::EqualIgnoringCase(candidate.substr(prefix_.size(), name.size()), name) &&
-           text::EqualIgnoringCase(candidate.substr(prefix_.size() + name.size()), suffix);
-  };
+std::optional<std::string_view> RequestKeys::PostedOnce(std::string_view name) const {
+  std::optional<std::string_view> value;
+  for (const platform::RequestField& field : request_.Form()) {
+    if (!IsKey(field.name, name, {})) continue;
+    if (value) return std::nullopt;
+    value = field.value;
+  }
+  return value;
+}
+
+bool RequestKeys::WasPressed(std::string_view button) const {
+  return !text::TrimBlanks(Find(button, key::kPressed).value_or("")).empty();
+}
+
+bool RequestKeys::IsKey(std::string_view candidate, std::string_view name, std::string_view suffix) const {
+  return candidate.size() == prefix_.size() + name.size() + suffix.size() &&
+         text::EqualIgnoringCase(candidate.substr(0, prefix_.size()), prefix_) &&
+         text::EqualIgnoringCase(candidate.substr(prefix_.size(), name.size()), name) &&
+         text::EqualIgnoringCase(candidate.substr(prefix_.size() + name.size()), suffix);
+}
+
+std::optional<std::string_view> RequestKeys::Find(std::string_view name, std::string_view suffix) const {
+  if (std::ranges::find(ignored_, name) != ignored_.end()) return std::nullopt;
   using Fields = std::span<const platform::RequestField>;
   const Fields form = IsReadInForm(name) ? request_.Form() : Fields();
   const Fields query = IsReadInQuery(name) ? request_.QueryString() : Fields();
   for (const Fields fields : {form, query}) {
     for (const platform::RequestField& field : fields) {
-      if (is_wanted(field.name)) return text::TrimBlanks(field.value);
+      if (IsKey(field.name, name, suffix)) return field.value;
     }
   }
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace dralo::state

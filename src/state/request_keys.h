@@ -1,7 +1,11 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "dralo/request.h"
 #include "html/html_writer.h"
@@ -77,15 +81,25 @@ class RequestKeys {
   /// matter. Valid as long as the request.
   std::string_view Value(std::string_view name) const;
 
+  /// The value of the key as it was sent; nothing when it is missing. Else as Value().
+  std::optional<std::string_view> Untrimmed(std::string_view name) const;
+
+  /// The same, of the posted form only; nothing also when it stands there more than once.
+  std::optional<std::string_view> PostedOnce(std::string_view name) const;
+
   /// Whether the image button of that name was pressed.
   bool WasPressed(std::string_view button) const;
+
+  /// From now on these keys are missing, whatever the request says. The names stay the caller's.
+  void Ignore(std::vector<std::string_view> names) { ignored_ = std::move(names); }
 
   bool Has(std::string_view name) const { return !Value(name).empty(); }
 
   const platform::Request& GetRequest() const { return request_; }
 
  private:
-  std::string_view Find(std::string_view name, std::string_view suffix) const;
+  std::optional<std::string_view> Find(std::string_view name, std::string_view suffix) const;
+  bool IsKey(std::string_view candidate, std::string_view name, std::string_view suffix) const;
 
   bool IsReadInForm(std::string_view name) const;
   bool IsReadInQuery(std::string_view name) const;
@@ -94,6 +108,7 @@ class RequestKeys {
   std::string prefix_;
   ChangeKeys change_keys_;
   bool commands_change_ = false;  ///< The form does, and its keys are read: the record's key is its own too.
+  std::vector<std::string_view> ignored_;
 };
 
 }  // namespace dralo::state

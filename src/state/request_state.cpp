@@ -2,9 +2,14 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "state/request_number.h"
+#include "text/blanks.h"
+#include "text/decimal.h"
+#include "text/letter_case.h"
+#include "text/list.h"
 
 namespace dralo::state {
 namespace {
@@ -28,6 +33,17 @@ std::int32_t Moved(std::int32_t number, std::int32_t records) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(moved, Limits::min(), Limits::max()));
 }
 
+/// The page size of that text when the select of the page has it.
+std::optional<std::int16_t> OfferedPageSize(const settings::Settings& settings, std::string_view asked) {
+  if (!settings.DisplayRecordsPerPageSelect || asked.empty()) return std::nullopt;
+  const std::string& own = settings.RecordsPerPageOptions;
+  for (const std::string& option :
+       text::Split(text::IsBlank(own) ? settings::Settings().RecordsPerPageOptions : own)) {
+    if (text::TrimBlanks(option) == asked) return text::ParseNumber<std::int16_t>(asked);
+  }
+  return std::nullopt;
+}
+
 void ReadOrder(Render& render) {
   const bool has_fields = render.keys.Has(key::kOrderByFields);
   if (has_fields) render.view.order_by = render.keys.Value(key::kOrderByFields);
@@ -42,9 +58,12 @@ void ReadOrder(Render& render) {
 
 }  // namespace
 
-std::int16_t RequestedPageSize(std::int16_t page_size, const RequestKeys& keys,
+std::int16_t RequestedPageSize(const settings::Settings& settings, const RequestKeys& keys,
                                const platform::Formatting& formatting) {
-  if (keys.Has(key::kMaxRecords)) {
+  std::int16_t page_size = settings.RecordsPerPage;
+  if (settings.Hardened) {
+    page_size = OfferedPageSize(settings, keys.Value(key::kMaxRecords)).value_or(page_size);
+  } else if (keys.Has(key::kMaxRecords)) {
     page_size = ToInt16(formatting, keys.Value(key::kMaxRecords), KeyName(keys, key::kMaxRecords));
   }
   return page_size < 1 ? kDefaultRecordsPerPage : page_size;
@@ -58,13 +77,15 @@ bool ShowsRecordsPerPageSelect(const Render& render) {
 }
 
 void ReadRequestState(Render& render) {
-  render.view.page_size = RequestedPageSize(render.view.page_size, render.keys, render.Regional());
+  render.view.page_size = RequestedPageSize(render.settings, render.keys, render.Regional());
   if (render.keys.Has(key::kCountRecords)) render.view.is_counted = true;
   render.view.current_record =
       render.keys.Has(key::kCurrRecord) ? std::max(Int32Value(render, key::kCurrRecord), 1) : 1;
   if (render.keys.Has(key::kSql)) render.view.sql = render.keys.Value(key::kSql);
   render.view.form_display = render.keys.Value(key::kFormDisplay);
-  ReadOrder(render);
+  if (!render.settings.Hardened) return ReadOrder(render);
+  const bool is_form = text::EqualIgnoringCase(render.view.form_display, kOneRecord);
+  render.view.form_display = is_form ? kOneRecord : "";
 }
 
 std::int32_t FirstOfLastPage(std::int32_t records, std::int32_t page_size) {

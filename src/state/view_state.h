@@ -17,6 +17,15 @@ std::string_view ModeName(Mode mode);
 /// Whether single records are shown, to be read, edited or added.
 constexpr bool IsForm(Mode mode) { return mode != Mode::kGrid; }
 
+/// What the page itself has set, before the request was read.
+struct PageState {
+  std::int16_t page_size;
+  bool is_counted;
+  std::string sql;
+  std::string order_by;
+  bool is_descending;
+};
+
 /// What is to be shown: what the page has set where the request asks for nothing else. It travels in the
 /// page, as hidden inputs and in the query of links.
 struct ViewState {
@@ -25,13 +34,16 @@ struct ViewState {
         is_counted(settings.CountRecords),
         sql(settings.sql),
         order_by(settings.OrderByFields),
-        is_descending(settings.OrderByDesc) {}
+        is_descending(settings.OrderByDesc),
+        own{page_size, is_counted, sql, order_by, is_descending} {}
 
   std::int16_t page_size;
   bool is_counted;
   std::string sql;
   std::string order_by;
   bool is_descending;
+
+  PageState own;
 
   std::string form_display = "";  ///< The view that the request asks for, as posted; written back.
   Mode mode = Mode::kGrid;

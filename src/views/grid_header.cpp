@@ -3,14 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "platform/field_kind.h"
 #include "settings/column_settings.h"
 #include "settings/field_lists.h"
 #include "state/links.h"
 #include "state/request_keys.h"
-#include "text/ascii.h"
 #include "text/list.h"
 #include "views/label.h"
+#include "views/sortable_column.h"
 
 namespace dralo::views {
 namespace {
@@ -26,31 +25,23 @@ class SortLinks {
       : render_(render),
         settings_(render.settings),
         ampersand_{settings_.Hardened ? "&amp;" : "&"},
-        any_(!settings_.has_stored_procedure && !text::ContainsAscii(render_.view.sql, "ORDER BY")),
-        long_columns_(settings_.DrConnection &&
-                      settings_.DrConnection->Engine() == platform::DatabaseEngine::kSqla) {
+        any_(CanSort(render)) {
     if (any_) PrepareAddress(bookmark);
   }
 
   bool Has(const GridColumn& column) const {
-    return any_ && (long_columns_ || !IsLong(column.field->Type())) &&
-           !settings::IsGridColNoSort(settings_, column.field->Name(), column.number);
+    return any_ && IsSortable(render_, *column.field, column.number);
   }
 
   void Put(const GridColumn& column, Verbatim name) const;
 
  private:
-  static bool IsLong(platform::TypeCode type) {
-    return platform::IsMemoFieldType(type) || type == platform::TypeCode::kLongVarBinary;
-  }
-
   void PrepareAddress(std::int32_t bookmark);
 
   const state::Render& render_;
   const Settings& settings_;
   Verbatim ampersand_;
   bool any_;
-  bool long_columns_;  ///< Whether columns of long values get links: only one engine can sort by them.
   html::HtmlWriter before_number_;
   html::HtmlWriter after_number_;
 };
