@@ -104,6 +104,9 @@ final class DbView
     /** Escapes values and trusts nothing that a visitor sends. */
     public bool $Hardened;
 
+    /** Lets the forms of a hardened view show and change records that their own statements yield although sql does not. */
+    public bool $RecordsOutsideSql;
+
     /** Writes CSS classes. */
     public bool $UseCSS;
 

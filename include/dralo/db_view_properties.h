@@ -96,6 +96,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Escapes values and trusts nothing that a visitor sends.
   bool Hardened() const { return Typed<bool>("Hardened"); }
   void SetHardened(bool value) { SetTyped("Hardened", value); }
+  /// Lets the forms of a hardened view show and change records that their own statements yield although sql does not.
+  bool RecordsOutsideSql() const { return Typed<bool>("RecordsOutsideSql"); }
+  void SetRecordsOutsideSql(bool value) { SetTyped("RecordsOutsideSql", value); }
   /// Writes CSS classes.
   bool UseCSS() const { return Typed<bool>("UseCSS"); }
   void SetUseCSS(bool value) { SetTyped("UseCSS", value); }

@@ -119,6 +119,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::OrderByDesc>("OrderByDesc", kReadWrite, "Sorts the last column of OrderByFields in descending order."),
   Row<&S::PersistPageFormRequest>("PersistPageFormRequest", kReadWrite, "Writes the page's own posted fields back, so that they survive paging and sorting."),
   Row<&S::Hardened>("Hardened", kReadWrite, "Escapes values and trusts nothing that a visitor sends."),
+  Row<&S::RecordsOutsideSql>("RecordsOutsideSql", kReadWrite, "Lets the forms of a hardened view show and change records that their own statements yield although sql does not."),
   Row<&S::UseCSS>("UseCSS", kReadWrite, "Writes CSS classes."),
   Row<&S::DisplayHeader>("DisplayHeader", kReadWrite, "Writes the header row of the grid and the labels of the forms."),
   Row<&S::DisplayDebug>("DisplayDebug", kReadWrite, "Shows the SQL above the view and in error messages; not for public pages."),

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -107,16 +108,24 @@ std::int32_t PutForm(Render& render, const ShownRecords& records) {
 
 bool HasKeys(const Render& render) { return !text::IsBlank(render.settings.EditPrimaryKeys); }
 
+/// The key as it was posted, which hardened pages do not change: blanks may belong to it.
+std::string PostedKey(const Render& render) {
+  return std::string(render.settings.Hardened ? render.keys.Untrimmed(key::kPrimaryKey).value_or("")
+                                              : render.keys.Value(key::kPrimaryKey));
+}
+
 /// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
-/// Empty unless a record is edited.
-std::string KeyOfEditedRecord(Render& render, const ShownRecords& records) {
-  if (render.view.mode != state::Mode::kFormEdit || !HasKeys(render)) return {};
+/// Empty unless a record is edited that has a key; nothing where an empty text would be a key.
+std::optional<std::string> KeyOfEditedRecord(Render& render, const ShownRecords& records) {
+  const std::optional<std::string> none =
+      render.settings.Hardened ? std::nullopt : std::optional<std::string>("");
+  if (render.view.mode != state::Mode::kFormEdit || !HasKeys(render)) return none;
   const bool stays = render.outcome.has_failed_to_save && render.keys.Has(key::kPrimaryKey);
-  if (records.is_addressed_by_key || stays) return std::string(render.keys.Value(key::kPrimaryKey));
+  if (records.is_addressed_by_key || stays) return PostedKey(render);
   Recordset& shown = records.Shown();
-  if (shown.Eof()) return {};
+  if (shown.Eof()) return none;
   state::PrimaryKeyValueList keys(render.settings, shown);
-  if (!keys.Read(render.Errors())) return {};
+  if (!keys.Read(render.Errors())) return none;
   return keys.Plain();
 }
 
@@ -125,13 +134,14 @@ void PutPage(Render& render, ShownRecords& records) {
       settings::GridColumnSpan(render.settings, static_cast<int>(records.Shown().Fields().size()));
   const bool count_known = render.outcome.record_count >= 0;
   if (count_known) ExpectRows(render);
-  const std::string shown_key = KeyOfEditedRecord(render, records);
+  const auto shown_key = KeyOfEditedRecord(render, records);
   PutOpening(render, records.sql);
   PutHeaderRow(render, render.settings.bar.top && count_known, span);
   SetRows(render, records,
           state::IsForm(render.view.mode) ? PutForm(render, records) : PutGrid(render, records));
   state::PutHiddenState(render);
-  if (render.view.mode == state::Mode::kFormEdit && HasKeys(render)) state::PutHiddenKey(render, shown_key);
+  const bool edits = render.view.mode == state::Mode::kFormEdit && HasKeys(render);
+  if (edits && shown_key) state::PutHiddenKey(render, *shown_key);
   if (render.settings.bar.bottom) PutNavigationBar(render, span);
   CloseShownRecords(render, records);
   PutClosing(render);

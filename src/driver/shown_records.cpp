@@ -6,6 +6,7 @@
 #include "driver/query.h"
 #include "driver/record_count.h"
 #include "editing/primary_keys.h"
+#include "editing/shown_key.h"
 #include "settings/error_report.h"
 #include "settings/statement_parameters.h"
 #include "state/primary_key_value_list.h"
@@ -34,10 +35,15 @@ const std::string& FormStatement(const Render& render) {
   return render.view.mode == state::Mode::kFormView ? render.settings.FormSQL : render.settings.EditSQL;
 }
 
+/// An empty text may be a key.
+bool NamesKey(const Render& render) {
+  return render.settings.Hardened ? render.keys.Untrimmed(key::kPrimaryKey).has_value()
+                                  : render.keys.Has(key::kPrimaryKey);
+}
+
 bool IsAddressedByKey(const Render& render) {
-  return state::IsForm(render.view.mode) && render.view.mode != state::Mode::kFormAdd &&
-         render.keys.Has(key::kPrimaryKey) && !IsPagingRequest(render.keys) &&
-         render.outcome.change != state::Change::kDeleted &&
+  return state::IsForm(render.view.mode) && render.view.mode != state::Mode::kFormAdd && NamesKey(render) &&
+         !IsPagingRequest(render.keys) && render.outcome.change != state::Change::kDeleted &&
          state::CanAddressRecords(render, FormStatement(render));
 }
 
@@ -81,9 +87,24 @@ void OpenAtCurrentRecord(Render& render, const std::string& statement, settings:
   if (render.view.mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
 
+/// The same on a hardened page: a key that is none, or of a record outside, shows a form without a record.
+bool OpenByNamedKey(Render& render, ShownRecords& records) {
+  records.sql = FormStatement(render);
+  auto record = editing::OpenRecordOfKey(render, records.sql, FormStatementParameters(render),
+                                         editing::RequestedKey(render), true);
+  const bool is_saved = render.outcome.change == state::Change::kSaved;
+  if (record->Eof() && is_saved) return false;
+  if (record->Eof() && !render.outcome.has_failed_to_save) render.Errors().AddNoSuchRecord();
+  records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, {}, 0);
+  records.keyed = std::move(record);
+  records.is_addressed_by_key = true;
+  return true;
+}
+
 /// Returns whether the posted key addresses the record to show, which is open then.
 bool OpenByPostedKey(Render& render, ShownRecords& records) {
   if (!IsAddressedByKey(render)) return false;
+  if (render.settings.Hardened) return OpenByNamedKey(render, records);
   const std::string sql = editing::GetSqlPK(render, FormStatement(render), FormStatementParameters(render));
   if (sql.empty()) return false;
   records.sql = sql;
@@ -110,16 +131,25 @@ bool OpenByFailedKey(Render& render, ShownRecords& records) {
   }
 }
 
+/// The record of `statement` that has the key of the one on which `shown` stands; nullptr when the key does
+/// not address one.
+std::shared_ptr<Recordset> OpenShownRecord(Render& render, const std::string& statement, Recordset& shown) {
+  const settings::Parameters parameters = FormStatementParameters(render);
+  if (render.settings.Hardened) {
+    return editing::OpenRecordOfKey(render, statement, parameters, editing::KeyOf(render, shown), false);
+  }
+  const std::string sql = editing::GetSqlPK(render, statement, parameters, &shown);
+  return sql.empty() ? nullptr : OpenOneRecord(render, sql);
+}
+
 /// A form with a statement of its own has other fields than the statement that is paged through: shows the
 /// record of the same key in it.
 void OpenInFormStatement(Render& render, const std::string& form_statement, ShownRecords& records) {
   const bool has_keys = !text::IsBlank(render.settings.EditPrimaryKeys);
   if (!state::IsForm(render.view.mode) || render.view.records_on_page != 1 || !has_keys) return;
   if (!state::CanAddressRecords(render, form_statement) || records.main->Eof()) return;
-  const std::string sql =
-      editing::GetSqlPK(render, form_statement, FormStatementParameters(render), records.main.get());
-  if (sql.empty()) return;
-  records.keyed = OpenOneRecord(render, sql);
+  records.keyed = OpenShownRecord(render, form_statement, *records.main);
+  if (records.keyed == nullptr) return;
   // Without a count only the record behind the current one tells whether there is a next page.
   if (render.outcome.record_count < 0) records.main->MoveNext();
 }

@@ -23,6 +23,12 @@ void ErrorReport::AddStatement(std::string_view description, std::string_view re
 
 void ErrorReport::AddMissingKeys() { message_->append("Dralo property EditPrimaryKeys must be set!<br>"); }
 
+void ErrorReport::AddNoSuchRecord() { message_->append("There is no such record<br>"); }
+
+void ErrorReport::AddLeftForm() {
+  message_->append("The record would not be one of this page any more, so nothing was saved<br>");
+}
+
 void ErrorReport::AddKeyLinkFailure(std::string_view description) {
   AppendAll(*message_, {description, ", when trying to construct a Primary Key URL link<br>"});
 }

@@ -23,6 +23,12 @@ class ErrorReport {
                     bool shows_statement);
 
   void AddMissingKeys();
+
+  /// The one text for a key that is none, that no record has, and of a record that the page does not show.
+  void AddNoSuchRecord();
+
+  /// A save whose record would no longer be one of the form's.
+  void AddLeftForm();
   void AddKeyLinkFailure(std::string_view description);
   void AddNewKeyFailure(std::string_view description, std::string_view statement, bool shows_statement);
   void AddLookupFailure(std::string_view description, std::string_view statement);

@@ -76,6 +76,7 @@ struct Settings {
   bool OrderByDesc = false;
   bool PersistPageFormRequest = true;
   bool Hardened = false;
+  bool RecordsOutsideSql = false;
 
   // The look of the whole page.
   bool UseCSS = true;

@@ -1,8 +1,11 @@
 #include "state/primary_key_value_list.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "html/control_markup.h"
+#include "platform/field_kind.h"
+#include "state/key_items.h"
 #include "state/key_text.h"
 #include "state/named_field.h"
 #include "text/blanks.h"
@@ -31,7 +34,8 @@ bool CanAddressRecords(const Render& render, std::string_view statement) {
   return !text::IsBlank(statement) && !is_command_copy;
 }
 
-PrimaryKeyValueList::PrimaryKeyValueList(const settings::Settings& settings, platform::Recordset& recordset) {
+PrimaryKeyValueList::PrimaryKeyValueList(const settings::Settings& settings, platform::Recordset& recordset)
+    : is_hardened_(settings.Hardened) {
   if (text::IsBlank(settings.EditPrimaryKeys)) return;
   for (const std::string& item : text::Split(settings.EditPrimaryKeys)) {
     const std::string_view name = text::TrimBlanks(item);
@@ -51,12 +55,20 @@ bool PrimaryKeyValueList::Read(settings::ErrorReport errors) {
     for (Key& key : keys_) {
       if (key.field == nullptr) throw UnknownField(key.name);
       key.value.assign(KeyText(*key.field, scratch_));
+      if (is_hardened_ && keys_.size() > 1) key.value = KeyItem(key.value);
     }
+    if (is_hardened_) return AddressesStrictly();
   } catch (const std::exception& error) {
     errors.AddKeyLinkFailure(error.what());
     return false;
   }
   return keys_.size() > 1 || (keys_.size() == 1 && !keys_[0].value.empty());
+}
+
+bool PrimaryKeyValueList::AddressesStrictly() const {
+  return !keys_.empty() && std::ranges::none_of(keys_, [](const Key& key) {
+    return platform::IsNull(key.field->Value()) || platform::IsBinaryFieldType(key.field->Type());
+  });
 }
 
 void PrimaryKeyValueList::Put(html::HtmlWriter& out) const {

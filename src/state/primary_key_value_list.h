@@ -25,7 +25,7 @@ class PrimaryKeyValueList {
 
   /// Takes the values of the current record. Returns whether they address one: not when the list is empty,
   /// when its only value is, and after a failure, such as a key that is no field, which is reported in
-  /// ErrorMessage.
+  /// ErrorMessage. On a hardened page an empty text is a key, and a value that is Null or bytes is none.
   bool Read(settings::ErrorReport errors);
 
   /// Writes the values last read, URL-encoded and joined with ",".
@@ -41,6 +41,8 @@ class PrimaryKeyValueList {
  private:
   PrimaryKeyValueList() = default;
 
+  bool AddressesStrictly() const;
+
   struct Key {
     std::string name;
     platform::Field* field;
@@ -48,6 +50,7 @@ class PrimaryKeyValueList {
   };
 
   std::vector<Key> keys_;
+  bool is_hardened_ = false;
   std::string scratch_;
 };
 

@@ -42,6 +42,7 @@ OrderByFields ""
 OrderByDesc false
 PersistPageFormRequest true
 Hardened false
+RecordsOutsideSql false
 UseCSS true
 DisplayHeader true
 DisplayDebug false

@@ -1,0 +1,32 @@
+#include "state/key_items.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace dralo::state {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(KeyItems, StayApartWhateverTheyHold) {
+  const Texts texts = {"a,b", "50 %", "", " x\ty ", "\xC3\xA4"};
+  std::string key;
+  for (const std::string& text : texts) key.append(key.empty() ? "" : ",").append(KeyItem(text));
+  EXPECT_EQ(key, "a%2Cb,50 %25,, x%09y ,\xC3\xA4");
+  EXPECT_EQ(KeyItems(key, 5), texts);
+}
+
+TEST(KeyItems, OfOneColumnAreTheKey) {
+  EXPECT_EQ(KeyItems("a,50 %2C", 1), Texts{"a,50 %2C"});
+  EXPECT_EQ(KeyItems("", 1), Texts{""});
+}
+
+TEST(KeyItems, AreNoneWhenTheirNumberOrFormIsAnother) {
+  for (const char* key : {"a", "a,b,c", "a,%", "a,%4", "a,%XY", "a,%2"})
+    EXPECT_EQ(KeyItems(key, 2), std::nullopt) << key;
+}
+
+}  // namespace
+}  // namespace dralo::state
