@@ -105,11 +105,13 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Writes the header row of the grid and the labels of the forms.
   bool DisplayHeader() const { return Typed<bool>("DisplayHeader"); }
   void SetDisplayHeader(bool value) { SetTyped("DisplayHeader", value); }
-  /// Shows the SQL above the view and in error messages; not for public pages.
+  /// Shows the SQL above the view and in error messages, but not when Hardened; not for public pages.
   bool DisplayDebug() const { return Typed<bool>("DisplayDebug"); }
   void SetDisplayDebug(bool value) { SetTyped("DisplayDebug", value); }
-  /// What went wrong, as HTML with one line per failure; empty when nothing did.
+  /// What went wrong, as HTML with one line per failure; empty when nothing did; numbered public texts when Hardened.
   std::string ErrorMessage() const { return Typed<std::string>("ErrorMessage"); }
+  /// What a hardened view keeps out of ErrorMessage, as text with one line per failure; for the page author alone.
+  std::string ErrorDetail() const { return Typed<std::string>("ErrorDetail"); }
   /// The width of the whole view in the page, such as 100% or 600; quotes are removed.
   std::string Width() const { return Typed<std::string>("Width"); }
   void SetWidth(std::string_view value) { SetTyped("Width", value); }

@@ -4,7 +4,7 @@
 
 #include "component/named_property.h"
 #include "driver/render_driver.h"
-#include "settings/error_report.h"
+#include "settings/own_errors.h"
 #include "settings/setters.h"
 #include "state/current_mode.h"
 #include "state/offered_keys.h"
@@ -37,7 +37,7 @@ void DbView::OnStartPage(platform::PageContext& page) {
   page_ = nullptr;
   page_start_failed_ = true;
   if (has_ended_page_) ForgetFormerPage();
-  settings::Guarded(settings::ErrorReport(settings_.ErrorMessage), "OnStartPage", [&] {
+  settings::Guarded(settings::OwnErrors(settings_), "OnStartPage", [&] {
     // A host that cannot say what was asked, or where to write, gives no page.
     static_cast<void>(page.GetRequest());
     static_cast<void>(page.GetResponse());
@@ -58,6 +58,7 @@ void DbView::OnEndPage() {
 void DbView::ForgetFormerPage() {
   has_ended_page_ = false;
   settings_.ErrorMessage.clear();
+  settings_.ErrorDetail.clear();
   settings_.FromRow = 0;
   settings_.ToRow = 0;
   outcome_ = {};
@@ -126,7 +127,7 @@ void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_
                            .allow_nulls = allow_nulls});
   } catch (const std::exception& error) {
     const std::string bound = std::to_string(settings_.lookups.UpperBound());
-    settings::ErrorReport(settings_.ErrorMessage).Add(error.what(), "AddEditLookup. currUBound=" + bound);
+    settings::OwnErrors(settings_).Add(error.what(), "AddEditLookup. currUBound=" + bound);
   }
 }
 

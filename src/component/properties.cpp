@@ -7,6 +7,7 @@
 #include "component/property.h"
 #include "component/property_row.h"
 #include "settings/column_settings.h"
+#include "settings/own_errors.h"
 #include "settings/setters.h"
 #include "text/letter_case.h"
 
@@ -122,8 +123,9 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::RecordsOutsideSql>("RecordsOutsideSql", kReadWrite, "Lets the forms of a hardened view show and change records that their own statements yield although sql does not."),
   Row<&S::UseCSS>("UseCSS", kReadWrite, "Writes CSS classes."),
   Row<&S::DisplayHeader>("DisplayHeader", kReadWrite, "Writes the header row of the grid and the labels of the forms."),
-  Row<&S::DisplayDebug>("DisplayDebug", kReadWrite, "Shows the SQL above the view and in error messages; not for public pages."),
-  Row<&S::ErrorMessage>("ErrorMessage", kReadOnly, "What went wrong, as HTML with one line per failure; empty when nothing did."),
+  Row<&S::DisplayDebug>("DisplayDebug", kReadWrite, "Shows the SQL above the view and in error messages, but not when Hardened; not for public pages."),
+  Row<&S::ErrorMessage>("ErrorMessage", kReadOnly, "What went wrong, as HTML with one line per failure; empty when nothing did; numbered public texts when Hardened."),
+  Row<&S::ErrorDetail>("ErrorDetail", kReadOnly, "What a hardened view keeps out of ErrorMessage, as text with one line per failure; for the page author alone."),
   Row<&S::Width, settings::SetWidth>("Width", kReadWrite, "The width of the whole view in the page, such as 100% or 600; quotes are removed."),
   Row<&S::TableTag, settings::SetTableTag>("TableTag", kReadWrite, "Attributes of the grid's table."),
   Row<&S::GridTableTag, settings::SetGridTableTag>("GridTableTag", kReadWrite, "Attributes of the grid's table in the grid view."),
@@ -209,7 +211,7 @@ constexpr IndexedProperty ColumnRow(std::string_view name, std::string_view doc)
           .doc = doc,
           .get = [](DbView& view, std::int16_t column) -> platform::Variant {
             settings::Settings& settings = view.MutableSettings();
-            return std::string(Get(settings, column, settings::ErrorReport(settings.ErrorMessage)));
+            return std::string(Get(settings, column, settings::OwnErrors(settings)));
           },
           .set = [](DbView& view, std::int16_t column,
                     std::string_view text) { Set(view.MutableSettings(), column, text); }};

@@ -47,7 +47,7 @@ void PutOpening(const state::Render& render, std::string_view final_sql) {
       .PutIf(!state::IsForm(render.view.mode) && !settings.Width.empty(), R"( width="{}" )",
              Verbatim{settings.Width})
       .Put(">\r\n");
-  if (settings.DisplayDebug) {
+  if (settings.DisplayDebug && !settings.Hardened) {
     render.out.Put(R"(<tr><td style="padding:4px;background-color:white;color:black;border:solid 1px black")")
         .PutIf(settings.UseCSS, R"( class="DRLOTableHeader")")
         .Put(">{}</td></tr><tr><td>&nbsp;</td></tr>\r\n", Verbatim{final_sql});

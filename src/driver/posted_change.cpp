@@ -45,7 +45,8 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render) {
                    .shows_stored_record = render.outcome.shows_stored_record,
                    .field_notes = render.outcome.field_notes,
                    .status_message = render.outcome.status_message,
-                   .errors = render.outcome.errors});
+                   .errors = render.outcome.errors,
+                   .error_detail = render.outcome.error_detail});
 }
 
 void TakeOutcome(Render& render, const PostedChange& change) {
@@ -66,7 +67,8 @@ void CarryOutPostedChange(Render& render, platform::PageContext& page) {
     change = CarryOut(render);
   } else {
     TakeOutcome(render, *change);
-    if (render.outcome.reported_change != change) render.Errors().AddAll(change->errors);
+    if (render.outcome.reported_change != change)
+      render.Errors().AddAll(change->errors, change->error_detail);
   }
   render.outcome.reported_change = change;
 }

@@ -40,7 +40,11 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
   try {
     changed = settings::OpenConnection(settings)->ChangeOneRecord(statement, settings.DeleteSqlParameters);
   } catch (const std::exception& error) {
-    render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
+    if (settings.Hardened) {
+      render.Errors().AddPublic(settings::PublicText::kDelete, error.what());
+    } else {
+      render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
+    }
     return false;
   }
   if (changed == 0) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/error_report.h"
+#include "settings/own_errors.h"
 #include "text/blanks.h"
 #include "text/list.h"
 
@@ -77,15 +77,14 @@ void SetTraced(Settings& settings, ColumnStore& store, int column, std::string_v
   try {
     Set(store, column, text, names, trace);
   } catch (const std::exception& error) {
-    ErrorReport(settings.ErrorMessage)
-        .Add(error.what(), std::string(property).append(". trace=").append(trace));
+    OwnErrors(settings).Add(error.what(), std::string(property).append(". trace=").append(trace));
   }
 }
 
 /// Set() for the two stores of attributes.
 void SetPlain(Settings& settings, ColumnStore& store, int column, std::string_view text,
               std::string_view property) {
-  Guarded(ErrorReport(settings.ErrorMessage), std::string(property).append(". "), [&] {
+  Guarded(OwnErrors(settings), std::string(property).append(". "), [&] {
     std::string trace;
     Set(store, column, text, {}, trace);
   });

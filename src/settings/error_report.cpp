@@ -1,27 +1,59 @@
 #include "settings/error_report.h"
 
-#include <initializer_list>
+#include "text/log_line.h"
 
 namespace dralo::settings {
 namespace {
+
+constexpr std::string_view kLineEnd = "<br>";
 
 void AppendAll(std::string& message, std::initializer_list<std::string_view> parts) {
   for (const std::string_view part : parts) message.append(part);
 }
 
+void AppendOnce(std::string& to, const std::string& line) {
+  if (to.find(line) == to.npos) to += line;
+}
+
 }  // namespace
 
+void ErrorReport::Put(PublicText text, std::initializer_list<std::string_view> parts) {
+  if (detail_ == nullptr) return AppendAll(*message_, parts);
+  AppendOnce(*message_, NumberedText(text).append(kLineEnd));
+  PutDetail(text, parts);
+}
+
+void ErrorReport::PutDetail(PublicText text, std::initializer_list<std::string_view> parts) {
+  std::string whole = NumberedText(text) + " ";
+  for (std::string_view part : parts) {
+    for (std::size_t at = part.find(kLineEnd); at != part.npos; at = part.find(kLineEnd)) {
+      whole.append(part.substr(0, at)).append(" ");
+      part.remove_prefix(at + kLineEnd.size());
+    }
+    whole += part;
+  }
+  whole.resize(whole.find_last_not_of(' ') + 1);
+  const std::string line = text::LogLine(whole) + "\n";
+  if (detail_->size() + line.size() <= kMostDetailBytes) AppendOnce(*detail_, line);
+}
+
 void ErrorReport::Add(std::string_view description, std::string_view renderer) {
-  AppendAll(*message_, {description, " in ", renderer, "<br>"});
+  Put(PublicText::kPart, {description, " in ", renderer, kLineEnd});
 }
 
 void ErrorReport::AddStatement(std::string_view description, std::string_view renderer,
                                std::string_view statement, bool shows_statement) {
-  AppendAll(*message_, {description, " in ", renderer, ".<br>"});
-  if (shows_statement) AppendAll(*message_, {"sql='", statement, "'<br>"});
+  const bool is_hardened = detail_ != nullptr;
+  if (shows_statement || is_hardened) {
+    Put(PublicText::kRequest, {description, " in ", renderer, ".<br>sql='", statement, "'<br>"});
+  } else {
+    Put(PublicText::kRequest, {description, " in ", renderer, ".<br>"});
+  }
 }
 
-void ErrorReport::AddMissingKeys() { message_->append("Dralo property EditPrimaryKeys must be set!<br>"); }
+void ErrorReport::AddMissingKeys() {
+  Put(PublicText::kMissingKeys, {"Dralo property EditPrimaryKeys must be set!<br>"});
+}
 
 void ErrorReport::AddNoSuchRecord() { message_->append("There is no such record<br>"); }
 
@@ -30,39 +62,51 @@ void ErrorReport::AddLeftForm() {
 }
 
 void ErrorReport::AddKeyLinkFailure(std::string_view description) {
-  AppendAll(*message_, {description, ", when trying to construct a Primary Key URL link<br>"});
+  Put(PublicText::kKeyLink, {description, ", when trying to construct a Primary Key URL link<br>"});
 }
 
 void ErrorReport::AddNewKeyFailure(std::string_view description, std::string_view statement,
                                    bool shows_statement) {
-  AppendAll(*message_, {description, " in GetNewPKValue."});
-  if (shows_statement) AppendAll(*message_, {" sql='", statement, "'"});
-  message_->append("<br>");
+  const bool is_hardened = detail_ != nullptr;
+  if (shows_statement || is_hardened) {
+    Put(PublicText::kNewKey, {description, " in GetNewPKValue. sql='", statement, "'<br>"});
+  } else {
+    Put(PublicText::kNewKey, {description, " in GetNewPKValue.<br>"});
+  }
 }
 
 void ErrorReport::AddLookupFailure(std::string_view description, std::string_view statement) {
-  AppendAll(*message_, {description, ". lookup sql=", statement, "<br>"});
+  Put(PublicText::kLookup, {description, ". lookup sql=", statement, kLineEnd});
 }
 
 void ErrorReport::AddOpeningFailure(std::string_view description, std::string_view statement) {
-  AppendAll(*message_, {"Unable to open recordset. sql='", statement, "' ", description, "<br>"});
+  Put(PublicText::kOpening, {"Unable to open recordset. sql='", statement, "' ", description, kLineEnd});
 }
 
 void ErrorReport::AddAddNewFailure(std::string_view description) {
-  AppendAll(*message_, {"Recordset does not support the AddNew method. ", description, "<br>"});
+  Put(PublicText::kAddNew, {"Recordset does not support the AddNew method. ", description, kLineEnd});
 }
 
 void ErrorReport::AddUpdateFailure(std::string_view description) {
-  AppendAll(*message_, {"Update failed: ", description, "<br>"});
+  Put(PublicText::kUpdate, {"Update failed: ", description, kLineEnd});
 }
 
 void ErrorReport::AddFormattingFailure(std::string_view description) {
-  AppendAll(*message_, {description, " Invalid Formatting arguments<br>"});
+  Put(PublicText::kFormatting, {description, " Invalid Formatting arguments<br>"});
 }
 
 void ErrorReport::AddShortTextList(std::string_view property, std::size_t bound, std::string_view wanted) {
-  AppendAll(*message_, {"Wrong number of strings set in the ", property, ". ", std::to_string(bound),
-                        " was given. The correct number of strings separated by comma is ", wanted, "!<br>"});
+  Put(PublicText::kTextList,
+      {"Wrong number of strings set in the ", property, ". ", std::to_string(bound),
+       " was given. The correct number of strings separated by comma is ", wanted, "!<br>"});
+}
+
+void ErrorReport::AddPublic(PublicText text, std::string_view detail) { Put(text, {detail, kLineEnd}); }
+
+void ErrorReport::AddAll(std::string_view errors, std::string_view detail) {
+  if (detail_ != nullptr && message_->find(errors) != message_->npos) return;
+  message_->append(errors);
+  if (detail_ != nullptr) detail_->append(detail);
 }
 
 }  // namespace dralo::settings

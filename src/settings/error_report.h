@@ -2,9 +2,12 @@
 
 #include <cstddef>
 #include <exception>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "settings/public_text.h"
 
 namespace dralo::settings {
 
@@ -14,6 +17,12 @@ class ErrorReport {
  public:
   /// `message` must outlive the report and its copies.
   explicit ErrorReport(std::string& message) : message_(&message) {}
+
+  /// For a hardened view: `message` gets the public text, each once, and `detail` what happened, as one line
+  /// of text, each once and at most kMostDetailBytes in all. It too must outlive the report and its copies.
+  ErrorReport(std::string& message, std::string& detail) : message_(&message), detail_(&detail) {}
+
+  static constexpr std::size_t kMostDetailBytes = std::size_t{64} * 1024;
 
   /// What went wrong in a renderer or reader of that name.
   void Add(std::string_view description, std::string_view renderer);
@@ -40,11 +49,19 @@ class ErrorReport {
   /// A comma list of interface texts was too short: `bound` is the number of its last item, counted from 0.
   void AddShortTextList(std::string_view property, std::size_t bound, std::string_view wanted);
 
+  /// What a hardened view alone has to say. `detail` is for the page author.
+  void AddPublic(PublicText text, std::string_view detail);
+
   /// What another report has said.
-  void AddAll(std::string_view errors) { message_->append(errors); }
+  void AddAll(std::string_view errors, std::string_view detail);
 
  private:
+  /// `parts` are the message as plain views show it, and the detail.
+  void Put(PublicText text, std::initializer_list<std::string_view> parts);
+  void PutDetail(PublicText text, std::initializer_list<std::string_view> parts);
+
   std::string* message_;
+  std::string* detail_ = nullptr;  ///< None: the view is plain.
 };
 
 /// Returns body(), or `neutral` when it throws; the failure is reported under `renderer`. The outermost call

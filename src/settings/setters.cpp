@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "settings/error_report.h"
+#include "settings/own_errors.h"
 #include "text/ascii.h"
 #include "text/blanks.h"
 #include "text/letter_case.h"
@@ -40,7 +40,7 @@ void ReplaceTable(Settings& settings, std::vector<std::string> LanguageTables::*
   std::vector<std::string> items = text::Split(list);
   const std::size_t bound = items.size() - 1;
   if (bound < least_bound) {
-    return ErrorReport(settings.ErrorMessage).AddShortTextList(name, bound, wanted);
+    return OwnErrors(settings).AddShortTextList(name, bound, wanted);
   }
   auto tables = std::make_shared<LanguageTables>(*settings.language_tables);
   (*tables).*table = std::move(items);

@@ -83,6 +83,7 @@ struct Settings {
   bool DisplayHeader = true;
   bool DisplayDebug = false;
   std::string ErrorMessage = "";
+  std::string ErrorDetail = "";
   std::string Width = "";
   std::string TableTag = R"(border="0" cellspacing="0")";
   std::string GridTableTag = "";

@@ -29,6 +29,7 @@ struct PostedChange {
   std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< What the form views show about it.
   std::string errors = "";          ///< What it added to ErrorMessage.
+  std::string error_detail = "";    ///< What it added to ErrorDetail.
 };
 
 /// What a rendering finds, does and has to say.
@@ -38,7 +39,8 @@ struct Outcome {
   std::int32_t to_row = 0;
   bool is_last_page = false;  ///< There is no record behind this page.
 
-  std::string errors = "";  ///< What is added to ErrorMessage.
+  std::string errors = "";        ///< What is added to ErrorMessage.
+  std::string error_detail = "";  ///< What is added to ErrorDetail.
 
   Change change = Change::kNone;    ///< What was changed before anything was shown.
   bool has_failed_to_save = false;  ///< A posted change was tried and failed.

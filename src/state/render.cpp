@@ -15,6 +15,7 @@ void Commit(const Render& render, settings::Settings& settings) {
   settings.FromRow = outcome.from_row;
   settings.ToRow = outcome.to_row;
   settings.ErrorMessage += outcome.errors;
+  settings.ErrorDetail += outcome.error_detail;
   if (outcome.has_taken_default_page_sizes) {
     settings.RecordsPerPageOptions = settings::Settings().RecordsPerPageOptions;
   }

@@ -34,7 +34,10 @@ struct Render {
   std::string escaped = "";
 
   const platform::ValueFormatting& Regional() const { return environment.Regional(); }
-  settings::ErrorReport Errors() { return settings::ErrorReport(outcome.errors); }
+  settings::ErrorReport Errors() {
+    if (settings.Hardened) return {outcome.errors, outcome.error_detail};
+    return settings::ErrorReport(outcome.errors);
+  }
 };
 
 /// Makes what a rendering has found visible in the properties of its view, where the next one starts from.

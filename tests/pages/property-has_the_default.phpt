@@ -47,6 +47,7 @@ UseCSS true
 DisplayHeader true
 DisplayDebug false
 ErrorMessage ""
+ErrorDetail ""
 Width ""
 TableTag "border=\"0\" cellspacing=\"0\""
 GridTableTag ""
