@@ -51,6 +51,9 @@ constexpr std::string_view kViewMethods = R"(
     /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
     public function WriteHtmlTable(): void {}
 
+    /** Carries out what the visitor has saved or deleted; called before the page writes anything. A hardened view that has changed something answers with the address that shows it, and the page ends. */
+    public function ReceivePost(): void {}
+
     /** Connects, and writes the whole table or view of that name; the name goes into the statement as it is. */
     public function QHtmlTable(string $ConnectionString, string $TableName): void {}
 

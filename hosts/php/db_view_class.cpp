@@ -75,6 +75,7 @@ ZEND_END_ARG_INFO()
 // clang-format off
 const zend_function_entry kMethods[] = {
     PLAIN_METHOD(DbView, WriteHtmlTable)
+    PLAIN_METHOD(DbView, ReceivePost)
     SCRIPT_FUNCTION("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC)
     SCRIPT_FUNCTION("AddEditLookup", AddEditLookup, add_edit_lookup_arginfo, ZEND_ACC_PUBLIC)
     SCRIPT_FUNCTION("EditLookupAsString", EditLookupAsString, edit_lookup_as_string_arginfo, ZEND_ACC_PUBLIC)

@@ -113,11 +113,14 @@ final class DbView
     /** Writes the header row of the grid and the labels of the forms. */
     public bool $DisplayHeader;
 
-    /** Shows the SQL above the view and in error messages; not for public pages. */
+    /** Shows the SQL above the view and in error messages, but not when Hardened; not for public pages. */
     public bool $DisplayDebug;
 
-    /** What went wrong, as HTML with one line per failure; empty when nothing did. */
+    /** What went wrong, as HTML with one line per failure; empty when nothing did; numbered public texts when Hardened. */
     public readonly string $ErrorMessage;
+
+    /** What a hardened view keeps out of ErrorMessage, as text with one line per failure; for the page author alone. */
+    public readonly string $ErrorDetail;
 
     /** The width of the whole view in the page, such as 100% or 600; quotes are removed. */
     public string $Width;
@@ -325,6 +328,9 @@ final class DbView
 
     /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
     public function WriteHtmlTable(): void {}
+
+    /** Carries out what the visitor has saved or deleted; called before the page writes anything. A hardened view that has changed something answers with the address that shows it, and the page ends. */
+    public function ReceivePost(): void {}
 
     /** Connects, and writes the whole table or view of that name; the name goes into the statement as it is. */
     public function QHtmlTable(string $ConnectionString, string $TableName): void {}

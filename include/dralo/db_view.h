@@ -39,6 +39,11 @@ class DRALO_EXPORT DbView final : public DbViewProperties {
   /// page.
   void WriteHtmlTable();
 
+  /// Carries out what the visitor has saved or deleted; called before the page writes anything. When the view
+  /// is hardened and something was changed, the answer is the address that shows it: throws what ends the
+  /// page, as Page::Ended. WriteHtmlTable() calls it when nobody did.
+  void ReceivePost();
+
   /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
   /// Throws Error when the connection cannot be opened.
   void QHtmlTable(std::string_view connection_string, std::string_view table_name);

@@ -64,7 +64,11 @@ void DbView::ForgetFormerPage() {
   outcome_ = {};
 }
 
-void DbView::WriteHtmlTable() {
+void DbView::WriteHtmlTable() { RunOnPage(driver::WriteHtmlTable); }
+
+void DbView::ReceivePost() { RunOnPage(driver::ReceivePost); }
+
+void DbView::RunOnPage(void (*step)(state::Render& render, platform::PageContext& page)) {
   if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
   if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
   const platform::Request& request = page_->GetRequest();
@@ -81,7 +85,7 @@ void DbView::WriteHtmlTable() {
     state::Commit(render, settings_);
     outcome_ = std::move(render.outcome);
   });
-  driver::WriteHtmlTable(render, *page_);
+  step(render, *page_);
 }
 
 state::Outcome DbView::StartingOutcome() {

@@ -12,6 +12,10 @@
 #include "settings/settings.h"
 #include "state/outcome.h"
 
+namespace dralo::state {
+struct Render;
+}
+
 namespace dralo::component {
 
 /// Turns a database query into an interactive part of a web page. Scripts know it as "Dralo.DbView".
@@ -37,6 +41,11 @@ class DbView final : public platform::Object {
   /// nothing. Throws platform::Error when the view is not bound to a page, and lets errors of a posted
   /// change's preparation through.
   void WriteHtmlTable();
+
+  /// Carries out a posted change before the page writes anything; WriteHtmlTable() then tells its outcome.
+  /// When the view is hardened and something was changed, the answer is the address that shows it, and the
+  /// page ends. Does nothing, and fails, where WriteHtmlTable() does.
+  void ReceivePost();
 
   /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
   /// Throws platform::Error when the connection cannot be opened.
@@ -74,6 +83,7 @@ class DbView final : public platform::Object {
 
  private:
   void ForgetFormerPage();
+  void RunOnPage(void (*step)(state::Render& render, platform::PageContext& page));
   state::Outcome StartingOutcome();
 
   platform::Environment& environment_;

@@ -6,7 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "driver/refused_post.h"
 #include "editing/update_engine.h"
+#include "state/posted_form.h"
 #include "text/letter_case.h"
 
 namespace dralo::driver {
@@ -37,8 +39,8 @@ PostedChanges& ChangesOf(platform::PageContext& page) {
   return static_cast<PostedChanges&>(*memory);
 }
 
-std::shared_ptr<const PostedChange> CarryOut(Render& render) {
-  render.outcome.has_failed_to_save = !editing::UpdateRecord(render);
+std::shared_ptr<const PostedChange> CarryOut(Render& render, platform::Response& response) {
+  if (!RefusesChange(render, response)) render.outcome.has_failed_to_save = !editing::UpdateRecord(render);
   return std::make_shared<PostedChange>(
       PostedChange{.change = render.outcome.change,
                    .has_failed = render.outcome.has_failed_to_save,
@@ -47,6 +49,14 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render) {
                    .status_message = render.outcome.status_message,
                    .errors = render.outcome.errors,
                    .error_detail = render.outcome.error_detail});
+}
+
+/// Of a hardened view a change that is refused counts too: it is told.
+bool IsChangePosted(const Render& render) {
+  if (editing::IsChangePosted(render)) return true;
+  const settings::Settings& settings = render.settings;
+  return settings.Hardened && !settings.EditOptions.empty() &&
+         state::CommandsChange(render.keys.GetRequest(), settings.Tag);
 }
 
 void TakeOutcome(Render& render, const PostedChange& change) {
@@ -61,10 +71,10 @@ void TakeOutcome(Render& render, const PostedChange& change) {
 
 void CarryOutPostedChange(Render& render, platform::PageContext& page) {
   const settings::Settings& settings = render.settings;
-  if (!settings.EditPerformUpdates || !editing::IsChangePosted(render)) return;
+  if (!settings.EditPerformUpdates || !IsChangePosted(render)) return;
   std::shared_ptr<const PostedChange>& change = ChangesOf(page).Of(settings.Tag);
   if (change == nullptr) {
-    change = CarryOut(render);
+    change = CarryOut(render, page.GetResponse());
   } else {
     TakeOutcome(render, *change);
     if (render.outcome.reported_change != change)

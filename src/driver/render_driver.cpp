@@ -8,9 +8,11 @@
 #include <utility>
 
 #include "driver/hardened_frame.h"
+#include "driver/outcome_address.h"
 #include "driver/page_frame.h"
 #include "driver/posted_change.h"
 #include "driver/query.h"
+#include "driver/refused_post.h"
 #include "driver/requested_order.h"
 #include "driver/shown_records.h"
 #include "driver/spreadsheet_download.h"
@@ -18,12 +20,14 @@
 #include "html/html_writer.h"
 #include "settings/field_lists.h"
 #include "state/current_mode.h"
+#include "state/error_log.h"
 #include "state/hidden_state.h"
 #include "state/links.h"
 #include "state/primary_key_value_list.h"
 #include "state/render.h"
 #include "state/request_state.h"
 #include "text/blanks.h"
+#include "views/button_bar.h"
 #include "views/data_grid.h"
 #include "views/form_grid.h"
 
@@ -86,6 +90,10 @@ void SetRows(Render& render, const ShownRecords& records, std::int32_t rows) {
 }
 
 std::int32_t PutGrid(Render& render, const ShownRecords& records) {
+  if (render.settings.Hardened && !render.outcome.status_message.empty()) {
+    views::PutButtonBarStart(render);
+    views::PutButtonBarEnd(render, render.outcome.status_message);
+  }
   PutAddButtonRow(render);
   PutGridTableOpening(render, views::DisplayedGridColumns(render.settings, *records.main));
   std::int32_t rows = 0;
@@ -165,10 +173,17 @@ void OpenRecords(Render& render, ShownRecords& records) {
   }
 }
 
-void RunSteps(Render& render, ShownRecords& records) {
+/// What a form shows is of one visitor: no cache may give it to others.
+void ForbidStoring(const Render& render, platform::Response& response) {
+  if (!render.settings.Hardened || !state::IsForm(render.view.mode)) return;
+  if (response.HasUnsentHeaders()) response.AddHeader("Cache-Control", "no-store");
+}
+
+void RunSteps(Render& render, platform::Response& response, ShownRecords& records) {
   state::ReadRequestState(render);
   TakeRequestedOrder(render);
   SelectView(render);
+  ForbidStoring(render, response);
   records.sql = StatementText(render);
   if (CanCountBeside(render)) records.counting = Counting::kWanted;
   CountRecords(render, render.view.is_counted && records.counting == Counting::kNone);
@@ -177,7 +192,7 @@ void RunSteps(Render& render, ShownRecords& records) {
   PutPage(render, records);
 }
 
-void RenderView(Render& render) {
+void RenderView(Render& render, platform::Response& response) {
   ShownRecords records;
   // Not Guarded(): pages that debug see the statement, whichever it is by then.
   const auto guarded = [&](auto step) {
@@ -187,17 +202,35 @@ void RenderView(Render& render) {
       render.Errors().AddStatement(error.what(), "WriteHTMLTable", records.sql, render.settings.DisplayDebug);
     }
   };
-  guarded([&] { RunSteps(render, records); });
+  guarded([&] { RunSteps(render, response, records); });
   guarded([&] { render.out.Flush(); });  // What was written before a failure stays on the page.
+}
+
+void Receive(Render& render, platform::PageContext& page) {
+  CarryOutPostedChange(render, page);
+  if (render.settings.Hardened) RedirectToOutcome(render, page.GetResponse());
+}
+
+void Answer(Render& render, platform::PageContext& page) {
+  if (render.keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
+  Receive(render, page);
+  TakeOutcomeOfAddress(render);
+  RenderView(render, page.GetResponse());
 }
 
 }  // namespace
 
+void ReceivePost(Render& render, platform::PageContext& page) {
+  const bool is_download = render.keys.WasPressed(key::kToExcel);
+  if (!is_download && PrepareHardenedFrame(render) && AnswersUnderHost(render, page.GetResponse())) {
+    Receive(render, page);
+  }
+  state::LogLines(render.environment, render.outcome.error_detail);
+}
+
 void WriteHtmlTable(Render& render, platform::PageContext& page) {
-  if (!PrepareHardenedFrame(render)) return;
-  if (render.keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
-  CarryOutPostedChange(render, page);
-  RenderView(render);
+  if (PrepareHardenedFrame(render) && AnswersUnderHost(render, page.GetResponse())) Answer(render, page);
+  state::LogLines(render.environment, render.outcome.error_detail);
 }
 
 }  // namespace dralo::driver

@@ -11,4 +11,9 @@ namespace dralo::driver {
 /// page was sent already, are thrown. `render` has what was found until then.
 void WriteHtmlTable(state::Render& render, platform::PageContext& page);
 
+/// Carries out a posted change, unless one was carried out before. Of a hardened view a change that was made
+/// ends the page: the answer is the address that shows what became of it, while headers are unsent. Throws as
+/// WriteHtmlTable() does.
+void ReceivePost(state::Render& render, platform::PageContext& page);
+
 }  // namespace dralo::driver

@@ -8,6 +8,7 @@
 #include "driver/query.h"
 #include "driver/requested_order.h"
 #include "settings/error_report.h"
+#include "state/error_log.h"
 #include "state/request_state.h"
 #include "views/spreadsheet_export.h"
 
@@ -43,6 +44,7 @@ void SendSpreadsheet(state::Render& render, platform::Response& response) {
     state::ReadRequestState(render);
     TakeRequestedOrder(render);
     SendRecords(render, response);
+    state::LogLines(render.environment, render.outcome.error_detail);
     response.End();
     return true;
   });

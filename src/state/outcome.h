@@ -42,7 +42,8 @@ struct Outcome {
   std::string errors = "";        ///< What is added to ErrorMessage.
   std::string error_detail = "";  ///< What is added to ErrorDetail.
 
-  Change change = Change::kNone;    ///< What was changed before anything was shown.
+  Change change = Change::kNone;  ///< What was changed before anything was shown.
+  std::string saved_key = "";  ///< Of a new record, as key::kPrimaryKey carries it; empty when it is unknown.
   bool has_failed_to_save = false;  ///< A posted change was tried and failed.
   bool shows_stored_record =
       false;  ///< What was typed then does not come back: the form shows what is stored.

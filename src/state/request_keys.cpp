@@ -38,7 +38,8 @@ bool RequestKeys::IsReadInForm(std::string_view name) const {
 
 bool RequestKeys::IsReadInQuery(std::string_view name) const {
   if (change_keys_ == ChangeKeys::kAnywhere) return true;
-  return !IsOfChange(name) && !(commands_change_ && text::EqualAscii(name, key::kPrimaryKey));
+  // Each key that addresses a record ends like this.
+  return !IsOfChange(name) && !(commands_change_ && name.ends_with(key::kPrimaryKey));
 }
 
 std::string_view RequestKeys::Value(std::string_view name) const {

@@ -33,6 +33,8 @@ void DbView::OnEndPage() { view_->OnEndPage(); }
 
 void DbView::WriteHtmlTable() { view_->WriteHtmlTable(); }
 
+void DbView::ReceivePost() { view_->ReceivePost(); }
+
 void DbView::QHtmlTable(std::string_view connection_string, std::string_view table_name) {
   view_->QHtmlTable(connection_string, table_name);
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/environment.h"
+
+namespace dralo::state {
+
+/// Passes the lines of ErrorDetail on to the log of the process, each as it stands. What the log throws
+/// passes through.
+void LogLines(const platform::Environment& environment, std::string_view detail);
+
+}  // namespace dralo::state
