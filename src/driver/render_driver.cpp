@@ -179,6 +179,13 @@ void ForbidStoring(const Render& render, platform::Response& response) {
   if (response.HasUnsentHeaders()) response.AddHeader("Cache-Control", "no-store");
 }
 
+/// One for each record and for each column, those to add a record and to the list, and some of templates.
+std::size_t LinksOnPage(const Render& render, const ShownRecords& records) {
+  constexpr std::size_t kOthers = 4;
+  return static_cast<std::size_t>(std::max<std::int32_t>(render.view.records_on_page, 1)) +
+         records.Shown().Fields().size() + kOthers;
+}
+
 void RunSteps(Render& render, platform::Response& response, ShownRecords& records) {
   state::ReadRequestState(render);
   TakeRequestedOrder(render);
@@ -188,6 +195,7 @@ void RunSteps(Render& render, platform::Response& response, ShownRecords& record
   if (CanCountBeside(render)) records.counting = Counting::kWanted;
   CountRecords(render, render.view.is_counted && records.counting == Counting::kNone);
   OpenRecords(render, records);
+  render.links = LinksOnPage(render, records);
   render.state_query_tail = state::StateQueryTail(render);
   PutPage(render, records);
 }

@@ -18,7 +18,7 @@ std::string StateQueryTail(const Render& render) {
       .Put("&{}={}", render.keys(key::kMaxRecords), render.view.page_size)
       .PutIf(settings.PersistentSQL && !settings.Hardened, "&{}={}", render.keys(key::kSql),
              Encoded{render.view.sql});
-  PutPageQueryFields(text, settings, render.keys.GetRequest());
+  PutPageQueryFields(text, settings, render.keys.GetRequest(), render.links);
   return text.Take();
 }
 

@@ -1,5 +1,6 @@
 #include "state/page_fields.h"
 
+#include <algorithm>
 #include <span>
 #include <string_view>
 
@@ -47,6 +48,30 @@ bool IsOfForms(std::string_view name, std::string_view tag) {
   return EndsWith(rest, key::kPrimaryKey) || text::ContainsAscii(rest, "Token");
 }
 
+/// Writes fields as long as there is room for them; those of a plain view always.
+class Room {
+ public:
+  Room(html::HtmlWriter& out, bool is_bounded, std::size_t bytes)
+      : out_(out), is_bounded_(is_bounded), bytes_(bytes) {}
+
+  template <class Put>
+  void Write(const platform::RequestField& field, Put put) {
+    if (!is_bounded_) return put(out_);
+    if (field.name.size() > kMostNameBytes || field.name.size() + field.value.size() > bytes_) return;
+    html::HtmlWriter written;
+    put(written);
+    const std::size_t size = written.Collected().size();
+    if (size > bytes_) return;
+    bytes_ -= size;
+    out_.Write(html::Verbatim{written.Collected()});
+  }
+
+ private:
+  html::HtmlWriter& out_;
+  bool is_bounded_;
+  std::size_t bytes_;  ///< Left.
+};
+
 template <class Visit>
 void ForEachPageField(const settings::Settings& settings, const platform::Request& request, Visit visit) {
   const auto walk = [&](std::span<const platform::RequestField> fields) {
@@ -63,22 +88,28 @@ void ForEachPageField(const settings::Settings& settings, const platform::Reques
 
 void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings,
                        const platform::Request& request) {
+  Room room(out, settings.Hardened, kMostTravellingBytes);
   ForEachPageField(settings, request, [&](const platform::RequestField& field) {
-    // The name is the visitor's as much as the value is.
-    if (settings.Hardened) {
-      out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Text{field.name},
-              html::Text{field.value});
-    } else {
-      out.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Quoted{field.name},
-              html::Quoted{field.value});
-    }
+    room.Write(field, [&](html::HtmlWriter& to) {
+      // The name is the visitor's as much as the value is.
+      if (settings.Hardened) {
+        to.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Text{field.name},
+               html::Text{field.value});
+      } else {
+        to.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Quoted{field.name},
+               html::Quoted{field.value});
+      }
+    });
   });
 }
 
 void PutPageQueryFields(html::HtmlWriter& out, const settings::Settings& settings,
-                        const platform::Request& request) {
+                        const platform::Request& request, std::size_t links) {
+  Room room(out, settings.Hardened, kMostTravellingBytes / std::max<std::size_t>(links, 1));
   ForEachPageField(settings, request, [&](const platform::RequestField& field) {
-    out.Put("&{}={}", html::Encoded{field.name}, html::Encoded{field.value});
+    room.Write(field, [&](html::HtmlWriter& to) {
+      to.Put("&{}={}", html::Encoded{field.name}, html::Encoded{field.value});
+    });
   });
 }
 

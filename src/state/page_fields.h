@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "html/html_writer.h"
 #include "settings/settings.h"
 #include "state/request_keys.h"
@@ -15,11 +17,17 @@ namespace dralo::state {
 ///
 /// A hardened page escapes names and values, and leaves out more: fields of this view in any letter case and
 /// with a tag of any length, and of other views what their forms post, such as keys and inputs.
+/// It leaves out, too, those whose name is longer than kMostNameBytes, and those that do not fit into what is
+/// left of kMostTravellingBytes, as they are written: a request must not become a page many times its size.
 void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings,
                        const platform::Request& request);
 
-/// Writes the same fields as "&name=value" pairs for the query string of links.
+/// Writes the same fields as "&name=value" pairs for the query string of links. Of a hardened view they have
+/// room for all `links` that they are repeated in.
 void PutPageQueryFields(html::HtmlWriter& out, const settings::Settings& settings,
-                        const platform::Request& request);
+                        const platform::Request& request, std::size_t links = 1);
+
+inline constexpr std::size_t kMostNameBytes = 64;
+inline constexpr std::size_t kMostTravellingBytes = std::size_t{64} * 1024;
 
 }  // namespace dralo::state

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ struct Render {
 
   ViewState view = ViewState(settings);
   Outcome outcome = {};
+
+  /// How many links carry what travels in the page, at most.
+  std::size_t links = 1;
 
   /// What the query string of every link carries behind the record number.
   std::string state_query_tail = "";
