@@ -91,6 +91,8 @@ ScriptClass db_view_class = {
     .start_page = [](platform::Object& view) { static_cast<DbView&>(view).OnStartPage(CurrentPage()); },
     .end_page = [](platform::Object& view) { static_cast<DbView&>(view).OnEndPage(); },
     .reading = Entry::kReads,
+    .keeps_secrets =
+        [](const platform::Object& view) { return static_cast<const DbView&>(view).GetSettings().Hardened; },
     .declare =
         [](ScriptClass& registered) {
           DeclareRows<DbView>(registered, component::DbViewProperties());

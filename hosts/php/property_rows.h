@@ -14,6 +14,7 @@ template <class Owner, class Row>
 void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
   for (const Row& row : rows) {
     ScriptProperty property{.name = row.name, .type = row.type, .row = &row};
+    if constexpr (requires { row.is_secret; }) property.is_secret = row.is_secret;
     if (row.get != nullptr) {
       property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
         PutPropertyValue(static_cast<const Row*>(of.row)->get(static_cast<Owner&>(*owner)), of.holds, result);

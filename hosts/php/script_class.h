@@ -33,6 +33,9 @@ struct ScriptProperty {
   /// Whether var_dump() and its like show it.
   bool is_shown = true;
 
+  /// Whether that shows a password unless the object keeps its secrets.
+  bool is_secret = false;
+
   zend_property_info* info = nullptr;
 };
 
@@ -72,6 +75,9 @@ struct ScriptClass {
   /// What reading a property or an entry is to the C++ object. Reading a recordset may move or convert what a
   /// render holds on to.
   Entry reading = Entry::kChanges;
+
+  /// Whether var_dump() and its like keep passwords to themselves; nullptr when they never do.
+  bool (*keeps_secrets)(const platform::Object& object) = nullptr;
 
   /// Declares the properties, once the class is registered; nullptr when it has none.
   void (*declare)(ScriptClass& registered) = nullptr;

@@ -3,6 +3,7 @@
 #include "dralo/error.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/native_object.h"
+#include "hosts/php/values.h"
 
 namespace dralo::php {
 namespace {
@@ -10,17 +11,35 @@ namespace {
 /// Takes one pair of a snapshot. The value becomes the receiver's.
 using Receiver = void (*)(void* context, zval* key, zval* value);
 
+bool KeepsSecrets(zend_object* object) {
+  const auto keeps_secrets = FromZend(object)->script_class->keeps_secrets;
+  return keeps_secrets != nullptr && keeps_secrets(*NativeOf(object));
+}
+
+/// Puts the property's value into `value`, of a secret that is kept one that says so. False when it is not
+/// shown.
+bool Read(zend_object* object, const ScriptProperty& property, bool keeps_secrets, zval* value) {
+  if (property.read == nullptr || !property.is_shown) return false;
+  const bool is_kept = keeps_secrets && property.is_secret;
+  if (is_kept && property.type == component::PropertyType::kObject) return false;
+  try {
+    property.read(property, NativeOf(object), value);
+  } catch (const platform::Error&) {
+    return false;
+  }
+  if (!is_kept || Z_STRLEN_P(value) == 0) return true;
+  CallPhp([&] { zval_ptr_dtor(value); });
+  PutText("***", value);
+  return true;
+}
+
 void VisitProperties(zend_object* object, Receiver receive, void* context) {
+  const bool keeps_secrets = KeepsSecrets(object);
   for (const ScriptProperty& property : FromZend(object)->script_class->properties) {
-    if (property.read == nullptr || !property.is_shown) continue;
     zval key;
     zval value;
     ZVAL_STR(&key, property.info->name);
-    try {
-      property.read(property, NativeOf(object), &value);
-    } catch (const platform::Error&) {
-      continue;
-    }
+    if (!Read(object, property, keeps_secrets, &value)) continue;
     CallPhp([&] { receive(context, &key, &value); });
   }
 }

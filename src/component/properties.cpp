@@ -82,6 +82,11 @@ constexpr Property<DbView> WriteOnly(Property<DbView> row) {
   return row;
 }
 
+constexpr Property<DbView> Secret(Property<DbView> row) {
+  row.is_secret = true;
+  return row;
+}
+
 constexpr Property<DbView> kCurrentMode{
     .name = "CurrentMode",
     .type = PropertyType::kText,
@@ -103,9 +108,9 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::EditSqlParameters>("EditSqlParameters", kReadWrite, "Values for the ? of EditSQL."),
   Row<&S::DeleteSqlParameters>("DeleteSqlParameters", kReadWrite, "Values for the ? of DeleteSQL."),
   Row<&S::PersistentSQL>("PersistentSQL", kReadWrite, "Carries the text of sql in the page, so that later requests use it."),
-  Row<&S::StoredProcCommand, settings::SetStoredProcCommand>("StoredProcCommand", kReadWrite, "A prepared command that is run instead of an SQL text.", "ADODB.Command"),
-  Row<&S::ConnectionString, settings::SetConnectionString>("ConnectionString", kReadWrite, "Connects to a database at once, on a new connection of the view's own."),
-  Row<&S::DrConnection, settings::SetDrConnection>("DrConnection", kReadWrite, "A connection that several views share.", "Dralo.DBConnection"),
+  Secret(Row<&S::StoredProcCommand, settings::SetStoredProcCommand>("StoredProcCommand", kReadWrite, "A prepared command that is run instead of an SQL text.", "ADODB.Command")),
+  Secret(Row<&S::ConnectionString, settings::SetConnectionString>("ConnectionString", kReadWrite, "Connects to a database at once, on a new connection of the view's own.")),
+  Secret(Row<&S::DrConnection, settings::SetDrConnection>("DrConnection", kReadWrite, "A connection that several views share.", "Dralo.DBConnection")),
   WriteOnly(Row<&S::ADORecordset, settings::SetAdoRecordset>("ADORecordset", kWriteOnly, "An open recordset that is shown instead of a query; switches CountRecords off.", "ADODB.Recordset")),
   Row<&S::Language, settings::SetLanguage>("Language", kReadWrite, "The interface language: \"ENG\", \"GER\" or \"NOR\" in capitals; other codes are ignored."),
   Row<&S::Tag>("Tag", kReadWrite, "One character that tells several views on a page apart; it is part of every request key and element id."),

@@ -46,6 +46,9 @@ struct Property {
 
   /// For object properties the programmatic identifier of the class they hold; else empty.
   std::string_view object_class = {};
+
+  /// Whether it shows or leads to a password: what dumps of a hardened view keep to themselves.
+  bool is_secret = false;
 };
 
 /// A property that takes a column or field number: read as owner.Name(index), set as owner.Name(index) =
