@@ -311,6 +311,9 @@ final class DbView
     /** Attributes of a column's header cell; column 0 is the record number. */
     public readonly IndexedProperty $GridColHeadAttributes;
 
+    /** What a column of the form must hold, such as required,min=0,max=100; empty for anything. */
+    public readonly IndexedProperty $EditRules;
+
     /** The value at a position, from 1, of the record that was shown last, of a grid its first; empty while a record is being added. */
     public function CurrentRecord(int $Index): mixed {}
 
@@ -325,6 +328,9 @@ final class DbView
 
     /** Attributes of a column's header cell; column 0 is the record number. With a text it is set first. */
     public function GridColHeadAttributes(int $Index, ?string $Text = null): string {}
+
+    /** What a column of the form must hold, such as required,min=0,max=100; empty for anything. With a text it is set first. */
+    public function EditRules(int $Index, ?string $Text = null): string {}
 
     /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
     public function WriteHtmlTable(): void {}

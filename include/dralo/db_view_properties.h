@@ -295,6 +295,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Attributes of a column's header cell; column 0 is the record number.
   std::string GridColHeadAttributes(std::int16_t number) { return TextAt("GridColHeadAttributes", number); }
   void SetGridColHeadAttributes(std::int16_t number, std::string_view text) { SetAt("GridColHeadAttributes", number, text); }
+  /// What a column of the form must hold, such as required,min=0,max=100; empty for anything.
+  std::string EditRules(std::int16_t number) { return TextAt("EditRules", number); }
+  void SetEditRules(std::int16_t number, std::string_view text) { SetAt("EditRules", number, text); }
 };
 // clang-format on
 

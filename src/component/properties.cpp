@@ -222,6 +222,18 @@ constexpr IndexedProperty ColumnRow(std::string_view name, std::string_view doc)
                     std::string_view text) { Set(view.MutableSettings(), column, text); }};
 }
 
+constexpr IndexedProperty kEditRules{
+    .name = "EditRules",
+    .access = kReadWrite,
+    .doc = "What a column of the form must hold, such as required,min=0,max=100; empty for anything.",
+    .get = [](DbView& view, std::int16_t column) -> platform::Variant {
+      const auto& rules = view.GetSettings().EditRules;
+      const auto found = rules.find(column);
+      return found == rules.end() ? std::string() : found->second;
+    },
+    .set = [](DbView& view, std::int16_t column,
+              std::string_view text) { settings::SetEditRules(view.MutableSettings(), column, text); }};
+
 // clang-format off
 constexpr auto kIndexedProperties = std::to_array<IndexedProperty>({
   {.name = "CurrentRecord", .access = kReadOnly,
@@ -232,6 +244,7 @@ constexpr auto kIndexedProperties = std::to_array<IndexedProperty>({
   ColumnRow<settings::GridFormatCellFunction, settings::SetGridFormatCellFunction>("GridFormatCellFunction", "The format function of a column's cells, such as FORMATNUMBER,2."),
   ColumnRow<settings::GridColAttributes, settings::SetGridColAttributes>("GridColAttributes", "Attributes of a column's data cells; column 0 is the record number."),
   ColumnRow<settings::GridColHeadAttributes, settings::SetGridColHeadAttributes>("GridColHeadAttributes", "Attributes of a column's header cell; column 0 is the record number."),
+  kEditRules,
 });
 // clang-format on
 

@@ -18,7 +18,9 @@ void NoteChanges(state::Render& render, platform::Recordset& record) {
     ++column;
     const bool has_digest = settings::IsFormFieldShown(render.settings, field->Name(), column) &&
                             field->Type() != platform::TypeCode::kLongVarBinary;
-    if (has_digest && check.HasChanged(*field)) render.outcome.field_notes.push_back(check.Note(*field));
+    // The digest of the note is not used: the form shows what is stored.
+    if (has_digest && check.HasChanged(*field))
+      render.outcome.field_notes.push_back(check.Note(*field, false));
   }
 }
 

@@ -11,6 +11,7 @@
 
 #include "dralo/error.h"
 #include "editing/conflict_check.h"
+#include "editing/edit_rules.h"
 #include "editing/field_value.h"
 #include "editing/outcome.h"
 #include "editing/posted_field.h"
@@ -60,12 +61,14 @@ class CheckedFields {
     if (key_ != nullptr) schema.type = field.Type();
     const NewKey made = key_ == nullptr ? MakeNewKey(render_, schema.name) : NewKey{};
     if (made.is_left_to_database || schema.type == TypeCode::kLongVarBinary) return;
+    const EditRules rules = RulesOfColumn(settings_, static_cast<int>(index) + 1);
+    schema.is_iso_day = rules.is_day;
     const auto posted = inputs_.Posted(schema.name);
     if (!made.value && IsLeftAlone(schema, field, index, posted)) return;
 
     std::string_view text = made.value ? std::string_view(*made.value) : posted.value_or("");
     if (made.value || IsSelect(settings_, schema.name)) text = AsOfBox(schema.type, text);
-    Store(schema, field, text);
+    if (Store(schema, field, text) && !made.value) CheckRules(rules, field, text);
   }
 
   bool IsLeftAlone(const SchemaField& schema, platform::Field& field, std::size_t index,
@@ -78,21 +81,29 @@ class CheckedFields {
     if (!conflicts_) return IsShownAsPosted(render_, schema, field, posted.value_or(""));
     const auto finding = conflicts_->Compare(schema, field, posted);
     if (finding == ConflictCheck::Finding::kConflict) {
-      render_.outcome.field_notes.push_back(conflicts_->Note(field));
+      render_.outcome.field_notes.push_back(conflicts_->Note(field, schema.is_iso_day));
     }
     return finding != ConflictCheck::Finding::kTouched;
   }
 
-  void Store(const SchemaField& schema, platform::Field& field, std::string_view text) {
+  bool Store(const SchemaField& schema, platform::Field& field, std::string_view text) {
     auto value = FieldValue(render_.Regional(), schema, text);
     if (const auto* refusal = std::get_if<Refusal>(&value)) {
-      return Note(schema.name, settings_.language_tables->refusals[SlotOf(*refusal)]);
+      Note(schema.name, settings_.language_tables->refusals[SlotOf(*refusal)]);
+      return false;
     }
     try {
       field.SetValue(std::get<platform::Variant>(value));
+      return true;
     } catch (const platform::Error& error) {
       Note(schema.name, error.what());
+      return false;
     }
+  }
+
+  void CheckRules(const EditRules& rules, platform::Field& field, std::string_view text) {
+    std::string broken = BrokenRule(render_, rules, text, field.Value(), today_);
+    if (!broken.empty()) Note(field.Name(), std::move(broken));
   }
 
   void Note(std::string_view field, std::string message) {
@@ -118,12 +129,15 @@ class CheckedFields {
   const PostedKey* key_;
   const std::vector<std::string> key_names_ = KeyNames(settings_);
   const state::FieldInputs inputs_{render_.keys};
+  const platform::DateTime today_ = Today();
   std::optional<ConflictCheck> conflicts_;
 };
 
 }  // namespace
 
-bool ChecksAllFields(const settings::Settings& settings) { return DetectsConflicts(settings); }
+bool ChecksAllFields(const settings::Settings& settings) {
+  return DetectsConflicts(settings) || !settings.EditRules.empty();
+}
 
 bool AssignToNewRecord(state::Render& render, const QuerySchema& schema, platform::Recordset& recordset) {
   return CheckedFields(render, schema, recordset, nullptr).Run();

@@ -23,7 +23,8 @@ bool DetectsConflicts(const settings::Settings& settings) {
   return settings.EditDetectConflicts || settings.Hardened;
 }
 
-FieldDigest DigestOfField(const state::Render& render, std::string_view record_key, platform::Field& field) {
+FieldDigest DigestOfField(const state::Render& render, std::string_view record_key, platform::Field& field,
+                          bool is_iso_day) {
   const platform::TypeCode type = field.Type();
   const platform::VariantView value = field.Value();
   std::string scratch;
@@ -31,7 +32,7 @@ FieldDigest DigestOfField(const state::Render& render, std::string_view record_k
           .text = IsBox(render.settings, type, field.Name())
                       ? DigestOfTick(IsTicked(value))
                       : DigestOfControl(render.settings, type, field.Name(),
-                                        ControlText(render, field, scratch))};
+                                        ControlText(render, field, is_iso_day, scratch))};
 }
 
 ConflictCheck::ConflictCheck(const state::Render& render, platform::Recordset& recordset)
@@ -64,12 +65,12 @@ bool ConflictCheck::HasChanged(platform::Field& field) {
   return !digest || digest->value != DigestOfValue(record_key_, field.Name(), field.Type(), field.Value());
 }
 
-state::FieldNote ConflictCheck::Note(platform::Field& field) {
+state::FieldNote ConflictCheck::Note(platform::Field& field, bool is_iso_day) {
   std::string scratch;
   return {.field = std::string(field.Name()),
           .message = render_.settings.language_tables->refusals[settings::kChangedMeanwhile],
           .newer_value = std::string(ControlText(render_, field, scratch)),
-          .digest = DigestText(DigestOfField(render_, record_key_, field))};
+          .digest = DigestText(DigestOfField(render_, record_key_, field, is_iso_day))};
 }
 
 }  // namespace dralo::editing

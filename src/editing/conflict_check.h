@@ -17,7 +17,9 @@ namespace dralo::editing {
 bool DetectsConflicts(const settings::Settings& settings);
 
 /// The digest of a field as the edit form of the record of that key shows it.
-FieldDigest DigestOfField(const state::Render& render, std::string_view record_key, platform::Field& field);
+/// `is_iso_day` is that of its control.
+FieldDigest DigestOfField(const state::Render& render, std::string_view record_key, platform::Field& field,
+                          bool is_iso_day);
 
 /// Compares a posted form with the record on which a recordset stands: what has the visitor touched, and what
 /// has somebody else changed since the form was made?
@@ -39,7 +41,7 @@ class ConflictCheck {
   bool HasChanged(platform::Field& field);
 
   /// What the form says about a conflict: the value that stands there now, with its digest.
-  state::FieldNote Note(platform::Field& field);
+  state::FieldNote Note(platform::Field& field, bool is_iso_day);
 
  private:
   std::optional<FieldDigest> Posted(std::string_view field_name) const;

@@ -6,6 +6,7 @@
 
 #include "cells/standard_text.h"
 #include "text/boolean_text.h"
+#include "text/iso_date.h"
 #include "text/letter_case.h"
 #include "text/utf8.h"
 
@@ -60,6 +61,19 @@ std::string_view ControlText(const state::Render& render, platform::Field& field
     if (const auto* flag = std::get_if<bool>(&value)) return text::BooleanText(*flag);
   }
   return cells::ReadRawText(render.Regional(), field, scratch);
+}
+
+std::string_view ControlText(const state::Render& render, platform::Field& field, bool is_iso_day,
+                             std::string& scratch) {
+  if (is_iso_day) {
+    const platform::VariantView value = field.Value();
+    if (const auto* day = std::get_if<platform::DateTime>(&value)) {
+      scratch.clear();
+      text::PutDate(*day, scratch);
+      return scratch;
+    }
+  }
+  return ControlText(render, field, scratch);
 }
 
 std::string_view ControlText(const state::Render& render, platform::TypeCode type,

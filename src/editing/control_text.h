@@ -16,6 +16,10 @@ namespace dralo::editing {
 /// when the value cannot be read; a memo that cannot be read is "".
 std::string_view ControlText(const state::Render& render, platform::Field& field, std::string& scratch);
 
+/// The same; `is_iso_day` says that the control holds the day of a date alone, in ISO form.
+std::string_view ControlText(const state::Render& render, platform::Field& field, bool is_iso_day,
+                             std::string& scratch);
+
 /// The same for a value of a field of that type which is not in a record.
 std::string_view ControlText(const state::Render& render, platform::TypeCode type,
                              const platform::VariantView& value, std::string& scratch);

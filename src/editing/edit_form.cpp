@@ -81,8 +81,8 @@ void EditForm::PutButtonBar() {
   PutStateInputs();
   PutSaveButton();
   if (!settings_.edit.skips_view) {
-    out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
-             render_.keys(key::kFormView), Caption(settings::kClose));
+    out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}"{}>)", ButtonClass(),
+             render_.keys(key::kFormView), Caption(settings::kClose), views::WithoutRules(render_));
   }
   if (!fields_.AddsRecord()) {
     views::PutAddButton(render_);
@@ -126,7 +126,8 @@ void EditForm::PutDeleteButton() {
            Verbatim{settings_.Tag}, render_.keys(key::kFormEdit))
       .PutIf(!settings_.EditConfirmDeleteString.empty(), "return confirm('{}');",
              Verbatim{settings_.EditConfirmDeleteString})
-      .Put(R"(" name="{}" value="{}">)", render_.keys(key::kFormDelete), Caption(settings::kDelete));
+      .Put(R"(" name="{}" value="{}"{}>)", render_.keys(key::kFormDelete), Caption(settings::kDelete),
+           views::WithoutRules(render_));
 }
 
 /// The script that asks gives the button the name of one that has been asked for.

@@ -9,6 +9,7 @@
 #include "editing/control_text.h"
 #include "editing/field_digest.h"
 #include "editing/lookup_select.h"
+#include "editing/rule_attributes.h"
 #include "platform/field_kind.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
@@ -52,11 +53,15 @@ FormEditFields::FormEditFields(state::Render& render)
     : render_(render), out_(render.out), inputs_(render.keys), digests_(render.keys, state::key::kDigest) {}
 
 void FormEditFields::GetFormEditField(platform::Field& field, int index) {
-  Guarded(field, [&] { Put(Read(field, settings::IsFieldReadOnly(render_.settings, field.Name(), index))); });
+  Guarded(field, [&] {
+    rules_ = RulesOfColumn(render_.settings, index + 1);
+    Put(Read(field, settings::IsFieldReadOnly(render_.settings, field.Name(), index)));
+  });
 }
 
 void FormEditFields::PutHidden(platform::Field& field) {
   Guarded(field, [&] {
+    rules_ = {};
     PutHiddenInput(Read(field, true));
     out_.Put("\r\n");
   });
@@ -83,7 +88,7 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
     // Ticked boxes post anything; in place of a disabled one stands its value.
     control.is_ticked = is_read_only ? text::TrimBlanks(posted) == text::BooleanText(true) : !posted.empty();
   } else if (!AddsRecord()) {
-    control.text = ControlText(render_, field, text_);
+    control.text = ControlText(render_, field, rules_.is_day, text_);
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
   }
   if (record_key_) control.digest = Digest(field);
@@ -116,7 +121,7 @@ void FormEditFields::Put(const Control& control) {
 /// value, which nobody has seen, unless that stands beside it.
 std::string_view FormEditFields::Digest(platform::Field& field) {
   if (!render_.outcome.ShowsPosted()) {
-    digest_ = DigestText(DigestOfField(render_, *record_key_, field));
+    digest_ = DigestText(DigestOfField(render_, *record_key_, field, rules_.is_day));
     return digest_;
   }
   for (const state::FieldNote& note : render_.outcome.field_notes) {
@@ -160,8 +165,10 @@ void FormEditFields::PutByType(const Control& control) {
 }
 
 void FormEditFields::PutTextarea(const Control& control) {
-  out_.Put(R"(<textarea cols=60 rows=5 {}{}id="{}" name="{}">)", control.Disabled(),
+  out_.Put(R"(<textarea cols=60 rows=5 {}{}id="{}" name="{}")", control.Disabled(),
            Class(render_, R"(class="DraloTextArea" )"), control.name, control.name);
+  PutTextRules(out_, rules_);
+  out_.Put(">");
   state::PutInTextarea(out_, render_, control.text);
   out_.Put("</textarea>");
 }
@@ -173,22 +180,27 @@ void FormEditFields::PutCheckbox(const Control& control) {
 }
 
 void FormEditFields::PutDateInput(const Control& control) {
-  out_.Put(R"(<input {}{}size=22 maxlength=25 type="text" id="{}" name="{}" value=")", control.Disabled(),
-           Class(render_, R"(class="DraloInput" )"), control.name, control.name);
+  out_.Put(R"(<input {}{}size=22 maxlength=25 type="{}" id="{}" name="{}" value=")", control.Disabled(),
+           Class(render_, R"(class="DraloInput" )"), Verbatim{rules_.is_day ? "date" : "text"}, control.name,
+           control.name);
   state::PutInAttribute(out_, render_, control.text);
-  out_.Put(R"(">)");
+  out_.Put(R"(")");
+  PutDayRules(out_, rules_);
+  out_.Put(">");
 }
 
 void FormEditFields::PutTextInput(const Control& control) {
   constexpr std::int64_t kNumberSize = 20;
   const bool is_number = platform::IsNumericFieldType(control.type);
-  const std::int64_t max_length = is_number ? kNumberSize : control.defined_size;
+  const std::int64_t max_length = MaxLength(rules_, is_number ? kNumberSize : control.defined_size);
   const std::int64_t room = is_number ? 0 : 2;
   const std::int64_t size = max_length > 0 ? std::min(max_length, kWidestInput - room) + room : kWidestInput;
   out_.Put(R"(<input {}{}size={} type="text" id="{}" name="{}" value=")", control.Disabled(),
            Class(render_, R"(class="DraloInput" )"), size, control.name, control.name);
   state::PutInAttribute(out_, render_, control.text);
-  out_.Put(R"(" maxlength=")").PutIf(max_length > 0, "{}", max_length).Put(R"(">)");
+  out_.Put(R"(" maxlength=")").PutIf(max_length > 0, "{}", max_length).Put(R"(")");
+  PutInputRules(out_, rules_, control.type);
+  out_.Put(">");
 }
 
 void FormEditFields::PutHiddenInput(const Control& control) {

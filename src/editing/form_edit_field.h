@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "dralo/field.h"
+#include "editing/edit_rules.h"
 #include "html/html_writer.h"
 #include "state/field_inputs.h"
 #include "state/render.h"
@@ -59,6 +60,7 @@ class FormEditFields {
   state::FieldInputs inputs_;
   state::FieldInputs digests_;
   std::optional<std::string> record_key_;  ///< Of forms that carry digests.
+  EditRules rules_;                        ///< Of the current control.
   std::string text_;                       ///< For the text of the current control.
   std::string digest_;                     ///< For its digest.
   html::HtmlWriter field_name_;            ///< For the name of the current control.

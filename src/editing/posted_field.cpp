@@ -29,7 +29,7 @@ bool IsShownAsPosted(const state::Render& render, const SchemaField& schema, pla
     return !posted.empty() && IsTicked(value) == !AsOfBox(schema.type, posted).empty();
   }
   std::string scratch;
-  return IsUntouched(posted, ControlText(render, field, scratch),
+  return IsUntouched(posted, ControlText(render, field, schema.is_iso_day, scratch),
                      !is_select && !platform::IsMemoFieldType(schema.type));
 }
 

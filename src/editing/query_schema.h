@@ -20,6 +20,7 @@ struct SchemaField {
   platform::TypeCode type{};
   bool is_nullable = false;
   platform::KeyComparison comparison = nullptr;
+  bool is_iso_day = false;  ///< Its control holds a day in ISO form, as a rule of the page asks.
 };
 
 /// What the columns of a statement are, in their order.

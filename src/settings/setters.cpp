@@ -81,6 +81,11 @@ void SetEditOptions(Settings& settings, std::string_view value) {
                    .skips_view = has("NOVIEW")};
 }
 
+void SetEditRules(Settings& settings, std::int16_t column, std::string_view rules) {
+  settings.EditRules.erase(column);
+  if (!text::IsBlank(rules)) settings.EditRules.emplace(column, rules);
+}
+
 void SetTableTag(Settings& settings, std::string_view value) {
   settings.TableTag = text::ContainsAscii(value, "CELLSPACING") ? "" : R"(cellspacing="0" )";
   settings.TableTag += value;

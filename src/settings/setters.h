@@ -24,6 +24,9 @@ void SetFormSql(Settings& settings, std::string value);
 /// Stored in capitals and trimmed; "ALL" brings " ADD UPDATE DELETE" with it.
 void SetEditOptions(Settings& settings, std::string_view value);
 
+/// An empty text takes the column's rules away.
+void SetEditRules(Settings& settings, std::int16_t column, std::string_view rules);
+
 /// Gets cellspacing="0" in front when it has none; its width becomes Width when that is empty.
 void SetTableTag(Settings& settings, std::string_view value);
 

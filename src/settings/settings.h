@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -148,6 +149,7 @@ struct Settings {
   std::string EditConfirmDeleteString = "";
   std::string EditFieldsReadOnly = "";
   bool EditDetectConflicts = false;
+  std::map<std::int16_t, std::string> EditRules;  ///< By the number of the column, from 1.
   std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
   LookupList lookups;  ///< What AddEditLookup added.
 

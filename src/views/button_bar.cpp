@@ -10,13 +10,19 @@ void PutButtonBarStart(const state::Render& render) {
       .Put(">");
 }
 
+Verbatim WithoutRules(const state::Render& render) {
+  const bool is_edited =
+      render.view.mode == state::Mode::kFormEdit || render.view.mode == state::Mode::kFormAdd;
+  return {is_edited && !render.settings.EditRules.empty() ? " formnovalidate" : ""};
+}
+
 void PutAddButton(const state::Render& render) {
   const settings::Settings& settings = render.settings;
   if (!settings.edit.add) return;
   render.out.Put("&nbsp;<input")
       .PutIf(settings.UseCSS, R"( class="DraloInputBtn")")
-      .Put(R"( type="submit" name="{}" value="{}">)", render.keys(state::key::kFormAdd),
-           Verbatim{settings.language_tables->buttons[settings::kAdd]});
+      .Put(R"( type="submit" name="{}" value="{}"{}>)", render.keys(state::key::kFormAdd),
+           Verbatim{settings.language_tables->buttons[settings::kAdd]}, WithoutRules(render));
 }
 
 void PutButtonBarEnd(const state::Render& render, std::string_view message) {

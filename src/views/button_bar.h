@@ -9,6 +9,10 @@ namespace dralo::views {
 /// Opens the row of buttons above a record, in the one-record view and in the edit form.
 void PutButtonBarStart(const state::Render& render);
 
+/// The attribute of buttons that do not save: without it browsers would keep a visitor in a form that breaks
+/// a rule of EditRules.
+html::Verbatim WithoutRules(const state::Render& render);
+
 /// Writes the button that asks for the add form, when EditOptions allows adding.
 void PutAddButton(const state::Render& render);
 

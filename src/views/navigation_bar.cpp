@@ -4,6 +4,7 @@
 #include "state/links.h"
 #include "text/blanks.h"
 #include "text/list.h"
+#include "views/button_bar.h"
 
 namespace dralo::views {
 namespace {
@@ -31,9 +32,9 @@ void PutButton(html::HtmlWriter& out, const state::Render& render, const Button&
     out.Put(R"(<img src="{}{}d.gif" border="0">)", image_dir, Verbatim{button.image});
     return;
   }
-  out.Put(R"(<input type="image" src="{}{}.gif" name="{}" border="0" title="{} {}" > )", image_dir,
+  out.Put(R"(<input type="image" src="{}{}.gif" name="{}" border="0" title="{} {}"{} > )", image_dir,
           Verbatim{button.image}, render.keys(button.key), Text(render, button.title),
-          Text(render, SpeaksOfRecords(render) ? settings::kRecord : settings::kPage));
+          Text(render, SpeaksOfRecords(render) ? settings::kRecord : settings::kPage), WithoutRules(render));
 }
 
 void PutButtons(html::HtmlWriter& out, const state::Render& render, std::int32_t last_record) {
@@ -110,8 +111,8 @@ std::string NavigationBar(const state::Render& render, int column_span, std::str
     out.Put(R"(">{}</a>)", Text(render, settings::kList));
   }
   out.PutIf(render.settings.DisplayExcelIcon,
-            R"(&nbsp;<input title="Excel export" type="image" name="{}" border=0 src="{}excel.gif">)",
-            render.keys(state::key::kToExcel), Verbatim{render.settings.ImageDir});
+            R"(&nbsp;<input title="Excel export" type="image" name="{}" border=0 src="{}excel.gif"{}>)",
+            render.keys(state::key::kToExcel), Verbatim{render.settings.ImageDir}, WithoutRules(render));
   out.Put("</td>\r\n</tr></table></th></tr>\r\n");
   return out.Take();
 }

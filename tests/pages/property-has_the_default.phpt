@@ -111,6 +111,7 @@ GridFreeFormatCellByCol Dralo\IndexedProperty
 GridFormatCellFunction Dralo\IndexedProperty
 GridColAttributes Dralo\IndexedProperty
 GridColHeadAttributes Dralo\IndexedProperty
+EditRules Dralo\IndexedProperty
 == DBConnection
 Connection Dralo\Connection
 DatabaseEngine "ORACLE"

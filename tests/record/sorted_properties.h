@@ -22,6 +22,7 @@ auto SortedByName(const Rows& rows) {
 inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "DeleteSqlParameters",
     "EditDetectConflicts",
+    "EditRules",
     "EditSqlParameters",
     "FormSqlParameters",
     "GridColsHtml",
@@ -30,19 +31,22 @@ inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "SqlParameters",
 });
 
+template <class Rows>
+auto UsedByName(const Rows& rows) {
+  auto used = SortedByName(rows);
+  std::erase_if(used, [](const auto* row) {
+    return std::ranges::find(kUnusedProperties, row->name) != kUnusedProperties.end();
+  });
+  return used;
+}
+
 inline const auto& SortedViewProperties() {
-  static const auto sorted = [] {
-    auto rows = SortedByName(ViewProperties());
-    std::erase_if(rows, [](const auto* row) {
-      return std::ranges::find(kUnusedProperties, row->name) != kUnusedProperties.end();
-    });
-    return rows;
-  }();
+  static const auto sorted = UsedByName(ViewProperties());
   return sorted;
 }
 
 inline const auto& SortedIndexedProperties() {
-  static const auto sorted = SortedByName(IndexedProperties());
+  static const auto sorted = UsedByName(IndexedProperties());
   return sorted;
 }
 

@@ -171,7 +171,7 @@ class FormReader {
     if (type == "checkbox" && !element.Has("value")) value = "on";
     const bool is_posted = type == "submit"     ? !button_.empty() && element["name"] == button_
                            : type == "checkbox" ? element.Has("checked")
-                                                : type == "text" || type == "hidden";
+                                                : type == "text" || type == "date" || type == "hidden";
     if (is_posted) Add(element, std::move(value));
   }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -23,7 +24,7 @@ using Form = std::vector<platform::RequestField>;
 class SharedForm {
  public:
   explicit SharedForm(std::string_view statements = kCustomers) : database(statements) {
-    connection_->Connection()->Open(database.ConnectionString());
+    connection->Connection()->Open(database.ConnectionString());
   }
 
   /// The page that `form` leads to.
@@ -32,7 +33,7 @@ class SharedForm {
     page.form = form;
     component::DbView view(environment);
     view.OnStartPage(page);
-    view.Set("DrConnection", platform::ObjectPtr(connection_));
+    view.Set("DrConnection", platform::ObjectPtr(connection));
     view.Set("EditSQL", std::string("SELECT * FROM T"));
     view.Set("sql", std::string("SELECT * FROM T"));
     view.Set("EditPrimaryKeys", std::string("ID"));
@@ -40,11 +41,15 @@ class SharedForm {
     view.Set("DeleteSQL", std::string("DELETE FROM T"));
     view.Set("EditDetectConflicts", true);
     for (const auto& [name, value] : settings) view.Set(name, value);
+    configure(view);
     view.WriteHtmlTable();
     error = view.GetSettings().ErrorMessage;
     view.OnEndPage();
     return page.body;
   }
+
+  /// The add form.
+  std::string OpenNew() { return Page({{"Morvu1FormDisplay", "formOneRec"}, {"Morvu1FormAdd", "1"}}); }
 
   /// The edit form of the record of that key.
   std::string Open(std::string_view key = "1", platform::Environment& environment = AmericanEnvironment()) {
@@ -55,10 +60,9 @@ class SharedForm {
 
   TemporaryDatabase database;
   std::vector<std::pair<std::string, component::PropertyValue>> settings;
+  std::function<void(component::DbView&)> configure = [](component::DbView&) {};
   std::string error;
-
- private:
-  std::shared_ptr<component::DBConnection> connection_ =
+  std::shared_ptr<component::DBConnection> connection =
       std::make_shared<component::DBConnection>(AmericanEnvironment());
 };
 
