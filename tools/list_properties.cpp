@@ -60,6 +60,8 @@ std::string_view TypeName(PropertyType type) {
       return "long";
     case PropertyType::kList:
       return "list";
+    case PropertyType::kHandler:
+      return "function";
     case PropertyType::kObject:
       break;
   }

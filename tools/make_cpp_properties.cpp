@@ -20,12 +20,14 @@ constexpr std::string_view kViewHead = R"(#pragma once
 // Printed by make_cpp_properties from the property tables: do not edit.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "dralo/change.h"
 #include "dralo/command.h"
 #include "dralo/db_connection.h"
 #include "dralo/property_owner.h"
@@ -86,6 +88,8 @@ Spelling SpellingOf(PropertyType type, std::string_view object_class) {
       return {"std::int32_t", "std::int32_t"};
     case PropertyType::kList:
       return {"std::vector<Variant>", "std::vector<Variant>"};
+    case PropertyType::kHandler:
+      return {"", "std::function<void(Change&)>"};
     case PropertyType::kObject:
       break;
   }
@@ -117,10 +121,13 @@ void PrintProperties(std::span<const dralo::component::Property<Owner>> rows) {
     const std::string name = FunctionName(row.name);
     const std::string getter =
         Joined({"  ", read, " ", name, "() const { return Typed<", read, ">(\"", row.name, "\"); }\n"});
+    const std::string_view value = row.type == PropertyType::kHandler ? "MakeHandler(std::move(value))"
+                                   : row.type == PropertyType::kList  ? "std::move(value)"
+                                                                      : "value";
     const std::string setter =
-        Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name,
-                row.type == PropertyType::kList ? "\", std::move(value)); }\n" : "\", value); }\n"});
-    PrintFunctions(row.doc, row.get == nullptr ? "" : getter, row.set == nullptr ? "" : setter);
+        Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name, "\", ", value, "); }\n"});
+    PrintFunctions(row.doc, row.get == nullptr || read.empty() ? "" : getter,
+                   row.set == nullptr ? "" : setter);
   }
 }
 

@@ -155,6 +155,29 @@ constexpr std::string_view kIndexedPropertyClass = R"(
 final class IndexedProperty implements \ArrayAccess
 {)";
 
+constexpr std::string_view kChangeClass = R"(
+/** What a visitor is about to do to a record, or has just done: given to OnSave, OnSaved and OnDelete, and over when they return. */
+final class Change
+{
+    /** insert, update or delete. */
+    public readonly string $Operation;
+
+    /** The key fields by name; none of a record that is not inserted yet. */
+    public readonly array $Key;
+
+    /** The fields as they are stored, by name; none of an insert. */
+    public readonly array $Old;
+
+    /** The fields as they will be stored, by name; none of a delete. */
+    public readonly array $Values;
+
+    /** Stores another value, also in a field that the form does not show. */
+    public function Set(string $Field, mixed $Value): void {}
+
+    /** Nothing is written, and the message stands beside the field; "" is for the whole record. */
+    public function Refuse(string $Field, string $Message): void {}
+)";
+
 constexpr std::string_view kFieldsClass = R"(
 /**
  * The columns of a recordset, by name in any letter case or by position from 0.
@@ -184,6 +207,8 @@ std::string PhpType(PropertyType type, std::string_view object_class) {
       return "int";
     case PropertyType::kList:
       return "array";
+    case PropertyType::kHandler:
+      return "mixed";
     case PropertyType::kObject:
       break;
   }
@@ -229,7 +254,8 @@ void PrintViewClasses() {
   PrintIndexedProperties();
   std::cout << kViewMethods << kEndOfClass << kDBConnectionClass;
   PrintProperties(dralo::component::DBConnectionProperties());
-  std::cout << kEndOfClass << kIndexedPropertyClass << kListMethods << kEndOfClass;
+  std::cout << kEndOfClass << kIndexedPropertyClass << kListMethods << kEndOfClass << kChangeClass
+            << kEndOfClass;
 }
 
 void PrintDatabaseClasses() {

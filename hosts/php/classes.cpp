@@ -22,6 +22,7 @@ constexpr auto kClasses = std::to_array<ScriptClass*>({
     &field_class,
     &parameters_class,
     &indexed_property_class,
+    &change_class,
 });
 
 void ThrowWhyNotHere() { zend_throw_exception(exception_class, WhyNotHere().c_str(), 0); }

@@ -278,6 +278,15 @@ final class DbView
     /** Refuses to overwrite what somebody else has changed since the form was opened; Hardened does so too. */
     public bool $EditDetectConflicts;
 
+    /** A function that is given each change before it is written: it can set other values and refuse the change. */
+    public mixed $OnSave;
+
+    /** A function that is given each change when it is written, in the same transaction. */
+    public mixed $OnSaved;
+
+    /** A function that is given each delete before it is carried out: it can refuse it. */
+    public mixed $OnDelete;
+
     /** HTML beside required fields. */
     public string $RequiredFieldIndicator;
 
@@ -371,6 +380,28 @@ final class IndexedProperty implements \ArrayAccess
     public function offsetSet(mixed $offset, mixed $value): void {}
 
     public function offsetUnset(mixed $offset): void {}
+}
+
+/** What a visitor is about to do to a record, or has just done: given to OnSave, OnSaved and OnDelete, and over when they return. */
+final class Change
+{
+    /** insert, update or delete. */
+    public readonly string $Operation;
+
+    /** The key fields by name; none of a record that is not inserted yet. */
+    public readonly array $Key;
+
+    /** The fields as they are stored, by name; none of an insert. */
+    public readonly array $Old;
+
+    /** The fields as they will be stored, by name; none of a delete. */
+    public readonly array $Values;
+
+    /** Stores another value, also in a field that the form does not show. */
+    public function Set(string $Field, mixed $Value): void {}
+
+    /** Nothing is written, and the message stands beside the field; "" is for the whole record. */
+    public function Refuse(string $Field, string $Message): void {}
 }
 
 /** A connection to one database. */

@@ -1,6 +1,7 @@
 #include "hosts/php/guard.h"
 
 #include <optional>
+#include <utility>
 
 #include "hosts/php/engine.h"
 #include "hosts/php/errors.h"
@@ -79,6 +80,10 @@ void CallPhp(void (*body)(void* context), void* context) {
   if (!Completes(body, context)) throw HostAbort{HostAbort::Reason::kBail};
   if (SomethingIsPending()) throw HostAbort{HostAbort::Reason::kPending};
 }
+
+ScriptMayChange::ScriptMayChange() noexcept : changes_in_progress_(std::exchange(changes_in_progress, 0)) {}
+
+ScriptMayChange::~ScriptMayChange() { changes_in_progress = changes_in_progress_; }
 
 bool HasTimedOut() noexcept { return zend_atomic_bool_load_ex(&EG(timed_out)); }
 

@@ -43,6 +43,19 @@ void StopIfTimedOut();
 /// middle of a render; they may read, but not change what the render is standing on.
 enum class Entry { kReads, kChanges };
 
+/// Lets the script use our objects while C++ waits for one of its functions: a connection, say. What the
+/// render stands on refuses changes by itself.
+class ScriptMayChange {
+ public:
+  ScriptMayChange() noexcept;
+  ~ScriptMayChange();
+  ScriptMayChange(const ScriptMayChange&) = delete;
+  ScriptMayChange& operator=(const ScriptMayChange&) = delete;
+
+ private:
+  int changes_in_progress_;
+};
+
 /// Runs `body`, C++ code; returns whether it succeeded. Otherwise an exception of the script is pending; an
 /// abort is passed on to the engine and does not return. The caller's locals must need no destructor.
 bool EnterCpp(Entry entry, void (*body)(void* context), void* context);

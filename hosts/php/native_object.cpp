@@ -2,6 +2,7 @@
 
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "hosts/php/classes.h"
 #include "hosts/php/errors.h"
@@ -97,7 +98,11 @@ void EndPageOfAllObjects() noexcept {
       // Nobody is left to be told.
     }
   }
-  for (NativeObject* object = newest; object != nullptr; object = object->next) object->native.reset();
+  // Let go of all at once: with its last function a view may end PHP objects of this list, itself among them.
+  std::vector<platform::ObjectPtr> natives;
+  for (NativeObject* object = newest; object != nullptr; object = object->next) {
+    natives.push_back(std::move(object->native));
+  }
 }
 
 }  // namespace dralo::php

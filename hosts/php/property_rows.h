@@ -5,6 +5,7 @@
 #include "component/database_properties.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/native_object.h"
+#include "hosts/php/script_function.h"
 #include "hosts/php/values.h"
 
 namespace dralo::php {
@@ -17,12 +18,20 @@ void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
     if constexpr (requires { row.is_secret; }) property.is_secret = row.is_secret;
     if (row.get != nullptr) {
       property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
-        PutPropertyValue(static_cast<const Row*>(of.row)->get(static_cast<Owner&>(*owner)), of.holds, result);
+        const component::PropertyValue value =
+            static_cast<const Row*>(of.row)->get(static_cast<Owner&>(*owner));
+        if (of.type == component::PropertyType::kHandler) {
+          PutHandler(std::get<platform::ObjectPtr>(value), result);
+        } else {
+          PutPropertyValue(value, of.holds, result);
+        }
       };
     }
     if (row.set != nullptr) {
       property.write = [](const ScriptProperty& of, const platform::ObjectPtr& owner, const zval* value) {
-        static_cast<const Row*>(of.row)->set(static_cast<Owner&>(*owner), ToPropertyValue(value));
+        const bool is_handler = of.type == component::PropertyType::kHandler;
+        static_cast<const Row*>(of.row)->set(static_cast<Owner&>(*owner),
+                                             is_handler ? ToHandler(value, of.name) : ToPropertyValue(value));
       };
     }
     if (!row.object_class.empty()) property.holds = FindClass(row.object_class);

@@ -51,6 +51,9 @@ zend_type PhpType(component::PropertyType type, const ScriptClass* holds) {
       return ZEND_TYPE_INIT_MASK(MAY_BE_LONG);
     case component::PropertyType::kList:
       return ZEND_TYPE_INIT_MASK(MAY_BE_ARRAY);
+    case component::PropertyType::kHandler:
+      // A property cannot be declared as callable.
+      return ZEND_TYPE_INIT_MASK(MAY_BE_ANY);
     case component::PropertyType::kObject:
       break;
   }

@@ -3,12 +3,14 @@
 // Printed by make_cpp_properties from the property tables: do not edit.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "dralo/change.h"
 #include "dralo/command.h"
 #include "dralo/db_connection.h"
 #include "dralo/property_owner.h"
@@ -268,6 +270,12 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Refuses to overwrite what somebody else has changed since the form was opened; Hardened does so too.
   bool EditDetectConflicts() const { return Typed<bool>("EditDetectConflicts"); }
   void SetEditDetectConflicts(bool value) { SetTyped("EditDetectConflicts", value); }
+  /// A function that is given each change before it is written: it can set other values and refuse the change.
+  void SetOnSave(std::function<void(Change&)> value) { SetTyped("OnSave", MakeHandler(std::move(value))); }
+  /// A function that is given each change when it is written, in the same transaction.
+  void SetOnSaved(std::function<void(Change&)> value) { SetTyped("OnSaved", MakeHandler(std::move(value))); }
+  /// A function that is given each delete before it is carried out: it can refuse it.
+  void SetOnDelete(std::function<void(Change&)> value) { SetTyped("OnDelete", MakeHandler(std::move(value))); }
   /// HTML beside required fields.
   std::string RequiredFieldIndicator() const { return Typed<std::string>("RequiredFieldIndicator"); }
   void SetRequiredFieldIndicator(std::string_view value) { SetTyped("RequiredFieldIndicator", value); }

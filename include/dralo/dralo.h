@@ -2,6 +2,7 @@
 
 // All that programs make pages with.
 
+#include "dralo/change.h"
 #include "dralo/command.h"
 #include "dralo/connection.h"
 #include "dralo/date_time.h"

@@ -69,6 +69,7 @@ void DbView::WriteHtmlTable() { RunOnPage(driver::WriteHtmlTable); }
 void DbView::ReceivePost() { RunOnPage(driver::ReceivePost); }
 
 void DbView::RunOnPage(void (*step)(state::Render& render, platform::PageContext& page)) {
+  RefuseWhileRendering();
   if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
   if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
   const platform::Request& request = page_->GetRequest();
@@ -80,8 +81,10 @@ void DbView::RunOnPage(void (*step)(state::Render& render, platform::PageContext
                        .out = out,
                        .script_name = request.ServerVariable("SCRIPT_NAME"),
                        .outcome = StartingOutcome()};
+  is_rendering_ = true;
   // However the rendering ends: a host may end the page in the middle of it.
   const Finally commit([&] {
+    is_rendering_ = false;
     state::Commit(render, settings_);
     outcome_ = std::move(render.outcome);
   });
@@ -98,7 +101,7 @@ state::Outcome DbView::StartingOutcome() {
 }
 
 void DbView::QHtmlTable(std::string_view connection_string, std::string_view table_name) {
-  settings::SetConnectionString(settings_, environment_, std::string(connection_string));
+  settings::SetConnectionString(MutableSettings(), environment_, std::string(connection_string));
   settings::SetSql(settings_, environment_, "SELECT * FROM " + std::string(table_name));
   WriteHtmlTable();
 }
@@ -122,6 +125,7 @@ platform::Variant DbView::CurrentRecord(std::int16_t index) const {
 void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_table,
                            std::string_view link_field, std::string_view display_field,
                            std::string_view order_by, bool allow_nulls) {
+  RefuseWhileRendering();
   try {
     settings_.lookups.Add({.field_name = field_name,
                            .table = lookup_table,
@@ -133,6 +137,15 @@ void DbView::AddEditLookup(std::string_view field_name, std::string_view lookup_
     const std::string bound = std::to_string(settings_.lookups.UpperBound());
     settings::OwnErrors(settings_).Add(error.what(), "AddEditLookup. currUBound=" + bound);
   }
+}
+
+settings::Settings& DbView::MutableSettings() {
+  RefuseWhileRendering();
+  return settings_;
+}
+
+void DbView::RefuseWhileRendering() const {
+  if (is_rendering_) throw platform::Error("The view is writing its page and cannot be changed");
 }
 
 std::string_view DbView::EditLookupAsString(std::string_view field_name) const {

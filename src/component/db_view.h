@@ -78,17 +78,20 @@ class DbView final : public platform::Object {
   const state::Outcome& LatestOutcome() const { return outcome_; }
 
   const settings::Settings& GetSettings() const { return settings_; }
-  settings::Settings& MutableSettings() { return settings_; }
+  /// Throws platform::Error while the view writes its page: its handlers of changes must leave it alone.
+  settings::Settings& MutableSettings();
   platform::Environment& GetEnvironment() { return environment_; }
 
  private:
   void ForgetFormerPage();
   void RunOnPage(void (*step)(state::Render& render, platform::PageContext& page));
+  void RefuseWhileRendering() const;
   state::Outcome StartingOutcome();
 
   platform::Environment& environment_;
   platform::PageContext* page_ = nullptr;
   bool page_start_failed_ = false;
+  bool is_rendering_ = false;
   bool has_ended_page_ = false;  ///< What the former page left is still there to be read.
   settings::Settings settings_;
   state::Outcome outcome_;  ///< Of the latest rendering.

@@ -19,6 +19,7 @@ enum class PropertyType {
   kLong,     ///< 32 bits, signed
   kObject,   ///< a reference, or none
   kList,     ///< of database values
+  kHandler,  ///< of changes, or none
 };
 
 enum class Access { kReadWrite, kReadOnly, kWriteOnly };

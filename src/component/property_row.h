@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "component/property.h"
+#include "dralo/change.h"
 
 /// How a row of the property table is made from the member that keeps the property: the member's type is the
 /// property's type.
@@ -37,6 +38,11 @@ template <>
 struct MemberTraits<std::vector<platform::Variant>> {
   static constexpr PropertyType kType = PropertyType::kList;
 };
+
+template <>
+struct MemberTraits<std::shared_ptr<platform::ChangeHandler>> {
+  static constexpr PropertyType kType = PropertyType::kHandler;
+};
 template <class Class>
 struct MemberTraits<std::shared_ptr<Class>> {
   static constexpr PropertyType kType = PropertyType::kObject;
@@ -46,7 +52,8 @@ template <class Member>
 PropertyValue ToPropertyValue(const Member& member) {
   if constexpr (std::is_same_v<Member, std::int16_t> || std::is_same_v<Member, std::int32_t>) {
     return std::int64_t{member};
-  } else if constexpr (MemberTraits<Member>::kType == PropertyType::kObject) {
+  } else if constexpr (MemberTraits<Member>::kType == PropertyType::kObject ||
+                       MemberTraits<Member>::kType == PropertyType::kHandler) {
     return platform::ObjectPtr(member);
   } else {
     return member;

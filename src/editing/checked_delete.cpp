@@ -4,6 +4,7 @@
 
 #include "editing/conflict_check.h"
 #include "editing/outcome.h"
+#include "editing/record_change.h"
 #include "settings/field_lists.h"
 
 namespace dralo::editing {
@@ -26,16 +27,23 @@ void NoteChanges(state::Render& render, platform::Recordset& record) {
 
 }  // namespace
 
-bool ChecksDeletes(const settings::Settings& settings) { return DetectsConflicts(settings); }
+bool ChecksDeletes(const settings::Settings& settings) {
+  return DetectsConflicts(settings) || settings.OnDelete != nullptr;
+}
 
 bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key) {
   std::string statement(WithoutWhere(render.settings.EditSQL));
   const auto record = OpenFirstRows(render, statement.append(" WHERE ").append(key.condition));
   if (record->Eof()) return true;
-  NoteChanges(render, *record);
+  if (DetectsConflicts(render.settings)) NoteChanges(render, *record);
+  const bool has_changed = !render.outcome.field_notes.empty();
+  if (!has_changed && render.settings.OnDelete != nullptr) {
+    RecordChange change(render, *record, RecordChange::Kind::kDelete);
+    (*render.settings.OnDelete)(change);
+  }
   record->Close();
   if (render.outcome.field_notes.empty()) return true;
-  SetRefused(render, schema, settings::kDeleteChanged);
+  SetRefused(render, schema, has_changed ? settings::kDeleteChanged : settings::kNotDeleted);
   render.outcome.shows_stored_record = true;
   return false;
 }

@@ -10,8 +10,9 @@ namespace dralo::editing {
 bool ChecksDeletes(const settings::Settings& settings);
 
 /// Whether the record that `key` addresses may be deleted; true when there is none. When it may not, because
-/// somebody has changed it since the form was made, the outcome says so, and the form comes back with what is
-/// stored now: posted once more it deletes. Throws platform::Error when the record cannot be read.
+/// OnDelete has refused it or somebody has changed it since the form was made, the outcome says so, and the
+/// form comes back with what is stored now: posted once more it deletes what was changed. Throws
+/// platform::Error when the record cannot be read, and lets through what OnDelete throws.
 bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key);
 
 }  // namespace dralo::editing

@@ -136,7 +136,8 @@ class CheckedFields {
 }  // namespace
 
 bool ChecksAllFields(const settings::Settings& settings) {
-  return DetectsConflicts(settings) || !settings.EditRules.empty();
+  return DetectsConflicts(settings) || !settings.EditRules.empty() || settings.OnSave != nullptr ||
+         settings.OnSaved != nullptr;
 }
 
 bool AssignToNewRecord(state::Render& render, const QuerySchema& schema, platform::Recordset& recordset) {

@@ -17,6 +17,8 @@
 #include "editing/posted_field.h"
 #include "editing/posted_key.h"
 #include "editing/primary_keys.h"
+#include "editing/record_change.h"
+#include "platform/transaction.h"
 #include "settings/field_lists.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
@@ -45,8 +47,11 @@ class Save {
       statement_ += " WHERE " + key_.condition;
       RefuseAmbiguousKey(render_, key_);
     }
-    if (!Open(statement_) || !Begin()) return false;
-    return (ChecksAllFields(settings_) ? AssignAll() : AssignInTurn()) && Write();
+    if (ChecksAllFields(settings_)) return RunChecked();
+    if (!Open(statement_) || !Begin() || !AssignInTurn() || !Write()) return false;
+    recordset_->Close();
+    SetSaved();
+    return true;
   }
 
  private:
@@ -95,12 +100,39 @@ class Save {
     return true;
   }
 
+  /// The page's own rules see the record inside the transaction that writes it.
+  bool RunChecked() {
+    // A handler may give the view's connection object another one.
+    const std::shared_ptr<platform::Connection> connection = settings::OpenConnection(settings_);
+    platform::Transaction transaction(*connection);
+    if (!Open(statement_) || !Begin()) return false;
+    RecordChange change(render_, *recordset_,
+                        is_insert_ ? RecordChange::Kind::kInsert : RecordChange::Kind::kUpdate);
+    if (!AssignAll() || !IsAllowed(change) || !Write()) return false;
+    change.SetWritten();
+    if (settings_.OnSaved != nullptr) (*settings_.OnSaved)(change);
+    recordset_->Close();
+    transaction.Commit();
+    SetSaved();
+    return true;
+  }
+
+  bool IsAllowed(RecordChange& change) {
+    if (settings_.OnSave != nullptr) (*settings_.OnSave)(change);
+    if (render_.outcome.field_notes.empty()) return true;
+    SetRefused(render_, schema_, settings::kSeeFields);
+    Abandon();
+    return false;
+  }
+
   bool AssignAll() {
     const bool is_done = is_insert_ ? AssignToNewRecord(render_, schema_, *recordset_)
                                     : AssignToRecord(render_, schema_, *recordset_, key_);
     if (!is_done) Abandon();
     return is_done;
   }
+
+  void SetSaved() { SetOutcome(render_, is_insert_ ? settings::kInserted : settings::kUpdated); }
 
   void Abandon() {
     recordset_->CancelUpdate();
@@ -170,8 +202,6 @@ class Save {
       if (!IsOvertaken()) render_.Errors().AddUpdateFailure(reason);
       return false;
     }
-    SetOutcome(render_, is_insert_ ? settings::kInserted : settings::kUpdated);
-    recordset_->Close();
     return true;
   }
 

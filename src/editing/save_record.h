@@ -14,7 +14,9 @@ namespace dralo::editing {
 ///
 /// Fields of an existing record that still show what was posted are left alone, so that saving an untouched
 /// form changes nothing whatever its texts lose on the way through the page. Only a boolean that is Null
-/// becomes False by its unticked box.
+/// becomes False by its unticked box, unless conflicts are detected.
+///
+/// Lets through what OnSave and OnSaved throw; nothing is saved then.
 bool SaveRecord(state::Render& render, const QuerySchema& schema, std::string& statement);
 
 }  // namespace dralo::editing

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -31,14 +32,16 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
   const PostedKey key = ReadPostedKey(render, schema);
   statement = settings.DeleteSQL + " WHERE " + key.condition;
   RefuseAmbiguousKey(render, key);
+  // A handler may give the view's connection object another one.
+  const std::shared_ptr<platform::Connection> connection = settings::OpenConnection(settings);
   std::optional<platform::Transaction<platform::Connection>> transaction;
   if (ChecksDeletes(settings)) {
-    transaction.emplace(*settings::OpenConnection(settings));
+    transaction.emplace(*connection);
     if (!MayDelete(render, schema, key)) return false;
   }
   std::int64_t changed = 0;
   try {
-    changed = settings::OpenConnection(settings)->ChangeOneRecord(statement, settings.DeleteSqlParameters);
+    changed = connection->ChangeOneRecord(statement, settings.DeleteSqlParameters);
   } catch (const std::exception& error) {
     if (settings.Hardened) {
       render.Errors().AddPublic(settings::PublicText::kDelete, error.what());

@@ -49,6 +49,7 @@ enum RefusalSlot : std::size_t {
   kNoAddress = 13,
   kTooEarly = 14,
   kTooLate = 15,
+  kNotDeleted = 16,
 };
 
 /// Every text that the component itself puts on a page.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "dralo/change.h"
 #include "dralo/command.h"
 #include "dralo/recordset.h"
 #include "platform/page_connection.h"
@@ -150,6 +151,9 @@ struct Settings {
   std::string EditFieldsReadOnly = "";
   bool EditDetectConflicts = false;
   std::map<std::int16_t, std::string> EditRules;  ///< By the number of the column, from 1.
+  std::shared_ptr<platform::ChangeHandler> OnSave;
+  std::shared_ptr<platform::ChangeHandler> OnSaved;
+  std::shared_ptr<platform::ChangeHandler> OnDelete;
   std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
   LookupList lookups;  ///< What AddEditLookup added.
 

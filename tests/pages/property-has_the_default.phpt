@@ -100,6 +100,9 @@ EditNewPKStatement ""
 EditConfirmDeleteString ""
 EditFieldsReadOnly ""
 EditDetectConflicts false
+OnSave null
+OnSaved null
+OnDelete null
 RequiredFieldIndicator "&nbsp;*&nbsp;"
 CurrentMode "grid"
 LanguageString (Cannot read write-only property Dralo\DbView::$LanguageString)

@@ -48,7 +48,7 @@ var_dump(described(new ReflectionFunction('Dralo\CreateObject')) === described(n
 ?>
 --EXPECT--
 bool(true)
-int(10)
+int(11)
 array(1) {
   [0]=>
   string(18) "Dralo\CreateObject"

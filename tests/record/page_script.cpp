@@ -162,6 +162,7 @@ PropertyValue PageScript::RandomValue(const ViewProperty& property) {
     case PropertyType::kLong:
       return RandomNumber();
     case PropertyType::kObject:
+    case PropertyType::kHandler:
       return ObjectPtr();
     case PropertyType::kList:
       return std::vector<Variant>();

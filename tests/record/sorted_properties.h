@@ -27,6 +27,9 @@ inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "FormSqlParameters",
     "GridColsHtml",
     "Hardened",
+    "OnDelete",
+    "OnSave",
+    "OnSaved",
     "RecordsOutsideSql",
     "SqlParameters",
 });

@@ -54,6 +54,7 @@ PropertyValue NeutralValue(PropertyType type) {
     case PropertyType::kBoolean:
       return false;
     case PropertyType::kObject:
+    case PropertyType::kHandler:
       return platform::ObjectPtr();
     case PropertyType::kList:
       return std::vector<platform::Variant>();
@@ -95,7 +96,7 @@ TEST_P(EveryProperty, ReadsBackWhatWasSet) {
     return;
   }
   if (property.get == nullptr || property.type == PropertyType::kObject ||
-      stored_differently.contains(property.name)) {
+      property.type == PropertyType::kHandler || stored_differently.contains(property.name)) {
     return;  // These have tests of their own.
   }
   const PropertyValue value = DifferentFrom(property.get(view));

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "dralo/object.h"
+#include "dralo/variant.h"
+
+namespace dralo::platform {
+
+struct NamedValue {
+  std::string name;
+  Variant value;
+};
+
+/// What a visitor is about to do to a record, or has just done. Lives as long as the call that it is given
+/// to.
+class Change {
+ public:
+  virtual ~Change() = default;
+  Change(const Change&) = delete;
+  Change& operator=(const Change&) = delete;
+
+  /// "insert", "update" or "delete".
+  virtual std::string_view Operation() const = 0;
+
+  /// The fields of EditPrimaryKeys; none of a record that is not inserted yet.
+  virtual std::vector<NamedValue> Key() = 0;
+
+  /// The fields of EditSQL as they are stored, but long binary ones; none of an insert.
+  virtual std::vector<NamedValue> Old() const = 0;
+
+  /// The same as they will be stored; none of a delete.
+  virtual std::vector<NamedValue> Values() = 0;
+
+  /// Stores another value, also in a field that the form does not show. Throws Error when EditSQL has no such
+  /// field, when the value does not suit it, and when the record is written or to be deleted.
+  virtual void Set(std::string_view field, const Variant& value) = 0;
+
+  /// Nothing is written, and the message, a plain text, stands beside the field; "" is for the whole record.
+  /// May be called several times. Throws Error when the record is written.
+  virtual void Refuse(std::string_view field, std::string_view message) = 0;
+
+ protected:
+  Change() = default;
+};
+
+/// What a page does about changes. What it throws undoes the change and becomes a message.
+class ChangeHandler : public Object {
+ public:
+  explicit ChangeHandler(std::function<void(Change&)> handle) : handle_(std::move(handle)) {}
+
+  void operator()(Change& change) const { handle_(change); }
+
+ private:
+  std::function<void(Change&)> handle_;
+};
+
+/// None for an empty function.
+inline std::shared_ptr<ChangeHandler> MakeHandler(std::function<void(Change&)> handle) {
+  return handle ? std::make_shared<ChangeHandler>(std::move(handle)) : nullptr;
+}
+
+}  // namespace dralo::platform
+
+namespace dralo {
+
+using platform::Change;
+using platform::ChangeHandler;
+using platform::MakeHandler;
+using platform::NamedValue;
+
+}  // namespace dralo
