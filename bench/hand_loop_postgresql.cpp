@@ -1,15 +1,16 @@
 /// The measure over PostgreSQL: what a programmer would write by hand with its client library. The rows are
 /// the bytes that bench_grid_page and bench_export write; values come as text and mostly go as they are.
 ///
-///   bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [prepared | reading]
+///   bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [prepared | pipelined | keyed | reading]
 ///   bench_hand_loop_postgresql DATABASE export [single]
 ///
 /// DATABASE is a connection string of libpq; the other arguments are those of bench_hand_loop. A page is two
 /// statements, the count and SELECT with LIMIT and OFFSET; with "prepared" they are prepared once for all
-/// pages; with "reading" the second is a cursor instead that passes over the records before the page, as a
-/// page needs whose sort column has equal values. The export reads 1,000 rows at a time from a cursor; with
-/// "single" it is one SELECT whose rows come one by one. Both take the same little memory for any number of
-/// rows.
+/// pages; with "pipelined" both are sent in one trip as well; with "keyed" the key stands behind the sort
+/// column, which gives equal values one order too; with "reading" the second is a cursor instead that passes
+/// over the records before the page, as a page needs whose sort column has equal values. The export reads
+/// 1,000 rows at a time from a cursor; with "single" it is one SELECT whose rows come one by one. Both take
+/// the same little memory for any number of rows.
 #include <libpq-fe.h>
 
 #include <cstdint>
@@ -116,6 +117,31 @@ void PutPagesPrepared(Database& database, const std::string& sql, long first, lo
   }
 }
 
+/// In their turn; behind each stands a mark of its end.
+Result NextOfPipeline(Database& database) {
+  Result result = database.Good(PQgetResult(database.Connection()));
+  PQclear(PQgetResult(database.Connection()));
+  return result;
+}
+
+void PutPagesPipelined(Database& database, const std::string& sql, long first, long pages) {
+  const std::string offset = std::to_string(first);
+  const char* const parameter = offset.c_str();
+  database.Prepare("count", kCount);
+  database.Prepare("page", sql + " LIMIT 20 OFFSET $1");
+  PGconn* const connection = database.Connection();
+  PQenterPipelineMode(connection);
+  for (; pages > 0; --pages) {
+    PQsendQueryPrepared(connection, "count", 0, nullptr, nullptr, nullptr, 0);
+    PQsendQueryPrepared(connection, "page", 1, &parameter, nullptr, nullptr, 0);
+    PQpipelineSync(connection);
+    const std::int64_t total = NumberIn(NextOfPipeline(database));
+    const Result page = NextOfPipeline(database);
+    PQclear(PQgetResult(connection));
+    PutPage(page.get(), first, total);
+  }
+}
+
 void PutPagesReading(Database& database, const std::string& sql, long first, long pages) {
   const std::string text = "BEGIN;DECLARE page NO SCROLL CURSOR FOR " + sql + ";MOVE " +
                            std::to_string(first) + " FROM page;FETCH 20 FROM page";
@@ -165,7 +191,8 @@ void PutExportSingly(Database& database) {
 int main(int argc, char** argv) {
   const auto argument = [&](int number) { return std::string_view(argc > number ? argv[number] : ""); };
   if (argc < 3 || (argc == 3 && argument(2) != "export")) {
-    std::cerr << "usage: bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [prepared | reading]\n"
+    std::cerr << "usage: bench_hand_loop_postgresql DATABASE FIRST PAGES [SORT] [prepared | pipelined | "
+                 "keyed | reading]\n"
                  "       bench_hand_loop_postgresql DATABASE export [single]\n";
     return 2;
   }
@@ -175,10 +202,13 @@ int main(int argc, char** argv) {
     return 0;
   }
   std::string sql = "SELECT * FROM orders";
-  if (!argument(4).empty()) sql.append(" ORDER BY ").append(argument(4));
-  const auto put_pages = argument(5) == "prepared"  ? hand::PutPagesPrepared
-                         : argument(5) == "reading" ? hand::PutPagesReading
-                                                    : hand::PutPages;
+  const bool is_keyed = argument(5) == "keyed";
+  if (!argument(4).empty()) sql.append(" ORDER BY ").append(argument(4)).append(is_keyed ? ", id" : "");
+  if (argument(4).empty() && is_keyed) sql.append(" ORDER BY id");
+  const auto put_pages = argument(5) == "prepared" || is_keyed ? hand::PutPagesPrepared
+                         : argument(5) == "pipelined"          ? hand::PutPagesPipelined
+                         : argument(5) == "reading"            ? hand::PutPagesReading
+                                                               : hand::PutPages;
   put_pages(database, sql, std::atol(argv[2]), std::atol(argv[3]));
   return 0;
 }

@@ -21,11 +21,12 @@ CREATE TABLE orders(
 def environment(port):
     """What clients of PostgreSQL read: libpq and psql then need only the name of the database."""
     return {**os.environ, "PGHOST": "127.0.0.1", "PGPORT": str(port), "PGUSER": USER, "PGPASSWORD": PASSWORD,
-            "PGCLIENTENCODING": "UTF8"}
+            "PGCLIENTENCODING": "UTF8", "PGSSLMODE": "disable"}
 
 
 def connection_string(port, database):
-    return f'Provider=PostgreSQL;Host=127.0.0.1;Port={port};Database={database};User ID={USER};Password="{PASSWORD}"'
+    return (f'Provider=PostgreSQL;Host=127.0.0.1;Port={port};Database={database};User ID={USER};'
+            f'Password="{PASSWORD}";SSL Mode=disable')
 
 
 def cell(value):
