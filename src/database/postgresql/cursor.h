@@ -13,6 +13,7 @@
 #include "database/postgresql/session.h"
 #include "database/postgresql/statement.h"
 #include "database/query.h"
+#include "dralo/error.h"
 
 namespace dralo::database::postgresql {
 
@@ -83,5 +84,15 @@ class Cursor final : public database::Cursor {
   std::int64_t rows_affected_ = -1;
   std::optional<BaseTable> table_;
 };
+
+template <class Function>
+auto Cursor::WithSource(const Function& run) const {
+  try {
+    return run();
+  } catch (const platform::Error& error) {
+    if (!error.Source().empty()) throw;
+    throw platform::Error(error.what(), error.Number(), error.SqlState(), statement_->text);
+  }
+}
 
 }  // namespace dralo::database::postgresql

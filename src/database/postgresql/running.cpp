@@ -1,0 +1,115 @@
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "database/postgresql/cursor.h"
+#include "text/decimal.h"
+
+namespace dralo::database::postgresql {
+
+namespace {
+
+using platform::Error;
+using Rows = Execution::Rows;
+
+/// How PostgreSQL refuses to run what it has prepared: for other columns than there are now, not any more,
+/// or, behind a pooler, for somebody else.
+constexpr std::string_view kUnprepared[] = {"0A000", "26000", "42P05"};
+
+/// How it refuses a query inside of another one that it may accept alone.
+constexpr std::string_view kUnlimited[] = {"42601", "0A000", "42P16"};
+
+bool Has(std::span<const std::string_view> states, const Error& error) {
+  return std::ranges::find(states, error.SqlState()) != states.end();
+}
+
+}  // namespace
+
+void Cursor::Start() {
+  session_.Undefer(*this);
+  if (max_records_ > 0 && RowsWanted() <= 0) {
+    state_ = State::kDone;
+    return;
+  }
+  session_.Reconnecting(statement_->kind, [&] { Run(Rows::kAll); });
+}
+
+void Cursor::Run(Rows rows) {
+  for (int attempt = 1;; ++attempt) {
+    bool was_prepared = false;
+    try {
+      link_.Begin();
+      was_prepared = statement_->IsPreparedOn(link_);
+      session_.GiveName(*statement_);
+      const bool is_long = rows != Rows::kNone && IsLong();
+      // What parts are taken of has to be known before.
+      if (rows == Rows::kNone || (is_long && !description_)) Send(Rows::kNone);
+      if (rows != Rows::kNone) Send(is_long ? Rows::kParts : Rows::kAll);
+      return;
+    } catch (const Error& error) {
+      constexpr int kMaxAttempts = 3;
+      if (attempt == kMaxAttempts || !MayRunAgain(error, was_prepared)) throw;
+    }
+  }
+}
+
+void Cursor::Send(Rows rows) {
+  link_.Begin();
+  const bool may_drop = session_.IsReplaceable();
+  try {
+    WithSource([&] { Send(rows, may_drop); });
+  } catch (const Error&) {
+    if (rows == Rows::kParts && may_drop && link_.IsDead()) link_.Drop();
+    throw;
+  }
+  if (rows != Rows::kNone) Open();
+}
+
+void Cursor::Send(Rows rows, bool may_drop) {
+  if (rows != Rows::kNone) session_.Note(statement_->kind, statement_->text);
+  const bool is_guarded = session_.NeedsGuard(statement_->kind);
+  Execution execution(link_, *statement_, ParametersOfForm(), rows, is_guarded);
+  const Result columns = execution.Description();
+  if (rows == Rows::kParts) {
+    const bool is_known = !columns || description_->IsOf(columns.get());
+    const auto count = is_known ? description_->columns->size()
+                                : static_cast<std::size_t>(Libpq::Get().PQnfields(columns.get()));
+    rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
+    rows_->Await();
+    // The table was changed since. Asking about it sets the rows aside.
+    if (!is_known) Learn(columns);
+    return;
+  }
+  Result answer = rows == Rows::kAll ? execution.All() : nullptr;
+  if (columns) Learn(columns);
+  if (!answer) return;
+  if (ChangesData()) {
+    const char* const changed = Libpq::Get().PQcmdTuples(answer.get());
+    rows_affected_ = text::ParseNumber<std::int64_t>(changed).value_or(-1);
+  }
+  rows_ = std::make_unique<ResultRows>(std::move(answer), description_->columns->size());
+}
+
+/// A form that is not limited has the rows to pass over, too.
+void Cursor::Open() {
+  state_ = State::kRunning;
+  scratch_.resize(description_->columns->size());
+  if (statement_->form != Form::kPlain) return;
+  for (std::int64_t i = 0; i < offset_ && rows_->Next(); ++i) {
+  }
+}
+
+/// Whether the statement was not run, and may be in another way.
+bool Cursor::MayRunAgain(const Error& error, bool was_prepared) {
+  if (link_.IsDead() || link_.Transaction() == PQTRANS_INERROR) return false;
+  if (Has(kUnprepared, error) && (was_prepared || error.SqlState() == "42P05")) {
+    session_.Unprepare(*statement_);
+    return true;
+  }
+  if (statement_->form == Form::kPlain || !Has(kUnlimited, error)) return false;
+  session_.Unprepare(*statement_);
+  statement_->form = Form::kPlain;
+  return true;
+}
+
+}  // namespace dralo::database::postgresql
