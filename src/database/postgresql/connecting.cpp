@@ -80,6 +80,7 @@ void Link::Connect() {
 
 void Link::ConnectTo(const Options::Host& host, const std::string& attributes) {
   is_too_late_ = false;
+  refuses_changes_ = false;
   is_pooled_ = !TryWithOptions(host, attributes);
   if (is_pooled_) TryToConnect(host, attributes, {});
   if (libpq_.PQsetnonblocking(Handle(), 1) != 0 || libpq_.PQenterPipelineMode(Handle()) != 1) {

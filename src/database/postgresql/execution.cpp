@@ -2,8 +2,6 @@
 
 #include <chrono>
 
-#include "database/postgresql/error.h"
-
 namespace dralo::database::postgresql {
 
 namespace {
@@ -75,13 +73,18 @@ void Execution::Require(const Result& answer) {
   if (status != PGRES_FATAL_ERROR && status != PGRES_BAD_RESPONSE && status != PGRES_PIPELINE_ABORTED) return;
   link_.Finish();
   Recover();
-  throw ErrorOf(answer.get(), statement_.text);
+  throw link_.Failure(answer, statement_.text);
 }
 
+/// Where it fails the connection is gone, and the transaction with it.
 void Execution::Recover() {
   if (!is_guarded_ || link_.Transaction() != PQTRANS_INERROR) return;
-  link_.Run("ROLLBACK TO SAVEPOINT dralo_statement");
-  link_.Run("RELEASE dralo_statement");
+  try {
+    link_.Run("ROLLBACK TO SAVEPOINT dralo_statement");
+    link_.Run("RELEASE dralo_statement");
+  } catch (const platform::Error&) {
+    link_.GiveUp();
+  }
 }
 
 }  // namespace dralo::database::postgresql

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "database/interruption.h"
 #include "database/postgresql/error.h"
 
 namespace dralo::database::postgresql {
@@ -125,8 +126,13 @@ Result Link::Part() {
   return NextResult();
 }
 
+/// Behind every answer comes a mark of its end; a server out of step could send nothing else for ever.
 void Link::Finish() {
-  while (!is_synced_ && !IsDead()) NextResult();
+  constexpr int kMostMarks = 3;
+  for (int marks = 0; !is_synced_ && !IsDead();) {
+    marks = NextResult() ? 0 : marks + 1;
+    if (marks == kMostMarks) GiveUp();
+  }
 }
 
 bool Link::FinishWithin(std::chrono::milliseconds time) {
@@ -145,8 +151,15 @@ Result Link::Run(const char* statement) {
   Result answer = Answer();
   Finish();
   const ExecStatusType status = libpq_.PQresultStatus(answer.get());
-  if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) throw ErrorOf(answer.get(), statement);
+  if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) throw Failure(answer, statement);
   return answer;
+}
+
+Error Link::Failure(const Result& answer, std::string_view statement) {
+  constexpr std::string_view kReadOnly = "25006";
+  Error error = ErrorOf(answer.get(), statement);
+  refuses_changes_ |= error.SqlState() == kReadOnly;
+  return error;
 }
 
 PGTransactionStatusType Link::Transaction() const {
@@ -181,19 +194,25 @@ void Link::Require(int code) {
   throw NoConnection(reason, {});
 }
 
-/// Until the socket is ready for one of the events. False when the deadline has passed.
-bool Link::Wait(short events) const {
+/// Until the socket is ready for one of the events. False when the deadline has passed, even if the server
+/// has something to say all the time.
+bool Link::Wait(short events) {
+  constexpr std::chrono::milliseconds kSlice{100};
   for (;;) {
-    int left_ms = -1;
+    if (HostWantsToStop()) {
+      GiveUp();
+      throw Error("The statement was ended: the host wants to stop");
+    }
+    auto slice = kSlice;
     if (deadline_) {
       const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline_ - Clock::now());
-      left_ms = static_cast<int>(std::max<std::int64_t>(left.count(), 0));
+      if (left.count() <= 0) return false;
+      slice = std::min(slice, left);
     }
     pollfd watched{libpq_.PQsocket(Handle()), events, 0};
-    const int ready = poll(&watched, 1, left_ms);
+    const int ready = poll(&watched, 1, static_cast<int>(slice.count()));
     if (ready > 0) return true;
-    if (ready == 0) return false;
-    if (errno != EINTR) throw NoConnection("The socket of the connection fails", {});
+    if (ready < 0 && errno != EINTR) throw NoConnection("The socket of the connection fails", {});
   }
 }
 

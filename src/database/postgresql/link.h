@@ -11,6 +11,7 @@
 #include "database/postgresql/libpq.h"
 #include "database/postgresql/options.h"
 #include "database/postgresql/parameters.h"
+#include "dralo/error.h"
 
 namespace dralo::database::postgresql {
 
@@ -71,6 +72,12 @@ class Link {
   /// A trip of one order. Returns the answer. Throws platform::Error when it is a failure.
   Result Run(const char* statement);
 
+  /// The failure that `answer` to `statement` is.
+  platform::Error Failure(const Result& answer, std::string_view statement);
+
+  /// The server has refused a change; another one may be meant for them.
+  bool RefusesChanges() const { return refuses_changes_; }
+
   /// After a trip.
   PGTransactionStatusType Transaction() const;
 
@@ -118,7 +125,7 @@ class Link {
   void StartClock();
   PGconn* Handle() const;
   void Require(int code);
-  bool Wait(short events) const;
+  bool Wait(short events);
   bool AwaitAnswer();
   Result TakeResult();
   Result NextResult();
@@ -131,6 +138,7 @@ class Link {
   bool is_synced_ = true;  ///< All answers were read.
   bool is_dropped_ = false;
   bool is_too_late_ = false;  ///< It was given up after a deadline.
+  bool refuses_changes_ = false;
   std::int64_t number_ = 0;
   RowReader* reader_ = nullptr;
   std::optional<std::chrono::seconds> patience_;

@@ -55,6 +55,7 @@ void Cursor::Run(Rows rows) {
 
 void Cursor::Send(Rows rows) {
   link_.Begin();
+  if (rows != Rows::kNone) session_.Note(statement_->kind, statement_->text);
   const bool may_drop = session_.IsReplaceable();
   try {
     WithSource([&] { Send(rows, may_drop); });
@@ -66,7 +67,6 @@ void Cursor::Send(Rows rows) {
 }
 
 void Cursor::Send(Rows rows, bool may_drop) {
-  if (rows != Rows::kNone) session_.Note(statement_->kind, statement_->text);
   const bool is_guarded = session_.NeedsGuard(statement_->kind);
   Execution execution(link_, *statement_, ParametersOfForm(), rows, is_guarded);
   const Result columns = execution.Description();

@@ -139,7 +139,7 @@ bool Session::Reset() noexcept {
   owns_transaction_ = false;
   link_->SetPatience();
   try {
-    return !has_prepared_ && !link_->IsDead() && Clean();
+    return !has_prepared_ && !link_->RefusesChanges() && !link_->IsDead() && Clean();
   } catch (const std::exception&) {
     return false;
   }

@@ -21,7 +21,8 @@ class Cursor;
 /// An open connection to a PostgreSQL database.
 ///
 /// Reset() rolls a transaction back and, where the user called functions or changed settings, made temporary
-/// tables or took locks, takes that back; prepared statements of the component stay. IsAlive() looks at the
+/// tables or took locks, takes that back; prepared statements of the component stay. A session whose server
+/// refused a change is not kept. IsAlive() looks at the
 /// socket. Should the server have gone in this very moment, the first query opens the connection again.
 class Session final : public database::Session {
  public:

@@ -16,7 +16,7 @@ std::string Statement::ToSend() const {
   if (form == Form::kPlain) return numbered;
   const std::string source = " FROM (" + std::string(WithoutEnd(numbered)) + "\n) dralo_row ";
   if (form == Form::kOneRow) return "SELECT *" + source + "LIMIT 1";
-  return "SELECT dralo_row.*" + source + "LEFT JOIN current_schema() ON false LIMIT (SELECT $" +
+  return "SELECT dralo_row.*" + source + "LEFT JOIN pg_catalog.current_schema() ON false LIMIT (SELECT $" +
          std::to_string(parameters + 1) + "::bigint) OFFSET (SELECT $" + std::to_string(parameters + 2) +
          "::bigint)";
 }

@@ -1,8 +1,10 @@
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <thread>
 
 #include "data/commands.h"
+#include "database/interruption.h"
 #include "support/child_process.h"
 #include "unit/database/postgresql/native_test.h"
 
@@ -193,6 +195,41 @@ TEST_F(Failing, RefusesSeveralStatementsInOne) {
   EXPECT_EQ(ErrorOf([&] { Ask("SELECT 1; DROP TABLE t"); }).SqlState(), "42601");
   EXPECT_EQ(ErrorOf([&] { Ask("SELECT 1; DROP TABLE t", 5); }).SqlState(), "42601");
   EXPECT_EQ(Ask("SELECT COUNT(*) FROM t"), Lines{"0"});
+}
+
+TEST_F(Failing, EndsAStatementWhenTheHostWantsToStop) {
+  static std::atomic<bool> wants_to_stop = false;
+  database::StopStatementsWhen([]() noexcept { return wants_to_stop.load(); });
+  std::thread host([] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    wants_to_stop = true;
+  });
+  const auto start = std::chrono::steady_clock::now();
+  std::string message;
+  try {
+    Ask("SELECT pg_sleep(20)", 1);
+  } catch (const platform::Error& error) {
+    message = error.what();
+  }
+  const auto taken = std::chrono::steady_clock::now() - start;
+  host.join();
+  database::StopStatementsWhen(nullptr);
+  EXPECT_EQ(message, "The statement was ended: the host wants to stop");
+  EXPECT_LT(taken, std::chrono::seconds(5));
+}
+
+TEST_F(Failing, KeepsNoSessionOfAServerThatTakesNoChanges) {
+  Run("CREATE TABLE t (i integer)");
+  const auto again = [&] {
+    const int server = Server();
+    connection_->Close();
+    connection_->Open(database_.ConnectionString());
+    return server == Server();
+  };
+  EXPECT_TRUE(again());
+  Run("BEGIN READ ONLY");
+  EXPECT_EQ(ErrorOf([&] { Run("INSERT INTO t VALUES (1)"); }).SqlState(), "25006");
+  EXPECT_FALSE(again());
 }
 
 TEST_F(Failing, LeavesNoticesOfTheServerAlone) {
