@@ -52,7 +52,6 @@ Cursor::Cursor(Session& session, const Query& query)
       text_(query.text),
       kind_(KindOf(FromFirstWord(query.text))),
       max_records_(query.max_records),
-      is_updatable_(query.is_updatable),
       parameters_(query.parameters) {
   RequireStatement(text_);
   Open();
@@ -66,7 +65,6 @@ Cursor::~Cursor() {
 }
 
 void Cursor::Open() {
-  if (is_updatable_) session_.Forget(text_);
   std::unique_ptr<Statement> limited;
   if (max_records_ > 0 && kind_.is_select) limited = session_.TakeLimited(text_);
   // A text that ends in an open comment swallows the limit.
@@ -105,6 +103,14 @@ void Cursor::Execute() {
   state_ = State::kReading;
   session_.SetReading(this);
   patience_ends_ = Now() + PatienceWith(session_.GetLink().QueryTimeout());
+}
+
+/// Else they are those of the last run.
+void Cursor::FixColumns() {
+  if (state_ != State::kPrepared || !statement_->WasKept()) return;
+  statement_.reset();
+  session_.Forget(text_);
+  Open();
 }
 
 /// Only where the server can: else the rows are read.

@@ -43,8 +43,8 @@ class Cursor final : public database::Cursor {
 
   std::shared_ptr<const Columns> GetColumns() const override { return statement_->Describe().columns; }
 
-  /// Statements whose rows are to be changed are always prepared anew.
-  void FixColumns() override {}
+  /// Prepares the statement anew.
+  void FixColumns() override;
   platform::TypeCode Type(std::size_t column) const override { return (*GetColumns())[column].type; }
   bool ChangesData() const override { return !kind_.is_query; }
   bool Skip(std::int64_t rows) override;
@@ -74,7 +74,6 @@ class Cursor final : public database::Cursor {
   const std::string text_;
   const StatementKind kind_;
   const std::int64_t max_records_;
-  const bool is_updatable_;
   Parameters parameters_;
   std::unique_ptr<Statement> statement_;
   State state_ = State::kPrepared;

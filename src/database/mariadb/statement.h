@@ -61,6 +61,10 @@ class Statement {
   /// The number that the server gave to the row inserted last.
   std::int64_t LastIdentity() const { return last_identity_; }
 
+  /// It has come from the cache, and describes what its tables were when it ran last.
+  bool WasKept() const { return was_kept_; }
+  void NoteKept() { was_kept_ = true; }
+
   /// Of a plain statement: that no limit can be put behind it.
   void RefuseLimit() { refuses_limit_ = true; }
   bool RefusesLimit() const { return refuses_limit_; }
@@ -97,6 +101,7 @@ class Statement {
   std::vector<std::array<unsigned long, 3>> described_types_;
   bool is_open_ = false;  ///< There may be rows to fetch.
   bool refuses_limit_ = false;
+  bool was_kept_ = false;
   std::int64_t rows_affected_ = 0;
   std::int64_t last_identity_ = 0;
 };

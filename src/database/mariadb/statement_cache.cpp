@@ -24,6 +24,7 @@ bool StatementCache::RefusesLimit(std::string_view text) const {
 void StatementCache::Give(std::unique_ptr<Statement> statement) noexcept {
   if (!statement->IsOfThisConnection() || statement->Text().size() > kMaxTextBytes) return;
   if (statements_.size() >= kCapacity) statements_.erase(statements_.begin());
+  statement->NoteKept();
   statements_.push_back(std::move(statement));
 }
 

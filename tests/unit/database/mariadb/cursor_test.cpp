@@ -247,6 +247,27 @@ TEST_F(MariaDbCursor, RefusesToChangeATableThatIsReadTwice) {
             "The records cannot be changed: the query reads the table more than once");
 }
 
+TEST_F(MariaDbCursor, ChangesARecordOfATableThatSomebodyElseHasAltered) {
+  Run("CREATE TABLE t (ID INTEGER PRIMARY KEY, a INTEGER)");
+  Run("INSERT INTO t VALUES (1, 1)");
+  const auto save = [&](const char* field, const std::string& value) {
+    const auto recordset = Edit(connection_, "SELECT * FROM t WHERE ID = 1");
+    recordset->Eof();
+    FieldOf(*recordset, field).SetValue(value);
+    recordset->Update();
+  };
+  save("a", "2");
+  const auto other = Connect(database_.ConnectionString());
+  const std::pair<const char*, const char*> changes[] = {
+      {"ADD b INTEGER", "b"}, {"RENAME COLUMN a TO z", "z"}, {"MODIFY b VARCHAR(9)", "b"}, {"DROP z", "b"}};
+  int value = 3;
+  for (const auto& [change, field] : changes) {
+    other->Execute("ALTER TABLE t " + std::string(change));
+    save(field, std::to_string(++value));
+  }
+  EXPECT_EQ(Ask("SELECT * FROM t"), Lines{"1 '7'"});
+}
+
 TEST_F(MariaDbCursor, FindsAColumnThatWasAddedSince) {
   Run("CREATE TABLE t (id INTEGER AUTO_INCREMENT PRIMARY KEY, a INTEGER)");
   const auto add = [&](const char* field) {

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace dralo::tests {
 
@@ -38,6 +39,9 @@ class StallingProxy {
 
   void Stall() { is_stalling_ = true; }
 
+  /// How often the client has sent something after the server's last answer, which it then waited for.
+  int Trips() const { return trips_; }
+
   /// As soon as so many more bytes have gone.
   void StallAfter(int bytes) { bytes_left_ = bytes; }
 
@@ -66,7 +70,8 @@ class StallingProxy {
       const int server = NewSocket();
       const sockaddr_in address = AddressOf(server_port_);
       connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-      while (!is_ending_ && PassOn(client, server) && PassOn(server, client)) {
+      has_answered_ = true;
+      while (!is_ending_ && PassOn(client, server, false) && PassOn(server, client, true)) {
       }
       close(client);
       close(server);
@@ -74,10 +79,11 @@ class StallingProxy {
   }
 
   /// False when the connection has ended.
-  bool PassOn(int from, int to) {
+  bool PassOn(int from, int to, bool is_answer) {
     if (is_stalling_ || !HasSomething(from)) return true;
     std::array<char, 4096> bytes{};
     const ssize_t count = recv(from, bytes.data(), bytes.size(), 0);
+    if (count > 0 && std::exchange(has_answered_, is_answer) && !is_answer) ++trips_;
     if (bytes_left_ > 0 && (bytes_left_ -= static_cast<int>(count)) <= 0) Stall();
     return count > 0 && send(to, bytes.data(), static_cast<std::size_t>(count), MSG_NOSIGNAL) == count;
   }
@@ -88,6 +94,8 @@ class StallingProxy {
   std::atomic<bool> is_stalling_ = false;
   std::atomic<int> bytes_left_ = 0;  ///< Before it stalls; 0 for any number.
   std::atomic<bool> is_ending_ = false;
+  std::atomic<int> trips_ = 0;
+  bool has_answered_ = false;
   std::thread thread_;
 };
 
