@@ -51,7 +51,8 @@ void PutDecimal(std::string_view text) {
 
 void PutDouble(double number) {
   std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
   Put({text.data(), static_cast<std::size_t>(end - text.data())});
 }
 

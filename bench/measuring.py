@@ -24,6 +24,13 @@ def in_turns(commands, rounds):
     return [[seconds(command) for command in commands] for _ in range(rounds + 1)][1:]
 
 
+def more_pages_in_turns(one, many, rounds):
+    """The same of what the commands `many` took beyond those of `one`, which are the same programs for one page: neither the
+    start of a program nor its first page, which prepares the statements, count."""
+    samples = in_turns([*many, *one], rounds)
+    return [[tuple(a - b for a, b in zip(round_[i], round_[len(many) + i])) for i in range(len(many))] for round_ in samples]
+
+
 def rows(command):
     page = subprocess.run(command, capture_output=True, check=True).stdout
     return re.findall(rb'<tr id="drl1row.*?</tr>', page, re.DOTALL)
