@@ -119,6 +119,22 @@ TEST_F(PostgreSqlDriver, PassesOverRowsOnTheServer) {
   EXPECT_EQ(Page(connection_, "SELECT i FROM generate_series(1, 50) i", 0, 60), Lines{});
 }
 
+TEST_F(PostgreSqlDriver, LeavesALongResultOnTheServerWhereItsDriverIsToldTo) {
+  connection_ = Connect(database_.ConnectionString() + ";UseDeclareFetch=1");
+  Run("CREATE SEQUENCE seen");
+  const auto recordset =
+      Read(connection_, "SELECT i FROM generate_series(1, 20000) i WHERE nextval('seen') > 0");
+  EXPECT_EQ(Line(*recordset), "1");
+  const auto other = Connect(database_.ConnectionString());
+  EXPECT_LT(std::stoi(Rows(other, "SELECT last_value FROM seen").front()), 1000);
+
+  Run("CREATE TABLE done (i integer)");
+  EXPECT_EQ(Rows(other, "SELECT COUNT(*) FROM done"), Lines{"0"});
+  const Lines rows = Rest(*recordset);
+  EXPECT_EQ(rows.size(), 20000u);
+  EXPECT_EQ(rows.back(), "20000");
+}
+
 TEST_F(PostgreSqlDriver, CommitsOtherStatementsWhileItReads) {
   Run("CREATE TABLE done (i integer)");
   const auto recordset = Read(connection_, "SELECT i FROM generate_series(1, 5000) i");
