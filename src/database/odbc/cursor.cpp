@@ -133,10 +133,10 @@ void Cursor::Execute() {
 void Cursor::Run() {
   const SQLHSTMT handle = Handle();
   std::vector<platform::Variant> limit;
-  if (statement_->is_limited) {
-    limit = {std::max<std::int64_t>(max_records_ - offset_, 0), offset_};
-  } else if (max_records_ > 0 && kind_.is_query) {
-    const auto rows = static_cast<SQLULEN>(max_records_);
+  if (statement_->is_limited) limit = {std::max<std::int64_t>(max_records_ - offset_, 0), offset_};
+  // Also where all are wanted: a statement that was kept has the limit of its last run.
+  if (kind_.is_query) {
+    const auto rows = static_cast<SQLULEN>(statement_->is_limited ? 0 : max_records_);
     SQLSetStmtAttr(handle, SQL_ATTR_MAX_ROWS, AsPointer(rows), SQL_IS_UINTEGER);
   }
   parameters_.Bind(link_, handle, text_, limit);

@@ -84,6 +84,16 @@ TEST_F(RepeatedQuery, ShowsAnyPart) {
   }
 }
 
+TEST_F(RepeatedQuery, HasAllRowsAgainAfterSomeWhereItTakesNoLimit) {
+  MakeGoods();
+  const std::string sql = "SELECT id FROM goods ORDER BY id LIMIT 50";
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Page(connection_, sql, 5, 3), (Lines{"4", "5"}));
+    EXPECT_EQ(Ask(sql).size(), 50u);
+    EXPECT_EQ(Page(connection_, sql, 9, 7), (Lines{"8", "9"}));
+  }
+}
+
 TEST_F(RepeatedQuery, ReadsTheSameValuesEachTime) {
   const std::string sql =
       "SELECT i, NULL AS nothing, '' AS empty, repeat('\"\\, ()', i * 4000) AS long, '\\x00ff'::bytea AS "
