@@ -194,9 +194,8 @@ void Cursor::Stop() noexcept {
   if (!statement_) return;
   const bool is_closed = SQL_SUCCEEDED(SQLFreeStmt(Handle(), SQL_CLOSE));
   SQLFreeStmt(Handle(), SQL_RESET_PARAMS);
-  if (is_closed && kind_.is_select && !is_updatable_) {
-    session_.Statements().Give(std::move(statement_));
-  }
+  const bool may_be_kept = kind_.is_select && !is_updatable_ && link_.GetDialect().notices_changes;
+  if (is_closed && may_be_kept) session_.Statements().Give(std::move(statement_));
   statement_.reset();
 }
 

@@ -112,6 +112,7 @@ constexpr Dialect kDialects[] = {
      .types = kPostgreSqlTypes,
      .money = "money",
      .sized_types = kPostgreSqlSized,
+     .notices_changes = true,
      .ends_texts_at_zero = true},
     {.databases = kMariaDbDatabases,
      .drivers = kMariaDbDrivers,

@@ -70,6 +70,10 @@ struct Dialect {
   /// The names of the types whose texts have the size that the driver tells; empty for all.
   std::span<const std::string_view> sized_types = {};
 
+  /// A statement that was prepared for tables which were changed since fails, so that it can be kept.
+  /// Elsewhere the driver may read its rows by the columns that there were.
+  bool notices_changes = false;
+
   /// Texts end at a zero byte.
   bool ends_texts_at_zero = false;
 

@@ -79,6 +79,23 @@ TEST_F(MariaDbDriver, PassesOverRowsOnTheServer) {
             (Lines{"90001", "90002"}));
 }
 
+TEST_F(MariaDbDriver, FollowsTheTableWhoseColumnsChange) {
+  Run("CREATE TABLE goods (id INTEGER PRIMARY KEY, name VARCHAR(20), stock INTEGER)");
+  Run("INSERT INTO goods VALUES (7, 'good', 1)");
+  EXPECT_EQ(Ask("SELECT * FROM goods", 5), Lines{"7 'good' 1"});
+  const std::pair<std::string, std::string> changes[] = {{"CHANGE name title VARCHAR(20)", "7 'good' 1"},
+                                                         {"ADD price INTEGER DEFAULT 12", "7 'good' 1 12"},
+                                                         {"DROP stock", "7 'good' 12"},
+                                                         {"MODIFY price VARCHAR(300)", "7 'good' '12'"}};
+  for (const auto& [change, line] : changes) {
+    Run("ALTER TABLE goods " + change);
+    EXPECT_EQ(Ask("SELECT * FROM goods", 5), Lines{line}) << change;
+    EXPECT_EQ(Read(connection_, "SELECT * FROM goods", 5)->Fields()[1]->Name(), "title") << change;
+  }
+  Run("DROP TABLE goods");
+  EXPECT_THROW(Ask("SELECT * FROM goods", 5), platform::Error);
+}
+
 TEST_F(MariaDbDriver, DoesNotPutALimitWhereItWouldChangeAStatement) {
   Run("CREATE TABLE t (i INTEGER)");
   Run("INSERT INTO t VALUES (1), (2), (3)");
