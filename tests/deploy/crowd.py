@@ -39,6 +39,7 @@ class Crowd:
             yield
         finally:
             is_over.set()
+            self.has_settled.set()
             for thread in threads:
                 thread.join()
         if self.failures:

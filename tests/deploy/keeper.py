@@ -11,6 +11,7 @@ import deployed_site  # noqa: F401  finds the modules of the other tests
 from visitor import Visitor
 
 PAGE_SIZE = 8
+MOST_LOSSES = 1000  # Whoever loses more will not get an answer any more.
 COLUMNS = {"ID": 0, "1": 0, "2": 1, "3": 2}
 
 
@@ -73,7 +74,7 @@ class Keeper(Visitor):
                 self.forgive(failure)
 
     def forgive(self, failure):
-        if not self.may_lose:
+        if not self.may_lose or len(self.lost) >= MOST_LOSSES:
             raise failure
         self.lost.append(failure)
         self.wait_until_settled()
