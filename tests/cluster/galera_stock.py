@@ -5,7 +5,7 @@ from shops import MariaDbShop
 
 TABLES = """
 CREATE TABLE Articles (ID INTEGER AUTO_INCREMENT PRIMARY KEY, Owner INTEGER NOT NULL, Name VARCHAR(40) NOT NULL UNIQUE,
-                       Amount INTEGER, Note TEXT) COLLATE utf8mb4_bin;
+                       Amount INTEGER, Note TEXT, Views INTEGER) COLLATE utf8mb4_bin;
 CREATE TABLE Saves (ID INTEGER AUTO_INCREMENT PRIMARY KEY, Action VARCHAR(6) NOT NULL, Article INTEGER, Amount INTEGER);
 INSERT INTO Articles (Owner, Name, Amount) SELECT o.seq, CONCAT('thing ', o.seq, ' ', n.seq), 0 - CAST(100 * o.seq + n.seq AS SIGNED)
 FROM seq_1_to_4 o, seq_1_to_30 n ORDER BY n.seq, o.seq;
