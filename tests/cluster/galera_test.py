@@ -124,6 +124,25 @@ class ASiteWithGalera(unittest.TestCase):
         lost = [failure for keeper in self.keepers for failure in keeper.failures()]
         self.assertLessEqual(len(lost), WORKERS + len(self.keepers), lost)
 
+    def test_pages_fail_and_save_nothing_while_one_node_of_three_is_left(self):
+        first, second, last = self.cluster.nodes
+        with self.crowd.at_work(may_lose=True):
+            self.crowd.wait_for_steps()
+            self.crowd.has_settled.clear()
+            first.end(signal.SIGKILL)
+            self.cluster.wait_until_agreed([second, last])
+            second.end(signal.SIGKILL)
+            try:
+                self.crowd.wait_for_losses()
+            finally:
+                second.start()
+                self.cluster.wait_until_agreed([second, last])
+                first.start()
+                self.cluster.wait_until_agreed(self.cluster.nodes)
+                self.crowd.has_settled.set()
+            self.crowd.wait_for_steps()
+        self.assert_lost_at_most(1)
+
     def assert_lost_at_most(self, count):
         """Each keeper, not counting saves that another one was faster than."""
         for keeper in self.keepers:
