@@ -19,7 +19,8 @@ class PgBouncer(Server):
     def __init__(self, servers):
         super().__init__()
         self.port = free_port()
-        self.users = self.put("users", '"shop_pages" "shop_pages;1"\n"shop_reader" "shop_reader;1"\n')
+        secrets = servers.stock.rows("SELECT usename, passwd FROM pg_shadow WHERE usename IN ('shop_pages', 'shop_reader')")
+        self.users = self.put("users", "".join(f'"{user}" "{secret}"\n' for user, secret in secrets))
         self.file = self.put("pgbouncer.ini", self.configuration(servers))
 
     def configuration(self, servers):
