@@ -10,7 +10,6 @@ import shutil
 import signal
 import sys
 import tempfile
-import threading
 import unittest
 
 from galera import Cluster
@@ -20,26 +19,11 @@ import deployed_site
 import interruption
 from crowd import Crowd
 from database_servers import PASSWORD, USER
-from patient_keeper import Failed, PatientKeeper
+from patient_keeper import PatientKeeper
+from save import Save
 
 OWNERS = (1, 2, 3, 4)
 WORKERS = 6
-
-
-class Save(threading.Thread):
-    """A click on Save."""
-
-    def __init__(self, keeper, article, amount):
-        super().__init__()
-        self.arguments = keeper, article, amount
-        self.failure = None
-
-    def run(self):
-        keeper, article, amount = self.arguments
-        try:
-            keeper.save(article, amount)
-        except Failed as failure:
-            self.failure = failure
 
 
 class ASiteWithGalera(unittest.TestCase):
@@ -149,26 +133,18 @@ class ASiteWithGalera(unittest.TestCase):
             self.assertLessEqual(len(keeper.failures()), count, keeper.failures())
 
     def test_a_save_that_another_node_was_faster_than_can_be_saved_again(self):
-        """On whichever node the save is. A provider that repeats it by itself is as good."""
-        keeper = self.keepers[0]
-        keeper.may_lose = False
-        keeper.back()
-        article, amount = keeper.articles[0], keeper.new_amount()
-        keeper.fill_in(article, amount)
+        """On whichever node the save is."""
         first, between, last = self.cluster.nodes
+        save = Save(self.keepers[0])
+        number, _, amount = save.article
         with Gate(first, last) as gate:
-            save = Save(keeper, article, amount)
             save.start()
             gate.wait_for_somebody()
-            between.ask(f"UPDATE shop.Articles SET Views = 1 WHERE ID = {article[0]}")
-            keeper.ledger.append(("UPDATE", article[0], article[2]))
+            between.ask(f"UPDATE shop.Articles SET Views = 1 WHERE ID = {number}")
+            self.ledger.append(("UPDATE", number, amount))
             gate.open()
             save.join()
-        if save.failure:
-            self.assertTrue(save.failure.is_conflict(), save.failure)
-            keeper.page = save.failure.page
-            keeper.save(article, amount)
-        keeper.back()
+        save.press_again_after_conflict()
 
 
 if __name__ == "__main__":

@@ -11,7 +11,7 @@ INSTALLED = (deployed_site.DEPLOY / "pgbouncer/pgbouncer.ini").read_text()
 
 
 class PgBouncer(Server):
-    shutdown = signal.SIGTERM
+    shutdown = signal.SIGQUIT  # Since release 1.23 it waits for its clients after SIGTERM.
     ready = b"process up"
     saves_in, for_saving = "shop", "Application Name=saving"
     reads_in, for_reading = "shop_read", "Application Name=reading"

@@ -8,6 +8,8 @@ import deployed_site
 import interruption
 from crowd import Crowd
 from patient_keeper import Failed, PatientKeeper
+from rival import Rival
+from save import Save
 from stock import OWNERS
 
 WORKERS = 6
@@ -88,6 +90,29 @@ class PooledSite:
         reader.fill_in(reader.articles[0], 77)
         with self.assertRaisesRegex(Failed, "cannot execute UPDATE in a read-only transaction"):
             reader.save(reader.articles[0], 77)
+
+    def test_a_save_that_another_one_was_faster_than_can_be_saved_again(self):
+        """Where transactions must not see what others have changed since they began."""
+        self.set_isolation("repeatable read")
+        try:
+            save = Save(self.keepers[0])
+            number, _, amount = save.article
+            with Rival(self.stock, number):
+                save.start()
+                waiting = "SELECT pid FROM pg_stat_activity WHERE usename = 'shop_pages' AND wait_event_type = 'Lock'"
+                deployed_site.wait_until(lambda: self.stock.rows(waiting), "the save does not wait")
+            self.ledger.append(("UPDATE", number, amount))
+            save.join()
+            save.press_again_after_conflict()
+        finally:
+            self.set_isolation("read committed")
+
+    def set_isolation(self, level):
+        """Of all that pages do from now on, over new connections."""
+        self.stock.ask(f"ALTER ROLE shop_pages SET default_transaction_isolation = '{level}'")
+        for pooler in self.poolers:
+            pooler.stop()
+            pooler.start()
 
     def test_pages_go_on_while_a_pooler_is_killed_and_returns(self):
         for pooler in self.poolers:
