@@ -1,6 +1,8 @@
 #include "html/text_escape.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 #include "text/utf8.h"
 
@@ -20,10 +22,39 @@ constexpr std::array<ByteClass, 256> ByteClasses() {
 
 constexpr std::array<ByteClass, 256> kByteClasses = ByteClasses();
 
+using Word = std::uint64_t;
+
+constexpr Word Repeated(unsigned char byte) { return Word{0x0101010101010101} * byte; }
+
+/// The highest bit of every byte that is 0, and perhaps of bytes above one that is.
+constexpr Word ZeroBytes(Word word) { return (word - Repeated(1)) & ~word & Repeated(0x80); }
+
+/// Whether any of the eight bytes is more than a plain character of ASCII. Of the five characters two pairs
+/// differ in one bit: "&" and "'", "<" and ">".
+bool NeedALook(const char* bytes) {
+  Word word = 0;
+  std::memcpy(&word, bytes, sizeof word);
+  const Word found = ZeroBytes(word) | ZeroBytes(word ^ Repeated('"')) |
+                     ZeroBytes((word & ~Repeated(1)) ^ Repeated('&')) |
+                     ZeroBytes((word & ~Repeated(2)) ^ Repeated('<'));
+  return (found | (word & Repeated(0x80))) != 0;
+}
+
+/// The number of plain characters of ASCII at the start, rounded down to words unless these are all.
+std::size_t PlainWords(std::string_view text) {
+  constexpr std::size_t kBytes = sizeof(Word);
+  if (text.size() < kBytes) return 0;
+  std::size_t at = 0;
+  for (; at + kBytes <= text.size(); at += kBytes) {
+    if (NeedALook(text.data() + at)) return at;
+  }
+  return NeedALook(text.data() + text.size() - kBytes) ? at : text.size();
+}
+
 }  // namespace
 
 std::size_t PlainBytes(std::string_view text) {
-  std::size_t at = 0;
+  std::size_t at = PlainWords(text);
   while (at < text.size()) {
     switch (kByteClasses[static_cast<unsigned char>(text[at])]) {
       case ByteClass::kPlain:

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -47,6 +48,38 @@ TEST(TextEscape, PutsAReplacementCharacterForNulAndForWhatIsNoUtf8) {
   EXPECT_EQ(EscapedText("\xE2\x82<"), "\xEF\xBF\xBD&lt;");
   EXPECT_EQ(EscapedText("\xC0\xBC"), "\xEF\xBF\xBD\xEF\xBF\xBD");
   EXPECT_EQ(EscapedText("\xC3\"\xA9"), "\xEF\xBF\xBD&quot;\xEF\xBF\xBD");
+}
+
+std::string Replacement(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&#39;";
+    default:
+      return c > 0 ? std::string(1, c) : "\xEF\xBF\xBD";
+  }
+}
+
+TEST(TextEscape, FindsEveryByteWhereverItStands) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const char c = static_cast<char>(byte);
+    for (std::size_t size = 1; size < 20; ++size) {
+      for (std::size_t at = 0; at < size; ++at) {
+        std::string text(size, 'x');
+        text[at] = c;
+        std::string scratch;
+        ASSERT_EQ(html::Escaped(text, scratch),
+                  std::string(at, 'x') + Replacement(c) + std::string(size - at - 1, 'x'));
+      }
+    }
+  }
 }
 
 TEST(TextEscape, ReplacesEveryByteOfALongText) {
