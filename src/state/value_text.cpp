@@ -15,14 +15,6 @@ void PutInTextarea(html::HtmlWriter& out, const Render& render, std::string_view
   out.Write(html::Text{text});
 }
 
-void PutQuoted(html::HtmlWriter& out, const Render& render, std::string_view text) {
-  if (render.settings.Hardened) {
-    out.Write(html::Text{text});
-  } else {
-    out.Write(html::Quoted{text});
-  }
-}
-
 void PutInText(html::HtmlWriter& out, const Render& render, std::string_view text) {
   if (render.settings.Hardened) {
     out.Write(html::Text{text});

@@ -13,10 +13,6 @@ void PutInAttribute(html::HtmlWriter& out, const Render& render, std::string_vie
 /// The same for the content of a textarea.
 void PutInTextarea(html::HtmlWriter& out, const Render& render, std::string_view text);
 
-/// Writes a value into an attribute between double quotes where pages that are not hardened replace nothing
-/// but these.
-void PutQuoted(html::HtmlWriter& out, const Render& render, std::string_view text);
-
 /// Writes a value or a name into the text of the page, which pages that are not hardened write as it is.
 void PutInText(html::HtmlWriter& out, const Render& render, std::string_view text);
 

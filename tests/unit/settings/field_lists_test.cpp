@@ -108,7 +108,8 @@ TEST_P(StarLists, HoldNamesInAnyLetterCaseAndNumbers) {
 INSTANTIATE_TEST_SUITE_P(Properties, StarLists,
                          testing::Values(StarList{&Settings::EditFieldsReadOnly, settings::IsFieldReadOnly},
                                          StarList{&Settings::GridColsNoSort, settings::IsGridColNoSort},
-                                         StarList{&Settings::GridCellsNoBr, settings::IsGridCellNoBr}));
+                                         StarList{&Settings::GridCellsNoBr, settings::IsGridCellNoBr},
+                                         StarList{&Settings::GridColsHtml, settings::IsGridColHtml}));
 
 TEST(SuppressDuplicatePosition, IsThatOfTheNameElseOfTheNumber) {
   Settings settings;
