@@ -1,10 +1,10 @@
 <?php
 
-/** Router for the pages that only tests use: the pictures of the navigation bar come from the component's own. */
+/** Router for the pages that only tests use: pictures of the navigation bar and the script come from the component's own. */
 
 $path = strtok($_SERVER["REQUEST_URI"], "?");
-if (preg_match('~^/(gfx/[a-z]+\.gif)$~D', $path, $found) !== 1) {
+if (preg_match('~^/(gfx/[a-z]+\.gif|dralo\.js)$~D', $path, $found) !== 1) {
     return false;
 }
-header("Content-Type: image/gif");
+header("Content-Type: " . (str_ends_with($path, ".js") ? "text/javascript" : "image/gif"));
 readfile(__DIR__ . "/../../../assets/$found[1]");
