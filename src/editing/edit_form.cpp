@@ -12,6 +12,7 @@
 #include "editing/field_digest.h"
 #include "editing/form_edit_field.h"
 #include "editing/query_schema.h"
+#include "editing/replayed_insert.h"
 #include "html/html_writer.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
@@ -105,6 +106,10 @@ void EditForm::PutStateInputs() {
   out_.Put(R"(<input type="hidden" name="{}" value="1">)", render_.keys(key::kFormEdit));
   out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(key::kFormInsert),
            Verbatim{fields_.AddsRecord() ? "1" : ""});
+  if (fields_.AddsRecord() && DetectsReplays(settings_)) {
+    const std::string greatest = GreatestKey(render_);
+    out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(kGreatestKey), Verbatim{greatest});
+  }
 }
 
 /// Its script leaves edit mode, so that a successful save shows the record.

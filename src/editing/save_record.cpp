@@ -18,6 +18,7 @@
 #include "editing/posted_key.h"
 #include "editing/primary_keys.h"
 #include "editing/record_change.h"
+#include "editing/replayed_insert.h"
 #include "platform/transaction.h"
 #include "settings/field_lists.h"
 #include "settings/statement_parameters.h"
@@ -108,7 +109,7 @@ class Save {
     if (!Open(statement_) || !Begin()) return false;
     RecordChange change(render_, *recordset_,
                         is_insert_ ? RecordChange::Kind::kInsert : RecordChange::Kind::kUpdate);
-    if (!AssignAll() || !IsAllowed(change) || !Write()) return false;
+    if (!AssignAll() || !IsAllowed(change) || !IsFirst() || !Write()) return false;
     change.SetWritten();
     if (settings_.OnSaved != nullptr) (*settings_.OnSaved)(change);
     recordset_->Close();
@@ -121,6 +122,15 @@ class Save {
     if (settings_.OnSave != nullptr) (*settings_.OnSave)(change);
     if (render_.outcome.field_notes.empty()) return true;
     SetRefused(render_, schema_, settings::kSeeFields);
+    Abandon();
+    return false;
+  }
+
+  /// A second equal insert asks; the form that comes back carries the greatest key of now, so that the answer
+  /// is no replay.
+  bool IsFirst() {
+    if (!is_insert_ || !DetectsReplays(settings_) || !IsReplayed(render_, schema_, *recordset_)) return true;
+    SetRefused(render_, schema_, settings::kAddedAlready);
     Abandon();
     return false;
   }

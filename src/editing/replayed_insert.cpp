@@ -1,0 +1,82 @@
+#include "editing/replayed_insert.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <variant>
+
+#include "editing/field_digest.h"
+#include "settings/open_connection.h"
+#include "state/field_inputs.h"
+#include "text/blanks.h"
+#include "text/decimal.h"
+#include "text/letter_case.h"
+
+namespace dralo::editing {
+namespace {
+
+/// However many records others have added meanwhile.
+constexpr std::int64_t kMostComparedRecords = 1000;
+
+/// EditSQL as a table of its own. The line feed ends a comment at its end.
+std::string RecordsOfForm(const settings::Settings& settings, std::string_view columns) {
+  std::string_view sql = text::TrimBlanks(settings.EditSQL);
+  if (sql.ends_with(';')) sql.remove_suffix(1);
+  return std::string("SELECT ").append(columns).append(" FROM (").append(sql).append("\n) DRTEMPTABLE");
+}
+
+std::string QuotedKey(const settings::Settings& settings) {
+  return settings::OpenConnection(settings)->QuoteName(KeyNames(settings).front());
+}
+
+/// Whether the fields have equal values, as far as they were posted; the key is never equal.
+bool HasPostedValues(const state::Render& render, const QuerySchema& schema, platform::Recordset& added,
+                     platform::Recordset& record) {
+  const state::FieldInputs inputs(render.keys);
+  const std::string key_name = KeyNames(render.settings).front();
+  const std::span<platform::Field* const> left = added.Fields();
+  const std::span<platform::Field* const> right = record.Fields();
+  if (left.size() != right.size() || left.size() != schema.fields.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    const std::string& name = schema.fields[i].name;
+    const platform::TypeCode type = schema.fields[i].type;
+    const bool counts = inputs.Posted(name).has_value() && !text::EqualIgnoringCase(name, key_name) &&
+                        type != platform::TypeCode::kLongVarBinary;
+    if (counts &&
+        DigestOfValue("", name, type, left[i]->Value()) != DigestOfValue("", name, type, right[i]->Value())) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+bool DetectsReplays(const settings::Settings& settings) {
+  return settings.Hardened && KeyNames(settings).size() == 1 && !text::IsBlank(settings.EditNewPKStatement);
+}
+
+std::string GreatestKey(const state::Render& render) {
+  const std::string maximum = "max(" + QuotedKey(render.settings) + ")";
+  const auto record = OpenFirstRows(render, RecordsOfForm(render.settings, maximum));
+  if (record->Eof()) return {};
+  const platform::VariantView value = record->Fields().front()->Value();
+  if (platform::IsNull(value)) return std::to_string(-std::numeric_limits<std::int64_t>::max());
+  const auto* number = std::get_if<std::int64_t>(&value);
+  return number == nullptr ? std::string() : std::to_string(*number);
+}
+
+bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset) {
+  const auto greatest = text::ParseNumber<std::int64_t>(render.keys.Value(kGreatestKey));
+  if (!greatest) return false;
+  const std::string statement = RecordsOfForm(render.settings, "*") + " WHERE " + QuotedKey(render.settings) +
+                                " > " + std::to_string(*greatest);
+  const auto newer = OpenFirstRows(render, statement, kMostComparedRecords);
+  for (; !newer->Eof(); newer->MoveNext()) {
+    if (HasPostedValues(render, schema, recordset, *newer)) return true;
+  }
+  return false;
+}
+
+}  // namespace dralo::editing

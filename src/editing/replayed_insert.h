@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "dralo/recordset.h"
+#include "editing/query_schema.h"
+#include "state/render.h"
+
+namespace dralo::editing {
+
+// The same add form may be posted twice: by a second click, or by a browser that sends a post again. Nothing
+// is kept on the server, so the form carries the greatest key that there was when it was made, and an equal
+// record behind that key was added by the same form.
+
+/// The key, in a page and in what is posted, of the greatest key.
+inline constexpr std::string_view kGreatestKey = "After";
+
+/// Whether add forms carry the greatest key: on hardened pages with one key, which the database or a
+/// statement makes.
+bool DetectsReplays(const settings::Settings& settings);
+
+/// The greatest key of the records of EditSQL, or one below all when there are none; "" when keys are no
+/// whole numbers. Throws platform::Error when the statement fails.
+std::string GreatestKey(const state::Render& render);
+
+/// Whether a record of EditSQL behind the posted greatest key has the values of the new record on which
+/// `recordset` stands, in all fields that were posted. Throws platform::Error when the statement fails.
+bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset);
+
+}  // namespace dralo::editing
