@@ -24,6 +24,7 @@ inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "EditDetectConflicts",
     "EditRules",
     "EditSqlParameters",
+    "ErrorDetail",
     "FormSqlParameters",
     "GridColsHtml",
     "Hardened",
