@@ -32,7 +32,7 @@ array(6) {
   ["dralo.hardened"]=>
   string(1) "0"
   ["dralo.hosts"]=>
-  NULL
+  string(0) ""
   ["dralo.locale"]=>
   string(5) "nb-NO"
   ["dralo.pool_idle_seconds"]=>
@@ -40,7 +40,7 @@ array(6) {
   ["dralo.pool_size"]=>
   string(1) "8"
   ["dralo.trusted_origins"]=>
-  NULL
+  string(0) ""
 }
 bool(false)
 bool(false)
