@@ -21,6 +21,7 @@
 #include "editing/replayed_insert.h"
 #include "platform/transaction.h"
 #include "settings/field_lists.h"
+#include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
 #include "text/letter_case.h"

@@ -12,7 +12,7 @@ namespace dralo::state {
 
 namespace {
 
-bool IsCommand(std::string_view name) {
+bool NamesCommand(std::string_view name) {
   return std::ranges::any_of(
       std::initializer_list<std::string_view>{key::kFormUpdate, key::kFormInsert, key::kFormDelete},
       [&](std::string_view command) { return text::StartsWithAscii(name, command); });
@@ -21,7 +21,7 @@ bool IsCommand(std::string_view name) {
 }  // namespace
 
 bool IsOfChange(std::string_view name) {
-  return IsCommand(name) || name.starts_with('_') || text::EqualAscii(name, key::kToken);
+  return NamesCommand(name) || name.starts_with('_') || text::EqualAscii(name, key::kToken);
 }
 
 RequestKeys::RequestKeys(const platform::Request& request, std::string_view tag, ChangeKeys change_keys)
