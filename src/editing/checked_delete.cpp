@@ -6,6 +6,7 @@
 #include "editing/outcome.h"
 #include "editing/record_change.h"
 #include "settings/field_lists.h"
+#include "settings/statement_parameters.h"
 
 namespace dralo::editing {
 namespace {
@@ -33,7 +34,8 @@ bool ChecksDeletes(const settings::Settings& settings) {
 
 bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key) {
   std::string statement(WithoutWhere(render.settings.EditSQL));
-  const auto record = OpenFirstRows(render, statement.append(" WHERE ").append(key.condition));
+  const settings::Parameters parameters = settings::EditParametersOf(render.settings, statement);
+  const auto record = OpenFirstRows(render, statement.append(" WHERE ").append(key.condition), parameters);
   if (record->Eof()) return true;
   if (DetectsConflicts(render.settings)) NoteChanges(render, *record);
   const bool has_changed = !render.outcome.field_notes.empty();

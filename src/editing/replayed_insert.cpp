@@ -8,6 +8,7 @@
 
 #include "editing/field_digest.h"
 #include "settings/open_connection.h"
+#include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
 #include "text/blanks.h"
 #include "text/decimal.h"
@@ -59,7 +60,8 @@ bool DetectsReplays(const settings::Settings& settings) {
 
 std::string GreatestKey(const state::Render& render) {
   const std::string maximum = "max(" + QuotedKey(render.settings) + ")";
-  const auto record = OpenFirstRows(render, RecordsOfForm(render.settings, maximum));
+  const auto record = OpenFirstRows(render, RecordsOfForm(render.settings, maximum),
+                                    settings::EditParameters(render.settings));
   if (record->Eof()) return {};
   const platform::VariantView value = record->Fields().front()->Value();
   if (platform::IsNull(value)) return std::to_string(-std::numeric_limits<std::int64_t>::max());
@@ -72,7 +74,8 @@ bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform
   if (!greatest) return false;
   const std::string statement = RecordsOfForm(render.settings, "*") + " WHERE " + QuotedKey(render.settings) +
                                 " > " + std::to_string(*greatest);
-  const auto newer = OpenFirstRows(render, statement, kMostComparedRecords);
+  const auto newer =
+      OpenFirstRows(render, statement, settings::EditParameters(render.settings), kMostComparedRecords);
   for (; !newer->Eof(); newer->MoveNext()) {
     if (HasPostedValues(render, schema, recordset, *newer)) return true;
   }
