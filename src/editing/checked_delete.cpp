@@ -37,13 +37,18 @@ bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey
   const settings::Parameters parameters = settings::EditParametersOf(render.settings, statement);
   const auto record = OpenFirstRows(render, statement.append(" WHERE ").append(key.condition), parameters);
   if (record->Eof()) return true;
-  if (DetectsConflicts(render.settings)) NoteChanges(render, *record);
+  const bool may_delete = MayDelete(render, schema, *record);
+  record->Close();
+  return may_delete;
+}
+
+bool MayDelete(state::Render& render, const QuerySchema& schema, platform::Recordset& record) {
+  if (DetectsConflicts(render.settings)) NoteChanges(render, record);
   const bool has_changed = !render.outcome.field_notes.empty();
   if (!has_changed && render.settings.OnDelete != nullptr) {
-    RecordChange change(render, *record, RecordChange::Kind::kDelete);
+    RecordChange change(render, record, RecordChange::Kind::kDelete);
     (*render.settings.OnDelete)(change);
   }
-  record->Close();
   if (render.outcome.field_notes.empty()) return true;
   SetRefused(render, schema, has_changed ? settings::kDeleteChanged : settings::kNotDeleted);
   render.outcome.shows_stored_record = true;

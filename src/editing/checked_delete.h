@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dralo/recordset.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
 #include "state/render.h"
@@ -14,5 +15,8 @@ bool ChecksDeletes(const settings::Settings& settings);
 /// form comes back with what is stored now: posted once more it deletes what was changed. Throws
 /// platform::Error when the record cannot be read, and lets through what OnDelete throws.
 bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key);
+
+/// The same for the record on which `record` stands.
+bool MayDelete(state::Render& render, const QuerySchema& schema, platform::Recordset& record);
 
 }  // namespace dralo::editing

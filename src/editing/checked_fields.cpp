@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "dralo/error.h"
+#include "editing/assignable_field.h"
 #include "editing/conflict_check.h"
 #include "editing/edit_rules.h"
 #include "editing/field_value.h"
@@ -66,6 +67,10 @@ class CheckedFields {
     const auto posted = inputs_.Posted(schema.name);
     if (!made.value && IsLeftAlone(schema, field, index, posted)) return;
 
+    if (!made.value && settings_.Hardened && !IsOfferedByLookup(render_, schema.name, posted.value_or(""))) {
+      return Note(schema.name, settings_.language_tables->refusals[settings::kNoChoice]);
+    }
+
     std::string_view text = made.value ? std::string_view(*made.value) : posted.value_or("");
     if (made.value || IsSelect(settings_, schema.name)) text = AsOfBox(schema.type, text);
     if (Store(schema, field, text) && !made.value) CheckRules(rules, field, text);
@@ -74,6 +79,7 @@ class CheckedFields {
   bool IsLeftAlone(const SchemaField& schema, platform::Field& field, std::size_t index,
                    std::optional<std::string_view> posted) {
     const int position = static_cast<int>(index);
+    if (settings_.Hardened && !MayBeAssigned(render_, field, position, key_ == nullptr, posted)) return true;
     if (settings::IsFieldReadOnly(settings_, schema.name, position)) return true;
     if (!posted && !settings::IsFormFieldShown(settings_, schema.name, position + 1)) return true;
     if (key_ == nullptr) return false;

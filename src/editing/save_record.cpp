@@ -13,6 +13,7 @@
 #include "editing/checked_fields.h"
 #include "editing/conflict_check.h"
 #include "editing/field_value.h"
+#include "editing/guarded_record.h"
 #include "editing/outcome.h"
 #include "editing/posted_field.h"
 #include "editing/posted_key.h"
@@ -43,6 +44,7 @@ class Save {
         is_insert_(render.keys.Has(state::key::kFormInsert)) {}
 
   bool Run() {
+    if (settings_.Hardened) return RunGuarded();
     statement_ = WithoutWhere(settings_.EditSQL);
     if (!is_insert_) {
       key_ = ReadPostedKey(render_, schema_);
@@ -50,13 +52,50 @@ class Save {
       RefuseAmbiguousKey(render_, key_);
     }
     if (ChecksAllFields(settings_)) return RunChecked();
-    if (!Open(statement_) || !Begin() || !AssignInTurn() || !Write()) return false;
+    if (!Reopen() || !AssignInTurn() || !Write()) return false;
     recordset_->Close();
     SetSaved();
     return true;
   }
 
  private:
+  /// A hardened page changes only what it shows, before and after.
+  bool RunGuarded() {
+    statement_ = settings_.EditSQL;
+    GuardedRecord guarded(render_);
+    guarded_ = &guarded;
+    if (!Reopen() || !SaveChecked()) return false;
+    if (!guarded.IsInside(*recordset_)) {
+      render_.Errors().AddLeftForm();
+      return false;
+    }
+    guarded.Commit();
+    recordset_->Close();
+    SetSaved();
+    return true;
+  }
+
+  bool OpenGuarded() {
+    recordset_ = guarded_->Open();
+    if (recordset_ == nullptr) {
+      render_.Errors().AddNoSuchRecord();
+      return false;
+    }
+    key_.exact = guarded_->Key();
+    return true;
+  }
+
+  bool OpenGuardedForNew() {
+    recordset_ = guarded_->OpenForNew();
+    return AddNew();
+  }
+
+  /// Stands on the record that is changed, or on a new one. False when there is none, which is told.
+  bool Reopen() {
+    if (guarded_ == nullptr) return Open(statement_) && Begin();
+    return is_insert_ ? OpenGuardedForNew() : OpenGuarded();
+  }
+
   bool Open(const std::string& statement) {
     recordset_ = platform::Create<platform::Recordset>(render_.environment, "ADODB.Recordset");
     recordset_->SetCursorLocation(platform::CursorLocation::kClient);
@@ -86,6 +125,10 @@ class Save {
       RefuseSharedKey(render_, key_);
       return true;
     }
+    return AddNew();
+  }
+
+  bool AddNew() {
     try {
       recordset_->AddNew();
     } catch (const std::exception& error) {
@@ -107,15 +150,19 @@ class Save {
     // A handler may give the view's connection object another one.
     const std::shared_ptr<platform::Connection> connection = settings::OpenConnection(settings_);
     platform::Transaction transaction(*connection);
-    if (!Open(statement_) || !Begin()) return false;
+    if (!Reopen() || !SaveChecked()) return false;
+    recordset_->Close();
+    transaction.Commit();
+    SetSaved();
+    return true;
+  }
+
+  bool SaveChecked() {
     RecordChange change(render_, *recordset_,
                         is_insert_ ? RecordChange::Kind::kInsert : RecordChange::Kind::kUpdate);
     if (!AssignAll() || !IsAllowed(change) || !IsFirst() || !Write()) return false;
     change.SetWritten();
     if (settings_.OnSaved != nullptr) (*settings_.OnSaved)(change);
-    recordset_->Close();
-    transaction.Commit();
-    SetSaved();
     return true;
   }
 
@@ -220,7 +267,7 @@ class Save {
   /// is a conflict by now, of which the form tells.
   bool IsOvertaken() {
     if (is_insert_ || !DetectsConflicts(settings_)) return false;
-    return Open(statement_) && Begin() && !AssignAll();
+    return Reopen() && !AssignAll();
   }
 
   state::Render& render_;
@@ -229,8 +276,9 @@ class Save {
   std::string& statement_;
   state::FieldInputs inputs_;
   bool is_insert_;
-  PostedKey key_;          ///< Of an update.
-  bool is_found_ = false;  ///< Whether there is a record with the posted key.
+  GuardedRecord* guarded_ = nullptr;  ///< Of a hardened page.
+  PostedKey key_;                     ///< Of an update.
+  bool is_found_ = false;             ///< Whether there is a record with the posted key.
   std::shared_ptr<platform::Recordset> recordset_;
 };
 

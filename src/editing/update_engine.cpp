@@ -8,6 +8,7 @@
 
 #include "dralo/error.h"
 #include "editing/checked_delete.h"
+#include "editing/guarded_record.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
@@ -64,15 +65,26 @@ bool CarryOut(state::Render& render, std::string& statement) {
   const settings::Settings& settings = render.settings;
   const QuerySchema schema = ReadQuerySchema(render, statement, settings::EditParameters(settings));
   const bool is_delete = !settings.DeleteSQL.empty() && state::IsDeletePosted(settings, render.keys);
-  const bool is_done =
-      is_delete ? DeleteRecord(render, schema, statement) : SaveRecord(render, schema, statement);
+  const auto remove = [&] {
+    return settings.Hardened ? DeleteGuardedRecord(render, schema) : DeleteRecord(render, schema, statement);
+  };
+  const bool is_done = is_delete ? remove() : SaveRecord(render, schema, statement);
   if (is_done) render.outcome.change = is_delete ? state::Change::kDeleted : state::Change::kSaved;
   return is_done;
+}
+
+/// Each change needs its own word.
+bool IsAllowedChangePosted(const state::Render& render) {
+  const settings::EditPermissions& edit = render.settings.edit;
+  if (state::IsDeletePosted(render.settings, render.keys)) return edit.remove;
+  if (!render.keys.Has(key::kFormUpdate)) return false;
+  return render.keys.Has(key::kFormInsert) ? edit.add : edit.update;
 }
 
 }  // namespace
 
 bool IsChangePosted(const state::Render& render) {
+  if (render.settings.Hardened) return IsAllowedChangePosted(render);
   const bool is_posted =
       render.keys.Has(key::kFormUpdate) || state::IsDeletePosted(render.settings, render.keys);
   return is_posted && render.settings.edit.save;

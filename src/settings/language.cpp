@@ -16,7 +16,8 @@ LanguageTables English() {
            "This must be {} or less.", "This must have {} characters or more.",
            "This must have {} characters or less.", "This has not the form that is asked for.",
            "This is not an e-mail address.", "This is not a web address.", "This must be {} or later.",
-           "This must be {} or earlier.", "Record WAS NOT DELETED. See the messages beside the fields."}};
+           "This must be {} or earlier.", "Record WAS NOT DELETED. See the messages beside the fields.",
+           "This is not one of the choices."}};
 }
 
 /// Keeps the English buttons and outcomes; pages that want others set their own lists.
@@ -41,24 +42,26 @@ LanguageTables German() {
                      "Das ist keine Web-Adresse.",
                      "Nicht vor {}.",
                      "Nicht nach {}.",
-                     "Der Datensatz wurde NICHT GELÖSCHT. Siehe die Hinweise neben den Feldern."};
+                     "Der Datensatz wurde NICHT GELÖSCHT. Siehe die Hinweise neben den Feldern.",
+                     "Das steht nicht zur Wahl."};
   return tables;
 }
 
 LanguageTables Norwegian() {
-  return {{"Neste", "Neste", "Forrige", "Forrige", "post", "poster", "Liste", "av", "Første", "Siste",
-           "Poster per side", "side"},
-          {"Rediger", "Lagre", "Lukk", "Ny", "Slett"},
-          {"[Ny datapost lagret]", "[Dataposten ble lagret]", "[Dataposten ble slettet]",
-           "Dataposten ble IKKE LAGRET. Fyll ut påkrevde verdier."},
-          {"Dataposten ble IKKE LAGRET. Se meldingene ved feltene.", "I mellomtiden endret til:",
-           "Dataposten ble IKKE SLETTET, for den er endret i mellomtiden. Slette den slik den er nå?",
-           "En slik datapost er allerede lagt til. Lagre en gang til for å legge til en ny.",
-           "Fyll ut dette feltet.", "Dette er ikke et tall.", "Dette er ikke en gyldig dato.",
-           "Må være {} eller mer.", "Må være {} eller mindre.", "Må ha {} tegn eller flere.",
-           "Må ha {} tegn eller færre.", "Dette har ikke den ønskede formen.",
-           "Dette er ikke en e-postadresse.", "Dette er ikke en nettadresse.", "Må være {} eller senere.",
-           "Må være {} eller tidligere.", "Dataposten ble IKKE SLETTET. Se meldingene ved feltene."}};
+  return {
+      {"Neste", "Neste", "Forrige", "Forrige", "post", "poster", "Liste", "av", "Første", "Siste",
+       "Poster per side", "side"},
+      {"Rediger", "Lagre", "Lukk", "Ny", "Slett"},
+      {"[Ny datapost lagret]", "[Dataposten ble lagret]", "[Dataposten ble slettet]",
+       "Dataposten ble IKKE LAGRET. Fyll ut påkrevde verdier."},
+      {"Dataposten ble IKKE LAGRET. Se meldingene ved feltene.", "I mellomtiden endret til:",
+       "Dataposten ble IKKE SLETTET, for den er endret i mellomtiden. Slette den slik den er nå?",
+       "En slik datapost er allerede lagt til. Lagre en gang til for å legge til en ny.",
+       "Fyll ut dette feltet.", "Dette er ikke et tall.", "Dette er ikke en gyldig dato.",
+       "Må være {} eller mer.", "Må være {} eller mindre.", "Må ha {} tegn eller flere.",
+       "Må ha {} tegn eller færre.", "Dette har ikke den ønskede formen.", "Dette er ikke en e-postadresse.",
+       "Dette er ikke en nettadresse.", "Må være {} eller senere.", "Må være {} eller tidligere.",
+       "Dataposten ble IKKE SLETTET. Se meldingene ved feltene.", "Dette er ikke et av valgene."}};
 }
 
 }  // namespace

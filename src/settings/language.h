@@ -50,6 +50,7 @@ enum RefusalSlot : std::size_t {
   kTooEarly = 14,
   kTooLate = 15,
   kNotDeleted = 16,
+  kNoChoice = 17,
 };
 
 /// Every text that the component itself puts on a page.

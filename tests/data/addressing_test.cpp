@@ -80,9 +80,11 @@ class Addressing : public ::testing::TestWithParam<Database> {
   }
 
   /// With the key in that list of fields.
-  void VisitAll(const KeyType& type, const std::string& table, const std::string& list) {
+  void VisitAll(const KeyType& type, const std::string& table, const std::string& list,
+                bool is_hardened = false) {
     SCOPED_TRACE(list);
     KeyJourney visitor(database_->ConnectionString(), table);
+    visitor.is_hardened = is_hardened;
     if (!list.empty()) visitor.settings = {{list, "K,k"}};
     const auto links = visitor.Links();
     ASSERT_EQ(links.size(), type.keys.size());
@@ -90,8 +92,9 @@ class Addressing : public ::testing::TestWithParam<Database> {
       Visit(type, table, static_cast<int>(i + 1), links[i], visitor);
   }
 
-  void DeleteAll(const KeyType& type, const std::string& table) {
+  void DeleteAll(const KeyType& type, const std::string& table, bool is_hardened = false) {
     KeyJourney visitor(database_->ConnectionString(), table);
+    visitor.is_hardened = is_hardened;
     const auto links = visitor.Links();
     ASSERT_EQ(links.size(), type.keys.size());
     for (std::size_t i = 0; i < links.size(); ++i)
@@ -121,6 +124,30 @@ TEST_P(Addressing, FindsEveryRecordWithoutADeclaredKeyAgain) {
     VisitAll(type, table, "FormFieldsHide");
     DeleteAll(type, table);
   }
+}
+
+TEST_P(Addressing, FindsEveryRecordOfAHardenedPage) {
+  for (const KeyType& type : KeyTypesOf(GetParam().name)) {
+    const std::string table = Make(type, type.can_be_declared);
+    VisitAll(type, table, "", true);
+    DeleteAll(type, table, true);
+  }
+}
+
+TEST_P(Addressing, FindsEveryRecordOfAHardenedPageWithoutADeclaredKey) {
+  for (const KeyType& type : KeyTypesOf(GetParam().name)) {
+    const std::string table = Make(type, false);
+    VisitAll(type, table, "FormFieldsHide", true);
+    DeleteAll(type, table, true);
+  }
+}
+
+/// By default blanks do not count and an empty text is no key.
+TEST_P(Addressing, TakesTextsOfAHardenedPageAsTheyAre) {
+  const KeyType texts{GetParam().text.name, GetParam().text.code, {"' a'", "''", "'%2C'", "'A'"}};
+  const std::string table = Make(texts, true);
+  VisitAll(texts, table, "", true);
+  DeleteAll(texts, table, true);
 }
 
 TEST_P(Addressing, SaysThatBytesAddressNoRecord) {

@@ -28,6 +28,8 @@ class KeyJourney {
   /// Settings of the page that are not the usual ones, by name.
   std::vector<std::pair<std::string, std::string>> settings = {};
 
+  bool is_hardened = false;
+
   /// The page as it answers; what went wrong stands in Error() then.
   std::string Show(Fields query, Fields form = {}) {
     FakePage page;
@@ -43,6 +45,7 @@ class KeyJourney {
                                                                     {"EditPrimaryKeys", "K"},
                                                                     {"OrderByFields", "Note"},
                                                                     {"DisplayNavBar", "none"}};
+    view.Set("Hardened", is_hardened);
     for (const auto& [name, value] : usual) view.Set(name, value);
     for (const auto& [name, value] : settings) view.Set(name, value);
     view.WriteHtmlTable();
