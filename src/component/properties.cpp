@@ -218,6 +218,10 @@ constexpr IndexedProperty ColumnRow(std::string_view name, std::string_view doc)
           .access = kReadWrite,
           .doc = doc,
           .get = [](DbView& view, std::int16_t column) -> platform::Variant {
+            // Reading is allowed while the view writes its page, but not reporting what fails.
+            std::string failure;
+            std::string text(Get(view.GetSettings(), column, settings::ErrorReport(failure)));
+            if (failure.empty()) return text;
             settings::Settings& settings = view.MutableSettings();
             return std::string(Get(settings, column, settings::OwnErrors(settings)));
           },

@@ -15,6 +15,7 @@ function other(ReflectionProperty $property, mixed $old, array $chosen): mixed
         'bool' => !$old,
         'int' => $property->name === 'CursorLocation' ? 3 : $old + 3,
         'string' => 'CELLSPACING=4 X',
+        'mixed' => strtoupper(...),
         default => new ($property->getType()->getName())(),
     };
 }
