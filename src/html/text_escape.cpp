@@ -31,24 +31,37 @@ constexpr Word ZeroBytes(Word word) { return (word - Repeated(1)) & ~word & Repe
 
 /// Whether any of the eight bytes is more than a plain character of ASCII. Of the five characters two pairs
 /// differ in one bit: "&" and "'", "<" and ">".
-bool NeedALook(const char* bytes) {
-  Word word = 0;
-  std::memcpy(&word, bytes, sizeof word);
+bool NeedALook(Word word) {
   const Word found = ZeroBytes(word) | ZeroBytes(word ^ Repeated('"')) |
                      ZeroBytes((word & ~Repeated(1)) ^ Repeated('&')) |
                      ZeroBytes((word & ~Repeated(2)) ^ Repeated('<'));
   return (found | (word & Repeated(0x80))) != 0;
 }
 
+Word WordAt(const char* bytes) {
+  Word word = 0;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+/// All bytes of a text of four to seven, some of them twice.
+Word WordOfShort(std::string_view text) {
+  std::uint32_t halves[2];
+  std::memcpy(&halves[0], text.data(), sizeof halves[0]);
+  std::memcpy(&halves[1], text.data() + text.size() - sizeof halves[1], sizeof halves[1]);
+  return Word{halves[0]} << 32 | halves[1];
+}
+
 /// The number of plain characters of ASCII at the start, rounded down to words unless these are all.
 std::size_t PlainWords(std::string_view text) {
   constexpr std::size_t kBytes = sizeof(Word);
-  if (text.size() < kBytes) return 0;
+  if (text.size() < kBytes / 2) return 0;
+  if (text.size() < kBytes) return NeedALook(WordOfShort(text)) ? 0 : text.size();
   std::size_t at = 0;
   for (; at + kBytes <= text.size(); at += kBytes) {
-    if (NeedALook(text.data() + at)) return at;
+    if (NeedALook(WordAt(text.data() + at))) return at;
   }
-  return NeedALook(text.data() + text.size() - kBytes) ? at : text.size();
+  return NeedALook(WordAt(text.data() + text.size() - kBytes)) ? at : text.size();
 }
 
 }  // namespace
