@@ -20,6 +20,11 @@ struct Query {
 
   /// Whether the rows are to be changed, perhaps only to add one without reading any.
   bool is_updatable = false;
+
+  /// The statement of one value that counts the rows, where Session::CountBeside() is going to be asked for
+  /// it; otherwise empty.
+  std::string_view counting = {};
+  std::span<const platform::Variant> counting_parameters = {};
 };
 
 }  // namespace dralo::database

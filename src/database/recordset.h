@@ -85,7 +85,7 @@ class Recordset final : public platform::Recordset {
     AssignedValues values;
   };
 
-  std::int64_t Start(std::shared_ptr<Connection> connection, const Query& query);
+  std::int64_t Start(std::shared_ptr<Connection> connection, Query query);
   void Take(std::shared_ptr<Connection> connection, std::unique_ptr<Cursor> cursor);
   void RequireClosed() const;
   void RequireOpen() const;

@@ -48,11 +48,16 @@ std::int64_t Recordset::Run(std::shared_ptr<Connection> connection, std::string_
   return Start(std::move(connection), {text, {}, max_records_});
 }
 
-std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, const Query& query) {
+std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, Query query) {
   Session& session = connection->GetSession();
   counted_.reset();
   const Query count{.text = counting_, .parameters = counting_parameters_, .max_records = 1};
-  if (!counting_.empty() && !session.CountsBesideRows()) counted_ = session.Ask(count);
+  if (!counting_.empty() && session.CountsBesideRows(query)) {
+    query.counting = counting_;
+    query.counting_parameters = counting_parameters_;
+  } else if (!counting_.empty()) {
+    counted_ = session.Ask(count);
+  }
   auto cursor = session.Prepare(query);
   auto columns = cursor->GetColumns();
   const bool changes_data = cursor->ChangesData();

@@ -76,11 +76,11 @@ class Session {
   /// Returns false when it cannot be; it must then be closed.
   virtual bool Reset() noexcept = 0;
 
-  /// Whether CountBeside() is better than Ask() before the rows are prepared.
-  virtual bool CountsBesideRows() const { return false; }
+  /// Whether CountBeside() is better than Ask() before `rows` are prepared.
+  virtual bool CountsBesideRows(const Query& /*rows*/) const { return false; }
 
-  /// The only value of `count`, and the first step of `rows`, which was not stepped yet, as of one moment. A
-  /// failure of that step comes at the next Step().
+  /// The only value of `count`, and the first step of `rows`, which was not stepped yet, together: as of one
+  /// moment, or at the price of one. A failure of that step comes at the next Step().
   virtual platform::Variant CountBeside(const Query& count, Cursor& /*rows*/) { return Ask(count); }
 
   /// The first value of the first row. Throws platform::Error when there is none.

@@ -27,7 +27,16 @@ Form WantedForm(const Query& query) { return query.max_records == 1 ? Form::kOne
 
 }  // namespace
 
-Cursor::Cursor(Session& session, const Query& query)
+Cursor::Cursor(Session& session, const Query& query) : Cursor(session, query, Unsent{}) {
+  if (!query.counting.empty()) {
+    count_.reset(new Cursor(
+        session, {.text = query.counting, .parameters = query.counting_parameters, .max_records = 1},
+        Unsent{}));
+  }
+  Prepare();
+}
+
+Cursor::Cursor(Session& session, const Query& query, Unsent /*unused*/)
     : session_(session),
       link_(session.GetLink()),
       parameters_(query.parameters),
@@ -41,7 +50,6 @@ Cursor::Cursor(Session& session, const Query& query)
   }
   RequireParameterCount(query.parameters.size());
   description_ = statement_->description;
-  Prepare();
 }
 
 std::shared_ptr<Statement> Cursor::NewStatement(std::string_view text) const {

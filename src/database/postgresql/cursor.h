@@ -30,6 +30,10 @@ class Cursor final : public database::Cursor {
   Cursor(Session& session, const Query& query);
   ~Cursor() override { Stop(); }
 
+  /// The only value of `count`, in the same trip as the rows where they come as one answer. A failure of the
+  /// rows comes at the next Step().
+  platform::Variant Count(const Query& count);
+
   /// Runs a query that was not run yet. One that fails now says so when it is asked for a row.
   void StartEarly() noexcept;
 
@@ -47,7 +51,14 @@ class Cursor final : public database::Cursor {
 
  private:
   enum class State { kPrepared, kRunning, kDone };
+  struct Unsent {};
 
+  /// Nothing is sent yet.
+  Cursor(Session& session, const Query& query, Unsent);
+
+  bool MakeReady();
+  bool IsCounting() const { return count_ && !counted_; }
+  void CountAlone();
   std::shared_ptr<Statement> NewStatement(std::string_view text) const;
   void RequireParameterCount(std::size_t given) const;
   void Prepare();
@@ -59,6 +70,8 @@ class Cursor final : public database::Cursor {
   void Run(Execution::Rows rows);
   void Send(Execution::Rows rows);
   void Send(Execution::Rows rows, bool may_drop);
+  void Split(const Execution& execution, const Result& columns, bool may_drop);
+  void Adopt(Result answer);
   void Open();
   bool MayRunAgain(const platform::Error& error, bool was_prepared);
   void Learn(const Result& answer);
@@ -73,6 +86,8 @@ class Cursor final : public database::Cursor {
   const StatementCache::Key key_;
   const std::int64_t max_records_;
   const bool is_updatable_;
+  std::unique_ptr<Cursor> count_;             ///< Of the rows, to be run before them in one trip.
+  std::optional<platform::Variant> counted_;  ///< What it found.
   std::shared_ptr<Statement> statement_;
   std::shared_ptr<const Description> description_;
   bool is_description_fresh_ = false;

@@ -53,6 +53,19 @@ bool Description::IsOf(const PGresult* answer) const {
   return is_same;
 }
 
+std::optional<platform::Variant> FirstValue(const PGresult* answer) {
+  const Libpq& libpq = Libpq::Get();
+  if (libpq.PQntuples(answer) == 0 || libpq.PQnfields(answer) == 0) return std::nullopt;
+  if (libpq.PQgetisnull(answer, 0, 0) != 0) return platform::Variant();
+  Column column;
+  const Description::ServerType type = TypeOfColumn(answer, 0);
+  const Reading reading = SetType(column, type.number, type.modifier);
+  const std::string_view text(libpq.PQgetvalue(answer, 0, 0),
+                              static_cast<std::size_t>(libpq.PQgetlength(answer, 0, 0)));
+  std::string scratch;
+  return platform::Own(Read(reading, text, scratch));
+}
+
 Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, std::string_view text) {
   const Libpq& libpq = Libpq::Get();
   Description description;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,9 @@ struct Description {
   /// Whether the server says the same of the columns in `answer`.
   bool IsOf(const PGresult* answer) const;
 };
+
+/// The first value of the first row; nothing when there is none.
+std::optional<platform::Variant> FirstValue(const PGresult* answer);
 
 /// Of the statement `text`, by what the server says of it. Asks the catalogue for tables that are new to it,
 /// so it comes between two trips. Throws platform::Error.

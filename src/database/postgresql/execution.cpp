@@ -14,7 +14,7 @@ constexpr const char* kNoLimit = "SELECT pg_catalog.set_config('statement_timeou
 /// The server counts the time that the reader of the rows takes, too, so it has no limit for long results;
 /// the client has one for each part. Functions may change something: what is given up must not go on.
 Execution::Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows,
-                     bool is_guarded)
+                     bool is_guarded, const Leader* leader)
     : link_(link),
       statement_(statement),
       rows_(rows),
@@ -22,31 +22,46 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
       has_no_limit_(rows == Rows::kParts && link.Patience().has_value() && !statement.kind.calls_functions),
       is_prepared_(statement.IsPreparedOn(link)) {
   if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
+  if (leader != nullptr) {
+    is_leader_prepared_ = leader->statement.IsPreparedOn(link);
+    Order(leader->statement, leader->parameters, true);
+  }
   if (has_no_limit_) link_.Order(kNoLimit);
-  Order(parameters);
+  Order(statement_, parameters, rows_ != Rows::kNone);
   if (is_guarded_ && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
   if (is_guarded_) link_.Order("RELEASE dralo_statement");
   link_.Send();
-  if (is_guarded_) SkipAnswer();
-  if (has_no_limit_) SkipAnswer();
+  if (is_guarded_) Require(link_.Answer());
+  if (has_no_limit_) Require(link_.Answer());
 }
 
-void Execution::Order(const Parameters& parameters) {
-  if (!is_prepared_) {
-    link_.Prepare(statement_.name, statement_.ToSend(), parameters);
-    link_.Describe(statement_.name);
+void Execution::Order(const Statement& statement, const Parameters& parameters, bool is_run) {
+  if (!statement.IsPreparedOn(link_)) {
+    link_.Prepare(statement.name, statement.ToSend(), parameters);
+    link_.Describe(statement.name);
   }
-  if (rows_ != Rows::kNone) link_.Execute(statement_.name, parameters);
+  if (is_run) link_.Execute(statement.name, parameters);
 }
 
-void Execution::SkipAnswer() { Require(link_.Answer()); }
+Result Execution::ColumnsOf(Statement& statement) {
+  Require(link_.Answer(), statement);
+  if (!statement.name.empty()) statement.prepared = link_.Number();
+  Result answer = link_.Answer();
+  Require(answer, statement);
+  return answer;
+}
+
+Execution::Answers Execution::Lead(const Leader& leader) {
+  Answers answers;
+  if (!is_leader_prepared_) answers.columns = ColumnsOf(leader.statement);
+  answers.rows = link_.Answer();
+  Require(answers.rows, leader.statement);
+  return answers;
+}
 
 Result Execution::Description() {
   if (is_prepared_) return nullptr;
-  SkipAnswer();
-  if (!statement_.name.empty()) statement_.prepared = link_.Number();
-  Result answer = link_.Answer();
-  Require(answer);
+  Result answer = ColumnsOf(statement_);
   if (rows_ == Rows::kNone) link_.Finish();
   return answer;
 }
@@ -68,12 +83,12 @@ Result Execution::Part() {
   return part;
 }
 
-void Execution::Require(const Result& answer) {
+void Execution::Require(const Result& answer, const Statement& statement) {
   const ExecStatusType status = answer ? Libpq::Get().PQresultStatus(answer.get()) : PGRES_FATAL_ERROR;
   if (status != PGRES_FATAL_ERROR && status != PGRES_BAD_RESPONSE && status != PGRES_PIPELINE_ABORTED) return;
   link_.Finish();
   Recover();
-  throw link_.Failure(answer, statement_.text);
+  throw link_.Failure(answer, statement.text);
 }
 
 /// Where it fails the connection is gone, and the transaction with it.

@@ -21,8 +21,24 @@ class Execution {
     kParts,  ///< They come as the server sends them, for as long as that takes if no functions are called.
   };
 
-  /// Sends it. `parameters` are those of the form too. Throws platform::Error.
-  Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows, bool is_guarded);
+  /// A statement that is run before it in the same trip; when it fails, what comes behind is not run.
+  struct Leader {
+    Statement& statement;
+    const Parameters& parameters;
+  };
+
+  struct Answers {
+    Result columns;  ///< nullptr when the statement was prepared before.
+    Result rows;
+  };
+
+  /// Sends it. `parameters` are those of the form too. A leader cannot be where rows come in parts. Throws
+  /// platform::Error.
+  Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows, bool is_guarded,
+            const Leader* leader = nullptr);
+
+  /// Of the leader, before everything else. Throws platform::Error when it fails.
+  Answers Lead(const Leader& leader);
 
   /// What the server says of the columns; nullptr when the statement was prepared before.
   Result Description();
@@ -40,11 +56,12 @@ class Execution {
   bool IsLimited() const { return link_.Patience().has_value() && !has_no_limit_; }
 
   /// Throws the failure that `answer` is.
-  void Require(const Result& answer);
+  void Require(const Result& answer) { Require(answer, statement_); }
 
  private:
-  void Order(const Parameters& parameters);
-  void SkipAnswer();
+  void Order(const Statement& statement, const Parameters& parameters, bool is_run);
+  void Require(const Result& answer, const Statement& statement);
+  Result ColumnsOf(Statement& statement);
   void Recover();
 
   Link& link_;
@@ -53,6 +70,7 @@ class Execution {
   const bool is_guarded_;
   const bool has_no_limit_;
   const bool is_prepared_;
+  bool is_leader_prepared_ = false;
 };
 
 }  // namespace dralo::database::postgresql

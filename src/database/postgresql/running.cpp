@@ -31,26 +31,55 @@ void Cursor::Start() {
     state_ = State::kDone;
     return;
   }
+  if (IsLong()) CountAlone();
   session_.Reconnecting(statement_->kind, [&] { Run(Rows::kAll); });
+}
+
+/// Returns whether it was prepared before.
+bool Cursor::MakeReady() {
+  const bool was_prepared = statement_->IsPreparedOn(link_);
+  session_.GiveName(*statement_);
+  return was_prepared;
 }
 
 void Cursor::Run(Rows rows) {
   for (int attempt = 1;; ++attempt) {
     bool was_prepared = false;
+    bool was_count_prepared = false;
     try {
       link_.Begin();
-      was_prepared = statement_->IsPreparedOn(link_);
-      session_.GiveName(*statement_);
+      was_prepared = MakeReady();
+      if (IsCounting()) was_count_prepared = count_->MakeReady();
       const bool is_long = rows != Rows::kNone && IsLong();
       // What parts are taken of has to be known before.
       if (rows == Rows::kNone || (is_long && !description_)) Send(Rows::kNone);
       if (rows != Rows::kNone) Send(is_long ? Rows::kParts : Rows::kAll);
       return;
     } catch (const Error& error) {
-      constexpr int kMaxAttempts = 3;
-      if (attempt == kMaxAttempts || !MayRunAgain(error, was_prepared)) throw;
+      constexpr int kMaxAttempts = 4;
+      const bool may_run =
+          IsCounting() ? count_->MayRunAgain(error, was_count_prepared) : MayRunAgain(error, was_prepared);
+      if (attempt == kMaxAttempts || !may_run) throw;
     }
   }
+}
+
+platform::Variant Cursor::Count(const Query& count) {
+  if (!count_) return session_.Ask(count);
+  if (IsCounting() && state_ == State::kPrepared && IsShort()) {
+    try {
+      Start();
+    } catch (const Error&) {
+      if (!counted_) throw;
+      state_ = State::kPrepared;
+    }
+  }
+  CountAlone();
+  return *counted_;
+}
+
+void Cursor::CountAlone() {
+  if (IsCounting()) counted_ = session_.Ask({.text = count_->statement_->text, .max_records = 1});
 }
 
 void Cursor::Send(Rows rows) {
@@ -67,22 +96,36 @@ void Cursor::Send(Rows rows) {
 }
 
 void Cursor::Send(Rows rows, bool may_drop) {
-  const bool is_guarded = session_.NeedsGuard(statement_->kind);
-  Execution execution(link_, *statement_, ParametersOfForm(), rows, is_guarded);
-  const Result columns = execution.Description();
-  if (rows == Rows::kParts) {
-    const bool is_known = !columns || description_->IsOf(columns.get());
-    const auto count = is_known ? description_->columns->size()
-                                : static_cast<std::size_t>(Libpq::Get().PQnfields(columns.get()));
-    rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
-    rows_->Await();
-    // The table was changed since. Asking about it sets the rows aside.
-    if (!is_known) Learn(columns);
-    return;
+  const bool is_counting = IsCounting() && rows != Rows::kParts;
+  const Parameters count_parameters = is_counting ? count_->ParametersOfForm() : Parameters();
+  std::optional<Execution::Leader> leader;
+  if (is_counting) leader.emplace(Execution::Leader{*count_->statement_, count_parameters});
+  Execution execution(link_, *statement_, ParametersOfForm(), rows, session_.NeedsGuard(statement_->kind),
+                      leader ? &*leader : nullptr);
+  Execution::Answers count;
+  if (leader) {
+    count = execution.Lead(*leader);
+    counted_ = FirstValue(count.rows.get());
   }
+  const Result columns = execution.Description();
+  if (rows == Rows::kParts) return Split(execution, columns, may_drop);
   Result answer = rows == Rows::kAll ? execution.All() : nullptr;
+  if (count.columns) count_->Learn(count.columns);
   if (columns) Learn(columns);
-  if (!answer) return;
+  if (answer) Adopt(std::move(answer));
+}
+
+void Cursor::Split(const Execution& execution, const Result& columns, bool may_drop) {
+  const bool is_known = !columns || description_->IsOf(columns.get());
+  const auto count = is_known ? description_->columns->size()
+                              : static_cast<std::size_t>(Libpq::Get().PQnfields(columns.get()));
+  rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
+  rows_->Await();
+  // The table was changed since. Asking about it sets the rows aside.
+  if (!is_known) Learn(columns);
+}
+
+void Cursor::Adopt(Result answer) {
   if (ChangesData()) {
     const char* const changed = Libpq::Get().PQcmdTuples(answer.get());
     rows_affected_ = text::ParseNumber<std::int64_t>(changed).value_or(-1);

@@ -129,6 +129,15 @@ database::Session::Inserted Session::Insert(const Query& insert, const BaseTable
   return inserted;
 }
 
+/// In one trip. A statement that changes something, or is to be changed, is run or prepared by itself.
+bool Session::CountsBesideRows(const Query& rows) const {
+  return !rows.is_updatable && KindOf(rows.text).is_select;
+}
+
+platform::Variant Session::CountBeside(const Query& count, database::Cursor& rows) {
+  return static_cast<Cursor&>(rows).Count(count);
+}
+
 bool Session::IsAlive() noexcept {
   is_fresh_ = true;
   return link_->IsQuiet();

@@ -42,6 +42,8 @@ class Session final : public database::Session {
   void Commit() override;
   void Rollback() noexcept override;
   Inserted Insert(const Query& insert, const BaseTable& table, const Column* numbered) override;
+  bool CountsBesideRows(const Query& rows) const override;
+  platform::Variant CountBeside(const Query& count, database::Cursor& rows) override;
   bool IsAlive() noexcept override;
   bool Reset() noexcept override;
 

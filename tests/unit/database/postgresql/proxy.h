@@ -20,6 +20,7 @@ namespace dralo::tests {
 class Proxy {
  public:
   enum class Manner {
+    kPassing,            ///< Only counts the trips.
     kSilent,             ///< Takes connections and says nothing.
     kRefusesOptions,     ///< Refuses clients that send options of their session, as poolers do.
     kKnowsNoCheck,       ///< Refuses the option to look for the client meanwhile, as older servers do.
@@ -46,6 +47,9 @@ class Proxy {
   Proxy& operator=(const Proxy&) = delete;
 
   const std::string& Port() const { return port_; }
+
+  /// Orders to answer, each the end of a trip.
+  int Trips() const { return trips_; }
 
   /// Connections that were refused.
   int Refused() const { return refused_; }
@@ -103,6 +107,11 @@ class Proxy {
     return manner_ == Manner::kKnowsNoCheck && text.find("client_connection_check_interval=") != text.npos;
   }
 
+  void CountTrips(std::string_view text) {
+    constexpr std::string_view kSync("S\0\0\0\4", 5);
+    for (auto at = text.find(kSync); at != text.npos; at = text.find(kSync, at + 1)) ++trips_;
+  }
+
   /// False when the connection is to end.
   bool PassOn(int from, int to, bool is_of_client) {
     pollfd watched{from, POLLIN, 0};
@@ -111,6 +120,7 @@ class Proxy {
     const ssize_t size = recv(from, bytes.data(), bytes.size(), 0);
     if (size <= 0) return false;
     const std::string_view text(bytes.data(), static_cast<std::size_t>(size));
+    if (is_of_client) CountTrips(text);
     if (is_of_client && Refuses(text)) {
       ++refused_;
       send(from, refusal_.data(), refusal_.size(), MSG_NOSIGNAL);
@@ -131,6 +141,7 @@ class Proxy {
   std::string port_;
   std::atomic<bool> is_ending_ = false;
   std::atomic<int> refused_ = 0;
+  std::atomic<int> trips_ = 0;
   const std::string refusal_ =
       Refusal(manner_ == Manner::kKnowsNoCheck ? "unrecognized configuration parameter "
                                                  "\"client_connection_check_interval\""
