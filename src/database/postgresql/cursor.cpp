@@ -133,7 +133,7 @@ void Cursor::FixColumns() {
   session_.Catalog().Forget();
   WithSource([&] {
     link_.Begin();
-    Execution execution(link_, probe, ParametersOfForm(), Rows::kNone, session_.NeedsGuard(probe.kind));
+    Execution execution(link_, probe, ParametersOfForm(), Rows::kNone, session_.TakeOpening(probe.kind));
     Learn(execution.Description());
   });
 }

@@ -14,13 +14,14 @@ constexpr const char* kNoLimit = "SELECT pg_catalog.set_config('statement_timeou
 /// The server counts the time that the reader of the rows takes, too, so it has no limit for long results;
 /// the client has one for each part. Functions may change something: what is given up must not go on.
 Execution::Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows,
-                     bool is_guarded, const Leader* leader)
+                     Opening opening, const Leader* leader)
     : link_(link),
       statement_(statement),
       rows_(rows),
-      is_guarded_(is_guarded),
+      is_guarded_(opening == Opening::kSavepoint),
       has_no_limit_(rows == Rows::kParts && link.Patience().has_value() && !statement.kind.calls_functions),
       is_prepared_(statement.IsPreparedOn(link)) {
+  if (opening == Opening::kTransaction) link_.Order("BEGIN");
   if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
   if (leader != nullptr) {
     is_leader_prepared_ = leader->statement.IsPreparedOn(link);
@@ -31,7 +32,7 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
   if (is_guarded_ && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
   if (is_guarded_) link_.Order("RELEASE dralo_statement");
   link_.Send();
-  if (is_guarded_) Require(link_.Answer());
+  if (opening != Opening::kNone) Require(link_.Answer());
   if (has_no_limit_) Require(link_.Answer());
 }
 

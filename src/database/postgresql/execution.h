@@ -10,15 +10,19 @@
 namespace dralo::database::postgresql {
 
 /// One run of a statement: a trip.
-///
-/// In the user's transaction a savepoint stands before the statement, so that one that fails does not take
-/// the transaction with it.
 class Execution {
  public:
   enum class Rows {
     kNone,   ///< It is only prepared.
     kAll,    ///< They come as one answer.
     kParts,  ///< They come as the server sends them, for as long as that takes if no functions are called.
+  };
+
+  /// What stands before everything else.
+  enum class Opening {
+    kNone,
+    kTransaction,  ///< One begins.
+    kSavepoint,    ///< So that a statement that fails does not take the user's transaction with it.
   };
 
   /// A statement that is run before it in the same trip; when it fails, what comes behind is not run.
@@ -34,7 +38,7 @@ class Execution {
 
   /// Sends it. `parameters` are those of the form too. A leader cannot be where rows come in parts. Throws
   /// platform::Error.
-  Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows, bool is_guarded,
+  Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows, Opening opening,
             const Leader* leader = nullptr);
 
   /// Of the leader, before everything else. Throws platform::Error when it fails.

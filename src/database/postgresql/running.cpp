@@ -100,7 +100,7 @@ void Cursor::Send(Rows rows, bool may_drop) {
   const Parameters count_parameters = is_counting ? count_->ParametersOfForm() : Parameters();
   std::optional<Execution::Leader> leader;
   if (is_counting) leader.emplace(Execution::Leader{*count_->statement_, count_parameters});
-  Execution execution(link_, *statement_, ParametersOfForm(), rows, session_.NeedsGuard(statement_->kind),
+  Execution execution(link_, *statement_, ParametersOfForm(), rows, session_.TakeOpening(statement_->kind),
                       leader ? &*leader : nullptr);
   Execution::Answers count;
   if (leader) {

@@ -78,19 +78,30 @@ void Session::RunDeferred() noexcept {
   for (Cursor* const cursor : std::exchange(deferred_, {})) cursor->StartEarly();
 }
 
+/// The outermost transaction begins with its first statement, in the same trip.
 void Session::Begin() {
   RunDeferred();
   is_fresh_ = false;
   link_->Begin();
-  const bool is_part = IsInTransaction();
-  link_->Run(is_part ? ("SAVEPOINT " + Savepoint(depth_)).c_str() : "BEGIN");
-  if (!is_part) owns_transaction_ = true;
+  BeginNow();
+  if (IsInTransaction()) {
+    link_->Run(("SAVEPOINT " + Savepoint(depth_)).c_str());
+  } else {
+    owns_transaction_ = is_begin_due_ = true;
+  }
   ++depth_;
+}
+
+void Session::BeginNow() {
+  if (std::exchange(is_begin_due_, false)) link_->Run("BEGIN");
 }
 
 void Session::Commit() {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
-  link_->Run(is_outermost ? "COMMIT" : ("RELEASE SAVEPOINT " + Savepoint(depth_ - 1)).c_str());
+  const bool has_begun = !std::exchange(is_begin_due_, false);
+  if (has_begun) {
+    link_->Run(is_outermost ? "COMMIT" : ("RELEASE SAVEPOINT " + Savepoint(depth_ - 1)).c_str());
+  }
   --depth_;
   if (is_outermost) owns_transaction_ = false;
 }
@@ -99,6 +110,7 @@ void Session::Rollback() noexcept {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
   --depth_;
   if (is_outermost) owns_transaction_ = false;
+  if (std::exchange(is_begin_due_, false)) return;
   try {
     const std::string savepoint = "SAVEPOINT " + Savepoint(depth_);
     link_->Run(is_outermost ? "ROLLBACK" : ("ROLLBACK TO " + savepoint).c_str());
@@ -145,7 +157,7 @@ bool Session::IsAlive() noexcept {
 
 bool Session::Reset() noexcept {
   depth_ = 0;
-  owns_transaction_ = false;
+  owns_transaction_ = is_begin_due_ = false;
   link_->SetPatience();
   try {
     return !has_prepared_ && !link_->RefusesChanges() && !link_->IsDead() && Clean();
@@ -217,11 +229,13 @@ void Session::Note(const StatementKind& kind, std::string_view text) {
   if (kind.defines) catalog_.Forget();
 }
 
-bool Session::NeedsGuard(const StatementKind& kind) const {
-  return IsInTransaction() && depth_ == 0 && !kind.controls_transaction;
+Execution::Opening Session::TakeOpening(const StatementKind& kind) {
+  if (std::exchange(is_begin_due_, false)) return Execution::Opening::kTransaction;
+  const bool needs_guard = IsInTransaction() && depth_ == 0 && !kind.controls_transaction;
+  return needs_guard ? Execution::Opening::kSavepoint : Execution::Opening::kNone;
 }
 
-bool Session::IsReplaceable() const { return !IsInTransaction() && !has_traces_; }
+bool Session::IsReplaceable() const { return !IsInTransaction() && !is_begin_due_ && !has_traces_; }
 
 bool Session::IsLoss(const Error& error) {
   const std::string& state = error.SqlState();

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "database/postgresql/execution.h"
 #include "database/postgresql/link.h"
 #include "database/postgresql/options.h"
 #include "database/postgresql/statement.h"
@@ -71,9 +72,9 @@ class Session final : public database::Session {
   /// Before a statement is run: remembers what it does to the session.
   void Note(const StatementKind& kind, std::string_view text);
 
-  /// The statement needs a savepoint of its own, so that a failure leaves the user's transaction as it was.
-  /// Before the orders of a trip.
-  bool NeedsGuard(const StatementKind& kind) const;
+  /// What the statement needs before it: the transaction that was asked for and is not begun yet, or a
+  /// savepoint of its own. Before the orders of a trip, which are then sent.
+  Execution::Opening TakeOpening(const StatementKind& kind);
 
   /// Whether another connection would be as good. Before the orders of a trip.
   bool IsReplaceable() const;
@@ -95,6 +96,7 @@ class Session final : public database::Session {
  private:
   static bool IsLoss(const platform::Error& error);
   bool IsInTransaction() const { return link_->Transaction() == PQTRANS_INTRANS; }
+  void BeginNow();
   void DeallocateUnused();
   std::int64_t AskNumber(const std::string& query) const;
   std::string Savepoint(int depth) const { return "dralo_" + std::to_string(depth); }
@@ -109,6 +111,7 @@ class Session final : public database::Session {
   std::int64_t last_name_ = 0;
   int depth_ = 0;                  ///< Calls of Begin() that are open.
   bool owns_transaction_ = false;  ///< The outermost of them began it.
+  bool is_begin_due_ = false;      ///< With the next statement.
   bool has_traces_ = false;        ///< Of the user, that the next one would meet.
   bool has_prepared_ = false;      ///< The user has prepared statements, by SQL.
   bool is_fresh_ = false;          ///< Nothing was run since it was taken from the pool.

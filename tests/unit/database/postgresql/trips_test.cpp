@@ -103,6 +103,36 @@ TEST_F(Trips, TellTheNumberOfRecordsThatCannotBeRead) {
   EXPECT_EQ(ErrorOf([&] { recordset->Eof(); }).SqlState(), "22012");
 }
 
+TEST_F(Trips, AreTwoForARecordThatIsFoundByItsKey) {
+  const auto find = [&] { return Rest(*Edit(connection_, "SELECT * FROM goods WHERE id = 7")); };
+  find();
+  EXPECT_EQ(TripsOf([&] { EXPECT_EQ(find(), Lines{"7 'good 7' 1"}); }), 2);
+}
+
+TEST_F(Trips, AreFiveForASave) {
+  const auto save = [&](const std::string& name) {
+    const auto recordset = Edit(connection_, "SELECT * FROM goods WHERE id = 7");
+    FieldOf(*recordset, "name").SetValue(name);
+    recordset->Update();
+  };
+  save("first");
+  EXPECT_EQ(TripsOf([&] { save("second"); }), 5);
+  EXPECT_EQ(Ask("SELECT name FROM goods WHERE id = 7"), Lines{"'second'"});
+}
+
+TEST_F(Trips, AreFiveForARecordThatIsAdded) {
+  Run("CREATE TABLE notes (id serial PRIMARY KEY, note text)");
+  const auto add = [&] {
+    const auto recordset = Edit(connection_, "SELECT * FROM notes");
+    recordset->AddNew();
+    FieldOf(*recordset, "note").SetValue("new");
+    recordset->Update();
+    return ValueOf(*recordset, "id");
+  };
+  add();
+  EXPECT_LE(TripsOf([&] { EXPECT_EQ(add(), "2"); }), 5);
+}
+
 TEST_F(Trips, FollowTablesAndPreparedStatementsThatChange) {
   const std::string sql = "SELECT * FROM goods ORDER BY id";
   for (int i = 0; i < 3; ++i) CountedPage(sql, 0);
