@@ -23,7 +23,8 @@ $lines = "SELECT OrderID, Line, Products.Name AS Product, Quantity, UnitPrice, D
 
 $view = new Dralo\DbView();
 $view->DrConnection = $connection;
-$view->sql = "$lines WHERE OrderID = $order";
+$view->sql = "$lines WHERE OrderID = ?";
+$view->SqlParameters = [$order];
 $view->FormSQL = $lines;
 $view->EditSQL = "SELECT OrderID, Line, Product, Quantity, UnitPrice, Discount FROM OrderLines";
 $view->DeleteSQL = "DELETE FROM OrderLines";
