@@ -13,6 +13,7 @@ import sys
 import tempfile
 import time
 import unittest
+import urllib.parse
 
 import shops
 import visitor
@@ -28,7 +29,7 @@ class Site:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pages-"))
         self.php = [php, "-n", "-d", f"extension={extension}", "-d", "display_errors=1"]
         self.settings = settings
-        for name in ("goods.php", "run.php"):
+        for name in ("goods.php", "run.php", "search.php"):
             shutil.copy(SERVED / name, self.folder)
         self.shop = shops.SHOPS[kind](self.folder)
 
@@ -145,6 +146,35 @@ class Grids(OverADatabase):
     def test_do_not_let_a_key_become_syntax(self):
         for key in ("1'", "1 OR 1=1", "0;DELETE FROM Goods", "\U0001F3BB", "--", "%00"):
             self.visitor.show(f"/goods.php?Morvu1FormDisplay=formOneRec&Morvu1PK={key}")
+        self.assertEqual(self.shop.rows("SELECT COUNT(*) FROM Goods"), [("45",)])
+
+
+class Searches(OverADatabase):
+    """What was typed is bound to the statement wherever it runs."""
+
+    def test_find_pages_orders_records_and_a_spreadsheet(self):
+        for hardened in ("", "&Hardened=1"):
+            with self.subTest(hardened):
+                self.visitor.path = "/search.php"
+                self.visitor.show(f"/search.php?Name=thing&Below=30{hardened}")
+                self.assertEqual(self.columns(1), [str(n) for n in range(1, 22) if n != 3])
+                self.assertIn("of 28", self.visitor.page.text)
+                self.visitor.press("NEXT")
+                self.assertEqual(self.columns(1), [str(n) for n in range(22, 30)])
+                table = self.visitor.ask("/search.php", self.visitor.posted("ToExcel"))[1]
+                self.assertEqual(table.count(b"</tr>"), 29)
+                self.visitor.press("FIRST")
+                self.visitor.follow("OrderByFields=3")
+                self.visitor.follow("OrderByFields=3", "OrderByDesc=True")
+                self.assertEqual(self.columns(1), [str(n) for n in range(29, 9, -1)])
+                self.visitor.follow("FormDisplay=formOneRec", "PK=29&")
+                self.assertIn("thing 29", self.visitor.page.text)
+                self.assert_no_error()
+
+    def test_take_every_text_as_a_text(self):
+        for text in ("' OR '1'='1", "\\", "?", "%' UNION SELECT 1,2,3 --", "\U0001F3BB"):
+            page = self.visitor.show("/search.php?Below=1000&Name=" + urllib.parse.quote(text))
+            self.assertLess(len(page.rows), 2, text)
         self.assertEqual(self.shop.rows("SELECT COUNT(*) FROM Goods"), [("45",)])
 
 

@@ -16,6 +16,7 @@ function other(ReflectionProperty $property, mixed $old, array $chosen): mixed
         'int' => $property->name === 'CursorLocation' ? 3 : $old + 3,
         'string' => 'CELLSPACING=4 X',
         'mixed' => strtoupper(...),
+        'array' => [1, 'two', null, 2.5, true],
         default => new ($property->getType()->getName())(),
     };
 }
