@@ -140,6 +140,17 @@ TEST_P(Querying, ReadsOnWhileRecordsAreSavedAndStatementsFail) {
   EXPECT_EQ(Rows(Connect(ConnectionString()), "SELECT Stock FROM Goods WHERE ID = 1"), Lines{"3000"});
 }
 
+/// Prepared statements are kept, but not all of them: one is closed here while the records are read.
+TEST_P(Querying, ReadsOnWhileStatementsAreClosed) {
+  auto other = Edit(connection_, "SELECT ID, Name FROM Goods");
+  for (int i = 0; i < 40; ++i) Rows(connection_, "SELECT Name FROM Goods WHERE ID = " + std::to_string(i));
+  const auto goods = Read(connection_, "SELECT ID FROM Goods ORDER BY ID");
+  EXPECT_EQ(Line(*goods), "1");
+  other.reset();
+  goods->MoveNext();
+  EXPECT_EQ(Rest(*goods), (Lines{"2", "3", "4", "5"}));
+}
+
 TEST_P(Querying, FailsInTheMiddleOfAResultAndGoesOnWithTheNext) {
   EXPECT_THROW(Rows(connection_, GetParam().fails_at_three), platform::Error);
   EXPECT_EQ(Rows(connection_, "SELECT COUNT(*) FROM Goods"), Lines{"5"});

@@ -72,8 +72,13 @@ void Session::Connect() {
 }
 
 void Session::Settle() {
-  if (Cursor* const cursor = std::exchange(reading_, nullptr)) cursor->PutRestAside();
+  PutReadAside();
   if (was_left_) Connect();
+}
+
+/// Also before a statement is closed: the client library would throw the rest of the open result away.
+void Session::PutReadAside() {
+  if (Cursor* const cursor = std::exchange(reading_, nullptr)) cursor->PutRestAside();
 }
 
 std::unique_ptr<Statement> Session::TakePlain(std::string_view text, const StatementKind& kind) {
@@ -107,7 +112,9 @@ std::unique_ptr<Statement> Session::TakeLimited(std::string_view text) {
 }
 
 void Session::Forget(std::string_view text) {
-  for (const Form form : {Form::kPlain, Form::kLimited}) cache_.Take(text, form);
+  for (const Form form : {Form::kPlain, Form::kLimited}) {
+    if (const auto kept = cache_.Take(text, form)) PutReadAside();
+  }
 }
 
 std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, std::string_view behind) {
@@ -228,9 +235,11 @@ void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind
   if (statement->HasOpenResult() && statement->IsOfThisConnection()) {
     was_left_ = MayLeave();
     link_.Drop();
-  } else if (kind.is_query || statement->Describe().columns->empty()) {
-    cache_.Give(std::move(statement));
+    return;
   }
+  const bool may_stay = kind.is_query || statement->Describe().columns->empty();
+  if (!may_stay || !cache_.HasRoomFor(*statement)) PutReadAside();
+  if (may_stay) cache_.Give(std::move(statement));
 }
 
 void Session::Expect(const StatementKind& kind, std::string_view text) {

@@ -91,6 +91,7 @@ class Session final : public database::Session {
   /// Before anything is sent: has the cursor that is reading put the rest of its rows aside. Opens a
   /// connection that was left anew.
   void Settle();
+  void PutReadAside();
 
   /// The cursor that is reading; nullptr when none is.
   void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }

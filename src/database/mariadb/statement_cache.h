@@ -27,6 +27,12 @@ class StatementCache {
   /// Whether a plain statement is kept for the text and known not to take a limit.
   bool RefusesLimit(std::string_view text) const;
 
+  /// Whether Give() keeps the statement and closes none.
+  bool HasRoomFor(const Statement& statement) const {
+    return statements_.size() < kCapacity && statement.IsOfThisConnection() &&
+           statement.Text().size() <= kMaxTextBytes;
+  }
+
   /// Takes back a statement that has no open result.
   void Give(std::unique_ptr<Statement> statement) noexcept;
 
