@@ -45,6 +45,8 @@ std::optional<Variant> StrictValue(const platform::Formatting& formatting, platf
     case FieldKind::kLongBinary:
       return std::nullopt;
     default:
+      // Most databases have no zero bytes in texts, and say so in an error.
+      if (text.find('\0') != text.npos) return std::nullopt;
       return Variant(std::string(text));
   }
 }

@@ -76,6 +76,8 @@ TEST_F(StrictKey, OfTextsIsAnyTextAndNeverANumber) {
     EXPECT_EQ(Value("Name", text), Variant(std::string(text)));
 }
 
+TEST_F(StrictKey, OfTextsHasNoZeroByte) { EXPECT_TRUE(IsNone("Name", std::string_view("a\0", 2))); }
+
 TEST_F(StrictKey, WithoutATypeIsComparedAsText) {
   EXPECT_EQ(Term("Any", "1")->condition, "CAST(c AS TEXT) = ?");
   EXPECT_EQ(Value("Any", "1"), Variant(std::string("1")));
