@@ -62,11 +62,11 @@ Options PutOptions(html::HtmlWriter& out, const state::Render& render, Recordset
 }
 
 /// Without it a browser would choose another value for a form that nobody touches.
-void PutStoredOption(html::HtmlWriter& out, std::string_view value) {
+void PutStoredOption(html::HtmlWriter& out, const state::Render& render, std::string_view value) {
   out.Put(R"(<option selected value=")");
-  html::PutAttributeText(out, value);
+  state::PutInAttribute(out, render, value);
   out.Put(R"(">)");
-  html::PutAttributeText(out, value);
+  state::PutInText(out, render, value);
   out.Put("\r\n");
 }
 
@@ -88,7 +88,8 @@ bool PutLookupSelect(html::HtmlWriter& out, state::Render& render, html::Joined 
     const Options options = PutOptions(list, render, *recordset, value);
     if (is_hardened && options.count > kMostOptions) return false;
     const bool is_listed = options.has_selected || (value.empty() && allows_none);
-    if (is_hardened && !is_listed && render.view.mode != state::Mode::kFormAdd) PutStoredOption(list, value);
+    if (is_hardened && !is_listed && render.view.mode != state::Mode::kFormAdd)
+      PutStoredOption(list, render, value);
     list.Put("</select>\r\n");
     recordset->Close();
   } catch (const std::exception& error) {
