@@ -55,10 +55,10 @@ void ErrorReport::AddMissingKeys() {
   Put(PublicText::kMissingKeys, {"Dralo property EditPrimaryKeys must be set!<br>"});
 }
 
-void ErrorReport::AddNoSuchRecord() { message_->append("There is no such record<br>"); }
+void ErrorReport::AddNoSuchRecord() { Put(PublicText::kNoSuchRecord, {"There is no such record<br>"}); }
 
 void ErrorReport::AddLeftForm() {
-  message_->append("The record would not be one of this page any more, so nothing was saved<br>");
+  Put(PublicText::kLeftForm, {"The record would not be one of this page any more, so nothing was saved<br>"});
 }
 
 void ErrorReport::AddKeyLinkFailure(std::string_view description) {

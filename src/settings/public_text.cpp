@@ -39,10 +39,12 @@ std::string_view TextOf(PublicText text) {
       return "Nothing was changed: the request is too large.";
     case PublicText::kWrongHost:
       return "This site does not answer under that name.";
-    case PublicText::kWrongToken:
-      return "Nothing was changed: the form is too old. Please try again.";
     case PublicText::kDelete:
       return "The record was not deleted.";
+    case PublicText::kNoSuchRecord:
+      return "There is no such record.";
+    case PublicText::kLeftForm:
+      return "Nothing was saved: the record would not be one of this page any more.";
   }
   return {};
 }

@@ -23,8 +23,9 @@ enum class PublicText {
   kRepeatedField = 14,
   kTooLarge = 15,
   kWrongHost = 16,
-  kWrongToken = 17,
-  kDelete = 18,
+  kDelete = 17,
+  kNoSuchRecord = 18,
+  kLeftForm = 19,
 };
 
 /// The text with its number in front, as HTML: "Message 7: The record could not be opened.".

@@ -37,7 +37,7 @@ TEST_P(KeyOfOtherType, IsATextForANumber) {
     SCOPED_TRACE(key);
     if (IsHardened()) {
       EXPECT_FALSE(Shows(key));
-      EXPECT_EQ(message_, "There is no such record<br>");
+      EXPECT_EQ(message_, "Message 18: There is no such record.<br>");
     }
   }
   EXPECT_EQ(Shows("10 OR 1=1"), !IsHardened());

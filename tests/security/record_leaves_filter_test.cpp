@@ -21,9 +21,10 @@ TEST_P(RecordLeavesFilter, ByASave) {
         {"_Form_Title", "gift"}});
   EXPECT_EQ(Stored("SELECT Owner, Title FROM Notes WHERE ID = 1"),
             Lines{IsHardened() ? "7 'first'" : "8 'gift'"});
-  EXPECT_EQ(message_, IsHardened()
-                          ? "The record would not be one of this page any more, so nothing was saved<br>"
-                          : "");
+  EXPECT_EQ(message_,
+            IsHardened()
+                ? "Message 19: Nothing was saved: the record would not be one of this page any more.<br>"
+                : "");
 }
 
 TEST_P(RecordLeavesFilter, ByANewRecord) {

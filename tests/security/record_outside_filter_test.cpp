@@ -71,7 +71,7 @@ TEST_P(RecordOutsideFilter, IsToldFromNoRecord) {
     }
     EXPECT_EQ(pages[0], pages[1]);
     EXPECT_EQ(messages[0], messages[1]);
-    EXPECT_EQ(messages[0], "There is no such record<br>");
+    EXPECT_EQ(messages[0], "Message 18: There is no such record.<br>");
     EXPECT_EQ(Outside(), before);
   }
 }

@@ -135,9 +135,10 @@ TEST_F(HardenedCells, RefuseATemplateWhosePlacesAreNotClear) {
     cell.Put(out, render, 2);
   });
   EXPECT_EQ(cells, "");
+  EXPECT_EQ(rendering.settings.ErrorMessage, "Message 1: A part of this page could not be made.<br>");
   EXPECT_EQ(
-      rendering.settings.ErrorMessage,
-      "A template ends inside of a tag, a comment or a script in GetFreeCellString. index=1, nArrIdx=1<br>");
+      rendering.settings.ErrorDetail,
+      "A template ends inside of a tag, a comment or a script in GetFreeCellString. index=1, nArrIdx=1\n");
 }
 
 TEST_F(HardenedCells, LeaveTemplatesWithoutValuesAlone) {
@@ -151,8 +152,8 @@ TEST_F(HardenedCells, WriteValuesOfTagsAsTheirPlacesDemand) {
   EXPECT_EQ(Tag("style=\"color:##V##\"", "'red;position:fixed'"), "style=\"color:\"");
   EXPECT_EQ(rendering.settings.ErrorMessage, "");
   EXPECT_EQ(Tag("title='##V##", "'x'"), "");
-  EXPECT_EQ(rendering.settings.ErrorMessage,
-            "A template ends inside of a tag, a comment or a script in ReplaceFieldValuesFromTag<br>");
+  EXPECT_EQ(rendering.settings.ErrorDetail,
+            "A template ends inside of a tag, a comment or a script in ReplaceFieldValuesFromTag\n");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "support/contains.h"
 #include "support/shown_view.h"
@@ -29,7 +30,21 @@ struct HardenedKeys : testing::Test, tests::ViewPage {
     const std::size_t to = grid.find("\">" + std::to_string(number) + "</a>");
     const std::string_view start = "href=\"";
     const std::size_t from = grid.rfind(start, to) + start.size();
-    return tests::QueryOf(grid.substr(from, to - from));
+    std::string address = grid.substr(from, to - from);
+    for (std::size_t at = 0; (at = address.find("&amp;", at)) != address.npos; ++at) address.erase(at + 1, 4);
+    return tests::QueryOf(address);
+  }
+
+  /// What the form of the record holds in that input.
+  std::string Shown(std::string_view key, std::string_view input) {
+    tests::FakePage::Fields query = std::exchange(page.query, {});
+    Ask({{"FormDisplay", "formOneRec"}, {"FormEdit", "1"}, {"PK", key}});
+    std::string value = "(nothing)";
+    for (const auto& control : tests::ReadView(Render(), "1").controls) {
+      if (control.name == input) value = control.value;
+    }
+    page.query = std::move(query);
+    return value;
   }
 };
 
@@ -45,7 +60,8 @@ TEST_F(HardenedKeys, AreFoundByTheirLinks) {
 }
 
 TEST_F(HardenedKeys, AreSavedByTheHiddenKey) {
-  Post({{"FormUpdate", "Save"}, {"PK", "a%252Cb,1"}, {"_Form_Note", "new"}});
+  const std::string digest = Shown("a%252Cb,1", "Morvu1_Was_Note");
+  Post({{"FormUpdate", "Save"}, {"PK", "a%252Cb,1"}, {"_Form_Note", "new"}, {"_Was_Note", digest}});
   Render();
   EXPECT_EQ(ErrorMessage(), "");
   EXPECT_EQ(database.Value("SELECT group_concat(Note) FROM Lines"), "one,new,three,four");
@@ -58,7 +74,7 @@ TEST_F(HardenedKeys, AreNoneWithoutAllTheirItems) {
     Ask({{"FormDisplay", "formOneRec"}, {"PK", key}});
     const std::string before = ErrorMessage();
     EXPECT_FALSE(tests::Contains(Render(), "<td>one</td>"));
-    EXPECT_EQ(ErrorMessage().substr(before.size()), "There is no such record<br>");
+    EXPECT_EQ(ErrorMessage().substr(before.size()), "Message 18: There is no such record.<br>");
   }
 }
 
