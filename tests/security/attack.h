@@ -32,9 +32,9 @@ inline std::string TargetName(const testing::TestParamInfo<Target>& info) {
   return info.param.database->name + (info.param.is_hardened ? "Hardened" : "Default");
 }
 
-inline const auto kTargets = testing::Values(Target{&kSqlite, false}, Target{&kSqlite, true},
-                                             Target{&kPostgreSql, false}, Target{&kPostgreSql, true},
-                                             Target{&kMariaDbNative, false}, Target{&kMariaDbNative, true});
+inline const auto kTargets =
+    testing::Values(Target{&kSqlite, false}, Target{&kSqlite, true}, Target{&kPostgreSql, false},
+                    Target{&kPostgreSql, true}, Target{&kMariaDb, false}, Target{&kMariaDb, true});
 
 inline const auto kOneDatabase = testing::Values(Target{&kSqlite, false}, Target{&kSqlite, true});
 
