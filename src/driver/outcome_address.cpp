@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "driver/requested_order.h"
 #include "editing/outcome.h"
 #include "html/html_writer.h"
 #include "settings/language.h"
@@ -85,6 +86,7 @@ std::optional<state::ViewState> AskedView(state::Render& render) {
   const state::ViewState before = render.view;
   try {
     state::ReadRequestState(render);
+    TakeRequestedOrder(render);
   } catch (const std::exception&) {
     render.view = before;
     return std::nullopt;

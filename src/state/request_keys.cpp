@@ -50,8 +50,9 @@ std::optional<std::string_view> RequestKeys::Untrimmed(std::string_view name) co
   const auto value = Find(name, {});
   const bool may_be_of_button =
       change_keys_ != ChangeKeys::kAnywhere && !commands_change_ && name == key::kPrimaryKey;
-  const bool is_missing = !value || text::IsBlank(*value);
-  return may_be_of_button && is_missing ? Find(key::kEditPrimaryKey, {}) : value;
+  if (!may_be_of_button || (value && !text::IsBlank(*value))) return value;
+  const auto of_button = Find(key::kEditPrimaryKey, {});
+  return of_button ? of_button : value;
 }
 
 std::optional<std::string_view> RequestKeys::PostedOnce(std::string_view name) const {

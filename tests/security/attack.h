@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -14,6 +15,7 @@
 #include "dralo/page.h"
 #include "support/contains.h"
 #include "support/fake_page.h"
+#include "support/form_digests.h"
 #include "support/view_page.h"
 
 namespace dralo::tests {
@@ -76,15 +78,21 @@ class Attack : public testing::TestWithParam<Target> {
   std::string Get(const Asked& keys) { return Answer(keys, {}); }
   std::string Post(const Asked& keys) { return Answer({}, keys); }
 
+  /// What is posted carries the digests of the record's form, which a hostile visitor knows as well.
   std::string Answer(const Asked& query, const Asked& form) {
     FakePage page;
     for (const auto& [name, value] : query) page.query.push_back({Key(name), std::string(value)});
     for (const auto& [name, value] : form) page.form.push_back({Key(name), std::string(value)});
+    for (auto& [name, value] : DigestsOf(form)) page.form.push_back({std::move(name), std::move(value)});
+    return Rendered(page, script_);
+  }
+
+  std::string Rendered(FakePage& page, const Script& script) {
     component::DbView view(TestEnvironment());
     view.OnStartPage(page);
     view.Set("ConnectionString", database_->ConnectionString());
     view.Set("Hardened", IsHardened());
-    for (const Setting& setting : script_) view.Set(setting.property, setting.value);
+    for (const Setting& setting : script) view.Set(setting.property, setting.value);
     for (const Lookup& lookup : lookups_) {
       view.AddEditLookup(lookup.field, lookup.table, lookup.link, lookup.display, "", false);
     }
@@ -114,6 +122,21 @@ class Attack : public testing::TestWithParam<Target> {
   std::int32_t count_ = 0;  ///< RecordCount after the page.
 
  private:
+  /// Of the form of the posted key, if the page would show one.
+  std::vector<std::pair<std::string, std::string>> DigestsOf(const Asked& posted) {
+    const auto key = std::ranges::find(posted, std::string_view("PK"), &Asked::value_type::first);
+    if (!IsHardened() || key == posted.end()) return {};
+    FakePage page;
+    for (const auto& [name, value] :
+         {std::pair<std::string_view, std::string_view>{"FormDisplay", "formOneRec"},
+          {"FormEdit", "1"},
+          *key})
+      page.query.push_back({Key(name), std::string(value)});
+    Script script = script_;
+    script.emplace_back("EditOptions", "UPDATE");
+    return DigestsIn(Rendered(page, script));
+  }
+
   static std::string Key(std::string_view name) { return "Morvu1" + std::string(name); }
 
   std::unique_ptr<NewDatabase> database_;

@@ -9,6 +9,7 @@
 #include "component/db_view.h"
 #include "dralo/page.h"
 #include "hosts/cpp/environment.h"
+#include "support/form_digests.h"
 #include "support/temporary_database.h"
 
 namespace dralo::security {
@@ -67,7 +68,13 @@ class VisitedNotes {
   bool receives_posts = false;
   platform::Site& Site() { return site_; }
 
-  Answer Send(const Visit& visit) {
+  /// What is posted carries the digests of the record's form, which a hostile visitor knows as well.
+  Answer Send(Visit visit) {
+    visit.body += DigestsOf(visit);
+    return Answered(visit);
+  }
+
+  Answer Answered(const Visit& visit) {
     host::Environment environment("en-US", site_);
     Page page("/notes", visit.query, visit.body);
     page.method = visit.method;
@@ -98,6 +105,19 @@ class VisitedNotes {
   static constexpr std::string_view kUnchanged = "1:One:10 2:Two:20 3:Three:30 4:Four:40";
 
  private:
+  std::string DigestsOf(const Visit& visit) {
+    constexpr std::string_view kKey = "Morvu1PK=";
+    const std::size_t key = visit.body.find(kKey);
+    if (!is_hardened_ || key == visit.body.npos) return {};
+    const std::string address = "Morvu1FormDisplay=formOneRec&Morvu1FormEdit=1&" +
+                                visit.body.substr(key, visit.body.find('&', key) - key);
+    std::string fields;
+    for (const auto& [name, value] : tests::DigestsIn(Answered({.query = address}).body)) {
+      fields.append("&").append(name).append("=").append(value);
+    }
+    return fields;
+  }
+
   void SetUp(component::DbView& view) const {
     constexpr const char* kNotes = "SELECT ID, Title, Body, Price, Link FROM Notes WHERE Owner = 7";
     const auto set = [&](std::string_view name, const char* text) { view.Set(name, std::string(text)); };

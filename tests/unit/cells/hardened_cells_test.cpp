@@ -138,7 +138,8 @@ TEST_F(HardenedCells, RefuseATemplateWhosePlacesAreNotClear) {
   EXPECT_EQ(rendering.settings.ErrorMessage, "Message 1: A part of this page could not be made.<br>");
   EXPECT_EQ(
       rendering.settings.ErrorDetail,
-      "A template ends inside of a tag, a comment or a script in GetFreeCellString. index=1, nArrIdx=1\n");
+      "Message 1: A part of this page could not be made. A template ends inside of a tag, a comment or a "
+      "script in GetFreeCellString. index=1, nArrIdx=1\n");
 }
 
 TEST_F(HardenedCells, LeaveTemplatesWithoutValuesAlone) {
@@ -152,8 +153,10 @@ TEST_F(HardenedCells, WriteValuesOfTagsAsTheirPlacesDemand) {
   EXPECT_EQ(Tag("style=\"color:##V##\"", "'red;position:fixed'"), "style=\"color:\"");
   EXPECT_EQ(rendering.settings.ErrorMessage, "");
   EXPECT_EQ(Tag("title='##V##", "'x'"), "");
-  EXPECT_EQ(rendering.settings.ErrorDetail,
-            "A template ends inside of a tag, a comment or a script in ReplaceFieldValuesFromTag\n");
+  EXPECT_EQ(
+      rendering.settings.ErrorDetail,
+      "Message 1: A part of this page could not be made. A template ends inside of a tag, a comment or a "
+      "script in ReplaceFieldValuesFromTag\n");
 }
 
 }  // namespace
