@@ -41,11 +41,11 @@ class Field {
 
   /// The condition that the column which a statement calls `name` equals a value of this type, which is bound
   /// to its "?". Without a declared type the value is a text.
-  virtual std::string BoundComparison(std::string_view name) const = 0;
+  virtual std::string BoundComparison(std::string_view name) const { return std::string(name) + " = ?"; }
 
   /// The column's name in the table to which the rows are written, as it stands in a statement; "" when it is
   /// not of that table. Throws Error when the rows cannot be changed.
-  virtual std::string BaseName() const = 0;
+  virtual std::string BaseName() const { return {}; }
 
   /// The value in the current row, of the kind that the type code promises where the stored value can be read
   /// so (a date column yields DateTime), else of the stored kind. Valid until the recordset moves or closes.
