@@ -81,6 +81,8 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
                   .is_required = (field.Attributes() & platform::kFieldIsNullable) == 0,
                   .is_read_only = is_read_only};
   if (control.type == TypeCode::kLongVarBinary) return control;
+  // Before the text, which may stand in the record until its value is read again.
+  if (record_key_) control.digest = Digest(field);
   if (render_.outcome.ShowsPosted()) {
     const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
     // Without its blanks the text of an untouched field would count as typed.
@@ -88,10 +90,9 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
     // Ticked boxes post anything; in place of a disabled one stands its value.
     control.is_ticked = is_read_only ? text::TrimBlanks(posted) == text::BooleanText(true) : !posted.empty();
   } else if (!AddsRecord()) {
-    control.text = ControlText(render_, field, rules_.is_day, text_);
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
+    control.text = ControlText(render_, field, rules_.is_day, text_);
   }
-  if (record_key_) control.digest = Digest(field);
   return control;
 }
 

@@ -129,7 +129,9 @@ ShownView ReadView(std::string_view html, std::string_view tag) {
 }
 
 ShownView::Fields QueryOf(std::string_view address) {
-  return host::ParseUrlEncoded(address.substr(std::min(address.find('?'), address.size() - 1) + 1));
+  std::string query(address.substr(std::min(address.find('?'), address.size() - 1) + 1));
+  for (std::size_t at = 0; (at = query.find("&amp;", at)) != query.npos; ++at) query.replace(at, 5, "&");
+  return host::ParseUrlEncoded(query);
 }
 
 }  // namespace dralo::tests

@@ -46,7 +46,7 @@ struct ShownView {
 /// The view with that tag on the page; nothing when it is not there.
 ShownView ReadView(std::string_view html, std::string_view tag);
 
-/// The query string of an address, decoded.
+/// The query string of an address as it stands in the page, decoded.
 ShownView::Fields QueryOf(std::string_view address);
 
 }  // namespace dralo::tests

@@ -30,9 +30,7 @@ struct HardenedKeys : testing::Test, tests::ViewPage {
     const std::size_t to = grid.find("\">" + std::to_string(number) + "</a>");
     const std::string_view start = "href=\"";
     const std::size_t from = grid.rfind(start, to) + start.size();
-    std::string address = grid.substr(from, to - from);
-    for (std::size_t at = 0; (at = address.find("&amp;", at)) != address.npos; ++at) address.erase(at + 1, 4);
-    return tests::QueryOf(address);
+    return tests::QueryOf(grid.substr(from, to - from));
   }
 
   /// What the form of the record holds in that input.
