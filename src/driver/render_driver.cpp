@@ -125,8 +125,7 @@ std::string PostedKey(const Render& render) {
 /// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
 /// Empty unless a record is edited that has a key; nothing where an empty text would be a key.
 std::optional<std::string> KeyOfEditedRecord(Render& render, const ShownRecords& records) {
-  const std::optional<std::string> none =
-      render.settings.Hardened ? std::nullopt : std::optional<std::string>("");
+  std::optional<std::string> none = render.settings.Hardened ? std::nullopt : std::optional<std::string>("");
   if (render.view.mode != state::Mode::kFormEdit || !HasKeys(render)) return none;
   const bool stays = render.outcome.has_failed_to_save && render.keys.Has(key::kPrimaryKey);
   if (records.is_addressed_by_key || stays) return PostedKey(render);

@@ -1,52 +1,42 @@
 #include "settings/public_text.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace dralo::settings {
 namespace {
 
+struct Row {
+  PublicText text;
+  std::string_view words;
+};
+
+constexpr Row kRows[] = {
+    {PublicText::kPart, "A part of this page could not be made."},
+    {PublicText::kRequest, "The request could not be carried out."},
+    {PublicText::kMissingKeys, "Records cannot be addressed: the page names no keys."},
+    {PublicText::kKeyLink, "A record cannot be addressed."},
+    {PublicText::kNewKey, "There is no key for the new record."},
+    {PublicText::kLookup, "The choices for a field could not be read."},
+    {PublicText::kOpening, "The record could not be opened."},
+    {PublicText::kAddNew, "No record can be added."},
+    {PublicText::kUpdate, "The record was not saved."},
+    {PublicText::kFormatting, "A value could not be formatted."},
+    {PublicText::kTextList, "A list of texts is too short."},
+    {PublicText::kForeignPost, "Nothing was changed: the request came from another site."},
+    {PublicText::kUnknownSender, "Nothing was changed: the request does not say where it comes from."},
+    {PublicText::kRepeatedField, "Nothing was changed: a field came twice."},
+    {PublicText::kTooLarge, "Nothing was changed: the request is too large."},
+    {PublicText::kWrongHost, "This site does not answer under that name."},
+    {PublicText::kDelete, "The record was not deleted."},
+    {PublicText::kNoSuchRecord, "There is no such record."},
+    {PublicText::kLeftForm, "Nothing was saved: the record would not be one of this page any more."},
+};
+
 std::string_view TextOf(PublicText text) {
-  switch (text) {
-    case PublicText::kPart:
-      return "A part of this page could not be made.";
-    case PublicText::kRequest:
-      return "The request could not be carried out.";
-    case PublicText::kMissingKeys:
-      return "Records cannot be addressed: the page names no keys.";
-    case PublicText::kKeyLink:
-      return "A record cannot be addressed.";
-    case PublicText::kNewKey:
-      return "There is no key for the new record.";
-    case PublicText::kLookup:
-      return "The choices for a field could not be read.";
-    case PublicText::kOpening:
-      return "The record could not be opened.";
-    case PublicText::kAddNew:
-      return "No record can be added.";
-    case PublicText::kUpdate:
-      return "The record was not saved.";
-    case PublicText::kFormatting:
-      return "A value could not be formatted.";
-    case PublicText::kTextList:
-      return "A list of texts is too short.";
-    case PublicText::kForeignPost:
-      return "Nothing was changed: the request came from another site.";
-    case PublicText::kUnknownSender:
-      return "Nothing was changed: the request does not say where it comes from.";
-    case PublicText::kRepeatedField:
-      return "Nothing was changed: a field came twice.";
-    case PublicText::kTooLarge:
-      return "Nothing was changed: the request is too large.";
-    case PublicText::kWrongHost:
-      return "This site does not answer under that name.";
-    case PublicText::kDelete:
-      return "The record was not deleted.";
-    case PublicText::kNoSuchRecord:
-      return "There is no such record.";
-    case PublicText::kLeftForm:
-      return "Nothing was saved: the record would not be one of this page any more.";
-  }
-  return {};
+  const auto* const row = std::ranges::find(kRows, text, &Row::text);
+  return row == std::end(kRows) ? std::string_view() : row->words;
 }
 
 }  // namespace

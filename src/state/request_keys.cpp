@@ -78,10 +78,10 @@ bool RequestKeys::IsKey(std::string_view candidate, std::string_view name, std::
 
 std::optional<std::string_view> RequestKeys::Find(std::string_view name, std::string_view suffix) const {
   if (std::ranges::find(ignored_, name) != ignored_.end()) return std::nullopt;
-  using Fields = std::span<const platform::RequestField>;
-  const Fields form = IsReadInForm(name) ? request_.Form() : Fields();
-  const Fields query = IsReadInQuery(name) ? request_.QueryString() : Fields();
-  for (const Fields fields : {form, query}) {
+  using FieldList = std::span<const platform::RequestField>;
+  const FieldList form = IsReadInForm(name) ? request_.Form() : FieldList();
+  const FieldList query = IsReadInQuery(name) ? request_.QueryString() : FieldList();
+  for (const FieldList fields : {form, query}) {
     for (const platform::RequestField& field : fields) {
       if (IsKey(field.name, name, suffix)) return field.value;
     }

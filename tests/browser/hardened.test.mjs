@@ -33,12 +33,14 @@ const tableOf = (words) =>
 
 /** How often values have run on a page whose elements were all touched; links that would run count, too. */
 async function hitsOn(page, address) {
-  await page.goto(address);
+  // A button that was touched before may have begun to lead elsewhere.
+  await page.goto(address).catch(() => page.goto(address));
   return page.evaluate(() => {
     for (const one of document.querySelectorAll("table *")) {
       one.dispatchEvent(new MouseEvent("mouseover"));
       one.dispatchEvent(new MouseEvent("click"));
     }
+    window.stop();
     return window.hits + [...document.links].filter((link) => link.protocol === "javascript:").length;
   });
 }
