@@ -3,7 +3,7 @@ Security: a hardened view that has saved leads to the record, and the page ends
 --INI--
 output_buffering=4096
 --POST--
-Morvu1FormUpdate=Save&Morvu1PK=1&Morvu1_Form_ID=1&Morvu1_Form_Name=New
+Morvu1FormUpdate=Save&Morvu1PK=1&Morvu1_Form_ID=1&Morvu1_Form_Name=New&Morvu1_Was_Name=rYEhEfPi8-q5Uer-tRvR6bypcWD04SEf
 --FILE--
 <?php
 $connection = new Dralo\Connection();
