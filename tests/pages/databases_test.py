@@ -3,64 +3,12 @@
 usage: databases_test.py KIND PHP EXTENSION, KIND one of shops.SHOPS
 """
 
-import os
-import pathlib
 import re
-import shutil
-import socket
-import subprocess
 import sys
-import tempfile
-import time
 import unittest
 import urllib.parse
 
-import shops
-import visitor
-
-SERVED = pathlib.Path(__file__).parent / "served"
-PATIENCE_S = 120
-
-
-class Site:
-    """A folder with the page, its shop, and php -S that serves it; a context."""
-
-    def __init__(self, kind, php, extension, settings=()):
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pages-"))
-        self.php = [php, "-n", "-d", f"extension={extension}", "-d", "display_errors=1"]
-        self.settings = settings
-        for name in ("goods.php", "run.php", "search.php"):
-            shutil.copy(SERVED / name, self.folder)
-        self.shop = shops.SHOPS[kind](self.folder)
-
-    def __enter__(self):
-        self.shop.create(self.php)
-        self.port = shops.database_servers.free_port()
-        options = [part for setting in self.settings for part in ("-d", setting)]
-        self.log = open(self.folder / "log", "w")
-        # Drivers ask the environment for the locale, and services have none.
-        self.process = subprocess.Popen([*self.php, *options, "-S", f"127.0.0.1:{self.port}", "-t", self.folder],
-                                        stdout=self.log, stderr=self.log, env=os.environ | {"LC_ALL": "C"})
-        deadline = time.monotonic() + PATIENCE_S
-        while True:
-            try:
-                socket.create_connection(("127.0.0.1", self.port)).close()
-                return self
-            except OSError:
-                if time.monotonic() > deadline:
-                    raise
-                time.sleep(0.02)
-
-    def __exit__(self, *_):
-        self.process.terminate()
-        self.process.wait(timeout=PATIENCE_S)
-        self.log.close()
-        if hasattr(self.shop, "close"):
-            self.shop.close()
-        shutil.rmtree(self.folder)
-
-    def visitor(self):
-        return visitor.Visitor(self.port, "/goods.php")
+import database_site
 
 
 class OverADatabase(unittest.TestCase):
@@ -68,7 +16,7 @@ class OverADatabase(unittest.TestCase):
 
     @classmethod
     def setUpClass(cls):
-        cls.site = Site(*cls.arguments)
+        cls.site = database_site.Site(*cls.arguments)
         cls.site.__enter__()
         cls.addClassCleanup(cls.site.__exit__)
         cls.shop = cls.site.shop
@@ -322,79 +270,7 @@ class Records(OverADatabase):
                          [("ten",), ("eleven",)])
 
 
-class Connections(unittest.TestCase):
-    """Only where there is a server."""
-
-    def site(self, *settings):
-        site = Site(*OverADatabase.arguments, settings)
-        self.addCleanup(site.__exit__)
-        return site.__enter__()
-
-    @staticmethod
-    def count(shop):
-        [(number,)] = shop.rows({
-            "postgresql": "SELECT COUNT(*) FROM pg_stat_activity WHERE datname = 'shop' AND pid <> pg_backend_pid()",
-            "mariadb": "SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE DB = 'shop' AND ID <> CONNECTION_ID()",
-        }[shop.kind])
-        return int(number)
-
-    def assert_count(self, shop, number):
-        """A server takes a moment to notice that a connection was closed."""
-        deadline = time.monotonic() + PATIENCE_S
-        while self.count(shop) != number and time.monotonic() < deadline:
-            time.sleep(0.02)
-        self.assertEqual(self.count(shop), number)
-
-    def assert_shows_goods(self, visitor):
-        self.assertEqual(len(visitor.show().rows), 20, visitor.page.text[-500:])
-        self.assertTrue(visitor.page.text.endswith('<p id="error"></p>'))
-
-    def test_outlive_a_restart_of_the_server_between_two_pages(self):
-        site = self.site()
-        visitor = site.visitor()
-        self.assert_shows_goods(visitor)
-        worker = visitor.worker
-        site.shop.server.stop()
-        site.shop.server.start()
-        self.assert_shows_goods(visitor)
-
-        site.shop.server.stop()
-        begin = time.monotonic()
-        page = visitor.show()
-        self.assertLess(time.monotonic() - begin, PATIENCE_S)
-        self.assertNotIn("4711", page.text)
-        self.assertEqual(page.rows, [])
-        site.shop.server.start()
-        self.assert_shows_goods(visitor)
-        self.assertEqual(visitor.worker, worker)
-
-    def test_are_kept_for_the_next_page(self):
-        site = self.site()
-        visitor = site.visitor()
-        for _ in range(5):
-            self.assert_shows_goods(visitor)
-            self.assert_count(site.shop, 1)
-
-    def test_are_not_kept_when_the_pool_has_no_room(self):
-        site = self.site("dralo.pool_size=0")
-        self.assert_shows_goods(site.visitor())
-        self.assert_count(site.shop, 0)
-
-    def test_are_closed_when_nobody_has_used_them_for_a_while(self):
-        site = self.site("dralo.pool_idle_seconds=1")
-        (site.folder / "other.php").write_text("a page without a view")
-        visitor = site.visitor()
-        self.assert_shows_goods(visitor)
-        self.assert_count(site.shop, 1)
-        time.sleep(1.1)
-        visitor.show("/other.php")
-        self.assert_count(site.shop, 0)
-        self.assert_shows_goods(visitor)
-
-
 if __name__ == "__main__":
     OverADatabase.arguments = sys.argv[1:4]
-    if sys.argv[1] not in ("postgresql", "mariadb"):
-        del Connections
     del sys.argv[1:4]
     unittest.main()
