@@ -120,6 +120,12 @@ void Session::Rollback() noexcept {
   }
 }
 
+/// A transaction that could not be put in line with others, or a deadlock.
+bool Session::MayRepeatAfter(const Error& error) const {
+  const bool is_conflict = error.SqlState() == "40001" || error.SqlState() == "40P01";
+  return is_conflict && depth_ == 0 && !IsInTransaction();
+}
+
 std::int64_t Session::AskNumber(const std::string& query) const {
   const Result answer = link_->Run(query.c_str());
   const Libpq& libpq = Libpq::Get();

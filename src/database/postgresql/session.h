@@ -42,6 +42,7 @@ class Session final : public database::Session {
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;
+  bool MayRepeatAfter(const platform::Error& error) const override;
   Inserted Insert(const Query& insert, const BaseTable& table, const Column* numbered) override;
   bool CountsBesideRows(const Query& rows) const override;
   platform::Variant CountBeside(const Query& count, database::Cursor& rows) override;
