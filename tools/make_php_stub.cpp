@@ -9,6 +9,7 @@
 
 #include "component/database_properties.h"
 #include "component/property.h"
+#include "hosts/php/class_constants.h"
 #include "hosts/php/class_names.h"
 
 namespace {
@@ -97,10 +98,10 @@ final class Recordset
 constexpr std::string_view kRecordsetMethods = R"(
     /**
      * Runs a statement, a bare table name or a command, and stands on the first row.
-     * Rows can be added and changed with CursorLocation 3, cursor type 1 and lock type 3.
+     * Rows can be added and changed with LOCATION_CLIENT, CURSOR_KEYSET and LOCK_OPTIMISTIC.
      * @param Connection|null $ActiveConnection of a statement; a command has its own
-     * @param int $CursorType 0 forward only, 1 keyset, 2 dynamic, 3 static; -1 unspecified
-     * @param int $LockType 1 read-only, 2 pessimistic, 3 optimistic, 4 batch; -1 unspecified
+     * @param int $CursorType one of CURSOR_..., or -1 unspecified
+     * @param int $LockType one of LOCK_..., or -1 unspecified
      * @param int $Options -1 unspecified, 1 a statement even if it looks like a table name
      */
     public function Open(Command|string $Source, ?Connection $ActiveConnection = null, int $CursorType = 0, int $LockType = 1, int $Options = -1): void {}
@@ -248,6 +249,14 @@ void PrintIndexedProperties() {
 
 constexpr std::string_view kEndOfClass = "}\n";
 
+void PrintConstants(std::string_view php_class) {
+  for (const auto& constant : dralo::php::kClassConstants) {
+    if (constant.php_class != php_class) continue;
+    std::cout << "\n    /** " << constant.doc << " */\n    public const " << constant.name << " = "
+              << constant.value << ";\n";
+  }
+}
+
 void PrintViewClasses() {
   std::cout << kViewClass;
   PrintProperties(dralo::component::DbViewProperties());
@@ -262,9 +271,11 @@ void PrintDatabaseClasses() {
   std::cout << kConnectionClass;
   PrintProperties(dralo::component::ConnectionProperties());
   std::cout << kConnectionMethods << kEndOfClass << kRecordsetClass;
+  PrintConstants("Recordset");
   PrintProperties(dralo::component::RecordsetProperties());
   PrintList(dralo::component::kFieldsProperty);
   std::cout << kRecordsetMethods << kEndOfClass << kCommandClass;
+  PrintConstants("Command");
   PrintProperties(dralo::component::CommandProperties());
   PrintList(dralo::component::kParametersProperty);
   std::cout << kEndOfClass << kFieldClass;

@@ -1,7 +1,10 @@
 #include "hosts/php/classes.h"
 
 #include <array>
+#include <cstring>
+#include <string>
 
+#include "hosts/php/class_constants.h"
 #include "hosts/php/engine_release.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
@@ -32,6 +35,19 @@ zend_object* RefuseToRun(zend_class_entry* entry) {
   return zend_objects_new(entry);
 }
 
+void DeclareConstants(const ScriptClass& script_class) {
+  const std::string_view php_class = std::string_view(script_class.name).substr(std::strlen("Dralo\\"));
+  for (const ClassConstant& constant : kClassConstants) {
+    if (constant.php_class != php_class) continue;
+    zval value;
+    ZVAL_LONG(&value, constant.value);
+    zend_string* name = zend_string_init_interned(constant.name.data(), constant.name.size(), true);
+    const std::string comment = "/** " + std::string(constant.doc) + " */";
+    zend_string* doc = zend_string_init_interned(comment.data(), comment.size(), true);
+    zend_declare_class_constant_ex(script_class.entry, name, &value, ZEND_ACC_PUBLIC, doc);
+  }
+}
+
 void CreateObject(INTERNAL_FUNCTION_PARAMETERS) {
   zend_string* identifier;
   ZEND_PARSE_PARAMETERS_START(1, 1)
@@ -60,7 +76,10 @@ const zend_function_entry kFunctions[] = {
     SCRIPT_FUNCTION("Dralo\\CreateObject", CreateObject, create_object_arginfo, 0) ZEND_FE_END};
 
 void RegisterClasses() {
-  for (ScriptClass* script_class : kClasses) RegisterClass(*script_class);
+  for (ScriptClass* script_class : kClasses) {
+    RegisterClass(*script_class);
+    DeclareConstants(*script_class);
+  }
 }
 
 void RegisterRefusingClasses() {

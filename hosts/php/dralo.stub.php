@@ -430,6 +430,36 @@ final class Connection
 /** The rows of a query, read forward one at a time. */
 final class Recordset
 {
+    /** For Open(). */
+    public const CURSOR_FORWARD_ONLY = 0;
+
+    /** For Open(); the one for adding and changing rows. */
+    public const CURSOR_KEYSET = 1;
+
+    /** For Open(). */
+    public const CURSOR_DYNAMIC = 2;
+
+    /** For Open(). */
+    public const CURSOR_STATIC = 3;
+
+    /** For Open(). */
+    public const LOCK_READ_ONLY = 1;
+
+    /** For Open(). */
+    public const LOCK_PESSIMISTIC = 2;
+
+    /** For Open(); the one for adding and changing rows. */
+    public const LOCK_OPTIMISTIC = 3;
+
+    /** For Open(). */
+    public const LOCK_BATCH_OPTIMISTIC = 4;
+
+    /** For CursorLocation. */
+    public const LOCATION_SERVER = 2;
+
+    /** For CursorLocation; the one for adding and changing rows. */
+    public const LOCATION_CLIENT = 3;
+
     /** Whether there is no current row because the last one was passed. */
     public readonly bool $EOF;
 
@@ -447,10 +477,10 @@ final class Recordset
 
     /**
      * Runs a statement, a bare table name or a command, and stands on the first row.
-     * Rows can be added and changed with CursorLocation 3, cursor type 1 and lock type 3.
+     * Rows can be added and changed with LOCATION_CLIENT, CURSOR_KEYSET and LOCK_OPTIMISTIC.
      * @param Connection|null $ActiveConnection of a statement; a command has its own
-     * @param int $CursorType 0 forward only, 1 keyset, 2 dynamic, 3 static; -1 unspecified
-     * @param int $LockType 1 read-only, 2 pessimistic, 3 optimistic, 4 batch; -1 unspecified
+     * @param int $CursorType one of CURSOR_..., or -1 unspecified
+     * @param int $LockType one of LOCK_..., or -1 unspecified
      * @param int $Options -1 unspecified, 1 a statement even if it looks like a table name
      */
     public function Open(Command|string $Source, ?Connection $ActiveConnection = null, int $CursorType = 0, int $LockType = 1, int $Options = -1): void {}
@@ -474,6 +504,18 @@ final class Recordset
 /** A statement with its parameters, so that a visitor's input never becomes part of the text. */
 final class Command
 {
+    /** For CommandType: a statement. */
+    public const TYPE_TEXT = 1;
+
+    /** For CommandType: the name of a table. */
+    public const TYPE_TABLE = 2;
+
+    /** For CommandType: the name of a stored procedure. */
+    public const TYPE_STORED_PROCEDURE = 4;
+
+    /** For CommandType: what the text looks like. */
+    public const TYPE_UNKNOWN = 8;
+
     /** The connection that the statement runs on. */
     public ?Connection $ActiveConnection;
 

@@ -22,6 +22,7 @@ function members(string $name, string $namespace): array
         $comment = str_replace(' Write-only. */', ' */', (string)$p->getDocComment());
         $lines[] = "property $p->name: {$p->getType()} " . implode(' ', Reflection::getModifierNames($p->getModifiers())) . " $comment";
     }
+    foreach ($class->getReflectionConstants() as $c) $lines[] = "constant $c->name = {$c->getValue()} {$c->getDocComment()}";
     foreach ($class->getMethods() as $m) {
         if ($m->class === $class->name) $lines[] = implode(' ', Reflection::getModifierNames($m->getModifiers())) . ' method ' . described($m);
     }
