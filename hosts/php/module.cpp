@@ -1,5 +1,6 @@
 #include "database/interruption.h"
 #include "database/objects.h"
+#include "hosts/cpp/libraries.h"
 #include "hosts/php/classes.h"
 #include "hosts/php/engine_release.h"
 #include "hosts/php/errors.h"
@@ -69,16 +70,33 @@ PHP_MINFO_FUNCTION(dralo) {
   php_info_print_table_row(2, "Version", DRALO_VERSION);
   php_info_print_table_row(2, "Compiled for PHP", CompiledFor().c_str());
   php_info_print_table_row(2, "PHP API", ZEND_TOSTR(PHP_API_VERSION));
+  for (const host::LibraryInUse& used : host::LibrariesInUse()) {
+    php_info_print_table_row(2, used.part.c_str(), used.library.c_str());
+  }
   php_info_print_table_end();
   DISPLAY_INI_ENTRIES();
 }
 
+// What its classes and values are made of; without these the engine says which is missing.
+const zend_module_dep kDependencies[] = {ZEND_MOD_REQUIRED("date") ZEND_MOD_REQUIRED("spl") ZEND_MOD_END};
+
 }  // namespace
 
 zend_module_entry module_entry = {
-    STANDARD_MODULE_HEADER, "dralo",           kFunctions,           PHP_MINIT(dralo),
-    PHP_MSHUTDOWN(dralo),   nullptr,           PHP_RSHUTDOWN(dralo), PHP_MINFO(dralo),
-    DRALO_VERSION,          NO_MODULE_GLOBALS, AfterRequest,         STANDARD_MODULE_PROPERTIES_EX,
+    STANDARD_MODULE_HEADER_EX,
+    nullptr,
+    kDependencies,
+    "dralo",
+    kFunctions,
+    PHP_MINIT(dralo),
+    PHP_MSHUTDOWN(dralo),
+    nullptr,
+    PHP_RSHUTDOWN(dralo),
+    PHP_MINFO(dralo),
+    DRALO_VERSION,
+    NO_MODULE_GLOBALS,
+    AfterRequest,
+    STANDARD_MODULE_PROPERTIES_EX,
 };
 
 }  // namespace dralo::php

@@ -18,6 +18,8 @@ class AbsentProvider final : public Provider {
   AbsentProvider(std::initializer_list<std::string_view> names, std::string_view option)
       : names_(names), option_(option) {}
 
+  std::string_view Name() const override { return names_.front(); }
+  std::string Library() const override { return "not in this build"; }
   bool IsCalled(std::string_view name) const override {
     for (const std::string_view own : names_) {
       if (text::EqualAscii(name, own)) return true;

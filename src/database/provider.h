@@ -17,6 +17,12 @@ class Provider {
   Provider(const Provider&) = delete;
   Provider& operator=(const Provider&) = delete;
 
+  /// As messages and tables of versions call it.
+  virtual std::string_view Name() const = 0;
+
+  /// The client library and its version, such as "SQLite 3.40.1", or why there is none. Loads the library.
+  virtual std::string Library() const = 0;
+
   /// Whether it is meant by "Provider=NAME", in any letter case.
   virtual bool IsCalled(std::string_view name) const = 0;
 

@@ -20,6 +20,7 @@ struct Library {
   USE(mysql_fetch_lengths)           \
   USE(mysql_fetch_row)               \
   USE(mysql_free_result)             \
+  USE(mysql_get_client_info)         \
   USE(mysql_get_socket)              \
   USE(mysql_get_ssl_cipher)          \
   USE(mysql_init)                    \

@@ -9,6 +9,8 @@ namespace dralo::database::mariadb {
 class Provider final : public database::Provider {
  public:
   Provider() = default;
+  std::string_view Name() const override { return "MariaDB"; }
+  std::string Library() const override;
   bool IsCalled(std::string_view name) const override;
 
   /// None: the messages name the providers that need no server, and the one for all others.

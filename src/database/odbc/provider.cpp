@@ -6,6 +6,8 @@
 
 namespace dralo::database::odbc {
 
+std::string Provider::Library() const { return "unixODBC, and a driver for each database"; }
+
 bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, kDriverProvider); }
 
 /// Of the pairs as they were given: reading them as options would cost every page more than the rest of its

@@ -10,6 +10,8 @@ namespace dralo::database::odbc {
 class Provider final : public database::Provider {
  public:
   Provider() = default;
+  std::string_view Name() const override { return "ODBC"; }
+  std::string Library() const override;
   bool IsCalled(std::string_view name) const override;
   std::string_view Example() const override { return "Driver=NAME for another database"; }
   std::string PoolKey(const ConnectionString& connection_string) const override;

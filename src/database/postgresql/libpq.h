@@ -33,6 +33,7 @@ struct Libpq {
   USE(PQgetlength)                 \
   USE(PQgetvalue)                  \
   USE(PQisBusy)                    \
+  USE(PQlibVersion)                \
   USE(PQnfields)                   \
   USE(PQntuples)                   \
   USE(PQparameterStatus)           \

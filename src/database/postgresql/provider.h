@@ -9,6 +9,8 @@ namespace dralo::database::postgresql {
 class Provider final : public database::Provider {
  public:
   Provider() = default;
+  std::string_view Name() const override { return "PostgreSQL"; }
+  std::string Library() const override;
   bool IsCalled(std::string_view name) const override;
   std::string_view Example() const override { return {}; }
   std::string PoolKey(const ConnectionString& connection_string) const override;

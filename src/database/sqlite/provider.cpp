@@ -1,10 +1,14 @@
 #include "database/sqlite/provider.h"
 
+#include <sqlite3.h>
+
 #include "database/sqlite/options.h"
 #include "database/sqlite/session.h"
 #include "text/ascii.h"
 
 namespace dralo::database::sqlite {
+
+std::string Provider::Library() const { return std::string("SQLite ") + sqlite3_libversion(); }
 
 bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, "SQLite"); }
 
