@@ -14,6 +14,9 @@
 namespace dralo::php {
 namespace {
 
+// Given without quotes, which not every build system passes on.
+constexpr const char* kVersion = ZEND_TOSTR(DRALO_VERSION);
+
 PHP_INI_BEGIN()
 PHP_INI_ENTRY("dralo.hardened", "0", PHP_INI_SYSTEM, nullptr)
 PHP_INI_ENTRY("dralo.hosts", "", PHP_INI_SYSTEM, nullptr)
@@ -67,7 +70,7 @@ zend_result AfterRequest() {
 PHP_MINFO_FUNCTION(dralo) {
   php_info_print_table_start();
   php_info_print_table_row(2, "Dralo", WhyNotHere().empty() ? "enabled" : WhyNotHere().c_str());
-  php_info_print_table_row(2, "Version", DRALO_VERSION);
+  php_info_print_table_row(2, "Version", kVersion);
   php_info_print_table_row(2, "Compiled for PHP", CompiledFor().c_str());
   php_info_print_table_row(2, "PHP API", ZEND_TOSTR(PHP_API_VERSION));
   for (const host::LibraryInUse& used : host::LibrariesInUse()) {
@@ -93,7 +96,7 @@ zend_module_entry module_entry = {
     nullptr,
     PHP_RSHUTDOWN(dralo),
     PHP_MINFO(dralo),
-    DRALO_VERSION,
+    kVersion,
     NO_MODULE_GLOBALS,
     AfterRequest,
     STANDARD_MODULE_PROPERTIES_EX,
