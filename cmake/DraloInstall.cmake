@@ -1,4 +1,4 @@
-# cmake --install: the library, its headers, and what find_package and pkg-config read.
+# cmake --install: the library, its headers, what find_package and pkg-config read, and what sites copy.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -6,6 +6,11 @@ include(CMakePackageConfigHelpers)
 install(TARGETS dralo EXPORT dralo FILE_SET HEADERS)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dralo)
 install(EXPORT dralo NAMESPACE dralo:: FILE dralo-targets.cmake DESTINATION ${package_dir})
+
+file(GLOB images CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/assets/gfx/*.gif)
+install(FILES ${PROJECT_SOURCE_DIR}/assets/dralo.css ${PROJECT_SOURCE_DIR}/assets/dralo.js
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/dralo)
+install(FILES ${images} DESTINATION ${CMAKE_INSTALL_DATADIR}/dralo/gfx)
 
 # The components that this build has, and what programs link besides when the library is static.
 set(DRALO_COMPONENTS sqlite)
@@ -20,11 +25,12 @@ if(DRALO_ODBC)
   string(APPEND DRALO_REQUIRES " odbc odbcinst")
 endif()
 get_target_property(type dralo TYPE)
-set(DRALO_IS_STATIC OFF)
-set(DRALO_REQUIRES_KEY Requires.private)
 if(type STREQUAL "STATIC_LIBRARY")
   set(DRALO_IS_STATIC ON)
-  set(DRALO_REQUIRES_KEY Requires)
+else()
+  # Named privately too, pkg-config would ask for their headers, which programs do not need.
+  set(DRALO_IS_STATIC OFF)
+  set(DRALO_REQUIRES "")
 endif()
 
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/dralo-config.cmake.in ${PROJECT_BINARY_DIR}/dralo-config.cmake

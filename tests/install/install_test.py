@@ -75,6 +75,17 @@ class Installed(unittest.TestCase):
         run(os.environ.get("CXX", "c++"), HERE / "shop.cpp", "-o", program, *flags)
         self.assert_works(program)
 
+    def test_asks_for_the_headers_of_no_other_library_when_it_is_shared(self):
+        if self.library.suffix != ".so":
+            self.skipTest("a static library is linked with all that it needs")
+        environment = os.environ | {"PKG_CONFIG_LIBDIR": str(self.library.parent / "pkgconfig")}
+        self.assertIn("-ldralo", run("pkg-config", "--cflags", "--libs", "dralo", env=environment))
+
+    def test_brings_what_sites_copy(self):
+        copied = self.prefix / "share/dralo"
+        images = {f"gfx/{path.name}" for path in (ROOT / "assets/gfx").glob("*.gif")}
+        self.assertEqual({str(path.relative_to(copied)) for path in copied.rglob("*.*")}, images | {"dralo.css", "dralo.js"})
+
     def test_shows_no_folder_of_its_sources(self):
         for path in (self.prefix / "include").rglob("*.h"):
             self.assertEqual(path.parent.name, "dralo")
