@@ -20,6 +20,9 @@ class PageContext {
   virtual const Request& GetRequest() const = 0;
   virtual Response& GetResponse() = 0;
 
+  /// Whether Response::End() has ended the page although the host goes on: its views do nothing any more.
+  virtual bool HasEnded() const { return false; }
+
   /// The component's own, none at first; hosts need not care.
   std::shared_ptr<PageMemory>& Memory() { return memory_; }
 

@@ -46,13 +46,22 @@ void DbView::OnStartPage(platform::PageContext& page) {
   });
 }
 
+void DbView::OnStartPage(std::shared_ptr<platform::PageContext> page) {
+  RefuseWhileRendering();
+  OnStartPage(*page);
+  kept_page_.swap(page);
+}
+
 void DbView::OnEndPage() {
   if (settings_.owns_connection) settings_.DrConnection.reset();
   // It may hold a statement of the database open.
   settings::SetAdoRecordset(settings_, nullptr);
   page_ = nullptr;
   page_start_failed_ = false;
+  has_answered_ = false;
   has_ended_page_ = true;
+  // Last: with the page objects of the script may end.
+  const auto page = std::move(kept_page_);
 }
 
 void DbView::ForgetFormerPage() {
@@ -72,6 +81,8 @@ void DbView::RunOnPage(void (*step)(state::Render& render, platform::PageContext
   RefuseWhileRendering();
   if (page_start_failed_) return;  // ErrorMessage says why; the page goes on.
   if (page_ == nullptr) throw platform::Error("The view is not bound to a page");
+  has_answered_ = true;
+  if (page_->HasEnded()) return;
   const platform::Request& request = page_->GetRequest();
   const state::RequestKeys keys = state::OfferedKeys(request, settings_, environment_.GetSite());
   html::HtmlWriter out(page_->GetResponse());

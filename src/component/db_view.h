@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,13 @@ class DbView final : public platform::Object {
   /// ErrorMessage, and the view is bound to none. On a page after the first the view begins anew but for its
   /// properties: messages, row numbers and the shown record of the former page are forgotten.
   void OnStartPage(platform::PageContext& page);
+
+  /// The same for a page that scripts make: it is kept as long as the view is bound to it. Throws
+  /// platform::Error while the view writes its page.
+  void OnStartPage(std::shared_ptr<platform::PageContext> page);
+
+  /// Whether the view has read the request of its page and begun to answer it.
+  bool HasAnswered() const { return has_answered_; }
 
   /// Gives back the connection that the ConnectionString property opened, and lets go of the page and of a
   /// supplied recordset. Commands stay and can be run on the next page.
@@ -90,8 +98,10 @@ class DbView final : public platform::Object {
 
   platform::Environment& environment_;
   platform::PageContext* page_ = nullptr;
+  std::shared_ptr<platform::PageContext> kept_page_;
   bool page_start_failed_ = false;
   bool is_rendering_ = false;
+  bool has_answered_ = false;
   bool has_ended_page_ = false;  ///< What the former page left is still there to be read.
   settings::Settings settings_;
   state::Outcome outcome_;  ///< Of the latest rendering.
