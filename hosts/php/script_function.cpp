@@ -7,30 +7,11 @@
 #include "hosts/php/change_class.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
+#include "hosts/php/kept_value.h"
 #include "hosts/php/values.h"
 
 namespace dralo::php {
 namespace {
-
-/// A callable, kept alive. Let go of outside of all calls: an end of the script's objects may run its code.
-class KeptCallable {
- public:
-  explicit KeptCallable(const zval* callable) { ZVAL_COPY(&callable_, callable); }
-  ~KeptCallable() {
-    try {
-      CallPhp([this] { zval_ptr_dtor(&callable_); });
-    } catch (const HostAbort&) {
-      // What waits for the engine to see it waits on.
-    }
-  }
-  KeptCallable(const KeptCallable&) = delete;
-  KeptCallable& operator=(const KeptCallable&) = delete;
-
-  zval* Get() { return &callable_; }
-
- private:
-  zval callable_;
-};
 
 /// Whether the script's function ended with an exception of its own, not by exit() or a fatal error.
 bool HasThrown(const HostAbort& abort) {
@@ -58,7 +39,7 @@ std::string TakeMessage() {
   return text;
 }
 
-void Call(KeptCallable& callable, platform::Change& change) {
+void Call(KeptValue& callable, platform::Change& change) {
   const ScriptMayChange permission;
   const LentChange lent(change);
   try {
@@ -79,14 +60,14 @@ void Call(KeptCallable& callable, platform::Change& change) {
 
 class ScriptHandler final : public platform::ChangeHandler {
  public:
-  explicit ScriptHandler(std::shared_ptr<KeptCallable> callable)
+  explicit ScriptHandler(std::shared_ptr<KeptValue> callable)
       : ChangeHandler([callable](platform::Change& change) { Call(*callable, change); }),
         callable_(std::move(callable)) {}
 
   zval* Callable() const { return callable_->Get(); }
 
  private:
-  std::shared_ptr<KeptCallable> callable_;
+  std::shared_ptr<KeptValue> callable_;
 };
 
 }  // namespace
@@ -99,7 +80,7 @@ platform::ObjectPtr ToHandler(const zval* value, std::string_view property) {
     throw ScriptError{zend_ce_type_error,
                       "Dralo\\DbView::$" + std::string(property) + " must be a function or null"};
   }
-  return std::make_shared<ScriptHandler>(std::make_shared<KeptCallable>(value));
+  return std::make_shared<ScriptHandler>(std::make_shared<KeptValue>(value));
 }
 
 void PutHandler(const platform::ObjectPtr& handler, zval* result) {

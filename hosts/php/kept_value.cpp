@@ -1,0 +1,17 @@
+#include "hosts/php/kept_value.h"
+
+#include "hosts/php/guard.h"
+
+namespace dralo::php {
+
+KeptValue::KeptValue(const zval* value) { ZVAL_COPY(&value_, value); }
+
+KeptValue::~KeptValue() {
+  try {
+    CallPhp([this] { zval_ptr_dtor(&value_); });
+  } catch (const HostAbort&) {
+    // What waits for the engine to see it waits on.
+  }
+}
+
+}  // namespace dralo::php
