@@ -1,21 +1,20 @@
 #include "hosts/php/script_request.h"
 
+#include <utility>
+
 #include "hosts/cpp/url_encoded.h"
 #include "hosts/php/guard.h"
 #include "hosts/php/multipart.h"
+#include "hosts/php/request_headers.h"
 #include "hosts/php/values.h"
 #include "text/ascii.h"
 
 namespace dralo::php {
 namespace {
 
-constexpr std::string_view kUrlEncoded = "application/x-www-form-urlencoded";
-
-bool IsUrlEncodedForm() {
+std::string_view ContentType() {
   const char* type = SG(request_info).content_type;
-  if (type == nullptr || strncasecmp(type, kUrlEncoded.data(), kUrlEncoded.size()) != 0) return false;
-  const char after = type[kUrlEncoded.size()];
-  return after == '\0' || after == ';' || after == ',' || after == ' ';
+  return type == nullptr ? std::string_view() : type;
 }
 
 /// The body as it came; PHP keeps it although it has parsed it for $_POST.
@@ -31,13 +30,6 @@ std::string Body() {
   std::string copy(View(body));
   CallPhp([&] { zend_string_release(body); });
   return copy;
-}
-
-/// The entry of $_SERVER that holds the header, as CGI names it.
-std::string VariableOfHeader(std::string_view name) {
-  std::string variable = "HTTP_";
-  for (const char c : name) variable += c == '-' ? '_' : text::ToUpper(c);
-  return variable;
 }
 
 const zval* FindServerVariable(std::string_view name) {
@@ -58,12 +50,14 @@ const zval* FindServerVariable(std::string_view name) {
 
 }  // namespace
 
-ScriptRequest::ScriptRequest()
-    : form_(IsUrlEncodedForm() ? host::ParseUrlEncoded(Body()) : MultipartFields()) {
+ScriptRequest::ScriptRequest(std::optional<std::string> script_name)
+    : script_name_(std::move(script_name)),
+      form_(IsUrlEncodedForm(ContentType()) ? host::ParseUrlEncoded(Body()) : MultipartFields()) {
   if (const char* query = SG(request_info).query_string) query_ = host::ParseUrlEncoded(query);
 }
 
 std::string ScriptRequest::ServerVariable(std::string_view name) const {
+  if (script_name_ && name == "SCRIPT_NAME") return *script_name_;
   const zval* found = FindServerVariable(name);
   return found == nullptr ? std::string() : std::string(View(Z_STR_P(found)));
 }
@@ -75,8 +69,8 @@ std::string ScriptRequest::Method() const {
 
 std::vector<std::string> ScriptRequest::HeaderValues(std::string_view name) const {
   if (text::EqualAscii(name, "Content-Type")) {
-    const char* type = SG(request_info).content_type;
-    return type == nullptr ? std::vector<std::string>() : std::vector<std::string>{type};
+    const std::string_view type = ContentType();
+    return type.empty() ? std::vector<std::string>() : std::vector<std::string>{std::string(type)};
   }
   const zval* found = FindServerVariable(VariableOfHeader(name));
   if (found == nullptr) return {};

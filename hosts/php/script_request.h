@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,8 @@ namespace dralo::php {
 /// parts are empty.
 class ScriptRequest final : public platform::Request {
  public:
-  /// Reads form and query string. Runs as C++, as all members do.
-  ScriptRequest();
+  /// Reads form and query string; `script_name` stands in for SCRIPT_NAME. Runs as C++, as all members do.
+  explicit ScriptRequest(std::optional<std::string> script_name = std::nullopt);
 
   /// Fields posted as application/x-www-form-urlencoded or multipart/form-data, without files.
   std::span<const platform::RequestField> Form() const override { return form_; }
@@ -30,6 +31,7 @@ class ScriptRequest final : public platform::Request {
   std::vector<std::string> HeaderValues(std::string_view name) const override;
 
  private:
+  std::optional<std::string> script_name_;
   std::vector<platform::RequestField> form_;
   std::vector<platform::RequestField> query_;
 };
