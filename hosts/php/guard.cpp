@@ -107,6 +107,7 @@ bool EnterCpp(Entry entry, void (*body)(void* context), void* context) {
       zend_throw_unwind_exit();
       break;
     case HostAbort::Reason::kPending:
+    case HostAbort::Reason::kPageEnded:
       break;
   }
   return false;

@@ -14,10 +14,11 @@ namespace dralo::php {
 /// which report failures on the page let it pass.
 struct HostAbort {
   enum class Reason {
-    kBail,      ///< The engine has jumped out; nothing of it may be called but zend_bailout().
-    kPending,   ///< An exception of the script, or exhausted memory, waits for the engine to see it.
-    kTimedOut,  ///< max_execution_time is over.
-    kEnded,     ///< The page ended itself, as exit() does.
+    kBail,       ///< The engine has jumped out; nothing of it may be called but zend_bailout().
+    kPending,    ///< An exception of the script, or exhausted memory, waits for the engine to see it.
+    kTimedOut,   ///< max_execution_time is over.
+    kEnded,      ///< The page ended itself, as exit() does.
+    kPageEnded,  ///< So did a page that the script sends itself: the script goes on.
   };
   Reason reason;
 };
@@ -56,8 +57,9 @@ class ScriptMayChange {
   int changes_in_progress_;
 };
 
-/// Runs `body`, C++ code; returns whether it succeeded. Otherwise an exception of the script is pending; an
-/// abort is passed on to the engine and does not return. The caller's locals must need no destructor.
+/// Runs `body`, C++ code; returns whether it succeeded. Otherwise an exception of the script is pending, but
+/// not when a page that the script sends itself has ended; an abort is passed on to the engine and does not
+/// return. The caller's locals must need no destructor.
 bool EnterCpp(Entry entry, void (*body)(void* context), void* context);
 
 template <class Body>
