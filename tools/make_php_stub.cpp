@@ -49,6 +49,9 @@ final class DbView
 {)";
 
 constexpr std::string_view kViewMethods = R"(
+    /** Binds the view to a page that the script sends itself, before the view answers: nothing is printed and no header set then. */
+    public function OnStartPage(Page $Page): void {}
+
     /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
     public function WriteHtmlTable(): void {}
 
@@ -63,6 +66,40 @@ constexpr std::string_view kViewMethods = R"(
 
     /** What AddEditLookup was given for the field, joined by commas and with 1 or 0 at the end; empty when it has no lookup. */
     public function EditLookupAsString(string $FieldName): string {}
+)";
+
+constexpr std::string_view kPageClass = R"(
+/** One request and its answer, which the script sends itself: for frameworks, and for servers that run one script for many requests. */
+final class Page
+{
+    /**
+     * @param string $scriptName the address that links and the form lead back to
+     * @param string $query what stands behind "?", as it came
+     * @param string $body as it came
+     * @param string $contentType that of the body, as the header says it
+     * @param array<string, mixed> $server as $_SERVER: REQUEST_METHOD, HTTP_HOST, HTTP_ORIGIN, HTTP_SEC_FETCH_SITE and so on
+     */
+    public function __construct(string $scriptName, string $query = "", string $body = "", string $contentType = "application/x-www-form-urlencoded", array $server = []) {}
+
+    /** The request that PHP answers. */
+    public static function fromGlobals(?string $scriptName = null): Page {}
+
+    /**
+     * Hands on what views write, piece by piece, instead of collecting it; status and headers are complete by then.
+     * @param null|callable(string, Page): mixed $receiver null collects again
+     */
+    public function sendTo(?callable $receiver): void {}
+
+    /** What views have written so far. */
+    public function body(): string {}
+
+    public function status(): int {}
+
+    /** @return array<string, string> */
+    public function headers(): array {}
+
+    /** Whether a download or an address that leads elsewhere is the whole answer: nothing may be put around body(). */
+    public function ended(): bool {}
 )";
 
 constexpr std::string_view kDBConnectionClass = R"(
@@ -261,7 +298,7 @@ void PrintViewClasses() {
   std::cout << kViewClass;
   PrintProperties(dralo::component::DbViewProperties());
   PrintIndexedProperties();
-  std::cout << kViewMethods << kEndOfClass << kDBConnectionClass;
+  std::cout << kViewMethods << kEndOfClass << kPageClass << kEndOfClass << kDBConnectionClass;
   PrintProperties(dralo::component::DBConnectionProperties());
   std::cout << kEndOfClass << kIndexedPropertyClass << kListMethods << kEndOfClass << kChangeClass
             << kEndOfClass;

@@ -26,6 +26,7 @@ constexpr auto kClasses = std::to_array<ScriptClass*>({
     &parameters_class,
     &indexed_property_class,
     &change_class,
+    &page_class,
 });
 
 void ThrowWhyNotHere() { zend_throw_exception(exception_class, WhyNotHere().c_str(), 0); }

@@ -16,6 +16,7 @@ extern ScriptClass field_class;
 extern ScriptClass parameters_class;
 extern ScriptClass indexed_property_class;
 extern ScriptClass change_class;
+extern ScriptClass page_class;
 
 /// Registers all of these. Called once, when the module starts.
 void RegisterClasses();

@@ -1,4 +1,6 @@
 #include "component/db_view.h"
+#include "hosts/php/errors.h"
+#include "hosts/php/handed_page.h"
 #include "hosts/php/indexed_property.h"
 #include "hosts/php/page.h"
 #include "hosts/php/plain_method.h"
@@ -9,6 +11,25 @@ namespace dralo::php {
 namespace {
 
 using component::DbView;
+
+void BindToPage(DbView& view, HandedPage& page) {
+  if (view.HasAnswered()) {
+    throw ScriptError{zend_ce_error, "Cannot bind Dralo\\DbView to a page after it has answered on one"};
+  }
+  if (page.HasEnded()) {
+    throw ScriptError{zend_ce_error, "Cannot bind Dralo\\DbView to a Dralo\\Page that has ended"};
+  }
+  view.OnStartPage(page.Keep());
+}
+
+void OnStartPage(INTERNAL_FUNCTION_PARAMETERS) {
+  zend_object* page;
+  ZEND_PARSE_PARAMETERS_START(1, 1)
+  Z_PARAM_OBJ_OF_CLASS(page, page_class.entry)
+  ZEND_PARSE_PARAMETERS_END();
+  EnterCpp(Entry::kChanges,
+           [&] { BindToPage(NativeAs<DbView>(Z_OBJ_P(ZEND_THIS)), NativeAs<HandedPage>(page)); });
+}
 
 void QHtmlTable(INTERNAL_FUNCTION_PARAMETERS) {
   zend_string* connection_string;
@@ -72,8 +93,13 @@ ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(edit_lookup_as_string_arginfo, 0, 1, IS_
 ZEND_ARG_TYPE_INFO(0, FieldName, IS_STRING, 0)
 ZEND_END_ARG_INFO()
 
+ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(on_start_page_arginfo, 0, 1, IS_VOID, 0)
+ZEND_ARG_OBJ_INFO(0, Page, Dralo\\Page, 0)
+ZEND_END_ARG_INFO()
+
 // clang-format off
 const zend_function_entry kMethods[] = {
+    SCRIPT_FUNCTION("OnStartPage", OnStartPage, on_start_page_arginfo, ZEND_ACC_PUBLIC)
     PLAIN_METHOD(DbView, WriteHtmlTable)
     PLAIN_METHOD(DbView, ReceivePost)
     SCRIPT_FUNCTION("QHtmlTable", QHtmlTable, q_html_table_arginfo, ZEND_ACC_PUBLIC)

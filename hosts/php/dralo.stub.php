@@ -341,6 +341,9 @@ final class DbView
     /** What a column of the form must hold, such as required,min=0,max=100; empty for anything. With a text it is set first. */
     public function EditRules(int $Index, ?string $Text = null): string {}
 
+    /** Binds the view to a page that the script sends itself, before the view answers: nothing is printed and no header set then. */
+    public function OnStartPage(Page $Page): void {}
+
     /** Reads the request, carries out a posted change, and writes the view that the request selects. Failures end up in ErrorMessage. */
     public function WriteHtmlTable(): void {}
 
@@ -355,6 +358,39 @@ final class DbView
 
     /** What AddEditLookup was given for the field, joined by commas and with 1 or 0 at the end; empty when it has no lookup. */
     public function EditLookupAsString(string $FieldName): string {}
+}
+
+/** One request and its answer, which the script sends itself: for frameworks, and for servers that run one script for many requests. */
+final class Page
+{
+    /**
+     * @param string $scriptName the address that links and the form lead back to
+     * @param string $query what stands behind "?", as it came
+     * @param string $body as it came
+     * @param string $contentType that of the body, as the header says it
+     * @param array<string, mixed> $server as $_SERVER: REQUEST_METHOD, HTTP_HOST, HTTP_ORIGIN, HTTP_SEC_FETCH_SITE and so on
+     */
+    public function __construct(string $scriptName, string $query = "", string $body = "", string $contentType = "application/x-www-form-urlencoded", array $server = []) {}
+
+    /** The request that PHP answers. */
+    public static function fromGlobals(?string $scriptName = null): Page {}
+
+    /**
+     * Hands on what views write, piece by piece, instead of collecting it; status and headers are complete by then.
+     * @param null|callable(string, Page): mixed $receiver null collects again
+     */
+    public function sendTo(?callable $receiver): void {}
+
+    /** What views have written so far. */
+    public function body(): string {}
+
+    public function status(): int {}
+
+    /** @return array<string, string> */
+    public function headers(): array {}
+
+    /** Whether a download or an address that leads elsewhere is the whole answer: nothing may be put around body(). */
+    public function ended(): bool {}
 }
 
 /** Lets several views on one page share one open database connection. */

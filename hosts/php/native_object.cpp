@@ -76,6 +76,8 @@ zend_object* CreateNative(zend_class_entry* entry) {
   return object;
 }
 
+zend_object* CreateBare(zend_class_entry* entry) { return NewObject(ClassOf(entry), nullptr); }
+
 zend_object* RefuseToCreate(zend_class_entry* entry) {
   zend_throw_error(nullptr, "Cannot create %s: it belongs to another object", ZSTR_VAL(entry->name));
   return NewObject(ClassOf(entry), nullptr);
@@ -89,19 +91,19 @@ void FreeObject(zend_object* object) {
 }
 
 void EndPageOfAllObjects() noexcept {
+  // Taken from all first: with its last function or its page a view may end PHP objects of this list, itself
+  // among them.
+  std::vector<std::pair<const ScriptClass*, platform::ObjectPtr>> natives;
   for (NativeObject* object = newest; object != nullptr; object = object->next) {
-    const auto end_page = object->script_class->end_page;
-    if (end_page == nullptr || !object->native) continue;
+    if (object->native) natives.emplace_back(object->script_class, std::move(object->native));
+  }
+  for (const auto& [script_class, native] : natives) {
+    if (script_class->end_page == nullptr) continue;
     try {
-      end_page(*object->native);
+      script_class->end_page(*native);
     } catch (...) {
       // Nobody is left to be told.
     }
-  }
-  // Let go of all at once: with its last function a view may end PHP objects of this list, itself among them.
-  std::vector<platform::ObjectPtr> natives;
-  for (NativeObject* object = newest; object != nullptr; object = object->next) {
-    natives.push_back(std::move(object->native));
   }
 }
 

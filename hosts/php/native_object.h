@@ -36,6 +36,9 @@ void PutObject(const ScriptClass& script_class, const platform::ObjectPtr& nativ
 /// Handler of `new` for the creatable classes: asks the environment for the C++ object.
 zend_object* CreateNative(zend_class_entry* entry);
 
+/// Handler of `new` for the classes whose constructors make the C++ object.
+zend_object* CreateBare(zend_class_entry* entry);
+
 /// Handler of `new` for classes whose objects only this extension makes.
 zend_object* RefuseToCreate(zend_class_entry* entry);
 

@@ -10,6 +10,11 @@ zend_string* Permanent(std::string_view text) {
   return zend_string_init_interned(text.data(), text.size(), true);
 }
 
+decltype(zend_class_entry::create_object) CreatorOf(const ScriptClass& script_class) {
+  if (script_class.is_constructed) return CreateBare;
+  return script_class.identifier.empty() ? RefuseToCreate : CreateNative;
+}
+
 void AddInterfaces(const ScriptClass& script_class) {
   const Entries* entries = script_class.entries;
   if (entries == nullptr) return;
@@ -33,7 +38,7 @@ void RegisterClass(ScriptClass& script_class) {
   INIT_CLASS_ENTRY_EX(entry, script_class.name, strlen(script_class.name), script_class.methods);
   script_class.entry = zend_register_internal_class(&entry);
   script_class.entry->ce_flags |= ZEND_ACC_FINAL | ZEND_ACC_NO_DYNAMIC_PROPERTIES | ZEND_ACC_NOT_SERIALIZABLE;
-  script_class.entry->create_object = script_class.identifier.empty() ? RefuseToCreate : CreateNative;
+  script_class.entry->create_object = CreatorOf(script_class);
   script_class.entry->get_iterator = GetIteratorOf;
   AddInterfaces(script_class);
   zend_hash_init(&script_class.by_name, 16, nullptr, nullptr, true);

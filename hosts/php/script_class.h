@@ -64,6 +64,9 @@ struct ScriptClass {
   /// What CreateObject() and `new` ask the environment for; empty when scripts cannot create such objects.
   std::string_view identifier = {};
 
+  /// Whether `new` makes the PHP object alone, and its constructor the C++ object.
+  bool is_constructed = false;
+
   /// Binds a new object to the page; nullptr when there is nothing to bind.
   void (*start_page)(platform::Object& object) = nullptr;
 
@@ -78,6 +81,11 @@ struct ScriptClass {
 
   /// Whether var_dump() and its like keep passwords to themselves; nullptr when they never do.
   bool (*keeps_secrets)(const platform::Object& object) = nullptr;
+
+  /// A value of the script that the C++ object holds, for the collector of cycles; the function is nullptr
+  /// when it never does, the value when it does not now. Only for objects that nobody but their PHP object
+  /// owns.
+  zval* (*garbage_root)(const platform::Object& object) = nullptr;
 
   /// Declares the properties, once the class is registered; nullptr when it has none.
   void (*declare)(ScriptClass& registered) = nullptr;

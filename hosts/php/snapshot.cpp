@@ -158,8 +158,10 @@ HashTable* GetProperties(zend_object* object) {
 }
 
 HashTable* GetGarbageRoots(zend_object* object, zval** table, int* size) {
-  *table = nullptr;
-  *size = 0;
+  const NativeObject* native_object = FromZend(object);
+  const auto garbage_root = native_object->script_class->garbage_root;
+  *table = garbage_root != nullptr && native_object->native ? garbage_root(*native_object->native) : nullptr;
+  *size = *table == nullptr ? 0 : 1;
   return object->properties;
 }
 

@@ -49,7 +49,7 @@ var_dump(described(new ReflectionFunction('Dralo\CreateObject')) === described(n
 ?>
 --EXPECT--
 bool(true)
-int(11)
+int(12)
 array(1) {
   [0]=>
   string(18) "Dralo\CreateObject"
