@@ -67,6 +67,7 @@ bool RefusesChange(state::Render& render, platform::Response& response) {
   const PostedForm form = state::JudgePostedForm(request, tag, render.environment.GetSite());
   const auto refusal = Refusal(form);
   if (!refusal) return false;
+  render.outcome.is_refused = true;
   render.outcome.has_failed_to_save = form == PostedForm::kUnknownSender;
   render.Errors().AddPublic(*refusal, SenderHeaders(request));
   SetStatus(response, kForbidden);

@@ -178,6 +178,13 @@ void ForbidStoring(const Render& render, platform::Response& response) {
   if (response.HasUnsentHeaders()) response.AddHeader("Cache-Control", "no-store");
 }
 
+/// A refused post has its status already.
+void AnswerNotFound(const Render& render, platform::Response& response) {
+  constexpr int kNotFound = 404;
+  if (!render.outcome.has_no_such_record || render.outcome.is_refused) return;
+  if (response.HasUnsentHeaders()) response.SetStatus(kNotFound);
+}
+
 /// One for each record and for each column, those to add a record and to the list, and some of templates.
 std::size_t LinksOnPage(const Render& render, const ShownRecords& records) {
   constexpr std::size_t kOthers = 4;
@@ -194,6 +201,7 @@ void RunSteps(Render& render, platform::Response& response, ShownRecords& record
   if (CanCountBeside(render)) records.counting = Counting::kWanted;
   CountRecords(render, render.view.is_counted && records.counting == Counting::kNone);
   OpenRecords(render, records);
+  AnswerNotFound(render, response);
   render.links = LinksOnPage(render, records);
   render.state_query_tail = state::StateQueryTail(render);
   PutPage(render, records);

@@ -94,6 +94,7 @@ bool OpenByNamedKey(Render& render, ShownRecords& records) {
                                          editing::RequestedKey(render), true);
   const bool is_saved = render.outcome.change == state::Change::kSaved;
   if (record->Eof() && is_saved) return false;
+  render.outcome.has_no_such_record = record->Eof();
   if (record->Eof() && !render.outcome.has_failed_to_save) render.Errors().AddNoSuchRecord();
   records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, {}, 0);
   records.keyed = std::move(record);

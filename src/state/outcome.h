@@ -26,6 +26,7 @@ struct PostedChange {
   Change change = Change::kNone;
   bool has_failed = false;
   bool shows_stored_record = false;
+  bool is_refused = false;
   std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< What the form views show about it.
   std::string errors = "";          ///< What it added to ErrorMessage.
@@ -46,7 +47,10 @@ struct Outcome {
   std::string saved_key = "";  ///< Of a new record, as key::kPrimaryKey carries it; empty when it is unknown.
   bool has_failed_to_save = false;  ///< A posted change was tried and failed.
   bool shows_stored_record =
-      false;  ///< What was typed then does not come back: the form shows what is stored.
+      false;                ///< What was typed then does not come back: the form shows what is stored.
+  bool is_refused = false;  ///< It was not tried, for who has posted it or for its form.
+  bool has_no_such_record =
+      false;  ///< The key of the request addresses none: a hardened view shows no other.
   std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< The outcome of the last save or delete, for the form views.
   std::shared_ptr<const PostedChange> reported_change = nullptr;  ///< Whose errors were added already.
