@@ -10,10 +10,15 @@
 
 #include "driver/requested_order.h"
 #include "editing/outcome.h"
+#include "editing/query_schema.h"
+#include "editing/shown_key.h"
 #include "html/html_writer.h"
 #include "settings/language.h"
+#include "settings/statement_parameters.h"
 #include "state/error_log.h"
+#include "state/key_items.h"
 #include "state/page_fields.h"
+#include "state/primary_key_value_list.h"
 #include "state/request_state.h"
 #include "text/ascii.h"
 
@@ -36,11 +41,17 @@ std::string_view LetterOf(const state::Render& render) {
   return render.keys.Has(key::kFormInsert) ? "i" : "u";
 }
 
-/// The key by which the changed record can be shown; empty when it cannot.
-std::string_view KeyOfRecord(const state::Render& render) {
-  if (render.outcome.change == state::Change::kDeleted) return {};
-  if (!render.outcome.saved_key.empty()) return render.outcome.saved_key;
-  return render.keys.Has(key::kFormInsert) ? std::string_view() : render.keys.Value(key::kPrimaryKey);
+/// A record may well leave the statement of the list, or that of the view, by its save.
+bool ShowsRecord(const state::Render& render, std::string_view record) {
+  const settings::Settings& settings = render.settings;
+  if (!state::CanAddressRecords(render, settings.FormSQL)) return false;
+  try {
+    const auto key = state::KeyItems(record, editing::KeyNames(settings).size());
+    return !editing::OpenRecordOfKey(render, settings.FormSQL, settings::FormParameters(settings), key, true)
+                ->Eof();
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 /// The page's own path as it may stand in a header. One that began with two slashes would be the name of
@@ -64,7 +75,7 @@ std::string EncodedPath(std::string_view path) {
 std::string OutcomeAddress(const state::Render& render) {
   const state::RequestKeys& keys = render.keys;
   const state::ViewState& view = render.view;
-  const std::string_view record = KeyOfRecord(render);
+  const std::optional<std::string>& record = render.outcome.saved_key;
   const std::string path = EncodedPath(render.script_name);
   html::HtmlWriter address;
   address.Put("{}?{}={}", Verbatim{path}, keys(key::kCurrRecord), view.current_record)
@@ -73,9 +84,9 @@ std::string OutcomeAddress(const state::Render& render) {
       .PutIf(!view.order_by.empty(), "&{}={}", keys(key::kOrderByFields), Encoded{view.order_by})
       .PutIf(view.is_descending, "&{}=True", keys(key::kOrderByDesc));
   state::PutPageQueryFields(address, render.settings, keys.GetRequest());
-  if (!record.empty()) {
+  if (record && ShowsRecord(render, *record)) {
     address.Put("&{}={}", keys(key::kFormDisplay), Verbatim{state::kOneRecord})
-        .Put("&{}={}", keys(key::kPrimaryKey), Encoded{record});
+        .Put("&{}={}", keys(key::kPrimaryKey), Encoded{*record});
   }
   address.Put("&{}={}", keys(key::kDone), Verbatim{LetterOf(render)});
   return address.Take();

@@ -43,6 +43,7 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render, platform::Response&
   if (!RefusesChange(render, response)) render.outcome.has_failed_to_save = !editing::UpdateRecord(render);
   return std::make_shared<PostedChange>(
       PostedChange{.change = render.outcome.change,
+                   .saved_key = render.outcome.saved_key,
                    .has_failed = render.outcome.has_failed_to_save,
                    .shows_stored_record = render.outcome.shows_stored_record,
                    .is_refused = render.outcome.is_refused,
@@ -62,6 +63,7 @@ bool IsChangePosted(const Render& render) {
 
 void TakeOutcome(Render& render, const PostedChange& change) {
   render.outcome.change = change.change;
+  render.outcome.saved_key = change.saved_key;
   render.outcome.has_failed_to_save = change.has_failed;
   render.outcome.shows_stored_record = change.shows_stored_record;
   render.outcome.is_refused = change.is_refused;

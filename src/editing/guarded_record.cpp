@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <utility>
 
 #include "dralo/error.h"
 #include "editing/checked_delete.h"
@@ -52,9 +53,9 @@ std::shared_ptr<Recordset> GuardedRecord::OpenForNew() const {
   return records;
 }
 
-bool GuardedRecord::IsInside(Recordset& records) const {
-  const auto key = KeyOf(render_, records);
-  return key && form_.YieldsOne(*key);
+std::optional<KeyTexts> GuardedRecord::KeyInside(Recordset& records) const {
+  auto key = KeyOf(render_, records);
+  return key && form_.YieldsOne(*key) ? std::move(key) : std::nullopt;
 }
 
 bool DeleteGuardedRecord(state::Render& render, const QuerySchema& schema) {

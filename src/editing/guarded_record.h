@@ -24,9 +24,9 @@ class GuardedRecord {
   /// The records of the form's statement, to which one can be added.
   std::shared_ptr<platform::Recordset> OpenForNew() const;
 
-  /// Whether the statement of the form yields the written record on which `records` stands, with the key that
-  /// it has now.
-  bool IsInside(platform::Recordset& records) const;
+  /// The key of the written record on which `records` stands; nothing when the statement of the form does not
+  /// yield the record with it.
+  std::optional<KeyTexts> KeyInside(platform::Recordset& records) const;
 
   /// The posted key of the record that Open() has found.
   const KeyTexts& Key() const { return *key_; }

@@ -25,6 +25,7 @@
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
+#include "state/key_items.h"
 #include "text/letter_case.h"
 
 namespace dralo::editing {
@@ -65,11 +66,13 @@ class Save {
     GuardedRecord guarded(render_);
     guarded_ = &guarded;
     if (!Reopen() || !SaveChecked()) return false;
-    if (!guarded.IsInside(*recordset_)) {
+    const auto saved_key = guarded.KeyInside(*recordset_);
+    if (!saved_key) {
       render_.Errors().AddLeftForm();
       return false;
     }
     guarded.Commit();
+    render_.outcome.saved_key = state::KeyOfItems(*saved_key);
     recordset_->Close();
     SetSaved();
     return true;

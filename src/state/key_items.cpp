@@ -43,6 +43,16 @@ std::string KeyItem(std::string_view text) {
   return item;
 }
 
+std::string KeyOfItems(std::span<const std::string> texts) {
+  if (texts.size() == 1) return texts.front();
+  std::string key;
+  for (const std::string& text : texts) {
+    if (&text != &texts.front()) key += ',';
+    key += KeyItem(text);
+  }
+  return key;
+}
+
 std::optional<std::vector<std::string>> KeyItems(std::string_view key, std::size_t count) {
   if (count == 1) return std::vector<std::string>{std::string(key)};
   std::vector<std::string> texts;

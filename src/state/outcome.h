@@ -24,6 +24,7 @@ struct FieldNote {
 /// What became of the change that a page's request posted.
 struct PostedChange {
   Change change = Change::kNone;
+  std::optional<std::string> saved_key = std::nullopt;
   bool has_failed = false;
   bool shows_stored_record = false;
   bool is_refused = false;
@@ -43,9 +44,9 @@ struct Outcome {
   std::string errors = "";        ///< What is added to ErrorMessage.
   std::string error_detail = "";  ///< What is added to ErrorDetail.
 
-  Change change = Change::kNone;  ///< What was changed before anything was shown.
-  std::string saved_key = "";  ///< Of a new record, as key::kPrimaryKey carries it; empty when it is unknown.
-  bool has_failed_to_save = false;  ///< A posted change was tried and failed.
+  Change change = Change::kNone;                        ///< What was changed before anything was shown.
+  std::optional<std::string> saved_key = std::nullopt;  ///< Of a hardened view, as key::kPrimaryKey has it.
+  bool has_failed_to_save = false;                      ///< A posted change was tried and failed.
   bool shows_stored_record =
       false;                ///< What was typed then does not come back: the form shows what is stored.
   bool is_refused = false;  ///< It was not tried, for who has posted it or for its form.

@@ -61,6 +61,37 @@ TEST_F(APostedChangeOfAHardenedView, LeadsToTheRecordThatWasSaved) {
   EXPECT_EQ(page.database.Value("SELECT Name FROM Items WHERE ID = 2"), "New");
 }
 
+TEST_F(APostedChangeOfAHardenedView, LeadsToTheRecordThatWasAdded) {
+  page.Post({{"FormUpdate", "Save"}, {"FormInsert", "1"}, {"_Form_Name", "New"}});
+  EXPECT_EQ(Location(),
+            "/p?Morvu1CurrRecord=1&Morvu1maxrecords=20&Morvu1CountRecords=on"
+            "&Morvu1FormDisplay=formOneRec&Morvu1PK=4&Morvu1Done=i");
+  EXPECT_EQ(page.database.Value("SELECT ID FROM Items WHERE Name = 'New'"), "4");
+}
+
+TEST_F(APostedChangeOfAHardenedView, LeadsToARecordOfSeveralKeysThatWasAdded) {
+  page.database.Run("CREATE TABLE Lines(Shop VARCHAR(20), Nr INTEGER, PRIMARY KEY(Shop, Nr))");
+  page.Set({{"FormSQL", ""},
+            {"EditSQL", ""},
+            {"sql", "SELECT Shop, Nr FROM Lines"},
+            {"EditPrimaryKeys", "Shop,Nr"},
+            {"EditNewPKStatement", ","}});
+  page.Post({{"FormUpdate", "Save"}, {"FormInsert", "1"}, {"_Form_Shop", "a,b"}, {"_Form_Nr", "7"}});
+  EXPECT_TRUE(tests::Contains(Location(), "&Morvu1PK=a%252Cb%2C7&Morvu1Done=i")) << page.ErrorMessage();
+}
+
+TEST_F(APostedChangeOfAHardenedView, LeadsToTheListWhenItNoLongerShowsTheRecord) {
+  page.Set({{"FormSQL", "SELECT ID, Name FROM Items WHERE Name <> 'New'"},
+            {"EditSQL", "SELECT ID, Name FROM Items"}});
+  PostUpdate();
+  EXPECT_EQ(Location(), "/p?Morvu1CurrRecord=1&Morvu1maxrecords=20&Morvu1CountRecords=on&Morvu1Done=u");
+  page.page.form.clear();
+  page.page.Memory() = nullptr;
+  page.Post({{"FormUpdate", "Save"}, {"FormInsert", "1"}, {"_Form_Name", "New"}});
+  EXPECT_EQ(Location(), "/p?Morvu1CurrRecord=1&Morvu1maxrecords=20&Morvu1CountRecords=on&Morvu1Done=i");
+  EXPECT_EQ(page.database.Value("SELECT count(*) FROM Items WHERE Name = 'New'"), "2");
+}
+
 TEST_F(APostedChangeOfAHardenedView, LeadsToTheListWhenTheRecordIsGone) {
   PostDigests();
   page.Post({{"FormDelete", "Delete"}, {"PK", "2"}, {"_Form_ID", "2"}});

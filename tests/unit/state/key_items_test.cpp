@@ -12,8 +12,7 @@ using Texts = std::vector<std::string>;
 
 TEST(KeyItems, StayApartWhateverTheyHold) {
   const Texts texts = {"a,b", "50 %", "", " x\ty ", "\xC3\xA4"};
-  std::string key;
-  for (const std::string& text : texts) key.append(key.empty() ? "" : ",").append(KeyItem(text));
+  const std::string key = KeyOfItems(texts);
   EXPECT_EQ(key, "a%2Cb,50 %25,, x%09y ,\xC3\xA4");
   EXPECT_EQ(KeyItems(key, 5), texts);
 }
@@ -21,6 +20,7 @@ TEST(KeyItems, StayApartWhateverTheyHold) {
 TEST(KeyItems, OfOneColumnAreTheKey) {
   EXPECT_EQ(KeyItems("a,50 %2C", 1), Texts{"a,50 %2C"});
   EXPECT_EQ(KeyItems("", 1), Texts{""});
+  EXPECT_EQ(KeyOfItems(Texts{"a,50 %2C"}), "a,50 %2C");
 }
 
 TEST(KeyItems, AreNoneWhenTheirNumberOrFormIsAnother) {
