@@ -13,6 +13,7 @@
 #include "platform/field_kind.h"
 #include "settings/error_report.h"
 #include "settings/field_lists.h"
+#include "state/delete_request.h"
 #include "state/value_text.h"
 #include "text/blanks.h"
 #include "text/boolean_text.h"
@@ -119,9 +120,11 @@ void FormEditFields::Put(const Control& control) {
 }
 
 /// A digest that was posted is given back: a new one would make the visitor's old text a change of the newer
-/// value, which nobody has seen, unless that stands beside it.
+/// value, which nobody has seen, unless that stands beside it. So it is where the page asks before a delete:
+/// the visitor has seen the form, and what changed since is told when he says yes.
 std::string_view FormEditFields::Digest(platform::Field& field) {
-  if (!render_.outcome.ShowsPosted()) {
+  const bool asks = state::AsksToDelete(render_.settings, render_.keys);
+  if (!asks && !render_.outcome.ShowsPosted()) {
     digest_ = DigestText(DigestOfField(render_, *record_key_, field, rules_.is_day));
     return digest_;
   }
