@@ -80,7 +80,7 @@ void EditForm::PutButtonBar() {
   views::PutButtonBarStart(render_);
   if (!fields_.AddsRecord() && state::AsksToDelete(settings_, render_.keys)) return PutQuestion();
   PutStateInputs();
-  PutSaveButton();
+  if (fields_.AddsRecord() || settings_.edit.update) PutSaveButton();
   if (!settings_.edit.skips_view) {
     out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}"{}>)", ButtonClass(),
              render_.keys(key::kFormView), Caption(settings::kClose), views::WithoutRules(render_));
@@ -125,7 +125,7 @@ void EditForm::PutSaveButton() {
 }
 
 void EditForm::PutDeleteButton() {
-  if (!settings_.edit.remove || settings_.DeleteSQL.empty()) return;
+  if (!state::OffersDelete(settings_)) return;
   if (settings_.Hardened) return PutHardenedDeleteButton();
   out_.Put(R"(&nbsp;<input{}type="submit" onclick="FormDraloGrid{}.{}.value='';)", ButtonClass(),
            Verbatim{settings_.Tag}, render_.keys(key::kFormEdit))

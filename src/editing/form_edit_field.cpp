@@ -56,8 +56,14 @@ FormEditFields::FormEditFields(state::Render& render)
 void FormEditFields::GetFormEditField(platform::Field& field, int index) {
   Guarded(field, [&] {
     rules_ = RulesOfColumn(render_.settings, index + 1);
-    Put(Read(field, settings::IsFieldReadOnly(render_.settings, field.Name(), index)));
+    Put(Read(field, IsReadOnly(field, index)));
   });
+}
+
+/// A record that can only be deleted is shown as it is.
+bool FormEditFields::IsReadOnly(const platform::Field& field, int index) const {
+  const settings::Settings& settings = render_.settings;
+  return (!AddsRecord() && !settings.edit.update) || settings::IsFieldReadOnly(settings, field.Name(), index);
 }
 
 void FormEditFields::PutHidden(platform::Field& field) {

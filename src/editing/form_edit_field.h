@@ -38,6 +38,7 @@ class FormEditFields {
  private:
   struct Control;
 
+  bool IsReadOnly(const platform::Field& field, int index) const;
   Control Read(platform::Field& field, bool is_read_only);
   html::Joined InputName(std::string_view field_name);
   void Put(const Control& control);

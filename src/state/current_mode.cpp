@@ -68,7 +68,7 @@ Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
   // hardened page each word is for its own.
   const bool may_add = settings.Hardened ? settings.edit.add : settings.edit.update;
   if (may_add && keys != nullptr && AsksForAdd(*keys, has_failed)) return Mode::kFormAdd;
-  if (!settings.edit.update) return Mode::kFormView;
+  if (!OffersForm(settings)) return Mode::kFormView;
   const bool edits =
       settings.edit.skips_view || (keys != nullptr && AsksForEdit(settings, *keys, has_failed));
   return edits ? Mode::kFormEdit : Mode::kFormView;

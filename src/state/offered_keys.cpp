@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "state/delete_request.h"
 #include "state/posted_form.h"
-#include "text/blanks.h"
 
 namespace dralo::state {
 namespace {
@@ -28,12 +28,11 @@ RequestKeys OfferedKeys(const platform::Request& request, const settings::Settin
   offer(key::kToExcel, settings.DisplayExcelIcon && has_bar);
   offer(key::kLast, has_bar && OffersLastPage(settings));
   offer(key::kFormAdd, settings.edit.add);
-  offer(key::kFormEdit, settings.edit.update);
+  offer(key::kFormEdit, OffersForm(settings));
   offer(key::kFormUpdate, settings.edit.add || settings.edit.update);
-  offer(key::kEditPrimaryKey, settings.edit.update);
-  const bool may_delete = settings.edit.remove && !text::IsBlank(settings.DeleteSQL);
-  offer(key::kFormDelete, may_delete);
-  offer(key::kFormDeleteConfirmed, may_delete);
+  offer(key::kEditPrimaryKey, OffersForm(settings));
+  offer(key::kFormDelete, OffersDelete(settings));
+  offer(key::kFormDeleteConfirmed, OffersDelete(settings));
   keys.Ignore(std::move(missing));
   return keys;
 }

@@ -1,8 +1,15 @@
 #include "views/button_bar.h"
 
+#include "state/delete_request.h"
+
 namespace dralo::views {
 
 using html::Verbatim;
+
+bool HasButtonBar(const state::Render& render) {
+  const settings::Settings& settings = render.settings;
+  return state::OffersForm(settings) || (settings.Hardened && settings.edit.add);
+}
 
 void PutButtonBarStart(const state::Render& render) {
   render.out.Put("<tr><td><table width=\"100%\" cellspacing=0 cellpadding=0>\r\n<tr><td colspan=2")
@@ -30,7 +37,7 @@ void PutButtonBarEnd(const state::Render& render, std::string_view message) {
 }
 
 void PutButtonBarWithoutRecord(const state::Render& render) {
-  if (!render.settings.edit.update) return;
+  if (!HasButtonBar(render)) return;
   PutButtonBarStart(render);
   PutAddButton(render);
   PutButtonBarEnd(render, render.outcome.status_message);

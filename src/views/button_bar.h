@@ -6,6 +6,10 @@
 
 namespace dralo::views {
 
+/// Whether the one-record view has the row of buttons: when records can be updated; on a hardened page when
+/// anything can be done with them.
+bool HasButtonBar(const state::Render& render);
+
 /// Opens the row of buttons above a record, in the one-record view and in the edit form.
 void PutButtonBarStart(const state::Render& render);
 
@@ -20,7 +24,7 @@ void PutAddButton(const state::Render& render);
 void PutButtonBarEnd(const state::Render& render, std::string_view message);
 
 /// Writes the row for a form view that has no record to show: adding is possible, and the outcome of the last
-/// save or delete is told. Writes nothing when EditOptions does not allow updates.
+/// save or delete is told. Writes nothing without HasButtonBar().
 void PutButtonBarWithoutRecord(const state::Render& render);
 
 }  // namespace dralo::views

@@ -6,6 +6,7 @@
 
 #include "html/html_writer.h"
 #include "settings/error_report.h"
+#include "state/delete_request.h"
 #include "state/primary_key_value_list.h"
 #include "text/blanks.h"
 #include "views/button_bar.h"
@@ -31,7 +32,7 @@ class FormRecords {
   void PutKeyInput();
   void PutButtonBar(std::int32_t row);
   void PutEditButton();
-  void PutEditButtonOfRecord();
+  void PutFormButtonOfRecord();
   void PutFields(std::int32_t row);
 
   state::Render& render_;
@@ -50,7 +51,7 @@ FormRecords::FormRecords(state::Render& render, platform::Recordset& recordset)
       recordset_(recordset),
       fields_(FormFields(render, recordset)),
       key_values_(render.settings, recordset),
-      has_buttons_(settings_.edit.update) {}
+      has_buttons_(HasButtonBar(render)) {}
 
 void FormRecords::Put(std::int32_t& rows) {
   while (!IsPageFull(rows) && !recordset_.Eof()) {
@@ -93,7 +94,7 @@ void FormRecords::PutButtonBar(std::int32_t row) {
 }
 
 void FormRecords::PutEditButton() {
-  if (settings_.Hardened) return PutEditButtonOfRecord();
+  if (settings_.Hardened) return PutFormButtonOfRecord();
   out_.Put("<input")
       .PutIf(settings_.UseCSS, R"( class="DraloInputBtn")")
       .Put(R"( type="submit" name="{}"  onclick="FormDraloGrid{}.{}.value=')",
@@ -103,7 +104,9 @@ void FormRecords::PutEditButton() {
   out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
 }
 
-void FormRecords::PutEditButtonOfRecord() {
+/// It opens the form, to which also the record leads that can be deleted only.
+void FormRecords::PutFormButtonOfRecord() {
+  if (!state::OffersForm(settings_)) return;
   const bool has_key = key_values_.Read(render_.Errors());
   out_.Put("<button").PutIf(settings_.UseCSS, R"( class="DraloInputBtn")");
   if (has_key) {
@@ -113,7 +116,8 @@ void FormRecords::PutEditButtonOfRecord() {
   } else {
     out_.Put(R"( type="submit" name="{}" value="1">)", render_.keys(state::key::kFormEdit));
   }
-  out_.Put("{}</button>", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
+  const auto caption = settings_.edit.update ? settings::kEdit : settings::kDelete;
+  out_.Put("{}</button>", Verbatim{settings_.language_tables->buttons[caption]});
 }
 
 void FormRecords::PutFields(std::int32_t row) {
