@@ -14,6 +14,7 @@
 #include "dralo/object.h"
 #include "dralo/page.h"
 #include "dralo/page_context.h"
+#include "dralo/page_stream.h"
 #include "dralo/property_owner.h"
 #include "dralo/recordset.h"
 #include "dralo/request.h"

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <semaphore>
+#include <string_view>
+#include <thread>
+
+#include "dralo/export.h"
+#include "dralo/page.h"
+
+namespace dralo {
+
+/// A page that a thread of its own writes while another one takes it piece by piece: for servers that ask for
+/// the next piece instead of being given it, so that a download is never collected. One piece is kept at a
+/// time; a server that does not ask holds the writing up.
+class DRALO_EXPORT PageStream {
+ public:
+  /// `write` writes `page`, whose `send` belongs to the stream; it begins at the first Next(). That it throws
+  /// Page::Ended ends the page as ever.
+  PageStream(std::unique_ptr<Page> page, std::function<void(Page&)> write);
+
+  /// Lets `write` go on to its next piece at most, which throws Page::Ended there, and waits for its end.
+  ~PageStream();
+  PageStream(const PageStream&) = delete;
+  PageStream& operator=(const PageStream&) = delete;
+
+  /// The next piece, valid until the next call; empty at the end. Throws once what `write` has thrown.
+  std::string_view Next();
+
+  /// Its status, type and headers are complete behind the first Next().
+  const Page& Written() const { return *page_; }
+
+ private:
+  void WriteAll();
+  void Give(std::string_view piece);
+
+  std::unique_ptr<Page> page_;
+  std::function<void(Page&)> write_;
+  std::string_view piece_;
+  std::exception_ptr failure_;
+  bool has_ended_ = false;
+  bool is_left_ = false;
+  std::counting_semaphore<> wanted_{0};
+  std::counting_semaphore<> given_{0};
+  std::thread writer_;
+};
+
+}  // namespace dralo
