@@ -102,7 +102,7 @@ class Shop(unittest.TestCase):
     def test_saves_what_the_editor_posts(self):
         answer = self.post_new_customer(LOGIN)
         self.assertEqual((answer.status, self.added()), (303, [("Zwölf & Co.", "2024-01-31")]))
-        self.assertIn("[Record saved ok]", self.server.get(answer.headers["Location"], LOGIN)[1])
+        self.assertIn("[New record saved ok]", self.server.get(answer.headers["Location"], LOGIN)[1])
         self.assertIn("Zwölf &amp; Co.", self.server.get("/?Morvu1CurrRecord=401")[1])
 
     def test_saves_nothing_for_others_and_for_other_sites(self):
