@@ -8,8 +8,8 @@
 #include "hosts/php/multipart.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/object_handlers.h"
-#include "hosts/php/page.h"
 #include "hosts/php/process.h"
+#include "hosts/php/request_end.h"
 
 namespace dralo::php {
 namespace {
@@ -39,6 +39,7 @@ PHP_MINIT_FUNCTION(dralo) {
   SetUpObjectHandlers();
   RegisterClasses();
   ListenToMultipart();
+  ListenToRequestEnd();
   database::StopStatementsWhen(HasTimedOut);
   return SUCCESS;
 }
@@ -46,6 +47,7 @@ PHP_MINIT_FUNCTION(dralo) {
 PHP_MSHUTDOWN_FUNCTION(dralo) {
   (void)type;
   database::StopStatementsWhen(nullptr);
+  StopListeningToRequestEnd();
   StopListeningToMultipart();
   CloseEnvironment();
   database::CloseIdleConnections();
@@ -61,9 +63,7 @@ PHP_RSHUTDOWN_FUNCTION(dralo) {
 }
 
 zend_result AfterRequest() {
-  ForgetPage();
-  ForgetMultipartFields();
-  database::CloseStaleConnections();
+  EndRequest();
   return SUCCESS;
 }
 
