@@ -58,7 +58,7 @@ std::optional<std::vector<std::string>> KeyItems(std::string_view key, std::size
   std::vector<std::string> texts;
   for (const std::string& item : text::Split(key)) {
     std::optional<std::string> text = Decoded(item);
-    if (!text) return std::nullopt;
+    if (!text || KeyItem(*text) != item) return std::nullopt;
     texts.push_back(*std::move(text));
   }
   return texts.size() == count ? std::optional(std::move(texts)) : std::nullopt;

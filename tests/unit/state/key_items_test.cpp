@@ -28,5 +28,11 @@ TEST(KeyItems, AreNoneWhenTheirNumberOrFormIsAnother) {
     EXPECT_EQ(KeyItems(key, 2), std::nullopt) << key;
 }
 
+/// Else a record would have several addresses.
+TEST(KeyItems, AreNoneWhenTheyAreSpelledInAnotherWay) {
+  for (const char* key : {"a,\x01", "a,%61", "a,%2c", "a\n,b"})
+    EXPECT_EQ(KeyItems(key, 2), std::nullopt) << key;
+}
+
 }  // namespace
 }  // namespace dralo::state
