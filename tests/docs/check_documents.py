@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 # These speak of the C++ code too; the compiler knows its names.
-ABOUT_CODE = {"CONTRIBUTING.md", "docs/architecture.md", "docs/cpp.md", "docs/performance.md"}
+ABOUT_CODE = {"CONTRIBUTING.md", "RELEASING.md", "docs/architecture.md", "docs/cpp.md", "docs/performance.md"}
 OF_PHP = {"ArrayAccess", "DateTimeInterface", "RuntimeException", "TypeError", "ValueError"}
 
 FENCED = re.compile(r"^```.*?^```$", re.MULTILINE | re.DOTALL)
