@@ -121,7 +121,9 @@ ScriptClass db_view_class = {
         [](const platform::Object& view) { return static_cast<const DbView&>(view).GetSettings().Hardened; },
     .declare =
         [](ScriptClass& registered) {
-          DeclareRows<DbView>(registered, component::DbViewProperties());
+          NoServices nothing;
+          const DbView fresh(nothing);
+          DeclareRows<DbView>(registered, component::DbViewProperties(), &fresh);
           DeclareIndexedProperties(registered);
         },
 };

@@ -4,15 +4,17 @@
 
 #include "component/database_properties.h"
 #include "hosts/php/classes.h"
+#include "hosts/php/initial_value.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/script_function.h"
 #include "hosts/php/values.h"
 
 namespace dralo::php {
 
-/// Declares a property for each row of a table whose rows read and set an `Owner`.
+/// Declares a property for each row of a table whose rows read and set an `Owner`. Those of `fresh`, when it
+/// is given, are the values that new objects begin with.
 template <class Owner, class Row>
-void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
+void DeclareRows(ScriptClass& script_class, std::span<const Row> rows, const Owner* fresh = nullptr) {
   for (const Row& row : rows) {
     ScriptProperty property{.name = row.name, .type = row.type, .row = &row};
     if constexpr (requires { row.is_secret; }) property.is_secret = row.is_secret;
@@ -33,6 +35,9 @@ void DeclareRows(ScriptClass& script_class, std::span<const Row> rows) {
         static_cast<const Row*>(of.row)->set(static_cast<Owner&>(*owner),
                                              is_handler ? ToHandler(value, of.name) : ToPropertyValue(value));
       };
+    }
+    if constexpr (requires { row.get(*fresh); }) {
+      if (fresh != nullptr) property.initial = InitialValue(row, *fresh);
     }
     if (!row.object_class.empty()) property.holds = FindClass(row.object_class);
     DeclareProperty(script_class, property, PhpType(row.type, property.holds), row.doc);

@@ -1,5 +1,6 @@
 #include "hosts/php/script_class.h"
 
+#include "hosts/php/initial_value.h"
 #include "hosts/php/native_object.h"
 #include "hosts/php/snapshot.h"
 
@@ -73,11 +74,11 @@ void DeclareProperty(ScriptClass& script_class, ScriptProperty property, zend_ty
   zend_string* name = Permanent(property.name);
   zend_string* lower = zend_string_tolower_ex(name, true);
 
-  zval no_default;
-  ZVAL_UNDEF(&no_default);
+  zval initial;
+  PutInitialValue(property.initial, &initial);
   const int flags = ZEND_ACC_PUBLIC | (property.write == nullptr ? ZEND_ACC_READONLY : 0);
   zend_string* comment = Permanent("/** " + std::string(doc) + " */");
-  kept.info = zend_declare_typed_property(script_class.entry, name, &no_default, flags, comment, type);
+  kept.info = zend_declare_typed_property(script_class.entry, name, &initial, flags, comment, type);
 
   zend_hash_update_ptr(&script_class.by_name, name, &kept);
   zend_hash_update_ptr(&script_class.by_name, zend_new_interned_string(lower), &kept);

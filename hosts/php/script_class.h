@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,10 @@ struct ScriptProperty {
 
   /// Whether that shows a password unless the object keeps its secrets.
   bool is_secret = false;
+
+  /// What a new object has, for reflection; the C++ object is asked all the same. nullopt when that takes
+  /// more than the object.
+  std::optional<component::PropertyValue> initial = std::nullopt;
 
   zend_property_info* info = nullptr;
 };
