@@ -14,7 +14,7 @@
 #include <ext/standard/info.h>
 
 #ifdef ZTS
-#error "Dralo keeps its state per process: build it for a PHP without thread safety"
+ZEND_TSRMLS_CACHE_EXTERN()
 #endif
 
 // Declares C functions without saying so.

@@ -4,23 +4,13 @@
 #include <new>
 
 #include "dralo/error.h"
+#include "hosts/php/thread_state.h"
 
 namespace dralo::php {
 
 zend_class_entry* exception_class = nullptr;
 
 namespace {
-
-struct Failure {
-  zend_class_entry* raised_class;
-  std::string message;
-  int number = 0;
-  std::string sqlstate = {};
-  std::string source = {};
-};
-
-// Static, so that a jump out of raising it leaks nothing.
-Failure failure;
 
 Failure FailureBeingHandled() {
   try {
@@ -80,14 +70,15 @@ void RegisterException() {
 
 void RememberFailure() noexcept {
   try {
-    failure = FailureBeingHandled();
+    ThisThread().failure = FailureBeingHandled();
   } catch (const std::bad_alloc&) {
-    failure.raised_class = zend_ce_error;
-    failure.message.clear();
+    ThisThread().failure.raised_class = zend_ce_error;
+    ThisThread().failure.message.clear();
   }
 }
 
 void ThrowRememberedFailure() {
+  const Failure& failure = ThisThread().failure;
   if (failure.raised_class != exception_class) {
     zend_throw_error(failure.raised_class, "%s", failure.message.c_str());
     return;

@@ -5,6 +5,7 @@
 
 #include "hosts/php/engine.h"
 #include "hosts/php/errors.h"
+#include "hosts/php/thread_state.h"
 
 namespace dralo::php {
 namespace {
@@ -14,9 +15,6 @@ struct Outcome {
   bool is_done = false;
   std::optional<HostAbort::Reason> abort = std::nullopt;
 };
-
-// Calls into C++ that change something and have not returned.
-int changes_in_progress = 0;
 
 // The frame that longjmp returns to: it holds nothing that needs a destructor.
 [[gnu::noinline]] bool Completes(void (*body)(void*), void* context) {
@@ -45,14 +43,14 @@ class ChangeInProgress {
  public:
   explicit ChangeInProgress(Entry entry) : counts_(entry == Entry::kChanges) {
     if (!counts_) return;
-    if (changes_in_progress > 0) {
+    if (ThisThread().changes_in_progress > 0) {
       throw ScriptError{zend_ce_error,
                         "Dralo objects cannot be used like this while one of them is writing the page"};
     }
-    ++changes_in_progress;
+    ++ThisThread().changes_in_progress;
   }
   ~ChangeInProgress() {
-    if (counts_) --changes_in_progress;
+    if (counts_) --ThisThread().changes_in_progress;
   }
   ChangeInProgress(const ChangeInProgress&) = delete;
   ChangeInProgress& operator=(const ChangeInProgress&) = delete;
@@ -81,9 +79,10 @@ void CallPhp(void (*body)(void* context), void* context) {
   if (SomethingIsPending()) throw HostAbort{HostAbort::Reason::kPending};
 }
 
-ScriptMayChange::ScriptMayChange() noexcept : changes_in_progress_(std::exchange(changes_in_progress, 0)) {}
+ScriptMayChange::ScriptMayChange() noexcept
+    : changes_in_progress_(std::exchange(ThisThread().changes_in_progress, 0)) {}
 
-ScriptMayChange::~ScriptMayChange() { changes_in_progress = changes_in_progress_; }
+ScriptMayChange::~ScriptMayChange() { ThisThread().changes_in_progress = changes_in_progress_; }
 
 bool HasTimedOut() noexcept { return zend_atomic_bool_load_ex(&EG(timed_out)); }
 

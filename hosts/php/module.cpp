@@ -11,6 +11,13 @@
 #include "hosts/php/process.h"
 #include "hosts/php/request_end.h"
 
+#include "hosts/php/thread_state.h"
+
+ZEND_DECLARE_MODULE_GLOBALS(dralo)
+#ifdef ZTS
+ZEND_TSRMLS_CACHE_DEFINE()
+#endif
+
 namespace dralo::php {
 namespace {
 
@@ -55,6 +62,15 @@ PHP_MSHUTDOWN_FUNCTION(dralo) {
   return SUCCESS;
 }
 
+PHP_RINIT_FUNCTION(dralo) {
+  (void)type;
+  (void)module_number;
+#ifdef ZTS
+  ZEND_TSRMLS_CACHE_UPDATE();
+#endif
+  return SUCCESS;
+}
+
 PHP_RSHUTDOWN_FUNCTION(dralo) {
   (void)type;
   (void)module_number;
@@ -83,8 +99,19 @@ PHP_MINFO_FUNCTION(dralo) {
 // What its classes and values are made of; without these the engine says which is missing.
 const zend_module_dep kDependencies[] = {ZEND_MOD_REQUIRED("date") ZEND_MOD_REQUIRED("spl") ZEND_MOD_END};
 
+/// Before the first request of a thread, whose multipart form is read before any module is told of it.
+PHP_GINIT_FUNCTION(dralo) {
+#ifdef ZTS
+  ZEND_TSRMLS_CACHE_UPDATE();
+#endif
+  dralo_globals->state = new ThreadState();
+}
+
+PHP_GSHUTDOWN_FUNCTION(dralo) { delete dralo_globals->state; }
+
 }  // namespace
 
+// clang-format off
 zend_module_entry module_entry = {
     STANDARD_MODULE_HEADER_EX,
     nullptr,
@@ -93,14 +120,17 @@ zend_module_entry module_entry = {
     kFunctions,
     PHP_MINIT(dralo),
     PHP_MSHUTDOWN(dralo),
-    nullptr,
+    PHP_RINIT(dralo),
     PHP_RSHUTDOWN(dralo),
     PHP_MINFO(dralo),
     kVersion,
-    NO_MODULE_GLOBALS,
+    PHP_MODULE_GLOBALS(dralo),
+    PHP_GINIT(dralo),
+    PHP_GSHUTDOWN(dralo),
     AfterRequest,
     STANDARD_MODULE_PROPERTIES_EX,
 };
+// clang-format on
 
 }  // namespace dralo::php
 

@@ -2,19 +2,17 @@
 
 #include <new>
 
-#include "hosts/php/engine.h"
+#include "hosts/php/thread_state.h"
 
 namespace dralo::php {
 namespace {
 
 decltype(php_rfc1867_callback) next_listener = nullptr;
 
-std::vector<platform::RequestField> fields;
-
 bool Keep(std::string_view name, std::string_view value) noexcept {
   if (name.empty()) return true;
   try {
-    fields.push_back({std::string(name), std::string(value)});
+    ThisThread().multipart_fields.push_back({std::string(name), std::string(value)});
     return true;
   } catch (const std::bad_alloc&) {
     return false;
@@ -42,8 +40,8 @@ void StopListeningToMultipart() {
   if (php_rfc1867_callback == Listen) php_rfc1867_callback = next_listener;
 }
 
-const std::vector<platform::RequestField>& MultipartFields() { return fields; }
+const std::vector<platform::RequestField>& MultipartFields() { return ThisThread().multipart_fields; }
 
-void ForgetMultipartFields() noexcept { fields.clear(); }
+void ForgetMultipartFields() noexcept { ThisThread().multipart_fields.clear(); }
 
 }  // namespace dralo::php

@@ -9,13 +9,13 @@
 #include "hosts/php/guard.h"
 #include "hosts/php/object_handlers.h"
 #include "hosts/php/process.h"
+#include "hosts/php/thread_state.h"
 
 namespace dralo::php {
 namespace {
 
-NativeObject* newest = nullptr;
-
 void Link(NativeObject* object) {
+  NativeObject*& newest = ThisThread().newest;
   object->previous = nullptr;
   object->next = newest;
   if (newest != nullptr) newest->previous = object;
@@ -25,11 +25,11 @@ void Link(NativeObject* object) {
 void Unlink(NativeObject* object) {
   if (object->previous != nullptr) object->previous->next = object->next;
   if (object->next != nullptr) object->next->previous = object->previous;
-  if (newest == object) newest = object->next;
+  if (ThisThread().newest == object) ThisThread().newest = object->next;
 }
 
 zend_object* ObjectOf(const ScriptClass& script_class, const platform::ObjectPtr& native) {
-  for (NativeObject* object = newest; object != nullptr; object = object->next) {
+  for (NativeObject* object = ThisThread().newest; object != nullptr; object = object->next) {
     if (object->native == native && object->script_class == &script_class) return &object->std;
   }
   return nullptr;
@@ -94,7 +94,7 @@ void EndPageOfAllObjects() noexcept {
   // Taken from all first: with its last function or its page a view may end PHP objects of this list, itself
   // among them.
   std::vector<std::pair<const ScriptClass*, platform::ObjectPtr>> natives;
-  for (NativeObject* object = newest; object != nullptr; object = object->next) {
+  for (NativeObject* object = ThisThread().newest; object != nullptr; object = object->next) {
     if (object->native) natives.emplace_back(object->script_class, std::move(object->native));
   }
   for (const auto& [script_class, native] : natives) {

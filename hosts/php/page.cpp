@@ -4,6 +4,7 @@
 
 #include "hosts/php/script_request.h"
 #include "hosts/php/script_response.h"
+#include "hosts/php/thread_state.h"
 
 namespace dralo::php {
 namespace {
@@ -18,15 +19,14 @@ class Page final : public platform::PageContext {
   ScriptResponse response_;
 };
 
-std::unique_ptr<Page> page;
-
 }  // namespace
 
 platform::PageContext& CurrentPage() {
+  auto& page = ThisThread().page;
   if (!page) page = std::make_unique<Page>();
   return *page;
 }
 
-void ForgetPage() noexcept { page.reset(); }
+void ForgetPage() noexcept { ThisThread().page.reset(); }
 
 }  // namespace dralo::php

@@ -15,12 +15,10 @@
 #include "text/ascii.h"
 #include "text/decimal.h"
 
-#include "hosts/php/engine.h"
+#include "hosts/php/thread_state.h"
 
 namespace dralo::php {
 namespace {
-
-std::unique_ptr<host::Environment> environment;
 
 /// The ini setting `name`, a whole number from 0 to `highest`.
 unsigned NumberSetting(const std::string& name, const char* text, unsigned highest) {
@@ -39,17 +37,6 @@ void LimitIdleConnections() {
       NumberSetting("dralo.pool_idle_seconds", INI_STR("dralo.pool_idle_seconds"), 1'000'000);
   database::LimitIdleConnections(number, std::chrono::seconds{seconds});
 }
-
-/// The settings of the site as they are written. Some servers change them from page to page.
-struct WrittenSite {
-  std::string hardened;
-  std::string trusted_origins;
-  std::string hosts;
-
-  bool operator==(const WrittenSite&) const = default;
-};
-
-WrittenSite site_in_use;
 
 std::string TextSetting(const char* text) { return text == nullptr ? std::string() : std::string(text); }
 
@@ -82,29 +69,30 @@ void LogLine(std::string_view line) {
   CallPhp([&] { php_log_err_with_severity(message.c_str(), LOG_NOTICE); });
 }
 
-void TakeSite() {
+void TakeSite(ThreadState& thread) {
   WrittenSite written{TextSetting(INI_STR("dralo.hardened")), TextSetting(INI_STR("dralo.trusted_origins")),
                       TextSetting(INI_STR("dralo.hosts"))};
-  if (written == site_in_use && environment->GetSite().log) return;
-  environment->SetSite({.hardened = FlagSetting(written.hardened),
-                        .trusted_origins = ListSetting(written.trusted_origins),
-                        .hosts = ListSetting(written.hosts),
-                        .log = LogLine});
-  site_in_use = std::move(written);
+  if (written == thread.site_in_use && thread.environment->GetSite().log) return;
+  thread.environment->SetSite({.hardened = FlagSetting(written.hardened),
+                               .trusted_origins = ListSetting(written.trusted_origins),
+                               .hosts = ListSetting(written.hosts),
+                               .log = LogLine});
+  thread.site_in_use = std::move(written);
 }
 
 }  // namespace
 
 host::Environment& TheEnvironment() {
-  if (!environment) {
+  ThreadState& thread = ThisThread();
+  if (!thread.environment) {
     auto made = std::make_unique<host::Environment>(INI_STR("dralo.locale"));
     LimitIdleConnections();
-    environment = std::move(made);
+    thread.environment = std::move(made);
   }
-  TakeSite();
-  return *environment;
+  TakeSite(thread);
+  return *thread.environment;
 }
 
-void CloseEnvironment() noexcept { environment.reset(); }
+void CloseEnvironment() noexcept { ThisThread().environment.reset(); }
 
 }  // namespace dralo::php
