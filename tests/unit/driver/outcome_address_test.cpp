@@ -86,6 +86,7 @@ TEST_F(APostedChangeOfAHardenedView, LeadsToTheListWhenItNoLongerShowsTheRecord)
   PostUpdate();
   EXPECT_EQ(Location(), "/p?Morvu1CurrRecord=1&Morvu1maxrecords=20&Morvu1CountRecords=on&Morvu1Done=u");
   page.page.form.clear();
+  page.page.calls.clear();
   page.page.Memory() = nullptr;
   page.Post({{"FormUpdate", "Save"}, {"FormInsert", "1"}, {"_Form_Name", "New"}});
   EXPECT_EQ(Location(), "/p?Morvu1CurrRecord=1&Morvu1maxrecords=20&Morvu1CountRecords=on&Morvu1Done=i");
