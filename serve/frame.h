@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue.h"
+
+namespace serve {
+
+/// What stands around the contents of all pages.
+struct Frame {
+  std::string database;  ///< What the database is called.
+  std::vector<Table> tables;
+  bool can_edit = false;
+};
+
+/// A whole page. `current` is the table it shows; `content` is markup.
+std::string WholePage(const Frame& frame, std::string_view title, std::string_view content,
+                      const std::optional<TableName>& current = std::nullopt);
+
+/// The table as people read it.
+std::string Label(const TableName& table);
+
+/// A page with a title and a sentence, both as text, and a link to the tables.
+std::string Message(const Frame& frame, std::string_view title, std::string_view sentence);
+
+}  // namespace serve

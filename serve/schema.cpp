@@ -1,0 +1,119 @@
+#include "schema.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+
+#include "text.h"
+
+namespace serve {
+namespace {
+
+constexpr auto kLifetime = std::chrono::seconds(1);
+
+/// Tables are counted up to here, and no more tables than that: it takes a moment, however large they are.
+constexpr std::int64_t kMostCountedRecords = 10000;
+constexpr std::size_t kMostCountedTables = 200;
+
+bool IsWanted(const Options& options, const TableName& table) {
+  const std::string whole = table.schema.empty() ? table.name : table.schema + "." + table.name;
+  return options.tables.empty() || std::ranges::find(options.tables, whole) != options.tables.end();
+}
+
+std::string QuotedTable(const Rows& rows, const TableName& table) {
+  return (table.schema.empty() ? "" : rows.Quote(table.schema) + ".") + rows.Quote(table.name);
+}
+
+std::optional<RecordCount> CountRecords(Rows& rows, const TableName& table) {
+  try {
+    const auto counted = rows.Query("SELECT count(*) FROM (SELECT 1 AS one FROM " + QuotedTable(rows, table) +
+                                    " LIMIT " + std::to_string(kMostCountedRecords + 1) + ") AS some");
+    const std::int64_t records = std::stoll(counted.front().front());
+    return RecordCount{std::min(records, kMostCountedRecords), records > kMostCountedRecords};
+  } catch (const dralo::Error&) {
+    return std::nullopt;  // Its own page tells why it cannot be read.
+  }
+}
+
+/// A foreign key may write the name of its table in other letters, or mean one that is not shown.
+void Resolve(std::optional<Reference>& reference, const std::vector<Table>& tables) {
+  if (!reference || std::ranges::find(tables, reference->table, &Table::name) != tables.end()) return;
+  const auto found = std::ranges::find_if(tables, [&](const Table& table) {
+    return table.name.schema == reference->table.schema &&
+           Lower(table.name.name) == Lower(reference->table.name);
+  });
+  if (found == tables.end()) {
+    reference.reset();
+  } else {
+    reference->table = found->name;
+  }
+}
+
+}  // namespace
+
+Schema::Schema(dralo::Environment& environment, const Options& options)
+    : environment_(environment), options_(options), connection_string_(ConnectionString(options)) {}
+
+const std::string& Schema::Connection() {
+  NoticeReplacedFile();
+  return connection_string_;
+}
+
+std::vector<Table> Schema::Tables() {
+  const std::scoped_lock lock(mutex_);
+  return Current().tables;
+}
+
+std::vector<CountedTable> Schema::CountedTables() {
+  std::vector<CountedTable> counted;
+  Rows rows(environment_, Connection());
+  for (const Table& table : Tables()) {
+    const bool is_counted = !table.is_view && counted.size() < kMostCountedTables;
+    counted.push_back({table, is_counted ? CountRecords(rows, table.name) : std::nullopt});
+  }
+  return counted;
+}
+
+std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
+  const std::scoped_lock lock(mutex_);
+  Snapshot& snapshot = Current();
+  const auto table = std::ranges::find(snapshot.tables, name, &Table::name);
+  if (table == snapshot.tables.end()) return nullptr;
+  std::shared_ptr<const TablePlan>& plan = snapshot.plans[AddressOf(name)];
+  if (plan != nullptr) return plan;
+  Rows rows(environment_, Connection());
+  const Catalogue& catalogue = FindCatalogue(rows);
+  std::vector<Column> columns = catalogue.Columns(rows, name);
+  if (columns.empty()) return nullptr;
+  for (Column& column : columns) Resolve(column.reference, snapshot.tables);
+  const auto columns_of = [&](const TableName& other) { return catalogue.Columns(rows, other); };
+  const auto quote = [&](std::string_view text) { return rows.Quote(text); };
+  plan = std::make_shared<TablePlan>(MakePlan(*table, std::move(columns), columns_of, quote));
+  return plan;
+}
+
+void Schema::Forget() {
+  const std::scoped_lock lock(mutex_);
+  snapshot_.reset();
+}
+
+Schema::Snapshot& Schema::Current() {
+  const auto now = std::chrono::steady_clock::now();
+  if (snapshot_ && now - snapshot_->read_at < kLifetime) return *snapshot_;
+  snapshot_.reset();
+  Rows rows(environment_, Connection());
+  std::vector<Table> tables = FindCatalogue(rows).Tables(rows);
+  std::erase_if(tables, [&](const Table& table) { return !IsWanted(options_, table.name); });
+  return snapshot_.emplace(Snapshot{now, std::move(tables), {}});
+}
+
+/// Connections that are kept would go on reading the file that was there before.
+void Schema::NoticeReplacedFile() {
+  struct stat status = {};
+  if (stat(options_.database.c_str(), &status) != 0) return;
+  const std::pair<unsigned long, unsigned long> file(status.st_dev, status.st_ino);
+  const std::scoped_lock lock(file_mutex_);
+  if (std::exchange(file_, file) != file) dralo::Environment::CloseIdleConnections();
+}
+
+}  // namespace serve

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "catalogue.h"
+#include "options.h"
+#include "table_plan.h"
+
+namespace serve {
+
+/// How many records a table has, as far as that is known cheaply.
+struct RecordCount {
+  std::int64_t records = 0;
+  bool has_more = false;
+};
+
+struct CountedTable {
+  Table table;
+  std::optional<RecordCount> count;  ///< None for views, and behind the first tables of many.
+};
+
+/// The tables of the database that are to be shown, as they were up to a second ago. Several threads may use
+/// it. Failures of the database are dralo::Error.
+class Schema {
+ public:
+  /// Both must outlive the schema. Nothing is read yet.
+  Schema(dralo::Environment& environment, const Options& options);
+
+  /// A connection string whose pages see the database file that is there now.
+  const std::string& Connection();
+
+  std::vector<Table> Tables();
+
+  /// The same, counted.
+  std::vector<CountedTable> CountedTables();
+
+  /// None when there is no such table, or it has no columns.
+  std::shared_ptr<const TablePlan> Plan(const TableName& name);
+
+  /// Has the next question read everything anew.
+  void Forget();
+
+ private:
+  struct Snapshot {
+    std::chrono::steady_clock::time_point read_at;
+    std::vector<Table> tables;
+    std::map<std::string, std::shared_ptr<const TablePlan>> plans;
+  };
+
+  Snapshot& Current();
+  void NoticeReplacedFile();
+
+  dralo::Environment& environment_;
+  const Options& options_;
+  const std::string connection_string_;
+  std::mutex mutex_;
+  std::optional<Snapshot> snapshot_;
+  std::mutex file_mutex_;
+  std::pair<unsigned long, unsigned long> file_{};  ///< Device and number of the database file.
+};
+
+}  // namespace serve

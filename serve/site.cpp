@@ -1,0 +1,199 @@
+#include "site.h"
+
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+
+#include "assets.h"
+#include "start_page.h"
+#include "table_page.h"
+#include "text.h"
+
+namespace serve {
+namespace {
+
+/// Names of tables are far shorter.
+constexpr std::size_t kLongestPath = 2000;
+
+constexpr std::string_view kTablePath = "/table/";
+constexpr std::string_view kAssetPath = "/assets/";
+
+void Log(std::string_view line) { std::cerr << "dralo-serve: " + std::string(line) + "\n"; }
+
+std::string_view PathOf(const Request& request) {
+  return std::string_view(request.target).substr(0, request.target.find('?'));
+}
+
+std::string_view QueryOf(const Request& request) {
+  const std::size_t end = PathOf(request).size();
+  return std::string_view(request.target).substr(std::min(end + 1, request.target.size()));
+}
+
+/// What stands behind "/table/": a table, or a schema and a table.
+std::optional<TableName> ReadTableName(std::string_view text) {
+  const std::size_t slash = text.find('/');
+  auto first = ReadPathSegment(text.substr(0, slash));
+  if (slash == text.npos) return first ? std::optional(TableName{"", *first}) : std::nullopt;
+  auto second = ReadPathSegment(text.substr(slash + 1));
+  if (!first || !second || text.find('/', slash + 1) != text.npos) return std::nullopt;
+  return TableName{*first, *second};
+}
+
+/// Buttons post the word, and links carry it; a page that is none is noticed when it is written.
+bool AsksForDownload(const Request& request) {
+  constexpr std::string_view kWord = "toexcel";
+  return Lower(QueryOf(request)).find(kWord) != std::string::npos ||
+         Lower(request.form).find(kWord) != std::string::npos;
+}
+
+std::unique_ptr<dralo::Page> PageFor(const Request& request) {
+  auto page = std::make_unique<dralo::Page>(PathOf(request), QueryOf(request), request.form);
+  page->method = request.method;
+  page->request_headers = request.headers;
+  return page;
+}
+
+Answer AssetAnswer(std::string_view name) {
+  const Asset* const asset = FindAsset(name);
+  if (asset == nullptr) return {404, "text/plain; charset=utf-8", {}, "There is no such file.\n"};
+  return {200, std::string(asset->type), {{"Cache-Control", "max-age=300"}}, std::string(asset->data)};
+}
+
+/// Nothing about the database, to somebody who may not know it.
+Answer Refusal(int status, std::string text, Headers headers = {}) {
+  return {status, "text/plain; charset=utf-8", std::move(headers), std::move(text) + "\n"};
+}
+
+}  // namespace
+
+Site::Site(const Options& options)
+    : options_(options),
+      host_names_(HostNames(options)),
+      environment_("", {.hardened = true, .hosts = host_names_, .log = Log}),
+      schema_(environment_, options_),
+      users_(options.user_file.empty() ? nullptr : std::make_unique<Users>(options.user_file)) {
+  RequireTables();
+}
+
+void Site::RequireTables() {
+  const std::vector<Table> tables = schema_.Tables();
+  for (const std::string& wanted : options_.tables) {
+    const auto is_it = [&](const Table& table) { return Label(table.name) == wanted; };
+    if (std::ranges::any_of(tables, is_it)) continue;
+    throw std::runtime_error("there is no table or view " + wanted + "; write its name as the database does");
+  }
+}
+
+Answer Site::Respond(const Request& request) {
+  const std::string host = NameOfHost(request.Header("host"));
+  if (std::ranges::find(host_names_, host) == host_names_.end())
+    return Refusal(421, "This server does not answer under that name; dralo-serve --name NAME adds one.");
+  if (users_ != nullptr && !users_->Knows(request.Header("authorization")))
+    return Refusal(401, "Please log in.",
+                   {{"WWW-Authenticate", "Basic realm=\"Database\", charset=\"UTF-8\""}});
+  try {
+    return Route(request);
+  } catch (const std::exception& error) {
+    Log(error.what());
+    schema_.Forget();
+    return Failure(503, "The database cannot be read",
+                   "The server's own messages tell why. Try again when it is there.");
+  }
+}
+
+Answer Site::Route(const Request& request) {
+  const std::string_view path = PathOf(request);
+  if (request.method != "GET" && request.method != "HEAD" && request.method != "POST")
+    return Refusal(405, "This server knows GET, HEAD and POST.", {{"Allow", "GET, HEAD, POST"}});
+  if (path.size() > kLongestPath) return Refusal(414, "The address is too long.");
+  if (path.starts_with(kAssetPath)) return AssetAnswer(path.substr(kAssetPath.size()));
+  if (path == "/") return Start();
+  if (path.starts_with(kTablePath)) return ShowTable(request, path.substr(kTablePath.size()));
+  return Failure(404, "There is no such page", "The address leads nowhere.");
+}
+
+Answer Site::Start() {
+  const std::vector<CountedTable> counted = schema_.CountedTables();
+  std::vector<Table> tables;
+  for (const CountedTable& one : counted) tables.push_back(one.table);
+  return {.body = WholePage(FrameWith(std::move(tables)), "Tables", StartPage(counted))};
+}
+
+Answer Site::ShowTable(const Request& request, std::string_view path) {
+  const auto name = ReadTableName(path);
+  // What is known of the table may be out of date: then a second look tells.
+  for (const bool is_last : {false, true}) {
+    std::string trouble;
+    const auto plan = name ? PlanOf(*name, trouble) : nullptr;
+    if (!trouble.empty()) return Failure(500, Label(*name), trouble);
+    if (plan == nullptr) break;
+    Outcome outcome;
+    Answer answer =
+        AsksForDownload(request) ? Download(request, plan, outcome) : Render(request, *plan, outcome);
+    if (!outcome.message.empty()) schema_.Forget();
+    if (outcome.message.empty() || is_last || request.method == "POST") return answer;
+  }
+  return Failure(404, "There is no such table", "It may have been dropped or renamed.");
+}
+
+std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, std::string& trouble) {
+  schema_.Tables();
+  try {
+    return schema_.Plan(name);
+  } catch (const dralo::Error& error) {
+    Log(error.what());
+    trouble = "This table or view cannot be read. The server's own messages tell why.";
+    return nullptr;
+  }
+}
+
+Answer Site::Render(const Request& request, const TablePlan& plan, Outcome& outcome) {
+  const auto page = PageFor(request);
+  try {
+    outcome = WriteTable(environment_, schema_.Connection(), plan, options_.can_edit, *page);
+  } catch (const dralo::Page::Ended&) {
+    return {page->Status(), page->ContentType(), page->Headers(), page->Body()};
+  }
+  return Framed(*page, plan, page->Body(), outcome);
+}
+
+Answer Site::Download(const Request& request, const std::shared_ptr<const TablePlan>& plan,
+                      Outcome& outcome) {
+  // The thread that writes goes on when this function has returned.
+  const auto written = std::make_shared<Outcome>();
+  auto stream =
+      std::make_shared<dralo::PageStream>(PageFor(request), [this, plan, written](dralo::Page& page) {
+        *written = WriteTable(environment_, schema_.Connection(), *plan, options_.can_edit, page);
+      });
+  std::string body(stream->Next());
+  const dralo::Page& page = stream->Written();
+  if (!page.ContentType().starts_with("text/html"))
+    return {page.Status(), page.ContentType(), page.Headers(), std::move(body), stream};
+  for (std::string_view piece = stream->Next(); !piece.empty(); piece = stream->Next()) body += piece;
+  outcome = *written;
+  return Framed(page, *plan, body, outcome);
+}
+
+Answer Site::Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
+                    const Outcome& outcome) {
+  std::string content = AboutTable(plan, options_.can_edit, outcome);
+  content.append("<div class=\"view\">\n").append(body).append("</div>");
+  return {page.Status(), page.ContentType(), page.Headers(),
+          WholePage(FrameWith(schema_.Tables()), Label(plan.table.name), content, plan.table.name)};
+}
+
+Answer Site::Failure(int status, std::string_view title, std::string_view sentence) {
+  std::vector<Table> tables;
+  try {
+    tables = schema_.Tables();
+  } catch (const dralo::Error&) {
+    // Without the list the page still says what has failed.
+  }
+  return {.status = status, .body = Message(FrameWith(std::move(tables)), title, sentence)};
+}
+
+Frame Site::FrameWith(std::vector<Table> tables) const {
+  return {ShownName(options_), std::move(tables), options_.can_edit};
+}
+
+}  // namespace serve

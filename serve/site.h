@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "answer.h"
+#include "frame.h"
+#include "host_names.h"
+#include "options.h"
+#include "schema.h"
+#include "table_page.h"
+#include "users.h"
+
+namespace serve {
+
+/// The pages of a database: what is answered to which request. Several threads may use it.
+class Site {
+ public:
+  /// Reads the list of tables and the user file. Throws std::runtime_error, dralo::Error among them, when one
+  /// of them cannot be read, and when a table of the options is not there.
+  explicit Site(const Options& options);
+
+  Answer Respond(const Request& request);
+
+ private:
+  Answer Route(const Request& request);
+  Answer Start();
+  Answer ShowTable(const Request& request, std::string_view path);
+  std::shared_ptr<const TablePlan> PlanOf(const TableName& name, std::string& trouble);
+  Answer Render(const Request& request, const TablePlan& plan, Outcome& outcome);
+  Answer Download(const Request& request, const std::shared_ptr<const TablePlan>& plan, Outcome& outcome);
+  Answer Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
+                const Outcome& outcome);
+  Answer Failure(int status, std::string_view title, std::string_view sentence);
+  void RequireTables();
+  Frame FrameWith(std::vector<Table> tables) const;
+
+  const Options options_;
+  const std::vector<std::string> host_names_;
+  dralo::Environment environment_;
+  Schema schema_;
+  std::unique_ptr<Users> users_;
+};
+
+}  // namespace serve

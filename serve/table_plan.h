@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "catalogue.h"
+
+namespace serve {
+
+/// A field whose values are those of a column of another table.
+struct Lookup {
+  std::string field;
+  std::string table;
+  std::string value;
+  std::string shown;
+  bool can_be_empty = false;
+};
+
+/// How the view of one table is set up: its statements and what belongs to them.
+struct TablePlan {
+  Table table;
+  std::string grid_sql;
+  std::string edit_sql;
+  std::string delete_sql;
+  std::string keys;      ///< Comma list, in front of both queries; empty when records cannot be told apart.
+  std::string new_keys;  ///< Where the keys of new records come from, one item for each.
+  std::string order;
+  std::string hidden;  ///< Comma list of the numbers of fields that only templates use.
+  std::string read_only;
+  std::vector<std::pair<int, std::string>> templates;  ///< By the number of the column.
+  std::vector<Lookup> lookups;
+
+  bool HasKey() const { return !keys.empty(); }
+};
+
+/// The columns of a table; none when it is not there.
+using ColumnsOf = std::function<std::vector<Column>(const TableName& table)>;
+
+/// A name as it stands in a statement.
+using QuoteName = std::function<std::string(std::string_view name)>;
+
+/// The plan of `table`, whose `columns` are not empty. References to tables that `columns_of` finds are shown
+/// by a text of theirs, which leads to their record.
+TablePlan MakePlan(const Table& table, std::vector<Column> columns, const ColumnsOf& columns_of,
+                   const QuoteName& quote);
+
+/// The page of a table, as it stands in a link.
+std::string AddressOf(const TableName& table);
+
+}  // namespace serve

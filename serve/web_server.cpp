@@ -1,0 +1,137 @@
+#include "web_server.h"
+
+#include <httplib.h>
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <utility>
+
+namespace serve {
+namespace {
+
+constexpr std::size_t kClients = 64;
+constexpr std::size_t kLargestForm = 8'000'000;
+constexpr int kPatienceSeconds = 5;
+constexpr int kIdleSeconds = 2;
+constexpr std::size_t kRequestsOfConnection = 10'000;
+
+constexpr const char* kPolicy =
+    "default-src 'self'; form-action 'self'; base-uri 'none'; frame-ancestors 'self'";
+
+Request ReadRequest(const httplib::Request& request) {
+  return {request.method, request.target, {}, {request.headers.begin(), request.headers.end()}};
+}
+
+void Send(Answer answer, httplib::Response& response) {
+  response.status = answer.status;
+  for (const auto& [name, value] : answer.headers) response.set_header(name, value);
+  if (answer.rest == nullptr) {
+    response.set_content(answer.body, answer.type);
+    return;
+  }
+  const auto provide = [begin = std::move(answer.body), rest = std::move(answer.rest)](
+                           std::size_t at, httplib::DataSink& sink) {
+    const std::string_view piece = at == 0 ? std::string_view(begin) : rest->Next();
+    if (piece.empty()) sink.done();
+    return piece.empty() || sink.write(piece.data(), piece.size());
+  };
+  response.set_chunked_content_provider(answer.type, provide);
+}
+
+/// Its body is read in any case: what is left would be taken for the next request.
+std::string ReadForm(const httplib::Request& request, const httplib::ContentReader& read) {
+  std::string form;
+  if (request.is_multipart_form_data()) {
+    read([](const httplib::MultipartFormData&) { return true; },
+         [](const char*, std::size_t) { return true; });
+  } else {
+    read([&](const char* data, std::size_t size) {
+      form.append(data, size);
+      return true;
+    });
+  }
+  return form;
+}
+
+std::string WhyNotBound(const std::string& host, int port, int error) {
+  const std::string place = host + " port " + std::to_string(port);
+  if (error == EADDRINUSE) return "port " + std::to_string(port) + " is in use; choose another by --port";
+  if (error == EACCES) return place + " is not allowed to you; choose a port from 1024 on by --port";
+  return "nothing can listen on " + place + "; write an address of this machine, or 0.0.0.0, behind --host";
+}
+
+}  // namespace
+
+class WebServer::Implementation {
+ public:
+  explicit Implementation(std::function<Answer(const Request&)> respond) : respond_(std::move(respond)) {
+    // Two servers on one port would share its visitors if SO_REUSEPORT were set, as it is by default.
+    server_.set_socket_options([](auto socket) {
+      const int yes = 1;
+      setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    });
+    server_.new_task_queue = [] { return new httplib::ThreadPool(kClients); };
+    server_.set_payload_max_length(kLargestForm);
+    server_.set_keep_alive_timeout(kIdleSeconds);
+    server_.set_keep_alive_max_count(kRequestsOfConnection);
+    server_.set_read_timeout(kPatienceSeconds);
+    server_.set_write_timeout(kPatienceSeconds);
+    server_.set_tcp_nodelay(true);
+    server_.set_default_headers({{"Content-Security-Policy", kPolicy},
+                                 {"X-Content-Type-Options", "nosniff"},
+                                 {"Referrer-Policy", "same-origin"}});
+    SetHandlers();
+  }
+
+  httplib::Server& Server() { return server_; }
+
+ private:
+  void SetHandlers() {
+    // Before the routes of the library, which are regular expressions and need a deep stack for long paths.
+    server_.set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
+      if (request.method == "POST" && request.path.size() < 2000)
+        return httplib::Server::HandlerResponse::Unhandled;
+      Send(respond_(ReadRequest(request)), response);
+      if (request.method != "GET" && request.method != "HEAD") response.set_header("Connection", "close");
+      return httplib::Server::HandlerResponse::Handled;
+    });
+    server_.Post("[^]*", [this](const httplib::Request& request, httplib::Response& response,
+                                const httplib::ContentReader& read) {
+      Request asked = ReadRequest(request);
+      asked.form = ReadForm(request, read);
+      Send(respond_(asked), response);
+    });
+    server_.set_exception_handler([](const httplib::Request&, httplib::Response& response,
+                                     const std::exception_ptr&) { response.status = 500; });
+    server_.set_error_handler([](const httplib::Request&, httplib::Response& response) {
+      if (response.body.empty())
+        response.set_content(
+            "The request cannot be answered: status " + std::to_string(response.status) + ".\n",
+            "text/plain; charset=utf-8");
+    });
+  }
+
+  std::function<Answer(const Request&)> respond_;
+  httplib::Server server_;
+};
+
+WebServer::WebServer(std::function<Answer(const Request&)> respond)
+    : implementation_(std::make_unique<Implementation>(std::move(respond))) {}
+
+WebServer::~WebServer() = default;
+
+int WebServer::Bind(const std::string& host, int port) {
+  errno = 0;
+  httplib::Server& server = implementation_->Server();
+  const int bound = port == 0 ? server.bind_to_any_port(host) : server.bind_to_port(host, port) ? port : -1;
+  if (bound < 0) throw std::runtime_error(WhyNotBound(host, port, errno));
+  return bound;
+}
+
+void WebServer::Serve() { implementation_->Server().listen_after_bind(); }
+
+void WebServer::Stop() { implementation_->Server().stop(); }
+
+}  // namespace serve

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "answer.h"
+
+namespace serve {
+
+/// Speaks HTTP, with up to 64 clients at a time: one that is slow has a thread of its own, until it sends or
+/// takes nothing for five seconds.
+class WebServer {
+ public:
+  /// `respond` is called by several threads. What it throws becomes a status of 500.
+  explicit WebServer(std::function<Answer(const Request&)> respond);
+  ~WebServer();
+
+  /// Takes the port, or a free one for 0, and returns it. Throws std::runtime_error that says what to do.
+  int Bind(const std::string& host, int port);
+
+  /// Serves until Stop().
+  void Serve();
+
+  /// Lets answers that have begun come to their end. Any thread may call it.
+  void Stop();
+
+ private:
+  class Implementation;
+  std::unique_ptr<Implementation> implementation_;
+};
+
+}  // namespace serve
