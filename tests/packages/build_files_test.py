@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""config.m4 builds what CMake builds: the same folders, databases, libraries and version.
+"""config.m4 builds what CMake builds: the same folders, databases, libraries and version. composer.json offers that.
 
 usage: build_files_test.py VERSION [TEST...]      VERSION is the one that CMake has read
 """
 
+import json
 import pathlib
 import re
 import subprocess
@@ -90,9 +91,27 @@ class ConfigM4(unittest.TestCase):
         self.assertEqual(said.stdout, self.version + "\n")
 
 
+class Composer(unittest.TestCase):
+    def setUp(self):
+        self.configure = read("config.m4")
+        self.described = json.loads(read("composer.json"))
+
+    def test_offers_the_options_of_configure(self):
+        options = {option["name"] for option in self.described["php-ext"]["configure-options"]}
+        self.assertEqual(options, {f"with-{arguments[0]}" for arguments in macro_calls(self.configure, "PHP_ARG_WITH")})
+
+    def test_wants_the_same_php(self):
+        least, most = re.search(r"-lt (\d+) \|\| test .* -ge (\d+);", self.configure).groups()
+        versions = (f"{number // 10000}.{number // 100 % 100}" for number in (int(least), int(most)))
+        self.assertEqual(self.described["require"]["php"], ">={} <{}".format(*versions))
+
+    def test_names_the_module_that_is_built(self):
+        self.assertIn(f"PHP_NEW_EXTENSION([{self.described['php-ext']['extension-name']}],", self.configure)
+
+
 class Archive(unittest.TestCase):
     def test_has_every_source(self):
-        needed = [*sources(), "config.m4", "CMakeLists.txt", "hosts/php/exports.map", "hosts/php/install.mk"]
+        needed = [*sources(), "composer.json", "config.m4", "CMakeLists.txt", "hosts/php/exports.map", "hosts/php/install.mk"]
         said = subprocess.run(["git", "check-attr", "-z", "export-ignore", "--", *needed], cwd=ROOT, capture_output=True,
                               text=True, check=True).stdout.split("\0")
         self.assertEqual({value for value in said[2::3]}, {"unspecified"})
