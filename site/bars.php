@@ -4,6 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT Products.ID, Products.Name AS Product, Categories.Name AS Category, Price, InStock, SoldSince
               FROM Products JOIN Categories ON Categories.ID = Products.Category";

@@ -4,6 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT Products.ID, Categories.Name AS Category, Products.Name AS Product, Unit, Price, InStock, SoldSince,
                      Products.Description
@@ -22,8 +23,8 @@ $view->GridFieldsSupressDup = "Category";
 $view->GridFormatCellFunction[5] = "FORMATNUMBER,2";
 $view->GridDisplayIndex = false;
 
-$view->GridTROddTag = 'style="background-color: rgb(13 148 136 / 8%)"';
-$view->TDTag = 'style="border-bottom-color: transparent"';
+// The style sheet of the page says how rows with this attribute look.
+$view->GridTROddTag = 'data-look="tinted"';
 $view->MemoFieldLimit = 90;
 $view->RecordsPerPage = 15;
 $view->WriteHtmlTable();

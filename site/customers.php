@@ -3,16 +3,14 @@
 require "frame/frame.php";
 begin_page();
 
-// Values are written as they are: where they are shown, the query makes the signs of visitors' texts harmless.
-// The form takes care of that itself.
-$shown = "Customers.ID, " . escaped("Company") . " AS Company, " . escaped("Contact") . " AS Contact, "
-    . escaped("City") . " AS City, Countries.Name AS Country";
+$shown = "Customers.ID, Company, Contact, City, Countries.Name AS Country";
 
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Data Source=" . open_shop_file();
 $view->sql = "SELECT $shown, Since FROM Customers JOIN Countries ON Countries.Code = Country";
-$view->FormSQL = "SELECT $shown, " . escaped("Email") . " AS Email, CreditLimit, Newsletter, Since, LastVisit, "
-    . escaped("Notes") . " AS Notes FROM Customers JOIN Countries ON Countries.Code = Country";
+$view->FormSQL = "SELECT $shown, Email, CreditLimit, Newsletter, Since, LastVisit, Notes
+                  FROM Customers JOIN Countries ON Countries.Code = Country";
 $view->EditSQL = "SELECT ID, Company, Contact, City, Country, Email, CreditLimit, Newsletter, Since, LastVisit, Notes
                   FROM Customers";
 $view->DeleteSQL = "DELETE FROM Customers";
@@ -22,6 +20,17 @@ $view->EditPrimaryKeys = "ID";
 $view->EditNewPKStatement = "autoincrement";
 $view->EditFieldsReadOnly = "ID";
 $view->EditConfirmDeleteString = "Delete this customer?";
+$view->OnDelete = function (Dralo\Change $change) use ($view) {
+    $orders = new Dralo\Command();
+    $orders->ActiveConnection = $view->DrConnection->Connection;
+    $orders->CommandText = "SELECT ID FROM Orders WHERE Customer = ?";
+    $orders->Parameters[] = $change->Key["ID"];
+    $rows = new Dralo\Recordset();
+    $rows->Open($orders);
+    if (!$rows->EOF) {
+        $change->Refuse("", "A customer with orders cannot be deleted.");
+    }
+};
 $view->AddEditLookup("Country", "Countries", "Code", "Name", "Name", false);
 
 $view->OrderByFields = "1";

@@ -14,6 +14,7 @@ $no_headings = filter_input(INPUT_POST, "NoHeadings") ?? filter_input(INPUT_GET,
 <p class="hint">The last button of the bar sends all orders as a file, sorted as on the page.</p>
 <?php
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT ID, OrderedAt, Company, City, Total FROM OrderTotals";
 $view->GridFieldsHide = "City";

@@ -22,6 +22,7 @@ html($categories->Fields["Name"]->Value) ?></option>
 </form>
 <?php
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->DrConnection = $connection;
 $view->sql = "SELECT ID, Name, Unit, Price, InStock, SoldSince FROM Products
               WHERE InStock >= ? AND (Category = ? OR ? = 0)";

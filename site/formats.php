@@ -33,6 +33,7 @@ foreach ($grids as $number => [$heading, $field, $source, $delimiter, $functions
     $captions = array_map(fn (string $text): string => "<code>" . str_replace(",", "&#44;", html($text)) . "</code>", $functions);
 
     $view = new Dralo\DbView();
+    $view->Hardened = true;
     $view->Tag = (string) ($number + 1);
     $view->DrConnection = $connection;
     $view->sql = "SELECT $field" . str_repeat(", $expression", count($functions)) . " FROM $source LIMIT 5";

@@ -17,6 +17,7 @@ $languages = [
 echo '<div class="side-by-side">';
 foreach ($languages as $number => [$code, $name, $language, $headings]) {
     $view = new Dralo\DbView();
+    $view->Hardened = true;
     $view->Tag = (string) ($number + 1);
     $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
     $view->sql = "SELECT Products.Name, Categories.Name, Price

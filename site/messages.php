@@ -22,8 +22,9 @@ $language = isset($languages[$language]) ? $language : "ENG";
 </form>
 <?php
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Data Source=" . open_shop_file();
-$view->sql = "SELECT ID, " . escaped("Task") . " AS Task, DueOn,
+$view->sql = "SELECT ID, Task, DueOn,
                      (SELECT FamilyName FROM Employees WHERE Employees.ID = Employee) AS FamilyName, Hours, Done
               FROM Reminders";
 $view->EditSQL = "SELECT ID, Task, DueOn, Employee, Hours, Done FROM Reminders";

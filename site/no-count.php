@@ -4,6 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT OrderID, Line, Products.Name AS Product, Quantity, UnitPrice, Discount
               FROM OrderLines JOIN Products ON Products.ID = OrderLines.Product";

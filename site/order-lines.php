@@ -22,6 +22,7 @@ $lines = "SELECT OrderID, Line, Products.Name AS Product, Quantity, UnitPrice, D
           FROM OrderLines JOIN Products ON Products.ID = Product";
 
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->DrConnection = $connection;
 $view->sql = "$lines WHERE OrderID = ?";
 $view->SqlParameters = [$order];

@@ -19,6 +19,7 @@ $orders = ["Company" => "Company, ID", "City" => "City, Company, ID", "Newest" =
 </form>
 <?php
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $view->sql = "SELECT ID, Company, Contact, City, Country, Since FROM Customers
               WHERE Company LIKE ? OR Contact LIKE ? OR City LIKE ?";

@@ -4,6 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $view = new Dralo\DbView();
+$view->Hardened = true;
 $view->ConnectionString = "Provider=SQLite;Data Source=" . open_shop_file();
 $view->sql = "SELECT Products.ID, Products.Name AS Product, Categories.Name AS Category, InStock, ReorderAt, SoldSince
               FROM Products JOIN Categories ON Categories.ID = Category";

@@ -4,6 +4,7 @@ require "frame/frame.php";
 begin_page();
 
 $customers = new Dralo\DbView();
+$customers->Hardened = true;
 $customers->ConnectionString = "Provider=SQLite;Mode=Read;Data Source=" . shop_file();
 $customers->Tag = "1";
 $customers->sql = "SELECT ID, Company, City, Country FROM Customers";
@@ -12,6 +13,7 @@ $customers->ImageDir = "/gfx/";
 $customers->Width = "100%";
 
 $orders = new Dralo\DbView();
+$orders->Hardened = true;
 $orders->DrConnection = $customers->DrConnection;
 $orders->Tag = "2";
 $orders->sql = "SELECT ID, OrderedAt, Company, Lines, Total FROM OrderTotals";

@@ -20,6 +20,10 @@ return [
             "Templates and attributes",
             "A bar drawn from a value, cells of several fields, and rows coloured by what stands in them.",
         ],
+        "plain.php" => [
+            "HTML from the query",
+            "The only page here that is not hardened: values are written as they are, which is the default, for data that you know.",
+        ],
         "table.php" => [
             "A whole table",
             "One call shows a table of the database as it is.",

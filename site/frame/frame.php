@@ -26,12 +26,6 @@ function open_shop_file(): string
     return getenv("DRALO_OPEN_SHOP_DB") ?: shop_file();
 }
 
-/** An expression for a query: the text of a field with its signs made harmless in HTML. */
-function escaped(string $field): string
-{
-    return "replace(replace(replace($field, '&', '&amp;'), '<', '&lt;'), '\"', '&quot;')";
-}
-
 function html(string $text): string
 {
     return htmlspecialchars($text, ENT_QUOTES | ENT_SUBSTITUTE | ENT_HTML5);

@@ -4,12 +4,9 @@
 
 declare(strict_types=1);
 
-// Names of the colours in site.css, so that the source follows light and dark.
-ini_set("highlight.default", "var(--code-text)");
-ini_set("highlight.html", "var(--code-text)");
-ini_set("highlight.keyword", "var(--code-keyword)");
-ini_set("highlight.string", "var(--code-string)");
-ini_set("highlight.comment", "var(--code-comment)");
+foreach (["default", "html", "keyword", "string", "comment"] as $part) {
+    ini_set("highlight.$part", "code-$part");
+}
 
 /** The names that follow "->" in the source, each once, in the order of their first use. */
 function names_used(string $source): array
@@ -18,10 +15,14 @@ function names_used(string $source): array
     return array_values(array_unique($found[1]));
 }
 
-/** The file in colours, with ordinary blanks and line ends, so that what is copied from the page is PHP again. */
+/**
+ * The file in colours, with ordinary blanks and line ends, so that what is copied from the page is PHP again. The colours
+ * are those of classes in site.css, which follow light and dark: the policy of the site allows no style in a page.
+ */
 function coloured_source(string $file): string
 {
-    return str_replace(["\n", "<br />", "&nbsp;"], ["", "\n", " "], highlight_file($file, true));
+    $source = str_replace(["\n", "<br />", "&nbsp;"], ["", "\n", " "], highlight_file($file, true));
+    return preg_replace('/style="color: (code-[a-z]+)"/', 'class="$1"', $source);
 }
 
 function write_source(string $file): void

@@ -1,7 +1,7 @@
 // Adding records, from the grid and from the one-record view.
 
 import assert from "node:assert/strict";
-import { buttons, changes, field, kindOfView, message, openRecord, stored, text, toList, unchanged } from "./form.mjs";
+import { buttons, changes, field, kindOfView, message, notes, openRecord, stored, text, toList, unchanged } from "./form.mjs";
 import { editTest, visitors, withAndWithoutScripts } from "./site.mjs";
 import { column, counter, press } from "./view.mjs";
 
@@ -29,9 +29,9 @@ const added = {
   Notes: "null:NULL",
 };
 
-/** The button above the grid is a link made by a script; without scripts Add is reached by way of a record. */
 const waysToAdd = {
   "from the grid": { visitor: visitors.light, open: () => {} },
+  "from the grid, without scripts": { visitor: withAndWithoutScripts["without scripts"], open: () => {} },
   "from a record": { visitor: visitors.light, open: (page) => openRecord(page, 4) },
   "from a record, without scripts": {
     visitor: withAndWithoutScripts["without scripts"],
@@ -54,7 +54,8 @@ for (const [way, { visitor, open }] of Object.entries(waysToAdd)) {
 
     await field(page, "Company").fill("No town yet");
     await press(page, "Save");
-    assert.equal(await message(page), "Record WAS NOT SAVED. Fill out all required fields.");
+    assert.equal(await message(page), "Record WAS NOT SAVED. See the messages beside the fields.");
+    assert.deepEqual(await notes(page), ["Fill in this field.", "Fill in this field."]);
     assert.equal(await field(page, "Company").inputValue(), "No town yet");
     assert.deepEqual(await buttons(page), ["Save", "Close"]);
     assert.deepEqual(await changes(before, shop, "Customers"), unchanged);

@@ -1,7 +1,7 @@
 // Pages on which a record opens as a form at once.
 
 import assert from "node:assert/strict";
-import { buttons, changes, field, kindOfView, message, openRecord, stored, toList } from "./form.mjs";
+import { buttons, changes, field, kindOfView, message, notes, openRecord, stored, toList } from "./form.mjs";
 import { editTest, withAndWithoutScripts } from "./site.mjs";
 import { column, counter, press } from "./view.mjs";
 
@@ -19,7 +19,8 @@ for (const [kind, visitor] of Object.entries(withAndWithoutScripts)) {
 
     await field(page, "InStock").fill("many");
     await press(page, "Save");
-    assert.equal(await message(page), "many is not a number");
+    assert.equal(await message(page), "Record WAS NOT SAVED. See the messages beside the fields.");
+    assert.deepEqual(await notes(page), ["This is not a number."]);
     assert.equal(await field(page, "InStock").inputValue(), "many");
     await field(page, "InStock").fill("17");
     await field(page, "SoldSince").fill("");

@@ -13,10 +13,14 @@ async function download(page) {
   return { name: file.suggestedFilename(), text: await readFile(await file.path(), "utf8") };
 }
 
-/** The cells of the rows of the file, tags left out. */
+const signs = { "&amp;": "&", "&lt;": "<", "&gt;": ">", "&quot;": '"', "&#39;": "'" };
+
+/** The cells of the rows of the file, tags left out, as a program shows them. */
 const rowsOf = (text) =>
   [...text.matchAll(/<tr>\r\n(.*?)<\/tr>\r\n/gs)].map(([, row]) =>
-    [...row.matchAll(/<t[hd] .*? >(.*?)<\/t[hd]>\r\n/gs)].map(([, cell]) => cell.replace(/^<meta [^>]*>/, "")),
+    [...row.matchAll(/<t[hd] .*? >(.*?)<\/t[hd]>\r\n/gs)].map(([, cell]) =>
+      cell.replace(/^<meta [^>]*>/, "").replace(/&[a-z#0-9]+;/g, (sign) => signs[sign]),
+    ),
   );
 
 /** Numbers, companies and totals of all orders as the page writes them. */

@@ -15,14 +15,24 @@ export const toList = (page, name = "List", tag = 1) =>
   answered(page, () => viewOf(page, tag).getByRole("link", { name, exact: true }).click());
 
 /** What stands behind the buttons: the message about the last save or delete, else "". */
-export const message = async (page, tag = 1) =>
-  (await viewOf(page, tag).locator("td:has(> input[type=submit])").innerText()).trim();
+export const message = (page, tag = 1) =>
+  viewOf(page, tag)
+    .locator(".DraloEditBtnBar")
+    .first()
+    .evaluate((bar) => {
+      const copy = bar.cloneNode(true);
+      copy.querySelectorAll("button").forEach((button) => button.remove());
+      return copy.innerText.replace(/\s+/g, " ").trim();
+    });
+
+/** What stands beside the fields of a form that was refused. */
+export const notes = (page, tag = 1) => viewOf(page, tag).locator(".DraloFieldNote").allInnerTexts();
 
 /** The captions of the buttons above the record. */
 export const buttons = (page, tag = 1) =>
   viewOf(page, tag)
-    .locator(".DraloEditBtnBar input:not([type=hidden])")
-    .evaluateAll((all) => all.map((one) => one.value));
+    .locator(".DraloEditBtnBar :is(input:not([type=hidden]), button)")
+    .evaluateAll((all) => all.map((one) => (one.localName === "button" ? one.innerText : one.value)));
 
 /** The record that the one-record view shows, as { label: text }. */
 export const shownRecord = async (page, tag = 1) =>

@@ -13,7 +13,7 @@ const languages = [
     added: "[New record saved ok]",
     saved: "[Record saved ok]",
     deleted: "[Record deleted]",
-    required: "Record WAS NOT SAVED. Fill out all required fields.",
+    required: "Record WAS NOT SAVED. See the messages beside the fields.",
     question: "Delete this reminder?",
   },
   {
@@ -23,7 +23,7 @@ const languages = [
     added: "[Neuer Datensatz gespeichert]",
     saved: "[Datensatz gespeichert]",
     deleted: "[Datensatz gelöscht]",
-    required: "NICHT GESPEICHERT: Bitte alle Pflichtfelder ausfüllen.",
+    required: "Der Datensatz wurde NICHT GESPEICHERT. Siehe die Hinweise neben den Feldern.",
     question: "Diese Aufgabe löschen?",
   },
   {
@@ -33,7 +33,7 @@ const languages = [
     added: "[Ny datapost lagret]",
     saved: "[Dataposten ble lagret]",
     deleted: "[Dataposten ble slettet]",
-    required: "Dataposten ble IKKE LAGRET. Fyll ut påkrevde verdier.",
+    required: "Dataposten ble IKKE LAGRET. Se meldingene ved feltene.",
     question: "Slette denne oppgaven?",
   },
 ];

@@ -10,8 +10,9 @@ export async function answered(page, action) {
   await Promise.all([page.waitForEvent("load"), action()]);
 }
 
-/** A button of the bar, such as "Next Page"; with two bars the one above. */
-export const button = (page, name, tag) => viewOf(page, tag).getByRole("button", { name }).first();
+/** A button, such as "Next Page", or a link that looks like one; with two bars the one above. */
+export const button = (page, name, tag) =>
+  viewOf(page, tag).getByRole("button", { name }).or(viewOf(page, tag).locator("a.DraloInputBtn", { hasText: name })).first();
 
 /** The link in the heading of a column. */
 export const heading = (page, name, tag) => viewOf(page, tag).locator("th.DRLOTableTH").getByRole("link", { name });
