@@ -23,8 +23,10 @@ bool AreEqual(std::string_view one, std::string_view other) {
   return difference == 0;
 }
 
-/// The hash of the password made as `setting` says; empty when crypt(3) does not know the manner.
+/// The hash of the password made as `setting` says; empty when crypt(3) does not know the manner, or it is
+/// the one of old, for which every text will do.
 std::string Hash(const std::string& password, const std::string& setting) {
+  if (!setting.starts_with('$')) return {};
   const auto data = std::make_unique<crypt_data>();
   const char* const hash = crypt_r(password.c_str(), setting.c_str(), data.get());
   return hash == nullptr || *hash == '*' ? std::string() : hash;

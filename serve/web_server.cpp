@@ -40,19 +40,16 @@ void Send(Answer answer, httplib::Response& response) {
   response.set_chunked_content_provider(answer.type, provide);
 }
 
-/// Its body is read in any case: what is left would be taken for the next request.
-std::string ReadForm(const httplib::Request& request, const httplib::ContentReader& read) {
-  std::string form;
-  if (request.is_multipart_form_data()) {
-    read([](const httplib::MultipartFormData&) { return true; },
-         [](const char*, std::size_t) { return true; });
-  } else {
-    read([&](const char* data, std::size_t size) {
-      form.append(data, size);
-      return true;
-    });
-  }
-  return form;
+/// Whether the form could be read. One of another kind is read too and dropped: what is left of it would be
+/// taken for the next request.
+bool ReadForm(const httplib::Request& request, const httplib::ContentReader& read, std::string& form) {
+  if (request.is_multipart_form_data())
+    return read([](const httplib::MultipartFormData&) { return true; },
+                [](const char*, std::size_t) { return true; });
+  return read([&](const char* data, std::size_t size) {
+    form.append(data, size);
+    return true;
+  });
 }
 
 std::string WhyNotBound(const std::string& host, int port, int error) {
@@ -100,8 +97,10 @@ class WebServer::Implementation {
     server_.Post("[^]*", [this](const httplib::Request& request, httplib::Response& response,
                                 const httplib::ContentReader& read) {
       Request asked = ReadRequest(request);
-      asked.form = ReadForm(request, read);
-      Send(respond_(asked), response);
+      if (ReadForm(request, read, asked.form)) return Send(respond_(asked), response);
+      // 413 has been set by then.
+      if (response.status < 400) response.status = 400;
+      response.set_header("Connection", "close");
     });
     server_.set_exception_handler([](const httplib::Request&, httplib::Response& response,
                                      const std::exception_ptr&) { response.status = 500; });

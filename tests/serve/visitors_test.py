@@ -1,0 +1,187 @@
+#!/usr/bin/env python3
+"""Who may ask dralo-serve, and what becomes of requests that no browser would send.
+
+usage: visitors_test.py PROGRAM [TEST...]
+"""
+
+import base64
+import concurrent.futures
+import contextlib
+import http.client
+import socket
+import subprocess
+
+from served import ServeTest, run
+
+# "secret" as htpasswd -B and -5 write it, and "geheim: ä".
+USERS = """# people
+ada:$2y$05$abcdefghijklmnopqrstuuOQiyCxlgf/oeuTqixKmWdcYUh4Hjl0a
+
+bo:{sha}
+"""
+
+
+def login(user, password):
+    return {"Authorization": "Basic " + base64.b64encode(f"{user}:{password}".encode()).decode()}
+
+
+class Visitors(ServeTest):
+    def setUp(self):
+        super().setUp()
+        self.sql("CREATE TABLE Goods (ID INTEGER PRIMARY KEY, Label TEXT)", "INSERT INTO Goods VALUES (1, 'tea')")
+
+    def serve_users(self):
+        sha = subprocess.run(["openssl", "passwd", "-5", "geheim: ä"], capture_output=True, text=True, check=True).stdout
+        file = self.folder / "users"
+        file.write_text(USERS.format(sha=sha))
+        return self.serve("--user-file", file)
+
+    def test_lets_in_who_has_a_password(self):
+        server = self.serve_users()
+        for given in (login("ada", "secret"), login("ada", "secret"), login("bo", "geheim: ä")):
+            answer, page = server.get("/table/Goods", given)
+            self.assertEqual(answer.status, 200)
+            self.assertIn("tea", page)
+
+    def test_keeps_out_everybody_else(self):
+        server = self.serve_users()
+        server.get("/", login("ada", "secret"))
+        for given in ({}, login("ada", "guess"), login("ada", ""), login("ada", "secret\0"), login("cy", "secret"),
+                      login("bo", "secret"), login("", ""), {"Authorization": "Basic %%%"},
+                      {"Authorization": "Bearer " + login("ada", "secret")["Authorization"][6:]}):
+            for address in ("/", "/table/Goods", "/assets/dralo.css", "/nothing"):
+                answer, page = server.get(address, given)
+                self.assertEqual((given, answer.status, page), (given, 401, "Please log in.\n"))
+                self.assertTrue(answer.headers["WWW-Authenticate"].startswith("Basic "))
+
+    def test_names_the_line_of_a_user_file_that_is_none(self):
+        for text, why in (("ada:$2y$05$abcdefghijklmnopqrstuuOQiyCxlgf/oeuTqixKmWdcYUh4Hjl0a\nbo:plain\n",
+                           "line 2 of the user file {} is no user with a hash that crypt knows; make it with htpasswd -B"),
+                          ("# nobody\n", "the user file {} names nobody; add a user with htpasswd -B"),
+                          (None, "the user file {} cannot be read: No such file or directory")):
+            file = self.folder / "users"
+            file.unlink(missing_ok=True)
+            if text:
+                file.write_text(text)
+            done = subprocess.run([self.program, self.database, "--user-file", file], capture_output=True, text=True, timeout=60)
+            self.assertEqual((done.returncode, done.stderr), (1, f"dralo-serve: {why.format(file)}\n"))
+
+    def test_answers_under_its_own_names_only(self):
+        server = self.serve("--name", "Data.Example")
+        for host, status in (("127.0.0.1", 200), (f"localhost:{server.port}", 200), ("LOCALHOST", 200), ("[::1]:80", 200),
+                             ("data.example:8443", 200), ("rebound.example", 421), ("127.0.0.1.rebound.example", 421), ("", 421)):
+            answer, page = server.get("/table/Goods", {"Host": host})
+            self.assertEqual((host, answer.status), (host, status))
+            self.assertEqual("tea" in page, status == 200)
+
+    def test_protects_each_answer_by_its_headers(self):
+        server = self.serve()
+        for address in ("/", "/table/Goods", "/nothing", "/assets/dralo.css"):
+            headers = server.get(address)[0].headers
+            self.assertEqual(headers["Content-Security-Policy"],
+                             "default-src 'self'; form-action 'self'; base-uri 'none'; frame-ancestors 'self'")
+            self.assertEqual(headers["X-Content-Type-Options"], "nosniff")
+
+    def test_needs_nothing_within_the_page_that_the_policy_forbids(self):
+        _, page = self.serve("--edit").get("/table/Goods")
+        for forbidden in ("<style", " style=", " onclick", "<script>"):
+            self.assertNotIn(forbidden, page)
+
+    def exchange(self, server, text):
+        """What comes for bytes that are sent as they are, until the server closes or says no more for a while."""
+        with socket.create_connection(("127.0.0.1", server.port), 60) as client:
+            client.sendall(text)
+            with contextlib.suppress(ConnectionResetError):
+                client.shutdown(socket.SHUT_WR)
+                return b"".join(iter(lambda: client.recv(65536), b""))
+        return b""
+
+    def test_answers_head_without_a_body(self):
+        server = self.serve()
+        for address in ("/", "/table/Goods", "/assets/dralo.css", "/nothing", "/table/Goods?Morvu1ToExcel.x=1"):
+            got, page = server.get(address)
+            answer, body = server.ask("HEAD", address)
+            self.assertEqual((address, answer.status, body), (address, got.status, ""))
+            if "Content-Length" in got.headers:
+                self.assertEqual(answer.headers["Content-Length"], str(len(page.encode())))
+
+    def test_refuses_other_methods(self):
+        server = self.serve()
+        for method in ("PUT", "DELETE", "PATCH", "OPTIONS", "TRACE"):
+            answer, _ = server.ask(method, "/table/Goods")
+            self.assertEqual((method, answer.status, answer.headers["Allow"]), (method, 405, "GET, HEAD, POST"))
+        self.assertEqual(server.ask("POST", "/nothing", "a=b")[0].status, 404)
+
+    def test_survives_what_is_no_request(self):
+        server = self.serve()
+        for text in (b"BREW / HTTP/1.1\r\nHost: localhost\r\n\r\n", b"\0\1\2\3\r\n\r\n", b"GET\r\n\r\n", b"GET / HTTP/9.9\r\n\r\n",
+                     b"GET / HTTP/1.1\r\n" + b"A: " + b"b" * 100_000 + b"\r\n\r\n", b"\r\n\r\n", b"",
+                     b"GET /" + b"\xff\xfe%00%" + b" HTTP/1.1\r\nHost: localhost\r\n\r\n",
+                     b"POST /table/Goods HTTP/1.1\r\nHost: localhost\r\nContent-Length: 99999999999\r\n\r\n"):
+            answer = self.exchange(server, text)
+            self.assertNotIn(b" 200 ", answer.split(b"\r\n")[0], text[:40])
+        self.assertEqual(server.get("/table/Goods")[0].status, 200)
+
+    def test_refuses_addresses_that_are_too_long(self):
+        server = self.serve("--edit")
+        for address in ("/table/" + "a" * 3000, "/table/Goods?a=" + "b" * 20_000, "/table/" + "%20" * 2000, "/" * 8000):
+            self.assertEqual(server.get(address)[0].status, 414)
+        self.assertEqual(server.ask("POST", "/table/" + "a" * 3000, "a=b")[0].status, 414)
+
+    def test_refuses_forms_that_are_too_large(self):
+        server = self.serve("--edit")
+        with contextlib.suppress(ConnectionError):  # When it is closed before all of the form was sent.
+            self.assertEqual(server.ask("POST", "/table/Goods", "a=" + "b" * 9_000_000)[0].status, 413)
+        self.assertEqual(server.get("/table/Goods")[0].status, 200)
+
+    def test_reads_a_form_of_another_kind_to_its_end(self):
+        server = self.serve("--edit")
+        connection = http.client.HTTPConnection("127.0.0.1", server.port, timeout=60)
+        with contextlib.closing(connection):
+            body = "--x\r\nContent-Disposition: form-data; name=\"a\"\r\n\r\nb\r\n--x--\r\n"
+            connection.request("POST", "/table/Goods", body, {"Content-Type": "multipart/form-data; boundary=x"})
+            answer = connection.getresponse()
+            self.assertEqual(answer.status, 200)
+            answer.read()
+            connection.request("GET", "/")
+            self.assertEqual(connection.getresponse().status, 200)
+
+    def test_answers_ten_at_once(self):
+        server = self.serve("--edit")
+
+        def visit(_):
+            return [server.get(address)[0].status for address in ("/", "/table/Goods", "/table/Goods?Morvu1ToExcel.x=1") * 10]
+
+        with concurrent.futures.ThreadPoolExecutor(10) as visitors:
+            self.assertEqual(list(visitors.map(visit, range(10))), [[200] * 30] * 10)
+
+    def test_answers_others_while_some_are_slow(self):
+        self.sql("WITH N AS (SELECT 2 A UNION ALL SELECT A + 1 FROM N LIMIT 100000) "
+                 "INSERT INTO Goods SELECT A, printf('%050d', A) FROM N")
+        server = self.serve()
+        host = b"Host: localhost\r\n"
+        with contextlib.ExitStack() as stack:
+            for _ in range(20):
+                typing = stack.enter_context(socket.create_connection(("127.0.0.1", server.port)))
+                typing.sendall(b"GET / HTTP/1.1\r\n")
+                reading = stack.enter_context(socket.create_connection(("127.0.0.1", server.port)))
+                reading.sendall(b"GET /table/Goods?Morvu1ToExcel.x=1 HTTP/1.1\r\n" + host + b"\r\n")
+            self.assertEqual(server.get("/table/Goods")[0].status, 200)
+            # None of them has been given up before the others were served.
+            typing.sendall(host + b"Connection: close\r\n\r\n")
+            self.assertIn(b" 200 ", typing.makefile("rb").readline())
+
+    def test_ends_a_download_that_nobody_takes(self):
+        self.sql("WITH N AS (SELECT 2 A UNION ALL SELECT A + 1 FROM N LIMIT 200000) "
+                 "INSERT INTO Goods SELECT A, printf('%050d', A) FROM N")
+        server = self.serve()
+        with socket.create_connection(("127.0.0.1", server.port)) as client:
+            client.sendall(b"GET /table/Goods?Morvu1ToExcel.x=1 HTTP/1.1\r\nHost: localhost\r\n\r\n")
+            client.recv(1000)
+        # The table can be dropped: the statement has ended.
+        self.sql("PRAGMA busy_timeout = 60000", "DROP TABLE Goods")
+        self.assertEqual(server.get("/table/Goods")[0].status, 404)
+
+
+if __name__ == "__main__":
+    run()
