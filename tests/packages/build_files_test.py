@@ -109,9 +109,25 @@ class Composer(unittest.TestCase):
         self.assertIn(f"PHP_NEW_EXTENSION([{self.described['php-ext']['extension-name']}],", self.configure)
 
 
+class Debian(unittest.TestCase):
+    def test_has_the_version_that_cmake_has(self):
+        [version] = re.findall(r"\Adralo \(([^)]*)-\d+\)", read("debian/changelog"))
+        self.assertEqual(version, ConfigM4.version)
+
+    def test_names_the_library_after_its_major_version(self):
+        name = f"libdralo{ConfigM4.version.partition('.')[0]}"
+        self.assertIn(f"\nPackage: {name}\n", read("debian/control.in"))
+        self.assertTrue((ROOT / f"debian/{name}.install").exists())
+
+    def test_loads_the_extension_as_early_as_pie_does(self):
+        priority = json.loads(read("composer.json"))["php-ext"]["priority"]
+        self.assertIn(f"\n; priority={priority}\n", read("debian/dralo.ini"))
+
+
 class Archive(unittest.TestCase):
     def test_has_every_source(self):
-        needed = [*sources(), "composer.json", "config.m4", "CMakeLists.txt", "hosts/php/exports.map", "hosts/php/install.mk"]
+        needed = [*sources(), "composer.json", "config.m4", "CMakeLists.txt", "hosts/php/exports.map", "hosts/php/install.mk",
+                  "debian/control.in"]
         said = subprocess.run(["git", "check-attr", "-z", "export-ignore", "--", *needed], cwd=ROOT, capture_output=True,
                               text=True, check=True).stdout.split("\0")
         self.assertEqual({value for value in said[2::3]}, {"unspecified"})
