@@ -27,6 +27,9 @@ class Connection : public Object {
 
   virtual bool IsOpen() const = 0;
 
+  /// How many seconds a statement may take, as Query Timeout in the list says; 0 for no limit.
+  virtual int QueryTimeoutS() const = 0;
+
   /// Runs one statement. Returns its rows, or a closed recordset when it yields none.
   /// `records_affected`, when given, receives the number of rows changed, or -1 when the database does not
   /// tell. `options` is -1, or 1 when `sql` is a statement even if it looks like a table name; others are an

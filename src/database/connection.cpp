@@ -24,6 +24,7 @@ void Connection::Open(std::string_view connection_string, std::string_view user,
   PooledSession session = pool.Take(key);
   if (!session) session = pool.Adopt(provider.Connect(settings), key);
   connection_string_ = settings.WithoutPassword();
+  query_timeout_s_ = settings.Seconds("Query Timeout", kDefaultQueryTimeoutS);
   session_ = std::move(session);
 }
 

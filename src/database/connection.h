@@ -14,6 +14,9 @@ namespace dralo::database {
 
 class Recordset;
 
+/// Of connection strings that name none.
+inline constexpr int kDefaultQueryTimeoutS = 30;
+
 /// A connection over a session of the pool. Always owned by a shared_ptr; open recordsets share it.
 class Connection final : public platform::Connection, public std::enable_shared_from_this<Connection> {
  public:
@@ -26,6 +29,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
             int options = -1) override;
   const std::string& ConnectionString() const override { return connection_string_; }
   bool IsOpen() const override { return session_ != nullptr; }
+  int QueryTimeoutS() const override { return query_timeout_s_; }
   std::shared_ptr<platform::Recordset> Execute(std::string_view sql, std::int64_t* records_affected = nullptr,
                                                int options = -1) override;
   std::int64_t ChangeOneRecord(std::string_view sql,
@@ -51,6 +55,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
   Providers providers_;
   const platform::Formatting* formatting_;
   std::string connection_string_;
+  int query_timeout_s_ = kDefaultQueryTimeoutS;
   PooledSession session_;
   int begun_ = 0;  ///< Begin() without its Commit() or Rollback().
   std::vector<Recordset*> recordsets_;

@@ -11,4 +11,8 @@ void StopStatementsWhen(WantsToStop wants_to_stop) noexcept;
 
 bool HostWantsToStop() noexcept;
 
+/// What is told of a statement that ran when the time of its page was over; see platform::StatementClock.
+inline constexpr char kTimeOfPageIsOver[] =
+    "The statement was ended: all those of the page have taken longer than the Query Timeout";
+
 }  // namespace dralo::database

@@ -1,6 +1,7 @@
 #include "driver/render_driver.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <optional>
@@ -18,6 +19,7 @@
 #include "driver/spreadsheet_download.h"
 #include "editing/edit_form.h"
 #include "html/html_writer.h"
+#include "platform/statement_clock.h"
 #include "settings/field_lists.h"
 #include "state/current_mode.h"
 #include "state/error_log.h"
@@ -221,6 +223,17 @@ void RenderView(Render& render, platform::Response& response) {
   guarded([&] { render.out.Flush(); });  // What was written before a failure stays on the page.
 }
 
+/// By which all statements of a hardened page end, from now on. Those of a download do not: it lasts as long
+/// as somebody takes to read it.
+std::optional<platform::StatementClock> NewClock(const Render& render) {
+  const settings::Settings& settings = render.settings;
+  if (!settings.Hardened || settings.DrConnection == nullptr) return std::nullopt;
+  const auto& connection = settings.DrConnection->Connection();
+  const int seconds = connection == nullptr ? 0 : connection->QueryTimeoutS();
+  if (seconds == 0) return std::nullopt;
+  return std::optional<platform::StatementClock>(std::in_place, std::chrono::seconds(seconds));
+}
+
 void Receive(Render& render, platform::PageContext& page) {
   CarryOutPostedChange(render, page);
   if (render.settings.Hardened) RedirectToOutcome(render, page.GetResponse());
@@ -228,6 +241,7 @@ void Receive(Render& render, platform::PageContext& page) {
 
 void Answer(Render& render, platform::PageContext& page) {
   if (render.keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
+  const auto clock = NewClock(render);
   Receive(render, page);
   TakeOutcomeOfAddress(render);
   RenderView(render, page.GetResponse());
@@ -238,6 +252,7 @@ void Answer(Render& render, platform::PageContext& page) {
 void ReceivePost(Render& render, platform::PageContext& page) {
   const bool is_download = render.keys.WasPressed(key::kToExcel);
   if (!is_download && PrepareHardenedFrame(render) && AnswersUnderHost(render, page.GetResponse())) {
+    const auto clock = NewClock(render);
     Receive(render, page);
   }
   state::LogLines(render.environment, render.outcome.error_detail);

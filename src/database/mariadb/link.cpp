@@ -7,6 +7,7 @@
 #include <array>
 
 #include "database/interruption.h"
+#include "platform/statement_clock.h"
 #include "text/ascii.h"
 #include "text/white_space.h"
 
@@ -146,7 +147,7 @@ int Link::Wait(int awaited, Deadline deadline) {
     if (deadline) left = std::clamp<Clock::duration>(*deadline - Clock::now(), Clock::duration::zero(), left);
     const int count = poll(&watched, 1, static_cast<int>(std::chrono::ceil<Milliseconds>(left).count()));
     if (count > 0) break;
-    is_stopped_ = HostWantsToStop();
+    is_stopped_ = HostWantsToStop() || platform::StatementClock::IsOver();
     if (!is_stopped_ && (!deadline || Clock::now() < *deadline)) continue;
     GiveUp();
     return MYSQL_WAIT_TIMEOUT;

@@ -8,6 +8,7 @@
 
 #include "database/interruption.h"
 #include "database/postgresql/error.h"
+#include "platform/statement_clock.h"
 
 namespace dralo::database::postgresql {
 
@@ -202,6 +203,10 @@ bool Link::Wait(short events) {
     if (HostWantsToStop()) {
       GiveUp();
       throw Error("The statement was ended: the host wants to stop");
+    }
+    if (platform::StatementClock::IsOver()) {
+      GiveUp();
+      throw Error(kTimeOfPageIsOver);
     }
     auto slice = kSlice;
     if (deadline_) {

@@ -1,9 +1,11 @@
 #include "database/sqlite/time_limit.h"
 
 #include <string>
+#include <utility>
 
 #include "database/interruption.h"
 #include "dralo/error.h"
+#include "platform/statement_clock.h"
 
 namespace dralo::database::sqlite {
 
@@ -18,11 +20,15 @@ int TimeLimit::Step(sqlite3_stmt* statement, std::string_view text) {
   end_.reset();
   const int code = sqlite3_step(statement);
   end_.reset();
-  if (!is_reached_) return code;
-  is_reached_ = false;
-  throw platform::Error("The statement was ended: its next record took longer than the Query Timeout of " +
-                            std::to_string(time_.count()) + " s; the connection string can set another",
-                        SQLITE_INTERRUPT, {}, std::string(text));
+  const Reached reached = std::exchange(reached_, Reached::kNone);
+  if (reached == Reached::kNone) return code;
+  throw platform::Error(Reason(reached), SQLITE_INTERRUPT, {}, std::string(text));
+}
+
+std::string TimeLimit::Reason(Reached reached) const {
+  if (reached == Reached::kOfPage) return kTimeOfPageIsOver;
+  return "The statement was ended: its next record took longer than the Query Timeout of " +
+         std::to_string(time_.count()) + " s; the connection string can set another";
 }
 
 int TimeLimit::Ask(void* limit) noexcept {
@@ -30,11 +36,15 @@ int TimeLimit::Ask(void* limit) noexcept {
 }
 
 bool TimeLimit::IsReached() noexcept {
+  if (platform::StatementClock::IsOver()) {
+    reached_ = Reached::kOfPage;
+    return true;
+  }
   if (time_.count() == 0) return false;
   const Clock::time_point now = Clock::now();
   if (!end_) end_ = now + time_;
-  is_reached_ = now > *end_;
-  return is_reached_;
+  if (now > *end_) reached_ = Reached::kOwn;
+  return reached_ != Reached::kNone;
 }
 
 }  // namespace dralo::database::sqlite

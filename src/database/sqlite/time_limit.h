@@ -4,11 +4,13 @@
 
 #include <chrono>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace dralo::database::sqlite {
 
-/// Ends a statement that takes too long to come to its next row, or that the host wants to end.
+/// Ends a statement that takes too long to come to its next row, that runs when the time of its page is over,
+/// or that the host wants to end.
 class TimeLimit {
  public:
   TimeLimit() = default;
@@ -28,8 +30,12 @@ class TimeLimit {
   static int Ask(void* limit) noexcept;
   bool IsReached() noexcept;
 
+  enum class Reached { kNone, kOwn, kOfPage };
+
+  std::string Reason(Reached reached) const;
+
   std::chrono::seconds time_{0};
-  bool is_reached_ = false;
+  Reached reached_ = Reached::kNone;
   std::optional<Clock::time_point> end_;  ///< Of the running step, once it has taken some time.
 };
 
