@@ -30,11 +30,12 @@ $view->FormSQL = $lines;
 $view->EditSQL = "SELECT OrderID, Line, Product, Quantity, UnitPrice, Discount FROM OrderLines";
 $view->DeleteSQL = "DELETE FROM OrderLines";
 
-// The key columns lead the query, in the order of the keys. A new line's key comes from the two statements.
+// The key columns lead the query, in the order of the keys. A new line's key comes from the two statements, whose "?" is
+// the order, too.
 $view->EditOptions = "ALL";
 $view->EditPrimaryKeys = "OrderID,Line";
-$view->EditNewPKStatement = "SELECT $order,"
-    . "SELECT MAX(Line) + 1 FROM (SELECT Line FROM OrderLines WHERE OrderID = $order UNION SELECT 0)";
+$view->EditNewPKStatement = "SELECT ?,"
+    . "SELECT MAX(Line) + 1 FROM (SELECT Line FROM OrderLines WHERE OrderID = ? UNION SELECT 0)";
 $view->EditFieldsReadOnly = "OrderID,Line";
 $view->EditConfirmDeleteString = "Delete this line?";
 $view->AddEditLookup("Product", "Products", "ID", "Name", "Name", false);

@@ -17,6 +17,7 @@
 #include "text/boolean_text.h"
 #include "text/letter_case.h"
 #include "text/list.h"
+#include "text/sql_piece.h"
 
 namespace dralo::editing {
 namespace {
@@ -74,7 +75,10 @@ std::string Restricted(std::string_view sql, std::string_view condition) {
 }
 
 std::string FirstValue(const Render& render, std::string_view statement) {
-  const auto recordset = OpenFirstRows(render, statement);
+  const std::vector<platform::Variant>& values = render.settings.SqlParameters;
+  const bool has_parameters = text::CountSqlParameters(statement) > 0;
+  const auto recordset = OpenFirstRows(
+      render, statement, has_parameters ? settings::Parameters(values) : settings::Parameters());
   const bool has_value = !recordset->Fields().empty() && !recordset->Eof();
   if (!has_value || platform::IsNull(recordset->Fields()[0]->Value())) {
     throw Error("The statement for a new key yields no value");

@@ -165,6 +165,14 @@ TEST(GetNewPKValue, IsTheFirstColumnOfTheFirstRow) {
   EXPECT_EQ(view.ErrorMessage(), "");
 }
 
+TEST(GetNewPKValue, IsFoundByTheParametersOfTheView) {
+  KeyedView view("ID");
+  view.Settings().SqlParameters = {std::int64_t{6}};
+  EXPECT_EQ(view.NewKey("SELECT count(*) + 40 FROM T WHERE ID < ?"), "41");
+  EXPECT_EQ(view.NewKey("SELECT max(ID) + 1 FROM T"), "7");
+  EXPECT_EQ(view.ErrorMessage(), "");
+}
+
 TEST(GetNewPKValue, RunsAStatementThatChangesData) {
   KeyedView view("ID");
   view.database.Run("CREATE TABLE Last (ID INTEGER); INSERT INTO Last VALUES (41)");
