@@ -40,8 +40,8 @@ class EditForm {
   void Put(platform::Recordset& recordset, std::int32_t& rows);
 
  private:
-  void PutButtonBar();
-  void PutStateInputs();
+  void PutButtonBar(platform::Recordset& recordset);
+  void PutStateInputs(platform::Recordset& recordset);
   void PutSaveButton();
   void PutHardenedDeleteButton();
   void PutQuestion();
@@ -69,17 +69,17 @@ void EditForm::Put(platform::Recordset& recordset, std::int32_t& rows) {
   if (!adds_record && !has_record && !render_.outcome.ShowsPosted())
     return views::PutButtonBarWithoutRecord(render_);
   rows = adds_record || has_record ? 1 : 0;
-  PutButtonBar();
+  PutButtonBar(recordset);
   PutFieldTable(recordset, has_record);
   if (!has_record) return;
   views::KeepCurrentRecord(render_, recordset);
   recordset.MoveNext();
 }
 
-void EditForm::PutButtonBar() {
+void EditForm::PutButtonBar(platform::Recordset& recordset) {
   views::PutButtonBarStart(render_);
   if (!fields_.AddsRecord() && state::AsksToDelete(settings_, render_.keys)) return PutQuestion();
-  PutStateInputs();
+  PutStateInputs(recordset);
   if (fields_.AddsRecord() || settings_.edit.update) PutSaveButton();
   if (!settings_.edit.skips_view) {
     out_.Put(R"(&nbsp;<input{}type="submit" name="{}" value="{}"{}>)", ButtonClass(),
@@ -102,12 +102,12 @@ void EditForm::PutQuestion() {
   views::PutButtonBarEnd(render_, {});
 }
 
-void EditForm::PutStateInputs() {
+void EditForm::PutStateInputs(platform::Recordset& recordset) {
   out_.Put(R"(<input type="hidden" name="{}" value="1">)", render_.keys(key::kFormEdit));
   out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(key::kFormInsert),
            Verbatim{fields_.AddsRecord() ? "1" : ""});
   if (fields_.AddsRecord() && DetectsReplays(settings_)) {
-    const std::string greatest = GreatestKey(render_);
+    const std::string greatest = GreatestKey(render_, recordset);
     out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(kGreatestKey), Verbatim{greatest});
   }
 }

@@ -10,6 +10,7 @@
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
+#include "state/named_field.h"
 #include "text/blanks.h"
 #include "text/decimal.h"
 #include "text/letter_case.h"
@@ -27,8 +28,12 @@ std::string RecordsOfForm(const settings::Settings& settings, std::string_view c
   return std::string("SELECT ").append(columns).append(" FROM (").append(sql).append("\n) DRTEMPTABLE");
 }
 
-std::string QuotedKey(const settings::Settings& settings) {
-  return settings::OpenConnection(settings)->QuoteName(KeyNames(settings).front());
+/// The key in the letter case in which EditSQL has it, as databases demand of quoted names.
+std::string QuotedKey(const settings::Settings& settings, platform::Recordset& records) {
+  const std::string name = KeyNames(settings).front();
+  const platform::Field* field = state::FindField(records, name);
+  if (field == nullptr) throw state::UnknownField(name);
+  return settings::OpenConnection(settings)->QuoteName(field->Name());
 }
 
 /// Whether the fields have equal values, as far as they were posted; the key is never equal.
@@ -58,8 +63,8 @@ bool DetectsReplays(const settings::Settings& settings) {
   return settings.Hardened && KeyNames(settings).size() == 1 && !text::IsBlank(settings.EditNewPKStatement);
 }
 
-std::string GreatestKey(const state::Render& render) {
-  const std::string maximum = "max(" + QuotedKey(render.settings) + ")";
+std::string GreatestKey(const state::Render& render, platform::Recordset& records) {
+  const std::string maximum = "max(" + QuotedKey(render.settings, records) + ")";
   const auto record = OpenFirstRows(render, RecordsOfForm(render.settings, maximum),
                                     settings::EditParameters(render.settings));
   if (record->Eof()) return {};
@@ -72,8 +77,8 @@ std::string GreatestKey(const state::Render& render) {
 bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset) {
   const auto greatest = text::ParseNumber<std::int64_t>(render.keys.Value(kGreatestKey));
   if (!greatest) return false;
-  const std::string statement = RecordsOfForm(render.settings, "*") + " WHERE " + QuotedKey(render.settings) +
-                                " > " + std::to_string(*greatest);
+  const std::string statement = RecordsOfForm(render.settings, "*") + " WHERE " +
+                                QuotedKey(render.settings, recordset) + " > " + std::to_string(*greatest);
   const auto newer =
       OpenFirstRows(render, statement, settings::EditParameters(render.settings), kMostComparedRecords);
   for (; !newer->Eof(); newer->MoveNext()) {

@@ -20,9 +20,9 @@ inline constexpr std::string_view kGreatestKey = "After";
 /// statement makes.
 bool DetectsReplays(const settings::Settings& settings);
 
-/// The greatest key of the records of EditSQL, or one below all when there are none; "" when keys are no
-/// whole numbers. Throws platform::Error when the statement fails.
-std::string GreatestKey(const state::Render& render);
+/// The greatest key of the records of EditSQL, whose fields `records` has, or one below all when there are
+/// none; "" when keys are no whole numbers. Throws platform::Error when the statement fails.
+std::string GreatestKey(const state::Render& render, platform::Recordset& records);
 
 /// Whether a record of EditSQL behind the posted greatest key has the values of the new record on which
 /// `recordset` stands, in all fields that were posted. Throws platform::Error when the statement fails.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -37,6 +38,9 @@ inline std::string TargetName(const testing::TestParamInfo<Target>& info) {
 inline const auto kTargets =
     testing::Values(Target{&kSqlite, false}, Target{&kSqlite, true}, Target{&kPostgreSql, false},
                     Target{&kPostgreSql, true}, Target{&kMariaDb, false}, Target{&kMariaDb, true});
+
+inline const auto kHardenedTargets =
+    testing::Values(Target{&kSqlite, true}, Target{&kPostgreSql, true}, Target{&kMariaDb, true});
 
 inline const auto kOneDatabase = testing::Values(Target{&kSqlite, false}, Target{&kSqlite, true});
 
@@ -79,11 +83,15 @@ class Attack : public testing::TestWithParam<Target> {
   std::string Post(const Asked& keys) { return Answer({}, keys); }
 
   /// What is posted carries the digests of the record's form, which a hostile visitor knows as well.
-  std::string Answer(const Asked& query, const Asked& form) {
+  std::string Answer(const Asked& query, const Asked& form) { return Send(query, form, DigestsOf(form)); }
+
+  using Digests = std::vector<std::pair<std::string, std::string>>;
+
+  std::string Send(const Asked& query, const Asked& form, Digests digests = {}) {
     FakePage page;
     for (const auto& [name, value] : query) page.query.push_back({Key(name), std::string(value)});
     for (const auto& [name, value] : form) page.form.push_back({Key(name), std::string(value)});
-    for (auto& [name, value] : DigestsOf(form)) page.form.push_back({std::move(name), std::move(value)});
+    for (auto& [name, value] : digests) page.form.push_back({std::move(name), std::move(value)});
     return Rendered(page, script_);
   }
 
@@ -96,8 +104,13 @@ class Attack : public testing::TestWithParam<Target> {
     for (const Lookup& lookup : lookups_) {
       view.AddEditLookup(lookup.field, lookup.table, lookup.link, lookup.display, "", false);
     }
+    if (configure_) configure_(view);
     view.WriteHtmlTable();
+    for (const std::string& call : page.calls) {
+      if (call.starts_with("Location: ")) location_ = call;
+    }
     message_ = view.GetSettings().ErrorMessage;
+    detail_ = view.GetSettings().ErrorDetail;
     count_ = view.GetSettings().RecordCount;
     view.OnEndPage();
     return page.body;
@@ -105,6 +118,9 @@ class Attack : public testing::TestWithParam<Target> {
 
   /// The records of a query, one per line.
   Lines Stored(const std::string& query) { return Rows(connection_, query); }
+
+  /// A change of somebody else.
+  void Run(const std::string& statement) { connection_->Execute(statement); }
 
   /// Everything that is outside of the page.
   Lines Outside() {
@@ -118,12 +134,15 @@ class Attack : public testing::TestWithParam<Target> {
   };
 
   std::vector<Lookup> lookups_;
+  std::function<void(component::DbView& view)> configure_;  ///< What the page sets besides.
+  std::string location_;                                    ///< The latest address that a page led to.
   std::string message_;
+  std::string detail_;
   std::int32_t count_ = 0;  ///< RecordCount after the page.
 
  private:
   /// Of the form of the posted key, if the page would show one.
-  std::vector<std::pair<std::string, std::string>> DigestsOf(const Asked& posted) {
+  Digests DigestsOf(const Asked& posted) {
     const auto key = std::ranges::find(posted, std::string_view("PK"), &Asked::value_type::first);
     if (!IsHardened() || key == posted.end()) return {};
     FakePage page;
