@@ -5,6 +5,7 @@
 #include <exception>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -63,15 +64,14 @@ class Save {
   /// A hardened page changes only what it shows, before and after.
   bool RunGuarded() {
     statement_ = settings_.EditSQL;
-    GuardedRecord guarded(render_);
-    guarded_ = &guarded;
+    guarded_.emplace(render_);
     if (!Reopen() || !SaveChecked()) return false;
-    const auto saved_key = guarded.KeyInside(*recordset_);
+    const auto saved_key = guarded_->KeyInside(*recordset_);
     if (!saved_key) {
       render_.Errors().AddLeftForm();
       return false;
     }
-    guarded.Commit();
+    guarded_->Commit();
     render_.outcome.saved_key = state::KeyOfItems(*saved_key);
     recordset_->Close();
     SetSaved();
@@ -95,7 +95,7 @@ class Save {
 
   /// Stands on the record that is changed, or on a new one. False when there is none, which is told.
   bool Reopen() {
-    if (guarded_ == nullptr) return Open(statement_) && Begin();
+    if (!guarded_) return Open(statement_) && Begin();
     return is_insert_ ? OpenGuardedForNew() : OpenGuarded();
   }
 
@@ -151,11 +151,11 @@ class Save {
   /// The page's own rules see the record inside the transaction that writes it.
   bool RunChecked() {
     // A handler may give the view's connection object another one.
-    const std::shared_ptr<platform::Connection> connection = settings::OpenConnection(settings_);
-    platform::Transaction transaction(*connection);
+    connection_ = settings::OpenConnection(settings_);
+    transaction_.emplace(*connection_);
     if (!Reopen() || !SaveChecked()) return false;
     recordset_->Close();
-    transaction.Commit();
+    transaction_->Commit();
     SetSaved();
     return true;
   }
@@ -266,10 +266,22 @@ class Save {
     return true;
   }
 
+  /// Begins anew: what others have stored meanwhile is not seen inside the old transaction everywhere.
+  void StartAgain() {
+    if (guarded_) {
+      guarded_.reset();
+      guarded_.emplace(render_);
+    } else if (transaction_) {
+      transaction_.reset();
+      transaction_.emplace(*connection_);
+    }
+  }
+
   /// Whether the record cannot be written because somebody else was faster: what the visitor wanted to write
   /// is a conflict by now, of which the form tells.
   bool IsOvertaken() {
     if (is_insert_ || !DetectsConflicts(settings_)) return false;
+    StartAgain();
     return Reopen() && !AssignAll();
   }
 
@@ -279,9 +291,11 @@ class Save {
   std::string& statement_;
   state::FieldInputs inputs_;
   bool is_insert_;
-  GuardedRecord* guarded_ = nullptr;  ///< Of a hardened page.
-  PostedKey key_;                     ///< Of an update.
-  bool is_found_ = false;             ///< Whether there is a record with the posted key.
+  std::optional<GuardedRecord> guarded_;  ///< Of a hardened page.
+  std::shared_ptr<platform::Connection> connection_;
+  std::optional<platform::Transaction<platform::Connection>> transaction_;  ///< On connection_; of others.
+  PostedKey key_;                                                           ///< Of an update.
+  bool is_found_ = false;  ///< Whether there is a record with the posted key.
   std::shared_ptr<platform::Recordset> recordset_;
 };
 

@@ -63,6 +63,19 @@ TEST_P(HardenedEditing, SavesBesideWhatSomebodyElseHasChanged) {
   EXPECT_EQ(Stored("SELECT Title, Body FROM Notes WHERE ID = 1"), Lines{"'typed' 'newer'"}) << detail_;
 }
 
+/// Somebody else saves between the look at the record and its writing. SQLite lets nobody in there.
+TEST_P(HardenedEditing, ShowsTheNewerValueAfterALostRace) {
+  if (GetParam().database == &kSqlite) return;
+  const Asked form = FormOfFirst("typed");
+  int calls = 0;
+  OnSave([&](Change&) {
+    if (++calls == 1) Run("UPDATE Notes SET Title = 'faster' WHERE ID = 1");
+  });
+  EXPECT_TRUE(Contains(SendForm(form), "<span class=\"DraloNewerValue\">faster</span>")) << detail_;
+  EXPECT_EQ(Titles(), "'faster' 'second' 'third' 'fourth'");
+  EXPECT_EQ(message_, "") << detail_;
+}
+
 TEST_P(HardenedEditing, ObeysTheFunctionsOfThePage) {
   OnSave([](Change& change) {
     EXPECT_EQ(change.Operation(), "update");
