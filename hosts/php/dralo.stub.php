@@ -269,6 +269,9 @@ final class DbView
     /** Comma list, one item per key: a statement that yields a new key value, or autoincrement. */
     public string $EditNewPKStatement;
 
+    /** On a hardened page, the column with a unique index that keeps the add form's own token, so that a form adds one record however often it is posted; forms do not show it. */
+    public string $EditInsertToken;
+
     /** The question asked before a record is deleted; empty asks nothing. */
     public string $EditConfirmDeleteString;
 

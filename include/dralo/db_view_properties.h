@@ -261,6 +261,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Comma list, one item per key: a statement that yields a new key value, or autoincrement.
   std::string EditNewPKStatement() const { return Typed<std::string>("EditNewPKStatement"); }
   void SetEditNewPKStatement(std::string_view value) { SetTyped("EditNewPKStatement", value); }
+  /// On a hardened page, the column with a unique index that keeps the add form's own token, so that a form adds one record however often it is posted; forms do not show it.
+  std::string EditInsertToken() const { return Typed<std::string>("EditInsertToken"); }
+  void SetEditInsertToken(std::string_view value) { SetTyped("EditInsertToken", value); }
   /// The question asked before a record is deleted; empty asks nothing.
   std::string EditConfirmDeleteString() const { return Typed<std::string>("EditConfirmDeleteString"); }
   void SetEditConfirmDeleteString(std::string_view value) { SetTyped("EditConfirmDeleteString", value); }

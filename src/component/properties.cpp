@@ -180,6 +180,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::EditPerformUpdates>("EditPerformUpdates", kReadWrite, "Carries out what visitors save and delete."),
   Row<&S::EditPrimaryKeys>("EditPrimaryKeys", kReadWrite, "Comma list of the fields that identify a record."),
   Row<&S::EditNewPKStatement>("EditNewPKStatement", kReadWrite, "Comma list, one item per key: a statement that yields a new key value, or autoincrement."),
+  Row<&S::EditInsertToken>("EditInsertToken", kReadWrite, "On a hardened page, the column with a unique index that keeps the add form's own token, so that a form adds one record however often it is posted; forms do not show it."),
   Row<&S::EditConfirmDeleteString>("EditConfirmDeleteString", kReadWrite, "The question asked before a record is deleted; empty asks nothing."),
   Row<&S::EditFieldsReadOnly>("EditFieldsReadOnly", kReadWrite, "Comma list of the fields that the edit form shows but does not change; * for all."),
   Row<&S::EditDetectConflicts>("EditDetectConflicts", kReadWrite, "Refuses to overwrite what somebody else has changed since the form was opened; Hardened does so too."),

@@ -11,6 +11,7 @@
 #include "editing/conflict_check.h"
 #include "editing/field_digest.h"
 #include "editing/form_edit_field.h"
+#include "editing/insert_token.h"
 #include "editing/query_schema.h"
 #include "editing/replayed_insert.h"
 #include "html/html_writer.h"
@@ -106,9 +107,15 @@ void EditForm::PutStateInputs(platform::Recordset& recordset) {
   out_.Put(R"(<input type="hidden" name="{}" value="1">)", render_.keys(key::kFormEdit));
   out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(key::kFormInsert),
            Verbatim{fields_.AddsRecord() ? "1" : ""});
-  if (fields_.AddsRecord() && DetectsReplays(settings_)) {
+  if (!fields_.AddsRecord()) return;
+  if (DetectsReplays(settings_)) {
     const std::string greatest = GreatestKey(render_, recordset);
     out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(kGreatestKey), Verbatim{greatest});
+  }
+  if (HasInsertToken(settings_)) {
+    const std::string token = InsertTokenOfForm(render_);
+    out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(key::kInsertToken),
+             Verbatim{token});
   }
 }
 

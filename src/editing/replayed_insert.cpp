@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "editing/field_digest.h"
+#include "editing/insert_token.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
@@ -60,7 +61,8 @@ bool HasPostedValues(const state::Render& render, const QuerySchema& schema, pla
 }  // namespace
 
 bool DetectsReplays(const settings::Settings& settings) {
-  return settings.Hardened && KeyNames(settings).size() == 1 && !text::IsBlank(settings.EditNewPKStatement);
+  return settings.Hardened && KeyNames(settings).size() == 1 && !text::IsBlank(settings.EditNewPKStatement) &&
+         !HasInsertToken(settings);
 }
 
 std::string GreatestKey(const state::Render& render, platform::Recordset& records) {

@@ -17,7 +17,7 @@ namespace dralo::editing {
 inline constexpr std::string_view kGreatestKey = "After";
 
 /// Whether add forms carry the greatest key: on hardened pages with one key, which the database or a
-/// statement makes.
+/// statement makes, and without EditInsertToken, which needs no question.
 bool DetectsReplays(const settings::Settings& settings);
 
 /// The greatest key of the records of EditSQL, whose fields `records` has, or one below all when there are

@@ -15,6 +15,7 @@
 #include "editing/conflict_check.h"
 #include "editing/field_value.h"
 #include "editing/guarded_record.h"
+#include "editing/insert_token.h"
 #include "editing/outcome.h"
 #include "editing/posted_field.h"
 #include "editing/posted_key.h"
@@ -43,7 +44,9 @@ class Save {
         schema_(schema),
         statement_(statement),
         inputs_(render.keys),
-        is_insert_(render.keys.Has(state::key::kFormInsert)) {}
+        is_insert_(render.keys.Has(state::key::kFormInsert)) {
+    if (is_insert_ && HasInsertToken(settings_)) token_ = PostedInsertToken(render_);
+  }
 
   bool Run() {
     if (settings_.Hardened) return RunGuarded();
@@ -65,7 +68,8 @@ class Save {
   bool RunGuarded() {
     statement_ = settings_.EditSQL;
     guarded_.emplace(render_);
-    if (!Reopen() || !SaveChecked()) return false;
+    if (IsAddedAlready()) return true;
+    if (!Reopen() || !SaveChecked()) return is_added_already_;
     const auto saved_key = guarded_->KeyInside(*recordset_);
     if (!saved_key) {
       render_.Errors().AddLeftForm();
@@ -76,6 +80,15 @@ class Save {
     recordset_->Close();
     SetSaved();
     return true;
+  }
+
+  /// Whether a post of the same form has added its record: then nothing is to be done but to say so.
+  bool IsAddedAlready() {
+    const auto key = token_.empty() ? std::nullopt : KeyOfAddedRecord(render_, schema_, token_);
+    if (!key) return false;
+    render_.outcome.saved_key = *key;
+    SetSaved();
+    return is_added_already_ = true;
   }
 
   bool OpenGuarded() {
@@ -190,6 +203,7 @@ class Save {
     const bool is_done = is_insert_ ? AssignToNewRecord(render_, schema_, *recordset_)
                                     : AssignToRecord(render_, schema_, *recordset_, key_);
     if (!is_done) Abandon();
+    if (is_done && !token_.empty()) SetInsertToken(render_, *recordset_, token_);
     return is_done;
   }
 
@@ -260,7 +274,7 @@ class Save {
     } catch (const std::exception& error) {
       const std::string reason = error.what();
       recordset_->Close();
-      if (!IsOvertaken()) render_.Errors().AddUpdateFailure(reason);
+      if (!IsAddedMeanwhile() && !IsOvertaken()) render_.Errors().AddUpdateFailure(reason);
       return false;
     }
     return true;
@@ -275,6 +289,13 @@ class Save {
       transaction_.reset();
       transaction_.emplace(*connection_);
     }
+  }
+
+  /// Whether a post of the same form was faster.
+  bool IsAddedMeanwhile() {
+    if (token_.empty()) return false;
+    StartAgain();
+    return IsAddedAlready();
   }
 
   /// Whether the record cannot be written because somebody else was faster: what the visitor wanted to write
@@ -294,8 +315,10 @@ class Save {
   std::optional<GuardedRecord> guarded_;  ///< Of a hardened page.
   std::shared_ptr<platform::Connection> connection_;
   std::optional<platform::Transaction<platform::Connection>> transaction_;  ///< On connection_; of others.
-  PostedKey key_;                                                           ///< Of an update.
-  bool is_found_ = false;  ///< Whether there is a record with the posted key.
+  std::string token_;              ///< Of a new record whose form has one.
+  bool is_added_already_ = false;  ///< By another post of the same form.
+  PostedKey key_;                  ///< Of an update.
+  bool is_found_ = false;          ///< Whether there is a record with the posted key.
   std::shared_ptr<platform::Recordset> recordset_;
 };
 

@@ -1,6 +1,7 @@
 #include "settings/field_lists.h"
 
 #include "text/blanks.h"
+#include "text/letter_case.h"
 #include "text/list.h"
 
 namespace dralo::settings {
@@ -41,6 +42,9 @@ bool IsGridFieldShown(const Settings& settings, std::string_view field_name, int
 }
 
 bool IsFormFieldShown(const Settings& settings, std::string_view field_name, int column) {
+  const bool is_token = settings.Hardened && !settings.EditInsertToken.empty() &&
+                        text::EqualIgnoringCase(text::TrimBlanks(settings.EditInsertToken), field_name);
+  if (is_token) return false;
   return IsShown(settings.FormFieldsHide, settings.FormFieldsShow, field_name, column);
 }
 

@@ -12,7 +12,8 @@ namespace dralo::settings {
 /// fields counted.
 bool IsGridFieldShown(const Settings& settings, std::string_view field_name, int column);
 
-/// The same for the form views with FormFieldsHide and FormFieldsShow.
+/// The same for the form views with FormFieldsHide and FormFieldsShow. They never show the column of
+/// EditInsertToken.
 bool IsFormFieldShown(const Settings& settings, std::string_view field_name, int column);
 
 /// Whether the edit form shows the field read-only; `index` is what the list's numbers are compared with.

@@ -147,6 +147,7 @@ struct Settings {
   bool EditPerformUpdates = true;
   std::string EditPrimaryKeys = "";
   std::string EditNewPKStatement = "";
+  std::string EditInsertToken = "";
   std::string EditConfirmDeleteString = "";
   std::string EditFieldsReadOnly = "";
   bool EditDetectConflicts = false;

@@ -21,7 +21,8 @@ bool NamesCommand(std::string_view name) {
 }  // namespace
 
 bool IsOfChange(std::string_view name) {
-  return NamesCommand(name) || name.starts_with('_') || text::EqualAscii(name, key::kToken);
+  return NamesCommand(name) || name.starts_with('_') || text::EqualAscii(name, key::kToken) ||
+         text::EqualAscii(name, key::kInsertToken);
 }
 
 RequestKeys::RequestKeys(const platform::Request& request, std::string_view tag, ChangeKeys change_keys)

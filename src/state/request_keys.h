@@ -43,6 +43,9 @@ inline constexpr std::string_view kToExcel = "ToExcel";
 /// What became of the change that led to this address: "u" a save, "i" a new record, "d" a deleted one.
 inline constexpr std::string_view kDone = "Done";
 
+/// What tells an add form from all others, so that it adds one record.
+inline constexpr std::string_view kInsertToken = "InsertToken";
+
 /// The word by which a page recognises the forms that it has written itself.
 inline constexpr std::string_view kToken = "Token";
 

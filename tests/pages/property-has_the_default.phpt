@@ -97,6 +97,7 @@ EditOptions ""
 EditPerformUpdates true
 EditPrimaryKeys ""
 EditNewPKStatement ""
+EditInsertToken ""
 EditConfirmDeleteString ""
 EditFieldsReadOnly ""
 EditDetectConflicts false
