@@ -12,6 +12,11 @@ if(DRALO_SANITIZE)
                                                  -fno-omit-frame-pointer)
   target_link_options(dralo_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(DRALO_FUZZ)
+  target_compile_options(dralo_options INTERFACE -O1 -gline-tables-only -fsanitize=fuzzer-no-link,address,undefined
+                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(dralo_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 # dralo_folder(NAME LIBRARY...): the sources of this folder as the library dralo_NAME, which uses the given libraries. A folder without sources is a library of headers.
 function(dralo_folder name)
