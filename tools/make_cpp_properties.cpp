@@ -36,7 +36,10 @@ constexpr std::string_view kViewHead = R"(#pragma once
 
 namespace dralo {
 
-/// What a view can be asked and told, each property by a getter and a setter.
+/// What a view can be asked and told, each property by a function that reads it and one that sets it.
+/// Functions that read give copies. Those that set throw std::invalid_argument, naming the property, when the
+/// value does not fit, and Error when setting reaches a database that fails. Threads and lifetime are those
+/// of the view.
 // clang-format off
 class DbViewProperties : public IndexedPropertyOwner {
  public:
@@ -55,7 +58,7 @@ constexpr std::string_view kConnectionHead = R"(#pragma once
 
 namespace dralo {
 
-/// The same of a connection that views share.
+/// The same, in the manner of DbViewProperties, of a connection that views share.
 // clang-format off
 class DBConnectionProperties : public PropertyOwner {
  public:
@@ -104,8 +107,12 @@ std::string FunctionName(std::string_view property) {
   return name;
 }
 
-void PrintFunctions(std::string_view doc, std::string_view getter, std::string_view setter) {
+/// The property's own sentence stands above the first of the functions.
+void PrintFunctions(std::string_view doc, std::string_view name, std::string_view getter,
+                    std::string_view setter) {
   std::cout << "  /// " << doc << '\n' << getter << setter;
+  if (!getter.empty() && !setter.empty()) std::cout << "  ///< Sets " << name << "().";
+  if (!setter.empty()) std::cout << '\n';
 }
 
 std::string Joined(std::initializer_list<std::string_view> parts) {
@@ -125,8 +132,8 @@ void PrintProperties(std::span<const dralo::component::Property<Owner>> rows) {
                                    : row.type == PropertyType::kList  ? "std::move(value)"
                                                                       : "value";
     const std::string setter =
-        Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name, "\", ", value, "); }\n"});
-    PrintFunctions(row.doc, row.get == nullptr || read.empty() ? "" : getter,
+        Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name, "\", ", value, "); }"});
+    PrintFunctions(row.doc, name, row.get == nullptr || read.empty() ? "" : getter,
                    row.set == nullptr ? "" : setter);
   }
 }
@@ -140,8 +147,8 @@ void PrintIndexedProperties() {
                 is_text ? "TextAt" : "GetAt", "(\"", row.name, "\", number); }\n"});
     const std::string setter =
         Joined({"  void Set", row.name, "(std::int16_t number, std::string_view text) { SetAt(\"", row.name,
-                "\", number, text); }\n"});
-    PrintFunctions(row.doc, getter, is_text ? setter : "");
+                "\", number, text); }"});
+    PrintFunctions(row.doc, row.name, getter, is_text ? setter : "");
   }
 }
 

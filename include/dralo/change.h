@@ -12,13 +12,14 @@
 
 namespace dralo::platform {
 
+/// A field of a record with its value.
 struct NamedValue {
-  std::string name;
-  Variant value;
+  std::string name;  ///< As the statement names the column.
+  Variant value;     ///< A copy of its own.
 };
 
 /// What a visitor is about to do to a record, or has just done. Lives as long as the call that it is given
-/// to.
+/// to, and belongs to the thread of that call. What its functions return are copies and stays valid.
 class Change {
  public:
   virtual ~Change() = default;
@@ -49,18 +50,21 @@ class Change {
   Change() = default;
 };
 
-/// What a page does about changes. What it throws undoes the change and becomes a message.
+/// What a page does about changes: the function of OnSave, OnSaved or OnDelete. Called by the thread that
+/// renders, once for each change; several views may share one when their pages belong to one thread.
 class ChangeHandler : public Object {
  public:
+  /// `handle` must not be empty; see MakeHandler().
   explicit ChangeHandler(std::function<void(Change&)> handle) : handle_(std::move(handle)) {}
 
+  /// What it throws undoes the change and becomes a message.
   void operator()(Change& change) const { handle_(change); }
 
  private:
   std::function<void(Change&)> handle_;
 };
 
-/// None for an empty function.
+/// The handler that calls `handle`; none for an empty function.
 inline std::shared_ptr<ChangeHandler> MakeHandler(std::function<void(Change&)> handle) {
   return handle ? std::make_shared<ChangeHandler>(std::move(handle)) : nullptr;
 }

@@ -10,13 +10,20 @@
 
 namespace dralo::platform {
 
+/// What the text of a command is.
 enum class CommandType : int { kUnspecified = -1, kText = 1, kTable = 2, kStoredProcedure = 4, kUnknown = 8 };
 
-/// A statement with its parameters, so that a visitor's input never becomes part of the text.
+/// A statement with its parameters, so that a visitor's input never becomes part of the text. Made by
+/// std::make_shared; otherwise plain values, which belong to one thread at a time.
 class Command : public Object {
  public:
+  /// Where it runs; must be set and open by then. Kept alive by the command.
   std::shared_ptr<Connection> active_connection;
+
+  /// A statement, or the name of a table or of a stored procedure, as the type says.
   std::string command_text;
+
+  /// kUnspecified and kUnknown leave it to the text: a bare name, also behind that of a schema, is a table.
   CommandType command_type = CommandType::kUnspecified;
 
   /// Values of the "?" in the text, in their order.

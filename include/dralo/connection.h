@@ -13,7 +13,9 @@ namespace dralo::platform {
 
 class Recordset;
 
-/// A connection to one database. Used by one thread at a time. Recordsets keep what they need of it alive.
+/// A connection to one database, made by Environment::MakeConnection(). Used by one thread at a time.
+/// Recordsets keep what they need of it alive. All functions that reach the database throw Error when it
+/// refuses, does not answer in time, or is gone, and when the connection is not open.
 class Connection : public Object {
  public:
   /// Connects as the "key=value;" list says; `user` and `password` are used when they are not empty.
@@ -25,6 +27,7 @@ class Connection : public Object {
   /// The list given to Open(), without a password; empty before.
   virtual const std::string& ConnectionString() const = 0;
 
+  /// Whether it was opened and not closed. Does not ask the database.
   virtual bool IsOpen() const = 0;
 
   /// How many seconds a statement may take, as Query Timeout in the list says; 0 for no limit.

@@ -6,16 +6,18 @@
 
 namespace dralo::platform {
 
-/// A calendar date (proleptic Gregorian) with a time of day, without a time zone.
+/// A calendar date (proleptic Gregorian) with a time of day, without a time zone. The zero date at midnight
+/// until it is set. A plain value: nothing checks it but IsValid().
 struct DateTime {
-  std::int16_t year = 1899;
-  std::uint8_t month = 12;  ///< 1 to 12
-  std::uint8_t day = 30;    ///< 1 to 31
-  std::uint8_t hour = 0;    ///< 0 to 23
-  std::uint8_t minute = 0;
-  std::uint8_t second = 0;
-  std::uint32_t nanosecond = 0;
+  std::int16_t year = 1899;      ///< 1 to 9999
+  std::uint8_t month = 12;       ///< 1 to 12
+  std::uint8_t day = 30;         ///< 1 to 31
+  std::uint8_t hour = 0;         ///< 0 to 23
+  std::uint8_t minute = 0;       ///< 0 to 59
+  std::uint8_t second = 0;       ///< 0 to 59
+  std::uint32_t nanosecond = 0;  ///< 0 to 999,999,999
 
+  /// By time, as long as both are valid.
   friend constexpr auto operator<=>(const DateTime&, const DateTime&) = default;
 
   /// The zero date, 30 December 1899, stands for "no date": a pure time of day.

@@ -15,7 +15,8 @@ namespace component {
 class DBConnection;
 }
 
-/// Lets several views on one page share one open database connection.
+/// Lets several views on one page share one open database connection. Belongs to the thread of its page; the
+/// views keep it alive.
 class DRALO_EXPORT DBConnection final : public Object, public DBConnectionProperties {
  public:
   /// Makes a connection of its own; it is not open yet. `environment` must outlive the object.
@@ -29,8 +30,11 @@ class DRALO_EXPORT DBConnection final : public Object, public DBConnectionProper
   /// Gives its own connection back; one that was assigned stays as it is.
   void OnEndPage();
 
+  /// @{
+  /// As PropertyOwner has it.
   PropertyValue Get(std::string_view name) const override;
   void Set(std::string_view name, const PropertyValue& value) override;
+  /// @}
 
  private:
   friend class DbView;

@@ -11,16 +11,16 @@
 
 namespace dralo {
 
-/// The same of a connection that views share.
+/// The same, in the manner of DbViewProperties, of a connection that views share.
 // clang-format off
 class DBConnectionProperties : public PropertyOwner {
  public:
   /// The database connection; one that the page assigns stays the page's own.
   std::shared_ptr<dralo::Connection> Connection() const { return Typed<std::shared_ptr<dralo::Connection>>("Connection"); }
-  void SetConnection(const std::shared_ptr<dralo::Connection>& value) { SetTyped("Connection", value); }
+  void SetConnection(const std::shared_ptr<dralo::Connection>& value) { SetTyped("Connection", value); }  ///< Sets Connection().
   /// The dialect: "ORACLE", "SQLA", "MSSQL" or "ACCESS"; any other name stands for "ORACLE"; set it after the connection string.
   std::string DatabaseEngine() const { return Typed<std::string>("DatabaseEngine"); }
-  void SetDatabaseEngine(std::string_view value) { SetTyped("DatabaseEngine", value); }
+  void SetDatabaseEngine(std::string_view value) { SetTyped("DatabaseEngine", value); }  ///< Sets DatabaseEngine().
 };
 // clang-format on
 

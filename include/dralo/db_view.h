@@ -17,14 +17,19 @@ class DbView;
 }
 
 /// Turns a database query into an interactive part of a web page. Made for one page: bound to it, configured
-/// through its properties, rendered.
+/// through its properties, rendered. It belongs to the thread of its page; views of different pages are
+/// independent. Page and environment must outlive it, or OnEndPage() be called first; objects that are given
+/// to properties are kept alive.
 class DRALO_EXPORT DbView final : public DbViewProperties {
  public:
   /// `environment` must outlive the view.
   explicit DbView(Environment& environment);
   ~DbView() override;
+  /// @{
+  /// One that was moved from can only be assigned to and destroyed.
   DbView(DbView&&) noexcept;
   DbView& operator=(DbView&&) noexcept;
+  /// @}
 
   /// Binds the view to the page, which must live until OnEndPage(). A page that cannot be had is told in
   /// ErrorMessage. On a page after the first the view begins anew but for its properties.
@@ -58,10 +63,13 @@ class DRALO_EXPORT DbView final : public DbViewProperties {
   /// has no lookup.
   std::string EditLookupAsString(std::string_view field_name) const;
 
+  /// @{
+  /// As PropertyOwner and IndexedPropertyOwner have it.
   PropertyValue Get(std::string_view name) const override;
   void Set(std::string_view name, const PropertyValue& value) override;
   Variant GetAt(std::string_view name, std::int16_t number) override;
   void SetAt(std::string_view name, std::int16_t number, std::string_view text) override;
+  /// @}
 
  private:
   std::unique_ptr<component::DbView> view_;

@@ -15,7 +15,8 @@ class Environment;
 }
 
 /// What a process offers to every page: databases, regional settings, regular expressions. Make one per
-/// process; it outlives every page. Several threads may use it.
+/// process; it outlives every page, view, connection and recordset. Several threads may use it, also at the
+/// same moment. After fork() a child may go on using it, but not the connections that were open.
 class DRALO_EXPORT Environment {
  public:
   /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US.
@@ -25,11 +26,13 @@ class DRALO_EXPORT Environment {
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
 
+  /// @{
   /// New objects that are not open yet. Commands are made with std::make_shared.
   std::shared_ptr<Connection> MakeConnection();
   std::shared_ptr<Recordset> MakeRecordset();
+  /// @}
 
-  /// Closes the connections that the process keeps for later pages.
+  /// Closes the connections that the process keeps for later pages; those in use stay. For any thread.
   static void CloseIdleConnections();
 
  private:

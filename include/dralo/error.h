@@ -10,7 +10,8 @@
 namespace dralo::platform {
 
 /// A failure that a page author is told about: of a database, of a conversion, of the object factory.
-/// The one exception class of all layers.
+/// The one exception class of all layers. A value: it outlives what has thrown it, and may pass between
+/// threads.
 class DRALO_EXPORT Error : public std::runtime_error {
  public:
   /// `description` says what failed and what to do, in one sentence without the statement's text.
@@ -21,6 +22,7 @@ class DRALO_EXPORT Error : public std::runtime_error {
         sqlstate_(std::move(sqlstate)),
         source_(std::move(source)) {}
 
+  /// What the constructor was given; the same as what().
   std::string_view Description() const { return what(); }
 
   /// The native code, for SQLite its extended result code; 0 when there is none.

@@ -13,14 +13,17 @@ namespace dralo::platform {
 /// in a primary key; "" when `text` is no value of the column.
 using KeyComparison = std::string (*)(std::string_view name, std::string_view text);
 
-/// One column of a recordset. Owned by its recordset and valid until that is closed.
+/// One column of a recordset. Owned by its recordset, valid until that is closed, and of its thread.
 class Field {
  public:
   virtual ~Field() = default;
   Field(const Field&) = delete;
   Field& operator=(const Field&) = delete;
 
+  /// As the database calls the column of the query; valid as long as the field.
   virtual std::string_view Name() const = 0;
+
+  /// The type that the column declares, or that of its first value; see HasDeclaredType().
   virtual TypeCode Type() const = 0;
 
   /// A sum of bits such as kFieldIsNullable.

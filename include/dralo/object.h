@@ -4,7 +4,8 @@
 
 namespace dralo::platform {
 
-/// What object creation by programmatic identifier returns, and what properties of type object hold.
+/// What object creation by programmatic identifier returns, and what properties of type object hold. Shared
+/// by std::shared_ptr; objects are not copied.
 class Object {
  public:
   virtual ~Object() = default;
@@ -15,6 +16,7 @@ class Object {
   Object() = default;
 };
 
+/// None is a null pointer.
 using ObjectPtr = std::shared_ptr<Object>;
 
 }  // namespace dralo::platform

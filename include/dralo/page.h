@@ -16,7 +16,8 @@ namespace dralo {
 
 /// One request and its response for a C++ program that serves pages itself.
 /// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected: status,
-/// headers and body.
+/// headers and body. It belongs to one thread, and must outlive its views or their OnEndPage(). What sets its
+/// status or its headers throws Error once a piece was sent.
 class DRALO_EXPORT Page final : public PageContext, private Request, private Response {
  public:
   /// Thrown by End() so that the program stops rendering the page; catch it where the page is served.
@@ -26,22 +27,36 @@ class DRALO_EXPORT Page final : public PageContext, private Request, private Res
   /// address that links and the form lead back to.
   Page(std::string_view script_name, std::string_view query_string, std::string_view form_body = {});
 
-  /// Sends pieces on as they are written instead of collecting them; headers are complete by then.
+  /// Sends pieces on as they are written instead of collecting them; headers are complete by then. A piece is
+  /// valid during the call, and what the function throws ends the rendering.
   std::function<void(const Page& page, std::string_view piece)> send;
 
-  /// What the request line and the headers said. Views that are hardened change records only for a "POST"
-  /// whose headers show where it comes from: what is left out is missing. Names in any letter case; one that
-  /// came twice stands here twice.
+  /// @{
+  /// What the request line and the headers said, set before rendering. Hardened views change records only
+  /// for a "POST" whose headers show where it comes from: what is left out is missing. Names in any letter
+  /// case; one that came twice stands here twice.
   std::string method;
   std::vector<std::pair<std::string, std::string>> request_headers;
+  /// @}
 
+  /// The status of the answer; 200 until something sets another.
   int Status() const { return status_; }
+
+  /// What was written and not sent, as UTF-8 or, for a download, bytes. Valid as long as the page, and
+  /// changed by what is written.
   const std::string& Body() const { return body_; }
+
+  /// "text/html; charset=utf-8" until something sets another.
   const std::string& ContentType() const { return content_type_; }
+
+  /// Names and values besides the type, in the order in which they were added.
   const std::vector<std::pair<std::string, std::string>>& Headers() const { return headers_; }
 
+  /// @{
+  /// The page itself, as views see it.
   const Request& GetRequest() const override { return *this; }
   Response& GetResponse() override { return *this; }
+  /// @}
 
  private:
   std::span<const RequestField> Form() const override { return form_; }

@@ -13,12 +13,18 @@ class PageMemory {
   virtual ~PageMemory() = default;
 };
 
-/// What the host hands over at page start. Lives until page end.
+/// What the host hands over at page start. Lives until page end, belongs to the thread of the page, and may
+/// be shared by several views. A server with requests and responses of its own implements it; Page does it
+/// for the others.
 class PageContext {
  public:
   virtual ~PageContext() = default;
+
+  /// @{
+  /// Valid as long as the context.
   virtual const Request& GetRequest() const = 0;
   virtual Response& GetResponse() = 0;
+  /// @}
 
   /// Whether Response::End() has ended the page although the host goes on: its views do nothing any more.
   virtual bool HasEnded() const { return false; }

@@ -14,7 +14,8 @@ namespace dralo {
 
 /// A page that a thread of its own writes while another one takes it piece by piece: for servers that ask for
 /// the next piece instead of being given it, so that a download is never collected. One piece is kept at a
-/// time; a server that does not ask holds the writing up.
+/// time; a server that does not ask holds the writing up. Its functions are called by one thread at a time.
+/// What `write` uses must live until the stream is destroyed, which waits for it.
 class DRALO_EXPORT PageStream {
  public:
   /// `write` writes `page`, whose `send` belongs to the stream; it begins at the first Next(). That it throws

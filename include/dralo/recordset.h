@@ -14,7 +14,9 @@
 
 namespace dralo::platform {
 
+/// How a recordset reads. Rows can be changed with kKeyset only; all of them read forward.
 enum class CursorType : int { kUnspecified = -1, kForwardOnly = 0, kKeyset = 1, kDynamic = 2, kStatic = 3 };
+/// Whether rows can be changed: only with kOptimistic.
 enum class LockType : int {
   kUnspecified = -1,
   kReadOnly = 1,
@@ -22,6 +24,7 @@ enum class LockType : int {
   kOptimistic = 3,
   kBatchOptimistic = 4
 };
+/// Where rows wait to be read; for changes it must be kClient.
 enum class CursorLocation : int { kServer = 2, kClient = 3 };
 
 /// Whose old values must still be there when a row is written.
@@ -35,16 +38,23 @@ struct RecordIdentity {
 
 /// The rows of a query, read forward one at a time.
 /// Opening is lazy: the statement is checked by Open(), but no row is read before a row, a field or the end
-/// is asked for.
+/// is asked for. Made by Environment::MakeRecordset() or Connection::Execute(). Used by one thread at a time,
+/// the one that uses its connection, which it keeps alive. Functions that need rows throw Error when it is
+/// not open, and all that reach the database when that fails.
 class Recordset : public Object {
  public:
-  /// The highest number of rows the recordset yields; 0 (the default) means all. Set before opening.
+  /// @{
+  /// The highest number of rows the recordset yields; 0 (the default) means all. Set before opening; a
+  /// negative one is an Error.
   virtual void SetMaxRecords(std::int64_t rows) = 0;
   virtual std::int64_t MaxRecords() const = 0;
+  /// @}
 
+  /// @{
   /// kServer by default. Set before opening.
   virtual void SetCursorLocation(CursorLocation location) = 0;
   virtual CursorLocation Location() const = 0;
+  /// @}
 
   /// kChangedColumns by default, which lets somebody else change other columns meanwhile; with kAllColumns
   /// one of two changes of a row always fails.
@@ -78,6 +88,7 @@ class Recordset : public Object {
   /// active connection of `described`.
   virtual void OpenDescribed(Command& described, Command& rows) = 0;
 
+  /// Whether it was opened and not closed; a statement without rows leaves it closed.
   virtual bool IsOpen() const = 0;
 
   /// Whether there is no current row because the last one was passed. False after AddNew().

@@ -9,11 +9,12 @@ namespace dralo::platform {
 
 /// One name with one value, decoded. A name that occurs several times is several fields.
 struct RequestField {
-  std::string name;
-  std::string value;
+  std::string name;   ///< As it was sent, never empty.
+  std::string value;  ///< Empty when none was sent.
 };
 
-/// The request of the current page. Names and values are any bytes.
+/// The request of the current page. Names and values are any bytes. Unchanged while a view is rendered, whose
+/// thread alone calls it; what the functions point to lives as long as the request.
 class Request {
  public:
   virtual ~Request() = default;

@@ -6,7 +6,7 @@
 
 namespace dralo::platform {
 
-/// The page being written.
+/// The page being written, by the thread that renders. What its functions throw ends the rendering.
 class Response {
  public:
   virtual ~Response() = default;

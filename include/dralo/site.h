@@ -7,7 +7,7 @@
 
 namespace dralo::platform {
 
-/// What holds for all pages of a process.
+/// What holds for all pages of a process. Given to an Environment, which keeps a copy.
 struct Site {
   /// Whether views are hardened unless their page says otherwise.
   bool hardened = false;
@@ -20,7 +20,8 @@ struct Site {
   std::vector<std::string> hosts = {};
 
   /// Takes a line about what went wrong in a hardened view: one line, at most 2,000 bytes. Called by the
-  /// thread that renders; what it throws ends the rendering. Without it nothing is logged.
+  /// threads that render, by several at the same moment; what it throws ends the rendering. Without it
+  /// nothing is logged.
   std::function<void(std::string_view line)> log = nullptr;
 };
 

@@ -12,28 +12,34 @@ namespace dralo::platform {
 
 /// The absence of a value.
 struct Null {
+  /// Any two are equal, other than in a database.
   friend constexpr bool operator==(Null, Null) = default;
 };
 
 /// An exact decimal number as text: an optional "-", digits, and optionally "." and digits; no exponent, no
 /// grouping.
 struct Decimal {
-  std::string text;
+  std::string text;  ///< Such as "-12.50".
+
+  /// Of the texts: "1.0" and "1.00" differ.
   friend bool operator==(const Decimal&, const Decimal&) = default;
 };
 
 /// A Decimal whose digits stand elsewhere.
 struct DecimalView {
-  std::string_view text;
+  std::string_view text;  ///< As in Decimal.
+
+  /// Of the texts.
   friend constexpr bool operator==(const DecimalView&, const DecimalView&) = default;
 };
 
+/// Bytes of its own; never text.
 using Bytes = std::vector<std::uint8_t>;
 
 /// Bytes that stand elsewhere; never text.
 struct BytesView {
-  const std::uint8_t* data = nullptr;
-  std::size_t size = 0;
+  const std::uint8_t* data = nullptr;  ///< May be nullptr when `size` is 0.
+  std::size_t size = 0;                ///< In bytes.
 };
 
 /// A value of its own. Text is UTF-8.
@@ -74,6 +80,7 @@ inline VariantView View(const Variant& value) {
   return std::visit(Viewer{}, value);
 }
 
+/// Whether there is no value. An empty text is one.
 inline bool IsNull(const VariantView& value) { return std::holds_alternative<Null>(value); }
 
 }  // namespace dralo::platform
