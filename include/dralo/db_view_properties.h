@@ -63,7 +63,7 @@ class DbViewProperties : public IndexedPropertyOwner {
   std::shared_ptr<dralo::DBConnection> DrConnection() const { return Typed<std::shared_ptr<dralo::DBConnection>>("DrConnection"); }
   void SetDrConnection(const std::shared_ptr<dralo::DBConnection>& value) { SetTyped("DrConnection", value); }  ///< Sets DrConnection().
   /// An open recordset that is shown instead of a query; switches CountRecords off.
-  void SetADORecordset(const std::shared_ptr<dralo::Recordset>& value) { SetTyped("ADORecordset", value); }  ///< Sets ADORecordset().
+  void SetADORecordset(const std::shared_ptr<dralo::Recordset>& value) { SetTyped("ADORecordset", value); }
   /// The interface language: "ENG", "GER" or "NOR" in capitals; other codes are ignored.
   std::string Language() const { return Typed<std::string>("Language"); }
   void SetLanguage(std::string_view value) { SetTyped("Language", value); }  ///< Sets Language().
@@ -277,24 +277,24 @@ class DbViewProperties : public IndexedPropertyOwner {
   bool EditDetectConflicts() const { return Typed<bool>("EditDetectConflicts"); }
   void SetEditDetectConflicts(bool value) { SetTyped("EditDetectConflicts", value); }  ///< Sets EditDetectConflicts().
   /// A function that is given each change before it is written: it can set other values and refuse the change.
-  void SetOnSave(std::function<void(Change&)> value) { SetTyped("OnSave", MakeHandler(std::move(value))); }  ///< Sets OnSave().
+  void SetOnSave(std::function<void(Change&)> value) { SetTyped("OnSave", MakeHandler(std::move(value))); }
   /// A function that is given each change when it is written, in the same transaction.
-  void SetOnSaved(std::function<void(Change&)> value) { SetTyped("OnSaved", MakeHandler(std::move(value))); }  ///< Sets OnSaved().
+  void SetOnSaved(std::function<void(Change&)> value) { SetTyped("OnSaved", MakeHandler(std::move(value))); }
   /// A function that is given each delete before it is carried out: it can refuse it.
-  void SetOnDelete(std::function<void(Change&)> value) { SetTyped("OnDelete", MakeHandler(std::move(value))); }  ///< Sets OnDelete().
+  void SetOnDelete(std::function<void(Change&)> value) { SetTyped("OnDelete", MakeHandler(std::move(value))); }
   /// HTML beside required fields.
   std::string RequiredFieldIndicator() const { return Typed<std::string>("RequiredFieldIndicator"); }
   void SetRequiredFieldIndicator(std::string_view value) { SetTyped("RequiredFieldIndicator", value); }  ///< Sets RequiredFieldIndicator().
   /// The view that the request selects: "grid", "formview", "formedit" or "formadd".
   std::string CurrentMode() const { return Typed<std::string>("CurrentMode"); }
   /// Comma list of twelve texts that replace the navigation texts.
-  void SetLanguageString(std::string_view value) { SetTyped("LanguageString", value); }  ///< Sets LanguageString().
+  void SetLanguageString(std::string_view value) { SetTyped("LanguageString", value); }
   /// Comma list of five texts that replace the button captions.
-  void SetLanguageBtnString(std::string_view value) { SetTyped("LanguageBtnString", value); }  ///< Sets LanguageBtnString().
+  void SetLanguageBtnString(std::string_view value) { SetTyped("LanguageBtnString", value); }
   /// Comma list of three or four texts that replace the messages after a save or delete.
-  void SetLangUpdString(std::string_view value) { SetTyped("LangUpdString", value); }  ///< Sets LangUpdString().
+  void SetLangUpdString(std::string_view value) { SetTyped("LangUpdString", value); }
   /// All cell templates at once: column number, template, column number, template and so on.
-  void SetGridFreeFormatCell(std::string_view value) { SetTyped("GridFreeFormatCell", value); }  ///< Sets GridFreeFormatCell().
+  void SetGridFreeFormatCell(std::string_view value) { SetTyped("GridFreeFormatCell", value); }
   /// The value at a position, from 1, of the record that was shown last, of a grid its first; empty while a record is being added.
   Variant CurrentRecord(std::int16_t number) { return GetAt("CurrentRecord", number); }
   /// The template of a column's cells; #Name# stands for the record's field Name.
