@@ -67,6 +67,15 @@ class DebianRoot:
         return subprocess.run(self.entering("root", command), env=INSIDE, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, text=True)
 
+    def start(self, user, command):
+        """A program that runs until it is ended by its process id, and what it says as a file."""
+        said, says = os.pipe()
+        # As in a container, where it may open its own output once more.
+        os.fchown(says, int(self.run("id", "-u", user)), -1)
+        program = subprocess.Popen(self.entering(user, command), env=INSIDE, stdin=subprocess.DEVNULL, stdout=says, stderr=says)
+        os.close(says)
+        return program, os.fdopen(said)
+
     def entering(self, user, command):
         return ["unshare", "--mount", "--propagation", "private", "sh", "-c", ENTER, "sh", self.folder, user, *command]
 
