@@ -18,26 +18,63 @@ namespace {
 
 using platform::ObjectPtr;
 
+/// Objects keep the regional settings that they are made with: none of a process that has used so many is let
+/// go of.
+constexpr std::size_t kMostLocales = 256;
+
 struct Registration {
   std::string_view identifier;
-  ObjectPtr (*make)(Environment& environment);
+  ObjectPtr (*make)(platform::Environment& environment);
 };
 
 constexpr auto kRegistrations = std::to_array<Registration>({
     {"ADODB.Connection",
-     [](Environment& environment) -> ObjectPtr {
+     [](platform::Environment& environment) -> ObjectPtr {
        return database::MakeConnection(AllProviders(), &environment.Regional());
      }},
     {"ADODB.Recordset",
-     [](Environment& environment) -> ObjectPtr { return database::MakeRecordset(&environment.Regional()); }},
-    {"ADODB.Command", [](Environment&) -> ObjectPtr { return std::make_shared<platform::Command>(); }},
+     [](platform::Environment& environment) -> ObjectPtr {
+       return database::MakeRecordset(&environment.Regional());
+     }},
+    {"ADODB.Command",
+     [](platform::Environment&) -> ObjectPtr { return std::make_shared<platform::Command>(); }},
     {"Dralo.DbView",
-     [](Environment& environment) -> ObjectPtr { return std::make_shared<component::DbView>(environment); }},
+     [](platform::Environment& environment) -> ObjectPtr {
+       return std::make_shared<component::DbView>(environment);
+     }},
     {"Dralo.DBConnection",
-     [](Environment& environment) -> ObjectPtr {
+     [](platform::Environment& environment) -> ObjectPtr {
        return std::make_shared<component::DBConnection>(environment);
      }},
 });
+
+ObjectPtr MakeObject(platform::Environment& environment, std::string_view programmatic_identifier) {
+  for (const Registration& registration : kRegistrations) {
+    if (text::EqualIgnoringCase(registration.identifier, programmatic_identifier))
+      return registration.make(environment);
+  }
+  throw platform::Error("No object is registered as \"" + std::string(programmatic_identifier) + "\"");
+}
+
+/// The services of another environment with regional settings of their own.
+class LocaleEnvironment final : public platform::Environment {
+ public:
+  /// `base` outlives the object.
+  LocaleEnvironment(platform::Environment& base, std::string_view locale)
+      : base_(base), formatting_(regional::MakeFormatting(locale)) {}
+
+  ObjectPtr CreateObject(std::string_view programmatic_identifier) override {
+    return MakeObject(*this, programmatic_identifier);
+  }
+  const platform::ValueFormatting& Regional() const override { return *formatting_; }
+  platform::Environment& InLocale(std::string_view locale) override { return base_.InLocale(locale); }
+  std::unique_ptr<platform::RegExp> CreateRegExp() override { return base_.CreateRegExp(); }
+  const platform::Site& GetSite() const override { return base_.GetSite(); }
+
+ private:
+  platform::Environment& base_;
+  std::unique_ptr<platform::ValueFormatting> formatting_;
+};
 
 }  // namespace
 
@@ -54,11 +91,16 @@ void Environment::SetSite(platform::Site site) {
 Environment::~Environment() = default;
 
 ObjectPtr Environment::CreateObject(std::string_view programmatic_identifier) {
-  for (const Registration& registration : kRegistrations) {
-    if (text::EqualIgnoringCase(registration.identifier, programmatic_identifier))
-      return registration.make(*this);
-  }
-  throw platform::Error("No object is registered as \"" + std::string(programmatic_identifier) + "\"");
+  return MakeObject(*this, programmatic_identifier);
+}
+
+platform::Environment& Environment::InLocale(std::string_view locale) {
+  if (locale.empty()) return *this;
+  const std::lock_guard lock(locales_mutex_);
+  if (const auto known = locales_.find(locale); known != locales_.end()) return *known->second;
+  if (locales_.size() >= kMostLocales) throw platform::Error("Too many locales are in use");
+  auto made = std::make_unique<LocaleEnvironment>(*this, locale);
+  return *locales_.emplace(locale, std::move(made)).first->second;
 }
 
 std::unique_ptr<platform::RegExp> Environment::CreateRegExp() { return regional::MakeRegExp(); }

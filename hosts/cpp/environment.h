@@ -1,6 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <memory>
+#include <mutex>
+#include <string>
 #include <string_view>
 
 #include "platform/environment.h"
@@ -19,6 +23,7 @@ class Environment final : public platform::Environment {
 
   platform::ObjectPtr CreateObject(std::string_view programmatic_identifier) override;
   const platform::ValueFormatting& Regional() const override { return *formatting_; }
+  platform::Environment& InLocale(std::string_view locale) override;
   std::unique_ptr<platform::RegExp> CreateRegExp() override;
   const platform::Site& GetSite() const override { return site_; }
 
@@ -29,6 +34,8 @@ class Environment final : public platform::Environment {
  private:
   std::unique_ptr<platform::ValueFormatting> formatting_;
   platform::Site site_;
+  std::mutex locales_mutex_;
+  std::map<std::string, std::unique_ptr<platform::Environment>, std::less<>> locales_;
 };
 
 }  // namespace dralo::host

@@ -68,6 +68,9 @@ final class DbView
     /** The interface language: "ENG", "GER" or "NOR" in capitals; other codes are ignored. */
     public string $Language;
 
+    /** Language and country of dates, numbers and booleans, such as "de-DE"; empty for those of the process; set it before ConnectionString. */
+    public string $Locale;
+
     /** One character that tells several views on a page apart; it is part of every request key and element id. */
     public string $Tag;
 

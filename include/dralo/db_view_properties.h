@@ -67,6 +67,9 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// The interface language: "ENG", "GER" or "NOR" in capitals; other codes are ignored.
   std::string Language() const { return Typed<std::string>("Language"); }
   void SetLanguage(std::string_view value) { SetTyped("Language", value); }  ///< Sets Language().
+  /// Language and country of dates, numbers and booleans, such as "de-DE"; empty for those of the process; set it before ConnectionString.
+  std::string Locale() const { return Typed<std::string>("Locale"); }
+  void SetLocale(std::string_view value) { SetTyped("Locale", value); }  ///< Sets Locale().
   /// One character that tells several views on a page apart; it is part of every request key and element id.
   std::string Tag() const { return Typed<std::string>("Tag"); }
   void SetTag(std::string_view value) { SetTyped("Tag", value); }  ///< Sets Tag().

@@ -84,10 +84,10 @@ void DbView::RunOnPage(void (*step)(state::Render& render, platform::PageContext
   has_answered_ = true;
   if (page_->HasEnded()) return;
   const platform::Request& request = page_->GetRequest();
-  const state::RequestKeys keys = state::OfferedKeys(request, settings_, environment_.GetSite());
+  const state::RequestKeys keys = state::OfferedKeys(request, settings_, GetEnvironment().GetSite());
   html::HtmlWriter out(page_->GetResponse());
   state::Render render{.settings = settings_,
-                       .environment = environment_,
+                       .environment = GetEnvironment(),
                        .keys = keys,
                        .out = out,
                        .script_name = request.ServerVariable("SCRIPT_NAME"),
@@ -112,23 +112,24 @@ state::Outcome DbView::StartingOutcome() {
 }
 
 void DbView::QHtmlTable(std::string_view connection_string, std::string_view table_name) {
-  settings::SetConnectionString(MutableSettings(), environment_, std::string(connection_string));
-  settings::SetSql(settings_, environment_, "SELECT * FROM " + std::string(table_name));
+  settings::SetConnectionString(MutableSettings(), GetEnvironment(), std::string(connection_string));
+  settings::SetSql(settings_, GetEnvironment(), "SELECT * FROM " + std::string(table_name));
   WriteHtmlTable();
 }
 
 std::string_view DbView::CurrentMode() const {
   if (page_ == nullptr)
-    return state::ModeName(state::CurrentMode(settings_, nullptr, environment_.Regional(), false));
-  const state::RequestKeys keys = state::OfferedKeys(page_->GetRequest(), settings_, environment_.GetSite());
+    return state::ModeName(state::CurrentMode(settings_, nullptr, GetEnvironment().Regional(), false));
+  const state::RequestKeys keys =
+      state::OfferedKeys(page_->GetRequest(), settings_, GetEnvironment().GetSite());
   return state::ModeName(
-      state::CurrentMode(settings_, &keys, environment_.Regional(), outcome_.has_failed_to_save));
+      state::CurrentMode(settings_, &keys, GetEnvironment().Regional(), outcome_.has_failed_to_save));
 }
 
 platform::Variant DbView::CurrentRecord(std::int16_t index) const {
   const bool adding =
-      page_ != nullptr &&
-      state::OfferedKeys(page_->GetRequest(), settings_, environment_.GetSite()).Has(state::key::kFormAdd);
+      page_ != nullptr && state::OfferedKeys(page_->GetRequest(), settings_, GetEnvironment().GetSite())
+                              .Has(state::key::kFormAdd);
   if (adding || index < 1 || static_cast<std::size_t>(index) > outcome_.record.size()) return std::string();
   return outcome_.record[static_cast<std::size_t>(index) - 1];
 }

@@ -88,7 +88,10 @@ class DbView final : public platform::Object {
   const settings::Settings& GetSettings() const { return settings_; }
   /// Throws platform::Error while the view writes its page: its handlers of changes must leave it alone.
   settings::Settings& MutableSettings();
-  platform::Environment& GetEnvironment() { return environment_; }
+  /// With the regional settings that the view has.
+  platform::Environment& GetEnvironment() const {
+    return settings_.locale_environment == nullptr ? environment_ : *settings_.locale_environment;
+  }
 
  private:
   void ForgetFormerPage();

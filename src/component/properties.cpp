@@ -113,6 +113,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Secret(Row<&S::DrConnection, settings::SetDrConnection>("DrConnection", kReadWrite, "A connection that several views share.", "Dralo.DBConnection")),
   WriteOnly(Row<&S::ADORecordset, settings::SetAdoRecordset>("ADORecordset", kWriteOnly, "An open recordset that is shown instead of a query; switches CountRecords off.", "ADODB.Recordset")),
   Row<&S::Language, settings::SetLanguage>("Language", kReadWrite, "The interface language: \"ENG\", \"GER\" or \"NOR\" in capitals; other codes are ignored."),
+  Row<&S::Locale, settings::SetLocale>("Locale", kReadWrite, "Language and country of dates, numbers and booleans, such as \"de-DE\"; empty for those of the process; set it before ConnectionString."),
   Row<&S::Tag>("Tag", kReadWrite, "One character that tells several views on a page apart; it is part of every request key and element id."),
   Row<&S::DisplayType, settings::SetDisplayType>("DisplayType", kReadWrite, "\"grid\", \"form\", or \"default\", which shows the one-record view when RecordsPerPage is 1."),
   Row<&S::RecordsPerPage, settings::SetRecordsPerPage>("RecordsPerPage", kReadWrite, "Rows on a page of the grid; a value that is not below RecordsMaxLimit is ignored."),

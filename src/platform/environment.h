@@ -23,6 +23,13 @@ class Environment {
 
   virtual const ValueFormatting& Regional() const = 0;
 
+  /// The same services with the regional settings of `locale`, such as "de-DE"; these ones for an empty text.
+  /// Valid as long as this object. Throws Error when the locale is unknown, and by default for all.
+  virtual Environment& InLocale(std::string_view locale) {
+    if (locale.empty()) return *this;
+    throw Error("The host has no other locale than its own");
+  }
+
   virtual std::unique_ptr<RegExp> CreateRegExp() = 0;
 
   /// What holds for all pages; by default nothing.

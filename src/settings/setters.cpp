@@ -168,6 +168,11 @@ void SetDrConnection(Settings& settings, std::shared_ptr<platform::PageConnectio
   settings.DrConnection = std::move(value);
 }
 
+void SetLocale(Settings& settings, platform::Environment& environment, std::string value) {
+  settings.locale_environment = value.empty() ? nullptr : &environment.InLocale(value);
+  settings.Locale = std::move(value);
+}
+
 void SetLanguage(Settings& settings, std::string value) {
   auto tables = BuiltInTables(value);
   if (tables == nullptr) return;

@@ -63,6 +63,10 @@ void SetConnectionString(Settings& settings, platform::Environment& environment,
 /// Shares the given connection; the view does not close it.
 void SetDrConnection(Settings& settings, std::shared_ptr<platform::PageConnection> value);
 
+/// Dates, numbers and booleans are written and read as in that locale, by objects made from now on; an empty
+/// text is the process's own. Throws platform::Error, and changes nothing, when it is unknown.
+void SetLocale(Settings& settings, platform::Environment& environment, std::string value);
+
 /// Fills all language tables from the built-in language; an unknown code changes nothing.
 void SetLanguage(Settings& settings, std::string value);
 

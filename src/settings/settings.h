@@ -9,6 +9,7 @@
 #include "dralo/change.h"
 #include "dralo/command.h"
 #include "dralo/recordset.h"
+#include "platform/environment.h"
 #include "platform/page_connection.h"
 #include "settings/language.h"
 #include "settings/lookup_list.h"
@@ -157,6 +158,9 @@ struct Settings {
   std::shared_ptr<platform::ChangeHandler> OnDelete;
   std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
   LookupList lookups;  ///< What AddEditLookup added.
+
+  std::string Locale = "";
+  platform::Environment* locale_environment = nullptr;  ///< What Locale says; none is the process's own.
 
   // Interface language.
   std::string Language = "ENG";

@@ -30,6 +30,7 @@ ConnectionString ""
 DrConnection null
 ADORecordset (Cannot read write-only property Dralo\DbView::$ADORecordset)
 Language "ENG"
+Locale ""
 Tag "1"
 DisplayType "default"
 RecordsPerPage 20

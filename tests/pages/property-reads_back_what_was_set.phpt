@@ -5,7 +5,7 @@ Property: every writable property reads back what was set, under its own name an
 require __DIR__ . '/shop.inc';
 
 // Texts that a setter normalises are chosen so that they are normal already.
-const CHOSEN = ['Language' => 'GER', 'DatabaseEngine' => 'MSSQL'];
+const CHOSEN = ['Language' => 'GER', 'Locale' => 'de-DE', 'DatabaseEngine' => 'MSSQL'];
 const WRITE_ONLY = ['ADORecordset', 'LanguageString', 'LanguageBtnString', 'LangUpdString', 'GridFreeFormatCell'];
 $chosen = CHOSEN + ['ConnectionString' => shop()];
 

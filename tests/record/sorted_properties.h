@@ -28,6 +28,7 @@ inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "FormSqlParameters",
     "GridColsHtml",
     "Hardened",
+    "Locale",
     "OnDelete",
     "OnSave",
     "OnSaved",

@@ -90,7 +90,8 @@ TEST_P(EveryProperty, HasItsDefault) {
 
 TEST_P(EveryProperty, ReadsBackWhatWasSet) {
   const auto& property = GetParam();
-  const std::set<std::string_view> stored_differently = {"ConnectionString", "Language", "TableTag"};
+  const std::set<std::string_view> stored_differently = {"ConnectionString", "Language", "Locale",
+                                                         "TableTag"};
   if (property.set == nullptr) {
     EXPECT_EQ(property.access, Access::kReadOnly);
     return;
@@ -185,6 +186,16 @@ TEST(ConnectionStringProperty, ReadsBackAfterItConnected) {
 TEST_F(Properties, OfALanguageReadBackAKnownCode) {
   view.Set("Language", std::string("GER"));
   EXPECT_EQ(view.Get("Language"), PropertyValue(std::string("GER")));
+}
+
+TEST_F(Properties, OfALocaleReadBackAKnownOne) {
+  view.Set("Locale", std::string("de-DE"));
+  EXPECT_THROW(view.Set("Locale", std::string("no such place!")), platform::Error);
+  EXPECT_EQ(view.Get("Locale"), PropertyValue(std::string("de-DE")));
+  std::string scratch;
+  EXPECT_EQ(view.GetEnvironment().Regional().Text(1.5, scratch), "1,5");
+  view.Set("Locale", std::string());
+  EXPECT_EQ(view.GetEnvironment().Regional().Text(1.5, scratch), "1.5");
 }
 
 TEST(DBConnectionProperties, ReadBackWhatWasSet) {

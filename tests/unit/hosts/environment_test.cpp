@@ -66,6 +66,21 @@ TEST_F(AnEnvironment, WritesValuesInTheFormOfItsLocale) {
 
 TEST_F(AnEnvironment, RefusesALocaleThatDoesNotExist) {
   EXPECT_THROW(Environment("no such place!"), platform::Error);
+  EXPECT_THROW(environment.InLocale("no such place!"), platform::Error);
+}
+
+TEST_F(AnEnvironment, HasOtherLocalesBesideItsOwn) {
+  environment.SetSite({.hosts = {"shop.example"}});
+  platform::Environment& german = environment.InLocale("de-DE");
+  std::string scratch;
+
+  EXPECT_EQ(german.Regional().Text(1.5, scratch), "1,5");
+  EXPECT_EQ(environment.Regional().Text(1.5, scratch), "1.5");
+  EXPECT_EQ(&environment.InLocale("de-DE"), &german);
+  EXPECT_EQ(&environment.InLocale(""), &environment);
+  EXPECT_EQ(&german.InLocale(""), &environment);
+  EXPECT_EQ(german.GetSite().hosts, environment.GetSite().hosts);
+  EXPECT_NE(platform::Create<platform::Recordset>(german, "ADODB.Recordset"), nullptr);
 }
 
 TEST_F(AnEnvironment, MakesRegularExpressions) {
