@@ -1,3 +1,4 @@
+#include "hosts/php/hidden_parameter.h"
 #include "hosts/php/plain_method.h"
 #include "hosts/php/property_rows.h"
 #include "hosts/php/statement_options.h"
@@ -76,6 +77,8 @@ ScriptClass connection_class = {
     .declare =
         [](ScriptClass& registered) {
           DeclareRows<Connection>(registered, component::ConnectionProperties());
+          HideInTraces(registered, "open", 0);
+          HideInTraces(registered, "open", 2);
         },
 };
 

@@ -1,6 +1,7 @@
 #include "component/db_view.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/handed_page.h"
+#include "hosts/php/hidden_parameter.h"
 #include "hosts/php/indexed_property.h"
 #include "hosts/php/page.h"
 #include "hosts/php/plain_method.h"
@@ -125,6 +126,7 @@ ScriptClass db_view_class = {
           const DbView fresh(nothing);
           DeclareRows<DbView>(registered, component::DbViewProperties(), &fresh);
           DeclareIndexedProperties(registered);
+          HideInTraces(registered, "qhtmltable", 0);
         },
 };
 

@@ -7,6 +7,7 @@
 #include <SAPI.h>
 #include <php_ini.h>
 #include <rfc1867.h>
+#include <zend_attributes.h>
 #include <zend_exceptions.h>
 #include <zend_fibers.h>
 #include <zend_interfaces.h>
