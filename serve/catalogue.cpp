@@ -16,6 +16,18 @@ bool IsSqlite(Rows& rows) {
 
 }  // namespace
 
+std::string Quoted(const Catalogue& catalogue, std::string_view name) {
+  const char quote = catalogue.NameQuote();
+  std::string quoted(1, quote);
+  for (const char c : name) quoted.append(c == quote ? 2 : 1, c);
+  return quoted + quote;
+}
+
+std::string Quoted(const Catalogue& catalogue, const TableName& table) {
+  const std::string schema = table.schema.empty() ? "" : Quoted(catalogue, table.schema) + ".";
+  return schema + Quoted(catalogue, table.name);
+}
+
 const Catalogue& FindCatalogue(Rows& rows) {
   if (IsSqlite(rows)) return SqliteCatalogue();
   std::vector<TextRow> version;

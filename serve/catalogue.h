@@ -37,10 +37,13 @@ struct Column {
   std::optional<Reference> reference = std::nullopt;
 };
 
-/// What a kind of database says about its tables. Used by one thread at a time; failures are dralo::Error.
+/// What a kind of database says about its tables. Failures are dralo::Error.
 class Catalogue {
  public:
   virtual ~Catalogue() = default;
+
+  /// What stands around a name in a statement, so that its letters stay as they are.
+  virtual char NameQuote() const { return '"'; }
 
   /// In the order of their names, those of the default schema first.
   virtual std::vector<Table> Tables(Rows& rows) const = 0;
@@ -48,6 +51,12 @@ class Catalogue {
   /// In the order of the table; none when it is not there.
   virtual std::vector<Column> Columns(Rows& rows, const TableName& table) const = 0;
 };
+
+/// A name of that database as it stands in a statement.
+std::string Quoted(const Catalogue& catalogue, std::string_view name);
+
+/// The same with its schema.
+std::string Quoted(const Catalogue& catalogue, const TableName& table);
 
 /// That of the database behind `rows`, which is asked what it is. Throws dralo::Error when it is of no kind
 /// that is known.

@@ -23,6 +23,8 @@ WHERE c.table_schema = DATABASE() AND c.table_name = ? ORDER BY c.ordinal_positi
 
 class Mariadb final : public Catalogue {
  public:
+  char NameQuote() const override { return '`'; }
+
   std::vector<Table> Tables(Rows& rows) const override {
     if (rows.Query("SELECT DATABASE()").front().front().empty())
       throw dralo::Error("The connection string names no database; write Database=NAME");

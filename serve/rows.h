@@ -21,8 +21,6 @@ class Rows {
   /// `parameters` are the values of the "?". Throws dralo::Error.
   std::vector<TextRow> Query(std::string_view sql, const std::vector<std::string>& parameters = {});
 
-  std::string Quote(std::string_view name) const { return connection_->QuoteName(name); }
-
  private:
   dralo::Environment& environment_;
   std::shared_ptr<dralo::Connection> connection_;

@@ -20,14 +20,10 @@ bool IsWanted(const Options& options, const TableName& table) {
   return options.tables.empty() || std::ranges::find(options.tables, whole) != options.tables.end();
 }
 
-std::string QuotedTable(const Rows& rows, const TableName& table) {
-  return (table.schema.empty() ? "" : rows.Quote(table.schema) + ".") + rows.Quote(table.name);
-}
-
-std::optional<RecordCount> CountRecords(Rows& rows, const TableName& table) {
+std::optional<RecordCount> CountRecords(Rows& rows, const std::string& quoted_table) {
   try {
-    const auto counted = rows.Query("SELECT count(*) FROM (SELECT 1 AS one FROM " + QuotedTable(rows, table) +
-                                    " LIMIT " + std::to_string(kMostCountedRecords + 1) + ") AS some");
+    const auto counted = rows.Query("SELECT count(*) FROM (SELECT 1 AS one FROM " + quoted_table + " LIMIT " +
+                                    std::to_string(kMostCountedRecords + 1) + ") AS counted");
     const std::int64_t records = std::stoll(counted.front().front());
     return RecordCount{std::min(records, kMostCountedRecords), records > kMostCountedRecords};
   } catch (const dralo::Error&) {
@@ -67,9 +63,10 @@ std::vector<Table> Schema::Tables() {
 std::vector<CountedTable> Schema::CountedTables() {
   std::vector<CountedTable> counted;
   Rows rows(environment_, Connection());
+  const Catalogue& catalogue = FindCatalogue(rows);
   for (const Table& table : Tables()) {
     const bool is_counted = !table.is_view && counted.size() < kMostCountedTables;
-    counted.push_back({table, is_counted ? CountRecords(rows, table.name) : std::nullopt});
+    counted.push_back({table, is_counted ? CountRecords(rows, Quoted(catalogue, table.name)) : std::nullopt});
   }
   return counted;
 }
@@ -87,8 +84,7 @@ std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
   if (columns.empty()) return nullptr;
   for (Column& column : columns) Resolve(column.reference, snapshot.tables);
   const auto columns_of = [&](const TableName& other) { return catalogue.Columns(rows, other); };
-  const auto quote = [&](std::string_view text) { return rows.Quote(text); };
-  plan = std::make_shared<TablePlan>(MakePlan(*table, std::move(columns), columns_of, quote));
+  plan = std::make_shared<TablePlan>(MakePlan(*table, std::move(columns), columns_of, catalogue));
   return plan;
 }
 

@@ -56,8 +56,8 @@ const Column* ShownColumn(const std::vector<Column>& columns) {
 class Planner {
  public:
   Planner(const Table& table, std::vector<Column> columns, const ColumnsOf& columns_of,
-          const QuoteName& quote)
-      : columns_(std::move(columns)), columns_of_(columns_of), quote_(quote) {
+          const Catalogue& catalogue)
+      : columns_(std::move(columns)), columns_of_(columns_of), catalogue_(catalogue) {
     plan_.table = table;
     from_ = Quoted(table.name);
   }
@@ -83,9 +83,7 @@ class Planner {
     TableName table;
   };
 
-  std::string Quoted(const TableName& table) const {
-    return (table.schema.empty() ? "" : quote_(table.schema) + ".") + quote_(table.name);
-  }
+  std::string Quoted(const auto& name) const { return serve::Quoted(catalogue_, name); }
 
   /// The view looks for keys at the beginning of a query. Fields without a name fit into no form.
   void PutKeysFirst() {
@@ -110,7 +108,7 @@ class Planner {
   }
 
   void AddColumn(const Column& column, int number) {
-    const std::string name = quote_(column.name);
+    const std::string name = Quoted(column.name);
     used_.insert(Lower(column.name));
     grid_.append(grid_.empty() ? "" : ", ");
     if (!column.is_generated) edit_.append(edit_.empty() ? "" : ", ").append(name);
@@ -126,12 +124,12 @@ class Planner {
     const Column* const shown = ShownColumn(others);
     if (key == nullptr || shown == nullptr) return false;
     const std::string& to = column.reference->column.empty() ? key->name : column.reference->column;
-    grid_.append("(SELECT r.").append(quote_(shown->name)).append(" FROM ").append(Quoted(other));
-    grid_.append(" r WHERE r.").append(quote_(to)).append(" = t.").append(quote_(column.name));
-    grid_.append(") AS ").append(quote_(column.name));
+    grid_.append("(SELECT r.").append(Quoted(shown->name)).append(" FROM ").append(Quoted(other));
+    grid_.append(" r WHERE r.").append(Quoted(to)).append(" = t.").append(Quoted(column.name));
+    grid_.append(") AS ").append(Quoted(column.name));
     if (Lower(to) == Lower(key->name) && column.name.find(kDelimiter) == std::string::npos)
       hidden_fields_.push_back({number, column.name, other});
-    const Lookup lookup = {column.name, Quoted(other), quote_(to), quote_(shown->name), true};
+    const Lookup lookup = {column.name, Quoted(other), Quoted(to), Quoted(shown->name), true};
     if (IsListable(lookup.field + lookup.table + lookup.value + lookup.shown))
       plan_.lookups.push_back(lookup);
     return true;
@@ -143,7 +141,7 @@ class Planner {
     for (const HiddenField& field : hidden_fields_) {
       std::string name = "key_" + std::to_string(field.of_column);
       while (!used_.insert(Lower(name)).second) name += '_';
-      grid_.append(", t.").append(quote_(field.column)).append(" AS ").append(quote_(name));
+      grid_.append(", t.").append(Quoted(field.column)).append(" AS ").append(Quoted(name));
       plan_.hidden.append(plan_.hidden.empty() ? "" : ",").append(std::to_string(++number));
       plan_.templates.emplace_back(field.of_column, "<a href=\"" + AddressOf(field.table) +
                                                         "?Morvu1FormDisplay=formOneRec&Morvu1PK=#" + name +
@@ -154,7 +152,7 @@ class Planner {
   TablePlan plan_;
   std::vector<Column> columns_;
   const ColumnsOf& columns_of_;
-  const QuoteName& quote_;
+  const Catalogue& catalogue_;
   std::string from_;
   std::string grid_;
   std::string edit_;
@@ -165,8 +163,8 @@ class Planner {
 }  // namespace
 
 TablePlan MakePlan(const Table& table, std::vector<Column> columns, const ColumnsOf& columns_of,
-                   const QuoteName& quote) {
-  return Planner(table, std::move(columns), columns_of, quote).Plan();
+                   const Catalogue& catalogue) {
+  return Planner(table, std::move(columns), columns_of, catalogue).Plan();
 }
 
 std::string AddressOf(const TableName& table) {

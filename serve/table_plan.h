@@ -39,13 +39,10 @@ struct TablePlan {
 /// The columns of a table; none when it is not there.
 using ColumnsOf = std::function<std::vector<Column>(const TableName& table)>;
 
-/// A name as it stands in a statement.
-using QuoteName = std::function<std::string(std::string_view name)>;
-
 /// The plan of `table`, whose `columns` are not empty. References to tables that `columns_of` finds are shown
 /// by a text of theirs, which leads to their record.
 TablePlan MakePlan(const Table& table, std::vector<Column> columns, const ColumnsOf& columns_of,
-                   const QuoteName& quote);
+                   const Catalogue& catalogue);
 
 /// The page of a table, as it stands in a link.
 std::string AddressOf(const TableName& table);
