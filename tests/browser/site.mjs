@@ -118,14 +118,17 @@ async function answers(url) {
   }
 }
 
-/** Starts a server for the pages of a folder. `log()` is what it has said so far; `stop()` ends it. */
+/** Starts PHP's server for the pages of a folder. */
 async function startServer(pages, environment) {
-  const url = `http://127.0.0.1:${await freePort()}`;
-  const server = spawn(
-    "php",
-    ["-n", "-d", `extension=${extension}`, "-S", url.slice("http://".length), "-t", pages, join(pages, "router.php")],
-    { env: { ...process.env, ...environment, LC_ALL: "C" }, stdio: ["ignore", "pipe", "pipe"] },
-  );
+  const port = await freePort();
+  const words = ["-n", "-d", `extension=${extension}`, "-S", `127.0.0.1:${port}`, "-t", pages, join(pages, "router.php")];
+  return startProgram(port, "php", words, environment, "/gfx/nextpg.gif");
+}
+
+/** Starts a program that serves on the port. `log()` is what it has said so far; `stop()` ends it. */
+async function startProgram(port, command, words, environment, firstPage) {
+  const url = `http://127.0.0.1:${port}`;
+  const server = spawn(command, words, { env: { ...process.env, ...environment, LC_ALL: "C" }, stdio: ["ignore", "pipe", "pipe"] });
   let said = "";
   server.stdout.on("data", (text) => (said += text));
   server.stderr.on("data", (text) => (said += text));
@@ -136,7 +139,7 @@ async function startServer(pages, environment) {
   };
 
   const last = Date.now() + 120_000;
-  while (!(await answers(`${url}/gfx/nextpg.gif`))) {
+  while (!(await answers(`${url}${firstPage}`))) {
     if (server.exitCode !== null || Date.now() > last) {
       await stop();
       assert.fail(`the server does not answer; it said:\n${said}`);
@@ -217,6 +220,19 @@ export function servedTest(name, visitor, statements, body) {
   const start = async () => {
     const database = await freshDatabase(statements);
     return { database, server: await startServer(join(root, "tests/browser/served"), { DRALO_TEST_DATABASE: database }) };
+  };
+  serverTest(name, visitor, start, body, stopServer);
+}
+
+/** Whether dralo-serve was built: its tests need it. */
+export const servesDatabases = Boolean(process.env.DRALO_SERVE);
+
+/** A case with dralo-serve over a shop of its own. `body` gets { page, url, shop, troubles }. */
+export function databaseTest(name, visitor, body, options = ["--edit"]) {
+  const start = async () => {
+    const shop = await freshShop();
+    const port = await freePort();
+    return { shop, server: await startProgram(port, process.env.DRALO_SERVE, [shop, "--port", `${port}`, ...options], {}, "/") };
   };
   serverTest(name, visitor, start, body, stopServer);
 }

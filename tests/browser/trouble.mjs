@@ -15,16 +15,21 @@ const brokenImages = (page) =>
 /** By how many pixels the page is wider than the window. */
 const sidewaysScroll = (page) => page.evaluate(() => document.documentElement.scrollWidth - window.innerWidth);
 
+/** The page that was loaded has all of its images, is no wider than the window and can be read. */
+export async function assertNoTrouble(page, troubles) {
+  assert.deepEqual(await brokenImages(page), []);
+  assert.ok((await sidewaysScroll(page)) <= 0, "the page scrolls sideways");
+  assert.deepEqual(await lowContrasts(page), []);
+  assert.deepEqual(troubles, []);
+}
+
 /** Tests that the page at the address loads without trouble, and keeps a screenshot of it. */
 export function testForTrouble(name, address) {
   for (const [kind, visitor] of Object.entries(visitors)) {
     siteTest(`${name} loads without trouble (${kind})`, visitor, async ({ page, troubles }) => {
       await page.goto(`/${address}`);
 
-      assert.deepEqual(await brokenImages(page), []);
-      assert.ok((await sidewaysScroll(page)) <= 0, "the page scrolls sideways");
-      assert.deepEqual(await lowContrasts(page), []);
-      assert.deepEqual(troubles, []);
+      await assertNoTrouble(page, troubles);
       await keepScreenshot(page, `${name.replace(".php", "")}-${kind}`);
     });
   }
