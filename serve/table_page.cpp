@@ -3,7 +3,7 @@
 namespace serve {
 namespace {
 
-constexpr std::int32_t kMostCharacters = 200;
+constexpr std::int32_t kMostCharacters = 120;
 
 bool CanEdit(const TablePlan& plan, bool can_edit) {
   return can_edit && plan.HasKey() && !plan.table.is_view;
