@@ -60,8 +60,9 @@ constexpr std::string_view kBrand = R"(</title>
 
 std::string WholePage(const Frame& frame, std::string_view title, std::string_view content,
                       const std::optional<TableName>& current) {
-  std::string out(kHead);
-  out.append(Escaped(title)).append(" – ").append(Escaped(frame.database)).append(kBrand);
+  std::string out;
+  out.reserve(content.size() + 16 * 1024);
+  out.append(kHead).append(Escaped(title)).append(" – ").append(Escaped(frame.database)).append(kBrand);
   out.append(Escaped(frame.database)).append("</span></a><span class=\"mode\">");
   out.append(frame.can_edit ? "Editable" : "Read-only").append("</span></header>\n");
   out.append(Navigation(frame, current));

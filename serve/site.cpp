@@ -177,6 +177,7 @@ Answer Site::Download(const Request& request, const std::shared_ptr<const TableP
 Answer Site::Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
                     const Outcome& outcome) {
   std::string content = AboutTable(plan, options_.can_edit, outcome);
+  content.reserve(content.size() + body.size() + 64);
   content.append("<div class=\"view\">\n").append(body).append("</div>");
   return {page.Status(), page.ContentType(), page.Headers(),
           WholePage(FrameWith(schema_.Tables()), Label(plan.table.name), content, plan.table.name)};
