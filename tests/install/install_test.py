@@ -99,6 +99,13 @@ class Installed(unittest.TestCase):
         foreign = [line for line in names if " dralo::" not in line and " for dralo::" not in line and "std::" not in line]
         self.assertEqual(foreign, [])
 
+    def test_brings_dralo_serve_where_it_was_built(self):
+        was_built = "DRALO_SERVE:BOOL=ON" in (self.built / "CMakeCache.txt").read_text()
+        program = self.prefix / "bin/dralo-serve"
+        self.assertEqual(program.exists(), was_built)
+        if was_built:
+            self.assertRegex(run(program, "--version"), r"^dralo-serve \d")
+
     def test_can_be_a_part_of_another_project(self):
         self.configure("add_subdirectory", f"-DDRALO_SOURCE={ROOT}", "-DCMAKE_UNITY_BUILD=ON")
 
