@@ -8,6 +8,7 @@
 
 #include "editing/field_digest.h"
 #include "editing/insert_token.h"
+#include "editing/shown_key.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
 #include "state/field_inputs.h"
@@ -58,6 +59,13 @@ bool HasPostedValues(const state::Render& render, const QuerySchema& schema, pla
   return true;
 }
 
+/// A record outside of the page's `sql` must not be told from one that is not there.
+bool IsOfPage(const state::Render& render, platform::Recordset& record) {
+  const auto key = KeyOf(render, record);
+  const settings::Settings& settings = render.settings;
+  return key && IsInsideSql(render, settings.EditSQL, settings::EditParameters(settings), *key);
+}
+
 }  // namespace
 
 bool DetectsReplays(const settings::Settings& settings) {
@@ -84,7 +92,7 @@ bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform
   const auto newer =
       OpenFirstRows(render, statement, settings::EditParameters(render.settings), kMostComparedRecords);
   for (; !newer->Eof(); newer->MoveNext()) {
-    if (HasPostedValues(render, schema, recordset, *newer)) return true;
+    if (HasPostedValues(render, schema, recordset, *newer) && IsOfPage(render, *newer)) return true;
   }
   return false;
 }

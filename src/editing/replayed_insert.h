@@ -24,8 +24,9 @@ bool DetectsReplays(const settings::Settings& settings);
 /// none; "" when keys are no whole numbers. Throws platform::Error when the statement fails.
 std::string GreatestKey(const state::Render& render, platform::Recordset& records);
 
-/// Whether a record of EditSQL behind the posted greatest key has the values of the new record on which
-/// `recordset` stands, in all fields that were posted. Throws platform::Error when the statement fails.
+/// Whether a record of EditSQL and of the page's `sql` behind the posted greatest key has the values of the
+/// new record on which `recordset` stands, in all fields that were posted. Throws platform::Error when the
+/// statement fails.
 bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset);
 
 }  // namespace dralo::editing

@@ -165,8 +165,7 @@ HostileRequest HostileVisitor::Opening() {
   if (kind > 4) fields.push_back({Key("FormEdit"), "1"});
   if (kind == 2 || kind == 3) fields.push_back({Key("FormAdd"), "1"});
   if (chance_.Percent(10)) fields.push_back({Key("OrderByFields"), std::string(chance_.Pick(kOrders))});
-  HostileRequest request{.query = Encoded(fields), .headers = OwnHeaders()};
-  return request;
+  return {.query = Encoded(fields), .headers = OwnHeaders()};
 }
 
 HostileRequest HostileVisitor::Following() {
@@ -199,7 +198,17 @@ HostileRequest HostileVisitor::Pressing() {
   return Posted(fields);
 }
 
+/// Whether there is a record with that title is told by a page that compares it with all.
+HostileRequest HostileVisitor::AddingLikeOthers() {
+  constexpr auto kTitles = std::to_array<std::string_view>({"third", "fourth", "other", "New", "last"});
+  return Posted({{Key("FormInsert"), "1"},
+                 {Key("FormUpdate"), "1"},
+                 {Key("After"), chance_.Percent(70) ? "-1" : AnyKey()},
+                 {Key("_Form_Title"), std::string(chance_.Pick(kTitles))}});
+}
+
 HostileRequest HostileVisitor::Guessing() {
+  if (chance_.Percent(20)) return AddingLikeOthers();
   Fields fields;
   for (std::size_t rest = 1 + chance_.Below(8); rest > 0; --rest) {
     std::string name = AnyName();
@@ -212,7 +221,6 @@ HostileRequest HostileVisitor::Guessing() {
 HostileRequest HostileVisitor::Posted(const Fields& fields) {
   HostileRequest request{.method = "POST", .body = Encoded(fields), .headers = OwnHeaders()};
   if (chance_.Percent(5)) std::swap(request.query, request.body);
-  if (chance_.Percent(5)) request.query = Encoded(Opening().query.empty() ? fields : Fields());
   request.receives_posts = chance_.Percent(50);
   return request;
 }

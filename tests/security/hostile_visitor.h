@@ -43,6 +43,7 @@ class HostileVisitor {
   HostileRequest Following();
   HostileRequest Pressing();
   HostileRequest Guessing();
+  HostileRequest AddingLikeOthers();
   HostileRequest Posted(const Fields& fields);
 
   void Type(Fields& fields);

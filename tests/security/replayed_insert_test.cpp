@@ -69,6 +69,16 @@ TEST(ReplayedInsert, IsFoundInATableThatWasEmpty) {
   EXPECT_EQ(page.Count(), "1") << page.error;
 }
 
+/// A question would tell that there is an equal record, whoever may see it.
+TEST(ReplayedInsert, IsNoneOfARecordOutside) {
+  AddPage page(true);
+  page.settings.emplace_back("sql", std::string("SELECT * FROM T WHERE Name <> 'Eve'"));
+  const Form form = NewEve(page);
+  page.Page(form);
+  EXPECT_TRUE(Contains(page.Page(form), "[New record saved ok]")) << page.error;
+  EXPECT_EQ(page.Count(), "4") << page.error;
+}
+
 }  // namespace
 
 }  // namespace dralo::tests
