@@ -17,7 +17,7 @@ VERSION = re.search(r"^project\(dralo VERSION ([\d.]+)", (pathlib.Path(__file__)
 
 
 # All that the tools read.
-NEEDED = ("CMakeLists.txt", "LICENSE", "debian/changelog", "tests/browser/package-lock.json", "tools")
+NEEDED = (".gitignore", "CMakeLists.txt", "LICENSE", "debian/changelog", "tests/browser/package-lock.json", "tools")
 
 
 class Release(unittest.TestCase):
@@ -88,6 +88,42 @@ class Release(unittest.TestCase):
         self.assertEqual((dist / "SHA256SUMS").read_text(), answer.stdout)
         self.assertEqual(said, {path.name: hashlib.sha256(path.read_bytes()).hexdigest()
                                 for path in dist.iterdir() if path.name != "SHA256SUMS"})
+
+    def test_packages_are_published_too(self):
+        repository = self.repository_with_packages('tr a-z A-Z <debian/control >../dralo_1_all.deb; touch ../dralo_1.changes')
+        self.assert_made(repository.run("release", env=self.environment))
+        dist = repository.folder / "build/dist"
+        self.assertEqual((dist / "dralo_1_all.deb").read_text(), "PACKAGE: DRALO\n")
+        self.assertEqual({path.name for path in dist.iterdir()},
+                         {f"dralo-{VERSION}.tar.xz", f"dralo-{VERSION}.spdx.json", "dralo_1_all.deb", "SHA256SUMS"})
+        self.assertRegex((dist / "SHA256SUMS").read_text(), r"(?m)^[0-9a-f]{64}  dralo_1_all\.deb$")
+        self.assertEqual(repository.git("status", "--porcelain"), "")
+
+    def test_packages_that_cannot_be_built_are_an_error(self):
+        repository = self.repository_with_packages("echo no compiler; exit 1")
+        self.assert_refused(repository.run("release", env=self.environment), "release", "dpkg-buildpackage failed; see build/packages.log")
+        self.assertEqual((repository.folder / "build/packages.log").read_text(), "no compiler\n")
+        self.assertFalse((repository.folder / "build/dist/SHA256SUMS").exists())
+
+    def test_packages_of_another_version_are_refused(self):
+        repository = self.repository_with_packages("exit 0", version="0.9.9")
+        self.assert_refused(repository.run("release", env=self.environment), "release", f"debian/changelog has no entry for {VERSION}")
+
+    def repository_with_packages(self, build, version=VERSION):
+        """One in which `build` stands for dpkg-buildpackage."""
+        repository = self.repository()
+        debian = repository.folder / "debian"
+        debian.mkdir(exist_ok=True)
+        (debian / "changelog").write_text(f"dralo ({version}-1) unstable; urgency=medium\n")
+        (debian / "prepare").write_text("#!/bin/sh\necho 'Package: dralo' >debian/control\n")
+        (debian / "prepare").chmod(0o755)
+        repository.commit()
+        programs = self.folder / f"programs of {repository.folder.name}"
+        programs.mkdir()
+        (programs / "dpkg-buildpackage").write_text(f"#!/bin/sh\n{build}\n")
+        (programs / "dpkg-buildpackage").chmod(0o755)
+        self.environment = os.environ | {"PATH": f"{programs}:{os.environ['PATH']}"}
+        return repository
 
 
 class Archive(unittest.TestCase):
