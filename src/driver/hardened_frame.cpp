@@ -1,7 +1,6 @@
 #include "driver/hardened_frame.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
 
 #include "text/ascii.h"
@@ -11,9 +10,12 @@ namespace {
 
 bool IsWord(std::string_view tag) { return !tag.empty() && std::ranges::all_of(tag, text::IsLetterOrDigit); }
 
+/// Two slashes at the start would begin the name of a host. Browsers take backslashes for slashes there, and
+/// pass over blanks and control characters before and between them.
 void RemoveHost(std::string& address) {
-  const std::size_t slashes = std::min(address.find_first_not_of("/\\"), address.size());
-  if (slashes > 0) address.replace(0, slashes, "/");
+  const auto start = std::ranges::find_if(
+      address, [](char c) { return c != '/' && c != '\\' && static_cast<unsigned char>(c) > ' '; });
+  if (start != address.begin()) address.replace(address.begin(), start, "/");
 }
 
 }  // namespace

@@ -96,11 +96,14 @@ TEST(ScriptOfThePage, GivesWayToAButtonForThePageSize) {
 }
 
 TEST(ScriptOfThePage, HasAnAddressOfThisSite) {
-  NotesPage page(true);
-  page.page.script_name = "//evil.example/p";
-  const std::string html = page.Render();
-  EXPECT_TRUE(Contains(html, "action=\"/evil.example/p\""));
-  EXPECT_FALSE(Contains(html, "\"//"));
+  for (const char* name :
+       {"//evil.example/p", "/\\evil.example/p", "/\t/evil.example/p", " /\r\n/evil.example/p"}) {
+    NotesPage page(true);
+    page.page.script_name = name;
+    const std::string html = page.Render();
+    EXPECT_TRUE(Contains(html, "action=\"/evil.example/p\"")) << name;
+    EXPECT_FALSE(Contains(html, "\"//")) << name;
+  }
 }
 
 TEST(ScriptOfThePage, IsInNoTag) {
