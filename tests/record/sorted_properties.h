@@ -22,6 +22,7 @@ auto SortedByName(const Rows& rows) {
 inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "DeleteSqlParameters",
     "EditDetectConflicts",
+    "EditInsertToken",
     "EditRules",
     "EditSqlParameters",
     "ErrorDetail",
