@@ -140,6 +140,17 @@ TEST_P(Querying, ReadsOnWhileRecordsAreSavedAndStatementsFail) {
   EXPECT_EQ(Rows(Connect(ConnectionString()), "SELECT Stock FROM Goods WHERE ID = 1"), Lines{"3000"});
 }
 
+/// A prepared statement that was kept is closed here while the records are read.
+TEST_P(Querying, ReadsOnWhileAKeptStatementIsPreparedAnew) {
+  constexpr const char* kNames = "SELECT ID, Name FROM Goods";
+  Rest(*Edit(connection_, kNames));
+  const auto goods = Read(connection_, "SELECT ID FROM Goods ORDER BY ID");
+  EXPECT_EQ(Line(*goods), "1");
+  EXPECT_EQ(Edit(connection_, kNames)->Fields().size(), 2U);
+  goods->MoveNext();
+  EXPECT_EQ(Rest(*goods), (Lines{"2", "3", "4", "5"}));
+}
+
 /// Prepared statements are kept, but not all of them: one is closed here while the records are read.
 TEST_P(Querying, ReadsOnWhileStatementsAreClosed) {
   auto other = Edit(connection_, "SELECT ID, Name FROM Goods");

@@ -108,6 +108,7 @@ void Cursor::Execute() {
 /// Else they are those of the last run.
 void Cursor::FixColumns() {
   if (state_ != State::kPrepared || !statement_->WasKept()) return;
+  session_.Settle();  // To close a statement while rows are open would wait for ever for an answer.
   statement_.reset();
   session_.Forget(text_);
   Open();
