@@ -36,7 +36,7 @@ class Comparison(unittest.TestCase):
 
     def library(self, name, header, source):
         folder = self.folder / name
-        folder.mkdir()
+        folder.mkdir(exist_ok=True)
         (folder / "whole.h").write_text(header)
         (folder / "whole.cpp").write_text(source)
         library = folder / "libwhole.so"
@@ -52,6 +52,15 @@ class Comparison(unittest.TestCase):
     def test_new_names_and_what_only_the_library_sees_do_not_count(self):
         self.assertEqual(self.differences(HEADER + "void More();\n", SOURCE.replace("int hidden", "long long hidden, more") +
                                           "void More() {}\n"), "")
+
+    def test_what_a_class_points_to_does_not_count_whatever_its_header_is_called(self):
+        pointing = HEADER.replace("struct Inner;", "namespace dralo::component { struct Inner; }\nusing dralo::component::Inner;")
+        source = SOURCE.replace("struct Inner { int hidden; };", '#include "behind/whole.h"')
+        for name, hidden in (("two", "int hidden;"), ("three", "long long hidden, more;")):
+            (self.folder / name / "behind").mkdir(parents=True)
+            (self.folder / name / "behind/whole.h").write_text(f"namespace dralo::component {{ struct Inner {{ {hidden} }}; }}\n")
+        two, three = (self.library(name, pointing, source) for name in ("two", "three"))
+        self.assertEqual(differences(two, three), "")
 
     def test_a_function_that_is_missing_counts(self):
         without = HEADER.replace("  Part GivePart();\n", ""), SOURCE.replace("Part Whole::GivePart() { return {}; }\n", "")
