@@ -58,8 +58,12 @@ class Connection : public Object {
   /// Undoes what was done since the latest Begin(); nothing when nothing was begun.
   virtual void Rollback() noexcept = 0;
 
-  /// A name as it stands in a statement whatever characters it has.
+  /// A name as it stands in a statement whatever characters it has. One of letters, digits and "_" means what
+  /// it means without quotes, in PostgreSQL the name in small letters.
   virtual std::string QuoteName(std::string_view name) const = 0;
+
+  /// The same for a name whose letters are those that the database knows, as a field or a catalogue tells it.
+  virtual std::string QuoteExactName(std::string_view name) const = 0;
 
   /// Gives the connection back, undoing what was begun and not committed; open recordsets on it are closed.
   /// Closing a closed connection does nothing.

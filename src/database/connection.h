@@ -39,6 +39,9 @@ class Connection final : public platform::Connection, public std::enable_shared_
   void Commit() override;
   void Rollback() noexcept override;
   std::string QuoteName(std::string_view name) const override { return GetSession().QuoteName(name); }
+  std::string QuoteExactName(std::string_view name) const override {
+    return GetSession().QuoteExactName(name);
+  }
   void Close() override;
 
   /// Throws platform::Error when the connection is closed or was opened by a parent process.

@@ -32,6 +32,9 @@ class Session {
   /// A name as it stands in a statement whatever characters it has.
   virtual std::string QuoteName(std::string_view name) const = 0;
 
+  /// The same for a name with the letters that the database knows.
+  virtual std::string QuoteExactName(std::string_view name) const { return QuoteName(name); }
+
   /// The statement that calls a stored procedure with `parameters` values.
   /// Throws platform::Error when the database has none.
   virtual std::string ProcedureCall(std::string_view name, std::size_t parameters) const = 0;

@@ -66,7 +66,7 @@ std::optional<std::string> KeyOfAddedRecord(const state::Render& render, const Q
   const SchemaField* field = schema.Find(TokenColumn(settings));
   if (field == nullptr) throw state::UnknownField(TokenColumn(settings));
   platform::BoundStatement statement = DerivedTable(settings.EditSQL, settings::EditParameters(settings));
-  const std::string column = settings::OpenConnection(settings)->QuoteName(field->name);
+  const std::string column = settings::OpenConnection(settings)->QuoteExactName(field->name);
   statement.parameters.emplace_back(token);
   const auto record = OpenFirstRows(render, "SELECT * FROM " + statement.text + " WHERE " + column + " = ?",
                                     statement.parameters);

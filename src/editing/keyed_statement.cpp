@@ -73,7 +73,7 @@ BoundStatement KeyedStatement::Where(const BoundStatement& condition) const {
 
 std::optional<BoundStatement> KeyedStatement::ForKey(const KeyTexts& key) const {
   const auto condition = Condition(render_, *described_, key, [&](const platform::Field& field) {
-    return settings::OpenConnection(render_.settings)->QuoteName(field.Name());
+    return settings::OpenConnection(render_.settings)->QuoteExactName(field.Name());
   });
   return condition ? std::optional(Where(*condition)) : std::nullopt;
 }

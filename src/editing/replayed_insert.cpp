@@ -35,7 +35,7 @@ std::string QuotedKey(const settings::Settings& settings, platform::Recordset& r
   const std::string name = KeyNames(settings).front();
   const platform::Field* field = state::FindField(records, name);
   if (field == nullptr) throw state::UnknownField(name);
-  return settings::OpenConnection(settings)->QuoteName(field->Name());
+  return settings::OpenConnection(settings)->QuoteExactName(field->Name());
 }
 
 /// Whether the fields have equal values, as far as they were posted; the key is never equal.

@@ -84,6 +84,14 @@ TEST_P(Executing, QuotesANameForAStatement) {
   EXPECT_EQ(connection_->Run("INSERT INTO " + Quoted("Odd \"name`") + " (ID) VALUES (1)"), 1);
 }
 
+TEST_P(Executing, QuotesANameWithTheLettersThatTheDatabaseKnows) {
+  connection_->Run("CREATE TABLE " + Quoted("MixedLetters") + " (" + Quoted("Id") + " INTEGER)");
+  const std::string table = connection_->QuoteExactName("MixedLetters");
+  const std::string id = connection_->QuoteExactName("Id");
+  EXPECT_EQ(connection_->Run("INSERT INTO " + table + " (" + id + ") VALUES (1)"), 1);
+  EXPECT_EQ(connection_->QuoteExactName("a\"b`c"), Quoted("a\"b`c"));
+}
+
 TEST_P(Executing, SaysHowManyParametersAreExpected) {
   EXPECT_EQ(
       MessageOf([&] {

@@ -63,6 +63,17 @@ TEST_P(HardenedEditing, SavesBesideWhatSomebodyElseHasChanged) {
   EXPECT_EQ(Stored("SELECT Title, Body FROM Notes WHERE ID = 1"), Lines{"'typed' 'newer'"}) << detail_;
 }
 
+/// PostgreSQL takes a name without quotes for one of small letters.
+TEST_P(HardenedEditing, OpensRecordsWhoseKeyHasCapitalLetters) {
+  const std::string quote(1, GetParam().database->quote);
+  const std::string id = quote + "Id" + quote;
+  Run("CREATE TABLE Mixed (" + id + " INTEGER PRIMARY KEY, Name VARCHAR(20))");
+  Run("INSERT INTO Mixed VALUES (1, 'a horn')");
+  const std::string all = "SELECT " + id + ", Name FROM Mixed";
+  Set({{"sql", all}, {"FormSQL", all}, {"EditSQL", all}, {"EditPrimaryKeys", "Id"}});
+  EXPECT_TRUE(Contains(Get({{"FormDisplay", "formOneRec"}, {"PK", "1"}}), "a horn")) << detail_;
+}
+
 /// Somebody else saves between the look at the record and its writing. SQLite lets nobody in there.
 TEST_P(HardenedEditing, ShowsTheNewerValueAfterALostRace) {
   if (GetParam().database == &kSqlite) return;

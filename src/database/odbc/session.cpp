@@ -46,6 +46,8 @@ std::string Session::QuoteName(std::string_view name) const {
   return Quote(meant, link_.NameQuote());
 }
 
+std::string Session::QuoteExactName(std::string_view name) const { return Quote(name, link_.NameQuote()); }
+
 std::string Session::ProcedureCall(std::string_view name, std::size_t parameters) const {
   if (link_.InfoText(SQL_PROCEDURES) == "N") {
     throw Error("The database has no stored procedures; give the command's text and CommandType 1");

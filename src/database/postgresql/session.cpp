@@ -39,6 +39,8 @@ std::string Session::QuoteName(std::string_view name) const {
   return Quote(meant);
 }
 
+std::string Session::QuoteExactName(std::string_view name) const { return Quote(name); }
+
 std::string Session::ProcedureCall(std::string_view name, std::size_t parameters) const {
   std::string call(name);
   call += '(';

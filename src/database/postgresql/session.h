@@ -32,6 +32,7 @@ class Session final : public database::Session {
 
   std::unique_ptr<database::Cursor> Prepare(const Query& query) override;
   std::string QuoteName(std::string_view name) const override;
+  std::string QuoteExactName(std::string_view name) const override;
   std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
   std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
   std::string_view RowLock() const override { return " FOR UPDATE"; }
