@@ -1,39 +1,29 @@
 #include "editing/save_record.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <exception>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <variant>
 
 #include "dralo/error.h"
 #include "dralo/recordset.h"
 #include "editing/checked_fields.h"
 #include "editing/conflict_check.h"
-#include "editing/field_value.h"
+#include "editing/fields_in_turn.h"
 #include "editing/guarded_record.h"
 #include "editing/insert_token.h"
 #include "editing/outcome.h"
-#include "editing/posted_field.h"
 #include "editing/posted_key.h"
 #include "editing/primary_keys.h"
 #include "editing/record_change.h"
 #include "editing/replayed_insert.h"
 #include "platform/transaction.h"
-#include "settings/field_lists.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
-#include "state/field_inputs.h"
 #include "state/key_items.h"
-#include "text/letter_case.h"
 
 namespace dralo::editing {
 namespace {
-
-using platform::TypeCode;
 
 /// One save of one posted form. The recordset it opens goes with it, and what was not written.
 class Save {
@@ -43,7 +33,6 @@ class Save {
         settings_(render.settings),
         schema_(schema),
         statement_(statement),
-        inputs_(render.keys),
         is_insert_(render.keys.Has(state::key::kFormInsert)) {
     if (is_insert_ && HasInsertToken(settings_)) token_ = PostedInsertToken(render_);
   }
@@ -57,7 +46,8 @@ class Save {
       RefuseAmbiguousKey(render_, key_);
     }
     if (ChecksAllFields(settings_)) return RunChecked();
-    if (!Reopen() || !AssignInTurn() || !Write()) return false;
+    if (!Reopen() || !AssignInTurn(render_, schema_, *recordset_, is_insert_ ? nullptr : &key_) || !Write())
+      return false;
     recordset_->Close();
     SetSaved();
     return true;
@@ -154,13 +144,6 @@ class Save {
     return true;
   }
 
-  bool AssignInTurn() {
-    for (std::size_t i = 0; i < schema_.fields.size(); ++i) {
-      if (!Assign(i)) return false;
-    }
-    return true;
-  }
-
   /// The page's own rules see the record inside the transaction that writes it.
   bool RunChecked() {
     // A handler may give the view's connection object another one.
@@ -214,60 +197,6 @@ class Save {
     recordset_->Close();
   }
 
-  /// Gives the field its value. False when there is none for it, which the status message then tells.
-  bool Assign(std::size_t index) {
-    SchemaField field = schema_.fields[index];
-    // A column without a declared type has in every record the type of its value there.
-    if (!is_insert_) field.type = FieldAt(index).Type();
-    const NewKey key = is_insert_ ? MakeNewKey(render_, field.name) : NewKey{};
-    const auto posted = inputs_.Posted(field.name);
-    if (key.is_left_to_database || field.type == TypeCode::kLongVarBinary) return true;
-    if (!key.value && IsLeftAlone(field, index, posted)) return true;
-
-    std::string_view text = key.value ? std::string_view(*key.value) : posted.value_or("");
-    if (key.value || IsSelect(settings_, field.name)) text = AsOfBox(field.type, text);
-    const auto value = FieldValue(render_.Regional(), field, text);
-    if (const auto* refusal = std::get_if<Refusal>(&value)) return Refuse(*refusal, text);
-    FieldAt(index).SetValue(std::get<platform::Variant>(value));
-    return true;
-  }
-
-  /// Whether what was posted, or was not, is no reason to set the field.
-  bool IsLeftAlone(const SchemaField& field, std::size_t index, std::optional<std::string_view> posted) {
-    const int position = static_cast<int>(index);
-    if (settings::IsFieldReadOnly(settings_, field.name, position)) return true;
-    if (!posted && !settings::IsFormFieldShown(settings_, field.name, position + 1)) return true;
-    if (is_insert_) return false;
-    return IsUntouchedKey(field.name) || IsShownAsPosted(render_, field, FieldAt(index), posted.value_or(""));
-  }
-
-  bool IsUntouchedKey(std::string_view name) const {
-    return !key_.exact.empty() && std::ranges::any_of(KeyNames(settings_), [&](const std::string& key) {
-      return text::EqualIgnoringCase(key, name);
-    });
-  }
-
-  platform::Field& FieldAt(std::size_t index) {
-    const auto fields = recordset_->Fields();
-    if (index >= fields.size())
-      throw platform::Error("The table was changed while the record was being saved");
-    return *fields[index];
-  }
-
-  /// Only a missing value cancels what was assigned; after the others it ends with the recordset.
-  bool Refuse(Refusal refusal, std::string_view text) {
-    if (refusal == Refusal::kRequired) {
-      SetOutcome(render_, settings::kNotSaved);
-      Abandon();
-      return false;
-    }
-    render_.outcome.status_message.assign(kOutcomePrefix);
-    AppendTyped(render_, text);
-    render_.outcome.status_message +=
-        refusal == Refusal::kNoDate ? " is not a valid date" : " is not a number";
-    return false;
-  }
-
   bool Write() {
     try {
       recordset_->Update();
@@ -310,7 +239,6 @@ class Save {
   const settings::Settings& settings_;
   const QuerySchema& schema_;
   std::string& statement_;
-  state::FieldInputs inputs_;
   bool is_insert_;
   std::optional<GuardedRecord> guarded_;  ///< Of a hardened page.
   std::shared_ptr<platform::Connection> connection_;
