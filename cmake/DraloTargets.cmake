@@ -8,9 +8,9 @@ if(DRALO_WERROR)
   target_compile_options(dralo_options INTERFACE -Werror)
 endif()
 if(DRALO_SANITIZE)
-  target_compile_options(dralo_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+  target_compile_options(dralo_options INTERFACE -fsanitize=${DRALO_SANITIZE} -fno-sanitize-recover=all
                                                  -fno-omit-frame-pointer)
-  target_link_options(dralo_options INTERFACE -fsanitize=address,undefined)
+  target_link_options(dralo_options INTERFACE -fsanitize=${DRALO_SANITIZE})
 endif()
 if(DRALO_FUZZ)
   target_compile_options(dralo_options INTERFACE -O1 -gline-tables-only -fsanitize=fuzzer-no-link,address,undefined
