@@ -70,7 +70,8 @@ TEST_P(HardenedEditing, OpensRecordsWhoseKeyHasCapitalLetters) {
   Run("CREATE TABLE Mixed (" + id + " INTEGER PRIMARY KEY, Name VARCHAR(20))");
   Run("INSERT INTO Mixed VALUES (1, 'a horn')");
   const std::string all = "SELECT " + id + ", Name FROM Mixed";
-  Set({{"sql", all}, {"FormSQL", all}, {"EditSQL", all}, {"EditPrimaryKeys", "Id"}});
+  const char* const sql = all.c_str();
+  Set({{"sql", sql}, {"FormSQL", sql}, {"EditSQL", sql}, {"EditPrimaryKeys", "Id"}});
   EXPECT_TRUE(Contains(Get({{"FormDisplay", "formOneRec"}, {"PK", "1"}}), "a horn")) << detail_;
 }
 
