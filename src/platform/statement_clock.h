@@ -10,21 +10,21 @@ namespace dralo::platform {
 /// one already.
 class StatementClock {
  public:
-  explicit StatementClock(std::chrono::seconds time) : outer_(end_) {
+  explicit StatementClock(std::chrono::seconds time) : outer_(latest_end) {
     const Clock::time_point end = Clock::now() + time;
-    if (!outer_ || end < *outer_) end_ = end;
+    if (!outer_ || end < *outer_) latest_end = end;
   }
-  ~StatementClock() { end_ = outer_; }
+  ~StatementClock() { latest_end = outer_; }
   StatementClock(const StatementClock&) = delete;
   StatementClock& operator=(const StatementClock&) = delete;
 
   /// Whether the time is over. Asked often, between other work; never where there is no clock.
-  static bool IsOver() noexcept { return end_ && Clock::now() >= *end_; }
+  static bool IsOver() noexcept { return latest_end && Clock::now() >= *latest_end; }
 
  private:
   using Clock = std::chrono::steady_clock;
 
-  static inline thread_local std::optional<Clock::time_point> end_ = std::nullopt;
+  static inline thread_local std::optional<Clock::time_point> latest_end = std::nullopt;
 
   std::optional<Clock::time_point> outer_;
 };
