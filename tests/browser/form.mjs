@@ -17,7 +17,7 @@ export const toList = (page, name = "List", tag = 1) =>
 /** What stands behind the buttons: the message about the last save or delete, else "". */
 export const message = (page, tag = 1) =>
   viewOf(page, tag)
-    .locator(".DraloEditBtnBar")
+    .locator(".DraloEditBtnBar, td:has(> input[type=submit])")
     .first()
     .evaluate((bar) => {
       const copy = bar.cloneNode(true);
