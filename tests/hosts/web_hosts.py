@@ -18,6 +18,7 @@ sys.path.append(str(HERE.parent / "support"))
 
 from database_servers import free_port  # noqa: E402
 from php_programs import php_program  # noqa: E402
+import sqlite_lock  # noqa: E402
 
 PATIENCE_S = 120
 ROWS = 20_000
@@ -105,18 +106,7 @@ class WebHost:
         return socket.create_connection(("127.0.0.1", self.port), timeout=PATIENCE_S)
 
     def is_locked(self):
-        """Whether another process cannot lock the whole database at this moment."""
-        database = sqlite3.connect(self.database, timeout=0, isolation_level=None)
-        try:
-            database.execute("BEGIN EXCLUSIVE")
-            database.execute("ROLLBACK")
-            return False
-        except sqlite3.OperationalError as error:
-            if "locked" not in str(error):
-                raise
-            return True
-        finally:
-            database.close()
+        return sqlite_lock.is_locked(self.database)
 
 
 class BuiltIn(WebHost):

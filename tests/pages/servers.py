@@ -15,6 +15,7 @@ import fastcgi
 HERE = pathlib.Path(__file__).parent
 sys.path.append(str(HERE.parent / "support"))
 
+import sqlite_lock  # noqa: E402
 from database_servers import free_port  # noqa: E402
 
 
@@ -76,18 +77,7 @@ class Server:
         return (workers or [None])[0], page
 
     def is_locked(self):
-        """Whether another process cannot lock the whole database at this moment."""
-        database = sqlite3.connect(self.database, timeout=0, isolation_level=None)
-        try:
-            database.execute("BEGIN EXCLUSIVE")
-            database.execute("ROLLBACK")
-            return False
-        except sqlite3.OperationalError as error:
-            if "locked" not in str(error):
-                raise
-            return True
-        finally:
-            database.close()
+        return sqlite_lock.is_locked(self.database)
 
 
 class BuiltInServer(Server):
