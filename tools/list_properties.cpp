@@ -61,6 +61,7 @@ std::string_view TypeName(PropertyType type) {
     case PropertyType::kList:
       return "list";
     case PropertyType::kHandler:
+    case PropertyType::kTokenCallback:
       return "function";
     case PropertyType::kObject:
       break;

@@ -32,6 +32,7 @@ constexpr std::string_view kViewHead = R"(#pragma once
 #include "dralo/db_connection.h"
 #include "dralo/property_owner.h"
 #include "dralo/recordset.h"
+#include "dralo/token_callback.h"
 #include "dralo/variant.h"
 
 namespace dralo {
@@ -93,6 +94,8 @@ Spelling SpellingOf(PropertyType type, std::string_view object_class) {
       return {"std::vector<Variant>", "std::vector<Variant>"};
     case PropertyType::kHandler:
       return {"", "std::function<void(Change&)>"};
+    case PropertyType::kTokenCallback:
+      return {"", "std::function<Variant(const Variant&)>"};
     case PropertyType::kObject:
       break;
   }
@@ -121,6 +124,13 @@ std::string Joined(std::initializer_list<std::string_view> parts) {
   return joined;
 }
 
+/// What a setter passes on of its parameter.
+std::string_view ValueToSet(PropertyType type) {
+  if (type == PropertyType::kHandler) return "MakeHandler(std::move(value))";
+  if (type == PropertyType::kTokenCallback) return "MakeTokenCallback(std::move(value))";
+  return type == PropertyType::kList ? "std::move(value)" : "value";
+}
+
 template <class Owner>
 void PrintProperties(std::span<const dralo::component::Property<Owner>> rows) {
   for (const auto& row : rows) {
@@ -128,9 +138,7 @@ void PrintProperties(std::span<const dralo::component::Property<Owner>> rows) {
     const std::string name = FunctionName(row.name);
     const std::string getter =
         Joined({"  ", read, " ", name, "() const { return Typed<", read, ">(\"", row.name, "\"); }\n"});
-    const std::string_view value = row.type == PropertyType::kHandler ? "MakeHandler(std::move(value))"
-                                   : row.type == PropertyType::kList  ? "std::move(value)"
-                                                                      : "value";
+    const std::string_view value = ValueToSet(row.type);
     const std::string setter =
         Joined({"  void Set", name, "(", set, " value) { SetTyped(\"", row.name, "\", ", value, "); }"});
     PrintFunctions(row.doc, name, row.get == nullptr || read.empty() ? "" : getter,

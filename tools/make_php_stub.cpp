@@ -246,6 +246,7 @@ std::string PhpType(PropertyType type, std::string_view object_class) {
     case PropertyType::kList:
       return "array";
     case PropertyType::kHandler:
+    case PropertyType::kTokenCallback:
       return "mixed";
     case PropertyType::kObject:
       break;

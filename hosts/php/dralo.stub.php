@@ -293,6 +293,9 @@ final class DbView
     /** A function that is given each delete before it is carried out: it can refuse it. */
     public mixed $OnDelete;
 
+    /** On a hardened page, a function that makes the token which its forms carry, when it is given null, and tells whether a posted text is that token. */
+    public mixed $TokenCallback;
+
     /** HTML beside required fields. */
     public string $RequiredFieldIndicator;
 

@@ -22,8 +22,8 @@ void DeclareRows(ScriptClass& script_class, std::span<const Row> rows, const Own
       property.read = [](const ScriptProperty& of, const platform::ObjectPtr& owner, zval* result) {
         const component::PropertyValue value =
             static_cast<const Row*>(of.row)->get(static_cast<Owner&>(*owner));
-        if (of.type == component::PropertyType::kHandler) {
-          PutHandler(std::get<platform::ObjectPtr>(value), result);
+        if (HoldsFunction(of.type)) {
+          PutFunction(std::get<platform::ObjectPtr>(value), result);
         } else {
           PutPropertyValue(value, of.holds, result);
         }
@@ -31,9 +31,9 @@ void DeclareRows(ScriptClass& script_class, std::span<const Row> rows, const Own
     }
     if (row.set != nullptr) {
       property.write = [](const ScriptProperty& of, const platform::ObjectPtr& owner, const zval* value) {
-        const bool is_handler = of.type == component::PropertyType::kHandler;
-        static_cast<const Row*>(of.row)->set(static_cast<Owner&>(*owner),
-                                             is_handler ? ToHandler(value, of.name) : ToPropertyValue(value));
+        static_cast<const Row*>(of.row)->set(
+            static_cast<Owner&>(*owner),
+            HoldsFunction(of.type) ? ToFunction(value, of.type, of.name) : ToPropertyValue(value));
       };
     }
     if constexpr (requires { row.get(*fresh); }) {

@@ -58,6 +58,7 @@ zend_type PhpType(component::PropertyType type, const ScriptClass* holds) {
     case component::PropertyType::kList:
       return ZEND_TYPE_INIT_MASK(MAY_BE_ARRAY);
     case component::PropertyType::kHandler:
+    case component::PropertyType::kTokenCallback:
       // A property cannot be declared as callable.
       return ZEND_TYPE_INIT_MASK(MAY_BE_ANY);
     case component::PropertyType::kObject:

@@ -2,8 +2,10 @@
 
 #include <memory>
 #include <string>
+#include <variant>
 
 #include "dralo/error.h"
+#include "dralo/token_callback.h"
 #include "hosts/php/change_class.h"
 #include "hosts/php/errors.h"
 #include "hosts/php/guard.h"
@@ -39,40 +41,88 @@ std::string TakeMessage() {
   return text;
 }
 
-void Call(KeptValue& callable, platform::Change& change) {
-  const ScriptMayChange permission;
-  const LentChange lent(change);
+/// Runs `call` as CallPhp() does. What the script throws becomes an Error.
+template <class Body>
+void CallScript(Body call) {
   try {
-    CallPhp([&] {
-      zval argument;
-      zval result;
-      ZVAL_UNDEF(&result);
-      ZVAL_OBJ(&argument, lent.NewScriptObject());
-      call_user_function(nullptr, nullptr, callable.Get(), &result, 1, &argument);
-      zval_ptr_dtor(&argument);
-      zval_ptr_dtor(&result);
-    });
+    CallPhp(call);
   } catch (const HostAbort& abort) {
     if (!HasThrown(abort)) throw;
     throw platform::Error(TakeMessage());
   }
 }
 
-class ScriptHandler final : public platform::ChangeHandler {
- public:
-  explicit ScriptHandler(std::shared_ptr<KeptValue> callable)
-      : ChangeHandler([callable](platform::Change& change) { Call(*callable, change); }),
-        callable_(std::move(callable)) {}
+void CallHandler(KeptValue& callable, platform::Change& change) {
+  const ScriptMayChange permission;
+  const LentChange lent(change);
+  CallScript([&] {
+    zval argument;
+    zval result;
+    ZVAL_UNDEF(&result);
+    ZVAL_OBJ(&argument, lent.NewScriptObject());
+    call_user_function(nullptr, nullptr, callable.Get(), &result, 1, &argument);
+    zval_ptr_dtor(&argument);
+    zval_ptr_dtor(&result);
+  });
+}
 
-  zval* Callable() const { return callable_->Get(); }
+/// What the function returned that is a text, True or False; else Null.
+platform::Variant TokenAnswer(const zval& result) {
+  if (Z_TYPE(result) == IS_STRING) return std::string(View(Z_STR(result)));
+  if (Z_TYPE(result) == IS_TRUE || Z_TYPE(result) == IS_FALSE) return Z_TYPE(result) == IS_TRUE;
+  return platform::Null();
+}
+
+platform::Variant CallForToken(KeptValue& callable, const platform::Variant& token) {
+  const ScriptMayChange permission;
+  const auto* text = std::get_if<std::string>(&token);
+  zval result;
+  ZVAL_UNDEF(&result);
+  CallScript([&] {
+    zval argument;
+    ZVAL_NULL(&argument);
+    if (text != nullptr) ZVAL_STRINGL(&argument, text->data(), text->size());
+    call_user_function(nullptr, nullptr, callable.Get(), &result, 1, &argument);
+    zval_ptr_dtor(&argument);
+  });
+  platform::Variant answer = TokenAnswer(result);
+  CallPhp([&] { zval_ptr_dtor(&result); });
+  return answer;
+}
+
+/// What the object of C++ that calls a function of the script knows of it.
+class ScriptFunction {
+ public:
+  explicit ScriptFunction(const zval* callable) : callable_(std::make_shared<KeptValue>(callable)) {}
+  virtual ~ScriptFunction() = default;
+  ScriptFunction(const ScriptFunction&) = delete;
+  ScriptFunction& operator=(const ScriptFunction&) = delete;
+
+  const std::shared_ptr<KeptValue>& Callable() const { return callable_; }
 
  private:
   std::shared_ptr<KeptValue> callable_;
 };
 
+class ScriptHandler final : public ScriptFunction, public platform::ChangeHandler {
+ public:
+  explicit ScriptHandler(const zval* value)
+      : ScriptFunction(value),
+        ChangeHandler([callable = Callable()](platform::Change& change) { CallHandler(*callable, change); }) {
+  }
+};
+
+class ScriptTokenCallback final : public ScriptFunction, public platform::TokenCallback {
+ public:
+  explicit ScriptTokenCallback(const zval* value)
+      : ScriptFunction(value), TokenCallback([callable = Callable()](const platform::Variant& token) {
+          return CallForToken(*callable, token);
+        }) {}
+};
+
 }  // namespace
 
-platform::ObjectPtr ToHandler(const zval* value, std::string_view property) {
+platform::ObjectPtr ToFunction(const zval* value, component::PropertyType type, std::string_view property) {
   if (Z_TYPE_P(value) == IS_NULL) return nullptr;
   bool is_callable = false;
   CallPhp([&] { is_callable = zend_is_callable(const_cast<zval*>(value), 0, nullptr); });
@@ -80,15 +130,16 @@ platform::ObjectPtr ToHandler(const zval* value, std::string_view property) {
     throw ScriptError{zend_ce_type_error,
                       "Dralo\\DbView::$" + std::string(property) + " must be a function or null"};
   }
-  return std::make_shared<ScriptHandler>(std::make_shared<KeptValue>(value));
+  if (type == component::PropertyType::kHandler) return std::make_shared<ScriptHandler>(value);
+  return std::make_shared<ScriptTokenCallback>(value);
 }
 
-void PutHandler(const platform::ObjectPtr& handler, zval* result) {
-  const auto* script = dynamic_cast<const ScriptHandler*>(handler.get());
+void PutFunction(const platform::ObjectPtr& kept, zval* result) {
+  const auto* script = dynamic_cast<const ScriptFunction*>(kept.get());
   if (script == nullptr) {
     ZVAL_NULL(result);
   } else {
-    ZVAL_COPY(result, script->Callable());
+    ZVAL_COPY(result, script->Callable()->Get());
   }
 }
 

@@ -2,19 +2,24 @@
 
 #include <string_view>
 
-#include "dralo/change.h"
+#include "component/property.h"
+#include "dralo/object.h"
 #include "hosts/php/engine.h"
 
 namespace dralo::php {
 
-// Handlers of changes that are functions of the script. All run as C++: they call the engine through
-// CallPhp() and throw.
+// Properties that are functions of the script. All but HoldsFunction() run as C++: they call the engine
+// through CallPhp() and throw.
 
-/// The handler that calls `value`, a callable; none for null. Throws ScriptError that names `property` for
-/// everything else.
-platform::ObjectPtr ToHandler(const zval* value, std::string_view property);
+inline bool HoldsFunction(component::PropertyType type) {
+  return type == component::PropertyType::kHandler || type == component::PropertyType::kTokenCallback;
+}
 
-/// Puts the script's function that `handler` calls into `result`; null for none.
-void PutHandler(const platform::ObjectPtr& handler, zval* result);
+/// What a property of that type keeps for `value`, a callable; none for null. Throws ScriptError that names
+/// `property` for everything else.
+platform::ObjectPtr ToFunction(const zval* value, component::PropertyType type, std::string_view property);
+
+/// Puts the script's function that `kept` calls into `result`; null for none.
+void PutFunction(const platform::ObjectPtr& kept, zval* result);
 
 }  // namespace dralo::php

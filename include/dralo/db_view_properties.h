@@ -15,6 +15,7 @@
 #include "dralo/db_connection.h"
 #include "dralo/property_owner.h"
 #include "dralo/recordset.h"
+#include "dralo/token_callback.h"
 #include "dralo/variant.h"
 
 namespace dralo {
@@ -285,6 +286,8 @@ class DbViewProperties : public IndexedPropertyOwner {
   void SetOnSaved(std::function<void(Change&)> value) { SetTyped("OnSaved", MakeHandler(std::move(value))); }
   /// A function that is given each delete before it is carried out: it can refuse it.
   void SetOnDelete(std::function<void(Change&)> value) { SetTyped("OnDelete", MakeHandler(std::move(value))); }
+  /// On a hardened page, a function that makes the token which its forms carry, when it is given null, and tells whether a posted text is that token.
+  void SetTokenCallback(std::function<Variant(const Variant&)> value) { SetTyped("TokenCallback", MakeTokenCallback(std::move(value))); }
   /// HTML beside required fields.
   std::string RequiredFieldIndicator() const { return Typed<std::string>("RequiredFieldIndicator"); }
   void SetRequiredFieldIndicator(std::string_view value) { SetTyped("RequiredFieldIndicator", value); }  ///< Sets RequiredFieldIndicator().

@@ -20,5 +20,6 @@
 #include "dralo/request.h"
 #include "dralo/response.h"
 #include "dralo/site.h"
+#include "dralo/token_callback.h"
 #include "dralo/type_code.h"
 #include "dralo/variant.h"

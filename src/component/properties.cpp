@@ -188,6 +188,7 @@ constexpr auto kDbViewProperties = std::to_array<Property<DbView>>({
   Row<&S::OnSave>("OnSave", kReadWrite, "A function that is given each change before it is written: it can set other values and refuse the change."),
   Row<&S::OnSaved>("OnSaved", kReadWrite, "A function that is given each change when it is written, in the same transaction."),
   Row<&S::OnDelete>("OnDelete", kReadWrite, "A function that is given each delete before it is carried out: it can refuse it."),
+  Row<&S::TokenCallback>("TokenCallback", kReadWrite, "On a hardened page, a function that makes the token which its forms carry, when it is given null, and tells whether a posted text is that token."),
   Row<&S::RequiredFieldIndicator>("RequiredFieldIndicator", kReadWrite, "HTML beside required fields."),
   kCurrentMode,
   TextSetterRow<settings::SetLanguageString>("LanguageString", "Comma list of twelve texts that replace the navigation texts."),

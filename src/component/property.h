@@ -20,6 +20,7 @@ enum class PropertyType {
   kObject,   ///< a reference, or none
   kList,     ///< of database values
   kHandler,  ///< of changes, or none
+  kTokenCallback,
 };
 
 enum class Access { kReadWrite, kReadOnly, kWriteOnly };

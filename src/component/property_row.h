@@ -10,6 +10,7 @@
 
 #include "component/property.h"
 #include "dralo/change.h"
+#include "dralo/token_callback.h"
 
 /// How a row of the property table is made from the member that keeps the property: the member's type is the
 /// property's type.
@@ -43,6 +44,10 @@ template <>
 struct MemberTraits<std::shared_ptr<platform::ChangeHandler>> {
   static constexpr PropertyType kType = PropertyType::kHandler;
 };
+template <>
+struct MemberTraits<std::shared_ptr<platform::TokenCallback>> {
+  static constexpr PropertyType kType = PropertyType::kTokenCallback;
+};
 template <class Class>
 struct MemberTraits<std::shared_ptr<Class>> {
   static constexpr PropertyType kType = PropertyType::kObject;
@@ -52,8 +57,7 @@ template <class Member>
 PropertyValue ToPropertyValue(const Member& member) {
   if constexpr (std::is_same_v<Member, std::int16_t> || std::is_same_v<Member, std::int32_t>) {
     return std::int64_t{member};
-  } else if constexpr (MemberTraits<Member>::kType == PropertyType::kObject ||
-                       MemberTraits<Member>::kType == PropertyType::kHandler) {
+  } else if constexpr (std::is_convertible_v<Member, platform::ObjectPtr>) {
     return platform::ObjectPtr(member);
   } else {
     return member;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "settings/public_text.h"
+#include "state/form_token.h"
 #include "state/posted_form.h"
 #include "state/sender.h"
 
@@ -22,7 +23,7 @@ void SetStatus(platform::Response& response, int status) {
 }
 
 /// Why a form in that state changes nothing; nothing when it does, or is none.
-std::optional<PublicText> Refusal(PostedForm form) {
+std::optional<PublicText> Refusal(state::Render& render, PostedForm form) {
   switch (form) {
     case PostedForm::kForeign:
       return PublicText::kForeignPost;
@@ -32,8 +33,10 @@ std::optional<PublicText> Refusal(PostedForm form) {
       return PublicText::kRepeatedField;
     case PostedForm::kTooLarge:
       return PublicText::kTooLarge;
-    case PostedForm::kNone:
     case PostedForm::kTaken:
+      if (!state::HasFormToken(render)) return PublicText::kFormToken;
+      return std::nullopt;
+    case PostedForm::kNone:
       return std::nullopt;
   }
   return std::nullopt;
@@ -65,10 +68,11 @@ bool RefusesChange(state::Render& render, platform::Response& response) {
   const std::string& tag = render.settings.Tag;
   if (!render.settings.Hardened || !state::CommandsChange(request, tag)) return false;
   const PostedForm form = state::JudgePostedForm(request, tag, render.environment.GetSite());
-  const auto refusal = Refusal(form);
+  const auto refusal = Refusal(render, form);
   if (!refusal) return false;
   render.outcome.is_refused = true;
-  render.outcome.has_failed_to_save = form == PostedForm::kUnknownSender;
+  render.outcome.has_failed_to_save =
+      *refusal == PublicText::kUnknownSender || *refusal == PublicText::kFormToken;
   render.Errors().AddPublic(*refusal, SenderHeaders(request));
   SetStatus(response, kForbidden);
   return true;

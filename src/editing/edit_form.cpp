@@ -19,6 +19,7 @@
 #include "settings/field_lists.h"
 #include "settings/language.h"
 #include "state/delete_request.h"
+#include "state/form_token.h"
 #include "text/letter_case.h"
 #include "text/list.h"
 #include "views/button_bar.h"
@@ -79,6 +80,7 @@ void EditForm::Put(platform::Recordset& recordset, std::int32_t& rows) {
 
 void EditForm::PutButtonBar(platform::Recordset& recordset) {
   views::PutButtonBarStart(render_);
+  state::PutFormToken(render_);
   if (!fields_.AddsRecord() && state::AsksToDelete(settings_, render_.keys)) return PutQuestion();
   PutStateInputs(recordset);
   if (fields_.AddsRecord() || settings_.edit.update) PutSaveButton();

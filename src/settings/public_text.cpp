@@ -32,6 +32,7 @@ constexpr Row kRows[] = {
     {PublicText::kDelete, "The record was not deleted."},
     {PublicText::kNoSuchRecord, "There is no such record."},
     {PublicText::kLeftForm, "Nothing was saved: the record would not be one of this page any more."},
+    {PublicText::kFormToken, "Nothing was changed: the form has expired. Send it again."},
 };
 
 std::string_view TextOf(PublicText text) {

@@ -9,6 +9,7 @@
 #include "dralo/change.h"
 #include "dralo/command.h"
 #include "dralo/recordset.h"
+#include "dralo/token_callback.h"
 #include "platform/environment.h"
 #include "platform/page_connection.h"
 #include "settings/language.h"
@@ -156,6 +157,7 @@ struct Settings {
   std::shared_ptr<platform::ChangeHandler> OnSave;
   std::shared_ptr<platform::ChangeHandler> OnSaved;
   std::shared_ptr<platform::ChangeHandler> OnDelete;
+  std::shared_ptr<platform::TokenCallback> TokenCallback;
   std::string RequiredFieldIndicator = "&nbsp;*&nbsp;";
   LookupList lookups;  ///< What AddEditLookup added.
 

@@ -105,6 +105,7 @@ EditDetectConflicts false
 OnSave null
 OnSaved null
 OnDelete null
+TokenCallback null
 RequiredFieldIndicator "&nbsp;*&nbsp;"
 CurrentMode "grid"
 LanguageString (Cannot read write-only property Dralo\DbView::$LanguageString)

@@ -35,6 +35,7 @@ inline constexpr auto kUnusedProperties = std::to_array<std::string_view>({
     "OnSaved",
     "RecordsOutsideSql",
     "SqlParameters",
+    "TokenCallback",
 });
 
 template <class Rows>
