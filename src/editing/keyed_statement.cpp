@@ -21,12 +21,6 @@ void AddTerm(BoundStatement& condition, KeyTerm term) {
   if (term.value) condition.parameters.push_back(*std::move(term.value));
 }
 
-platform::Field& KeyField(Recordset& recordset, std::string_view name) {
-  platform::Field* field = state::FindField(recordset, name);
-  if (field == nullptr) throw state::UnknownField(name);
-  return *field;
-}
-
 /// `name_of` says how a field is called in the statement.
 template <class NameOf>
 std::optional<BoundStatement> Condition(const state::Render& render, Recordset& recordset,
@@ -35,7 +29,7 @@ std::optional<BoundStatement> Condition(const state::Render& render, Recordset& 
   if (names.size() != key.size()) return std::nullopt;
   BoundStatement condition;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    const platform::Field& field = KeyField(recordset, names[i]);
+    const platform::Field& field = state::KeyField(recordset, names[i]);
     auto term = StrictKeyTerm(render.Regional(), field, name_of(field), key[i]);
     if (!term) return std::nullopt;
     AddTerm(condition, *std::move(term));
@@ -115,7 +109,7 @@ bool HasKey(const state::Render& render, Recordset& recordset, const KeyTexts& k
   const KeyTexts names = KeyNames(render.settings);
   std::string scratch;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    platform::Field& field = KeyField(recordset, names[i]);
+    platform::Field& field = state::KeyField(recordset, names[i]);
     if (platform::IsNull(field.Value()) || state::KeyText(field, scratch) != key[i]) return false;
   }
   return true;

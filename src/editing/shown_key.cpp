@@ -44,10 +44,9 @@ std::optional<KeyTexts> KeyOf(const state::Render& render, Recordset& recordset)
   KeyTexts key;
   std::string scratch;
   for (const std::string& name : KeyNames(render.settings)) {
-    platform::Field* field = state::FindField(recordset, name);
-    if (field == nullptr) throw state::UnknownField(name);
-    if (platform::IsNull(field->Value()) || platform::IsBinaryFieldType(field->Type())) return std::nullopt;
-    key.emplace_back(state::KeyText(*field, scratch));
+    platform::Field& field = state::KeyField(recordset, name);
+    if (platform::IsNull(field.Value()) || platform::IsBinaryFieldType(field.Type())) return std::nullopt;
+    key.emplace_back(state::KeyText(field, scratch));
   }
   return key;
 }

@@ -42,5 +42,14 @@ TEST(MessageDisclosure, TellsNothingOfAStatementThatCannotDelete) {
   EXPECT_NE(failed_delete(true).detail.find("Nots"), std::string::npos);
 }
 
+TEST(MessageDisclosure, TellsTheAuthorThatRecordsNeedKeys) {
+  VisitedNotes page(true);
+  page.script = [](component::DbView& view) { view.Set("EditPrimaryKeys", std::string()); };
+  const Answer answer = page.Answered({.query = "Morvu1FormDisplay=formOneRec&Morvu1PK=1"});
+  EXPECT_NE(answer.detail.find("EditPrimaryKeys must name the fields that identify a record"),
+            std::string::npos)
+      << answer.detail;
+}
+
 }  // namespace
 }  // namespace dralo::security
