@@ -41,6 +41,26 @@ for (const name of ["", ...examples]) {
   });
 }
 
+/** Whether the grid shows in the frame of another site, when `change` gives the headers of its answer. */
+async function framed(page, url, change) {
+  const grid = `${url}/grid.php`;
+  const attacker = "http://attacker.example/";
+  await page.route(attacker, (route) => route.fulfill({ contentType: "text/html", body: `<iframe src="${grid}"></iframe>` }));
+  await page.route(grid, async (route) => {
+    const response = await route.fetch();
+    await route.fulfill({ response, headers: change(response.headers()) });
+  });
+  await page.goto(attacker);
+  const frame = await (await page.waitForSelector("iframe")).contentFrame();
+  return (await frame.locator(".DRLOTable").count()) > 0;
+}
+
+siteTest("A page of another site frames the grid only without its policy", visitors.light, async ({ page, url }) => {
+  assert.equal(await framed(page, url, (headers) => headers), false);
+  await page.unrouteAll();
+  assert.equal(await framed(page, url, ({ "content-security-policy": dropped, ...others }) => others), true);
+});
+
 siteTest("All pages but one are hardened", visitors.light, async ({ page }) => {
   const plain = [];
   for (const name of examples) {
