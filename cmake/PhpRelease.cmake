@@ -11,8 +11,9 @@ function(ask_php_config variable option)
 endfunction()
 
 ask_php_config(php_version --version)
-if(php_version VERSION_LESS 8.2)
-  message(FATAL_ERROR "Dralo needs PHP 8.2 or newer; ${PHP_CONFIG} belongs to PHP ${php_version}")
+if(php_version VERSION_LESS 8.2 OR php_version VERSION_GREATER_EQUAL 8.5)
+  message(FATAL_ERROR "Dralo is made for PHP 8.2 to 8.4, and ${PHP_CONFIG} belongs to PHP ${php_version}: name another "
+                      "one by -DPHP_CONFIG")
 endif()
 
 # find_php_program(VARIABLE NAME): the program php, php-cgi or php-fpm of that release.

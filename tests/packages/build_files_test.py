@@ -9,6 +9,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -89,6 +90,33 @@ class ConfigM4(unittest.TestCase):
         said = subprocess.run(["sh", "-c", command], env={"abs_srcdir": str(ROOT), "PATH": "/usr/bin:/bin"},
                               capture_output=True, text=True, check=True)
         self.assertEqual(said.stdout, self.version + "\n")
+
+
+class Cmake(unittest.TestCase):
+    def configured_for(self, version):
+        """The status and what it says, in one line."""
+        with tempfile.TemporaryDirectory() as folder:
+            php_config = pathlib.Path(folder, "php-config")
+            php_config.write_text(f"#!/bin/sh\necho {version}\n")
+            php_config.chmod(0o755)
+            done = subprocess.run(["cmake", f"-DPHP_CONFIG={php_config}", "-P", ROOT / "cmake/PhpRelease.cmake"],
+                                  capture_output=True, text=True)
+        return done.returncode, " ".join(done.stderr.split())
+
+    def test_takes_the_releases_of_php_that_config_m4_takes(self):
+        least, most = (int(bound) for bound in re.search(r"-lt (\d+) \|\| test .* -ge (\d+);", read("config.m4")).groups())
+        [said] = re.findall(r"Dralo is made for PHP [\d.]+ to [\d.]+", read("config.m4"))
+        for number in (least, most - 1):
+            self.assertEqual(self.configured_for(self.version(number)), (0, ""))
+        for number in (least - 1, most):
+            status, text = self.configured_for(self.version(number))
+            self.assertNotEqual(status, 0)
+            self.assertIn(f"{said}, and", text)
+            self.assertIn(f"PHP {self.version(number)}: name another one by -DPHP_CONFIG", text)
+
+    @staticmethod
+    def version(number):
+        return f"{number // 10000}.{number // 100 % 100}.{number % 100}"
 
 
 class Composer(unittest.TestCase):
