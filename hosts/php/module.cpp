@@ -27,7 +27,7 @@ constexpr const char* kVersion = ZEND_TOSTR(DRALO_VERSION);
 PHP_INI_BEGIN()
 PHP_INI_ENTRY("dralo.hardened", "0", PHP_INI_PERDIR, nullptr)
 PHP_INI_ENTRY("dralo.hosts", "", PHP_INI_SYSTEM, nullptr)
-PHP_INI_ENTRY("dralo.locale", "", PHP_INI_SYSTEM, nullptr)
+PHP_INI_ENTRY("dralo.locale", "", PHP_INI_PERDIR, nullptr)
 PHP_INI_ENTRY("dralo.pool_idle_seconds", "60", PHP_INI_SYSTEM, nullptr)
 PHP_INI_ENTRY("dralo.pool_size", "8", PHP_INI_SYSTEM, nullptr)
 PHP_INI_ENTRY("dralo.trusted_origins", "", PHP_INI_SYSTEM, nullptr)

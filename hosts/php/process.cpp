@@ -82,15 +82,18 @@ void TakeSite(ThreadState& thread) {
 
 }  // namespace
 
-host::Environment& TheEnvironment() {
+platform::Environment& TheEnvironment() {
   ThreadState& thread = ThisThread();
+  // What the process was started with: the first page may come from a directory that has another one.
+  const std::string common_locale = TextSetting(INI_ORIG_STR("dralo.locale"));
   if (!thread.environment) {
-    auto made = std::make_unique<host::Environment>(INI_STR("dralo.locale"));
+    auto made = std::make_unique<host::Environment>(common_locale);
     LimitIdleConnections();
     thread.environment = std::move(made);
   }
   TakeSite(thread);
-  return *thread.environment;
+  const std::string locale = TextSetting(INI_STR("dralo.locale"));
+  return thread.environment->InLocale(locale == common_locale ? std::string() : locale);
 }
 
 void CloseEnvironment() noexcept { ThisThread().environment.reset(); }

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "hosts/cpp/environment.h"
+#include "platform/environment.h"
 
 namespace dralo::php {
 
-/// The environment of this thread, made when it is first needed, with the locale that dralo.locale names,
-/// the limits of kept connections, and what dralo.hardened, dralo.trusted_origins and dralo.hosts say by now.
-/// Throws platform::Error when that locale is unknown, a limit is no number or another setting says nothing.
-host::Environment& TheEnvironment();
+/// The environment of this thread, made when it is first needed, with the limits of kept connections, and
+/// what dralo.locale, dralo.hardened, dralo.trusted_origins and dralo.hosts say by now. Valid until the
+/// module stops. Throws platform::Error when that locale is unknown, a limit is no number or another setting
+/// says nothing.
+platform::Environment& TheEnvironment();
 
 /// Called when the module stops.
 void CloseEnvironment() noexcept;

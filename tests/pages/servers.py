@@ -22,9 +22,11 @@ from database_servers import free_port  # noqa: E402
 class Server:
     """A server in a folder of its own; a context, stopped at its end."""
 
-    def __init__(self, program, extension):
+    def __init__(self, program, extension, *settings):
         self.program = program
-        self.options = ["-n", "-d", f"extension={extension}", "-d", "display_errors=0", "-d", "output_buffering=0"]
+        self.options = ["-n"]
+        for setting in (f"extension={extension}", "display_errors=0", "output_buffering=0", *settings):
+            self.options += ["-d", setting]
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="pages-"))
         self.database = self.folder / "numbers.db"
         self.log = open(self.folder / "log", "w+")
