@@ -13,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import urllib.request
 
 from container_steps import ContainerSteps
 from debian_root import DebianRoot
@@ -111,7 +112,8 @@ class Packages(unittest.TestCase):
 
     def test_there_is_one_for_each_purpose(self):
         names = {path.name.partition("_")[0] for path in self.debs}
-        self.assertEqual(names, {f"php{self.php}-dralo", "php-dralo", "dralo-common", "libdralo1", "libdralo-dev"})
+        self.assertEqual(names, {f"php{self.php}-dralo", "php-dralo", "dralo-common", "libdralo1", "libdralo-dev",
+                                 "dralo-serve"})
         self.assertEqual(self.php, {"bookworm": "8.2", "trixie": "8.4"}[self.suite])
 
     def test_the_extension_is_installed_upgraded_and_removed(self):
@@ -155,6 +157,23 @@ class Packages(unittest.TestCase):
             cd /root/install; c++ shop.cpp -o /root/asked $(pkg-config --cflags --libs dralo)""")
         for program in ("/root/found/shop", "/root/asked"):
             self.assertEqual(root.run(program), "the library works\n")
+
+    def test_a_database_is_served_and_the_program_removed(self):
+        root = self.machine()
+        before = self.files_of_dralo(root)
+        root.install(self.deb("libdralo1"), self.deb("dralo-serve"))
+        self.assertTrue(root.inside("/usr/share/man/man1/dralo-serve.1.gz").is_file())
+        subprocess.run([ROOT / "site/data/make_shop.py", root.inside("/srv/shop.db")], stdout=subprocess.DEVNULL, check=True)
+        server, output = root.start("nobody", ["dralo-serve", "/srv/shop.db", "--port", "0"])
+        self.addCleanup(self.end, server, output)
+        address = re.fullmatch(r"shop.db is at (http://\S+/) for reading; Ctrl-C stops it\n", output.readline())[1]
+        with urllib.request.urlopen(f"{address}table/Customers", timeout=60) as page:
+            self.assertIn("Records (1..25) of 400", page.read().decode())
+        server.terminate()
+        self.assertEqual(server.wait(60), 0)
+
+        root.run("dpkg", "--purge", "dralo-serve", "libdralo1")
+        self.assertEqual(self.files_of_dralo(root), before)
 
     def test_the_container_serves_the_example_site(self):
         steps = (ROOT / "deploy/oci/Containerfile").read_text()

@@ -10,7 +10,7 @@ import signal
 import socket
 import subprocess
 
-from served import ServeTest, run
+from served import ROOT, ServeTest, run
 
 # Root may read and write what it is forbidden.
 AS_A_USER = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
@@ -93,6 +93,12 @@ class CommandLine(ServeTest):
         for option in ("--port", "--host", "--name", "--edit", "--user-file"):
             self.assertIn(f"\n  {option}", said[0])
         self.assertRegex(said[1], r"^dralo-serve \d+\.\d+\.\d+\n$")
+
+    def test_has_a_manual_page_with_its_options(self):
+        told = subprocess.run([self.program, "--help"], capture_output=True, text=True, check=True).stdout
+        manual = (ROOT / "serve/dralo-serve.1").read_text().replace("\\-", "-")
+        [options] = re.findall(r"^\.SH OPTIONS$(.*?)^\.SH", manual, re.MULTILINE | re.DOTALL)
+        self.assertEqual(re.findall(r"--[\w-]+", options), re.findall(r"--[\w-]+", told[told.index("  --"):]))
 
     def test_says_where_it_is(self):
         server = self.serve()
