@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""The example server on cpp-httplib, as its visitors meet it.
+"""An example server, as its visitors meet it: all of them show the same shop.
 
-usage: http_server_test.py PROGRAM [TEST...]
+usage: servers_test.py PROGRAM [TEST...]
 """
 
 import base64
@@ -9,10 +9,12 @@ import concurrent.futures
 import pathlib
 import re
 import shutil
+import socket
 import sqlite3
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 import urllib.parse
 
@@ -47,6 +49,12 @@ class Shop(unittest.TestCase):
         finally:
             connection.close()
 
+    def add_customers(self):
+        self.ask_shop("DROP TRIGGER CustomersAreLimited")
+        self.ask_shop("WITH Numbers AS (SELECT 1 AS N UNION ALL SELECT N + 1 FROM Numbers LIMIT 100000) "
+                      "INSERT INTO Customers (Company, City, Country, Newsletter, Since) "
+                      "SELECT 'Company ' || N, 'Oslo', 'NO', 0, '2024-01-01' FROM Numbers")
+
     def test_shows_the_customers_with_their_look(self):
         answer, page = self.server.get("/")
         self.assertEqual(answer.status, 200)
@@ -71,17 +79,28 @@ class Shop(unittest.TestCase):
     def test_takes_no_more_memory_for_a_long_download(self):
         self.server.get(DOWNLOAD)
         before = self.memory_kib()
-        self.ask_shop("DROP TRIGGER CustomersAreLimited")
-        self.ask_shop("WITH Numbers AS (SELECT 1 AS N UNION ALL SELECT N + 1 FROM Numbers LIMIT 100000) "
-                      "INSERT INTO Customers (Company, City, Country, Newsletter, Since) "
-                      "SELECT 'Company ' || N, 'Oslo', 'NO', 0, '2024-01-01' FROM Numbers")
+        self.add_customers()
         _, table = self.server.get(DOWNLOAD)
         self.assertEqual(table.count("<tr>"), 100401)
         self.assertLess((self.memory_kib() - before) * 1024, len(table) / 4)
 
+    def test_stops_reading_for_a_visitor_who_leaves(self):
+        self.add_customers()
+        before = self.status_of("Threads")
+        with socket.create_connection(("127.0.0.1", self.server.port)) as visitor:
+            visitor.sendall(f"GET {DOWNLOAD} HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n".encode())
+            self.assertTrue(visitor.recv(1000).startswith(b"HTTP/1.1 200"))
+            self.assertGreater(self.status_of("Threads"), before)
+        while self.status_of("Threads") > before:
+            time.sleep(0.02)
+        self.assertIn("Records (1..20)", self.server.get("/")[1])
+
     def memory_kib(self):
+        return self.status_of("VmHWM")
+
+    def status_of(self, name):
         status = pathlib.Path(f"/proc/{self.server.process.pid}/status").read_text()
-        return int(re.search(r"VmHWM:\s+(\d+)", status)[1])
+        return int(re.search(rf"{name}:\s+(\d+)", status)[1])
 
     def test_lets_only_the_editor_edit(self):
         self.assertEqual(self.server.get("/edit")[0].status, 401)
