@@ -40,6 +40,18 @@ TEST(BytesOfCharacters, TakesTheWholeTextWhenItIsShorter) {
   EXPECT_EQ(BytesOfCharacters("", 3), 0U);
 }
 
+TEST(BytesOfCharacters, AgreesWithTheirNumberInLongTexts) {
+  for (std::size_t before = 0; before < 20; ++before) {
+    const std::string start(before, 'x');
+    const std::string text = start + "\xC3\xB6\xFF" + std::string(20, 'y');
+    EXPECT_EQ(CountCharacters(text), before + 22);
+    EXPECT_EQ(BytesOfCharacters(text, before), before);
+    EXPECT_EQ(BytesOfCharacters(text, before + 1), before + 2);
+    EXPECT_EQ(BytesOfCharacters(text, before + 2), before + 3);
+    EXPECT_EQ(BytesOfCharacters(text, before + 13), before + 14);
+  }
+}
+
 TEST(BytesOfCharacters, NeverGoesBeyondATextThatEndsInTheMiddleOfACharacter) {
   const std::string cut = "a\xF0\x9F\x98";
   for (std::size_t characters = 0; characters < 6; ++characters) {
