@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
 
 #include "text/utf8.h"
+#include "text/word.h"
 
 namespace dralo::html {
 namespace {
@@ -23,18 +22,18 @@ constexpr std::array<ByteClass, 256> ByteClasses() {
 
 constexpr std::array<ByteClass, 256> kByteClasses = ByteClasses();
 
-using Word = std::uint64_t;
-
-constexpr Word Repeated(unsigned char byte) { return Word{0x0101010101010101} * byte; }
-
-constexpr Word kHighBits = Repeated(0x80);
+using text::IsTail;
+using text::kHighBits;
+using text::kWordBytes;
+using text::Repeated;
+using text::Word;
 
 /// The highest bit of every byte that is not 0, of a word of ASCII.
 constexpr Word FilledBytes(Word word) { return word + Repeated(0x7F); }
 
 /// Whether any of the eight bytes may be one of the replaced characters. Of these and "#", which is looked at
 /// for nothing, four differ in two bits and two in one.
-bool MayHaveMarkup(Word word) {
+constexpr bool MayHaveMarkup(Word word) {
   const Word ascii = word & ~kHighBits;
   const Word plain = (FilledBytes(ascii) & FilledBytes((ascii & ~Repeated(5)) ^ Repeated('"')) &
                       FilledBytes((ascii & ~Repeated(2)) ^ Repeated('<'))) |
@@ -42,44 +41,33 @@ bool MayHaveMarkup(Word word) {
   return (plain & kHighBits) != kHighBits;
 }
 
-Word WordAt(const char* bytes) {
-  Word word = 0;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
+/// How many bytes of a word are characters of one or two bytes: all, or all but the last where a character
+/// begins there; 0 when other bytes are among them.
+constexpr std::size_t BytesOfShortCharacters(Word word) {
+  const Word beyond_ascii = word & kHighBits;
+  const Word leads = beyond_ascii & (word << 1);
+  const Word tails = beyond_ascii ^ leads;
+  const Word longer_leads = leads & (word << 2);
+  // C0 and C1 begin nothing.
+  const Word leads_of_ascii = leads & ~FilledBytes(word & Repeated(0x1E));
+  const bool are_short = tails == leads << 8 && (longer_leads | leads_of_ascii) == 0;
+  return are_short ? kWordBytes - (leads >> 63) : 0;
 }
 
-/// All bytes of a text of four to seven, some of them twice.
-Word WordOfShort(std::string_view text) {
-  std::uint32_t halves[2];
-  std::memcpy(&halves[0], text.data(), sizeof halves[0]);
-  std::memcpy(&halves[1], text.data() + text.size() - sizeof halves[1], sizeof halves[1]);
-  return Word{halves[0]} << 32 | halves[1];
+/// How many bytes of a word are plain, looked at together: 0 when some may not be.
+constexpr std::size_t PlainBytesOfWord(Word word) {
+  if (MayHaveMarkup(word)) return 0;
+  return text::IsAscii(word) ? kWordBytes : BytesOfShortCharacters(word);
 }
 
-/// The start of a text that has no markup.
-struct Start {
-  std::size_t bytes;  ///< Rounded down to words unless it is the whole text.
-  Word all_bytes;     ///< Their bits, to see whether any byte is beyond ASCII.
-};
-
-Start StartWithoutMarkup(std::string_view text) {
-  constexpr std::size_t kBytes = sizeof(Word);
-  if (text.size() < kBytes / 2) return {0, 0};
-  if (text.size() < kBytes) {
-    const Word word = WordOfShort(text);
-    return MayHaveMarkup(word) ? Start{0, 0} : Start{text.size(), word};
-  }
-  Start start = {0, 0};
-  for (; start.bytes + kBytes <= text.size(); start.bytes += kBytes) {
-    const Word word = WordAt(text.data() + start.bytes);
-    if (MayHaveMarkup(word)) return start;
-    start.all_bytes |= word;
-  }
-  const Word last = WordAt(text.data() + text.size() - kBytes);
-  return MayHaveMarkup(last) ? start : Start{text.size(), start.all_bytes | last};
+/// The last one to seven `bytes` of a text, and letters behind them.
+Word LastWord(std::string_view text, std::size_t bytes) {
+  constexpr unsigned kByteBits = 8;
+  const Word letters = Repeated('a') << (kByteBits * bytes);
+  if (text.size() < kWordBytes) return text::ShortWord(text.substr(text.size() - bytes)) | letters;
+  const Word last = text::WordAt(text.data() + text.size() - kWordBytes);
+  return last >> (kByteBits * (kWordBytes - bytes)) | letters;
 }
-
-constexpr bool IsTail(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
 /// The bytes of the character at the start of a text that begins with a byte beyond ASCII; 0 when they are no
 /// UTF-8. Those of two bytes, and nearly all of three, need no decoding.
@@ -93,20 +81,8 @@ std::size_t BytesOfCharacter(std::string_view text) {
   return first.character ? first.bytes : 0;
 }
 
-/// How many bytes of `text`, whose first `bytes` have no markup, are characters; at least `bytes` unless
-/// there are some among them that are no UTF-8.
-std::size_t CharactersWithin(std::string_view text, std::size_t bytes) {
-  std::size_t at = 0;
-  while (at < bytes) {
-    const bool is_ascii = static_cast<unsigned char>(text[at]) < 0x80;
-    const std::size_t more = is_ascii ? 1 : BytesOfCharacter({text.data() + at, text.size() - at});
-    if (more == 0) return at;
-    at += more;
-  }
-  return at;
-}
-
-/// The same for bytes that may have markup: ends where something is to be replaced.
+/// How many of the first `bytes` are plain, one by one; more than `bytes` where a character goes on behind
+/// them.
 std::size_t PlainWithin(std::string_view text, std::size_t bytes) {
   std::size_t at = 0;
   while (at < bytes) {
@@ -120,22 +96,33 @@ std::size_t PlainWithin(std::string_view text, std::size_t bytes) {
   return at;
 }
 
+/// Appends a text whose start is to be replaced.
+void AppendReplaced(std::string& to, std::string_view text) {
+  while (!text.empty()) {
+    const Escape escape = FirstEscape(text);
+    to.append(escape.by);
+    text.remove_prefix(escape.bytes);
+    const std::size_t plain = PlainBytes(text);
+    to.append(text.substr(0, plain));
+    text.remove_prefix(plain);
+  }
+}
+
 }  // namespace
 
 std::size_t PlainBytes(std::string_view text) {
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const Start start = StartWithoutMarkup(rest);
-    const bool is_ascii = (start.all_bytes & kHighBits) == 0;
-    const std::size_t characters = is_ascii ? start.bytes : CharactersWithin(rest, start.bytes);
-    rest.remove_prefix(characters);
-    if (characters < start.bytes) break;
-    const std::size_t looked_at = std::min(sizeof(Word), rest.size());
-    const std::size_t plain = PlainWithin(rest, looked_at);
-    rest.remove_prefix(plain);
-    if (plain < looked_at) break;
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t bytes = std::min(kWordBytes, text.size() - at);
+    const Word word = bytes == kWordBytes ? text::WordAt(text.data() + at) : LastWord(text, bytes);
+    std::size_t plain = std::min(PlainBytesOfWord(word), bytes);
+    if (plain == 0) {
+      plain = PlainWithin({text.data() + at, text.size() - at}, bytes);
+      if (plain < bytes) return at + plain;
+    }
+    at += plain;
   }
-  return text.size() - rest.size();
+  return at;
 }
 
 Escape FirstEscape(std::string_view text) {
@@ -158,22 +145,17 @@ Escape FirstEscape(std::string_view text) {
 }
 
 std::string_view Escaped(std::string_view text, std::string& to) {
-  if (PlainBytes(text) == text.size()) return text;
-  to.clear();
-  AppendEscaped(to, text);
+  const std::size_t plain = PlainBytes(text);
+  if (plain == text.size()) return text;
+  to.assign(text.substr(0, plain));
+  AppendReplaced(to, text.substr(plain));
   return to;
 }
 
 void AppendEscaped(std::string& to, std::string_view text) {
-  for (;;) {
-    const std::size_t plain = PlainBytes(text);
-    to.append(text.substr(0, plain));
-    text.remove_prefix(plain);
-    if (text.empty()) return;
-    const Escape escape = FirstEscape(text);
-    to.append(escape.by);
-    text.remove_prefix(escape.bytes);
-  }
+  const std::size_t plain = PlainBytes(text);
+  to.append(text.substr(0, plain));
+  if (plain < text.size()) AppendReplaced(to, text.substr(plain));
 }
 
 }  // namespace dralo::html

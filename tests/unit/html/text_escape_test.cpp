@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 
 #include "html/html_writer.h"
+#include "text/utf8.h"
 
 namespace dralo::tests {
 namespace {
@@ -79,6 +82,33 @@ TEST(TextEscape, FindsEveryByteWhereverItStands) {
                   std::string(at, 'x') + Replacement(c) + std::string(size - at - 1, 'x'));
       }
     }
+  }
+}
+
+/// The same, one character after the other.
+std::string EscapedOneByOne(std::string_view text) {
+  std::string escaped;
+  while (!text.empty()) {
+    const text::Decoded first = text::DecodeFirst(text);
+    const bool is_kept = first.character && (*first.character >= 0x80 || Replacement(text[0]).size() == 1);
+    escaped += is_kept           ? text.substr(0, first.bytes)
+               : first.character ? Replacement(text[0])
+                                 : "\xEF\xBF\xBD";
+    text.remove_prefix(first.bytes);
+  }
+  return escaped;
+}
+
+TEST(TextEscape, TakesCharactersOfSeveralBytesAndBrokenOnesWhereverTheyStand) {
+  constexpr std::string_view kPieces[] = {
+      "a",   "abcdefg", "\xC3\xB6", "\xD0\x96", "\xDF\xBF", "\xE2\x82\xAC", "\xF0\x9F\x98\x80",
+      "<",   "\xC3",    "\xBF",     "\xC1\xBF", "\xE2\x82", "\xED\xA0\x80", "\xE0\x9F\xBF",
+      "\xFF"};
+  std::minstd_rand random(7);  // NOLINT(cert-msc51-cpp): the same texts each time
+  for (int round = 0; round < 20'000; ++round) {
+    std::string text;
+    for (auto pieces = random() % 9; pieces > 0; --pieces) text += kPieces[random() % std::size(kPieces)];
+    ASSERT_EQ(EscapedText(text), EscapedOneByOne(text)) << testing::PrintToString(text);
   }
 }
 
