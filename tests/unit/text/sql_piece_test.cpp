@@ -27,6 +27,18 @@ TEST(SqlPieces, AreWordsSignsBlanksQuotesAndComments) {
   EXPECT_EQ(Pieces("a-b"), (Texts{"a", "-", "b"}));
 }
 
+TEST(SqlPieces, AreTheQuotesOfPostgreSqlToo) {
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(Pieces(R"(e'it\'s ?',E'\\'a)"), (Texts{R"(e'it\'s ?')", ",", R"(E'\\')", "a"}));
+  EXPECT_EQ(Pieces("be'a\\'b"), (Texts{"be", "'a\\'", "b"}));
+  EXPECT_EQ(Pieces("$$it's $ ?$$a"), (Texts{"$$it's $ ?$$", "a"}));
+  EXPECT_EQ(Pieces("$a1$ $b$ ? $a1$$"), (Texts{"$a1$ $b$ ? $a1$", "$"}));
+  EXPECT_EQ(Pieces("$1$?$1$"), (Texts{"$1$", "?", "$1$"}));
+  EXPECT_EQ(Pieces("$name ? a$b$ ?"), (Texts{"$name", " ", "?", " ", "a$b$", " ", "?"}));
+  EXPECT_EQ(Pieces("$a$ ?"), (Texts{"$a$ ?"}));
+  EXPECT_EQ(Pieces("$"), (Texts{"$"}));
+}
+
 TEST(SqlPieces, OfSpaceAreBlanksAndComments) {
   for (const char* space : {" ", "\n", "-- a", "/* a */"}) EXPECT_TRUE(IsSqlSpace(space)) << space;
   for (const char* other : {"a", "-", "/", "'", "?"}) EXPECT_FALSE(IsSqlSpace(other)) << other;
