@@ -161,7 +161,7 @@ class MariaDb(Server):
                                       f"GRANT ALL ON *.* TO {USER}@'127.0.0.1';\n")
         return [self.program("mariadbd"), "--no-defaults", f"--datadir={self.data}", f"--init-file={first}",
                 "--bind-address=127.0.0.1", f"--port={self.port}", "--socket=socket", "--pid-file=pid",
-                "--skip-name-resolve", "--max-connections=60", "--default-time-zone=+00:00",
+                "--skip-name-resolve", "--max-connections=60", "--skip-ssl", "--default-time-zone=+00:00",
                 "--character-set-server=utf8mb4", "--innodb-flush-method=nosync", "--innodb-flush-log-at-trx-commit=0",
                 "--innodb-buffer-pool-size=64M", "--innodb-log-file-size=32M", "--aria-pagecache-buffer-size=8M"]
 

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 #include "database/interruption.h"
 #include "platform/statement_clock.h"
@@ -43,6 +45,16 @@ std::string OneLine(std::string_view message) {
   std::string line;
   for (const char c : text::TrimAsciiSpace(message)) line += text::IsAsciiSpace(c) ? ' ' : c;
   return line;
+}
+
+/// Where the system has the certificates that it trusts; nullptr when it is not known. Without it libraries
+/// from 3.4 on also take a server of an unknown authority that proves to know the password.
+const char* FolderOfAuthorities() {
+  for (const char* folder : {"/etc/ssl/certs", "/etc/pki/tls/certs"}) {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(folder, ignored)) return folder;
+  }
+  return nullptr;
 }
 
 }  // namespace
@@ -116,8 +128,11 @@ void Link::SetOptions() {
   library_.mysql_options(Handle(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
   set(MYSQL_OPT_SSL_ENFORCE, static_cast<my_bool>(options_.ssl_mode != SslMode::kDisabled));
   set(MYSQL_OPT_SSL_VERIFY_SERVER_CERT, static_cast<my_bool>(options_.ssl_mode == SslMode::kVerified));
-  if (options_.ssl_authorities.empty()) return;
-  library_.mysql_options(Handle(), MYSQL_OPT_SSL_CA, options_.ssl_authorities.c_str());
+  if (!options_.ssl_authorities.empty()) {
+    library_.mysql_options(Handle(), MYSQL_OPT_SSL_CA, options_.ssl_authorities.c_str());
+  } else if (const char* folder = FolderOfAuthorities(); options_.ssl_mode == SslMode::kVerified && folder) {
+    library_.mysql_options(Handle(), MYSQL_OPT_SSL_CAPATH, folder);
+  }
 }
 
 /// MySQL limits queries only, and in milliseconds.

@@ -178,7 +178,9 @@ TEST_F(LongResult, TellsItsFailureWhereItIs) {
     const auto error = ErrorOf([&] {
       for (; !recordset->Eof(); recordset->MoveNext()) ++rows;
     });
-    EXPECT_EQ(rows, 2999);
+    // Where the client library takes rows in parts, the failure comes in place of the part that it ends.
+    EXPECT_LE(rows, 2999);
+    EXPECT_GT(rows, 2800);
     EXPECT_EQ(error.Description(), "division by zero (SQLSTATE 22012)");
     EXPECT_EQ(error.Source(), sql);
   }
