@@ -26,7 +26,7 @@ enum class PublicText {
   kDelete = 17,
   kNoSuchRecord = 18,
   kLeftForm = 19,
-  kFormToken = 20,
+  kFormToken = 22,
 };
 
 /// The text with its number in front, as HTML: "Message 7: The record could not be opened.".

@@ -34,7 +34,7 @@ var_dump($view->TokenCallback);
 Status: 403 Forbidden
 --EXPECT--
 bool(true)
-Message 20: Nothing was changed: the form has expired. Send it again.
+Message 22: Nothing was changed: the form has expired. Send it again.
 ["guess",null] name="Morvu1Token" value="the session&#39;s"
 1
 Ann

@@ -85,7 +85,7 @@ TEST(FormToken, RefusesAFormWithoutItAndKeepsWhatWasTyped) {
     const Answer answer = page.Post(token);
     EXPECT_EQ(answer.status, 403);
     EXPECT_EQ(answer.message.substr(0, 66),
-              "Message 20: Nothing was changed: the form has expired. Send it aga");
+              "Message 22: Nothing was changed: the form has expired. Send it aga");
     EXPECT_TRUE(answer.Shows("\"Typed\"")) << answer.body;
     EXPECT_TRUE(answer.Shows(kInput));
   }
