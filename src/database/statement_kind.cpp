@@ -107,20 +107,21 @@ constexpr std::string_view kTemporary[] = {"TEMP", "TEMPORARY"};
 /// Whether a name that is not in the list stands in front of a "(". The list of columns of an INSERT is no
 /// call.
 bool CallsFunctions(std::string_view text) {
-  std::string_view before;
+  bool is_target = false;  // The name of a table behind INTO, or a part of it.
+  bool is_behind_dot = false;
   std::string_view word;
   while (!text.empty()) {
     const std::string_view next = FirstWord(text);
     if (!next.empty()) {
-      before = word;
+      is_target = is_behind_dot ? is_target : text::EqualAscii(word, "INTO");
+      is_behind_dot = false;
       word = next;
     } else if (text.front() == '(') {
-      const bool is_call =
-          !word.empty() && !text::EqualAscii(before, "INTO") && !IsAny(word, kBeforeParenthesis);
-      if (is_call) return true;
+      if (!word.empty() && !is_target && !IsAny(word, kBeforeParenthesis)) return true;
     } else if (text.starts_with(":=")) {
       return true;
     } else if (text.front() != '"' && text.front() != '`' && !text::IsAsciiSpace(text.front())) {
+      is_behind_dot = text.front() == '.';
       word = {};
     }
     text.remove_prefix(std::max<std::size_t>(next.size(), 1));

@@ -87,14 +87,15 @@ TEST(StatementKind, SeesAllWordsWhereDatabasesDifferInWhatAQuoteIs) {
 }
 
 TEST(StatementKind, KnowsCallsOfUnknownFunctions) {
-  for (const char* text :
-       {"SELECT remember()", "SELECT \"Remember\" (1)", "SELECT @a := 1", "SELECT a FROM f(1)"}) {
+  for (const char* text : {"SELECT remember()", "SELECT \"Remember\" (1)", "SELECT @a := 1",
+                           "SELECT a FROM f(1)", "INSERT INTO s.a SELECT f(1)"}) {
     EXPECT_TRUE(KindOf(text).calls_functions) << text;
   }
   for (const char* text :
        {"SELECT COUNT(*) AS n FROM (SELECT a FROM b) c", "SELECT a FROM b WHERE c IN (1, 2)",
         "UPDATE a SET b = ? WHERE CAST(CONVERT(c USING utf8mb4) AS BINARY) = ?",
-        "INSERT INTO a (b, c) VALUES (1, 2)", "CREATE TABLE a (b VARCHAR(20))"}) {
+        "INSERT INTO a (b, c) VALUES (1, 2)", "INSERT INTO \"s\".\"a\" (\"b\") VALUES (?)",
+        "INSERT INTO `s` . `a` (`b`) VALUES (?)", "CREATE TABLE a (b VARCHAR(20))"}) {
     EXPECT_FALSE(KindOf(text).calls_functions) << text;
   }
 }
