@@ -3,8 +3,8 @@
 
 #include "database/interruption.h"
 #include "database/session_pool.h"
+#include "support/stalling_proxy.h"
 #include "unit/database/mariadb/native_test.h"
-#include "unit/database/mariadb/stalling_proxy.h"
 
 namespace dralo::tests {
 

@@ -1,7 +1,7 @@
 #include <dralo/dralo.h>
 
+#include "support/stalling_proxy.h"
 #include "unit/database/mariadb/native_test.h"
-#include "unit/database/mariadb/stalling_proxy.h"
 
 namespace dralo::tests {
 

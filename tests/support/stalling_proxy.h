@@ -7,14 +7,16 @@
 
 #include <array>
 #include <atomic>
+#include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 
 namespace dralo::tests {
 
 /// Stands between a client and a server of 127.0.0.1, for one connection after another, and passes everything
-/// on until it is told to stall: it stays connected then, and passes nothing on.
+/// on until it is told to stall, when it stays connected and passes nothing on, or to cut a connection.
 class StallingProxy {
  public:
   explicit StallingProxy(const std::string& port)
@@ -41,6 +43,16 @@ class StallingProxy {
 
   /// How often the client has sent something after the server's last answer, which it then waited for.
   int Trips() const { return trips_; }
+
+  /// Where a connection is cut: before the server has got what the client sends, or behind that, when the
+  /// server's answer is there.
+  enum class Cut { kBefore, kBehind };
+
+  /// Cuts the connection on which the client sends the word next; only that one.
+  void CutAt(const std::string& word, Cut where) {
+    const std::lock_guard lock(mutex_);
+    cut_ = {word, where};
+  }
 
   /// As soon as so many more bytes have gone.
   void StallAfter(int bytes) { bytes_left_ = bytes; }
@@ -84,8 +96,22 @@ class StallingProxy {
     std::array<char, 4096> bytes{};
     const ssize_t count = recv(from, bytes.data(), bytes.size(), 0);
     if (count > 0 && std::exchange(has_answered_, is_answer) && !is_answer) ++trips_;
+    if (count > 0 && !is_answer && IsCut(to, {bytes.data(), static_cast<std::size_t>(count)})) return false;
     if (bytes_left_ > 0 && (bytes_left_ -= static_cast<int>(count)) <= 0) Stall();
     return count > 0 && send(to, bytes.data(), static_cast<std::size_t>(count), MSG_NOSIGNAL) == count;
+  }
+
+  bool IsCut(int server, std::string_view sent) {
+    const std::lock_guard lock(mutex_);
+    const auto& [word, where] = cut_;
+    if (word.empty() || sent.find(word) == sent.npos) return false;
+    if (where == Cut::kBehind) {
+      send(server, sent.data(), sent.size(), MSG_NOSIGNAL);
+      while (!is_ending_ && !HasSomething(server)) {
+      }
+    }
+    cut_ = {};
+    return true;
   }
 
   const std::uint16_t server_port_;
@@ -95,6 +121,8 @@ class StallingProxy {
   std::atomic<int> bytes_left_ = 0;  ///< Before it stalls; 0 for any number.
   std::atomic<bool> is_ending_ = false;
   std::atomic<int> trips_ = 0;
+  std::mutex mutex_;
+  std::pair<std::string, Cut> cut_;
   bool has_answered_ = false;
   std::thread thread_;
 };
