@@ -203,6 +203,8 @@ Error Link::MakeError(unsigned number, const char* state, const char* message, s
   is_transaction_in_doubt_ |= IsInTransaction();
   std::string line = OneLine(message);
   std::string sqlstate = state;
+  if (is_dead_) sqlstate = "08S01";  // Not all failures of connections say so themselves.
+  if (is_connecting_ && sqlstate == "HY000") sqlstate = "08001";
   if (is_stopped_) {
     line = "The page has run out of time; the connection is given up";
     sqlstate = "HY008";

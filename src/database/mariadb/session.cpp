@@ -168,7 +168,6 @@ void Session::Begin() {
     Settle();
     transactions_.Begin();
   });
-  is_fresh_ = false;
 }
 
 void Session::Commit() {
@@ -177,12 +176,19 @@ void Session::Commit() {
 }
 
 void Session::Rollback() noexcept {
+  const bool is_outermost = transactions_.IsOutermost();
+  bool is_done = true;
   try {
     Settle();
   } catch (const std::exception&) {
-    has_traces_ = true;
+    is_done = false;
   }
-  if (!transactions_.Rollback()) has_traces_ = true;  // Whatever is open ends with the user.
+  is_done &= transactions_.Rollback();
+  if (!link_.IsDead()) {
+    has_traces_ |= !is_done;  // Whatever is open ends with the user.
+  } else if (is_outermost && !has_traces_) {
+    was_left_ = true;  // What was begun here is over, so the next statement may have another connection.
+  }
 }
 
 /// A deadlock, or in a cluster a commit that came second.
@@ -191,7 +197,6 @@ bool Session::MayRepeatAfter(const Error& error) const {
 }
 
 bool Session::IsAlive() noexcept {
-  is_fresh_ = true;
   ForgetOldKeys();
   if (!link_.IsQuiet()) return false;
   const bool has_rested_long = std::chrono::steady_clock::now() - last_use_ >= kLongRest;
@@ -251,7 +256,6 @@ void Session::Expect(const StatementKind& kind, std::string_view text) {
 
 void Session::Note(const StatementKind& kind, std::int64_t last_identity) {
   if (kind.defines) keys_.clear();
-  is_fresh_ = false;
   if (!kind.is_query) last_identity_ = last_identity;
 }
 

@@ -29,8 +29,9 @@ class Cursor;
 /// a transaction that is open the rest is rolled back. After anything else, such as a setting, a temporary
 /// table, a lock or a function of the page's own, the server resets the session, which costs the statements.
 ///
-/// IsAlive() asks the socket, after a long rest the server. Should the server have gone in this very moment,
-/// the first query opens the connection again.
+/// IsAlive() asks the socket, after a long rest the server. Should the connection be lost, a query opens it
+/// again where nothing of the user's is lost with it, and so does the next statement behind a transaction of
+/// the component.
 class Session final : public database::Session {
  public:
   /// Throws platform::Error when the database does not open.
@@ -74,15 +75,16 @@ class Session final : public database::Session {
   /// that its columns are others now would show only when it was carried out.
   void GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept;
 
-  /// What `run`, which runs a statement of that kind, returns. Should the server have gone while the session
-  /// was kept, this is where it shows: the connection is opened again, and `run` called again.
+  /// What `run`, which runs a statement of that kind, returns. Should the connection be lost, or have been
+  /// while the session was kept, it is opened again, and `run` called again, unless a transaction or
+  /// something of the user's went with it.
   template <class Function>
   auto Reconnecting(const StatementKind& kind, const Function& run) {
+    const bool may_repeat = kind.is_query && !kind.calls_functions && !link_.IsDead() && MayLeave();
     try {
       return run();
     } catch (const platform::Error&) {
-      const bool may_reconnect = std::exchange(is_fresh_, false) && kind.is_query && !kind.calls_functions;
-      if (!may_reconnect || !link_.IsDead() || link_.IsGivenUp()) throw;
+      if (!may_repeat || !link_.IsDead() || link_.IsGivenUp()) throw;
     }
     Connect();
     return run();
@@ -125,7 +127,6 @@ class Session final : public database::Session {
   std::chrono::steady_clock::time_point keys_since_ = std::chrono::steady_clock::now();
   Cursor* reading_ = nullptr;
   bool was_left_ = false;
-  bool is_fresh_ = false;  ///< Nothing was run since it was taken from the pool.
   bool has_traces_ = false;
   bool has_left_database_ = false;  ///< By a statement of the page.
   std::int64_t last_identity_ = 0;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "database/mariadb/first_word.h"
+#include "database/unknown_outcome.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
 
@@ -46,9 +47,26 @@ void Transactions::Begin() {
 void Transactions::Commit() {
   RequireNotUndone();
   const bool is_outermost = IsOutermost();
-  link_.Run(is_outermost ? "COMMIT" : "RELEASE " + Savepoint(depth_ - 1));
+  if (is_outermost) {
+    CommitOutermost();
+  } else {
+    link_.Run("RELEASE " + Savepoint(depth_ - 1));
+  }
   owns_outermost_ &= !is_outermost;
   --depth_;
+}
+
+/// A server that was told may have done it, whatever became of its answer. A node that has lost its cluster
+/// refuses to.
+void Transactions::CommitOutermost() {
+  constexpr int kNodeServesNothing = 1047;
+  if (link_.IsDead()) throw link_.LastError({});
+  try {
+    link_.Run("COMMIT");
+  } catch (const Error& error) {
+    if (link_.IsDead() && error.Number() != kNodeServesNothing) throw UnknownOutcome(error);
+    throw;
+  }
 }
 
 bool Transactions::Rollback() noexcept {

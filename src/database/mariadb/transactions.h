@@ -30,12 +30,15 @@ class Transactions {
 
   bool AreOpen() const { return depth_ > 0 || is_undone_ || link_.IsInTransaction(); }
 
+  /// Whether the latest Begin() has begun the transaction.
+  bool IsOutermost() const { return depth_ == 1 && owns_outermost_; }
+
   /// With the user, whose transactions they were.
   void Forget();
 
  private:
-  bool IsOutermost() const { return depth_ == 1 && owns_outermost_; }
   void LearnWhetherUndone();
+  void CommitOutermost();
   void RollBackPart();
 
   Link& link_;

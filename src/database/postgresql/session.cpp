@@ -6,6 +6,7 @@
 #include "database/postgresql/cursor.h"
 #include "database/postgresql/quote.h"
 #include "database/statement_text.h"
+#include "database/unknown_outcome.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
 
@@ -83,7 +84,6 @@ void Session::RunDeferred() noexcept {
 /// The outermost transaction begins with its first statement, in the same trip.
 void Session::Begin() {
   RunDeferred();
-  is_fresh_ = false;
   link_->Begin();
   BeginNow();
   if (IsInTransaction()) {
@@ -101,18 +101,36 @@ void Session::BeginNow() {
 void Session::Commit() {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
   const bool has_begun = !std::exchange(is_begin_due_, false);
-  if (has_begun) {
-    link_->Run(is_outermost ? "COMMIT" : ("RELEASE SAVEPOINT " + Savepoint(depth_ - 1)).c_str());
+  if (has_begun && is_outermost) {
+    CommitNow();
+  } else if (has_begun) {
+    link_->Run(("RELEASE SAVEPOINT " + Savepoint(depth_ - 1)).c_str());
   }
   --depth_;
   if (is_outermost) owns_transaction_ = false;
+}
+
+/// A server that was told may have done it, whatever became of its answer.
+void Session::CommitNow() {
+  link_->Begin();
+  try {
+    link_->Run("COMMIT");
+  } catch (const Error& error) {
+    if (link_->IsDead()) throw UnknownOutcome(error);
+    throw;
+  }
 }
 
 void Session::Rollback() noexcept {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
   --depth_;
   if (is_outermost) owns_transaction_ = false;
-  if (std::exchange(is_begin_due_, false)) return;
+  if (!std::exchange(is_begin_due_, false)) RollBackNow(is_outermost);
+  // What was begun here is over, so the next statement may have another connection.
+  if (is_outermost && link_->IsDead() && !has_traces_) link_->Drop();
+}
+
+void Session::RollBackNow(bool is_outermost) noexcept {
   try {
     const std::string savepoint = "SAVEPOINT " + Savepoint(depth_);
     link_->Run(is_outermost ? "ROLLBACK" : ("ROLLBACK TO " + savepoint).c_str());
@@ -158,10 +176,7 @@ platform::Variant Session::CountBeside(const Query& count, database::Cursor& row
   return static_cast<Cursor&>(rows).Count(count);
 }
 
-bool Session::IsAlive() noexcept {
-  is_fresh_ = true;
-  return link_->IsQuiet();
-}
+bool Session::IsAlive() noexcept { return link_->IsQuiet(); }
 
 bool Session::Reset() noexcept {
   depth_ = 0;
@@ -241,6 +256,11 @@ Execution::Opening Session::TakeOpening(const StatementKind& kind) {
   if (std::exchange(is_begin_due_, false)) return Execution::Opening::kTransaction;
   const bool needs_guard = IsInTransaction() && depth_ == 0 && !kind.controls_transaction;
   return needs_guard ? Execution::Opening::kSavepoint : Execution::Opening::kNone;
+}
+
+/// Between two trips.
+bool Session::HasNothingToLose() const {
+  return link_->Transaction() == PQTRANS_IDLE && depth_ == 0 && !has_traces_;
 }
 
 bool Session::IsReplaceable() const { return !IsInTransaction() && !is_begin_due_ && !has_traces_; }

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "database/postgresql/execution.h"
@@ -24,7 +23,8 @@ class Cursor;
 /// Reset() rolls a transaction back and, where the user called functions or changed settings, made temporary
 /// tables or took locks, takes that back; prepared statements of the component stay. A session whose server
 /// refused a change is not kept. IsAlive() looks at the
-/// socket. Should the server have gone in this very moment, the first query opens the connection again.
+/// socket. Should the connection be lost, a query opens it again where nothing of the user's is lost with it,
+/// and so does the next statement behind a transaction of the component.
 class Session final : public database::Session {
  public:
   /// Throws platform::Error when the database does not open.
@@ -81,15 +81,16 @@ class Session final : public database::Session {
   /// Whether another connection would be as good. Before the orders of a trip.
   bool IsReplaceable() const;
 
-  /// What `run`, which runs a query, returns. Should the server have ended the session while it was kept,
-  /// this is where it shows: the connection is opened again, and `run` called again.
+  /// What `run`, which runs a query, returns. Should the connection be lost, or have been while the session
+  /// was kept, it is opened again, and `run` called again, unless a transaction or something of the user's
+  /// went with it.
   template <typename Function>
   auto Reconnecting(const StatementKind& kind, const Function& run) {
-    const bool was_fresh = std::exchange(is_fresh_, false);
+    const bool may_repeat = kind.is_query && !kind.calls_functions && HasNothingToLose();
     try {
       return run();
     } catch (const platform::Error& error) {
-      if (!was_fresh || !kind.is_query || kind.calls_functions || !IsLoss(error)) throw;
+      if (!may_repeat || !IsLoss(error)) throw;
     }
     link_->Drop();
     return run();
@@ -97,8 +98,11 @@ class Session final : public database::Session {
 
  private:
   static bool IsLoss(const platform::Error& error);
+  bool HasNothingToLose() const;
   bool IsInTransaction() const { return link_->Transaction() == PQTRANS_INTRANS; }
   void BeginNow();
+  void CommitNow();
+  void RollBackNow(bool is_outermost) noexcept;
   void DeallocateUnused();
   std::int64_t AskNumber(const std::string& query) const;
   std::string Savepoint(int depth) const { return "dralo_" + std::to_string(depth); }
@@ -116,7 +120,6 @@ class Session final : public database::Session {
   bool is_begin_due_ = false;      ///< With the next statement.
   bool has_traces_ = false;        ///< Of the user, that the next one would meet.
   bool has_prepared_ = false;      ///< The user has prepared statements, by SQL.
-  bool is_fresh_ = false;          ///< Nothing was run since it was taken from the pool.
 };
 
 }  // namespace dralo::database::postgresql
