@@ -47,6 +47,7 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render, platform::Response&
                    .has_failed = render.outcome.has_failed_to_save,
                    .shows_stored_record = render.outcome.shows_stored_record,
                    .is_refused = render.outcome.is_refused,
+                   .has_lost_change = render.outcome.has_lost_change,
                    .field_notes = render.outcome.field_notes,
                    .status_message = render.outcome.status_message,
                    .errors = render.outcome.errors,
@@ -67,6 +68,7 @@ void TakeOutcome(Render& render, const PostedChange& change) {
   render.outcome.has_failed_to_save = change.has_failed;
   render.outcome.shows_stored_record = change.shows_stored_record;
   render.outcome.is_refused = change.is_refused;
+  render.outcome.has_lost_change = change.has_lost_change;
   render.outcome.field_notes = change.field_notes;
   render.outcome.status_message = change.status_message;
 }

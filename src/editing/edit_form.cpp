@@ -111,7 +111,7 @@ void EditForm::PutStateInputs(platform::Recordset& recordset) {
            Verbatim{fields_.AddsRecord() ? "1" : ""});
   if (!fields_.AddsRecord()) return;
   if (DetectsReplays(settings_)) {
-    const std::string greatest = GreatestKey(render_, recordset);
+    const std::string greatest = GreatestKeyOfForm(render_, recordset);
     out_.Put(R"(<input type="hidden" name="{}" value="{}">)", render_.keys(kGreatestKey), Verbatim{greatest});
   }
   if (HasInsertToken(settings_)) {

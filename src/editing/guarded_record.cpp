@@ -7,6 +7,7 @@
 
 #include "dralo/error.h"
 #include "editing/checked_delete.h"
+#include "editing/lost_change.h"
 #include "editing/outcome.h"
 #include "editing/shown_key.h"
 #include "settings/open_connection.h"
@@ -71,7 +72,7 @@ bool DeleteGuardedRecord(state::Render& render, const QuerySchema& schema) {
   try {
     changed = RunDelete(render, *record, guarded.Key());
   } catch (const std::exception& error) {
-    render.Errors().AddPublic(settings::PublicText::kDelete, error.what());
+    if (!TellOfLoss(render, error)) render.Errors().AddPublic(settings::PublicText::kDelete, error.what());
     return false;
   }
   if (changed != 1) throw platform::Error("DeleteSQL did not change exactly one record, so none was deleted");

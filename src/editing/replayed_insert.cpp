@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <span>
 #include <variant>
 
@@ -36,6 +37,10 @@ std::string QuotedKey(const settings::Settings& settings, platform::Recordset& r
   const platform::Field* field = state::FindField(records, name);
   if (field == nullptr) throw state::UnknownField(name);
   return settings::OpenConnection(settings)->QuoteExactName(field->Name());
+}
+
+std::optional<std::int64_t> PostedGreatestKey(const state::Render& render) {
+  return text::ParseNumber<std::int64_t>(render.keys.Value(kGreatestKey));
 }
 
 /// Whether the fields have equal values, as far as they were posted; the key is never equal.
@@ -73,7 +78,9 @@ bool DetectsReplays(const settings::Settings& settings) {
          !HasInsertToken(settings);
 }
 
-std::string GreatestKey(const state::Render& render, platform::Recordset& records) {
+std::string GreatestKeyOfForm(const state::Render& render, platform::Recordset& records) {
+  const auto posted = PostedGreatestKey(render);
+  if (posted && render.outcome.has_lost_change) return std::to_string(*posted);
   const std::string maximum = "max(" + QuotedKey(render.settings, records) + ")";
   const auto record = OpenFirstRows(render, RecordsOfForm(render.settings, maximum),
                                     settings::EditParameters(render.settings));
@@ -85,7 +92,7 @@ std::string GreatestKey(const state::Render& render, platform::Recordset& record
 }
 
 bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset) {
-  const auto greatest = text::ParseNumber<std::int64_t>(render.keys.Value(kGreatestKey));
+  const auto greatest = PostedGreatestKey(render);
   if (!greatest) return false;
   const std::string statement = RecordsOfForm(render.settings, "*") + " WHERE " +
                                 QuotedKey(render.settings, recordset) + " > " + std::to_string(*greatest);

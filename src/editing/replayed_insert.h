@@ -20,9 +20,10 @@ inline constexpr std::string_view kGreatestKey = "After";
 /// statement makes, and without EditInsertToken, which needs no question.
 bool DetectsReplays(const settings::Settings& settings);
 
-/// The greatest key of the records of EditSQL, whose fields `records` has, or one below all when there are
-/// none; "" when keys are no whole numbers. Throws platform::Error when the statement fails.
-std::string GreatestKey(const state::Render& render, platform::Recordset& records);
+/// What the form carries: the greatest key of the records of EditSQL, whose fields `records` has, or one
+/// below all when there are none; "" when keys are no whole numbers. Where a save was lost that may have been
+/// made, it stays what was posted. Throws platform::Error when the statement fails.
+std::string GreatestKeyOfForm(const state::Render& render, platform::Recordset& records);
 
 /// Whether a record of EditSQL and of the page's `sql` behind the posted greatest key has the values of the
 /// new record on which `recordset` stands, in all fields that were posted. Throws platform::Error when the

@@ -12,11 +12,13 @@
 #include "editing/fields_in_turn.h"
 #include "editing/guarded_record.h"
 #include "editing/insert_token.h"
+#include "editing/lost_change.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
 #include "editing/primary_keys.h"
 #include "editing/record_change.h"
 #include "editing/replayed_insert.h"
+#include "platform/lost_connection.h"
 #include "platform/transaction.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
@@ -65,11 +67,28 @@ class Save {
       render_.Errors().AddLeftForm();
       return false;
     }
-    guarded_->Commit();
-    render_.outcome.saved_key = state::KeyOfItems(*saved_key);
     recordset_->Close();
+    Commit();
+    render_.outcome.saved_key = state::KeyOfItems(*saved_key);
     SetSaved();
     return true;
+  }
+
+  /// Where the answer was lost, the record tells whether it was added.
+  void Commit() {
+    try {
+      guarded_->Commit();
+    } catch (const platform::Error& error) {
+      if (!platform::IsOutcomeUnknown(error) || !IsFoundAdded()) throw;
+    }
+  }
+
+  bool IsFoundAdded() {
+    try {
+      return IsAddedMeanwhile();
+    } catch (const std::exception&) {
+      return false;
+    }
   }
 
   /// Whether a post of the same form has added its record: then nothing is to be done but to say so.
@@ -118,7 +137,7 @@ class Save {
       if (is_insert_) return true;  // Without reading a row of the whole table.
       is_found_ = !recordset_->Eof();
     } catch (const std::exception& error) {
-      render_.Errors().AddOpeningFailure(error.what(), statement);
+      if (!TellOfLoss(render_, error)) render_.Errors().AddOpeningFailure(error.what(), statement);
       return false;
     }
     return true;
@@ -138,7 +157,7 @@ class Save {
     try {
       recordset_->AddNew();
     } catch (const std::exception& error) {
-      render_.Errors().AddAddNewFailure(error.what());
+      if (!TellOfLoss(render_, error)) render_.Errors().AddAddNewFailure(error.what());
       return false;
     }
     return true;
@@ -201,9 +220,9 @@ class Save {
     try {
       recordset_->Update();
     } catch (const std::exception& error) {
-      const std::string reason = error.what();
       recordset_->Close();
-      if (!IsAddedMeanwhile() && !IsOvertaken()) render_.Errors().AddUpdateFailure(reason);
+      if (IsAddedMeanwhile() || IsOvertaken() || TellOfLoss(render_, error)) return false;
+      render_.Errors().AddUpdateFailure(error.what());
       return false;
     }
     return true;

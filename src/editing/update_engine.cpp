@@ -9,6 +9,7 @@
 #include "dralo/error.h"
 #include "editing/checked_delete.h"
 #include "editing/guarded_record.h"
+#include "editing/lost_change.h"
 #include "editing/outcome.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
@@ -44,6 +45,7 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
   try {
     changed = connection->ChangeOneRecord(statement, settings.DeleteSqlParameters);
   } catch (const std::exception& error) {
+    if (TellOfLoss(render, error)) return false;
     if (settings.Hardened) {
       render.Errors().AddPublic(settings::PublicText::kDelete, error.what());
     } else {
@@ -101,6 +103,7 @@ bool UpdateRecord(state::Render& render) {
   try {
     return CarryOut(render, statement);
   } catch (const std::exception& error) {
+    if (TellOfLoss(render, error)) return false;
     render.Errors().AddStatement(error.what(), "UpdateRecord", statement, settings.DisplayDebug);
   }
   return false;

@@ -51,6 +51,8 @@ enum RefusalSlot : std::size_t {
   kTooLate = 15,
   kNotDeleted = 16,
   kNoChoice = 17,
+  kConnectionLost = 18,
+  kMayBeChanged = 19,  ///< Or not: the connection was lost when it was to be made.
 };
 
 /// Every text that the component itself puts on a page.

@@ -32,6 +32,10 @@ constexpr Row kRows[] = {
     {PublicText::kDelete, "The record was not deleted."},
     {PublicText::kNoSuchRecord, "There is no such record."},
     {PublicText::kLeftForm, "Nothing was saved: the record would not be one of this page any more."},
+    {PublicText::kConnectionLost, "The database could not be reached, so nothing was changed; try again."},
+    {PublicText::kUnknownOutcome,
+     "The database was out of reach, so it is not known whether the change was made; look before you repeat "
+     "it."},
     {PublicText::kFormToken, "Nothing was changed: the form has expired. Send it again."},
 };
 

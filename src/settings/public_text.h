@@ -26,6 +26,8 @@ enum class PublicText {
   kDelete = 17,
   kNoSuchRecord = 18,
   kLeftForm = 19,
+  kConnectionLost = 20,
+  kUnknownOutcome = 21,
   kFormToken = 22,
 };
 

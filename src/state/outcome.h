@@ -28,6 +28,7 @@ struct PostedChange {
   bool has_failed = false;
   bool shows_stored_record = false;
   bool is_refused = false;
+  bool has_lost_change = false;
   std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< What the form views show about it.
   std::string errors = "";          ///< What it added to ErrorMessage.
@@ -48,8 +49,9 @@ struct Outcome {
   std::optional<std::string> saved_key = std::nullopt;  ///< Of a hardened view, as key::kPrimaryKey has it.
   bool has_failed_to_save = false;                      ///< A posted change was tried and failed.
   bool shows_stored_record =
-      false;                ///< What was typed then does not come back: the form shows what is stored.
-  bool is_refused = false;  ///< It was not tried, for who has posted it or for its form.
+      false;                     ///< What was typed then does not come back: the form shows what is stored.
+  bool is_refused = false;       ///< It was not tried, for who has posted it or for its form.
+  bool has_lost_change = false;  ///< The connection was lost, and the change perhaps made all the same.
   bool has_no_such_record =
       false;  ///< The key of the request addresses none: a hardened view shows no other.
   std::vector<FieldNote> field_notes = {};
