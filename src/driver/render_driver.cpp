@@ -241,10 +241,18 @@ void Receive(Render& render, platform::PageContext& page) {
 
 void Answer(Render& render, platform::PageContext& page) {
   if (render.keys.WasPressed(key::kToExcel)) return SendSpreadsheet(render, page.GetResponse());
+  const auto show = [&] {
+    TakeOutcomeOfAddress(render);
+    RenderView(render, page.GetResponse());
+  };
+  {
+    const auto clock = NewClock(render);
+    Receive(render, page);
+    if (!render.outcome.has_failed_to_save) return show();
+  }
+  // What was typed comes back, however long the save has taken.
   const auto clock = NewClock(render);
-  Receive(render, page);
-  TakeOutcomeOfAddress(render);
-  RenderView(render, page.GetResponse());
+  show();
 }
 
 }  // namespace
