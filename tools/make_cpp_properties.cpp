@@ -37,10 +37,9 @@ constexpr std::string_view kViewHead = R"(#pragma once
 
 namespace dralo {
 
-/// What a view can be asked and told, each property by a function that reads it and one that sets it.
-/// Functions that read give copies. Those that set throw std::invalid_argument, naming the property, when the
-/// value does not fit, and Error when setting reaches a database that fails. Threads and lifetime are those
-/// of the view.
+/// The properties of a view, each with a function that reads it and one that sets it. Those that read return
+/// copies. Those that set throw std::invalid_argument, naming the property, when the value does not fit, and
+/// Error when setting reaches a database that fails. Threads and lifetime are those of the view.
 // clang-format off
 class DbViewProperties : public IndexedPropertyOwner {
  public:
@@ -59,7 +58,7 @@ constexpr std::string_view kConnectionHead = R"(#pragma once
 
 namespace dralo {
 
-/// The same, in the manner of DbViewProperties, of a connection that views share.
+/// The properties of a connection that views share, in the manner of DbViewProperties.
 // clang-format off
 class DBConnectionProperties : public PropertyOwner {
  public:

@@ -15,11 +15,11 @@ namespace dralo::platform {
 /// A field of a record with its value.
 struct NamedValue {
   std::string name;  ///< As the statement names the column.
-  Variant value;     ///< A copy of its own.
+  Variant value;     ///< A copy.
 };
 
 /// What a visitor is about to do to a record, or has just done. Lives as long as the call that it is given
-/// to, and belongs to the thread of that call. What its functions return are copies and stays valid.
+/// to, and belongs to the thread of that call. Its functions return copies, which stay valid.
 class Change {
  public:
   virtual ~Change() = default;
@@ -29,21 +29,22 @@ class Change {
   /// "insert", "update" or "delete".
   virtual std::string_view Operation() const = 0;
 
-  /// The fields of EditPrimaryKeys; none of a record that is not inserted yet.
+  /// The fields of EditPrimaryKeys with their values; empty as long as a new record is not inserted.
   virtual std::vector<NamedValue> Key() = 0;
 
-  /// The fields of EditSQL as they are stored, but long binary ones; none of an insert.
+  /// The stored values of the fields of EditSQL, without long binary fields; empty for an insert.
   virtual std::vector<NamedValue> Old() const = 0;
 
-  /// The same as they will be stored; none of a delete.
+  /// The values that will be stored, of the same fields; empty for a delete.
   virtual std::vector<NamedValue> Values() = 0;
 
   /// Stores another value, also in a field that the form does not show. Throws Error when EditSQL has no such
-  /// field, when the value does not suit it, and when the record is written or to be deleted.
+  /// field, when the value does not suit it, and when the record is already written or is to be deleted.
   virtual void Set(std::string_view field, const Variant& value) = 0;
 
-  /// Nothing is written, and the message, a plain text, stands beside the field; "" is for the whole record.
-  /// May be called several times. Throws Error when the record is written.
+  /// Refuses the change: nothing is written, and `message`, a plain text, is shown beside the field; "" as
+  /// the field stands for the whole record. May be called several times. Throws Error when the record is
+  /// already written.
   virtual void Refuse(std::string_view field, std::string_view message) = 0;
 
  protected:
@@ -57,14 +58,14 @@ class ChangeHandler : public Object {
   /// `handle` must not be empty; see MakeHandler().
   explicit ChangeHandler(std::function<void(Change&)> handle) : handle_(std::move(handle)) {}
 
-  /// What it throws undoes the change and becomes a message.
+  /// What the function throws undoes the change and becomes a message.
   void operator()(Change& change) const { handle_(change); }
 
  private:
   std::function<void(Change&)> handle_;
 };
 
-/// The handler that calls `handle`; none for an empty function.
+/// The handler that calls `handle`; nullptr for an empty function.
 inline std::shared_ptr<ChangeHandler> MakeHandler(std::function<void(Change&)> handle) {
   return handle ? std::make_shared<ChangeHandler>(std::move(handle)) : nullptr;
 }

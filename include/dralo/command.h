@@ -17,7 +17,7 @@ enum class CommandType : int { kUnspecified = -1, kText = 1, kTable = 2, kStored
 /// std::make_shared; otherwise plain values, which belong to one thread at a time.
 class Command : public Object {
  public:
-  /// Where it runs; must be set and open by then. Kept alive by the command.
+  /// Where the statement runs; must be set and open when it does. Kept alive by the command.
   std::shared_ptr<Connection> active_connection;
 
   /// A statement, or the name of a table or of a stored procedure, as the type says.

@@ -30,7 +30,7 @@ class Connection : public Object {
   /// Whether it was opened and not closed. Does not ask the database.
   virtual bool IsOpen() const = 0;
 
-  /// How many seconds a statement may take, as Query Timeout in the list says; 0 for no limit.
+  /// How many seconds a statement may take, from Query Timeout in the connection string; 0 for no limit.
   virtual int QueryTimeoutS() const = 0;
 
   /// Runs one statement. Returns its rows, or a closed recordset when it yields none.
@@ -44,11 +44,11 @@ class Connection : public Object {
   /// is undone. Returns how many records it changed, or would have, or -1 when the database does not tell.
   virtual std::int64_t ChangeOneRecord(std::string_view sql, std::span<const Variant> parameters = {}) = 0;
 
-  /// Runs one statement to its end, `parameters` being the values of its "?" in their order; of rows that it
-  /// yields nothing is seen. Returns the number of rows changed, or -1 when the database does not tell.
+  /// Runs one statement to its end, `parameters` being the values of its "?" in their order; rows that it
+  /// yields are discarded. Returns the number of rows changed, or -1 when the database does not tell.
   virtual std::int64_t Run(std::string_view sql, std::span<const Variant> parameters = {}) = 0;
 
-  /// Starts a transaction; inside one that is open already a part of it that can be undone alone.
+  /// Starts a transaction; inside one that is open already, a part of it that can be undone alone.
   virtual void Begin() = 0;
 
   /// Keeps what was done since the latest Begin(), for good when that began the transaction. Throws Error
@@ -58,11 +58,12 @@ class Connection : public Object {
   /// Undoes what was done since the latest Begin(); nothing when nothing was begun.
   virtual void Rollback() noexcept = 0;
 
-  /// A name as it stands in a statement whatever characters it has. One of letters, digits and "_" means what
-  /// it means without quotes, in PostgreSQL the name in small letters.
+  /// The name quoted for a statement, whatever characters it has. A name of letters, digits and "_" means the
+  /// same as without quotes; in PostgreSQL that is the name in lower case.
   virtual std::string QuoteName(std::string_view name) const = 0;
 
-  /// The same for a name whose letters are those that the database knows, as a field or a catalogue tells it.
+  /// The same for a name that is spelled as in the database, such as one read from a field or a catalogue:
+  /// its letter case is kept.
   virtual std::string QuoteExactName(std::string_view name) const = 0;
 
   /// Gives the connection back, undoing what was begun and not committed; open recordsets on it are closed.

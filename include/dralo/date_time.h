@@ -23,7 +23,7 @@ struct DateTime {
   /// The zero date, 30 December 1899, stands for "no date": a pure time of day.
   constexpr bool HasZeroDate() const { return year == 1899 && month == 12 && day == 30; }
 
-  /// Midnight stands for "no time". Fractions of a second count as time only from one second on.
+  /// Midnight stands for "no time"; less than a second after midnight still does.
   constexpr bool IsMidnight() const { return hour == 0 && minute == 0 && second == 0; }
 
   /// Whether the parts name a day of the calendar, in the years 1 to 9999, and a time of day.

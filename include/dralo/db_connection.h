@@ -23,15 +23,15 @@ class DRALO_EXPORT DBConnection final : public Object, public DBConnectionProper
   explicit DBConnection(Environment& environment);
   ~DBConnection() override;
 
-  /// Binds the connection to the page. After OnEndPage() it has a new connection of its own, not open yet,
-  /// where the former page had one.
+  /// Binds the connection to the page. When OnEndPage() has given a connection back, a new one takes its
+  /// place, not open yet.
   void OnStartPage(PageContext& page);
 
   /// Gives its own connection back; one that was assigned stays as it is.
   void OnEndPage();
 
   /// @{
-  /// As PropertyOwner has it.
+  /// See PropertyOwner.
   PropertyValue Get(std::string_view name) const override;
   void Set(std::string_view name, const PropertyValue& value) override;
   /// @}

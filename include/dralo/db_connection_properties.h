@@ -11,7 +11,7 @@
 
 namespace dralo {
 
-/// The same, in the manner of DbViewProperties, of a connection that views share.
+/// The properties of a connection that views share, in the manner of DbViewProperties.
 // clang-format off
 class DBConnectionProperties : public PropertyOwner {
  public:

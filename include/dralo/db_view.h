@@ -26,13 +26,14 @@ class DRALO_EXPORT DbView final : public DbViewProperties {
   explicit DbView(Environment& environment);
   ~DbView() override;
   /// @{
-  /// One that was moved from can only be assigned to and destroyed.
+  /// A view that was moved from can only be assigned to and destroyed.
   DbView(DbView&&) noexcept;
   DbView& operator=(DbView&&) noexcept;
   /// @}
 
-  /// Binds the view to the page, which must live until OnEndPage(). A page that cannot be had is told in
-  /// ErrorMessage. On a page after the first the view begins anew but for its properties.
+  /// Binds the view to the page, which must live until OnEndPage(). When the page yields no request or no
+  /// response, ErrorMessage says so. On every later page the view starts afresh, but its properties keep
+  /// their values.
   void OnStartPage(PageContext& page);
 
   /// Gives back the connection that the ConnectionString property opened, and lets go of the page and of a
@@ -45,8 +46,8 @@ class DRALO_EXPORT DbView final : public DbViewProperties {
   void WriteHtmlTable();
 
   /// Carries out what the visitor has saved or deleted; called before the page writes anything. When the view
-  /// is hardened and something was changed, the answer is the address that shows it: throws what ends the
-  /// page, as Page::Ended. WriteHtmlTable() calls it when nobody did.
+  /// is hardened and something was changed, it redirects the visitor to the address that shows the result and
+  /// throws what ends the page, such as Page::Ended. WriteHtmlTable() calls it when nobody did.
   void ReceivePost();
 
   /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
@@ -64,7 +65,7 @@ class DRALO_EXPORT DbView final : public DbViewProperties {
   std::string EditLookupAsString(std::string_view field_name) const;
 
   /// @{
-  /// As PropertyOwner and IndexedPropertyOwner have it.
+  /// See PropertyOwner and IndexedPropertyOwner.
   PropertyValue Get(std::string_view name) const override;
   void Set(std::string_view name, const PropertyValue& value) override;
   Variant GetAt(std::string_view name, std::int16_t number) override;

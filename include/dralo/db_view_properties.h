@@ -20,10 +20,9 @@
 
 namespace dralo {
 
-/// What a view can be asked and told, each property by a function that reads it and one that sets it.
-/// Functions that read give copies. Those that set throw std::invalid_argument, naming the property, when the
-/// value does not fit, and Error when setting reaches a database that fails. Threads and lifetime are those
-/// of the view.
+/// The properties of a view, each with a function that reads it and one that sets it. Those that read return
+/// copies. Those that set throw std::invalid_argument, naming the property, when the value does not fit, and
+/// Error when setting reaches a database that fails. Threads and lifetime are those of the view.
 // clang-format off
 class DbViewProperties : public IndexedPropertyOwner {
  public:

@@ -19,8 +19,8 @@ class Environment;
 /// same moment. After fork() a child may go on using it, but not the connections that were open.
 class DRALO_EXPORT Environment {
  public:
-  /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US.
-  /// Throws Error when the locale is unknown, and when an origin or a host of `site` is none.
+  /// `locale` such as "de-DE"; empty takes LC_ALL, else LANG, else en-US. Throws Error when the locale is
+  /// unknown, and when an origin or a host of `site` is not valid.
   explicit Environment(std::string_view locale = {}, Site site = {});
   ~Environment();
   Environment(const Environment&) = delete;

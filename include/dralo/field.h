@@ -9,8 +9,8 @@
 
 namespace dralo::platform {
 
-/// Writes the condition that the column which a statement calls `name` has the value that `text` stands for
-/// in a primary key; "" when `text` is no value of the column.
+/// Returns the SQL condition that the column which a statement calls `name` equals the key value `text`; ""
+/// when `text` cannot be a value of the column.
 using KeyComparison = std::string (*)(std::string_view name, std::string_view text);
 
 /// One column of a recordset. Owned by its recordset, valid until that is closed, and of its thread.
@@ -42,8 +42,8 @@ class Field {
   /// Whether the type is that of the column; else each value has its own, and Type() is that of the first.
   virtual bool HasDeclaredType() const { return true; }
 
-  /// The condition that the column which a statement calls `name` equals a value of this type, which is bound
-  /// to its "?". Without a declared type the value is a text.
+  /// The SQL condition that the column which a statement calls `name` equals the value bound to its "?",
+  /// which is of this field's type. Without a declared type the value is a text.
   virtual std::string BoundComparison(std::string_view name) const { return std::string(name) + " = ?"; }
 
   /// The column's name in the table to which the rows are written, as it stands in a statement; "" when it is

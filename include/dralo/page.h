@@ -16,7 +16,7 @@ namespace dralo {
 
 /// One request and its response for a C++ program that serves pages itself.
 /// Fill in the request, hand the page to DbView::OnStartPage(), render, send what was collected: status,
-/// headers and body. It belongs to one thread, and must outlive its views or their OnEndPage(). What sets its
+/// headers and body. It belongs to one thread, and must outlive its views or their OnEndPage(). Setting its
 /// status or its headers throws Error once a piece was sent.
 class DRALO_EXPORT Page final : public PageContext, private Request, private Response {
  public:
@@ -32,9 +32,9 @@ class DRALO_EXPORT Page final : public PageContext, private Request, private Res
   std::function<void(const Page& page, std::string_view piece)> send;
 
   /// @{
-  /// What the request line and the headers said, set before rendering. Hardened views change records only
-  /// for a "POST" whose headers show where it comes from: what is left out is missing. Names in any letter
-  /// case; one that came twice stands here twice.
+  /// From the request line and the headers of the request; set them before rendering. Hardened views change
+  /// records only for a "POST" whose headers show where it comes from, so without these they change none.
+  /// Header names are in any letter case; a header that came twice stands here twice.
   std::string method;
   std::vector<std::pair<std::string, std::string>> request_headers;
   /// @}

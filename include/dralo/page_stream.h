@@ -18,19 +18,19 @@ namespace dralo {
 /// What `write` uses must live until the stream is destroyed, which waits for it.
 class DRALO_EXPORT PageStream {
  public:
-  /// `write` writes `page`, whose `send` belongs to the stream; it begins at the first Next(). That it throws
-  /// Page::Ended ends the page as ever.
+  /// `write` writes `page`, whose `send` belongs to the stream; it begins at the first Next(). When it throws
+  /// Page::Ended, the page ends as usual.
   PageStream(std::unique_ptr<Page> page, std::function<void(Page&)> write);
 
-  /// Lets `write` go on to its next piece at most, which throws Page::Ended there, and waits for its end.
+  /// Lets `write` run up to its next piece at most, where it meets Page::Ended, and waits until it has ended.
   ~PageStream();
   PageStream(const PageStream&) = delete;
   PageStream& operator=(const PageStream&) = delete;
 
-  /// The next piece, valid until the next call; empty at the end. Throws once what `write` has thrown.
+  /// The next piece, valid until the next call; empty at the end. Rethrows, once, what `write` has thrown.
   std::string_view Next();
 
-  /// Its status, type and headers are complete behind the first Next().
+  /// The page; its status, type and headers are complete after the first Next().
   const Page& Written() const { return *page_; }
 
  private:

@@ -27,13 +27,13 @@ enum class LockType : int {
 /// Where rows wait to be read; for changes it must be kClient.
 enum class CursorLocation : int { kServer = 2, kClient = 3 };
 
-/// Whose old values must still be there when a row is written.
+/// Which columns must still have their old values when a row is written.
 enum class UpdateCriteria { kChangedColumns, kAllColumns };
 
-/// What tells a record from others where the fields hold no key that the database declares.
+/// What identifies a record where the fields hold no key that the database declares.
 struct RecordIdentity {
-  std::vector<std::string> fields = {};  ///< Names in any letter case; those of no field do not count.
-  std::string condition = "";            ///< On columns that are no fields, as it stands behind WHERE.
+  std::vector<std::string> fields = {};  ///< Names in any letter case; those that no field has are ignored.
+  std::string condition = "";            ///< As behind WHERE, on columns that are not among the fields.
 };
 
 /// The rows of a query, read forward one at a time.
@@ -44,8 +44,8 @@ struct RecordIdentity {
 class Recordset : public Object {
  public:
   /// @{
-  /// The highest number of rows the recordset yields; 0 (the default) means all. Set before opening; a
-  /// negative one is an Error.
+  /// The highest number of rows the recordset yields; 0 (the default) means all. Set before opening; throws
+  /// Error for a negative number.
   virtual void SetMaxRecords(std::int64_t rows) = 0;
   virtual std::int64_t MaxRecords() const = 0;
   /// @}
@@ -64,8 +64,8 @@ class Recordset : public Object {
   /// the record faster, and more exactly where a key is not among the fields.
   virtual void SetIdentity(RecordIdentity identity) = 0;
 
-  /// A statement whose only value is the number of all rows, to be run with them, and the values of its "?";
-  /// see Counted(). Set before opening.
+  /// Gives a statement that yields one value, the number of all rows, and the values of its "?". It runs
+  /// together with the query; see Counted(). Set before opening.
   virtual void SetCounting(std::string statement, std::vector<Variant> parameters = {}) = 0;
 
   /// Runs `sql`, or a bare table name, on `connection` and stands on the first row.
@@ -77,14 +77,14 @@ class Recordset : public Object {
                     CursorType cursor = CursorType::kForwardOnly, LockType lock = LockType::kReadOnly,
                     int options = -1) = 0;
 
-  /// Runs `command` on its active connection, with its parameters. Its type says what its text is, so the two
-  /// `options` mean the same.
+  /// Runs `command` on its active connection, with its parameters. Its type says what its text is, so both
+  /// values of `options` mean the same.
   virtual void Open(Command& command, CursorType cursor = CursorType::kForwardOnly,
                     LockType lock = LockType::kReadOnly, int options = -1) = 0;
 
-  /// Opens the rows of `rows` for changes as if they were those of `described`, which says what the columns
-  /// are and which table they are written to, and is not run: a query inside of another one can seldom be
-  /// written to, but what it says about its rows holds. The columns correspond by position. Both run on the
+  /// Opens the rows of `rows` for changes as if they were those of `described`, which is not run. A query
+  /// with another one inside it can seldom be written to; so `described`, the inner one, says what the
+  /// columns are and which table they are written to. The columns correspond by position. Both run on the
   /// active connection of `described`.
   virtual void OpenDescribed(Command& described, Command& rows) = 0;
 
@@ -98,8 +98,8 @@ class Recordset : public Object {
   virtual void MoveNext() = 0;
 
   /// The value of the counting statement: of the same moment as the rows where the database offers that, and
-  /// in one trip with the first of them. Ask behind the first Move(). Throws Error when the statement fails
-  /// or there is none.
+  /// in one trip with the first of them. Ask after the first Move(). Throws Error when the statement fails or
+  /// there is none.
   virtual Variant Counted() = 0;
 
   /// Passes over `rows` rows, or to the end when there are fewer. As the first move it may be left to the
@@ -116,14 +116,14 @@ class Recordset : public Object {
   /// first.
   virtual void TakeTypesOfRow() = 0;
 
-  /// Writes the new or changed row: exactly one row, whose old values must still be there; of which columns,
-  /// the update criteria say. On failure nothing
-  /// is changed in the database and the values set stay in the fields. Without a change nothing is written.
+  /// Writes the new or changed row. Exactly one row must be affected, and its old values must still be there;
+  /// of which columns, the update criteria say. On failure nothing is changed in the database and the values
+  /// set stay in the fields. Without a change nothing is written.
   virtual void Update() = 0;
 
-  /// Makes sure that the current row is as it was read and stays so until the transaction of the connection
-  /// ends, where the database can lock single rows; elsewhere the transaction itself does it. Throws Error
-  /// when it is not, and when the rows cannot be changed.
+  /// Makes sure that the current row still is as it was read and stays so until the connection's transaction
+  /// ends. Where the database cannot lock single rows, the transaction itself does that. Throws Error when
+  /// the row has changed, and when the rows cannot be changed.
   virtual void LockRow() = 0;
 
   /// Forgets the new row, or the changes of the current one.

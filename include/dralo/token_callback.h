@@ -22,7 +22,7 @@ class TokenCallback : public Object {
   /// visitor's token. It must not be empty; see MakeTokenCallback().
   explicit TokenCallback(std::function<Variant(const Variant&)> call) : call_(std::move(call)) {}
 
-  /// The visitor's token. Throws Error when the function returns none, and what it throws.
+  /// The visitor's token. Throws Error when the function returns none, and whatever the function throws.
   std::string Make() const {
     const Variant token = call_(Null());
     const auto* text = std::get_if<std::string>(&token);
@@ -30,8 +30,8 @@ class TokenCallback : public Object {
     return *text;
   }
 
-  /// Whether the function knows the token. Throws Error when it returns neither True nor False, and what it
-  /// throws.
+  /// Whether the function knows the token. Throws Error when it returns neither True nor False, and whatever
+  /// the function throws.
   bool Knows(std::string_view token) const {
     const Variant answer = call_(std::string(token));
     const auto* is_known = std::get_if<bool>(&answer);
@@ -43,7 +43,7 @@ class TokenCallback : public Object {
   std::function<Variant(const Variant&)> call_;
 };
 
-/// The callback that calls `call`; none for an empty function.
+/// The callback that calls `call`; nullptr for an empty function.
 inline std::shared_ptr<TokenCallback> MakeTokenCallback(std::function<Variant(const Variant&)> call) {
   return call ? std::make_shared<TokenCallback>(std::move(call)) : nullptr;
 }

@@ -25,7 +25,7 @@ struct Decimal {
   friend bool operator==(const Decimal&, const Decimal&) = default;
 };
 
-/// A Decimal whose digits stand elsewhere.
+/// A Decimal whose digits are kept elsewhere.
 struct DecimalView {
   std::string_view text;  ///< As in Decimal.
 
@@ -33,16 +33,16 @@ struct DecimalView {
   friend constexpr bool operator==(const DecimalView&, const DecimalView&) = default;
 };
 
-/// Bytes of its own; never text.
+/// Owned bytes; never text.
 using Bytes = std::vector<std::uint8_t>;
 
-/// Bytes that stand elsewhere; never text.
+/// Bytes that are kept elsewhere; never text.
 struct BytesView {
   const std::uint8_t* data = nullptr;  ///< May be nullptr when `size` is 0.
   std::size_t size = 0;                ///< In bytes.
 };
 
-/// A value of its own. Text is UTF-8.
+/// A value that owns what it holds. Text is UTF-8.
 using Variant = std::variant<Null, bool, std::int64_t, double, Decimal, DateTime, std::string, Bytes>;
 
 /// The same kinds without ownership: decimal, text and bytes point into their owner, such as the row a
