@@ -4,8 +4,8 @@
 
 namespace dralo::host {
 
-/// Throws platform::Error that says what to write when a trusted origin or a host of the site could never be
-/// what a browser sends.
+/// Throws platform::Error, which says what to write instead, when a trusted origin or a host of the site is
+/// nothing that a browser ever sends.
 void CheckSite(const platform::Site& site);
 
 }  // namespace dralo::host

@@ -18,8 +18,8 @@ namespace {
 
 using platform::ObjectPtr;
 
-/// Objects keep the regional settings that they are made with: none of a process that has used so many is let
-/// go of.
+/// Objects refer to the regional settings that they were made with, so those are kept as long as the process;
+/// this is the most that it keeps.
 constexpr std::size_t kMostLocales = 256;
 
 struct Registration {

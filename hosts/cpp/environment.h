@@ -27,8 +27,8 @@ class Environment final : public platform::Environment {
   std::unique_ptr<platform::RegExp> CreateRegExp() override;
   const platform::Site& GetSite() const override { return site_; }
 
-  /// For hosts whose settings change between pages; no page may be served meanwhile.
-  /// Throws platform::Error, and changes nothing, when a trusted origin or a host is none.
+  /// For hosts whose settings change between pages; no page may be served meanwhile. Throws platform::Error,
+  /// and changes nothing, when a trusted origin or a host is not valid.
   void SetSite(platform::Site site);
 
  private:

@@ -11,7 +11,8 @@ struct LibraryInUse {
   std::string library;  ///< Name and version, or why there is none.
 };
 
-/// In an order for people. The first call loads the client libraries; the list lives as long as the process.
+/// In the order in which people are shown it. The first call loads the client libraries; the list lives as
+/// long as the process.
 const std::vector<LibraryInUse>& LibrariesInUse();
 
 }  // namespace dralo::host

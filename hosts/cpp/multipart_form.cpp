@@ -12,15 +12,15 @@ namespace {
 
 constexpr std::string_view kType = "multipart/form-data";
 
-/// What stands before `separator`, which is taken off `rest` too; all of it where there is none.
+/// Takes the text before `separator`, and the separator, off `rest`; all of `rest` when it has none.
 std::string_view TakeUpTo(std::string_view& rest, std::string_view separator) {
   const std::string_view taken = rest.substr(0, rest.find(separator));
   rest.remove_prefix(std::min(taken.size() + separator.size(), rest.size()));
   return taken;
 }
 
-/// A text between quotes, in which a backslash lets the next character stand for itself. `rest` begins behind
-/// the first quote.
+/// Takes the rest of a quoted text, behind whose first quote `rest` begins. A backslash lets the next
+/// character stand for itself.
 std::string TakeQuoted(std::string_view& rest) {
   std::string text;
   while (!rest.empty() && rest.front() != '"') {
@@ -56,7 +56,7 @@ std::string_view WithoutCarriageReturn(std::string_view line) {
   return line;
 }
 
-/// The field of the part; nothing when it is a file or has no name.
+/// The field that the part holds; nothing when it is a file or has no name.
 std::optional<platform::RequestField> FieldOf(std::string_view part) {
   std::optional<std::string> name;
   while (!part.empty()) {

@@ -7,7 +7,8 @@
 
 namespace dralo::php {
 
-/// A change as long as a function of the script has it. A script that keeps the object longer finds it over.
+/// A change that is lent to a function of the script for one call. A script that keeps the object longer gets
+/// an error from it.
 class LentChange {
  public:
   /// `change` must outlive the object.

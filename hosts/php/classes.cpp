@@ -61,7 +61,7 @@ void CreateObject(INTERNAL_FUNCTION_PARAMETERS) {
   const ScriptClass* script_class = nullptr;
   EnterCpp(Entry::kReads, [&] {
     script_class = FindClass(View(identifier));
-    // Says what is wrong with any other identifier.
+    // Throws, and says what is wrong with the identifier.
     if (script_class == nullptr) TheEnvironment().CreateObject(View(identifier));
   });
   if (script_class != nullptr) object_init_ex(return_value, script_class->entry);

@@ -18,13 +18,13 @@ extern ScriptClass indexed_property_class;
 extern ScriptClass change_class;
 extern ScriptClass page_class;
 
-/// Registers all of these. Called once, when the module starts.
+/// Registers all classes. Called once, when the module starts.
 void RegisterClasses();
 
-/// Registers all of these in an engine that the extension cannot run in: `new` throws Dralo\Exception.
+/// Registers all classes in an engine that the extension cannot run in: `new` throws Dralo\Exception.
 void RegisterRefusingClasses();
 
-/// The class of one of our class entries.
+/// The class behind one of the extension's class entries.
 const ScriptClass& ClassOf(const zend_class_entry* entry);
 
 /// The class that scripts create by this programmatic identifier, in any letter case; nullptr when there is

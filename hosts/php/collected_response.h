@@ -33,7 +33,7 @@ class CollectedResponse final : public platform::Response {
   /// Replaces an earlier header of the name, as header() does.
   void AddHeader(std::string_view name, std::string_view value) override;
 
-  /// Leaves the view that is writing by HostAbort; the script goes on behind it.
+  /// Leaves the view that is writing by HostAbort; the script goes on after its call.
   void End() override;
 
   bool HasUnsentHeaders() const override { return !is_sent_; }

@@ -1,6 +1,6 @@
 #pragma once
 
-// In what the engines of PHP 8.2 to 8.4 differ. Included by engine.h.
+// Where the engines of PHP 8.2 to 8.4 differ. Included by engine.h.
 
 /// A row of a table of functions or methods.
 #if PHP_VERSION_ID < 80400
@@ -12,7 +12,7 @@
 
 namespace dralo::php {
 
-/// int or zend_result.
+/// int in some engines, zend_result in others.
 using MultipartAnswer = decltype(php_rfc1867_callback(0U, nullptr, nullptr));
 using IteratorAnswer = decltype(zend_object_iterator_funcs().valid(nullptr));
 

@@ -4,8 +4,8 @@
 
 namespace dralo::php {
 
-// Handlers of $object[$offset] and count(), driven by the class's Entries. Other classes behave as objects
-// without such a meaning do.
+// Handlers of $object[$offset] and count(), driven by the class's Entries. Objects of classes without Entries
+// answer as the engine's own objects do.
 
 zval* ReadEntry(zend_object* object, zval* offset, int type, zval* result);
 void WriteEntry(zend_object* object, zval* offset, zval* value);

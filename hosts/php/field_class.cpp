@@ -22,7 +22,7 @@ ScriptClass field_class = {
     .declare =
         [](ScriptClass& registered) {
           DeclareRows<FieldReference>(registered, component::FieldProperties());
-          // Of any type: the table's types are none of it.
+          // Of any type, for which PropertyType has no word.
           const auto& value = component::kFieldValueProperty;
           DeclareProperty(registered,
                           {.name = value.name,

@@ -13,9 +13,9 @@ namespace dralo::php {
 /// A request whose parts the script hands over.
 class GivenRequest final : public platform::Request {
  public:
-  /// `query` and `body` as they came; a body of another type than forms have has no fields. An empty one of
-  /// type multipart/form-data stands for the form that PHP has read, which leaves nothing of the body.
-  /// `server` is as $_SERVER: its texts are copied.
+  /// `query` and `body` as they came; a body of another type than forms have has no fields. An empty body of
+  /// type multipart/form-data stands for the form that PHP has read, because PHP keeps nothing of such a
+  /// body. `server` is as $_SERVER: its texts are copied.
   GivenRequest(std::string_view script_name, std::string_view query, std::string_view body,
                std::string_view content_type, HashTable* server);
 

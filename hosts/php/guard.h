@@ -41,11 +41,11 @@ bool HasTimedOut() noexcept;
 void StopIfTimedOut();
 
 /// What a call into C++ does. Output callbacks, destructors and error handlers of a script can run in the
-/// middle of a render; they may read, but not change what the render is standing on.
+/// middle of a render; they may read, but not change what the render uses.
 enum class Entry { kReads, kChanges };
 
-/// Lets the script use our objects while C++ waits for one of its functions: a connection, say. What the
-/// render stands on refuses changes by itself.
+/// Lets the script use the extension's objects, a connection for instance, while C++ waits for one of its
+/// functions. What the render uses refuses changes by itself.
 class ScriptMayChange {
  public:
   ScriptMayChange() noexcept;

@@ -10,7 +10,7 @@ KeptValue::~KeptValue() {
   try {
     CallPhp([this] { zval_ptr_dtor(&value_); });
   } catch (const HostAbort&) {
-    // What waits for the engine to see it waits on.
+    // A pending exception or abort stays pending: the engine sees it later.
   }
 }
 

@@ -4,8 +4,8 @@
 
 namespace dralo::php {
 
-/// A value of the script that C++ keeps alive. Let go of outside of all calls: an end of the script's objects
-/// may run its code.
+/// A value of the script that C++ keeps alive. Must be destroyed where script code may run: the value may be
+/// the last reference to an object with a destructor.
 class KeptValue {
  public:
   explicit KeptValue(const zval* value);

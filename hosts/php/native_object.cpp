@@ -91,8 +91,8 @@ void FreeObject(zend_object* object) {
 }
 
 void EndPageOfAllObjects() noexcept {
-  // Taken from all first: with its last function or its page a view may end PHP objects of this list, itself
-  // among them.
+  // All are taken out of the list first: when a view lets go of its last function or of its page, the engine
+  // may free PHP objects of this list, its own among them.
   std::vector<std::pair<const ScriptClass*, platform::ObjectPtr>> natives;
   for (NativeObject* object = ThisThread().newest; object != nullptr; object = object->next) {
     if (object->native) natives.emplace_back(object->script_class, std::move(object->native));

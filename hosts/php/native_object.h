@@ -4,7 +4,7 @@
 
 namespace dralo::php {
 
-/// What stands in memory before the engine's part of each of our objects.
+/// What stands in memory before the engine's part of each of the extension's objects.
 struct NativeObject {
   const ScriptClass* script_class;
   platform::ObjectPtr native;  ///< Gone after page end.

@@ -4,7 +4,7 @@
 
 namespace dralo::php {
 
-/// How all our objects answer the engine.
+/// How all objects of the extension answer the engine.
 extern zend_object_handlers object_handlers;
 
 /// Called once, when the module starts.

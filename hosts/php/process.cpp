@@ -40,8 +40,7 @@ void LimitIdleConnections() {
 
 std::string TextSetting(const char* text) { return text == nullptr ? std::string() : std::string(text); }
 
-/// "1", "on", "yes" and "true", as ini files write what holds; the words for the contrary are not many
-/// either.
+/// The words that ini files use for true and for false; anything else throws.
 bool FlagSetting(const std::string& text) {
   const auto is_any = [&](std::initializer_list<std::string_view> words) {
     return std::ranges::any_of(words, [&](std::string_view word) { return text::EqualAscii(word, text); });

@@ -73,7 +73,7 @@ zval* ReadProperty(zend_object* object, zend_string* name, int type, void**, zva
   }
   if (!Read(object, *property, result)) return &EG(uninitialized_zval);
   if (WouldBeModified(type) && Z_TYPE_P(result) != IS_OBJECT && Z_TYPE_P(result) != IS_NULL) {
-    // What the script holds is a copy: changing that would be lost without a word.
+    // What the script holds is a copy: a change to it would be lost without a word.
     zval_ptr_dtor(result);
     zend_throw_error(nullptr, "Cannot indirectly modify property %s::$%s", ZSTR_VAL(object->ce->name),
                      ZSTR_VAL(property->info->name));

@@ -11,8 +11,8 @@
 
 namespace dralo::php {
 
-/// Declares a property for each row of a table whose rows read and set an `Owner`. Those of `fresh`, when it
-/// is given, are the values that new objects begin with.
+/// Declares a property for each row of a table whose rows read and set an `Owner`. `fresh`, when it is given,
+/// has the values that new objects begin with.
 template <class Owner, class Row>
 void DeclareRows(ScriptClass& script_class, std::span<const Row> rows, const Owner* fresh = nullptr) {
   for (const Row& row : rows) {

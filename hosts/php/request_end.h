@@ -2,8 +2,8 @@
 
 namespace dralo::php {
 
-/// Listens to the end of requests. A server that answers many with one script ends each of them without what
-/// modules are told at the end of a script. Called once, when the module starts.
+/// Listens to the end of requests. A server that answers many requests with one script ends each of them
+/// without the call that modules get at the end of a script. Called once, when the module starts.
 void ListenToRequestEnd();
 
 /// Called when the module stops.

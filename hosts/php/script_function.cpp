@@ -21,7 +21,7 @@ bool HasThrown(const HostAbort& abort) {
          !zend_is_unwind_exit(EG(exception)) && !zend_is_graceful_exit(EG(exception));
 }
 
-/// The message of the script's exception, which is over then.
+/// Takes the script's exception from the engine and returns its message.
 std::string TakeMessage() {
   zval message;
   ZVAL_UNDEF(&message);
@@ -66,7 +66,7 @@ void CallHandler(KeptValue& callable, platform::Change& change) {
   });
 }
 
-/// What the function returned that is a text, True or False; else Null.
+/// What the function returned when it is a text, true or false; else Null.
 platform::Variant TokenAnswer(const zval& result) {
   if (Z_TYPE(result) == IS_STRING) return std::string(View(Z_STR(result)));
   if (Z_TYPE(result) == IS_TRUE || Z_TYPE(result) == IS_FALSE) return Z_TYPE(result) == IS_TRUE;
@@ -90,7 +90,7 @@ platform::Variant CallForToken(KeptValue& callable, const platform::Variant& tok
   return answer;
 }
 
-/// What the object of C++ that calls a function of the script knows of it.
+/// The script's function that a handler or a callback of C++ calls.
 class ScriptFunction {
  public:
   explicit ScriptFunction(const zval* callable) : callable_(std::make_shared<KeptValue>(callable)) {}

@@ -8,7 +8,7 @@
 namespace dralo::php {
 namespace {
 
-/// Takes one pair of a snapshot. The value becomes the receiver's.
+/// Receives one pair of a snapshot, and owns the value from then on.
 using Receiver = void (*)(void* context, zval* key, zval* value);
 
 bool KeepsSecrets(zend_object* object) {
@@ -16,8 +16,8 @@ bool KeepsSecrets(zend_object* object) {
   return keeps_secrets != nullptr && keeps_secrets(*NativeOf(object));
 }
 
-/// Puts the property's value into `value`, of a secret that is kept one that says so. False when it is not
-/// shown.
+/// Puts the property's value into `value`; for a secret that is kept, a text that says so. False when the
+/// property is not shown.
 bool Read(zend_object* object, const ScriptProperty& property, bool keeps_secrets, zval* value) {
   if (property.read == nullptr || !property.is_shown) return false;
   const bool is_kept = keeps_secrets && property.is_secret;
@@ -147,7 +147,7 @@ HashTable* GetPropertiesFor(zend_object* object, zend_prop_purpose) {
 HashTable* GetProperties(zend_object* object) {
   HashTable*& table = object->properties;
   if (table != nullptr && GC_REFCOUNT(table) == 1) {
-    // Stays where it is: the caller of an earlier call may stand in it.
+    // The same table is filled again: the caller of an earlier call may still be walking through it.
     zend_hash_clean(table);
   } else {
     if (table != nullptr) GC_DELREF(table);

@@ -29,8 +29,8 @@ std::vector<platform::Variant> ToList(HashTable* array);
 /// `holds` is the class of an object property.
 void PutPropertyValue(const component::PropertyValue& value, const ScriptClass* holds, zval* result);
 
-/// `value` has the PHP type of a property: bool, int, string, array, one of our objects, or null for no
-/// object.
+/// `value` has the PHP type of a property: bool, int, string, array, an object of the extension, or null for
+/// no object.
 component::PropertyValue ToPropertyValue(const zval* value);
 
 inline std::string_view View(const zend_string* text) { return {ZSTR_VAL(text), ZSTR_LEN(text)}; }
