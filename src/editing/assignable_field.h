@@ -9,10 +9,11 @@
 
 namespace dralo::editing {
 
-/// Whether a save of a hardened page may give the field, which is at the 0-based `position`, what was posted:
-/// a field that the form shows for editing, of the table that is written to, and no bytes. A key is given to
-/// new records only. A field that was not posted is none, unless it is a box, which posts nothing when it is
-/// not ticked. Throws platform::Error when the records cannot be changed.
+/// Whether a save on a hardened page may store what was posted for the field, which is at the 0-based
+/// `position`: only for a field that the form shows for editing, that belongs to the table that is written
+/// to, and that holds no bytes. A key is stored in new records only. A field that was not posted is left
+/// alone, unless it is a checkbox, which posts nothing when it is not ticked. Throws platform::Error when the
+/// records cannot be changed.
 bool MayBeAssigned(const state::Render& render, const platform::Field& field, int position, bool is_new,
                    std::optional<std::string_view> posted);
 

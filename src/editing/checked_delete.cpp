@@ -12,7 +12,7 @@ namespace dralo::editing {
 namespace {
 
 /// Notes every field that the form has shown with another value. Keys and read-only fields count too: the
-/// visitor decided by all of them.
+/// visitor has seen all of them when he decided.
 void NoteChanges(state::Render& render, platform::Recordset& record) {
   ConflictCheck check(render, record);
   int column = 0;
@@ -20,7 +20,7 @@ void NoteChanges(state::Render& render, platform::Recordset& record) {
     ++column;
     const bool has_digest = settings::IsFormFieldShown(render.settings, field->Name(), column) &&
                             field->Type() != platform::TypeCode::kLongVarBinary;
-    // The digest of the note is not used: the form shows what is stored.
+    // The digest in the note is not used: the form shows what is stored.
     if (has_digest && check.HasChanged(*field))
       render.outcome.field_notes.push_back(check.Note(*field, false));
   }

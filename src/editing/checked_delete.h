@@ -7,12 +7,12 @@
 
 namespace dralo::editing {
 
-/// Whether something may speak against the delete of a record, which must then be read first.
+/// Whether anything can forbid the delete of a record; the record must then be read first.
 bool ChecksDeletes(const settings::Settings& settings);
 
 /// Whether the record that `key` addresses may be deleted; true when there is none. When it may not, because
 /// OnDelete has refused it or somebody has changed it since the form was made, the outcome says so, and the
-/// form comes back with what is stored now: posted once more it deletes what was changed. Throws
+/// form comes back with what is stored now: posted once more, it deletes the changed record. Throws
 /// platform::Error when the record cannot be read, and lets through what OnDelete throws.
 bool MayDelete(state::Render& render, const QuerySchema& schema, const PostedKey& key);
 

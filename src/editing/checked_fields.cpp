@@ -58,7 +58,7 @@ class CheckedFields {
   void Assign(std::size_t index) {
     SchemaField schema = schema_.fields[index];
     platform::Field& field = FieldAt(index);
-    // A column without a declared type has in every record the type of its value there.
+    // In a column without a declared type each value has its own type.
     if (key_ != nullptr) schema.type = field.Type();
     const NewKey made = key_ == nullptr ? MakeNewKey(render_, schema.name) : NewKey{};
     if (made.is_left_to_database || schema.type == TypeCode::kLongVarBinary) return;

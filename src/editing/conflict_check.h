@@ -13,11 +13,11 @@
 
 namespace dralo::editing {
 
-/// Whether forms carry digests, and changes are compared with them.
+/// Whether forms carry digests, and changes are checked against them.
 bool DetectsConflicts(const settings::Settings& settings);
 
-/// The digest of a field as the edit form of the record of that key shows it.
-/// `is_iso_day` is that of its control.
+/// The digest of a field as the edit form shows it, of the record with that key. `is_iso_day` is as in
+/// ControlText().
 FieldDigest DigestOfField(const state::Render& render, std::string_view record_key, platform::Field& field,
                           bool is_iso_day);
 
@@ -29,9 +29,9 @@ class ConflictCheck {
   ConflictCheck(const state::Render& render, platform::Recordset& recordset);
 
   enum class Finding {
-    kUntouched,  ///< Or the posted text is what stands there now: nothing to assign.
+    kUntouched,  ///< Or the posted text is what is stored now: nothing to assign.
     kTouched,    ///< By the visitor alone.
-    kConflict,   ///< By both. So is a text that comes without a digest, for nobody knows what it replaces.
+    kConflict,   ///< By both; or a text came without a digest, and nobody knows what it replaces.
   };
 
   /// `schema` has the type of the field in this record, `posted` its input as it was posted.
@@ -40,7 +40,7 @@ class ConflictCheck {
   /// Whether the field has another value than the form has shown, or its digest is missing.
   bool HasChanged(platform::Field& field);
 
-  /// What the form says about a conflict: the value that stands there now, with its digest.
+  /// What the form says about a conflict: the value that is stored now, with its digest.
   state::FieldNote Note(platform::Field& field, bool is_iso_day);
 
  private:

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-/// Walks through a text as a control of a browser holds it, piece by piece.
+/// Walks character by character through a text as a browser's control holds it.
 class Walk {
  public:
   Walk(std::string_view text, bool is_one_line) : rest_(text), is_one_line_(is_one_line) {}

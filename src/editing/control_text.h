@@ -10,8 +10,8 @@
 namespace dralo::editing {
 
 /// The text that an input control of the edit form shows for the field's current value, before any escaping:
-/// whole memos, dates in the regional form, "" for Null, for binary values and for other values of blanks
-/// only. The update engine compares what was posted with it, so that saving an unchanged form changes
+/// memos in full length, dates in the regional form, "" for Null, for binary values and for other values of
+/// blanks only. The update engine compares what was posted with it, so that saving an unchanged form changes
 /// nothing. In `scratch`, in the record or a constant; valid until either changes. Throws platform::Error
 /// when the value cannot be read; a memo that cannot be read is "".
 std::string_view ControlText(const state::Render& render, platform::Field& field, std::string& scratch);

@@ -10,11 +10,12 @@
 namespace dralo::editing {
 namespace {
 
-/// What makes the order part of what the statement yields, or would be left out with it.
+/// Words that may follow an order at the end. They make the order part of what the statement yields, or would
+/// be cut off with it, so the order stays.
 constexpr auto kBehindOrder = std::to_array<std::string_view>(
     {"LIMIT", "OFFSET", "FETCH", "FOR", "INTO", "PROCEDURE", "LOCK", "OPTION", "UNION"});
 
-/// Where the parts of a statement end that can stand in brackets.
+/// Finds where the part of a statement ends that can stand in brackets.
 class End {
  public:
   explicit End(std::string_view sql) {
@@ -45,7 +46,7 @@ class End {
   }
 
   int depth_ = 0;
-  bool has_top_ = false;  ///< A limit that stands in front.
+  bool has_top_ = false;  ///< A limit at the beginning of the statement.
   bool was_order_ = false;
   bool is_semicolon_ = false;
   std::size_t order_word_ = 0;
@@ -61,7 +62,7 @@ platform::BoundStatement DerivedTable(std::string_view sql, settings::Parameters
   if (kept.size() < sql.size()) {
     parameters = parameters.first(std::min(parameters.size(), text::CountSqlParameters(kept)));
   }
-  // The line ends a comment at the end.
+  // The line feed ends a comment at the end of the statement.
   return {.text = "(" + std::string(kept) + "\n) DRTEMPTABLE",
           .parameters = {parameters.begin(), parameters.end()}};
 }

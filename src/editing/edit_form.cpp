@@ -95,7 +95,7 @@ void EditForm::PutButtonBar(platform::Recordset& recordset) {
   views::PutButtonBarEnd(render_, render_.outcome.status_message);
 }
 
-/// In place of the buttons of the form, for visitors whom no script has asked.
+/// Stands in place of the buttons of the form, for visitors whose browser runs no script that asks.
 void EditForm::PutQuestion() {
   out_.Put("{}&nbsp;", html::Text{settings_.EditConfirmDeleteString});
   out_.Put(R"(<input{}type="submit" name="{}" value="{}">)", ButtonClass(),
@@ -121,7 +121,7 @@ void EditForm::PutStateInputs(platform::Recordset& recordset) {
   }
 }
 
-/// Its script leaves edit mode, so that a successful save shows the record.
+/// The button's script leaves edit mode, so that a successful save shows the record.
 void EditForm::PutSaveButton() {
   if (settings_.Hardened) {
     out_.Put(R"(<input{}type="submit" name="{}" value="{}">)", ButtonClass(), render_.keys(key::kFormUpdate),
@@ -144,7 +144,7 @@ void EditForm::PutDeleteButton() {
            views::WithoutRules(render_));
 }
 
-/// The script that asks gives the button the name of one that has been asked for.
+/// The script that asks then gives the button the name that says "confirmed".
 void EditForm::PutHardenedDeleteButton() {
   out_.Put(R"(&nbsp;<input{}type="submit")", ButtonClass())
       .PutIf(!settings_.EditConfirmDeleteString.empty(), R"( data-confirm="{}" data-confirmed="{}")",

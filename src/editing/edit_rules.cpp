@@ -32,7 +32,7 @@ bool BeginsRule(std::string_view item) {
   });
 }
 
-/// The rules apart; what follows a pattern and is no rule belongs to it.
+/// Splits the list; items that follow a pattern and are no rules belong to the pattern.
 std::vector<std::string> SplitRules(std::string_view text) {
   std::vector<std::string> rules;
   for (const std::string& item : text::Split(text)) {
@@ -113,7 +113,7 @@ void ReadRule(std::string_view rule, EditRules& rules) {
   }
 }
 
-/// Below, equal or above 0 as the number is below, equal to or above the limit.
+/// Negative, 0 or positive when the number is below, equal to or above the limit.
 int CompareNumbers(std::string_view number, std::string_view limit) {
   const double left = text::ParseNumber<double>(number).value_or(0);
   const double right = text::ParseNumber<double>(limit).value_or(0);
@@ -175,7 +175,7 @@ class RuleCheck {
   }
 
   std::string BrokenForm() const {
-    // As browsers check their inputs of these types.
+    // The same check that browsers make for inputs of these types.
     constexpr std::string_view kEmail =
         "[a-zA-Z0-9.!#$%&'*+/=?^_`{|}~-]+@[a-zA-Z0-9](?:[a-zA-Z0-9-]{0,61}[a-zA-Z0-9])?"
         "(?:\\.[a-zA-Z0-9](?:[a-zA-Z0-9-]{0,61}[a-zA-Z0-9])?)*";
@@ -189,7 +189,7 @@ class RuleCheck {
   bool Matches(std::string_view pattern) const {
     const auto expression = render_.environment.CreateRegExp();
     expression->Compile(std::string("\\A(?:").append(pattern) + ")\\z", {});
-    // There is something in the text, so nothing is left of it only when all of it was matched.
+    // The text is not empty, so nothing is left of it only when all of it was matched.
     return expression->Replace(text_, "").empty();
   }
 

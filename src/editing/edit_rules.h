@@ -13,9 +13,9 @@
 
 namespace dralo::editing {
 
-/// A day that a rule names: one of the calendar, or so many days from today.
+/// A day that a rule names: a date, or a number of days from today.
 struct DayLimit {
-  std::optional<platform::DateTime> day = std::nullopt;  ///< Nothing for today.
+  std::optional<platform::DateTime> day = std::nullopt;  ///< Nothing: counted from today.
   int days_from_today = 0;
 
   platform::DateTime DayAt(const platform::DateTime& today) const;
@@ -37,7 +37,7 @@ struct EditRules {
 };
 
 /// Reads a list of rules, such as "required,min=0,max=100". A comma inside a pattern belongs to it unless a
-/// rule follows. Throws platform::Error that names a rule which is none.
+/// rule follows. Throws platform::Error, which names the item, when an item is no rule.
 EditRules ReadEditRules(std::string_view text);
 
 /// The rules of the column at that position, from 1, of the statement of the form. Throws as above.
@@ -46,9 +46,9 @@ EditRules RulesOfColumn(const settings::Settings& settings, int column);
 /// Today by the clock of the server.
 platform::DateTime Today();
 
-/// What a rule says against a value that suits its field and was posted as `text`; "" when none does. An
-/// empty text breaks no rule but "required". Throws platform::Error when the pattern is no regular expression
-/// or takes too long.
+/// Which rule a value breaks, as a message; "" when none. The value suits its field and was posted as `text`.
+/// An empty text breaks no rule but "required". Throws platform::Error when the pattern is no regular
+/// expression or takes too long.
 std::string BrokenRule(const state::Render& render, const EditRules& rules, std::string_view text,
                        const platform::VariantView& value, const platform::DateTime& today);
 

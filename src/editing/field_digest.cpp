@@ -17,7 +17,7 @@
 namespace dralo::editing {
 namespace {
 
-/// Begins every hashed value: another rule for what is hashed needs another one.
+/// Is hashed in front of every value; must change whenever what is hashed does.
 constexpr std::string_view kDigestVersion = "1";
 
 using DigestBytes =
@@ -31,10 +31,10 @@ std::string LengthOf(std::string_view part) {
   return length;
 }
 
-/// Its length in front keeps parts from flowing into each other.
+/// Its length goes first, so that parts cannot run into each other.
 void AddPart(text::Sha256& hash, std::string_view part) { hash.Add(LengthOf(part)).Add(part); }
 
-/// The value in a form that is the same wherever it is read, with a tag for its kind.
+/// The value in a form that does not depend on settings, with a tag for its kind.
 struct PlainValue {
   std::string_view tag;
   std::string_view text;

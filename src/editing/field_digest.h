@@ -13,14 +13,15 @@
 
 namespace dralo::editing {
 
-/// What an edit form carries about a field that it shows, so that a save can tell who has changed what. The
-/// two are apart because the value is not in the control's text: that lacks Null, digits that are not shown,
-/// and bytes that are no UTF-8.
+/// What an edit form carries about a field that it shows, so that a save can tell who has changed what. There
+/// are two digests because the control's text does not have all of the value: it lacks Null, digits that are
+/// not shown, and bytes that are no UTF-8.
 struct FieldDigest {
-  /// Of the stored value: has the database changed? Half a SHA-256, for the other visitor may be an enemy who
-  /// makes up two values of one digest.
+  /// Of the stored value: has the database changed? Half a SHA-256: that is enough against another visitor
+  /// who makes up two values with one digest.
   using Value = std::array<std::uint8_t, 16>;
-  /// Of the control's text: has the visitor touched it? A visitor who makes up such texts deceives himself.
+  /// Of the control's text: has the visitor touched it? May be short: a visitor who makes up such texts
+  /// deceives only himself.
   using Text = std::array<std::uint8_t, 8>;
 
   Value value{};
@@ -46,8 +47,8 @@ std::string DigestText(const FieldDigest& digest);
 /// Nothing when `text` is not what DigestText() writes.
 std::optional<FieldDigest> ReadDigest(std::string_view text);
 
-/// What tells the current record of `recordset` from others in digests: the key fields among its fields.
-/// Throws platform::Error when a value cannot be read.
+/// What tells the current record of `recordset` from others in digests: the values of those key fields that
+/// it has. Throws platform::Error when a value cannot be read.
 std::string RecordKeyOf(const settings::Settings& settings, platform::Recordset& recordset);
 
 }  // namespace dralo::editing

@@ -20,8 +20,8 @@ Value EmptyValue(const SchemaField& field) {
   return field.is_nullable ? Value(Variant(platform::Null{})) : Value(Refusal::kRequired);
 }
 
-/// The number that the text spells in the locale's form, because the database layer, which knows no locale
-/// for numbers, takes the "." of "1.000" for a decimal point.
+/// Reads the number in the locale's form: the database layer knows no locale for numbers and would take the
+/// "." of "1.000" for a decimal point.
 Value WholeNumber(const platform::Formatting& regional, std::string_view posted) {
   auto number = regional.RecognizeNumber(posted);
   if (!number) return Refusal::kNoNumber;
@@ -38,7 +38,7 @@ Value NumberWithFraction(std::string_view posted) {
   std::string number(posted);
   std::ranges::replace(number, ',', '.');
   if (!text::SplitDecimal(text::TrimBlanks(number))) return Refusal::kNoNumber;
-  // A column without a type would keep a text as one.
+  // A column without a type would store a text as a text.
   return text::IsPlainDecimal(number) ? Variant(platform::Decimal{std::move(number)})
                                       : Variant(std::move(number));
 }

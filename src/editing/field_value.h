@@ -9,7 +9,7 @@
 
 namespace dralo::editing {
 
-/// Why a posted text is no value for its field.
+/// Why a posted text cannot be stored in its field.
 enum class Refusal { kRequired, kNoNumber, kNoDate };
 
 /// The value to store for a text that was posted for the field, or why there is none. A field without an

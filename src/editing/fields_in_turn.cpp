@@ -40,10 +40,10 @@ class FieldsInTurn {
   }
 
  private:
-  /// Gives the field its value. False when there is none for it, which the status message then tells.
+  /// Gives the field its value. False when there is none for it; the status message then says why.
   bool Assign(std::size_t index) {
     SchemaField field = schema_.fields[index];
-    // A column without a declared type has in every record the type of its value there.
+    // In a column without a declared type each value has its own type.
     if (key_ != nullptr) field.type = FieldAt(index).Type();
     const NewKey key = key_ == nullptr ? MakeNewKey(render_, field.name) : NewKey{};
     const auto posted = inputs_.Posted(field.name);
@@ -58,7 +58,7 @@ class FieldsInTurn {
     return true;
   }
 
-  /// Whether what was posted, or was not, is no reason to set the field.
+  /// Whether what was posted, or that nothing was, is no reason to set the field.
   bool IsLeftAlone(const SchemaField& field, std::size_t index, std::optional<std::string_view> posted) {
     const int position = static_cast<int>(index);
     if (settings::IsFieldReadOnly(settings_, field.name, position)) return true;
@@ -80,7 +80,8 @@ class FieldsInTurn {
     return *fields[index];
   }
 
-  /// Only a missing value cancels what was assigned; after the others it ends with the recordset.
+  /// Only a missing value cancels what was assigned so far; other refusals leave that to the end of the
+  /// recordset.
   bool Refuse(Refusal refusal, std::string_view text) {
     if (refusal == Refusal::kRequired) {
       SetOutcome(render_, settings::kNotSaved);

@@ -28,7 +28,7 @@ using platform::TypeCode;
 
 constexpr std::int64_t kWidestInput = 60;
 
-/// An attribute that is written only on pages with classes, and the blank behind it.
+/// An attribute, with a blank at its end, that is written only when UseCSS is set.
 Verbatim Class(const state::Render& render, std::string_view attribute) {
   return {render.settings.UseCSS ? attribute : std::string_view()};
 }
@@ -60,7 +60,7 @@ void FormEditFields::GetFormEditField(platform::Field& field, int index) {
   });
 }
 
-/// A record that can only be deleted is shown as it is.
+/// A record that can only be deleted is shown read-only.
 bool FormEditFields::IsReadOnly(const platform::Field& field, int index) const {
   const settings::Settings& settings = render_.settings;
   return (!AddsRecord() && !settings.edit.update) || settings::IsFieldReadOnly(settings, field.Name(), index);
@@ -88,13 +88,13 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
                   .is_required = (field.Attributes() & platform::kFieldIsNullable) == 0,
                   .is_read_only = is_read_only};
   if (control.type == TypeCode::kLongVarBinary) return control;
-  // Before the text, which may stand in the record until its value is read again.
+  // Before the text is made: that may point into the record, and reading the value again would end it.
   if (record_key_) control.digest = Digest(field);
   if (render_.outcome.ShowsPosted()) {
     const std::string_view posted = inputs_.Posted(field.Name()).value_or("");
     // Without its blanks the text of an untouched field would count as typed.
     control.text = DetectsConflicts(render_.settings) ? posted : text::TrimBlanks(posted);
-    // Ticked boxes post anything; in place of a disabled one stands its value.
+    // Ticked boxes post anything; a disabled one has a hidden input, which posts its value.
     control.is_ticked = is_read_only ? text::TrimBlanks(posted) == text::BooleanText(true) : !posted.empty();
   } else if (!AddsRecord()) {
     control.is_ticked = control.type == TypeCode::kBoolean && IsTicked(field.Value());
@@ -103,8 +103,8 @@ FormEditFields::Control FormEditFields::Read(platform::Field& field, bool is_rea
   return control;
 }
 
-/// The name of the input as it is written. Of a name with a double quote in it a browser would read the
-/// beginning alone, and the field would be saved as if its input had been emptied.
+/// The name of the input as it is written. A name with a double quote in it must be escaped: a browser would
+/// read only its beginning, and the save would take the field for one that was emptied.
 Joined FormEditFields::InputName(std::string_view field_name) {
   field_name_.Clear();
   state::PutInAttribute(field_name_, render_, field_name);
@@ -125,9 +125,10 @@ void FormEditFields::Put(const Control& control) {
   out_.Put("\r\n");
 }
 
-/// A digest that was posted is given back: a new one would make the visitor's old text a change of the newer
-/// value, which nobody has seen, unless that stands beside it. So it is where the page asks before a delete:
-/// the visitor has seen the form, and what changed since is told when he says yes.
+/// A form that comes back keeps the digest that was posted: with a new one the visitor's old text would pass
+/// for a change of a newer value, which nobody has seen, unless the form shows that beside it. The page that
+/// asks before a delete keeps it too: the visitor has seen the form, and is told what has changed since when
+/// he confirms.
 std::string_view FormEditFields::Digest(platform::Field& field) {
   const bool asks = state::AsksToDelete(render_.settings, render_.keys);
   if (!asks && !render_.outcome.ShowsPosted()) {

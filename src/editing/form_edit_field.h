@@ -23,13 +23,13 @@ class FormEditFields {
 
   bool AddsRecord() const { return render_.view.mode == state::Mode::kFormAdd; }
 
-  /// From now on every control is followed by the digest of its field in the record of that key; in a form
-  /// that comes back after a failed save by the digest that was posted, or by a new one that the save made.
+  /// From now on every control is followed by the digest of its field in the record of that key. In a form
+  /// that comes back after a failed save that is the posted digest, or a new one that the save has made.
   void CarryDigests(std::string record_key) { record_key_ = std::move(record_key); }
 
   /// Writes the control of the field at the 0-based position `index` of the record: a select list for a field
-  /// with a lookup, else what suits its type. One that is read-only is disabled and followed by a hidden
-  /// input, one that must not be empty by RequiredFieldIndicator.
+  /// with a lookup, else what suits its type. A read-only control is disabled and followed by a hidden input;
+  /// one that must not be empty is followed by RequiredFieldIndicator.
   void GetFormEditField(platform::Field& field, int index);
 
   /// Writes the value alone, as a hidden input.

@@ -21,7 +21,7 @@ void AddTerm(BoundStatement& condition, KeyTerm term) {
   if (term.value) condition.parameters.push_back(*std::move(term.value));
 }
 
-/// `name_of` says how a field is called in the statement.
+/// `name_of` returns the name of a field in the statement.
 template <class NameOf>
 std::optional<BoundStatement> Condition(const state::Render& render, Recordset& recordset,
                                         const KeyTexts& key, NameOf name_of) {
@@ -47,7 +47,7 @@ KeyedStatement::KeyedStatement(const state::Render& render, std::string_view sql
   described_ = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
   described_->SetMaxRecords(1);
   described_->SetCursorLocation(platform::CursorLocation::kClient);
-  // As if it were to be changed: then its columns are known without running it.
+  // Opened as if to be changed: then its columns are known without running it.
   settings::OpenWithParameters(*described_, render.settings, sql, parameters, platform::CursorType::kKeyset,
                                platform::LockType::kOptimistic);
 }

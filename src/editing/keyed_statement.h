@@ -25,8 +25,8 @@ class KeyedStatement {
   /// Whether all keys are columns of the statement.
   bool HasKeys() const;
 
-  /// The statement that yields the records with this key and no others of the statement; nothing when no
-  /// record can have the key. Throws platform::Error when a key is no column.
+  /// The statement that yields, of the statement's records, those with this key and no others; nothing when
+  /// no record can have the key. Throws platform::Error when a key is no column.
   std::optional<platform::BoundStatement> ForKey(const KeyTexts& key) const;
 
   /// The statement that yields no record.
@@ -35,8 +35,8 @@ class KeyedStatement {
   /// Whether the statement yields exactly one record with that key.
   bool YieldsOne(const KeyTexts& key) const;
 
-  /// The record of ForKey(), to be changed. Closed when the key is none. Throws platform::Error when it does
-  /// not open.
+  /// The record of ForKey(), opened for changes. Closed when no record can have the key. Throws
+  /// platform::Error when the statement fails.
   std::shared_ptr<platform::Recordset> OpenForChange(const KeyTexts& key) const;
 
  private:
@@ -48,17 +48,17 @@ class KeyedStatement {
   std::shared_ptr<platform::Recordset> described_;
 };
 
-/// Whether the record on which `recordset` stands has exactly this key, which the database may have compared
-/// with less care.
+/// Whether the record on which `recordset` stands has exactly this key. The database may compare less
+/// exactly, for instance without regard to letter case.
 bool HasKey(const state::Render& render, platform::Recordset& recordset, const KeyTexts& key);
 
-/// The condition that all keys have these texts, by the names that `recordset` gives its columns in the table
-/// to which it writes; nothing when no record can have the key. Throws platform::Error when the records
+/// The condition that all keys have these texts, with the names that the columns of `recordset` have in the
+/// table to which it writes; nothing when no record can have the key. Throws platform::Error when the records
 /// cannot be changed.
 std::optional<platform::BoundStatement> BaseKeyCondition(const state::Render& render,
                                                          platform::Recordset& recordset, const KeyTexts& key);
 
-/// Runs `find` and returns what it finds; nothing also when the database says that a value is none of its
+/// Runs `find` and returns what it finds; nothing also when the database says that a value does not suit its
 /// column's type.
 template <class Find>
 auto FindOrNothing(Find&& find) -> decltype(find()) {

@@ -61,7 +61,7 @@ Options PutOptions(html::HtmlWriter& out, const state::Render& render, Recordset
   return options;
 }
 
-/// Without it a browser would choose another value for a form that nobody touches.
+/// Without this option a browser would choose another value in a form that nobody touches.
 void PutStoredOption(html::HtmlWriter& out, const state::Render& render, std::string_view value) {
   out.Put(R"(<option selected value=")");
   state::PutInAttribute(out, render, value);
@@ -77,7 +77,8 @@ bool PutLookupSelect(html::HtmlWriter& out, state::Render& render, html::Joined 
   const std::string sql = LookupStatement(definition);
   const bool is_hardened = render.settings.Hardened;
   const bool allows_none = AllowsNoChoice(definition);
-  // Collected first: a statement may fail at any row, and part of a list would offer to lose the value.
+  // Collected first: the statement may fail at any row, and a list that lacks the stored value would lose it
+  // at the next save.
   html::HtmlWriter list;
   try {
     const auto recordset = platform::Create<Recordset>(render.environment, "ADODB.Recordset");

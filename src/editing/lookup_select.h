@@ -16,9 +16,10 @@ std::string LookupStatement(std::string_view definition);
 bool AllowsNoChoice(std::string_view definition);
 
 /// Writes the select list of a lookup definition ("field,table,link,display,order,1"), with `value` selected.
-/// `attribute` stands behind "<select " as it is, such as "disabled ". Returns false, and has written
-/// nothing, when the lookup's statement fails; the failure is reported in ErrorMessage. On a hardened page
-/// the stored value always is an option, and a list of more than 1,000 options is not written either.
+/// `attribute` is written as it is behind "<select ", for instance "disabled ". Returns false, and has
+/// written nothing, when the lookup's statement fails; the failure is reported in ErrorMessage. On a hardened
+/// page the stored value always is an option, and a list of more than 1,000 options is not written: it
+/// returns false for that too.
 bool PutLookupSelect(html::HtmlWriter& out, state::Render& render, html::Joined input_name,
                      std::string_view attribute, std::string_view definition, std::string_view value);
 

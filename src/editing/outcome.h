@@ -9,7 +9,7 @@
 
 namespace dralo::editing {
 
-/// What every outcome of a save or delete begins with, except that of a delete that failed.
+/// Begins every status message of a save or delete, except that of a delete that failed.
 inline constexpr std::string_view kOutcomePrefix = "&nbsp;";
 
 /// Makes a text of the interface language the edit status message.
@@ -17,11 +17,11 @@ inline void SetOutcome(state::Render& render, settings::UpdateSlot slot) {
   render.outcome.status_message.assign(kOutcomePrefix).append(render.settings.language_tables->Update(slot));
 }
 
-/// The same for a change that was refused; notes on what is no field of the form follow it. `schema` is that
-/// of EditSQL.
+/// The same for a change that was refused; notes on fields that the form does not show are appended. `schema`
+/// is that of EditSQL.
 void SetRefused(state::Render& render, const QuerySchema& schema, settings::RefusalSlot slot);
 
-/// Appends what was typed to the edit status message, which is markup: on a hardened page escaped.
+/// Appends what was typed to the edit status message. That is markup, so a hardened page escapes it.
 inline void AppendTyped(state::Render& render, std::string_view text) {
   std::string& message = render.outcome.status_message;
   message.append(render.settings.Hardened ? html::Escaped(text, render.escaped) : text);

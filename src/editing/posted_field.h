@@ -12,8 +12,8 @@ namespace dralo::editing {
 /// Whether the edit form shows the field as a select list.
 bool IsSelect(const settings::Settings& settings, std::string_view field_name);
 
-/// What stands for a boolean in a select list or a made key, as a box would post it: a box posts a text only
-/// for true; other sources say false in words. Of other types the text itself.
+/// The text of a boolean from a select list or a made key as a checkbox would post it: a box posts a text
+/// only for true; other sources say false in words. Returns the text itself for other types.
 std::string_view AsOfBox(platform::TypeCode type, std::string_view text);
 
 /// Whether a form that shows the field's current value and is not touched posts `posted`, "" for nothing.

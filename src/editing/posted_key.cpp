@@ -67,7 +67,7 @@ class KeyInputs {
     }
   }
 
-  /// Whether nothing tells which of the two the form showed: it was not opened by a key.
+  /// Whether nothing tells if the form showed an empty text or Null: it was not opened by a key.
   bool IsEmptyOrNull(std::size_t i, const SchemaField* field) const {
     if (field == nullptr || !field->is_nullable || render_.keys.Has(state::key::kPrimaryKey)) return false;
     if (field->type == TypeCode::kBoolean) return !IsTickPosted(i);
@@ -108,12 +108,12 @@ class KeyInputs {
                        !is_select && !platform::IsMemoFieldType(field->type));
   }
 
-  /// In place of a box that is disabled or hidden stands its text.
+  /// A box that is disabled or hidden is replaced by an input with its value as text.
   bool IsTickPosted(std::size_t i) const {
     return !Value(i).empty() && !text::EqualIgnoringCase(Value(i), "False");
   }
 
-  /// What was typed as key text: forms show dates, and numbers with fractions, in the regional form.
+  /// What was typed, as key text: forms show dates, and numbers with fractions, in the regional form.
   std::string TypedText(std::size_t i) const {
     const TypeCode type = TypeOf(i);
     std::string text(Value(i));

@@ -39,7 +39,8 @@ Texts ShownKeyValues(Recordset& shown, const Texts& names) {
   return values;
 }
 
-/// Throws platform::Error when the request has fewer values than there are keys.
+/// The posted values of the keys. Throws platform::Error when the request has fewer values than there are
+/// keys.
 Texts PostedKeyValues(const Render& render, const Texts& names) {
   Texts values = PostedKeyTexts(render, names.size());
   if (values.size() < names.size()) {
@@ -63,7 +64,7 @@ std::string ConditionFor(const Render& render, const QuerySchema& schema, const 
   return condition.Text(render.settings.DrConnection->EngineName());
 }
 
-/// A statement with a condition of its own becomes a table to select from, so that both hold.
+/// A statement that has a condition already becomes a table to select from, so that both conditions hold.
 std::string Restricted(std::string_view sql, std::string_view condition) {
   std::string text;
   if (text::ContainsAscii(sql, " WHERE ")) {

@@ -10,9 +10,9 @@
 
 namespace dralo::editing {
 
-/// `sql`, which has these parameters, restricted to one record: the one that `shown` stands on, or without it
-/// the one whose primary key was posted. Empty when EditPrimaryKeys is, when `sql` yields no row, when
-/// `shown` is at its end, and after a failure, which is reported in ErrorMessage.
+/// `sql`, which has these parameters, restricted to one record: the current one of `shown`, or without
+/// `shown` the one whose primary key was posted. Empty when EditPrimaryKeys is, when `sql` yields no row,
+/// when `shown` is at its end, and after a failure, which is reported in ErrorMessage.
 std::string GetSqlPK(state::Render& render, std::string_view sql, settings::Parameters parameters = {},
                      platform::Recordset* shown = nullptr);
 
@@ -23,7 +23,7 @@ std::string GetNewPKValue(state::Render& render, std::string_view statement);
 /// Where the value of a field of a new record comes from.
 struct NewKey {
   bool is_left_to_database = false;    ///< "autoincrement": the field is not written at all.
-  std::optional<std::string> value{};  ///< Of the statement of EditNewPKStatement; nothing: as posted.
+  std::optional<std::string> value{};  ///< From the statement in EditNewPKStatement; nothing: as posted.
 };
 
 /// What EditNewPKStatement says for the field: nothing unless it is a primary key. A statement that fails

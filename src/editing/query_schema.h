@@ -20,7 +20,7 @@ struct SchemaField {
   platform::TypeCode type{};
   bool is_nullable = false;
   platform::KeyComparison comparison = nullptr;
-  bool is_iso_day = false;  ///< Its control holds a day in ISO form, as a rule of the page asks.
+  bool is_iso_day = false;  ///< Its control holds a day in ISO form, because EditRules asks for it.
 };
 
 /// What the columns of a statement are, in their order.
@@ -37,7 +37,7 @@ struct QuerySchema {
   const SchemaField* Find(std::string_view name) const;
 };
 
-/// The first rows of `sql` with its parameters, at most that many, on the view's connection. Throws
+/// The first rows of `sql` with its parameters, at most `rows`, on the view's connection. Throws
 /// platform::Error when it does not open.
 std::shared_ptr<platform::Recordset> OpenFirstRows(const state::Render& render, std::string_view sql,
                                                    settings::Parameters parameters = {},
@@ -47,7 +47,7 @@ std::shared_ptr<platform::Recordset> OpenFirstRows(const state::Render& render, 
 QuerySchema ReadQuerySchema(const state::Render& render, std::string_view sql,
                             settings::Parameters parameters = {});
 
-/// The statement without its first WHERE and all that follows, an ORDER BY included.
+/// The statement up to its first WHERE; what follows, an ORDER BY included, is left out.
 std::string_view WithoutWhere(std::string_view sql);
 
 /// The names of EditPrimaryKeys without blanks around them, in their order; an item may be empty.

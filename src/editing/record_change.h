@@ -18,7 +18,7 @@ class RecordChange final : public platform::Change {
   /// platform::Error when a value cannot be read.
   RecordChange(state::Render& render, platform::Recordset& recordset, Kind kind);
 
-  /// From now on the record can be neither changed nor refused.
+  /// The record is written: from now on it can be neither changed nor refused.
   void SetWritten() { is_written_ = true; }
 
   std::string_view Operation() const override;

@@ -21,17 +21,17 @@
 namespace dralo::editing {
 namespace {
 
-/// However many records others have added meanwhile.
+/// Bounds the comparison, however many records others have added meanwhile.
 constexpr std::int64_t kMostComparedRecords = 1000;
 
-/// EditSQL as a table of its own. The line feed ends a comment at its end.
+/// EditSQL as a table to select from. The line feed ends a comment at its end.
 std::string RecordsOfForm(const settings::Settings& settings, std::string_view columns) {
   std::string_view sql = text::TrimBlanks(settings.EditSQL);
   if (sql.ends_with(';')) sql.remove_suffix(1);
   return std::string("SELECT ").append(columns).append(" FROM (").append(sql).append("\n) DRTEMPTABLE");
 }
 
-/// The key in the letter case in which EditSQL has it, as databases demand of quoted names.
+/// The key in the letter case that EditSQL has, because databases compare quoted names exactly.
 std::string QuotedKey(const settings::Settings& settings, platform::Recordset& records) {
   const std::string name = KeyNames(settings).front();
   const platform::Field* field = state::FindField(records, name);
@@ -43,7 +43,7 @@ std::optional<std::int64_t> PostedGreatestKey(const state::Render& render) {
   return text::ParseNumber<std::int64_t>(render.keys.Value(kGreatestKey));
 }
 
-/// Whether the fields have equal values, as far as they were posted; the key is never equal.
+/// Whether the two records have equal values in all fields that were posted, the key apart.
 bool HasPostedValues(const state::Render& render, const QuerySchema& schema, platform::Recordset& added,
                      platform::Recordset& record) {
   const state::FieldInputs inputs(render.keys);
@@ -64,7 +64,7 @@ bool HasPostedValues(const state::Render& render, const QuerySchema& schema, pla
   return true;
 }
 
-/// A record outside of the page's `sql` must not be told from one that is not there.
+/// A visitor must not learn of a record outside the page's `sql` that it exists.
 bool IsOfPage(const state::Render& render, platform::Recordset& record) {
   const auto key = KeyOf(render, record);
   const settings::Settings& settings = render.settings;

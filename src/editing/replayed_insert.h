@@ -10,13 +10,13 @@
 namespace dralo::editing {
 
 // The same add form may be posted twice: by a second click, or by a browser that sends a post again. Nothing
-// is kept on the server, so the form carries the greatest key that there was when it was made, and an equal
-// record behind that key was added by the same form.
+// is kept on the server, so the form carries the greatest key that there was when it was made; an equal
+// record with a greater key was added by the same form.
 
-/// The key, in a page and in what is posted, of the greatest key.
+/// The name, in the page and in the post, of the input with the greatest key.
 inline constexpr std::string_view kGreatestKey = "After";
 
-/// Whether add forms carry the greatest key: on hardened pages with one key, which the database or a
+/// Whether add forms carry the greatest key: on hardened pages with a single key that the database or a
 /// statement makes, and without EditInsertToken, which needs no question.
 bool DetectsReplays(const settings::Settings& settings);
 
@@ -25,9 +25,9 @@ bool DetectsReplays(const settings::Settings& settings);
 /// made, it stays what was posted. Throws platform::Error when the statement fails.
 std::string GreatestKeyOfForm(const state::Render& render, platform::Recordset& records);
 
-/// Whether a record of EditSQL and of the page's `sql` behind the posted greatest key has the values of the
-/// new record on which `recordset` stands, in all fields that were posted. Throws platform::Error when the
-/// statement fails.
+/// Whether a record of EditSQL and of the page's `sql` has a greater key than the posted one and, in all
+/// fields that were posted, the values of the new record on which `recordset` stands. Throws platform::Error
+/// when the statement fails.
 bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset);
 
 }  // namespace dralo::editing

@@ -25,12 +25,12 @@ void PutDay(html::HtmlWriter& out, std::string_view name, const std::optional<Da
   out.Put(R"( {}="{}")", Verbatim{name}, Verbatim{day});
 }
 
-/// What keyboards without keys of their own should offer.
+/// Which keys an on-screen keyboard should offer.
 std::string_view InputMode(const EditRules& rules, platform::TypeCode type) {
   if (rules.is_email) return "email";
   if (rules.is_url) return "url";
   if (rules.min.empty() && rules.max.empty()) return {};
-  // Few of these keyboards have a sign.
+  // Few of these keyboards have a minus sign.
   if (rules.min.empty() || rules.min.starts_with('-')) return {};
   return platform::KindOf(type) == platform::FieldKind::kWholeNumber ? "numeric" : "decimal";
 }

@@ -27,7 +27,7 @@
 namespace dralo::editing {
 namespace {
 
-/// One save of one posted form. The recordset it opens goes with it, and what was not written.
+/// One save of one posted form. Its recordset, and all that was not written, end with it.
 class Save {
  public:
   Save(state::Render& render, const QuerySchema& schema, std::string& statement)
@@ -56,7 +56,7 @@ class Save {
   }
 
  private:
-  /// A hardened page changes only what it shows, before and after.
+  /// A hardened page changes only a record that it shows, and that it still shows when it is changed.
   bool RunGuarded() {
     statement_ = settings_.EditSQL;
     guarded_.emplace(render_);
@@ -91,7 +91,7 @@ class Save {
     }
   }
 
-  /// Whether a post of the same form has added its record: then nothing is to be done but to say so.
+  /// Whether an earlier post of the same form has added its record: then there is nothing left but to say so.
   bool IsAddedAlready() {
     const auto key = token_.empty() ? std::nullopt : KeyOfAddedRecord(render_, schema_, token_);
     if (!key) return false;
@@ -115,7 +115,8 @@ class Save {
     return AddNew();
   }
 
-  /// Stands on the record that is changed, or on a new one. False when there is none, which is told.
+  /// Stands on the record that is changed, or on a new one. False when there is none; the outcome then says
+  /// so.
   bool Reopen() {
     if (!guarded_) return Open(statement_) && Begin();
     return is_insert_ ? OpenGuardedForNew() : OpenGuarded();
@@ -163,9 +164,9 @@ class Save {
     return true;
   }
 
-  /// The page's own rules see the record inside the transaction that writes it.
+  /// Handlers see the record inside the transaction that writes it.
   bool RunChecked() {
-    // A handler may give the view's connection object another one.
+    // A handler may give the view another connection.
     connection_ = settings::OpenConnection(settings_);
     transaction_.emplace(*connection_);
     if (!Reopen() || !SaveChecked()) return false;
@@ -192,8 +193,8 @@ class Save {
     return false;
   }
 
-  /// A second equal insert asks; the form that comes back carries the greatest key of now, so that the answer
-  /// is no replay.
+  /// A second equal insert asks before it is made. The form that comes back carries the greatest key of this
+  /// moment, so that posting it is no replay.
   bool IsFirst() {
     if (!is_insert_ || !DetectsReplays(settings_) || !IsReplayed(render_, schema_, *recordset_)) return true;
     SetRefused(render_, schema_, settings::kAddedAlready);
@@ -228,7 +229,7 @@ class Save {
     return true;
   }
 
-  /// Begins anew: what others have stored meanwhile is not seen inside the old transaction everywhere.
+  /// Begins a new transaction: some databases do not show in the old one what others have stored meanwhile.
   void StartAgain() {
     if (guarded_) {
       guarded_.reset();
@@ -246,8 +247,8 @@ class Save {
     return IsAddedAlready();
   }
 
-  /// Whether the record cannot be written because somebody else was faster: what the visitor wanted to write
-  /// is a conflict by now, of which the form tells.
+  /// Whether the record cannot be written because somebody else was faster: then what the visitor wanted to
+  /// write is a conflict, and the form tells of it.
   bool IsOvertaken() {
     if (is_insert_ || !DetectsConflicts(settings_)) return false;
     StartAgain();

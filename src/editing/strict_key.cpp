@@ -15,7 +15,7 @@ namespace {
 using platform::FieldKind;
 using platform::Variant;
 
-/// Only unsigned numbers may be too large for 64 bits with a sign.
+/// Only unsigned numbers may exceed 64 bits with a sign.
 std::optional<Variant> WholeNumber(std::string_view text, bool is_unsigned) {
   const std::size_t most_digits = is_unsigned ? 20 : 19;
   const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
@@ -25,7 +25,7 @@ std::optional<Variant> WholeNumber(std::string_view text, bool is_unsigned) {
   return is_unsigned ? std::optional<Variant>(platform::Decimal{std::string(text)}) : std::nullopt;
 }
 
-/// The value whose key text is exactly that one.
+/// The value whose key text is exactly `text`.
 std::optional<Variant> StrictValue(const platform::Formatting& formatting, platform::TypeCode type,
                                    std::string_view text) {
   switch (platform::KindOf(type)) {
@@ -45,7 +45,7 @@ std::optional<Variant> StrictValue(const platform::Formatting& formatting, platf
     case FieldKind::kLongBinary:
       return std::nullopt;
     default:
-      // Most databases have no zero bytes in texts, and say so in an error.
+      // Most databases keep no zero bytes in texts, and answer them with an error.
       if (text.find('\0') != text.npos) return std::nullopt;
       return Variant(std::string(text));
   }
@@ -58,7 +58,7 @@ std::optional<KeyTerm> StrictKeyTerm(const platform::Formatting& formatting, con
   if (!field.HasDeclaredType()) return KeyTerm{field.BoundComparison(name), std::string(text)};
   const auto value = StrictValue(formatting, field.Type(), text);
   const platform::KeyComparison comparison = field.Comparison();
-  // Only these have key texts that are no numbers: NaN and the infinities.
+  // Only these types have key texts that are no numbers: NaN and the infinities.
   const bool may_be_unlimited = platform::IsFractionalFieldType(field.Type());
   if (comparison != nullptr && (value || may_be_unlimited)) {
     if (std::string condition = comparison(name, text); !condition.empty()) return KeyTerm{condition, {}};

@@ -10,7 +10,7 @@
 
 namespace dralo::editing {
 
-/// One condition on a key, and the value of its "?" unless it has none.
+/// One condition on a key, and the value of its "?" when it has one.
 struct KeyTerm {
   std::string condition = "";
   std::optional<platform::Variant> value = {};
@@ -18,8 +18,8 @@ struct KeyTerm {
 
 /// The condition that the column which a statement calls `name` has the value with that key text. The text is
 /// read strictly by the type of the column, so that the database has nothing to convert; nothing when no
-/// value of the type has that text, and for bytes. What is found may still differ, as in the letter case of a
-/// text: the caller compares its key text.
+/// value of the type has that text, and for bytes. What the database finds may still differ, for instance in
+/// letter case: the caller compares its key text.
 std::optional<KeyTerm> StrictKeyTerm(const platform::Formatting& formatting, const platform::Field& field,
                                      std::string_view name, std::string_view text);
 

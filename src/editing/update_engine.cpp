@@ -26,15 +26,15 @@ namespace {
 namespace key = state::key;
 
 /// Deletes the record that the posted key inputs address, with DeleteSQL. `schema` is that of EditSQL;
-/// `statement` is left as the one in use. A failure of the statement is told in the edit status message. That
-/// it found no record is told in ErrorMessage, and the record counts as deleted; when it found several, all
-/// is undone. Throws platform::Error for this and every other failure.
+/// `statement` becomes the one that was last in use. When the statement fails, the edit status message says
+/// so. When it finds no record, ErrorMessage says so, and the record counts as deleted; when it finds
+/// several, all is undone. Throws platform::Error for that and every other failure.
 bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string& statement) {
   const settings::Settings& settings = render.settings;
   const PostedKey key = ReadPostedKey(render, schema);
   statement = settings.DeleteSQL + " WHERE " + key.condition;
   RefuseAmbiguousKey(render, key);
-  // A handler may give the view's connection object another one.
+  // A handler may give the view another connection.
   const std::shared_ptr<platform::Connection> connection = settings::OpenConnection(settings);
   std::optional<platform::Transaction<platform::Connection>> transaction;
   if (ChecksDeletes(settings)) {
@@ -75,7 +75,7 @@ bool CarryOut(state::Render& render, std::string& statement) {
   return is_done;
 }
 
-/// Each change needs its own word.
+/// Each kind of change needs its own word in EditOptions.
 bool IsAllowedChangePosted(const state::Render& render) {
   const settings::EditPermissions& edit = render.settings.edit;
   if (state::IsDeletePosted(render.settings, render.keys)) return edit.remove;
