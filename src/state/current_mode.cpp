@@ -12,8 +12,8 @@
 namespace dralo::state {
 namespace {
 
-/// The page size that the request asks for; the property's where it asks for none or for none that can be
-/// read.
+/// The page size that the request asks for; the property's when the request asks for none, or for one that
+/// cannot be read.
 std::int16_t PageSizeToGoBy(const settings::Settings& settings, const RequestKeys& keys,
                             const platform::Formatting& formatting) {
   try {
@@ -23,8 +23,8 @@ std::int16_t PageSizeToGoBy(const settings::Settings& settings, const RequestKey
   }
 }
 
-/// Without a script a form asks for itself again with whatever it posts: a hardened page shows it again only
-/// to ask before it deletes.
+/// Without a script that leaves edit mode, every post of a form asks for that form again. So on a hardened
+/// page a posted change shows it again only to ask before a delete.
 bool AsksForEditHardened(const settings::Settings& settings, const RequestKeys& keys) {
   if (keys.Has(key::kFormView)) return false;
   if (AsksToDelete(settings, keys)) return true;
@@ -39,7 +39,8 @@ bool AsksForEdit(const settings::Settings& settings, const RequestKeys& keys, bo
   return keys.Has(key::kFormEdit) && !keys.Has(key::kFormView);
 }
 
-/// A failed save decides by what its own form said: an insert comes back as an insert, and nothing else does.
+/// After a failed save the form for a new record comes back when the posted form was one, and in no other
+/// case.
 bool AsksForAdd(const RequestKeys& keys, bool has_failed) {
   if (has_failed) return keys.Has(key::kFormInsert);
   return keys.Has(key::kFormAdd) && !keys.Has(key::kFormView);
@@ -64,8 +65,8 @@ std::string_view ModeName(Mode mode) {
 Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
                  const platform::Formatting& formatting, bool has_failed) {
   if (!ShowsForm(settings, keys, formatting)) return Mode::kGrid;
-  // The form for a new record needs "UPDATE" too; "ADD" alone shows the button that asks for it. Of a
-  // hardened page each word is for its own.
+  // The form for a new record needs "UPDATE" too; "ADD" alone shows the button that leads to it. On a
+  // hardened page each word stands for itself.
   const bool may_add = settings.Hardened ? settings.edit.add : settings.edit.update;
   if (may_add && keys != nullptr && AsksForAdd(*keys, has_failed)) return Mode::kFormAdd;
   if (!OffersForm(settings)) return Mode::kFormView;

@@ -7,8 +7,8 @@
 
 namespace dralo::state {
 
-/// The view that the properties and the request select; `keys` is nullptr while there is no request. Closing
-/// a form asks for neither form, and a save that `has_failed` brings its form back.
+/// The view that the properties and the request select; `keys` is nullptr while there is no request. A
+/// request that closes a form shows neither form; a save that `has_failed` shows its form again.
 Mode CurrentMode(const settings::Settings& settings, const RequestKeys* keys,
                  const platform::Formatting& formatting, bool has_failed);
 

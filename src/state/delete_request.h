@@ -8,11 +8,11 @@ namespace dralo::state {
 /// Whether forms of the page have a button that deletes.
 bool OffersDelete(const settings::Settings& settings);
 
-/// Whether records open in a form: to be changed, or on a hardened page to be deleted alone.
+/// Whether records open in a form: to be changed, or on a hardened page also only to be deleted.
 bool OffersForm(const settings::Settings& settings);
 
-/// Whether the request deletes: with the button of the form, on a hardened page that asks first with the
-/// button of the question, whether a script or a page has put it.
+/// Whether the request deletes: by the button of the form, or, on a hardened page that asks first, by the
+/// button of the question, which a script or the page may have put.
 bool IsDeletePosted(const settings::Settings& settings, const RequestKeys& keys);
 
 /// Whether the request wants to delete, and the page must ask first.

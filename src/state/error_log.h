@@ -6,8 +6,8 @@
 
 namespace dralo::state {
 
-/// Passes the lines of ErrorDetail on to the log of the process, each as it stands. What the log throws
-/// passes through.
+/// Passes the lines of ErrorDetail on to the log of the process, unchanged and one by one. What the log
+/// throws passes through.
 void LogLines(const platform::Environment& environment, std::string_view detail);
 
 }  // namespace dralo::state

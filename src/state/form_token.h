@@ -4,15 +4,15 @@
 
 namespace dralo::state {
 
-// The token by which a hardened page that sets TokenCallback knows the forms that it has written for the
+// The token by which a hardened page with a TokenCallback recognises the forms that it has written for this
 // visitor. It stands in forms that change records, and nowhere else.
 
-/// Writes the hidden input with the token; none where the page asks for none. A function of the page that
-/// fails is reported, and the form does without.
+/// Writes the hidden input with the token; nothing where the page has no TokenCallback. A callback that fails
+/// is reported, and the form goes without a token.
 void PutFormToken(Render& render);
 
-/// Whether the posted form carries the visitor's token, exactly once, or the page asks for none. A function
-/// of the page that fails is reported and knows no token.
+/// Whether the posted form carries the visitor's token exactly once, or the page has no TokenCallback. A
+/// callback that fails is reported, and the answer is no.
 bool HasFormToken(Render& render);
 
 }  // namespace dralo::state

@@ -23,9 +23,9 @@ void PutHiddenState(const Render& render) {
 
   put(key::kCurrRecord, render.view.current_record);
   if (render.view.is_counted) put(key::kCountRecords, html::Verbatim{"on"});
-  // The select carries the page size itself; posted twice it would be no number.
+  // The select posts the page size itself; posted twice it would be no number.
   if (!ShowsRecordsPerPageSelect(render)) put(key::kMaxRecords, render.view.page_size);
-  // A hardened page runs its own statement alone.
+  // A hardened page runs only its own statement.
   if (settings.PersistentSQL && !settings.Hardened) put(key::kSql, html::Verbatim{render.view.sql});
   put_text(key::kFormDisplay, render.view.form_display);
   put_text(key::kOrderByFields, render.view.order_by);

@@ -6,7 +6,7 @@
 
 namespace dralo::state {
 
-/// Writes the view's state, and the page's own fields behind it, as hidden inputs into the view's form.
+/// Writes the view's state, and then the page's own fields, as hidden inputs into the view's form.
 void PutHiddenState(const Render& render);
 
 /// Writes the key of the record that is edited, as the next request must post it.

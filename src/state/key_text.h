@@ -10,17 +10,17 @@
 namespace dralo::state {
 
 /// The text that stands for the field's value in a primary key: in links, in forms and, from there, in
-/// statements. The same under all regional settings: numbers with "." in their shortest exact form, booleans
-/// 1 and 0, times of day HH:MM:SS, dates YYYY-MM-DD and, unless it is midnight, a blank and the time. Null
-/// and bytes have no text: "". Stands in `scratch`, whose content is replaced, in the record, or is a
-/// constant. Throws platform::Error when the value cannot be read.
+/// statements. It is the same under all regional settings: numbers with "." in their shortest exact form,
+/// booleans 1 and 0, times of day HH:MM:SS, dates YYYY-MM-DD and, unless it is midnight, a blank and the
+/// time. Null and bytes have no text: "". Stands in `scratch`, whose content is replaced, in the record, or
+/// is a constant. Throws platform::Error when the value cannot be read.
 std::string_view KeyText(platform::Field& field, std::string& scratch);
 
 /// The same for a date, or with kDbTime for a time of day, that is not in a record.
 std::string_view KeyText(const platform::DateTime& time, platform::TypeCode type, std::string& scratch);
 
-/// The value of that type whose key text is exactly `text`; where there is none the text itself, as of a
-/// value that is not of its field's type.
+/// The value of that type whose key text is exactly `text`. Without such a value the text itself: the field
+/// may hold one that is not of its type.
 platform::Variant KeyValue(const platform::Formatting& formatting, platform::TypeCode type,
                            std::string_view text);
 

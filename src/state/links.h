@@ -8,12 +8,12 @@
 
 namespace dralo::state {
 
-/// What the query string of every link of this rendering carries behind the record number: count, page size,
-/// the SQL text when it travels in the page, and the page's own fields. Kept in Render::state_query_tail.
+/// The part of every link's query string after the record number: count, page size, the SQL text when it
+/// travels in the page, and the page's own fields. Kept in Render::state_query_tail.
 std::string StateQueryTail(const Render& render);
 
-/// Writes the address that `put` makes as it stands between the quotes of an attribute: on a hardened page
-/// "&" and other characters of markup are escaped.
+/// Writes the address that `put` makes so that it can stand between the quotes of an attribute: on a hardened
+/// page "&" and other characters of markup are escaped.
 template <class Put>
 void PutAddress(html::HtmlWriter& out, const Render& render, Put put) {
   if (!render.settings.Hardened) return put(out);
@@ -22,7 +22,7 @@ void PutAddress(html::HtmlWriter& out, const Render& render, Put put) {
   out.Write(html::Text{address.Collected()});
 }
 
-/// Writes the query string that carries the view's state, standing on record `number`.
+/// Writes the query string that carries the view's state, with `number` as the current record.
 void PutStateQuery(html::HtmlWriter& out, const Render& render, std::int32_t number);
 
 /// Writes the sort order as "&name=value" pairs.

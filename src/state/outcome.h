@@ -13,15 +13,15 @@ namespace dralo::state {
 /// What a posted change did to the database.
 enum class Change { kNone, kSaved, kDeleted };
 
-/// What stands beside a field of a form that comes back because its change was not made.
+/// What is shown beside a field of a form that comes back because its change was not made.
 struct FieldNote {
   std::string field;                                      ///< Its name; "" for the whole record.
-  std::string message;                                    ///< Plain text, as the other.
+  std::string message;                                    ///< Plain text, as `newer_value` is.
   std::optional<std::string> newer_value = std::nullopt;  ///< What somebody else has stored meanwhile.
-  std::string digest = "";  ///< What the form carries about the field from now on; "" for what was posted.
+  std::string digest = "";  ///< What the form carries about the field from now on; "" for the posted digest.
 };
 
-/// What became of the change that a page's request posted.
+/// What became of the change that a request posted.
 struct PostedChange {
   Change change = Change::kNone;
   std::optional<std::string> saved_key = std::nullopt;
@@ -35,12 +35,12 @@ struct PostedChange {
   std::string error_detail = "";    ///< What it added to ErrorDetail.
 };
 
-/// What a rendering finds, does and has to say.
+/// What a rendering finds, does and reports.
 struct Outcome {
   std::int32_t record_count = -1;  ///< -1 while it is unknown.
   std::int32_t from_row = 0;       ///< 0 while nothing is shown.
   std::int32_t to_row = 0;
-  bool is_last_page = false;  ///< There is no record behind this page.
+  bool is_last_page = false;  ///< No record follows this page.
 
   std::string errors = "";        ///< What is added to ErrorMessage.
   std::string error_detail = "";  ///< What is added to ErrorDetail.
@@ -56,11 +56,11 @@ struct Outcome {
       false;  ///< The key of the request addresses none: a hardened view shows no other.
   std::vector<FieldNote> field_notes = {};
   std::string status_message = "";  ///< The outcome of the last save or delete, for the form views.
-  std::shared_ptr<const PostedChange> reported_change = nullptr;  ///< Whose errors were added already.
+  std::shared_ptr<const PostedChange> reported_change = nullptr;  ///< Its errors were added already.
 
-  std::vector<platform::Variant> record = {};  ///< The values of the record shown, of a grid its first.
+  std::vector<platform::Variant> record = {};  ///< The values of the record shown; of a grid its first.
 
-  bool has_taken_default_page_sizes = false;  ///< The select had no options of the page's own.
+  bool has_taken_default_page_sizes = false;  ///< The page offers no sizes of its own.
 
   /// Whether forms show what was posted.
   bool ShowsPosted() const { return has_failed_to_save && !shows_stored_record; }

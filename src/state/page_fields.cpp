@@ -11,7 +11,7 @@
 namespace dralo::state {
 namespace {
 
-/// How many characters of a name are compared with the view's prefix, whatever the length of its tag.
+/// So many characters of a name are compared with the view's prefix, whatever the length of its tag.
 constexpr std::size_t kComparedCharacters = 6;
 
 bool BelongsToView(std::string_view name, std::string_view tag) {
@@ -23,23 +23,23 @@ bool EndsWith(std::string_view name, std::string_view end) {
   return name.size() >= end.size() && text::EqualIgnoringCase(name.substr(name.size() - end.size()), end);
 }
 
-/// The name of the button whose place of the click the field tells; else the name itself.
+/// The name of the image button when the field tells where it was clicked; else the name itself.
 std::string_view WithoutClick(std::string_view name) {
   return EndsWith(name, ".x") || EndsWith(name, ".y") ? name.substr(0, name.size() - 2) : name;
 }
 
-/// Whether the field makes some view save, delete or send its spreadsheet. Keys are read in any letter case,
-/// so this is too.
+/// Whether the field makes any view save, delete or send its spreadsheet. Letter case does not matter, as for
+/// keys.
 bool IsCommand(std::string_view name) {
   return text::EqualIgnoringCase(name.substr(0, key::kPrefix.size()), key::kPrefix) &&
          (EndsWith(name, key::kFormUpdate) || EndsWith(name, key::kFormDelete) ||
           EndsWith(WithoutClick(name), key::kToExcel));
 }
 
-/// What a hardened page passes on neither for this view nor for another: names of this view in any letter
-/// case, whatever the length of its tag, and for any view those that a form posts. A link that brings them
-/// would fill in the visitor's own form. Of the others' keys that begin with "Form" the one that only chooses
-/// the look may pass.
+/// What a hardened page does not pass on: names that begin with this view's prefix, in any letter case and
+/// with a tag of any length; and the names that the forms of any view post, for a link that brings them would
+/// fill in the visitor's own form. Of the keys that begin with "Form" only the one that chooses the look is
+/// passed on for other views.
 bool IsOfForms(std::string_view name, std::string_view tag) {
   if (!text::StartsWithAscii(name, key::kPrefix)) return false;
   const std::string_view rest = name.substr(key::kPrefix.size());
@@ -48,7 +48,7 @@ bool IsOfForms(std::string_view name, std::string_view tag) {
   return EndsWith(rest, key::kPrimaryKey) || text::ContainsAscii(rest, "Token");
 }
 
-/// Writes fields as long as there is room for them; those of a plain view always.
+/// Writes fields as long as there is room for them; on a plain page always.
 class Room {
  public:
   Room(html::HtmlWriter& out, bool is_bounded, std::size_t bytes)
@@ -91,7 +91,7 @@ void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings
   Room room(out, settings.Hardened, kMostTravellingBytes);
   ForEachPageField(settings, request, [&](const platform::RequestField& field) {
     room.Write(field, [&](html::HtmlWriter& to) {
-      // The name is the visitor's as much as the value is.
+      // The visitor chooses the name as freely as the value.
       if (settings.Hardened) {
         to.Put("<input type=\"hidden\" name=\"{}\" value=\"{}\">\r\n", html::Text{field.name},
                html::Text{field.value});

@@ -10,10 +10,10 @@ namespace dralo::state {
 
 /// Writes the page's own request fields back as hidden inputs, so that they survive a click in the view:
 /// those of the query string always, those of the posted form when PersistPageFormRequest is set. Fields of
-/// this view are left out, and so are the commands of other views that save, delete or send the spreadsheet,
-/// because they would be carried out again. Double quotes in names and values are replaced: neither ends its
-/// attribute. A field belongs to this view when its first six characters are "Morvu" and the tag: tags of
-/// another length than one character are not recognised.
+/// this view are left out. So are the commands of other views that save, delete or send the spreadsheet,
+/// because they would be carried out again. Double quotes in names and values are replaced, so that they do
+/// not end the attribute. A field belongs to this view when its first six characters are "Morvu" and the tag;
+/// with a tag that is not one character long none is recognised.
 ///
 /// A hardened page escapes names and values, and leaves out more: fields of this view in any letter case and
 /// with a tag of any length, and of other views what their forms post, such as keys and inputs.

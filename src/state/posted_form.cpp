@@ -29,7 +29,7 @@ bool IsTooLarge(Fields form) {
   return form.size() > kMostFields || bytes > kMostBytes;
 }
 
-/// The names of the view's fields that a change is made of, without prefix, in capitals.
+/// The names, without prefix and in capitals, of those of the view's fields that make up a change.
 std::vector<std::string> NamesOfChange(Fields form, std::string_view tag) {
   const std::string prefix = text::ToUpper(std::string(key::kPrefix).append(tag));
   std::vector<std::string> names;

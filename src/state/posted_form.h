@@ -11,10 +11,10 @@ namespace dralo::state {
 
 /// What a hardened view may do with the form that was posted to it.
 enum class PostedForm {
-  kNone,           ///< There is none: not a POST, or its body is no form. It changes nothing.
+  kNone,           ///< Not a POST, or its body is no form. It changes nothing.
   kTaken,          ///< A change that it commands may be carried out.
   kForeign,        ///< Another site has sent it: nothing of what it says may come back in a form.
-  kUnknownSender,  ///< Nothing tells who has sent it, so no other site made a browser do it.
+  kUnknownSender,  ///< Nothing tells who has sent it; a browser would have, so no other site is behind it.
   kRepeatedField,  ///< A field of the change came twice.
   kTooLarge,       ///< More than kMostFields or kMostBytes.
 };
@@ -25,10 +25,11 @@ inline constexpr std::size_t kMostBytes = std::size_t{8} * 1024 * 1024;
 PostedForm JudgePostedForm(const platform::Request& request, std::string_view tag,
                            const platform::Site& site);
 
-/// Whether the form, whoever has sent it, commands a change of the views of the tag.
+/// Whether the form commands a change of the views of the tag, whoever has sent it.
 bool CommandsChange(const platform::Request& request, std::string_view tag);
 
-/// The request keys of the view: those of a hardened one are read where JudgePostedForm() allows it.
+/// The request keys of the view; on a hardened page keys of a change are read only where JudgePostedForm()
+/// allows it.
 RequestKeys KeysOfView(const platform::Request& request, const settings::Settings& settings,
                        const platform::Site& site);
 

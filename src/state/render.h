@@ -14,7 +14,8 @@
 
 namespace dralo::state {
 
-/// One rendering of a view: what it goes by, and what comes of it. Ends with the call that renders.
+/// One rendering of a view: what it starts from, and what comes of it. Lives as long as the call that
+/// renders.
 struct Render {
   const settings::Settings& settings;
   platform::Environment& environment;
@@ -25,10 +26,10 @@ struct Render {
   ViewState view = ViewState(settings);
   Outcome outcome = {};
 
-  /// How many links carry what travels in the page, at most.
+  /// How many links, at most, carry what travels in the page.
   std::size_t links = 1;
 
-  /// What the query string of every link carries behind the record number.
+  /// What the query string of every link carries after the record number.
   std::string state_query_tail = "";
 
   /// For texts of values while they are written; see platform::Formatting::Text().
@@ -44,7 +45,7 @@ struct Render {
   }
 };
 
-/// Makes what a rendering has found visible in the properties of its view, where the next one starts from.
+/// Copies what a rendering has found into the properties of its view, from which the next rendering starts.
 void Commit(const Render& render, settings::Settings& settings);
 
 }  // namespace dralo::state

@@ -39,7 +39,7 @@ bool RequestKeys::IsReadInForm(std::string_view name) const {
 
 bool RequestKeys::IsReadInQuery(std::string_view name) const {
   if (change_keys_ == ChangeKeys::kAnywhere) return true;
-  // Each key that addresses a record ends like this.
+  // The name of every key that addresses a record ends like this.
   return !IsOfChange(name) && !(commands_change_ && name.ends_with(key::kPrimaryKey));
 }
 

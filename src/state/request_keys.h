@@ -12,7 +12,7 @@
 
 namespace dralo::state {
 
-/// Names of the keys that carry a view's state through the request; each stands behind the view's prefix.
+/// Names of the keys that carry a view's state through the request; each follows the view's prefix.
 namespace key {
 /// What every key of every view begins with; the view's tag follows.
 inline constexpr std::string_view kPrefix = "Morvu";
@@ -40,13 +40,13 @@ inline constexpr std::string_view kFormDelete = "FormDelete";
 inline constexpr std::string_view kFormDeleteConfirmed = "FormDeleteConfirmed";
 inline constexpr std::string_view kToExcel = "ToExcel";
 
-/// What became of the change that led to this address: "u" a save, "i" a new record, "d" a deleted one.
+/// What happened before this address was shown: "u" a record was saved, "i" added, "d" deleted.
 inline constexpr std::string_view kDone = "Done";
 
-/// What tells an add form from all others, so that it adds one record.
+/// Tells one add form from all others, so that it adds one record only.
 inline constexpr std::string_view kInsertToken = "InsertToken";
 
-/// The word by which a page recognises the forms that it has written itself.
+/// The token by which a page recognises the forms that it has written itself.
 inline constexpr std::string_view kToken = "Token";
 
 /// Stands before the name of the field in the names of a form's inputs.
@@ -62,8 +62,8 @@ inline constexpr std::string_view kPressed = ".x";
 /// The value of key::kFormDisplay that asks for single records; read in any letter case.
 inline constexpr std::string_view kOneRecord = "formOneRec";
 
-/// Whether the key commands a change or says what is written: what a hardened view takes from the body of a
-/// post alone. `name` is without the view's prefix; letter case does not matter.
+/// Whether the key commands a change or says what is written. A hardened view reads such keys from the body
+/// of a post only. `name` is without the view's prefix; letter case does not matter.
 bool IsOfChange(std::string_view name);
 
 /// Where keys of a change are read.
@@ -72,28 +72,28 @@ enum class ChangeKeys { kAnywhere, kForm, kNowhere };
 /// The request keys of one view: "Morvu", its tag, and the key's name. The one place where keys are formed.
 class RequestKeys {
  public:
-  /// On a hardened page the button that edits a record posts its key, which then is that of key::kPrimaryKey.
+  /// When the button that edits a record was pressed, key::kPrimaryKey has the key that the button posts.
   RequestKeys(const platform::Request& request, std::string_view tag,
               ChangeKeys change_keys = ChangeKeys::kAnywhere);
 
   /// The key as it is written into the page. Valid as long as this object.
   html::Joined operator()(std::string_view name) const { return {prefix_, name}; }
 
-  /// The value of the key, without blanks around it; of the posted form, else of the query string; the first
-  /// when the key occurs several times. Empty, as for a missing key, when it is blank. Letter case does not
+  /// The value of the key, without blanks around it: from the posted form, else from the query string; the
+  /// first when the key occurs several times. Empty when the key is missing or blank. Letter case does not
   /// matter. Valid as long as the request.
   std::string_view Value(std::string_view name) const;
 
-  /// The value of the key as it was sent; nothing when it is missing. Else as Value().
+  /// The value of the key as it was sent; nothing when it is missing. Otherwise like Value().
   std::optional<std::string_view> Untrimmed(std::string_view name) const;
 
-  /// The same, of the posted form only; nothing also when it stands there more than once.
+  /// The same, from the posted form only; nothing also when it occurs there more than once.
   std::optional<std::string_view> PostedOnce(std::string_view name) const;
 
   /// Whether the image button of that name was pressed.
   bool WasPressed(std::string_view button) const;
 
-  /// From now on these keys are missing, whatever the request says. The names stay the caller's.
+  /// From now on these keys are missing, whatever the request says. The names must outlive the object.
   void Ignore(std::vector<std::string_view> names) { ignored_ = std::move(names); }
 
   bool Has(std::string_view name) const { return !Value(name).empty(); }
@@ -110,7 +110,7 @@ class RequestKeys {
   const platform::Request& request_;
   std::string prefix_;
   ChangeKeys change_keys_;
-  bool commands_change_ = false;  ///< The form does, and its keys are read: the record's key is its own too.
+  bool commands_change_ = false;  ///< Of the form, whose key counts as part of it.
   std::vector<std::string_view> ignored_;
 };
 

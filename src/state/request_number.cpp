@@ -10,7 +10,7 @@
 namespace dralo::state {
 namespace {
 
-/// `decimal` rounded half to even, or nothing when it does not fit 64 bits.
+/// `decimal` rounded half to even; nothing when it does not fit into 64 bits.
 std::optional<std::int64_t> Rounded(std::string_view decimal) {
   const std::size_t point = decimal.find('.');
   const std::string_view whole = decimal.substr(0, point);

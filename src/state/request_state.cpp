@@ -26,14 +26,14 @@ std::int32_t Int32Value(const Render& render, std::string_view name) {
   return ToInt32(render.Regional(), render.keys.Value(name), KeyName(render.keys, name));
 }
 
-/// `number` moved by `records`, at the ends of 32 bits no further.
+/// `number` plus `records`, kept within 32 bits.
 std::int32_t Moved(std::int32_t number, std::int32_t records) {
   using Limits = std::numeric_limits<std::int32_t>;
   const std::int64_t moved = std::int64_t{number} + records;
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(moved, Limits::min(), Limits::max()));
 }
 
-/// The page size of that text when the select of the page has it.
+/// The page size that was asked for, when the page's select offers it.
 std::optional<std::int16_t> OfferedPageSize(const settings::Settings& settings, std::string_view asked) {
   if (!settings.DisplayRecordsPerPageSelect || asked.empty()) return std::nullopt;
   const std::string& own = settings.RecordsPerPageOptions;
@@ -50,8 +50,8 @@ void ReadOrder(Render& render) {
   if (render.keys.Has(key::kOrderByDesc)) {
     render.view.is_descending = true;
   } else if (has_fields) {
-    // A click on a header asks for ascending order by saying nothing, also when the page had preset the
-    // other.
+    // A click on a header leaves the direction out to ask for ascending order, even when the page has preset
+    // descending.
     render.view.is_descending = false;
   }
 }

@@ -9,7 +9,7 @@
 namespace dralo::state {
 namespace {
 
-/// A header of which more than one value came, or that cannot be what it should be.
+/// A header that came with more than one value, or whose value is not valid.
 struct Unusable {};
 
 /// The only value of the header; nothing when it is missing. Throws Unusable when it came twice.
@@ -31,7 +31,7 @@ struct SchemeAndHost {
   std::string_view host;  ///< With its port.
 };
 
-/// Nothing when `address` has none; what is behind the host is not looked at. An address with a name or a
+/// Nothing when `address` has none; what follows the host is not looked at. An address with a user name or a
 /// blank in it is none.
 std::optional<SchemeAndHost> SiteOf(std::string_view address) {
   const std::size_t end_of_scheme = address.find("://");

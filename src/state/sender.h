@@ -12,14 +12,14 @@ namespace dralo::state {
 enum class Sender {
   kOwn,      ///< One of this host, or of a trusted origin.
   kForeign,  ///< One of another site, or the headers contradict themselves.
-  kUnknown,  ///< The headers say nothing about it, as no browser of today leaves them.
+  kUnknown,  ///< The headers say nothing about it; today's browsers always do.
 };
 
-/// What the headers Sec-Fetch-Site, Origin and Referer say, the first of them that came. A browser sends them
-/// and no page can forge them. A trusted origin wins over Sec-Fetch-Site, which calls every other site
+/// Who has sent the request, by the first of Sec-Fetch-Site, Origin and Referer that came; a browser sends
+/// them, and no page can forge them. A trusted origin wins over Sec-Fetch-Site, for which every other site is
 /// foreign. Host names are compared without regard to letter case and without the port that the scheme
-/// implies; the scheme is not compared, because a server behind a proxy does not know its own. Of headers
-/// that came twice, and of a Host that is no name with a port, nothing is believed.
+/// implies. Schemes are not compared, because a server behind a proxy does not know its own. Headers that
+/// came twice, and a Host that is no name with a port, are not believed.
 Sender SenderOf(const platform::Request& request, std::span<const std::string> trusted_origins);
 
 /// Whether the request is for one of the hosts; for any when the list is empty. An entry without a port

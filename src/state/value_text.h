@@ -6,14 +6,14 @@
 
 namespace dralo::state {
 
-/// Writes a value or a name so that the attribute between double quotes holds exactly it: on a hardened page
-/// with every character of markup replaced, else as html::PutAttributeText() does.
+/// Writes a value or a name for an attribute between double quotes, which then holds exactly that text: on a
+/// hardened page every character of markup is replaced, else as in html::PutAttributeText().
 void PutInAttribute(html::HtmlWriter& out, const Render& render, std::string_view text);
 
 /// The same for the content of a textarea.
 void PutInTextarea(html::HtmlWriter& out, const Render& render, std::string_view text);
 
-/// Writes a value or a name into the text of the page, which pages that are not hardened write as it is.
+/// Writes a value or a name into the text of the page. Pages that are not hardened write it as it is.
 void PutInText(html::HtmlWriter& out, const Render& render, std::string_view text);
 
 }  // namespace dralo::state

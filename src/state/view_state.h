@@ -17,7 +17,7 @@ std::string_view ModeName(Mode mode);
 /// Whether single records are shown, to be read, edited or added.
 constexpr bool IsForm(Mode mode) { return mode != Mode::kGrid; }
 
-/// What the page itself has set, before the request was read.
+/// What the page itself has set, kept as it was before the request was read.
 struct PageState {
   std::int16_t page_size;
   bool is_counted;
@@ -26,7 +26,7 @@ struct PageState {
   bool is_descending;
 };
 
-/// What is to be shown: what the page has set where the request asks for nothing else. It travels in the
+/// What is to be shown: what the request asks for, and for the rest what the page has set. It travels in the
 /// page, as hidden inputs and in the query of links.
 struct ViewState {
   explicit ViewState(const settings::Settings& settings)
