@@ -12,13 +12,13 @@
 
 namespace dralo::views {
 
-/// Rows of a page alternate, and with them classes and attributes; the first row is odd.
+/// Rows of a page alternate, and with them their classes and attributes; the first row is odd.
 enum RowParity : std::size_t { kOdd = 0, kEven = 1 };
 
 constexpr std::string_view ParityWord(RowParity parity) { return parity == kOdd ? "odd" : "even"; }
 
-/// What stands in the cells of odd, or of even, rows between the row number in the id and the text. It is put
-/// together for the first row and again only when the row's attributes differ from those of the row before.
+/// What stands in the cells of odd, or of even, rows between the row number in the id and the text. It is
+/// made for the first row, and anew only when a row's attributes differ from those of the row before.
 class CellHeads {
  public:
   /// `render` and `columns` must outlive the heads.
@@ -33,7 +33,7 @@ class CellHeads {
     return text_.Collected().substr(parts_[cell].start, parts_[cell].end - parts_[cell].start);
   }
 
-  /// The head without its end: the alignment, the ">" and what follows it are left out.
+  /// The head without its end: without the alignment, the ">" and what follows.
   std::string_view UnalignedHead(std::size_t cell) const {
     return text_.Collected().substr(parts_[cell].start, parts_[cell].attributes_end - parts_[cell].start);
   }

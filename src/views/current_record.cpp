@@ -11,7 +11,7 @@
 namespace dralo::views {
 namespace {
 
-/// Texts take the room of the text before them, so that record after record can be kept.
+/// A text reuses the memory of the text before it, because many records are copied one after the other.
 void Copy(const platform::VariantView& value, platform::Variant& copy) {
   const auto* text = std::get_if<std::string_view>(&value);
   auto* text_before = std::get_if<std::string>(&copy);

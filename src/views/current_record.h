@@ -6,7 +6,7 @@
 namespace dralo::views {
 
 /// Copies the values of the recordset's current row, for CurrentRecord. A value that cannot be read becomes
-/// Null: where it is shown, it is reported.
+/// Null; the place that shows it reports the failure.
 void KeepCurrentRecord(state::Render& render, platform::Recordset& recordset);
 
 }  // namespace dralo::views

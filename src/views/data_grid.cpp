@@ -28,7 +28,7 @@ namespace {
 using html::Verbatim;
 using settings::Settings;
 
-/// The texts with one blank between them; empty when all are blank. Two blanks in a row become one, in one
+/// The texts joined by single blanks; empty when all are blank. Two blanks in a row become one, in a single
 /// pass.
 std::string Combined(std::initializer_list<std::string_view> texts) {
   std::string combined;
@@ -83,13 +83,13 @@ class GridRows {
   std::array<cells::RecordTag, 2> row_tags_;
   state::RecordLink link_;
 
-  /// By position in GridFieldsSupressDup the value last written; nothing before the first.
+  /// The value last written, by position in GridFieldsSupressDup; nothing before the first.
   std::vector<std::optional<std::string>> last_values_;
 
   // Of the current row.
   std::int32_t record_ = 0;  ///< Counted from 1 over all pages.
   CellHeads* row_heads_ = nullptr;
-  html::HtmlWriter cell_start_;  ///< What all its cells begin with.
+  html::HtmlWriter cell_start_;  ///< The beginning of all its cells.
 };
 
 GridRows::GridRows(state::Render& render, platform::Recordset& recordset, std::span<GridColumn> columns)

@@ -9,9 +9,9 @@
 
 namespace dralo::views {
 
-/// A field that the one-record view shows, found out once per page.
+/// A field that the one-record view shows, and what is the same for all records of a page.
 struct FormField : ShownColumn {
-  /// Of its row, everything before the text of the value: label and opened cell.
+  /// Its row up to the text of the value: the label and the opened cell.
   std::string row_start = {};
 };
 

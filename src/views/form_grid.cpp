@@ -79,8 +79,8 @@ void FormRecords::PutGap() {
       .PutIf(!settings_.UseCSS, "<tr><td>&nbsp;</td></tr>\r\n");
 }
 
-/// What an Edit button puts the key of its record into; one serves all records of the page. On hardened pages
-/// the buttons have it themselves.
+/// The input that an Edit button fills with the key of its record; one input serves all records of the page.
+/// On hardened pages each button carries the key itself.
 void FormRecords::PutKeyInput() {
   out_.PutIf(!settings_.Hardened && !text::IsBlank(settings_.EditPrimaryKeys),
              "<input type=\"hidden\" name=\"{}\" value=''>\r\n", render_.keys(state::key::kPrimaryKey));
@@ -104,7 +104,7 @@ void FormRecords::PutEditButton() {
   out_.Put(R"('"  value="{}">)", Verbatim{settings_.language_tables->buttons[settings::kEdit]});
 }
 
-/// It opens the form, to which also the record leads that can be deleted only.
+/// The button opens the form, also for records that can only be deleted.
 void FormRecords::PutFormButtonOfRecord() {
   if (!state::OffersForm(settings_)) return;
   const bool has_key = key_values_.Read(render_.Errors());

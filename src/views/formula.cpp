@@ -6,8 +6,8 @@
 namespace dralo::views {
 namespace {
 
-/// The blank, the line feed, the no-break space as it is and in HTML, the ideographic space, and two marks
-/// that take no room.
+/// The blank, the line feed, the no-break space as a character and as HTML, the ideographic space, the byte
+/// order mark and the zero-width space.
 constexpr auto kPassedOver = std::to_array<std::string_view>(
     {" ", "\n", "\xC2\xA0", "&nbsp;", "\xE3\x80\x80", "\xEF\xBB\xBF", "\xE2\x80\x8B"});
 

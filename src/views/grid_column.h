@@ -10,7 +10,7 @@
 
 namespace dralo::views {
 
-/// What all cells of a shown column have in common, found out once per page.
+/// What all cells of a shown column have in common; made once per page.
 struct GridColumn : ShownColumn {
   bool is_numeric = false;
   bool is_unbroken = false;            ///< Its text stays on one line.

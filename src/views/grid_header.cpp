@@ -18,7 +18,7 @@ namespace key = state::key;
 using html::Verbatim;
 using settings::Settings;
 
-/// The names of columns that are sort links. What all addresses share is put together once.
+/// The names of columns as sort links. What all addresses have in common is put together once.
 class SortLinks {
  public:
   SortLinks(const state::Render& render, std::int32_t bookmark)
@@ -65,7 +65,7 @@ void PutArrow(const state::Render& render) {
   }
 }
 
-/// A click on the sorted column turns its order round; on another column it sorts ascending.
+/// A click on the sorted column reverses its order; on another column it sorts ascending.
 void SortLinks::Put(const GridColumn& column, Verbatim name) const {
   const bool is_sorted = render_.view.order_by == std::to_string(column.number);
   render_.out

@@ -8,8 +8,8 @@
 
 namespace dralo::views {
 
-/// The label as it is written: on a hardened page the name of a field is escaped, a text of the page's own is
-/// markup. Valid as long as the label and `scratch`.
+/// The label for the page: on a hardened page the name of a field is escaped, while a text that the page has
+/// set is markup. Valid as long as the label and `scratch`.
 std::string_view LabelText(const state::Render& render, const settings::ColumnLabel& label,
                            std::string& scratch);
 

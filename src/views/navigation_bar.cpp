@@ -11,7 +11,7 @@ namespace {
 
 using html::Verbatim;
 
-/// Records are spoken of where one is shown at a time, pages elsewhere.
+/// The bar says "record" where one is shown at a time, else "page".
 bool SpeaksOfRecords(const state::Render& render) {
   return state::IsForm(render.view.mode) || render.view.page_size < 2;
 }
@@ -22,7 +22,7 @@ Verbatim Text(const state::Render& render, settings::NavigationSlot slot) {
 
 struct Button {
   std::string_view key;
-  std::string_view image;  ///< Without "d", which disabled buttons add, and ".gif".
+  std::string_view image;  ///< Without ".gif", and without the "d" in front of it that disabled buttons have.
   settings::NavigationSlot title;
 };
 
@@ -83,7 +83,7 @@ void PutCounter(html::HtmlWriter& out, const state::Render& render) {
   if (pages) PutPageCounter(out, render);
 }
 
-/// The attribute in the cells and the link of the bar; without CSS the blank that stands in its place.
+/// The class attribute of cells and links in the bar; without UseCSS a blank in its place.
 std::string ClassPart(const state::Render& render, std::string_view suffix) {
   if (!render.settings.UseCSS) return " ";
   return std::string(R"( class="DRLOTableNavBar)").append(suffix).append("\"");

@@ -14,23 +14,23 @@
 
 namespace dralo::views {
 
-/// A column that a view shows, and what its cells say: a template, else what a format function makes of the
-/// value, else the standard text. Found out once per page.
+/// A column that a view shows, and the text of its cells: its template, else what its format function makes
+/// of the value, else the standard text. Made once per page.
 struct ShownColumn {
   int number = 0;  ///< Counted from 1, hidden fields included.
   platform::Field* field = nullptr;
   cells::ValueForm form = cells::ValueForm::kPlain;
   bool has_format_function = false;
-  std::optional<cells::FormatFunction> format_function = {};  ///< Made for the first cell that needs it.
+  std::optional<cells::FormatFunction> format_function = {};  ///< Made when the first cell needs it.
   std::optional<cells::FreeFormatCell> free_format = {};
 
-  /// The text of the current record's cell, for columns without a template, in the column's form. Valid until
+  /// The text of the current record's cell, in the column's form; for columns without a template. Valid until
   /// the next call, the record moves or a scratch of `render` changes.
   std::string_view Text(state::Render& render) {
     return has_format_function ? FormattedText(render) : cells::GetStdDbFieldString(render, *field, form);
   }
 
-  /// Writes the text of the cell of the current record, which `record` counts from 1.
+  /// Writes the cell's text for the current record, whose number, counted from 1, is `record`.
   void Put(html::HtmlWriter& out, state::Render& render, std::int32_t record);
 
  private:

@@ -23,7 +23,7 @@ namespace {
 using html::Verbatim;
 using settings::Settings;
 
-/// What all cells of an exported column have in common, found out once.
+/// What all cells of an exported column have in common; made once.
 struct ExportedColumn : ShownColumn {
   bool is_hardened = false;
   bool is_numeric = false;
@@ -56,7 +56,7 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     column.field = field;
     column.is_hardened = settings.Hardened;
     column.is_numeric = platform::IsNumericFieldType(field->Type());
-    // Markup is for pages: programs would read its words as cells.
+    // Also columns of HTML are escaped: a spreadsheet program would make cells of their markup.
     if (settings.Hardened) column.form = cells::ValueForm::kEscaped;
     column.has_format_function = is_formatted;
     column.heads = {CellHead(render, column, settings.TDEvenTag),
@@ -71,8 +71,8 @@ void PutExportedName(state::Render& render, const ExportedColumn& column) {
   state::PutInText(render.out, render, name);
 }
 
-/// Whether the text of the column's cell must not be taken for a formula. That of a number in a numeric
-/// column may: its sign is one.
+/// Whether the text of the column's cell must not be taken for a formula. In a numeric column the text of a
+/// number may: it begins with its sign.
 bool MayBeFormula(const ExportedColumn& column, std::string_view text) {
   if (!BeginsFormula(text)) return false;
   return !column.is_numeric || std::holds_alternative<std::string_view>(column.field->Value());
