@@ -10,8 +10,8 @@ namespace {
 
 bool IsWord(std::string_view tag) { return !tag.empty() && std::ranges::all_of(tag, text::IsLetterOrDigit); }
 
-/// Two slashes at the start would begin the name of a host. Browsers take backslashes for slashes there, and
-/// pass over blanks and control characters before and between them.
+/// An address that began with two slashes would name a host. Browsers treat backslashes as slashes there, and
+/// ignore blanks and control characters before and between them.
 void RemoveHost(std::string& address) {
   const auto start = std::ranges::find_if(
       address, [](char c) { return c != '/' && c != '\\' && static_cast<unsigned char>(c) > ' '; });

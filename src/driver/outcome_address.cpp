@@ -41,7 +41,8 @@ std::string_view LetterOf(const state::Render& render) {
   return render.keys.Has(key::kFormInsert) ? "i" : "u";
 }
 
-/// A record may well leave the statement of the list, or that of the view, by its save.
+/// Whether the record can be shown after the save, which may have taken it out of the list's statement or of
+/// the view's.
 bool ShowsRecord(const state::Render& render, std::string_view record) {
   const settings::Settings& settings = render.settings;
   if (!state::CanAddressRecords(render, settings.FormSQL)) return false;
@@ -54,8 +55,7 @@ bool ShowsRecord(const state::Render& render, std::string_view record) {
   }
 }
 
-/// The page's own path as it may stand in a header. One that began with two slashes would be the name of
-/// another host.
+/// The page's own path, encoded for a header. If it began with two slashes, it would name another host.
 std::string EncodedPath(std::string_view path) {
   constexpr std::string_view kKept = "/-._~!$&'()*+,;=:@%";
   constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -92,7 +92,7 @@ std::string OutcomeAddress(const state::Render& render) {
   return address.Take();
 }
 
-/// Nothing when the request cannot be read.
+/// The view that the request asks for; nothing when the request cannot be read.
 std::optional<state::ViewState> AskedView(state::Render& render) {
   const state::ViewState before = render.view;
   try {

@@ -22,7 +22,7 @@ std::int32_t LastRecordNumber(const state::Render& render) {
                                          : state::FirstOfLastPage(reachable, render.view.page_size);
 }
 
-/// What the page set on the grid's table; nothing with the defaults.
+/// The attributes that the page has set on the grid's table; empty when it has set none.
 std::string GridTableAttributes(const settings::Settings& settings) {
   static const std::string default_tag = settings::Settings().TableTag;
   std::string attributes;
@@ -31,7 +31,7 @@ std::string GridTableAttributes(const settings::Settings& settings) {
   return attributes += settings.GridTableTag;
 }
 
-/// What hardened pages have in place of a button with a script.
+/// A link takes the place of the button with a script on hardened pages.
 void PutAddLinkAndRowEnd(const state::Render& render, Verbatim caption) {
   render.out.Put("<a").PutIf(render.settings.UseCSS, R"( class="DraloInputBtn")").Put(R"( href=")");
   state::PutAddLink(render.out, render);

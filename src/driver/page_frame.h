@@ -23,11 +23,11 @@ void PutFormTableOpening(const state::Render& render);
 /// The end of either table and of its row.
 void PutTableClosing(const state::Render& render);
 
-/// The navigation bar as it stands.
+/// The navigation bar for the present state.
 void PutNavigationBar(const state::Render& render, int column_span);
 
-/// The select for the page size when it goes to the bottom, the footer text, and the end of form and outer
-/// table.
+/// The select for the page size when it stands at the bottom, the footer text, and the end of the form and
+/// the outer table.
 void PutClosing(state::Render& render);
 
 }  // namespace dralo::driver

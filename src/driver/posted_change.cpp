@@ -20,8 +20,8 @@ using state::Render;
 /// The posted changes that the views of a page have carried out.
 class PostedChanges final : public platform::PageMemory {
  public:
-  /// The one posted to views of the tag; none when it was not carried out yet. Tags are compared as request
-  /// keys are.
+  /// The change that was posted to views of the tag; nullptr as long as it was not carried out. Tags are
+  /// compared as in request keys.
   std::shared_ptr<const PostedChange>& Of(std::string_view tag) {
     for (auto& [known, change] : changes_) {
       if (text::EqualIgnoringCase(known, tag)) return change;
@@ -54,7 +54,7 @@ std::shared_ptr<const PostedChange> CarryOut(Render& render, platform::Response&
                    .error_detail = render.outcome.error_detail});
 }
 
-/// Of a hardened view a change that is refused counts too: it is told.
+/// On a hardened view a refused change counts too: the visitor is told of it.
 bool IsChangePosted(const Render& render) {
   if (editing::IsChangePosted(render)) return true;
   const settings::Settings& settings = render.settings;

@@ -5,8 +5,8 @@
 
 namespace dralo::driver {
 
-/// Carries out the change that the request posted to views of this tag. When a view of the page has done so
-/// before, this view takes over its outcome and its messages instead.
+/// Carries out the change that the request posts to views of this tag. When another view of the page has done
+/// so, this view takes over its outcome and its messages instead.
 void CarryOutPostedChange(state::Render& render, platform::PageContext& page);
 
 }  // namespace dralo::driver

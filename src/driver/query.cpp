@@ -15,7 +15,7 @@ using platform::CursorType;
 using platform::LockType;
 using platform::Recordset;
 
-/// Commands cannot be wrapped into a counting query: the rows are walked.
+/// A command cannot stand in a counting query, so its rows are counted one by one.
 std::int32_t CountCommandRows(const state::Render& render) {
   const auto recordset = NewRecordset(render.environment);
   OpenCommand(*recordset, render.settings, CursorType::kStatic, LockType::kReadOnly);

@@ -10,30 +10,30 @@
 
 namespace dralo::driver {
 
-/// Fills RecordCount when it is below 1: counted when `wanted`, else -1. A supplied recordset is never
-/// counted.
+/// Fills RecordCount when it is below 1: with the number of records when `wanted`, else with -1. A supplied
+/// recordset is never counted.
 void CountRecords(state::Render& render, bool wanted);
 
 /// What is run for the view, without an order: `sql`, or the text of its command.
 const std::string& StatementText(const state::Render& render);
 
-/// `sql` with the order of the view behind it.
+/// `sql` followed by the order of the view.
 std::string OrderedSql(const state::ViewState& view, std::string sql);
 
-/// Runs the view's command on its connection, or on its own when it has one. Without parameters of its own it
-/// has those of `sql`.
+/// Runs the view's command: on the command's own connection when it has one, else on the view's. A command
+/// without parameters runs with those of `sql`.
 void OpenCommand(platform::Recordset& recordset, const settings::Settings& settings,
                  platform::CursorType cursor, platform::LockType lock);
 
-/// How many records are fetched for a page at most: up to its end and one more, which tells whether there is
-/// a next page.
+/// The most records that are fetched for a page: up to its end and one more, which tells whether there is a
+/// next page.
 std::int64_t PageRecordLimit(const state::Render& render);
 
 /// A closed recordset.
 std::shared_ptr<platform::Recordset> NewRecordset(platform::Environment& environment);
 
-/// The recordset to show: the supplied one, the command's, or that of `sql`, which has its order already, and
-/// `parameters`, with at most `record_limit` records; 0 means all.
+/// The recordset to show: the supplied one, that of the command, or that of `sql`, which already contains its
+/// order, with `parameters` and at most `record_limit` records; 0 means all.
 std::shared_ptr<platform::Recordset> OpenMainRecordset(const state::Render& render, const std::string& sql,
                                                        settings::Parameters parameters,
                                                        std::int64_t record_limit);
@@ -41,7 +41,7 @@ std::shared_ptr<platform::Recordset> OpenMainRecordset(const state::Render& rend
 /// After the last-page button: cuts RecordCount to RecordsMaxLimit, so that the last page ends there.
 void CutLastPageToLimit(state::Render& render);
 
-/// Cuts the current record number to a known count and moves the recordset there, never beyond
+/// Limits the current record number to a known count and moves the recordset there, never beyond
 /// RecordsMaxLimit.
 void MoveToCurrentRecord(state::Render& render, platform::Recordset& recordset);
 

@@ -22,7 +22,7 @@ void SetStatus(platform::Response& response, int status) {
   if (response.HasUnsentHeaders()) response.SetStatus(status);
 }
 
-/// Why a form in that state changes nothing; nothing when it does, or is none.
+/// Why the form changes nothing; nothing when it may change something, or there is no form.
 std::optional<PublicText> Refusal(state::Render& render, PostedForm form) {
   switch (form) {
     case PostedForm::kForeign:

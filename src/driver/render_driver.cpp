@@ -40,7 +40,7 @@ namespace key = state::key;
 using platform::Recordset;
 using state::Render;
 
-/// In the one-record view a page holds several records only when the page asked for a form with several.
+/// The one-record view shows several records on a page only when DisplayType is "form".
 std::int32_t RecordsOnPage(const Render& render) {
   const bool is_single =
       state::IsForm(render.view.mode) && render.settings.display != settings::DisplayKind::kForm;
@@ -62,18 +62,18 @@ void SelectRecord(Render& render) {
     render.view.current_record = std::max(render.view.bookmark, 1);
 }
 
-/// The number of the last record that can be shown, as far as it is known.
+/// The number of the last record that can be shown, as far as that is known.
 std::int32_t KnownEnd(const Render& render) {
   const std::int32_t limit = render.settings.RecordsMaxLimit;
   return render.outcome.record_count < 0 ? limit : std::min(render.outcome.record_count, limit);
 }
 
-/// The number of the page's last record if all its places were taken.
+/// The number of the page's last record if the page is full.
 std::int64_t PageEnd(const Render& render) {
   return std::int64_t{render.view.current_record} + render.view.records_on_page - 1;
 }
 
-/// What the bar above the records says about the rows below it; only asked for with a known count.
+/// Sets what the bar above the records says about the rows below it; called only with a known count.
 void ExpectRows(Render& render) {
   const std::int32_t end = KnownEnd(render);
   const bool has_rows = render.view.current_record <= end;
@@ -118,14 +118,14 @@ std::int32_t PutForm(Render& render, const ShownRecords& records) {
 
 bool HasKeys(const Render& render) { return !text::IsBlank(render.settings.EditPrimaryKeys); }
 
-/// The key as it was posted, which hardened pages do not change: blanks may belong to it.
+/// The posted key. Hardened pages do not change it, because blanks may belong to it.
 std::string PostedKey(const Render& render) {
   return std::string(render.settings.Hardened ? render.keys.Untrimmed(key::kPrimaryKey).value_or("")
                                               : render.keys.Value(key::kPrimaryKey));
 }
 
-/// What must be posted with the edit form, so that a save, failed or not, comes back to the same record.
-/// Empty unless a record is edited that has a key; nothing where an empty text would be a key.
+/// The key that must be posted with the edit form, so that a save, failed or not, comes back to the same
+/// record. On a plain page empty, on a hardened one nothing, when no record with a key is edited.
 std::optional<std::string> KeyOfEditedRecord(Render& render, const ShownRecords& records) {
   std::optional<std::string> none = render.settings.Hardened ? std::nullopt : std::optional<std::string>("");
   if (render.view.mode != state::Mode::kFormEdit || !HasKeys(render)) return none;
@@ -156,7 +156,8 @@ void PutPage(Render& render, ShownRecords& records) {
   PutClosing(render);
 }
 
-/// A page that cannot be opened is counted all the same, and fails as if it had been counted first.
+/// When the page cannot be opened, its records are counted all the same. If that fails too, the failure of
+/// the count is the one to report, as if it had come first.
 void OpenRecords(Render& render, ShownRecords& records) {
   const std::int32_t asked_record = render.view.current_record;
   try {
@@ -174,20 +175,20 @@ void OpenRecords(Render& render, ShownRecords& records) {
   }
 }
 
-/// What a form shows is of one visitor: no cache may give it to others.
+/// A form shows what only one visitor may see: no cache may store it.
 void ForbidStoring(const Render& render, platform::Response& response) {
   if (!render.settings.Hardened || !state::IsForm(render.view.mode)) return;
   if (response.HasUnsentHeaders()) response.AddHeader("Cache-Control", "no-store");
 }
 
-/// A refused post has its status already.
+/// A refused post has a status of its own.
 void AnswerNotFound(const Render& render, platform::Response& response) {
   constexpr int kNotFound = 404;
   if (!render.outcome.has_no_such_record || render.outcome.is_refused) return;
   if (response.HasUnsentHeaders()) response.SetStatus(kNotFound);
 }
 
-/// One for each record and for each column, those to add a record and to the list, and some of templates.
+/// One link for each record and each column, those to the add form and to the list, and some in templates.
 std::size_t LinksOnPage(const Render& render, const ShownRecords& records) {
   constexpr std::size_t kOthers = 4;
   return static_cast<std::size_t>(std::max<std::int32_t>(render.view.records_on_page, 1)) +
@@ -211,7 +212,7 @@ void RunSteps(Render& render, platform::Response& response, ShownRecords& record
 
 void RenderView(Render& render, platform::Response& response) {
   ShownRecords records;
-  // Not Guarded(): pages that debug see the statement, whichever it is by then.
+  // Not Guarded(): pages with DisplayDebug show the statement that is in use at the failure.
   const auto guarded = [&](auto step) {
     try {
       step();
@@ -223,8 +224,8 @@ void RenderView(Render& render, platform::Response& response) {
   guarded([&] { render.out.Flush(); });  // What was written before a failure stays on the page.
 }
 
-/// By which all statements of a hardened page end, from now on. Those of a download do not: it lasts as long
-/// as somebody takes to read it.
+/// The time limit for all further statements of a hardened page together. A download has none, because it
+/// lasts as long as the visitor takes to read it.
 std::optional<platform::StatementClock> NewClock(const Render& render) {
   const settings::Settings& settings = render.settings;
   if (!settings.Hardened || settings.DrConnection == nullptr) return std::nullopt;

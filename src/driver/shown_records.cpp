@@ -35,7 +35,7 @@ const std::string& FormStatement(const Render& render) {
   return render.view.mode == state::Mode::kFormView ? render.settings.FormSQL : render.settings.EditSQL;
 }
 
-/// An empty text may be a key.
+/// Whether the request names a key. On a hardened page an empty text may be one.
 bool NamesKey(const Render& render) {
   return render.settings.Hardened ? render.keys.Untrimmed(key::kPrimaryKey).has_value()
                                   : render.keys.Has(key::kPrimaryKey);
@@ -58,7 +58,7 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
   return recordset;
 }
 
-/// Where the current record is behind the last one, the page is opened once more, at its end.
+/// When the current record lies after the last one, the page is opened once more, at its end.
 void OpenCounted(Render& render, ShownRecords& records) {
   records.main = NewRecordset(render.environment);
   records.main->SetMaxRecords(PageRecordLimit(render));
@@ -87,7 +87,8 @@ void OpenAtCurrentRecord(Render& render, const std::string& statement, settings:
   if (render.view.mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
 
-/// The same on a hardened page: a key that is none, or of a record outside, shows a form without a record.
+/// The same on a hardened page: a key that is none, or that belongs to a record outside the page's `sql`,
+/// shows a form without a record.
 bool OpenByNamedKey(Render& render, ShownRecords& records) {
   records.sql = FormStatement(render);
   auto record = editing::OpenRecordOfKey(render, records.sql, FormStatementParameters(render),
@@ -102,7 +103,7 @@ bool OpenByNamedKey(Render& render, ShownRecords& records) {
   return true;
 }
 
-/// Returns whether the posted key addresses the record to show, which is open then.
+/// Whether the posted key addresses the record to show, which is then open.
 bool OpenByPostedKey(Render& render, ShownRecords& records) {
   if (!IsAddressedByKey(render)) return false;
   if (render.settings.Hardened) return OpenByNamedKey(render, records);
@@ -112,8 +113,8 @@ bool OpenByPostedKey(Render& render, ShownRecords& records) {
   auto record = OpenOneRecord(render, sql);
   // A save may have changed the key, or taken the record out of the statement.
   if (render.outcome.change == state::Change::kSaved && record->Eof()) return false;
-  // The bar needs what is paged through. It stays at its start: the record number says nothing about a record
-  // that was found by its key.
+  // The bar needs the recordset that is paged through. That stays at its start: the record number says
+  // nothing about a record that was found by its key.
   records.main = IsText(render.settings) ? record : OpenMainRecordset(render, render.view.sql, {}, 0);
   records.sql = sql;
   records.keyed = std::move(record);
@@ -121,7 +122,7 @@ bool OpenByPostedKey(Render& render, ShownRecords& records) {
   return true;
 }
 
-/// The same after a failed save, whose key may be one that the database does not take.
+/// The same after a failed save, whose key the database may not accept.
 bool OpenByFailedKey(Render& render, ShownRecords& records) {
   try {
     return OpenByPostedKey(render, records);
@@ -132,8 +133,8 @@ bool OpenByFailedKey(Render& render, ShownRecords& records) {
   }
 }
 
-/// The record of `statement` that has the key of the one on which `shown` stands; nullptr when the key does
-/// not address one.
+/// The record of `statement` that has the key of the record on which `shown` stands; nullptr when the key
+/// addresses none.
 std::shared_ptr<Recordset> OpenShownRecord(Render& render, const std::string& statement, Recordset& shown) {
   const settings::Parameters parameters = FormStatementParameters(render);
   if (render.settings.Hardened) {
@@ -143,19 +144,20 @@ std::shared_ptr<Recordset> OpenShownRecord(Render& render, const std::string& st
   return sql.empty() ? nullptr : OpenOneRecord(render, sql);
 }
 
-/// A form with a statement of its own has other fields than the statement that is paged through: shows the
-/// record of the same key in it.
+/// A form with a statement of its own has other fields than the statement that is paged through: opens the
+/// record with the same key in it.
 void OpenInFormStatement(Render& render, const std::string& form_statement, ShownRecords& records) {
   const bool has_keys = !text::IsBlank(render.settings.EditPrimaryKeys);
   if (!state::IsForm(render.view.mode) || render.view.records_on_page != 1 || !has_keys) return;
   if (!state::CanAddressRecords(render, form_statement) || records.main->Eof()) return;
   records.keyed = OpenShownRecord(render, form_statement, *records.main);
   if (records.keyed == nullptr) return;
-  // Without a count only the record behind the current one tells whether there is a next page.
+  // Without a count only the record after the current one tells whether there is a next page.
   if (render.outcome.record_count < 0) records.main->MoveNext();
 }
 
-/// What was typed comes back in the fields of the form's own statement, whatever became of its record.
+/// After a failed save the form shows what was typed in the fields of its own statement, even when the record
+/// is gone.
 void OpenFieldsOnly(const Render& render, const std::string& form_statement, ShownRecords& records) {
   if (records.keyed != nullptr || !state::CanAddressRecords(render, form_statement)) return;
   records.keyed = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
@@ -165,7 +167,7 @@ void OpenFieldsOnly(const Render& render, const std::string& form_statement, Sho
   if (!records.keyed->Eof()) records.keyed->MoveNext();
 }
 
-/// The form needs the fields alone: it is shown also where the statement cannot be added to.
+/// The form needs only the fields: it is shown also when records cannot be added to the statement.
 void OpenNewRecord(Render& render, ShownRecords& records) {
   records.sql = render.settings.EditSQL;
   records.main = platform::Create<Recordset>(render.environment, "ADODB.Recordset");
@@ -178,7 +180,7 @@ void OpenNewRecord(Render& render, ShownRecords& records) {
     records.main->AddNew();
     records.is_added = true;
   } catch (const std::exception& error) {
-    if (render.outcome.has_failed_to_save) return;  // The save has told it already.
+    if (render.outcome.has_failed_to_save) return;  // The save has reported it already.
     render.Errors().Add(error.what(), "WriteHTMLTable.");
   }
 }

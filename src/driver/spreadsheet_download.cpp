@@ -17,7 +17,8 @@ namespace {
 
 constexpr std::string_view kRenderer = "WriteExcelTable";
 
-/// The records at the first of them. A query that fails does so here, while the page can still be one.
+/// Opens the records and moves to the first. If the query fails, it fails here, while a page can still be
+/// written.
 std::shared_ptr<platform::Recordset> OpenRecords(const state::Render& render) {
   const std::int64_t limit = std::max(render.settings.RecordsMaxLimit, 1);
   std::shared_ptr<platform::Recordset> recordset = OpenMainRecordset(
