@@ -17,14 +17,15 @@ class Environment {
  public:
   virtual ~Environment() = default;
 
-  /// A new object by its programmatic identifier, such as "ADODB.Recordset", in any letter case.
-  /// Throws Error when nothing is registered under it.
+  /// A new object by its programmatic identifier, such as "ADODB.Recordset", in any letter case. Throws Error
+  /// when no class is registered under it.
   virtual ObjectPtr CreateObject(std::string_view programmatic_identifier) = 0;
 
   virtual const ValueFormatting& Regional() const = 0;
 
-  /// The same services with the regional settings of `locale`, such as "de-DE"; these ones for an empty text.
-  /// Valid as long as this object. Throws Error when the locale is unknown, and by default for all.
+  /// The same services with the regional settings of `locale`, such as "de-DE"; this object for an empty
+  /// text. Valid as long as this object. Throws Error when the locale is unknown; the default implementation
+  /// knows none.
   virtual Environment& InLocale(std::string_view locale) {
     if (locale.empty()) return *this;
     throw Error("The host has no other locale than its own");
@@ -32,7 +33,7 @@ class Environment {
 
   virtual std::unique_ptr<RegExp> CreateRegExp() = 0;
 
-  /// What holds for all pages; by default nothing.
+  /// What holds for all pages; by default an empty Site.
   virtual const Site& GetSite() const {
     static const Site nothing;
     return nothing;

@@ -4,7 +4,7 @@
 
 namespace dralo::platform {
 
-/// What the values of a field are, whatever their size and however the database names their type.
+/// What kind of value a field has, whatever its size and whatever name the database has for its type.
 enum class FieldKind {
   kText,  ///< Also every type that has no kind of its own.
   kMemo,  ///< Long text, narrow or wide.
@@ -66,7 +66,8 @@ constexpr bool IsFractionalFieldType(TypeCode type) {
   return KindOf(type) == FieldKind::kExactNumber || KindOf(type) == FieldKind::kFloatingPoint;
 }
 
-/// Whether values of the type are written right-aligned and unquoted. Booleans count as numbers on purpose.
+/// Whether values of the type are written right-aligned and unquoted. Booleans count as numbers, because
+/// their cells and keys are written like those of numbers.
 constexpr bool IsNumericFieldType(TypeCode type) {
   const FieldKind kind = KindOf(type);
   return kind == FieldKind::kWholeNumber || kind == FieldKind::kBoolean || IsFractionalFieldType(type);
@@ -79,7 +80,7 @@ constexpr bool IsBinaryFieldType(TypeCode type) {
 
 constexpr bool IsMemoFieldType(TypeCode type) { return KindOf(type) == FieldKind::kMemo; }
 
-/// A pure time of day is no date on purpose.
+/// A pure time of day is not a date here.
 constexpr bool IsDateFieldType(TypeCode type) { return KindOf(type) == FieldKind::kDate; }
 
 }  // namespace dralo::platform

@@ -10,10 +10,10 @@ namespace dralo::platform {
 
 enum class DatabaseEngine { kOracle = 1, kSqla = 2, kAccess = 3, kMssql = 4 };
 
-/// A connection that the views of a page may share, and the dialect that the page says is spoken behind it.
+/// A connection that the views of a page may share, with the dialect of its database.
 class PageConnection : public Object {
  public:
-  /// nullptr where the page has set none, and after the end of the page.
+  /// nullptr when the page has set none, and after the end of the page.
   virtual const std::shared_ptr<platform::Connection>& Connection() const = 0;
 
   virtual DatabaseEngine Engine() const = 0;

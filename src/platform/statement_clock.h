@@ -5,9 +5,9 @@
 
 namespace dralo::platform {
 
-/// The time within which the statements that run on this thread must have ended, all together and over every
-/// connection: from the construction of the object to its end. The shorter one counts where there is another
-/// one already.
+/// Limits the time of the statements that run on this thread while the object lives: the time counts from its
+/// construction, for all statements together and over all connections. Inside another clock the shorter time
+/// counts.
 class StatementClock {
  public:
   explicit StatementClock(std::chrono::seconds time) : outer_(latest_end) {
@@ -18,7 +18,7 @@ class StatementClock {
   StatementClock(const StatementClock&) = delete;
   StatementClock& operator=(const StatementClock&) = delete;
 
-  /// Whether the time is over. Asked often, between other work; never where there is no clock.
+  /// Whether the time is over. Asked often, while other work goes on; false without a clock.
   static bool IsOver() noexcept { return latest_end && Clock::now() >= *latest_end; }
 
  private:

@@ -2,8 +2,8 @@
 
 namespace dralo::platform {
 
-/// Undoes what was done since its construction unless it is committed. `Target` is what begins, commits and
-/// rolls back: a connection or, below it, a session.
+/// A transaction that begins with the object, and is undone at its end unless it was committed. `Target` is
+/// what begins, commits and rolls back: a connection or, below it, a session.
 template <class Target>
 class Transaction {
  public:
