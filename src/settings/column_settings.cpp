@@ -11,7 +11,7 @@
 namespace dralo::settings {
 namespace {
 
-/// What a store is called in the trace of its setter; the other stores have no trace.
+/// The names of a store's parts in the trace of its setter; only two stores have a trace.
 struct TraceNames {
   std::string_view index_list;
   std::string_view values;
@@ -19,7 +19,7 @@ struct TraceNames {
 constexpr TraceNames kFreeFormatNames = {"mvarGridFreeFormatCellIdx", "marrGridFreeCell"};
 constexpr TraceNames kFormatFunctionNames = {"mvarGridFormatCellIdx", "marrGridFormatCell"};
 
-/// Number of the element that holds the column's setting; -1 when the column is not listed.
+/// Index in `values` of the column's setting; -1 when the column is not listed.
 int SettingElement(const ColumnStore& store, int column) {
   return 2 * text::FindInList(store.index_list, column) - 1;
 }
@@ -33,8 +33,8 @@ void FillUp(ColumnStore& store) {
   }
 }
 
-/// Lists the column behind the others and makes room for its two elements.
-/// Returns the number of the first, and says in `trace` what was done.
+/// Appends the column to the list and makes room for its two elements. Returns the index of the first, and
+/// appends to `trace` what was done.
 std::size_t AppendColumn(ColumnStore& store, const std::string& column, const TraceNames& names,
                          std::string& trace) {
   if (text::IsBlank(store.index_list)) {
@@ -81,7 +81,7 @@ void SetTraced(Settings& settings, ColumnStore& store, int column, std::string_v
   }
 }
 
-/// Set() for the two stores of attributes.
+/// Set() for the two stores of attributes, whose messages show no trace.
 void SetPlain(Settings& settings, ColumnStore& store, int column, std::string_view text,
               std::string_view property) {
   Guarded(OwnErrors(settings), std::string(property).append(". "), [&] {
@@ -90,14 +90,14 @@ void SetPlain(Settings& settings, ColumnStore& store, int column, std::string_vi
   });
 }
 
-/// The column's setting; a missing one is reported under `reader`.
+/// The column's setting; when it is missing, that is reported under `reader`.
 std::string_view Read(ErrorReport errors, const ColumnStore& store, int column, std::string_view reader) {
   const auto setting = FindColumnSetting(store, column);
   if (!setting) ReportMissingSetting(errors, reader, store, column);
   return setting.value_or(std::string_view());
 }
 
-/// The same for properties, which are also asked for columns without a setting.
+/// The same for properties: a column without a setting is no error.
 std::string_view ReadListed(ErrorReport errors, const ColumnStore& store, int column,
                             std::string_view reader) {
   return HasColumnSetting(store, column) ? Read(errors, store, column, reader) : std::string_view();

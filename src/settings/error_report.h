@@ -11,32 +11,34 @@
 
 namespace dralo::settings {
 
-/// Adds to ErrorMessage: every text that it can have is made here. Descriptions are those of the database or
-/// of the step that failed.
+/// Adds to ErrorMessage; every text that it can have is made here. Descriptions come from the database or
+/// from the step that failed.
 class ErrorReport {
  public:
   /// `message` must outlive the report and its copies.
   explicit ErrorReport(std::string& message) : message_(&message) {}
 
-  /// For a hardened view: `message` gets the public text, each once, and `detail` what happened, as one line
-  /// of text, each once and at most kMostDetailBytes in all. It too must outlive the report and its copies.
+  /// For a hardened view: `message` gets the public text, each one once, and `detail` gets what happened, as
+  /// lines of text, each one once and at most kMostDetailBytes in all. `detail` too must outlive the report
+  /// and its copies.
   ErrorReport(std::string& message, std::string& detail) : message_(&message), detail_(&detail) {}
 
   static constexpr std::size_t kMostDetailBytes = std::size_t{64} * 1024;
 
-  /// What went wrong in a renderer or reader of that name.
+  /// Reports a failure in the renderer or reader of that name.
   void Add(std::string_view description, std::string_view renderer);
 
-  /// The same for what ran a statement. Pages that debug see the statement.
+  /// The same for a failure of a statement, which is shown only with `shows_statement`.
   void AddStatement(std::string_view description, std::string_view renderer, std::string_view statement,
                     bool shows_statement);
 
   void AddMissingKeys();
 
-  /// The one text for a key that is none, that no record has, and of a record that the page does not show.
+  /// One text for three cases, so that they cannot be told apart: a key that is none, one that no record has,
+  /// and one whose record the page does not show.
   void AddNoSuchRecord();
 
-  /// A save whose record would no longer be one of the form's.
+  /// Reports a save after which the form's statement would no longer yield the record.
   void AddLeftForm();
   void AddKeyLinkFailure(std::string_view description);
   void AddNewKeyFailure(std::string_view description, std::string_view statement, bool shows_statement);
@@ -46,27 +48,29 @@ class ErrorReport {
   void AddUpdateFailure(std::string_view description);
   void AddFormattingFailure(std::string_view description);
 
-  /// A comma list of interface texts was too short: `bound` is the number of its last item, counted from 0.
+  /// Reports that a comma list of interface texts is too short: `bound` is the index, from 0, of its last
+  /// item.
   void AddShortTextList(std::string_view property, std::size_t bound, std::string_view wanted);
 
-  /// What a hardened view alone has to say. `detail` is for the page author.
+  /// Reports what only a hardened view reports. `detail` is for the page author.
   void AddPublic(PublicText text, std::string_view detail);
 
-  /// What another report has said.
+  /// Adds what another report has collected.
   void AddAll(std::string_view errors, std::string_view detail);
 
  private:
-  /// `parts` are the message as plain views show it, and the detail.
+  /// `parts`, joined, are the message of a plain view, and the detail of a hardened one.
   void Put(PublicText text, std::initializer_list<std::string_view> parts);
   void PutDetail(PublicText text, std::initializer_list<std::string_view> parts);
 
   std::string* message_;
-  std::string* detail_ = nullptr;  ///< None: the view is plain.
+  std::string* detail_ = nullptr;  ///< nullptr when the view is plain.
 };
 
-/// Returns body(), or `neutral` when it throws; the failure is reported under `renderer`. The outermost call
-/// of every renderer: a part that fails leaves a message and its neutral result, never a broken page script.
-/// Only std::exception is caught: a host ends a page by throwing something else, which passes through.
+/// Returns body(), or `neutral` when it throws; the failure is reported under `renderer`. Every renderer is
+/// wrapped in it, so that a part that fails leaves a message and its neutral result, never a broken page
+/// script. Only std::exception is caught: a host ends a page by throwing something else, which passes
+/// through.
 template <class Result, class Body>
 Result Guarded(ErrorReport errors, std::string_view renderer, Result neutral, Body&& body) {
   try {

@@ -7,7 +7,7 @@
 namespace dralo::settings {
 namespace {
 
-/// The position of the name in the list, else of the number; 0 when the column is not listed.
+/// The position in the list of the name, or else of the number; 0 when the column is not listed.
 std::int16_t ListedPosition(std::string_view list, std::string_view field_name, int column) {
   const std::int16_t position = text::FindInList(list, field_name);
   return position > 0 ? position : text::FindInList(list, column);

@@ -32,7 +32,7 @@ LanguageTables English() {
            "before you try again."}};
 }
 
-/// Keeps the English buttons and outcomes; pages that want others set their own lists.
+/// Buttons and outcomes stay English; pages that want others set their own lists.
 LanguageTables German() {
   LanguageTables tables = English();
   tables.navigation = {

@@ -7,8 +7,7 @@
 
 namespace dralo::settings {
 
-/// Slots of LanguageTables::navigation. "First" and "second" are grammatical forms: one goes with a record,
-/// the other with a page.
+/// Slots of LanguageTables::navigation. Next and previous have two forms: one for a record, one for a page.
 enum NavigationSlot : std::size_t {
   kNextRecord = 0,
   kNextPage = 1,
@@ -30,7 +29,7 @@ enum ButtonSlot : std::size_t { kEdit = 0, kSave = 1, kClose = 2, kAdd = 3, kDel
 /// Slots of LanguageTables::updates.
 enum UpdateSlot : std::size_t { kInserted = 0, kUpdated = 1, kDeleted = 2, kNotSaved = 3 };
 
-/// Slots of LanguageTables::refusals: what stands beside a field, or beside the buttons, of a change that was
+/// Slots of LanguageTables::refusals: the texts beside a field, or beside the buttons, of a change that was
 /// not made. "{}" stands for a limit.
 enum RefusalSlot : std::size_t {
   kSeeFields = 0,
@@ -60,9 +59,9 @@ struct LanguageTables {
   std::vector<std::string> navigation;     ///< At least 12.
   std::vector<std::string> buttons;        ///< At least 5.
   std::vector<std::string> updates;        ///< At least 3; the fourth may be missing.
-  std::vector<std::string> refusals = {};  ///< As many as there are slots; plain text.
+  std::vector<std::string> refusals = {};  ///< One for each slot; plain text.
 
-  /// The text of an update slot; empty when a page's own list is too short for it.
+  /// The text of a slot in `updates`; empty when a page's own list is too short for it.
   std::string_view Update(UpdateSlot slot) const {
     return slot < updates.size() ? std::string_view(updates[slot]) : std::string_view();
   }

@@ -8,8 +8,8 @@
 namespace dralo::settings {
 
 /// The lookups of a view's edit fields, each one text: field name, lookup table, link field, display field,
-/// order and "1" or "0" for whether no choice is allowed, joined by ",".
-/// The list grows by two entries with every lookup, of which the second stays empty.
+/// order and "1" or "0" for whether an empty choice is allowed, joined by ",". Every lookup adds two entries,
+/// of which the second stays empty.
 class LookupList {
  public:
   struct Lookup {
@@ -23,7 +23,7 @@ class LookupList {
 
   void Add(const Lookup& lookup);
 
-  /// The whole text of the first lookup of the field, in any letter case; empty when there is none.
+  /// The whole text of the field's first lookup, found in any letter case; empty when there is none.
   std::string_view Find(std::string_view field_name) const;
 
   /// The index of the last entry, -1 while there is none.

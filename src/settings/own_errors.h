@@ -5,7 +5,7 @@
 
 namespace dralo::settings {
 
-/// The report into the view's own messages, for what fails outside a rendering.
+/// The report into the view's own messages, for failures outside of a rendering.
 inline ErrorReport OwnErrors(Settings& settings) {
   if (settings.Hardened) return {settings.ErrorMessage, settings.ErrorDetail};
   return ErrorReport(settings.ErrorMessage);

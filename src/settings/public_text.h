@@ -4,8 +4,9 @@
 
 namespace dralo::settings {
 
-/// What ErrorMessage of a hardened view can say. A text tells the visitor what he can do and nothing about
-/// the database; its number leads to the rest in ErrorDetail and in the log. Numbers are never given anew.
+/// What ErrorMessage of a hardened view can say. A text tells the visitor what he can do, and nothing about
+/// the database; its number leads to the details in ErrorDetail and in the log. A number is never used again
+/// for another text.
 enum class PublicText {
   kPart = 1,
   kRequest = 2,

@@ -33,8 +33,8 @@ bool IsQuery(std::string_view sql) {
   return text::EqualIgnoringCase(text::TrimBlanks(sql).substr(0, 7), "SELECT ");
 }
 
-/// Puts the list's items in the place of `table`, or reports how many there were.
-/// The number reported is the upper bound of the items, one less than their count.
+/// Replaces `table` by the list's items. When there are too few, the message gives the upper bound of the
+/// items, which is one less than their count.
 void ReplaceTable(Settings& settings, std::vector<std::string> LanguageTables::*table, std::string_view list,
                   std::size_t least_bound, std::string_view name, std::string_view wanted) {
   std::vector<std::string> items = text::Split(list);
@@ -163,7 +163,7 @@ void SetConnectionString(Settings& settings, platform::Environment& environment,
 }
 
 void SetDrConnection(Settings& settings, std::shared_ptr<platform::PageConnection> value) {
-  // A connection that the view had opened itself goes back with its last owner.
+  // A connection that the view had opened itself is given back when its last owner lets go of it.
   settings.owns_connection = false;
   settings.DrConnection = std::move(value);
 }

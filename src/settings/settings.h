@@ -29,11 +29,11 @@ struct EditPermissions {
   bool add = false;
   bool update = false;
   bool remove = false;
-  bool save = false;        ///< "UPDATE" was assigned in capitals: only then anything is written.
+  bool save = false;        ///< "UPDATE" was assigned in capitals: nothing is written otherwise.
   bool skips_view = false;  ///< "NOVIEW": forms open for editing at once.
 };
 
-/// Which view a page wants when a request asks for none.
+/// Which view a page shows when a request asks for none.
 enum class DisplayKind { kGrid, kForm, kFormWhenOnePerPage };
 
 /// Where a part of the page goes.
@@ -48,9 +48,9 @@ struct Counters {
   bool pages = true;
 };
 
-/// What a page has set on a view, with the defaults. Members that are properties bear the property's name and
-/// are written only by their setters and, for the page size, the query, its order, the counts and row numbers
-/// that a rendering has found, by state::Commit().
+/// What a page has set on a view, with the defaults. Members that are properties have the property's name.
+/// They are written only by their setters; but state::Commit() writes the page size, the query, its order,
+/// the counts and the row numbers that a rendering has found.
 struct Settings {
   // The query.
   std::string sql = "";
@@ -162,13 +162,13 @@ struct Settings {
   LookupList lookups;  ///< What AddEditLookup added.
 
   std::string Locale = "";
-  platform::Environment* locale_environment = nullptr;  ///< What Locale says; none is the process's own.
+  platform::Environment* locale_environment = nullptr;  ///< The one of Locale; nullptr for the process's own.
 
   // Interface language.
   std::string Language = "ENG";
   std::shared_ptr<const LanguageTables> language_tables = BuiltInTables("ENG");
 
-  // What setters note for the render.
+  // What setters prepare for the rendering.
   bool has_stored_procedure = false;    ///< StoredProcCommand is run instead of an SQL text.
   bool has_supplied_recordset = false;  ///< ADORecordset is shown and nothing is opened.
   bool owns_connection = false;         ///< DrConnection was made by the ConnectionString setter.
