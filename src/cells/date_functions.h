@@ -4,7 +4,7 @@
 
 namespace dralo::cells {
 
-/// The functions throw platform::Error when an argument is none.
+/// The functions throw platform::Error when an argument is not valid.
 CellFunction FormatDateTime(const FormatArguments& arguments);
 CellFunction DateAdd(const FormatArguments& arguments);
 CellFunction DatePart(const FormatArguments& arguments);

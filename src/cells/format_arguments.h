@@ -13,7 +13,7 @@ namespace dralo::cells {
 /// The text of a format function, split into its name and its arguments.
 class FormatArguments {
  public:
-  /// Splits `text` at `delimiter`; blanks around the items go away.
+  /// Splits `text` at `delimiter`, and removes blanks around the items.
   FormatArguments(const platform::ValueFormatting& formatting, std::string_view text,
                   std::string_view delimiter);
 
@@ -23,18 +23,18 @@ class FormatArguments {
   /// How many arguments there are.
   std::size_t Count() const { return items_.size() - 1; }
 
-  /// The argument as it is written, counted from 1.
+  /// The argument as it was written, counted from 1.
   const std::string& Text(std::size_t number) const { return items_[number]; }
 
-  /// The argument as a whole number, fractions rounded. Throws platform::Error when it is none, or is below
-  /// `least` or above `most`.
+  /// The argument as a whole number, fractions rounded. Throws platform::Error when it is no number, or is
+  /// below `least` or above `most`.
   std::int32_t Number(std::size_t number, std::int32_t least, std::int32_t most) const;
 
-  /// The same; `neutral` for an argument that is not there, or is empty.
+  /// The same; `neutral` for an argument that is missing or empty.
   std::int32_t NumberOr(std::size_t number, std::int32_t neutral, std::int32_t least,
                         std::int32_t most) const;
 
-  /// First day of the week and first week of the year, from two arguments on.
+  /// First day of the week and first week of the year: argument `number` and the one after it.
   platform::WeekRule Weeks(std::size_t number) const;
 
   const platform::ValueFormatting& Regional() const { return formatting_; }

@@ -48,7 +48,7 @@ constexpr auto kFunctions = std::to_array<NamedFunction>({
     {"ABS", Abs},
 });
 
-/// Empty when there is no function of that name.
+/// Empty when no function has that name.
 CellFunction MakeFunction(platform::Environment& environment, const FormatArguments& arguments,
                           std::string_view text, std::string_view delimiter) {
   if (arguments.Name() == "REGEXPREPLACE") return RegExpReplace(environment, text, delimiter);
@@ -68,7 +68,7 @@ FormatFunction::FormatFunction(state::Render& render, int column, ValueForm form
     function_ = MakeFunction(render.environment, arguments, text, delimiter);
     if (!function_) unknown_name_ = arguments.Name();
   } catch (const std::exception& error) {
-    failure_ = error.what();  // Told by every cell that has a value.
+    failure_ = error.what();  // Every cell that has a value reports it.
   }
 }
 
@@ -88,7 +88,7 @@ std::string_view FormatFunction::CellText(state::Render& render, platform::Field
   }
 }
 
-/// What is added for HTML to the standard text stays what it is.
+/// The standard text that follows is already written for HTML.
 std::string_view FormatFunction::UnknownFunctionText(state::Render& render, platform::Field& field) {
   const std::string start = "[Unknown function : " + unknown_name_ + "] ";
   text_.assign(InForm(render, start, form_));

@@ -10,11 +10,11 @@
 
 namespace dralo::cells {
 
-/// The format function of a column, read once per rendering.
+/// The format function of a column, parsed once per rendering.
 class FormatFunction {
  public:
-  /// Takes the column's format text; that there is none is reported. What the function makes of a value is
-  /// text, written in that form.
+  /// Reads the column's format text; a missing one is reported. The function's result is plain text, which is
+  /// written in the given form.
   FormatFunction(state::Render& render, int column, ValueForm form);
 
   /// The text of a cell; never empty: "&nbsp;" stands for what is empty or blank and for what cannot be
@@ -26,8 +26,8 @@ class FormatFunction {
   std::string_view UnknownFunctionText(state::Render& render, platform::Field& field);
 
   ValueForm form_;
-  CellFunction function_;     ///< Empty when the text makes no function; `failure_` says why.
-  std::string unknown_name_;  ///< Of a function that there is not; else empty.
+  CellFunction function_;     ///< Empty when the text names no function; `failure_` says why.
+  std::string unknown_name_;  ///< Of a function that does not exist; else empty.
   std::string failure_;
   std::string text_;
 };

@@ -14,8 +14,8 @@ FormatInput::FormatInput(state::Render& render, platform::Field& field) : render
   if (!TakeDirectly()) value_ = GetStdDbFieldStringRaw(render, field);
 }
 
-/// Takes what need not become a text first: the text of a date, a whole number or a boolean spells that very
-/// value. A failure is left to GetStdDbFieldStringRaw(), which reports it.
+/// Takes a value directly when its text would spell the same value: a date, a whole number or a boolean. A
+/// failure is left to GetStdDbFieldStringRaw(), which reports it.
 bool FormatInput::TakeDirectly() {
   const bool is_date = platform::IsDateFieldType(field_.Type());
   if (!is_date && !platform::IsNumericFieldType(field_.Type())) return false;

@@ -12,14 +12,14 @@
 namespace dralo::cells {
 
 /// The value that a format function works on: the field's text without anything added for HTML, or what that
-/// text spells. For one cell; texts stand in it, in the record or in `render.scratch`.
+/// text spells. For one cell; texts are in the object, in the record or in `render.scratch`.
 class FormatInput {
  public:
   FormatInput(state::Render& render, platform::Field& field);
   FormatInput(const FormatInput&) = delete;
   FormatInput& operator=(const FormatInput&) = delete;
 
-  /// Nothing is there to be formatted: the text is empty or blank.
+  /// Whether there is nothing to format: the text is empty or blank.
   bool IsBlank() const;
 
   std::string_view Text();
@@ -27,7 +27,7 @@ class FormatInput {
   /// A date-time, a whole number or a boolean as such when the field holds one, else the text.
   const platform::VariantView& Value() const { return value_; }
 
-  /// Of a boolean -1 or 0. Throws platform::Error when the text is no number.
+  /// A boolean is -1 or 0. Throws platform::Error when the text is no number.
   platform::DecimalView Number();
 
   /// Throws platform::Error when the text is no date.

@@ -8,7 +8,7 @@ namespace {
 using platform::NumberOptions;
 using platform::Tristate;
 
-/// Every number but that of the default is a yes or a no.
+/// Any number but that of kDefault means yes or no.
 Tristate TristateOf(const FormatArguments& arguments, std::size_t number) {
   using Limits = std::numeric_limits<std::int32_t>;
   const std::int32_t value =
@@ -17,7 +17,7 @@ Tristate TristateOf(const FormatArguments& arguments, std::size_t number) {
   return value == 0 ? Tristate::kFalse : Tristate::kTrue;
 }
 
-/// In `to` in any case: the number may end with the input.
+/// The result always is in `to`, because `decimal` may end with the input.
 std::string_view StandardText(const FormatInput& input, std::string_view decimal, std::string& to) {
   std::string scratch;
   return to.assign(input.Regional().Text(platform::DecimalView{decimal}, scratch));

@@ -4,7 +4,7 @@
 
 namespace dralo::cells {
 
-/// The functions throw platform::Error when an argument is none.
+/// The functions throw platform::Error when an argument is not valid.
 CellFunction FormatNumber(const FormatArguments& arguments, platform::NumberKind kind);
 CellFunction Round(const FormatArguments& arguments);
 CellFunction Abs(const FormatArguments& arguments);

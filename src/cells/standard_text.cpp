@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::string_view kBlankCell = "&nbsp;";
 
-/// What the database layer could not read as a date may still spell one.
+/// The value as a date. One that the database layer could not read as a date may still spell one in the
+/// locale's form.
 std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
                                          const platform::VariantView& value) {
   if (const auto* date = std::get_if<platform::DateTime>(&value)) {
@@ -37,7 +38,7 @@ std::string_view GetMemoFieldText(const platform::Formatting& formatting, platfo
   try {
     return formatting.Text(field.Value(), scratch);
   } catch (const std::exception&) {
-    // A second read succeeds with some drivers.
+    // With some drivers a second read succeeds.
   }
   try {
     return text::TrimBlanks(formatting.Text(field.Value(), scratch));
@@ -46,7 +47,7 @@ std::string_view GetMemoFieldText(const platform::Formatting& formatting, platfo
   }
 }
 
-/// The whole text of the value without anything added for HTML; empty for what cannot be shown.
+/// The complete text of the value without anything added for HTML; empty for what cannot be shown.
 std::string_view WholeText(const platform::Formatting& formatting, platform::Field& field,
                            std::string& scratch) {
   const platform::TypeCode type = field.Type();
@@ -60,7 +61,7 @@ bool KeepsBlanks(platform::TypeCode type) {
   return platform::IsMemoFieldType(type) || platform::IsDateFieldType(type);
 }
 
-/// `text`, which may stand in the scratch itself, followed by `ending`.
+/// `text`, which may be in the scratch itself, followed by `ending`.
 std::string_view WithEnding(state::Render& render, std::string_view text, std::string_view ending) {
   render.scratch.assign(text);
   return render.scratch.append(ending);
@@ -76,11 +77,11 @@ std::string_view LimitedMemo(state::Render& render, std::string_view memo, Value
   return WithEnding(render, InForm(render, memo.substr(0, bytes), form), "...");
 }
 
-/// body() with failures reported as those of `function` on the field; empty when it failed.
+/// body(), with failures reported as those of `function` on the field; empty when it fails.
 template <class Body>
 std::string_view GuardedText(state::Render& render, platform::Field& field, std::string_view function,
                              Body&& body) {
-  // Not Guarded(): the name is put together only for a failure.
+  // Not Guarded(): here the name is put together only for a failure.
   try {
     return body();
   } catch (const std::exception& error) {

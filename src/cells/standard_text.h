@@ -10,15 +10,16 @@ namespace dralo::cells {
 
 /// The cell text of the field's current value for HTML; never empty: "&nbsp;" stands for what is empty or
 /// blank. Memos are cut to MemoFieldLimit unless they are markup, dates follow the regional settings, binary
-/// values are never shown. The value is written in that form, what is added for HTML behind it. Failures are
-/// reported in ErrorMessage. Valid until the record moves or a scratch of `render` changes.
+/// values are never shown. The value is written in the given form; what is added for HTML follows it
+/// unescaped. Failures are reported in ErrorMessage. Valid until the record moves or a scratch of `render`
+/// changes.
 std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, ValueForm form);
 
-/// The same text without anything added for HTML: whole memos, and "" for what is empty.
+/// The same text without anything added for HTML: memos in full, and "" for what is empty.
 std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field);
 
-/// GetStdDbFieldStringRaw() whose failures are thrown, as platform::Error, instead of reported. In `scratch`,
-/// in the record or a constant: valid until either changes.
+/// As GetStdDbFieldStringRaw(), but throws platform::Error instead of reporting failures. In `scratch`, in
+/// the record or a constant: valid until either changes.
 std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
                              std::string& scratch);
 

@@ -17,7 +17,7 @@ std::size_t Characters(const FormatArguments& arguments, std::size_t number) {
   return static_cast<std::size_t>(arguments.Number(number, 0, kMost));
 }
 
-/// How many characters stand before the position, which is counted from 1.
+/// How many characters precede the position, which is counted from 1.
 std::size_t CharactersBefore(const FormatArguments& arguments, std::size_t number) {
   return static_cast<std::size_t>(arguments.Number(number, 1, kMost)) - 1;
 }
@@ -69,7 +69,7 @@ CellFunction Mid(const FormatArguments& arguments) {
   };
 }
 
-/// Into the same memory for every cell.
+/// Writes every cell into the same memory.
 template <void (*Append)(std::string&, std::string_view)>
 CellFunction InCase() {
   return [](FormatInput& input, std::string& to) {

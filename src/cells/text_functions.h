@@ -4,7 +4,7 @@
 
 namespace dralo::cells {
 
-/// Positions and lengths count characters. The functions throw platform::Error when an argument is none.
+/// Positions and lengths count characters. The functions throw platform::Error when an argument is not valid.
 CellFunction Replace(const FormatArguments& arguments);
 CellFunction Left(const FormatArguments& arguments);
 CellFunction Right(const FormatArguments& arguments);

@@ -68,7 +68,7 @@ void TextPattern::Fill(std::string_view text, std::string& to) const {
   to += text;
 }
 
-/// How many of a text's characters stand at the place, counted from 0.
+/// How many of a text's characters go to the place, counted from 0.
 std::size_t TextPattern::CharactersAt(std::size_t place, std::size_t characters) const {
   if (fills_from_left_) return place < characters ? 1 : 0;
   if (characters < places_) return place >= places_ - characters ? 1 : 0;

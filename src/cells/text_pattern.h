@@ -8,16 +8,16 @@
 
 namespace dralo::cells {
 
-/// A pattern for texts: "@" is a character or a blank, "&" a character or nothing; "<" makes small letters,
-/// ">" capital ones. Characters fill the places from the right, with "!" from the left; those for which there
-/// is no place stand before the first, with "!" behind the last. Without a place the text stands at the end.
-/// Texts in quotation marks, characters behind "\" and all others stand for themselves. What stands behind a
-/// ";" is for empty texts, which cells do not format.
+/// A pattern for texts. "@" is the place of a character or a blank, "&" that of a character or nothing; "<"
+/// makes lower case, ">" upper case. Characters fill the places from the right, with "!" from the left. Those
+/// without a place go before the first place, with "!" behind the last; a pattern without places has the text
+/// at its end. Texts in quotation marks, characters behind "\" and all others stand for themselves. What
+/// follows a ";" is for empty texts, which cells do not format.
 class TextPattern {
  public:
   explicit TextPattern(std::string_view pattern);
 
-  /// Replaces the content of `to`, in which `text` must not stand.
+  /// Replaces the content of `to`, which must not contain `text`.
   void Write(std::string_view text, std::string& to) const;
 
  private:

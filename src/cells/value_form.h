@@ -9,9 +9,9 @@ namespace dralo::cells {
 
 /// How the cells of a column write the text of a value.
 enum class ValueForm {
-  kPlain,    ///< As it is: the page is not hardened.
-  kEscaped,  ///< So that it shows as it is.
-  kMarkup,   ///< As it is, and whole, because it is HTML by design.
+  kPlain,    ///< Unchanged: the page is not hardened.
+  kEscaped,  ///< Escaped, so that it shows unchanged.
+  kMarkup,   ///< Unchanged and uncut, because it is HTML by design.
 };
 
 ValueForm FormOfValues(const settings::Settings& settings, std::string_view field_name, int column);
