@@ -1,5 +1,5 @@
-// A CGI program: the web server starts it for each request, and has asked the visitor for a name when it
-// gives one. SHOP in the environment is the database, ASSETS the address of the folder "assets".
+// A CGI program: the web server starts it for each request, and names a visitor who has logged in.
+// SHOP in the environment is the database, ASSETS the address of the folder "assets".
 #include <dralo/dralo.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ std::string Variable(const std::string& name) {
   return value == nullptr ? "" : value;
 }
 
-/// The body of a post, no more than a form may have.
+/// The body of a post, within the size that a form may have.
 std::string ReadForm() {
   constexpr std::size_t kLargestForm = 8'000'000;
   const std::string length = Variable("CONTENT_LENGTH");
@@ -52,7 +52,7 @@ void WriteCustomers(dralo::Environment& environment, dralo::Page& page) {
   view.SetConnectionString("Provider=SQLite;Data Source=" + Variable("SHOP"));
   view.SetSql("SELECT ID, Company, City, Country, Since, Newsletter FROM Customers");
   view.SetImageDir(Variable("ASSETS") + "/gfx/");
-  // Whom the server has let in by a name may change the customers.
+  // A visitor whom the server has let in by name may change the customers.
   view.SetEditOptions(Variable("REMOTE_USER").empty() ? "" : "ALL");
   view.SetEditPrimaryKeys("ID");
   view.SetEditNewPKStatement("autoincrement");
@@ -68,7 +68,7 @@ int main() {
   dralo::Page page(Variable("SCRIPT_NAME"), Variable("QUERY_STRING"), ReadForm());
   ReadHeaders(page);
   bool has_begun = false;
-  // Pieces go out as they are written, so that a download takes no memory.
+  // Pieces are sent as they are written, so that a download takes no memory.
   page.send = [&](const dralo::Page& written, std::string_view piece) {
     if (!has_begun) WriteHeaders(written);
     if (!has_begun && written.ContentType().starts_with("text/html"))

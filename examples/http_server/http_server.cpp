@@ -41,7 +41,7 @@ void WriteCustomers(dralo::Environment& environment, const std::string& file, bo
   view.OnEndPage();
 }
 
-/// The request as the page gets it. Its target is a path, and a query behind a "?".
+/// The request for the page. The target is a path, perhaps followed by "?" and a query.
 std::unique_ptr<dralo::Page> PageOf(const httplib::Request& request, const std::string& form) {
   const std::size_t begin = std::min(request.target.find('?'), request.target.size() - 1) + 1;
   auto page = std::make_unique<dralo::Page>(request.path, request.target.substr(begin), form);
@@ -50,7 +50,7 @@ std::unique_ptr<dralo::Page> PageOf(const httplib::Request& request, const std::
   return page;
 }
 
-/// Status and headers stand behind the first piece; the others follow as the browser takes them.
+/// Status and headers are known with the first piece; the other pieces follow as the browser takes them.
 void Send(const std::shared_ptr<dralo::PageStream>& stream, httplib::Response& response) {
   const std::string_view first = stream->Next();
   const dralo::Page& page = stream->Written();
@@ -73,7 +73,7 @@ int main(int count, char** words) {
   const auto log = [](std::string_view line) { std::cerr << std::string(line) + "\n"; };
   dralo::Environment environment("en-US",
                                  {.hardened = true, .hosts = {"127.0.0.1", "localhost"}, .log = log});
-  // Whoever takes this further keeps hashes of the passwords of many, and serves by TLS.
+  // A real server keeps password hashes of many users, and serves by TLS.
   const auto login = httplib::make_basic_authentication_header("editor", words[4]).second;
   const std::string file = words[1];
   const auto answer = [&](const auto& request, auto& response, const std::string& form) {
