@@ -22,7 +22,7 @@ bool IsHarmlessScheme(std::string_view scheme) {
   return HasHost(scheme) || text::EqualAscii(scheme, "mailto") || text::EqualAscii(scheme, "tel");
 }
 
-/// The first bytes of an address as browsers read them: enough to tell a harmless scheme.
+/// The first bytes of an address as browsers read them: enough to recognise a harmless scheme.
 class Beginning {
  public:
   explicit Beginning(std::string_view address) {
@@ -36,7 +36,7 @@ class Beginning {
     }
   }
 
-  /// Whether a colon comes before the path, or so late that no harmless scheme can stand before it.
+  /// Whether a colon comes before the path, or so late that what precedes it cannot be a harmless scheme.
   bool HasScheme(std::string_view address) const {
     if (end_ == ':') return true;
     if (end_ == '/' || end_ == '?' || end_ == '#') return false;

@@ -17,7 +17,7 @@ bool RunsCode(std::string_view element) {
                   "animate", "animatetransform", "animatemotion", "set", "portal", "fencedframe"});
 }
 
-/// Attributes that are harmless on those, too.
+/// Attributes that are harmless on those elements too.
 bool IsHarmlessOnAll(std::string_view attribute) {
   return attribute.starts_with("data-") || attribute.starts_with("aria-") ||
          IsOneOf(attribute, {"id", "class", "title", "alt", "width", "height", "lang", "dir"});

@@ -11,10 +11,10 @@ enum class AttributeMeaning {
   kRelativeAddress,  ///< They post a form to it.
   kScript,           ///< They run it.
   kStyle,            ///< They take it as a style.
-  kForbidden,        ///< It chooses what runs, or its rules are too many to fill it in safely.
+  kForbidden,        ///< It decides what is run, or has too many rules to be filled in safely.
 };
 
-/// Both names in small letters; `element` is empty when it is not known.
+/// Both names in lower case; `element` is empty when it is not known.
 AttributeMeaning MeaningOf(std::string_view element, std::string_view attribute);
 
 }  // namespace dralo::html

@@ -36,7 +36,8 @@ std::optional<std::string> NumericCharacter(std::string_view digits) {
   return text;
 }
 
-/// The character of a reference without its semicolon; nothing for the many that templates do not need.
+/// The character that the reference, without its semicolon, stands for; nothing for the many that templates
+/// do not need.
 std::optional<std::string> CharacterOf(std::string_view reference) {
   if (reference.starts_with("&#")) return NumericCharacter(reference.substr(2));
   for (const KnownReference& known : kKnownReferences) {
@@ -63,7 +64,7 @@ void AttributeValue::Take(char c) {
   }
 }
 
-/// `next` is the character behind the letters and digits of the reference.
+/// `next` is the character after the letters and digits of the reference.
 void AttributeValue::EndReference(std::optional<char> next) {
   const std::string reference = std::exchange(reference_, {});
   const bool has_semicolon = next == ';';
@@ -122,7 +123,7 @@ std::optional<PlaceKind> AttributeValue::PlaceInAddress() const {
 }
 
 std::optional<PlaceKind> AttributeValue::PlaceInScript() const {
-  // A value could go on with a reference that the template begins.
+  // The value could become part of a reference that the template begins.
   if (!is_clear_ || !reference_.empty()) return std::nullopt;
   switch (script_.PlaceOfValue()) {
     case ScriptScanner::Place::kString:

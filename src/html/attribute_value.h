@@ -9,21 +9,22 @@
 
 namespace dralo::html {
 
-/// Reads an attribute's value in a template as far as it must be understood to say what a value in it is.
+/// Reads the value of an attribute in a template, as far as that is needed to say what a database value in it
+/// is.
 class AttributeValue {
  public:
   explicit AttributeValue(AttributeMeaning meaning) : meaning_(meaning) {}
 
-  /// Takes the next character as it stands in the template.
+  /// Takes the next character of the template, not decoded.
   void Take(char c);
 
-  /// What a value behind the characters taken is; nothing when that cannot be told.
+  /// What a value after the characters taken is; nothing when that cannot be told.
   std::optional<PlaceKind> PlaceOfValue();
 
-  /// Takes a value that is written as its place demands, or with kNothing not at all.
+  /// Takes a value that is written as its place demands; in a place of kNothing no value is written.
   void TakeValue();
 
-  /// Whether the whole value leaves the values in it what they were taken for.
+  /// Whether the complete attribute leaves the values in it what they were taken for.
   bool IsClear();
 
  private:
@@ -37,8 +38,8 @@ class AttributeValue {
 
   AttributeMeaning meaning_;
   bool is_clear_ = true;
-  std::string reference_;  ///< What may be a character reference, from its "&" on; else empty.
-  std::string address_;    ///< What was taken, with kValueInAddress for values.
+  std::string reference_;  ///< A possible character reference from its "&" on; else empty.
+  std::string address_;    ///< What was taken, with kValueInAddress in place of values.
   ScriptScanner script_;
 };
 

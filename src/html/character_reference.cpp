@@ -9,7 +9,7 @@
 namespace dralo::html {
 namespace {
 
-/// The names that HTML reads without a semicolon behind them. None of them begins another.
+/// The names that HTML reads without a semicolon after them. None of them begins another.
 constexpr auto kNamesWithoutSemicolon = std::to_array<std::string_view>({
     "AElig",  "AMP",    "Aacute", "Acirc",  "Agrave", "Aring",  "Atilde", "Auml",  "COPY",   "Ccedil",
     "ETH",    "Eacute", "Ecirc",  "Egrave", "Euml",   "GT",     "Iacute", "Icirc", "Igrave", "Iuml",
@@ -51,7 +51,7 @@ bool BeginsCharacterReference(std::string_view text, TextPlace place) {
   const char behind = end == text.end() ? '\0' : *end;
   if (behind == ';') return true;
   if (place == TextPlace::kElement) return BeginsWithNameWithoutSemicolon(name);
-  // In attributes the addresses of old pages, such as "?a=1&copy=2", are left alone.
+  // Browsers leave the addresses of old pages, such as "?a=1&copy=2", alone in attributes.
   return behind != '=' && NeedsNoSemicolon(name);
 }
 

@@ -4,7 +4,7 @@
 
 namespace dralo::html {
 
-/// Where a text stands in a page: browsers read it by different rules.
+/// Where a text stands in a page, because browsers read it by different rules.
 enum class TextPlace {
   kAttribute,  ///< In an attribute's value, between double quotes.
   kElement,    ///< Between a start tag and an end tag.

@@ -14,7 +14,7 @@ bool EndsTextarea(std::string_view text) {
   return text.starts_with("</") && text::EqualIgnoringCase(text.substr(0, kTextareaEnd.size()), kTextareaEnd);
 }
 
-/// What stands for the first character of `text`; empty when it stands for itself.
+/// What must be written for the first character of `text`; empty when the character itself.
 std::string_view Replacement(std::string_view text, TextPlace place) {
   switch (text[0]) {
     case '"':

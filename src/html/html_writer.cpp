@@ -55,7 +55,7 @@ HtmlWriter& HtmlWriter::Write(Text value) {
 
 void HtmlWriter::Flush() {
   if (response_ == nullptr || used_ == 0) return;
-  // Emptied first: a response that fails half-way must not get the same bytes again.
+  // Emptied first: when the response fails half-way, the same bytes must not be written again.
   const std::string_view piece(buffer_.get(), used_);
   used_ = 0;
   response_->Write(piece);

@@ -13,13 +13,13 @@
 
 namespace dralo::html {
 
-/// Text that is written as it is: the page author's markup, names, and values of the database, which pages
-/// print without escaping.
+/// Text that is written as it is: markup of the page author, names, and values that a plain page does not
+/// escape.
 struct Verbatim {
   std::string_view text;
 };
 
-/// Two texts written one directly behind the other, as they are: a request key of its prefix and its name.
+/// Two texts, written one after the other and as they are: for a request key, its prefix and its name.
 struct Joined {
   std::string_view first;
   std::string_view second;
@@ -35,8 +35,8 @@ struct Encoded {
   std::string_view text;
 };
 
-/// A text that shows as it is wherever it stands in a page's text or between the quotes of an attribute: "&",
-/// "<", ">" and quotes of both kinds are written as character references, NUL and what is no UTF-8 as U+FFFD.
+/// A text that shows as it is, in the text of a page and between the quotes of an attribute: "&", "<", ">"
+/// and both kinds of quotes are written as character references, NUL and bytes that are no UTF-8 as U+FFFD.
 struct Text {
   std::string_view text;
 };
@@ -45,7 +45,7 @@ struct Text {
 template <class T>
 concept Number = std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char>;
 
-/// What may stand in a slot: a number, or a text that says how it is written.
+/// What may stand in a slot: a number, or a text whose type says how it is written.
 template <class T>
 concept Slot = Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined> ||
     std::is_same_v<T, Quoted> || std::is_same_v<T, Encoded> || std::is_same_v<T, Text>;
@@ -67,32 +67,32 @@ class Template {
     pieces_[slots] = rest;
   }
 
-  /// The literal text before slot `index`; with the number of slots, the text behind the last.
+  /// The literal text before slot `index`; for the number of slots, the text after the last one.
   constexpr std::string_view Piece(std::size_t index) const { return pieces_[index]; }
 
  private:
   std::array<std::string_view, sizeof...(Slots) + 1> pieces_;
 };
 
-/// Appends HTML to one buffer and hands it to a response in pieces, or keeps it as a text.
-/// Literals are kept byte for byte.
+/// Appends HTML to one buffer and passes it to a response in pieces, or keeps it as a text. Literals are kept
+/// byte for byte.
 class HtmlWriter {
  public:
   /// For pages: the first piece reaches the visitor soon.
   static constexpr std::size_t kPageBytes = std::size_t{16} * 1024;
-  /// For downloads: servers pass on few large pieces with much less work than many small ones.
+  /// For downloads: servers have much less work with few large pieces than with many small ones.
   static constexpr std::size_t kDownloadBytes = std::size_t{64} * 1024;
 
   /// Collects a text; see Take().
   HtmlWriter() = default;
 
-  /// Writes to `response`, which must outlive the writer. What was not flushed is lost with the writer.
+  /// Writes to `response`, which must outlive the writer. What was not flushed at its end is lost.
   explicit HtmlWriter(platform::Response& response) : response_(&response) {}
 
   HtmlWriter(const HtmlWriter&) = delete;
   HtmlWriter& operator=(const HtmlWriter&) = delete;
 
-  /// About how many bytes a piece has from the next one on; at first kPageBytes.
+  /// How many bytes a piece has, about, from the next one on; kPageBytes at first.
   void SetPieceBytes(std::size_t bytes) { piece_bytes_ = bytes; }
 
   /// Writes `markup`, each slot replaced by the next value.
@@ -132,13 +132,13 @@ class HtmlWriter {
     return *this;
   }
 
-  /// Hands what was collected to the response. Does nothing without one.
+  /// Passes what was collected to the response. Does nothing without one.
   void Flush();
 
   /// The collected text so far, for writers without a response.
   std::string_view Collected() const { return {buffer_.get(), used_}; }
 
-  /// Forgets the collected text, but keeps its room.
+  /// Drops the collected text, but keeps the memory.
   void Clear() { used_ = 0; }
 
   std::string Take() {
@@ -155,8 +155,8 @@ class HtmlWriter {
     used_ += text.size();
   }
 
-  /// Most pieces are shorter than a call of the library's function is worth: up to 32 bytes are copied as two
-  /// halves that may overlap.
+  /// Most pieces are so short that a call of memcpy() costs more than the copy: up to 32 bytes are copied as
+  /// two halves that may overlap.
   static void Copy(char* to, const char* from, std::size_t bytes) {
     if (bytes > 32) {
       std::memcpy(to, from, bytes);
@@ -180,10 +180,10 @@ class HtmlWriter {
     std::memcpy(to + bytes - kHalf, halves[1], kHalf);
   }
 
-  /// Appends a text that does not fit behind what is collected.
+  /// Appends a text that does not fit into the rest of the buffer.
   void AppendBeyondBuffer(std::string_view text);
 
-  /// Sends the buffer, or lets it grow, so that `bytes` fit, at most a piece.
+  /// Sends the buffer, or lets it grow, so that `bytes` fit, which are at most a piece.
   void MakeRoom(std::size_t bytes);
   void Grow(std::size_t capacity);
 

@@ -24,7 +24,7 @@ std::string_view LastWord(std::string_view code) {
   return code.substr(start);
 }
 
-/// Words behind which an operand comes.
+/// Words that are followed by an operand.
 bool WantsOperand(std::string_view word) {
   constexpr auto kWords = std::to_array<std::string_view>(
       {"return", "typeof", "case", "in", "of", "delete", "void", "throw", "new", "else", "do", "instanceof"});
@@ -33,7 +33,7 @@ bool WantsOperand(std::string_view word) {
 
 enum class SlashMeaning { kPattern, kDivision, kUnclear };
 
-/// What a slash behind code that ends with a word begins. Two words are names or not depending on where they
+/// What a slash begins after code that ends with a word. Two words are names or not, depending on where they
 /// stand.
 SlashMeaning MeaningBehindWord(std::string_view code) {
   const std::string_view word = LastWord(code);
@@ -43,7 +43,7 @@ SlashMeaning MeaningBehindWord(std::string_view code) {
   return WantsOperand(word) ? SlashMeaning::kPattern : SlashMeaning::kDivision;
 }
 
-/// What a slash behind that code begins.
+/// What a slash begins after that code.
 SlashMeaning MeaningOfSlash(std::string_view code) {
   while (!code.empty() && IsBlankOfScript(code.back())) code.remove_suffix(1);
   if (code.empty()) return SlashMeaning::kPattern;
@@ -87,7 +87,7 @@ void ScriptScanner::TakeInCode(char c) {
   }
   code_ += c;
   if (code_.size() > 2 * kKeptCode) code_.erase(0, kKeptCode);
-  // Scripts read these as comments, but only in some places; a backslash spells the letters of a name.
+  // In some places scripts read these two as comments; a backslash spells the letters of a name.
   if (code_.ends_with("<!--") || code_.ends_with("-->") || c == '\\') {
     state_ = State::kUnclear;
   } else if (c == '\'') {
@@ -188,7 +188,7 @@ ScriptScanner::Place ScriptScanner::PlaceOfValue() const {
     case State::kSingle:
     case State::kDouble:
     case State::kBackticks:
-      // An empty value would let the backslash, or the dollar, take what follows it.
+      // If the value is empty, the backslash or the dollar would take what follows it.
       return is_escaped_ || (state_ == State::kBackticks && last_ == '$') ? Place::kUnclear : Place::kString;
     case State::kLineComment:
     case State::kBlockComment:

@@ -6,20 +6,20 @@
 
 namespace dralo::html {
 
-/// Reads the script of a template as far as it must be understood to say what a value in it is.
+/// Reads the script in a template, as far as that is needed to say what a value in it is.
 class ScriptScanner {
  public:
   enum class Place {
     kString,   ///< Between quotes of any kind.
     kValue,    ///< In code.
-    kNothing,  ///< In a comment or a pattern.
-    kUnclear,  ///< Behind something that scripts read in more than one way.
+    kNothing,  ///< In a comment or a regular expression.
+    kUnclear,  ///< After something that scripts may read in more than one way.
   };
 
-  /// Takes the next character, character references read.
+  /// Takes the next character; character references must be decoded.
   void Take(char c);
 
-  /// What a value behind the characters taken is.
+  /// What a value after the characters taken is.
   Place PlaceOfValue() const;
 
   /// Takes a value that is written as its place demands.
@@ -54,7 +54,7 @@ class ScriptScanner {
   bool is_escaped_ = false;          ///< The last character was a backslash that takes the next one with it.
   char last_ = '\n';                 ///< The last character of a comment or of text in backticks.
   std::string code_;                 ///< The end of the code taken.
-  std::vector<std::size_t> braces_;  ///< Of each "${" that is open, how many braces are open in it.
+  std::vector<std::size_t> braces_;  ///< The open braces within each "${" that is open.
 };
 
 }  // namespace dralo::html

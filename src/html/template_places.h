@@ -9,8 +9,8 @@
 
 namespace dralo::html {
 
-/// What the values between the literals of a template are. Throws platform::Error, whose text says why, when
-/// that cannot be told, or when the template does not end where it began.
+/// What the values between the literals of a template are. Throws platform::Error, which says why, when that
+/// cannot be told, or when the template does not end where it began.
 std::vector<ValuePlace> FindPlaces(std::span<const std::string_view> literals, TemplateStart start);
 
 }  // namespace dralo::html

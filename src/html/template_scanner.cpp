@@ -15,7 +15,7 @@ bool IsAnyOf(std::string_view name, std::initializer_list<std::string_view> name
   return std::ranges::find(names, name) != names.end();
 }
 
-/// Elements whose content browsers read as text up to their end tag.
+/// Elements whose content browsers read as text, up to their end tag.
 bool HasRawText(std::string_view element) {
   return IsAnyOf(
       element, {"script", "style", "textarea", "title", "xmp", "iframe", "noembed", "noframes", "plaintext"});
@@ -85,7 +85,7 @@ void TemplateScanner::TakeInDeclaration(char c) {
     state_ = State::kComment;
     text_.clear();
   } else if (text_ == "[") {
-    state_ = State::kUnclear;  // Within SVG a part of its text, elsewhere a comment.
+    state_ = State::kUnclear;  // In SVG a part of its text, elsewhere a comment.
   } else if (text_ != "-") {
     state_ = c == '>' ? State::kText : State::kBogusComment;
   }
@@ -107,7 +107,7 @@ void TemplateScanner::TakeInRawText(char c) {
   } else if (!text_.empty()) {
     text_ += c;
   }
-  if (element_ == "script" && text_ == "<!--") state_ = State::kUnclear;  // Then its end tag may not end it.
+  if (element_ == "script" && text_ == "<!--") state_ = State::kUnclear;  // Its end tag may not end it then.
   if (text_.size() < 3) return;
   const std::string_view name = std::string_view(text_).substr(2);
   const bool is_end = text_[1] == '/' && name.size() == element_.size() + 1 &&
@@ -211,7 +211,7 @@ void TemplateScanner::StartRawText() {
   script_ = {};
   if (!is_foreign_) {
     state_ = State::kRawText;
-  } else if (element_ != "title") {  // Only titles of SVG are read as the rest is.
+  } else if (element_ != "title") {  // Titles only of SVG are read as other elements.
     state_ = State::kUnclear;
   }
 }
@@ -254,7 +254,7 @@ std::optional<ValuePlace> TemplateScanner::ValueOfAttribute(std::string_view beh
     StartValue(State::kUnquoted);
     const bool ends = behind.empty() ? is_last : IsHtmlBlank(behind[0]) || behind[0] == '>';
     const bool begins_another = behind.empty() ? !is_last : behind[0] == '"' || behind[0] == '\'';
-    // An empty value would leave the quote, or the second value, at the start.
+    // An empty value would put the quote, or the second value, at the start.
     if (begins_another) return std::nullopt;
     place.is_whole_value = ends;
   }

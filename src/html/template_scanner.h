@@ -14,7 +14,7 @@ namespace dralo::html {
 /// Where a template begins, and where it must end.
 enum class TemplateStart {
   kText,       ///< In the text of a page.
-  kAttributes  ///< In a start tag, behind its name.
+  kAttributes  ///< In a start tag, after its name.
 };
 
 /// Reads a template as a browser would, to say what its values are.
@@ -27,8 +27,8 @@ class TemplateScanner {
     for (const char c : literal) Take(c);
   }
 
-  /// Takes the value that comes next; `behind` is the literal behind it, and `is_last` says that nothing else
-  /// follows that. Nothing when it cannot be told what the value is.
+  /// Takes the value that comes next; `behind` is the literal after it, and `is_last` says that nothing
+  /// follows that literal. Nothing when it cannot be told what the value is.
   std::optional<ValuePlace> TakeValue(std::string_view behind, bool is_last);
 
   /// Whether everything taken has one meaning alone.
@@ -83,10 +83,10 @@ class TemplateScanner {
   TemplateStart start_;
   State state_;
   bool is_end_tag_ = false;
-  bool is_foreign_ = false;  ///< Within SVG or MathML, where scripts and styles are read by other rules.
-  std::string element_;      ///< Of the tag, or of the raw text behind it; in small letters.
-  std::string attribute_;    ///< In small letters.
-  std::string text_;         ///< Of a comment or a declaration, and of raw text from its last "<" on.
+  bool is_foreign_ = false;  ///< In SVG or MathML, where scripts and styles are read by other rules.
+  std::string element_;      ///< Of the tag, or of the raw text after it; in lower case.
+  std::string attribute_;    ///< In lower case.
+  std::string text_;         ///< Of a comment or a declaration; of raw text from its last "<" on.
   std::optional<AttributeValue> value_;
   ScriptScanner script_;
 };

@@ -28,7 +28,7 @@ using text::kWordBytes;
 using text::Repeated;
 using text::Word;
 
-/// The highest bit of every byte that is not 0, of a word of ASCII.
+/// Sets the highest bit of every byte that is not 0; for a word of ASCII.
 constexpr Word FilledBytes(Word word) { return word + Repeated(0x7F); }
 
 /// Whether any of the eight bytes may be one of the replaced characters. Of these and "#", which is looked at

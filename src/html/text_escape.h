@@ -6,25 +6,26 @@
 
 namespace dralo::html {
 
-/// What stands in a page for the first bytes of a text.
+/// What is written for the first bytes of a text.
 struct Escape {
-  std::size_t bytes;    ///< How many bytes it stands for.
-  std::string_view by;  ///< Valid for ever.
+  std::size_t bytes;    ///< How many bytes it replaces.
+  std::string_view by;  ///< A constant.
 };
 
-/// How many bytes at the start of `text` stand for themselves in a page's text and in attributes between
-/// quotes: all UTF-8 but "&", "<", ">", both quotes and NUL.
+/// How many bytes at the start of `text` can be written as they are into a page's text and into attributes
+/// between quotes: all UTF-8 but "&", "<", ">", both quotes and NUL.
 std::size_t PlainBytes(std::string_view text);
 
-/// What stands for the start of `text`, which is not empty and whose PlainBytes() are 0: a character
-/// reference, or U+FFFD for NUL and for bytes that are no UTF-8, as browsers count them.
+/// What must be written for the start of `text`, which is not empty and whose PlainBytes() are 0: a character
+/// reference, or U+FFFD for NUL and for bytes that are no UTF-8, one for as many bytes as browsers replace by
+/// one.
 Escape FirstEscape(std::string_view text);
 
-/// `text` as it stands in a page's text and in attributes between quotes: `text` itself when nothing is to be
+/// `text` escaped for a page's text and for attributes between quotes: `text` itself when nothing must be
 /// replaced, else in `to`, whose content is replaced and which must not hold `text`.
 std::string_view Escaped(std::string_view text, std::string& to);
 
-/// Appends the same.
+/// Appends the same text.
 void AppendEscaped(std::string& to, std::string_view text);
 
 }  // namespace dralo::html

@@ -27,7 +27,8 @@ void AppendNumber(std::string& to, std::uint32_t number, int base, std::size_t d
   to.append(text, size);
 }
 
-/// Numeric references to 0x80 up to 0x9F mean other characters, so these stand as they are.
+/// Browsers give numeric references from 0x80 to 0x9F another meaning, so these characters are written as
+/// they are.
 void AppendUnquoted(std::string& to, std::string_view value) {
   while (!value.empty()) {
     char32_t character = TakeCharacter(value);
@@ -53,7 +54,7 @@ void AppendInAttribute(std::string& to, std::string_view value, bool is_unquoted
   }
 }
 
-/// Browsers pass over tabs and line breaks wherever they stand in an address.
+/// Browsers ignore tabs and line breaks everywhere in an address.
 void AppendAddress(std::string& to, std::string_view value, const ValuePlace& place) {
   value = WithoutIgnoredStart(value);
   const bool is_kept = place.kind == PlaceKind::kAddress ? IsHarmlessAddress(value) : IsOwnAddress(value);

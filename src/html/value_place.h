@@ -5,24 +5,24 @@
 
 namespace dralo::html {
 
-/// What a browser makes of the place of a template where a value comes.
+/// What a browser does with the place in a template where a value goes.
 enum class PlaceKind {
   kText,                 ///< Text of the page.
-  kAttribute,            ///< In an attribute's value that means nothing but its text.
+  kAttribute,            ///< In an attribute's value that is nothing but a text.
   kAddress,              ///< The start of an address.
   kRelativeAddress,      ///< The start of an address that forms post to.
   kAddressPart,          ///< Later in an address.
   kRelativeAddressPart,  ///< Later in an address that forms post to.
   kScriptString,         ///< Between the quotes of a script's string.
-  kScriptValue,          ///< In a script, outside of its strings.
+  kScriptValue,          ///< In a script, outside its strings.
   kStyle,                ///< In a style sheet or a style attribute.
   kNothing,              ///< Where no value is safe.
 };
 
 struct ValuePlace {
   PlaceKind kind = PlaceKind::kText;
-  bool is_unquoted = false;     ///< In an attribute's value without quotes around it,
-  bool is_whole_value = false;  ///< which consists of nothing else.
+  bool is_unquoted = false;     ///< In an attribute's value without quotes around it.
+  bool is_whole_value = false;  ///< It is the whole value of that attribute.
 };
 
 /// Appends `value` as it must stand in the place, so that it can neither leave its place nor be run:
@@ -36,7 +36,7 @@ struct ValuePlace {
 /// - styles: the value if it consists of ASCII letters, digits, "#", ".", "%", "+" and "-", else nothing.
 void AppendInPlace(std::string& to, std::string_view value, const ValuePlace& place);
 
-/// The same for an address that the page itself has made: it may begin one.
+/// The same for an address that the page itself has made, which may begin an address.
 void AppendAddressInPlace(std::string& to, std::string_view address, const ValuePlace& place);
 
 }  // namespace dralo::html
