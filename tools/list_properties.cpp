@@ -100,7 +100,7 @@ void PrintRows(std::span<const dralo::component::Property<Owner>> rows, const Ow
   for (const auto& row : rows) {
     const std::string type =
         row.object_class.empty() ? std::string(TypeName(row.type)) : Code(row.object_class);
-    // What a read-only property says before a page is no default.
+    // The value of a read-only property before a page is no default.
     const bool has_default = row.access == Access::kReadWrite;
     const std::string value = has_default ? std::visit(DefaultText(), row.get(untouched)) : "";
     std::cout << "| " << Code(row.name) << " | " << type << " | " << AccessName(row.access) << " | " << value

@@ -1,6 +1,6 @@
 // Prints hosts/php/dralo.stub.php, which editors and static analysers read instead of the extension.
-// Properties come from the property tables; methods stand here, and a page test compares them with the
-// extension.
+// Properties come from the property tables; the methods are written here, and a page test compares them with
+// the extension.
 
 #include <iostream>
 #include <span>
@@ -268,7 +268,7 @@ void PrintProperties(std::span<const Row> rows) {
   }
 }
 
-/// A list is of the class that its property is called after.
+/// A list has the class that its property is named after.
 void PrintList(const dralo::component::DescribedProperty& list) {
   PrintProperty(list.doc, true, list.name, list.name);
 }
