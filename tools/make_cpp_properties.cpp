@@ -109,7 +109,7 @@ std::string FunctionName(std::string_view property) {
   return name;
 }
 
-/// The property's own sentence stands above the first of the functions.
+/// The property's own sentence stands above the first of its functions.
 void PrintFunctions(std::string_view doc, std::string_view name, std::string_view getter,
                     std::string_view setter) {
   std::cout << "  /// " << doc << '\n' << getter << setter;

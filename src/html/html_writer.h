@@ -78,7 +78,7 @@ class Template {
 /// byte for byte.
 class HtmlWriter {
  public:
-  /// For pages: the first piece reaches the visitor soon.
+  /// For pages: the visitor soon sees the first piece.
   static constexpr std::size_t kPageBytes = std::size_t{16} * 1024;
   /// For downloads: servers have much less work with few large pieces than with many small ones.
   static constexpr std::size_t kDownloadBytes = std::size_t{64} * 1024;

@@ -31,7 +31,7 @@ class TemplateScanner {
   /// follows that literal. Nothing when it cannot be told what the value is.
   std::optional<ValuePlace> TakeValue(std::string_view behind, bool is_last);
 
-  /// Whether everything taken has one meaning alone.
+  /// Whether everything taken has only one meaning.
   bool IsClear() const { return state_ != State::kUnclear; }
 
   /// Whether the template ends where it began.
