@@ -53,7 +53,8 @@ class Words {
   }
 
   std::string ValueOf(const std::string& option) {
-    if (words_.empty() || std::string_view(words_.front()).starts_with("--"))
+    // An empty one is a variable of a script that is not set; without its user file a site is open to all.
+    if (words_.empty() || *words_.front() == '\0' || std::string_view(words_.front()).starts_with("--"))
       throw WrongUsage(option + " needs a value; dralo-serve --help tells more");
     return Next();
   }

@@ -33,8 +33,14 @@ class CommandLine(ServeTest):
                          (2, "there is no option --prot; dralo-serve --help lists them all"))
         self.assertEqual(self.refused(self.database, "--port"), (2, "--port needs a value; dralo-serve --help tells more"))
 
+    def test_takes_no_empty_value(self):
+        for option in ("--port", "--host", "--name", "--user-file"):
+            with self.subTest(option=option):
+                self.assertEqual(self.refused(self.database, option, ""),
+                                 (2, f"{option} needs a value; dralo-serve --help tells more"))
+
     def test_knows_what_a_port_is(self):
-        for port in ("x", "", "-1", "65536", "80x", "99999999999"):
+        for port in ("x", "-1", "65536", "80x", "99999999999"):
             with self.subTest(port=port):
                 self.assertEqual(self.refused(self.database, "--port", port), (
                     2, f'"{port}" is no port; write a number from 1 to 65535, or 0 for a free one'))
