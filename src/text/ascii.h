@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-/// Characters and words of keywords, keys, options and markup, in which only A to Z have two letter cases.
+/// Letters of ASCII, as in keywords, keys, options and markup: only A to Z have two letter cases.
 namespace dralo::text {
 
 constexpr char ToUpper(char c) { return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
@@ -14,24 +14,23 @@ constexpr bool IsDigit(char c) { return '0' <= c && c <= '9'; }
 constexpr bool IsLetter(char c) { return 'A' <= ToUpper(c) && ToUpper(c) <= 'Z'; }
 constexpr bool IsLetterOrDigit(char c) { return IsLetter(c) || IsDigit(c); }
 
-/// The value of a hexadecimal digit; -1 of anything else.
+/// The value of a hexadecimal digit; -1 for any other character.
 constexpr int HexDigit(char c) {
   if (IsDigit(c)) return c - '0';
   return 'A' <= ToUpper(c) && ToUpper(c) <= 'F' ? ToUpper(c) - 'A' + 10 : -1;
 }
 
-/// Whether the two are equal in some letter case.
+/// Whether the two are equal, letter case apart.
 constexpr bool EqualAscii(std::string_view left, std::string_view right) {
   return std::ranges::equal(left, right, [](char a, char b) { return ToUpper(a) == ToUpper(b); });
 }
 
-/// Whether `text` begins with the word in some letter case.
+/// Whether `text` begins with the word, letter case apart.
 constexpr bool StartsWithAscii(std::string_view text, std::string_view word) {
   return EqualAscii(text.substr(0, word.size()), word);
 }
 
-/// Where `text` has the letters of `word` in some letter case, also within a longer word; npos where it has
-/// not.
+/// Where `text` contains `word`, letter case apart, also within a longer word; npos where it does not.
 constexpr std::size_t FindAscii(std::string_view text, std::string_view word) {
   const auto* found = std::search(text.begin(), text.end(), word.begin(), word.end(),
                                   [](char a, char b) { return ToUpper(a) == ToUpper(b); });

@@ -4,7 +4,8 @@
 
 namespace dralo::text {
 
-/// Whether the text has nothing but blanks (line breaks, tabs and other white space are none).
+/// Whether the text consists of blanks only, or of nothing. Line breaks, tabs and other white space are not
+/// blanks.
 constexpr bool IsBlank(std::string_view text) {
   return text.empty() || (text.front() == ' ' && text.find_first_not_of(' ') == text.npos);
 }

@@ -4,7 +4,7 @@
 
 namespace dralo::text {
 
-/// What stands for a boolean in forms and in stored texts, the same under all regional settings.
+/// The text of a boolean in forms and in stored texts, the same under all regional settings.
 constexpr std::string_view BooleanText(bool flag) { return flag ? "True" : "False"; }
 
 }  // namespace dralo::text

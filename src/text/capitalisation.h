@@ -5,12 +5,12 @@
 
 namespace dralo::text {
 
-/// A text without small letters with small ones instead, except its first character. A text that has small
-/// letters comes back as it is.
+/// If the text has no lower-case letters, all characters but the first are made lower case. Other texts come
+/// back unchanged.
 std::string CapitaliseFirst(std::string_view text);
 
-/// The same, except the first character of every word; words are separated by one blank each. A blank is put
-/// before the first word as well: "JOHN SMITH" is " John Smith", "123" is " 123".
+/// The same, but keeps the first character of every word; words are separated by single blanks. A blank is
+/// put before the first word too: "JOHN SMITH" becomes " John Smith", "123" becomes " 123".
 std::string CapitaliseWords(std::string_view text);
 
 }  // namespace dralo::text

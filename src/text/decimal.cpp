@@ -11,7 +11,7 @@
 namespace dralo::text {
 namespace {
 
-/// Takes a sign from the front of `rest` if there is one: whether it is a minus.
+/// Takes a sign from the front of `rest` if there is one, and returns whether it is a minus.
 bool TakeSign(std::string_view& rest) {
   const bool is_negative = rest.starts_with('-');
   if (is_negative || rest.starts_with('+')) rest.remove_prefix(1);

@@ -16,7 +16,7 @@
 /// nor an exponent, and digits on both sides of its point.
 namespace dralo::text {
 
-/// A number's text cut into its parts, which stand in that text.
+/// The parts of a number's text; they point into that text.
 struct DecimalParts {
   bool is_negative = false;
   std::string_view whole;     ///< The digits before the decimal point.
@@ -31,9 +31,9 @@ std::optional<DecimalParts> SplitDecimal(std::string_view text);
 /// Whether `text` is a plain decimal.
 bool IsPlainDecimal(std::string_view text);
 
-/// The number that `text` spells, exactly, in its shortest plain form: white space around it is ignored;
-/// "007.50" and "75e-1" yield "7.5". Nothing when it is no number, has more than 400 digits, or is as far
-/// from its decimal point.
+/// The exact number that `text` spells, in its shortest plain form. White space around it is ignored;
+/// "007.50" and "75e-1" yield "7.5". Nothing when it is no number, has more than 400 digits, or has its
+/// decimal point as far from its digits.
 std::optional<std::string> ParseDecimal(std::string_view text);
 
 /// The shortest plain decimal that reads back as `number`. Nothing for infinities and not-a-number.
@@ -43,15 +43,14 @@ std::optional<std::string> DecimalText(double number);
 /// Nothing when it would have more than 1000 digits.
 std::optional<std::string> ExpandDecimal(bool is_negative, std::string_view digits, std::int64_t point);
 
-/// Takes the digits, perhaps none, from the front of `rest`.
+/// Takes the digits, if there are any, from the front of `rest`.
 std::string_view TakeDigits(std::string_view& rest);
 
-/// Takes an exponent from the front of `rest` if there is one, which is 0 otherwise. Nothing when it has no
-/// digits.
+/// Takes an exponent from the front of `rest`; 0 if there is none. Nothing when it has no digits.
 std::optional<int> TakeExponent(std::string_view& rest);
 
-/// The number that the whole of `text` is to std::from_chars(): without "+". Nothing when it is none or does
-/// not fit.
+/// The number that the complete `text` spells, as std::from_chars() reads it: without "+". Nothing when it is
+/// no number or does not fit.
 template <class Number>
 std::optional<Number> ParseNumber(std::string_view text) {
   Number number{};

@@ -10,7 +10,7 @@ namespace {
 
 using platform::DateTime;
 
-/// Takes exactly so many digits from the front of `rest`; -1 when they are not there.
+/// Takes exactly kDigits digits from the front of `rest`; -1 when they are not there.
 template <std::size_t kDigits>
 int TakeNumber(std::string_view& rest) {
   if (rest.size() < kDigits) return -1;
@@ -65,7 +65,7 @@ bool TakeDate(std::string_view& rest, DateTime& time) {
   return time.IsValid();
 }
 
-/// Appends `number` with zeros in front, so that it has at least so many digits.
+/// Appends `number`, filled up with leading zeros to `digits` digits.
 void PutPadded(unsigned number, std::size_t digits, std::string& to) {
   std::array<char, 10> written{};
   const char* end = std::to_chars(written.begin(), written.end(), number).ptr;

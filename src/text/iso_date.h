@@ -12,7 +12,7 @@ namespace dralo::text {
 /// "YYYY-MM-DD", optionally followed by a blank or "T" and a time of day, optionally followed by "Z".
 std::optional<platform::DateTime> ParseIsoDateTime(std::string_view text);
 
-/// "HH:MM[:SS[.fraction]]" on the zero date. Digits after the ninth of the fraction do not count.
+/// "HH:MM[:SS[.fraction]]" on the zero date. Digits of the fraction after the ninth are ignored.
 std::optional<platform::DateTime> ParseTimeOfDay(std::string_view text);
 
 /// Appends "YYYY-MM-DD" of a valid date.

@@ -29,8 +29,8 @@ void AppendInCase(std::string& result, std::string_view text) {
   }
 }
 
-/// Takes the first character off `rest`, which is not empty. Returns its capital; for a byte that is no UTF-8
-/// a number of its own.
+/// Takes the first character from `rest`, which is not empty. Returns its capital; for a byte that is no
+/// UTF-8 a number that no character has.
 UChar32 TakeCapital(std::string_view& rest) {
   const char first = rest[0];
   if (IsAscii(first)) {

@@ -83,7 +83,7 @@ Sha256::Digest Sha256::Finish() {
   constexpr std::size_t kLengthSize = 8;
   std::array<char, kBlockSize + kLengthSize> padding{};
   padding[0] = '\x80';
-  // The length stands at the end of a block.
+  // The length stands at the end of the last block.
   const std::size_t zeros = (2 * kBlockSize - kLengthSize - 1 - bytes_ % kBlockSize) % kBlockSize;
   for (std::size_t i = 0; i < kLengthSize; ++i) {
     padding[1 + zeros + i] = static_cast<char>(bits >> (8 * (kLengthSize - 1 - i)) & 0xFF);

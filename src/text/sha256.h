@@ -14,7 +14,7 @@ class Sha256 {
 
   Sha256& Add(std::string_view piece);
 
-  /// The hash of all pieces. Nothing may be added behind it.
+  /// The hash of all pieces. Nothing may be added afterwards.
   Digest Finish();
 
  private:
@@ -24,7 +24,7 @@ class Sha256 {
 
   std::array<std::uint32_t, 8> state_ = {0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a,
                                          0x510e527f, 0x9b05688c, 0x1f83d9ab, 0x5be0cd19};
-  std::array<std::uint8_t, kBlockSize> block_{};  ///< What does not fill a block yet.
+  std::array<std::uint8_t, kBlockSize> block_{};  ///< The last bytes, which do not fill a block yet.
   std::uint64_t bytes_ = 0;
 };
 

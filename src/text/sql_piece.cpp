@@ -12,7 +12,7 @@ bool IsOfSqlWord(char c) {
   return IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// A doubled quote ends one text and begins another, which comes to the same.
+/// A doubled quote ends one text and begins another, which has the same end as one text.
 std::size_t QuotedSqlSize(std::string_view text) {
   const std::size_t end = text.find(text.front(), 1);
   return end == text.npos ? text.size() : end + 1;

@@ -14,7 +14,7 @@ std::string_view FirstSqlPiece(std::string_view statement);
 /// Whether the piece is a comment or blanks.
 bool IsSqlSpace(std::string_view piece);
 
-/// How many "?" stand for parameters.
+/// How many "?" of the statement stand for parameters.
 std::size_t CountSqlParameters(std::string_view statement);
 
 }  // namespace dralo::text

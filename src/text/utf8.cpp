@@ -5,7 +5,7 @@ namespace {
 
 /// What the first byte of a character of several bytes says about the others.
 struct Lead {
-  std::size_t bytes = 1;  ///< Of the whole character; 1 when the byte begins none.
+  std::size_t bytes = 1;  ///< Of the complete character; 1 when the byte begins none.
   unsigned char lowest_second = 0x80;
   unsigned char highest_second = 0xBF;
 };

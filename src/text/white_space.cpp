@@ -10,8 +10,8 @@ std::size_t InvisibleSize(std::string_view text) {
   return space != 0 ? space : DirectionMarkSize(text);
 }
 
-/// Bytes of the white space or direction mark that `text` ends with. None of them takes more than three
-/// bytes, and in whatever bytes precede it a shorter one cannot be the end of a longer one.
+/// How many bytes the white space or direction mark at the end of the text takes. None takes more than three,
+/// and none is the end of a longer one, whatever bytes precede it.
 std::size_t InvisibleSizeAtEnd(std::string_view text) {
   for (std::size_t size = 1; size <= std::min<std::size_t>(3, text.size()); ++size) {
     if (InvisibleSize(text.substr(text.size() - size)) == size) return size;
