@@ -22,7 +22,7 @@ PropertyValue State(bool is_open) { return std::int64_t{is_open}; }
 
 PropertyValue Text(std::string_view text) { return std::string(text); }
 
-/// The number as one of an enumeration's values.
+/// The number as a value of the enumeration, which must be one of `allowed`.
 template <class Enum>
 Enum OneOf(const PropertyValue& value, std::initializer_list<Enum> allowed) {
   const auto number = FromPropertyValue<std::int64_t>(value);

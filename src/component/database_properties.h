@@ -19,10 +19,10 @@ std::span<const Property<platform::Connection>> ConnectionProperties();
 std::span<const RecordsetProperty> RecordsetProperties();
 std::span<const Property<platform::Command>> CommandProperties();
 
-/// Without Value, which is of any type: platform::Field::Value() and SetValue().
+/// All but Value, which is of any type: see platform::Field::Value() and SetValue().
 std::span<const FieldProperty> FieldProperties();
 
-/// A property that is described here and bound by each host in its own way.
+/// A property that is only described here; each host binds it in its own way.
 struct DescribedProperty {
   std::string_view name;
   std::string_view doc;

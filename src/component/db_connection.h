@@ -17,12 +17,11 @@ class DBConnection final : public platform::PageConnection {
   /// Makes an "ADODB.Connection" of its own; it is not open yet. `environment` must outlive the object.
   explicit DBConnection(platform::Environment& environment);
 
-  /// Binds the connection to the page. After OnEndPage() it has a new connection of its own, not open yet,
-  /// where the former page had one.
+  /// Binds the connection to the page. When OnEndPage() has given a connection back, a new one takes its
+  /// place, not open yet.
   void OnStartPage(platform::PageContext& page);
 
-  /// Gives its own connection back, and lets go of the page; a connection that the page supplied stays as it
-  /// is.
+  /// Gives its own connection back; a connection that the page supplied stays as it is.
   void OnEndPage();
 
   const std::shared_ptr<platform::Connection>& Connection() const override { return connection_; }
@@ -38,7 +37,7 @@ class DBConnection final : public platform::PageConnection {
   platform::Environment& environment_;
   std::shared_ptr<platform::Connection> connection_;
   bool owns_connection_ = true;
-  // A connection on which no engine was set reads "ORACLE" as well.
+  // Unless an engine is set it reads "ORACLE".
   platform::DatabaseEngine engine_ = platform::DatabaseEngine::kOracle;
 };
 

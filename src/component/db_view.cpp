@@ -38,7 +38,7 @@ void DbView::OnStartPage(platform::PageContext& page) {
   page_start_failed_ = true;
   if (has_ended_page_) ForgetFormerPage();
   settings::Guarded(settings::OwnErrors(settings_), "OnStartPage", [&] {
-    // A host that cannot say what was asked, or where to write, gives no page.
+    // Without a request, or a response to write to, there is no page.
     static_cast<void>(page.GetRequest());
     static_cast<void>(page.GetResponse());
     page_ = &page;
@@ -54,13 +54,13 @@ void DbView::OnStartPage(std::shared_ptr<platform::PageContext> page) {
 
 void DbView::OnEndPage() {
   if (settings_.owns_connection) settings_.DrConnection.reset();
-  // It may hold a statement of the database open.
+  // The recordset may keep a statement of the database open.
   settings::SetAdoRecordset(settings_, nullptr);
   page_ = nullptr;
   page_start_failed_ = false;
   has_answered_ = false;
   has_ended_page_ = true;
-  // Last: with the page objects of the script may end.
+  // Last: the script's own page objects may end with the page.
   const auto page = std::move(kept_page_);
 }
 
@@ -93,7 +93,7 @@ void DbView::RunOnPage(void (*step)(state::Render& render, platform::PageContext
                        .script_name = request.ServerVariable("SCRIPT_NAME"),
                        .outcome = StartingOutcome()};
   is_rendering_ = true;
-  // However the rendering ends: a host may end the page in the middle of it.
+  // Also when a host ends the page in the middle of the rendering.
   const Finally commit([&] {
     is_rendering_ = false;
     state::Commit(render, settings_);

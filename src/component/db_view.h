@@ -19,22 +19,23 @@ struct Render;
 
 namespace dralo::component {
 
-/// Turns a database query into an interactive part of a web page. Scripts know it as "Dralo.DbView".
-/// Lives for one page: made by the page script, bound to the page, configured through its properties,
-/// rendered.
+/// Turns a database query into an interactive part of a web page. Scripts know it as "Dralo.DbView". Made by
+/// the page script, bound to the page, configured through its properties, rendered; may then be bound to
+/// another page.
 class DbView final : public platform::Object {
  public:
   /// `environment` must outlive the view.
   explicit DbView(platform::Environment& environment);
   ~DbView() override;
 
-  /// Binds the view to the page; `page` must live until OnEndPage(). A page that cannot be had is told in
-  /// ErrorMessage, and the view is bound to none. On a page after the first the view begins anew but for its
-  /// properties: messages, row numbers and the shown record of the former page are forgotten.
+  /// Binds the view to the page; `page` must live until OnEndPage(). When the page yields no request or no
+  /// response, ErrorMessage says so, and the view is not bound. On every later page the view starts afresh,
+  /// but its properties keep their values: messages, row numbers and the shown record of the former page are
+  /// forgotten.
   void OnStartPage(platform::PageContext& page);
 
-  /// The same for a page that scripts make: it is kept as long as the view is bound to it. Throws
-  /// platform::Error while the view writes its page.
+  /// The same for a page that scripts make; the view keeps it until OnEndPage(). Throws platform::Error while
+  /// the view writes its page.
   void OnStartPage(std::shared_ptr<platform::PageContext> page);
 
   /// Whether the view has read the request of its page and begun to answer it.
@@ -44,15 +45,15 @@ class DbView final : public platform::Object {
   /// supplied recordset. Commands stay and can be run on the next page.
   void OnEndPage();
 
-  /// Reads the request, carries out a posted change, and writes the view that the request selects.
-  /// Failures of the database and of rendering end up in ErrorMessage; after a page start that failed it does
-  /// nothing. Throws platform::Error when the view is not bound to a page, and lets errors of a posted
+  /// Reads the request, carries out a posted change, and writes the view that the request selects. Failures
+  /// of the database and of rendering are reported in ErrorMessage. Does nothing when the page start has
+  /// failed. Throws platform::Error when the view is not bound to a page, and lets errors of a posted
   /// change's preparation through.
   void WriteHtmlTable();
 
-  /// Carries out a posted change before the page writes anything; WriteHtmlTable() then tells its outcome.
-  /// When the view is hardened and something was changed, the answer is the address that shows it, and the
-  /// page ends. Does nothing, and fails, where WriteHtmlTable() does.
+  /// Carries out a posted change before the page writes anything; WriteHtmlTable() then shows its outcome.
+  /// When the view is hardened and something was changed, it redirects to the address that shows the result,
+  /// and the page ends. Does nothing, and throws, where WriteHtmlTable() does.
   void ReceivePost();
 
   /// Connects, and renders the whole table or view of that name; the name goes into the statement as it is.
@@ -63,8 +64,8 @@ class DbView final : public platform::Object {
   /// May be asked before and after rendering.
   std::string_view CurrentMode() const;
 
-  /// The value at the 1-based position `index` of the record that was rendered (of a grid: its first); an
-  /// empty text before rendering, out of range, and while a record is being added.
+  /// The value at the 1-based position `index` of the record that was rendered (of a grid: its first). An
+  /// empty text before rendering, for other positions, and while a record is being added.
   platform::Variant CurrentRecord(std::int16_t index) const;
 
   /// Shows the edit field as a select list: the values of `link_field` in the table, as the texts of
@@ -73,8 +74,8 @@ class DbView final : public platform::Object {
   void AddEditLookup(std::string_view field_name, std::string_view lookup_table, std::string_view link_field,
                      std::string_view display_field, std::string_view order_by, bool allow_nulls);
 
-  /// The texts and "1" or "0" that AddEditLookup() was given for the field, joined by ","; empty when it has
-  /// no lookup. Letter case does not matter. Valid until the next AddEditLookup().
+  /// What AddEditLookup() was given for the field, joined by ",", with "1" or "0" at the end; empty when it
+  /// has no lookup. Letter case does not matter. Valid until the next AddEditLookup().
   std::string_view EditLookupAsString(std::string_view field_name) const;
 
   /// A property by its name in any letter case. Throws std::invalid_argument naming the property when there
@@ -86,9 +87,9 @@ class DbView final : public platform::Object {
   const state::Outcome& LatestOutcome() const { return outcome_; }
 
   const settings::Settings& GetSettings() const { return settings_; }
-  /// Throws platform::Error while the view writes its page: its handlers of changes must leave it alone.
+  /// Throws platform::Error while the view writes its page: handlers of changes must not change it.
   settings::Settings& MutableSettings();
-  /// With the regional settings that the view has.
+  /// Has the regional settings of the view.
   platform::Environment& GetEnvironment() const {
     return settings_.locale_environment == nullptr ? environment_ : *settings_.locale_environment;
   }
@@ -105,7 +106,7 @@ class DbView final : public platform::Object {
   bool page_start_failed_ = false;
   bool is_rendering_ = false;
   bool has_answered_ = false;
-  bool has_ended_page_ = false;  ///< What the former page left is still there to be read.
+  bool has_ended_page_ = false;  ///< What the former page left can still be read.
   settings::Settings settings_;
   state::Outcome outcome_;  ///< Of the latest rendering.
 };

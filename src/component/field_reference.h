@@ -9,7 +9,7 @@
 
 namespace dralo::component {
 
-/// A column of a recordset that scripts may keep longer than the recordset is open. What reads it may move or
+/// A column of a recordset that scripts may keep longer than the recordset is open. Reading it may move or
 /// convert what the recordset holds.
 class FieldReference final : public platform::Object {
  public:

@@ -8,9 +8,9 @@
 
 namespace dralo::component {
 
-/// Access to the property that was found under `name`, nullptr when there is none of that name. Both throw
-/// std::invalid_argument naming the property when there is none, when its access does not allow it, and when
-/// the value does not fit.
+/// Access to the property that was found under `name`; `property` is nullptr when there is none of that name.
+/// Both throw std::invalid_argument, naming the property, when there is none, when its access does not allow
+/// it, and when the value does not fit.
 template <class Owner>
 PropertyValue GetNamed(const Owner& owner, const Property<Owner>* property, std::string_view name) {
   if (property == nullptr) throw std::invalid_argument("There is no property " + std::string(name));

@@ -38,7 +38,7 @@ constexpr Property<DbView> Row(std::string_view name, Access access, std::string
   return row;
 }
 
-/// The value in the type of a setter's parameter; for a view of a text the text itself.
+/// The value in the type of a setter's parameter; a std::string for a std::string_view.
 template <class Value>
 auto As(const PropertyValue& value) {
   using Kept = std::conditional_t<std::is_same_v<Value, std::string_view>, std::string, Value>;
@@ -57,7 +57,7 @@ void Assign(void (*set)(settings::Settings&, platform::Environment&, Value), DbV
   set(view.MutableSettings(), view.GetEnvironment(), As<Value>(value));
 }
 
-/// A property whose setter does more.
+/// A property whose setter does more than store the value.
 template <auto Member, auto Set>
 constexpr Property<DbView> Row(std::string_view name, Access access, std::string_view doc,
                                std::string_view object_class = {}) {
@@ -221,7 +221,7 @@ constexpr IndexedProperty ColumnRow(std::string_view name, std::string_view doc)
           .access = kReadWrite,
           .doc = doc,
           .get = [](DbView& view, std::int16_t column) -> platform::Variant {
-            // Reading is allowed while the view writes its page, but not reporting what fails.
+            // While the view writes its page, reading is allowed, but a failure cannot be reported.
             std::string failure;
             std::string text(Get(view.GetSettings(), column, settings::ErrorReport(failure)));
             if (failure.empty()) return text;

@@ -17,9 +17,9 @@ enum class PropertyType {
   kBoolean,
   kInteger,  ///< 16 bits, signed
   kLong,     ///< 32 bits, signed
-  kObject,   ///< a reference, or none
-  kList,     ///< of database values
-  kHandler,  ///< of changes, or none
+  kObject,   ///< an object, or none
+  kList,     ///< database values
+  kHandler,  ///< a handler of changes, or none
   kTokenCallback,
 };
 
@@ -29,7 +29,7 @@ using dralo::PropertyValue;
 
 /// One property of a public class. The tables of these are the only place that knows a property: the script
 /// binding, the reference page, the editor stub and the round-trip test are made from them. `Reader` is not
-/// constant where reading may change the owner, as a recordset's does that runs its statement when asked.
+/// const where reading may change the owner, such as a recordset, which runs its statement when it is asked.
 template <class Owner, class Reader = const Owner>
 struct Property {
   std::string_view name;  ///< As scripts spell it; looked up without regard to letter case.
@@ -49,7 +49,7 @@ struct Property {
   /// For object properties the programmatic identifier of the class they hold; else empty.
   std::string_view object_class = {};
 
-  /// Whether it shows or leads to a password: what dumps of a hardened view keep to themselves.
+  /// Whether it shows a password or leads to one; dumps of a hardened view leave it out.
   bool is_secret = false;
 };
 

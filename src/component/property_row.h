@@ -12,7 +12,7 @@
 #include "dralo/change.h"
 #include "dralo/token_callback.h"
 
-/// How a row of the property table is made from the member that keeps the property: the member's type is the
+/// Makes a row of the property table from the member that keeps the property: the member's type is the
 /// property's type.
 namespace dralo::component {
 
