@@ -10,7 +10,7 @@ struct LanguageWords {
   BooleanWords words;
 };
 
-/// ICU has no such words.
+/// ICU does not have these words.
 constexpr auto kLanguages = std::to_array<LanguageWords>({
     {"da", {"Sand", "Falsk"}},
     {"de", {"Wahr", "Falsch"}},

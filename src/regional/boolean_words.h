@@ -10,7 +10,7 @@ struct BooleanWords {
   std::string_view false_word = "False";
 };
 
-/// Those of the language, such as "de"; the English ones for languages that have none here.
+/// The words of the language, such as "de"; the English ones for languages without an entry.
 BooleanWords BooleanWordsOf(std::string_view language);
 
 }  // namespace dralo::regional

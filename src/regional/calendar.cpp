@@ -15,7 +15,7 @@ using platform::DateTime;
 using platform::WeekRule;
 namespace chrono = std::chrono;
 
-/// More of any interval leads out of the years 1 to 9999; below it nothing overflows.
+/// A greater number of any interval leads out of the years 1 to 9999; up to it nothing overflows.
 constexpr std::int64_t kMaxNumber = 400'000'000'000;
 
 constexpr std::int64_t kSecondsOfDay = 86'400;

@@ -21,13 +21,13 @@ enum class Interval : std::uint8_t {
   kSecond
 };
 
-/// Throws platform::Error when the text names none.
+/// The interval that the text names. Throws platform::Error when it names none.
 Interval ReadInterval(std::string_view text);
 
 /// See platform::ValueFormatting::DateAdd().
 platform::DateTime Add(Interval interval, std::int64_t number, const platform::DateTime& time);
 
-/// The part of a date-time; `rule` has no 0 in it.
+/// The part of a date-time. `rule` must not have a 0.
 int Part(Interval interval, const platform::DateTime& time, platform::WeekRule rule);
 
 }  // namespace dralo::regional

@@ -20,13 +20,13 @@ struct DatePart {
 using DateParts = std::array<DatePart, 3>;
 
 /// The day that three numbers mean where people write in `order`, at midnight. Days and months have one or
-/// two digits, years two or four. When `order` gives no day of the calendar, another order is taken if only
-/// one day comes of all that have the year where it must be: where its four digits are, else where `order`
-/// has it.
+/// two digits, years two or four. When `order` gives no day of the calendar, the other orders are tried that
+/// have the year where it must be: where the four digits are, else where `order` has it. Their day counts if
+/// it is the only one.
 std::optional<platform::DateTime> DayOfNumbers(const DateParts& parts, DateOrder order);
 
 /// The day that two numbers and a month's name mean. `order` matters only when no year has four digits and
-/// the name stands between.
+/// the name stands between the numbers.
 std::optional<platform::DateTime> DayWithName(const DateParts& parts, DateOrder order);
 
 }  // namespace dralo::regional

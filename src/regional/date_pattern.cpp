@@ -76,7 +76,7 @@ void DatePattern::AddMonthName(const std::array<std::string, 12>& names) {
   Add({.kind = Kind::kMonthName, .names = names.data()});
 }
 
-/// The names begin with Sunday, as the days of the calendar do.
+/// The names begin with Sunday.
 void DatePattern::AddDayName(const std::array<std::string, 7>& names) {
   Add({.kind = Kind::kDayName, .names = names.data()});
 }

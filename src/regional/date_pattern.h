@@ -12,23 +12,23 @@
 
 namespace dralo::regional {
 
-/// Short date, blank, long time; midnight drops the time, the zero date the date. `to` has room for
-/// MaxGeneralSize() bytes; returns the end.
+/// Writes short date, blank, long time, without the time at midnight and without the date on the zero date.
+/// `to` has room for MaxGeneralSize() bytes; returns the end.
 char* WriteGeneral(const LocaleFacts& facts, const platform::DateTime& time, char* to);
 std::size_t MaxGeneralSize(const LocaleFacts& facts);
 
 /// Appends `time` in the pattern.
 void AppendTime(const DateTimePattern& pattern, const platform::DateTime& time, std::string& to);
 
-/// A date-time form with numbers, names and literal texts: a DateTimePattern where that is enough, and what
-/// needs a locale's names or a calendar.
+/// A date-time form with numbers, names and literal texts. A DateTimePattern writes as much of it as it can;
+/// the class adds what needs a locale's names or a calendar.
 class DatePattern {
  public:
-  /// `facts` must outlive the pattern; `rule` has no 0 in it.
+  /// `facts` must outlive the pattern; `rule` must not have a 0.
   DatePattern(const LocaleFacts& facts, platform::WeekRule rule) : facts_(&facts), rule_(rule) {}
 
   /// Sets the pattern of a page, in any letter case: d dd ddd dddd ddddd dddddd w ww m mm mmm mmmm q y yy
-  /// yyyy h hh n nn s ss ttttt c, "/" and ":", AM/PM am/pm A/P a/p AMPM; m behind h is the minute. Texts in
+  /// yyyy h hh n nn s ss ttttt c, "/" and ":", AM/PM am/pm A/P a/p AMPM; m after h is the minute. Texts in
   /// quotation marks, characters behind "\" and all others stand for themselves.
   void AddPattern(std::string_view pattern);
 
@@ -40,7 +40,7 @@ class DatePattern {
  private:
   enum class Kind : std::uint8_t {
     kPlain,      ///< What a DateTimePattern writes.
-    kCount,      ///< A number that is counted by the calendar.
+    kCount,      ///< A number that the calendar must find.
     kShortYear,  ///< Two digits.
     kMonthName,
     kDayName,
@@ -51,7 +51,7 @@ class DatePattern {
     Kind kind = Kind::kPlain;
     Interval part = Interval::kDay;
     DateTimePattern plain = {};
-    const std::string* names = nullptr;  ///< Of the months or the days, the first of them.
+    const std::string* names = nullptr;  ///< The first of the names of the months or the days.
   };
 
   void Parse(std::string_view pattern, DateTimePart hour);
@@ -61,7 +61,7 @@ class DatePattern {
   void AddMonth(int width);
   void AddRun(const PatternRun& run);
 
-  /// The plain token at the end.
+  /// The pattern of the last token; a plain one is added unless the last is plain.
   DateTimePattern& Plain();
   void AddNumber(DateTimePart part, int width);
   void AddCount(Interval part) { Add({.kind = Kind::kCount, .part = part}); }
@@ -73,7 +73,7 @@ class DatePattern {
   const LocaleFacts* facts_;
   platform::WeekRule rule_;
   std::vector<Token> tokens_;
-  DateTimePart hour_ = DateTimePart::kHour24;  ///< As which hours are written.
+  DateTimePart hour_ = DateTimePart::kHour24;  ///< The form in which hours are written.
   bool has_day_half_ = false;
   bool follows_hour_ = false;  ///< The last part added is the hour.
 };

@@ -104,7 +104,8 @@ DateRecognizer::Gap DateRecognizer::TakeGap(std::string_view& rest) const {
   return gap;
 }
 
-/// Takes a word of the locale's dates unless a month begins there: "d" is one in Lithuanian, "dec" begins so.
+/// Takes a word of the locale's dates, unless a month begins there: in Lithuanian "d" is such a word, and
+/// "dec" is a month.
 bool DateRecognizer::TakeWord(std::string_view& rest) const {
   if (StartsWithDigit(rest) || FindSpelling(months_, rest) != nullptr) return false;
   for (const std::string& word : date_words_) {

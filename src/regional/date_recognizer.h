@@ -13,7 +13,7 @@
 namespace dralo::regional {
 
 /// Reads dates and times as people of a locale type them: a date, a date and a time, or a time alone (on the
-/// zero date), blanks around.
+/// zero date); blanks around them are ignored.
 ///
 /// - In numbers, with ".", "/" or "-", the same one twice; before a year of four digits also a blank, as in
 ///   "3/5 2024". A year of four digits stands first or last, one of two digits (00 to 29 is 2000 to 2029, 30

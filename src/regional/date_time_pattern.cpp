@@ -15,7 +15,7 @@ using platform::DateTime;
 /// Digits of the widest number that a part can hold, a year of "-32768", whatever its width.
 constexpr std::size_t kMaxNumberSize = 6;
 
-/// What the parts of a date-time are, by DateTimePart.
+/// The values of the parts of a date-time, indexed by DateTimePart.
 using Values = std::array<int, 7>;
 
 Values ValuesOf(const DateTime& time) {

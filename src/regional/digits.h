@@ -28,8 +28,8 @@ inline char* WritePair(std::uint64_t value, char* to) {
   return to + 2;
 }
 
-/// Writes `value` so that it ends at `end`, and returns its start: twenty bytes before at most. From the
-/// back, because so the number of digits need not be known first.
+/// Writes `value` so that it ends at `end`, and returns its start, at most twenty bytes before. Written
+/// backwards, the number of digits need not be known.
 inline char* WriteBackward(std::uint64_t value, char* end) {
   for (; value >= 100; value /= 100) WritePair(value % 100, end -= 2);
   if (value >= 10) {

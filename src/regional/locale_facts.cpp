@@ -57,7 +57,7 @@ void ReadDates(const icu::Locale& locale, LocaleFacts& facts) {
   facts.long_date = RunsOfStyle(locale, icu::DateFormat::kFull);
 }
 
-/// The names from `first` on, without the full stop of an abbreviation when `alone`.
+/// The names from index `first` on; with `alone`, without the full stop of an abbreviation.
 template <std::size_t kCount>
 void ReadNames(const icu::UnicodeString* names, int32_t count, int32_t first, bool alone,
                std::array<std::string, kCount>& to) {
@@ -86,8 +86,8 @@ void ReadNames(const icu::DateFormatSymbols& symbols, DateNames& names) {
   ReadNames(found, count, 1, true, names.short_days_alone);
 }
 
-/// Months such as "5월" are a number and a word. Whether ICU has them as names, or has the word in the
-/// pattern of a date, depends on its version.
+/// Months such as "5월" are a number and a word. It depends on the version of ICU whether they are among its
+/// names, or the word is in the pattern of a date.
 void AddWordOfNumberedMonths(const DateNames& names, std::vector<std::string>& words) {
   const std::string_view may = names.months[4];
   if (!may.starts_with('5')) return;
@@ -144,7 +144,7 @@ void ReadTimes(const icu::Locale& locale, const icu::DateFormatSymbols& symbols,
   facts.time_separator = TimeSeparatorOf(pattern);
 }
 
-/// An affix as pages show it: without direction marks, and with the minus sign that other texts have too.
+/// An affix as pages show it: without direction marks, and with the minus sign that all texts use.
 std::string Affix(const icu::UnicodeString& text) {
   std::string affix;
   std::string utf8 = Utf8(text);
@@ -179,7 +179,7 @@ void ReadAffixes(const icu::Locale& locale, LocaleFacts& facts) {
   facts.currency_digits = currency_format->getMinimumFractionDigits();
 }
 
-/// Every decimal point that ICU has for Latin digits is one byte.
+/// All decimal points that ICU has for Latin digits are one byte long.
 void ReadNumbers(const icu::Locale& locale, LocaleFacts& facts) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));

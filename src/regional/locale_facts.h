@@ -11,8 +11,8 @@
 
 namespace dralo::regional {
 
-/// A spelling of a month (1 to 12) or of a half of the day (0 morning, 1 afternoon), blanks plain
-/// (text::PlainWhiteSpace).
+/// The spelling of a month (1 to 12) or of a half of the day (0 morning, 1 afternoon), as
+/// text::PlainWhiteSpace() returns it.
 struct Spelling {
   std::string text;
   int number = 0;
@@ -21,23 +21,23 @@ struct Spelling {
 /// Names for use in dates, January and Sunday first.
 struct DateNames {
   std::array<std::string, 12> months;
-  std::array<std::string, 12> short_months;        ///< As they stand within a date, perhaps with a full stop.
-  std::array<std::string, 12> short_months_alone;  ///< As they stand alone, without a full stop.
+  std::array<std::string, 12> short_months;        ///< As within a date, perhaps with a full stop.
+  std::array<std::string, 12> short_months_alone;  ///< As used alone, without a full stop.
   std::array<std::string, 7> days;
   std::array<std::string, 7> short_days;
   std::array<std::string, 7> short_days_alone;
 };
 
 /// What is known about a locale, so that ICU need not be asked for each text. Numbers are in Latin digits and
-/// dates in the Gregorian calendar, also where people of the locale use others.
+/// dates in the Gregorian calendar, even where people of the locale use others.
 struct LocaleFacts {
   DateTimePattern short_date;  ///< Numbers only, four digits of the year; without direction marks.
-  DateTimePattern long_time;   ///< Hour, minute and second, ":" between them; blanks are ordinary ones.
+  DateTimePattern long_time;   ///< Hour, minute and second with ":" between; blanks are ordinary ones.
   DateOrder date_order = DateOrder::kMonthDayYear;
   char time_separator = ':';  ///< What people of the locale write between hour and minute: ":" or ".".
 
-  /// Full and short names in the forms for use within a date and alone, and in small and capital letters,
-  /// without a full stop at the end; then the English ones. The longest stand first.
+  /// Full and short names in the forms for use within a date and alone, in small and capital letters, without
+  /// a full stop at the end; then the English ones. The longest come first.
   std::vector<Spelling> months;
   std::vector<Spelling> day_halves;
 
@@ -48,7 +48,7 @@ struct LocaleFacts {
   std::string grouping;          ///< Between groups of three digits.
   bool groups_in_pairs = false;  ///< Groups above the lowest have two digits: "12,34,567".
 
-  /// What stands around a number, the currency sign included; "-" for every minus sign.
+  /// The texts around a number, the currency sign included; "-" for every minus sign.
   struct Affixes {
     std::string prefix;
     std::string suffix;
@@ -66,10 +66,10 @@ struct LocaleFacts {
   BooleanWords boolean_words;
 
   int first_day_of_week = 1;   ///< 1 Sunday to 7 Saturday.
-  int days_in_first_week = 1;  ///< The first week of the year has at least so many of its days.
+  int days_in_first_week = 1;  ///< The first week of the year has at least this many of its days.
 };
 
-/// Asks ICU about `locale`, a name that ChooseLocale() gave. Throws platform::Error when ICU fails.
+/// Asks ICU about `locale`, a name that ChooseLocale() has returned. Throws platform::Error when ICU fails.
 LocaleFacts ReadLocaleFacts(const std::string& locale);
 
 }  // namespace dralo::regional

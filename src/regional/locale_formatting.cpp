@@ -21,7 +21,7 @@ namespace {
 using platform::DateTime;
 using platform::VariantView;
 
-/// The locale's week in the numbers of platform::WeekRule.
+/// The locale's week as a platform::WeekRule.
 platform::WeekRule WeekRuleOf(const LocaleFacts& facts) {
   const int days = facts.days_in_first_week;
   return {facts.first_day_of_week, days <= 1 ? 1 : days < 7 ? 2 : 3};
@@ -149,7 +149,7 @@ std::string_view LocaleFormatting::DateText(const DateTime& time, platform::Name
   return scratch;
 }
 
-/// The rule with the locale's for every 0. Throws platform::Error when it is none.
+/// The rule with the locale's number for every 0. Throws platform::Error when it is not valid.
 platform::WeekRule LocaleFormatting::Checked(platform::WeekRule rule) const {
   if (rule.first_day < 0 || rule.first_day > 7) throw platform::Error("The first day of the week is 0 to 7");
   if (rule.first_week < 0 || rule.first_week > 3)

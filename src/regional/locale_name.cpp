@@ -34,7 +34,7 @@ bool HasData(std::string_view icu_name) {
 
 bool IsTagCharacter(char c) { return text::IsLetterOrDigit(c) || c == '-' || c == '_'; }
 
-/// "sr_RS@latin" is "sr_Latn_RS"; other modifiers, such as "@euro", say nothing about texts.
+/// "sr_RS@latin" is "sr_Latn_RS"; other modifiers, such as "@euro", do not matter for texts.
 std::string WithScript(const std::string& name, std::string_view modifier) {
   const std::string_view script = modifier == "latin" ? "_Latn" : modifier == "cyrillic" ? "_Cyrl" : "";
   std::string result = name;

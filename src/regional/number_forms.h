@@ -19,7 +19,7 @@ class NumberForms {
   std::string_view Write(std::string_view decimal, platform::NumberKind kind,
                          const platform::NumberOptions& options, std::string& scratch) const;
 
-  /// Whether a group ends, and a separator stands, behind the digit of ten to the power of `power`.
+  /// Whether a group ends, and a separator follows, at the digit for ten to the power of `power`.
   bool EndsGroup(int power) const {
     return groups_in_pairs_ ? power > 0 && power % 2 == 1 && power >= 3 : power > 0 && power % 3 == 0;
   }

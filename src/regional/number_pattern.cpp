@@ -11,7 +11,7 @@ namespace {
 
 bool IsPlaceholder(char c) { return c == '0' || c == '#'; }
 
-/// The text up to the first ";" outside of literals, which is taken from `rest` with it.
+/// Takes the text up to the first ";" outside literals, and the ";", from `rest`.
 std::string_view TakeSection(std::string_view& rest) {
   const std::string_view whole = rest;
   std::string literal;
@@ -54,7 +54,7 @@ void NumberSection::AddLiteral(std::string_view text) {
   tokens_.back().text += text;
 }
 
-/// The powers of digits before the decimal point are counted from the left first; Finish() turns them round.
+/// The powers of digits before the decimal point are first counted from the left; Finish() reverses them.
 void NumberSection::AddDigit(char placeholder) {
   if (has_exponent_) return AddLiteral({&placeholder, 1});
   const int power = has_point_ ? -++decimals_ : whole_++;
@@ -74,7 +74,7 @@ bool NumberSection::TakeExponent(std::string_view& rest) {
   return true;
 }
 
-/// Between digits they group; behind the last one, also the last before the decimal point, they divide.
+/// Commas between digits group; after the last digit, or the last before the decimal point, they divide.
 void NumberSection::TakeCommas(std::string_view& rest) {
   const std::size_t count = std::min(rest.find_first_not_of(','), rest.size());
   rest.remove_prefix(count);
@@ -94,7 +94,7 @@ void NumberSection::Finish() {
     token.power = whole_ - 1 - token.power;
     token.is_required = is_required = is_required || token.is_required;
   }
-  // Behind the decimal point it is the other way round: what stands before a required digit is required.
+  // After the decimal point it is the other way round: digits before a required one are required.
   is_required = false;
   for (auto token = tokens_.rbegin(); token != tokens_.rend(); ++token) {
     if (token->kind != Kind::kDigit || token->power >= 0) continue;
@@ -113,7 +113,7 @@ DecimalDigits NumberSection::Prepared(DecimalDigits number) const {
 }
 
 /// Moves the decimal point so that the number has as many digits before it as the pattern, and returns the
-/// exponent that makes up for it.
+/// exponent that compensates for it.
 int NumberSection::Normalize(DecimalDigits& number) const {
   if (!has_exponent_ || number.IsZero()) return 0;
   const int exponent = number.Point() - whole_;

@@ -10,8 +10,8 @@
 
 namespace dralo::regional {
 
-/// One section of a number pattern: 0 # . , % E+ E- e+ e-, "literals" and \x; commas behind the last digit,
-/// or the last before the decimal point, divide by a thousand each. All other characters stand for
+/// One section of a number pattern: 0 # . , % E+ E- e+ e-, "literals" and \x; each comma after the last
+/// digit, or the last before the decimal point, divides by a thousand. All other characters stand for
 /// themselves.
 class NumberSection {
  public:
@@ -20,7 +20,7 @@ class NumberSection {
   /// `number` scaled and rounded, half away from zero, as the section shows it.
   DecimalDigits Prepared(DecimalDigits number) const;
 
-  /// Writes a number that Prepared() gave, without its sign.
+  /// Writes, without its sign, a number that Prepared() has returned.
   void Write(DecimalDigits number, const NumberForms& forms, std::string& to) const;
 
  private:
@@ -29,9 +29,9 @@ class NumberSection {
   struct Token {
     Kind kind = Kind::kLiteral;
     int power = 0;             ///< Of a digit: ten to this power.
-    bool is_required = false;  ///< Of a digit: written also when the number has none there.
+    bool is_required = false;  ///< Of a digit: written even when the number has none there.
     std::string text = {};     ///< Of a literal; of an exponent "E+", "E-", "e+" or "e-".
-    int width = 0;             ///< Of an exponent: its digits at least.
+    int width = 0;             ///< Of an exponent: its least number of digits.
   };
 
   void AddLiteral(std::string_view text);
@@ -54,9 +54,9 @@ class NumberSection {
   bool has_groups_ = false;
 };
 
-/// Sections for positive numbers, negative ones, zero and Null. What is missing or empty is taken from the
-/// first, with a "-" for negative numbers. The section for Null is never needed, since cells without a value
-/// are not formatted.
+/// Sections for positive numbers, negative ones, zero and Null. The first one serves for those that are
+/// missing or empty, with a "-" for negative numbers. The section for Null is not used, because cells without
+/// a value are not formatted.
 class NumberPattern {
  public:
   explicit NumberPattern(std::string_view pattern);

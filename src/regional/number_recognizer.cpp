@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kApostrophe = "\u2019";
 
-/// Takes the sign from `rest`: whether it is a minus.
+/// Takes a sign from `rest` and returns whether it is a minus.
 bool TakeSign(std::string_view& rest) {
   for (const std::string_view sign : {"-", "\u2212", "+"}) {
     if (!rest.starts_with(sign)) continue;
@@ -40,8 +40,8 @@ std::size_t NumberRecognizer::GroupingSize(std::string_view text) const {
   return grouping_ == kApostrophe && text.starts_with('\'') ? 1 : 0;
 }
 
-/// Takes the digits before the decimal point from `rest` to `digits`. False when their groups are none of the
-/// locale.
+/// Takes the digits before the decimal point from `rest` to `digits`. False when they are not grouped as in
+/// the locale.
 bool NumberRecognizer::TakeWhole(std::string_view& rest, std::string& digits) const {
   std::size_t group = TakeDigits(rest, digits);
   bool is_first = true;

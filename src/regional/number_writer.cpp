@@ -26,7 +26,7 @@ std::uint64_t Magnitude(std::int64_t number) {
   return number < 0 ? 0 - bits : bits;
 }
 
-/// `ten_thousandths` / 10000, so that it stands before `end`.
+/// `ten_thousandths` / 10000, written so that it ends before `end`.
 std::string_view TenThousandths(std::int64_t ten_thousandths, char decimal_point, char* end) {
   const std::uint64_t magnitude = Magnitude(ten_thousandths);
   const std::uint64_t fraction = magnitude % 10'000;
@@ -106,8 +106,9 @@ std::string_view NumberWriter::Write(std::int64_t number, std::string& scratch) 
 std::string_view NumberWriter::Write(double number, std::string& scratch) const {
   char* start = Room(scratch, kMaxDoubleSize);
 
-  // Most numbers of a database have few decimals. When the division gives the very number back, its 15 digits
-  // are those of the integer, since a decimal of 15 digits has only one nearest double.
+  // A fast way for most numbers, which have few decimals. When the division gives exactly the same number,
+  // the digits are those of the integer: up to 15 of them, and two such decimals never have the same nearest
+  // double.
   const double scaled = number * 1e4;
   if (std::abs(scaled) < 1e15) {
     const auto ten_thousandths = static_cast<std::int64_t>(scaled + (scaled < 0 ? -0.5 : 0.5));

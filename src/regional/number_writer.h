@@ -8,8 +8,8 @@
 
 namespace dralo::regional {
 
-/// Standard texts of numbers: without grouping and without zeros at the end of the fraction. Results stand in
-/// `scratch`, or are constants, or, for a decimal, stand in the value; `scratch` grows and is never made
+/// Standard texts of numbers: without grouping and without trailing zeros in the fraction. A result is in
+/// `scratch`, is a constant, or, for a decimal, is part of the value; `scratch` may grow and is never made
 /// smaller.
 class NumberWriter {
  public:
@@ -18,11 +18,11 @@ class NumberWriter {
   std::string_view Write(std::int64_t number, std::string& scratch) const;
 
   /// Up to 15 significant digits. Plain from 0.00001 up to 999999999999999; below and above, judged after
-  /// rounding, with an exponent of at least two digits: "1E-06", "1.5E+15". Negative zero is "0"; what is no
-  /// number is "NaN", "Infinity" or "-Infinity".
+  /// rounding, with an exponent of at least two digits: "1E-06", "1.5E+15". Negative zero is "0"; values that
+  /// are no numbers are "NaN", "Infinity" and "-Infinity".
   std::string_view Write(double number, std::string& scratch) const;
 
-  /// All digits, however many. A text that is no decimal comes back as it is.
+  /// All digits, however many. A text that is no decimal comes back unchanged.
   std::string_view Write(platform::DecimalView number, std::string& scratch) const;
 
  private:

@@ -8,8 +8,9 @@
 
 namespace dralo::regional {
 
-/// Takes the text in quotation marks, or the character behind "\", that `rest` starts with: it is appended to
-/// `literal`. A missing second mark stands at the end; a "\" at the end is itself. False when there is none.
+/// Takes the text in quotation marks, or the character after a "\", at the start of `rest`, and appends it to
+/// `literal`. A missing second mark counts as standing at the end; a "\" at the end stands for itself. False
+/// when there is no literal.
 inline bool TakeLiteral(std::string_view& rest, std::string& literal) {
   if (rest.starts_with('"')) {
     const std::size_t end = std::min(rest.find('"', 1), rest.size());

@@ -13,7 +13,7 @@ void AddLiteralText(std::vector<PatternRun>& runs, std::string_view text) {
   runs.back().text += text;
 }
 
-/// Takes the quoted text that `rest` starts with, and its quotes, from `rest`; "''" stands for one quote.
+/// Takes the quoted text at the start of `rest`, with its quotes; "''" stands for one quote.
 void TakeQuoted(std::string_view& rest, std::vector<PatternRun>& runs) {
   const std::size_t end = std::min(rest.find('\'', 1), rest.size() - 1);
   AddLiteralText(runs, end == 1 ? "'" : rest.substr(1, end - 1));

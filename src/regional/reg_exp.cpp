@@ -20,8 +20,8 @@ namespace {
 using platform::Error;
 using SteadyClock = std::chrono::steady_clock;
 
-/// PCRE2 counts its steps anew at each place of the text, so a search is also cut into windows of places,
-/// with a look at the clock in between: steps times window is what one look can be late by.
+/// PCRE2 counts its steps anew at each place of the text. So a search is also cut into windows of places, and
+/// the clock is looked at between them; one look can be late by steps times window.
 constexpr std::uint32_t kMaxStepsPerPlace = 500'000;
 constexpr std::size_t kWindow = 256;
 constexpr std::chrono::milliseconds kMaxTime{1000};
@@ -91,7 +91,7 @@ Owned<pcre2_code> CompilePattern(std::string_view pattern, const platform::RegEx
                     " characters: " + Reason(error),
                 error);
   }
-  // Without a compiler for this processor the expression is interpreted, so that a failure is no error.
+  // Without a compiler for this processor the expression is interpreted, so a failure here is no error.
   pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
   return code;
 }

@@ -6,8 +6,8 @@
 
 namespace dralo::regional {
 
-/// A regular expression in the manner of ECMAScript, on text in UTF-8; no match is found within bytes that
-/// are no UTF-8, and such bytes stay as they are. Not for use by two threads at once.
+/// A regular expression in the manner of ECMAScript, for text in UTF-8; bytes that are no UTF-8 never match
+/// and stay as they are. Not for use by two threads at once.
 ///
 /// - "." matches no line break (CR or LF); "^" and "$" match at the ends of the text only, unless the
 ///   expression is multi-line. Classes such as "\w" and "\d" are ASCII, letters without case are Unicode's.

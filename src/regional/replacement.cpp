@@ -8,8 +8,8 @@
 namespace dralo::regional {
 namespace {
 
-/// The number of the group that `reference`, the text after a "$", names, and the digits it takes: two if
-/// there is such a group, else one. No digits when it names none.
+/// The number of the group that `reference`, the text after a "$", names, and how many digits it takes: two
+/// if there is such a group, else one. No digits when it names no group.
 struct GroupReference {
   std::size_t group = 0;
   std::size_t digits = 0;

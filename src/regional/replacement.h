@@ -7,9 +7,9 @@
 
 namespace dralo::regional {
 
-/// Appends `replacement` to `result`, "$1" to "$99", "$&" and "$$" replaced by what they stand for. `groups`
-/// are the start and end in `text` of the whole match and of every group of the expression; a group that took
-/// no part starts behind the end of `text`.
+/// Appends `replacement` to `result`, with "$1" to "$99", "$&" and "$$" replaced by what they stand for.
+/// `groups` are the start and end in `text` of the whole match and of every group of the expression; a group
+/// that took no part has a start beyond the end of `text`.
 void AppendReplacement(std::string_view replacement, std::string_view text,
                        std::span<const std::size_t> groups, std::string& result);
 

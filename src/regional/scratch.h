@@ -5,8 +5,8 @@
 
 namespace dralo::regional {
 
-/// Room for `size` bytes in `scratch`. It is not made smaller, so that a scratch that is used again and again
-/// costs neither an allocation nor the filling with zeros.
+/// Room for `size` bytes in `scratch`, which is never made smaller: one that is used again and again costs
+/// neither an allocation nor filling with zeros.
 inline char* Room(std::string& scratch, std::size_t size) {
   if (scratch.size() < size) scratch.resize(size);
   return scratch.data();

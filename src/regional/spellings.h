@@ -10,12 +10,11 @@ namespace dralo::regional {
 void AddEnglishMonths(std::vector<Spelling>& months);
 void AddEnglishDayHalves(std::vector<Spelling>& halves);
 
-/// Brings `spellings` in the form that they are looked up in: blanks plain, no full stop at the end, longest
-/// first, of equal texts the first alone. Drops what begins with a digit ("5月"), because there the number is
-/// read.
+/// Prepares `spellings` for FindSpelling(): blanks plain, no full stop at the end, longest first, of equal
+/// texts only the first. Drops those that begin with a digit ("5월"), because the number is read there.
 void TidySpellings(std::vector<Spelling>& spellings);
 
-/// The longest of `spellings` that `text` starts with, or nullptr.
+/// The longest of `spellings` with which `text` begins, or nullptr.
 const Spelling* FindSpelling(const std::vector<Spelling>& spellings, std::string_view text);
 
 }  // namespace dralo::regional

@@ -9,18 +9,18 @@
 namespace dralo::regional {
 
 /// Reads times of day: "10:30", "10:30:15", "10:30:15.25" (nine digits count), "10:30 PM", "3 PM". The half
-/// of the day is in the locale's language or English, after or before the time; it wants an hour from 0
+/// of the day is in the locale's language or English, after or before the time; the hour must then be from 0
 /// to 12.
 class TimeRecognizer {
  public:
   explicit TimeRecognizer(const LocaleFacts& facts);
 
-  /// Takes the time that `rest` starts with, whose blanks are plain (text::PlainWhiteSpace), and sets it in
+  /// Takes the time at the start of `rest`, whose blanks are plain (text::PlainWhiteSpace), and sets it in
   /// `time`. False, with both in any state, when there is none.
   bool Take(std::string_view& rest, platform::DateTime& time) const { return Take(rest, false, time); }
 
-  /// The same, and "." may stand for ":" where the locale writes that. Without a date before, that would be a
-  /// number or a date.
+  /// The same, but "." may stand for ":" where the locale writes that. Without a date in front that would be
+  /// a number or a date.
   bool TakeAfterDate(std::string_view& rest, platform::DateTime& time) const {
     return Take(rest, dots_separate_, time);
   }
@@ -28,7 +28,7 @@ class TimeRecognizer {
  private:
   bool Take(std::string_view& rest, bool dots_separate, platform::DateTime& time) const;
 
-  /// The half of the day that `rest` starts with; -1 when there is none.
+  /// Takes the half of the day at the start of `rest`; -1 when there is none.
   int TakeDayHalf(std::string_view& rest) const;
 
   std::vector<Spelling> day_halves_;

@@ -19,7 +19,7 @@ using platform::NumberKind;
 using platform::VariantView;
 
 /// Calls body(decimal text) with the number that the value is or spells; booleans are -1 and 0. False when it
-/// is none.
+/// is no number.
 template <class Body>
 bool WithNumber(const platform::Formatting& formatting, const VariantView& value, Body&& body) {
   if (const auto* number = std::get_if<std::int64_t>(&value)) return body(std::to_string(*number)), true;
@@ -34,8 +34,8 @@ bool WithNumber(const platform::Formatting& formatting, const VariantView& value
   return number.has_value();
 }
 
-/// A form of numbers: a `Writer` takes the text of a decimal and the scratch, and gives the result. What is
-/// no number comes back in its standard text.
+/// A form of numbers: a `Writer` is given the text of a decimal and the scratch, and returns the result. A
+/// value that is no number is written in its standard text.
 template <class Writer>
 class NumberFormat final : public FormatPattern {
  public:
@@ -68,7 +68,7 @@ std::unique_ptr<FormatPattern> PatternFormat(std::string_view pattern, const Pat
   });
 }
 
-/// One of two words.
+/// Writes one of two words.
 std::unique_ptr<FormatPattern> WordFormat(std::string_view other, std::string_view zero,
                                           const PatternContext& context) {
   return MakeNumberFormat(context, [other, zero](std::string_view decimal, std::string&) {
@@ -125,7 +125,7 @@ constexpr auto kNamedNumbers = std::to_array<Named>({
     {"Scientific", "0.00E+00"},
 });
 
-/// By what stands for a number that is not zero, and for zero.
+/// Name of the pattern, word for a number that is not zero, word for zero.
 constexpr auto kNamedWords = std::to_array<std::array<std::string_view, 3>>({
     {"Yes/No", "Yes", "No"},
     {"True/False", "True", "False"},
@@ -167,7 +167,7 @@ std::unique_ptr<FormatPattern> NamedDateFormat(std::string_view name, DatePatter
   return nullptr;
 }
 
-/// The pattern without its literals, to see what it is for.
+/// The pattern without its literals, to see what kind of pattern it is.
 std::string Placeholders(std::string_view pattern) {
   std::string placeholders;
   std::string literal;

@@ -9,14 +9,14 @@
 
 namespace dralo::regional {
 
-/// What patterns take from a locale; it must outlive them.
+/// What patterns need of a locale; it must outlive them.
 struct PatternContext {
   const platform::ValueFormatting& formatting;
   const NumberForms& numbers;
   const LocaleFacts& facts;
 };
 
-/// See platform::ValueFormatting::MakePattern(); `rule` has no 0 in it.
+/// See platform::ValueFormatting::MakePattern(); `rule` must not have a 0.
 std::unique_ptr<platform::FormatPattern> MakeValuePattern(std::string_view pattern, platform::WeekRule rule,
                                                           const PatternContext& context);
 
