@@ -11,10 +11,10 @@
 
 namespace dralo::database {
 
-/// Stands for a provider that was left out of the build, and says so.
+/// Takes the place of a provider that was left out of the build, and says so.
 class AbsentProvider final : public Provider {
  public:
-  /// `option` is the one of the build that brings it. All texts live as long as the process.
+  /// `option` is the build's option that includes the provider. All texts live as long as the process.
   AbsentProvider(std::initializer_list<std::string_view> names, std::string_view option)
       : names_(names), option_(option) {}
 

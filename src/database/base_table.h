@@ -11,10 +11,11 @@ namespace dralo::database {
 struct BaseTable {
   std::string name;
 
-  /// Per column of the result its name in the table; empty when it cannot be written.
+  /// For each column of the result its name in the table; empty when it cannot be written.
   std::vector<std::string> columns;
 
-  /// The columns of the result that together identify a row; none when no declared key is among them.
+  /// The columns of the result that together identify a row; none when the result has no key that the table
+  /// declares.
   std::vector<std::size_t> key;
 
   /// The column of the result that the database numbers by itself.

@@ -12,7 +12,8 @@ void ClientCursor::Load() {
   std::deque<Row> rows;
   while (cursor_->Step()) {
     if (max_records_ > 0 && std::cmp_greater_equal(rows.size(), max_records_)) {
-      // A statement that changes data fails at its end if what it did cannot be kept, so it has to get there.
+      // A statement that changes data may fail only at its end, when what it did cannot be kept; so it runs
+      // to its end.
       if (cursor_->ChangesData()) continue;
       break;
     }

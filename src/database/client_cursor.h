@@ -9,15 +9,16 @@
 
 namespace dralo::database {
 
-/// The rows of a statement in the client's own memory: all are read at the first Step(), after which the
-/// database holds no lock for them, so that others can change the rows while a person edits one.
-/// The current row can be changed in memory, and a row be added behind the others.
+/// The rows of a statement in the client's own memory. All are read at the first Step(); then the database
+/// holds no lock for them, so that others can change the rows while a person edits one. The current row can
+/// be changed in memory, and a row be added after the others.
 class ClientCursor final : public Cursor {
  public:
   struct Cell {
     platform::Variant value = {};
 
-    /// As the database compares it; nothing when that is not known, as of a default that the database chose.
+    /// As the database compares it; nothing when that is not known, for instance of a default that the
+    /// database chose.
     std::optional<platform::Variant> stored = {};
   };
   using Row = std::vector<Cell>;
@@ -43,14 +44,14 @@ class ClientCursor final : public Cursor {
   const Cell& At(std::size_t column) const { return current_[column]; }
   void Change(std::size_t column, Cell cell) { current_[column] = std::move(cell); }
 
-  /// Makes `row` the current one; it is the last.
+  /// Makes `row`, which is the last one, the current row.
   void Append(Row row);
 
  private:
   std::unique_ptr<Cursor> cursor_;
   std::int64_t max_records_;
   bool is_loaded_ = false;
-  std::deque<Row> rest_;  ///< The rows behind the current one.
+  std::deque<Row> rest_;  ///< The rows after the current one.
   Row current_;
 };
 

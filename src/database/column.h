@@ -17,12 +17,12 @@ struct Column {
   std::string name = {};
   platform::TypeCode type = platform::TypeCode::kVarWideChar;
 
-  /// Whether `type` stands in the table; otherwise the first value of the result decides.
+  /// Whether the table declares `type`; if not, the first value of the result decides.
   bool has_declared_type = false;
 
   bool is_nullable = true;
 
-  /// The database numbers it by itself, as far as that is known without asking for the table.
+  /// Whether the database numbers it by itself, as far as that is known without asking about the table.
   bool is_numbered = false;
 
   /// Characters of a text column; 0 when none are declared.
@@ -36,7 +36,7 @@ struct Column {
   /// See platform::Field::Comparison().
   platform::KeyComparison comparison = nullptr;
 
-  /// The column of a table that this one shows, unquoted; all empty for an expression.
+  /// The column of a table that this one shows, unquoted; all three are empty for an expression.
   std::string origin_database = {};
   std::string origin_table = {};
   std::string origin = {};

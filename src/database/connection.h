@@ -14,7 +14,7 @@ namespace dralo::database {
 
 class Recordset;
 
-/// Of connection strings that name none.
+/// For connection strings without Query Timeout.
 inline constexpr int kDefaultQueryTimeoutS = 30;
 
 /// A connection over a session of the pool. Always owned by a shared_ptr; open recordsets share it.
@@ -50,7 +50,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
   /// Whether a parent process opened it; its session and cursors must then be left alone.
   bool IsInherited() const noexcept { return session_ && !session_->BelongsToThisProcess(); }
 
-  /// Open recordsets, which Close() has to close first.
+  /// Open recordsets, which Close() must close first.
   void Attach(Recordset& recordset) { recordsets_.push_back(&recordset); }
   void Detach(Recordset& recordset) noexcept { std::erase(recordsets_, &recordset); }
 
@@ -60,7 +60,7 @@ class Connection final : public platform::Connection, public std::enable_shared_
   std::string connection_string_;
   int query_timeout_s_ = kDefaultQueryTimeoutS;
   PooledSession session_;
-  int begun_ = 0;  ///< Begin() without its Commit() or Rollback().
+  int begun_ = 0;  ///< How many Begin() have had no Commit() or Rollback().
   std::vector<Recordset*> recordsets_;
 };
 

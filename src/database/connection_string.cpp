@@ -39,7 +39,7 @@ std::string TakeQuoted(std::string_view& rest, char closing) {
   }
 }
 
-/// The value at the front of `rest`, which then stands behind the value's ";".
+/// Takes the value at the front of `rest`, and the ";" after it.
 std::string TakeValue(std::string_view& rest) {
   SkipBlanks(rest);
   std::string value;

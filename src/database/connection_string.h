@@ -7,32 +7,33 @@
 
 namespace dralo::database {
 
-/// A "key=value;" list. Keys are found in any letter case; of equal keys the last counts.
-/// Blanks around keys and values do not count. A value that holds ";" or blanks at its ends stands in double
-/// quotes, single quotes or braces; the closing one is doubled inside the value.
+/// A "key=value;" list. Keys are found in any letter case; of equal keys the last counts. Blanks around keys
+/// and values are ignored. A value that contains ";", or begins or ends with blanks, stands in double quotes,
+/// single quotes or braces; the closing one is doubled inside the value.
 class ConnectionString {
  public:
   struct Pair {
     std::string key;
     std::string value;
-    std::string source;  ///< As it stands in the text.
+    std::string source;  ///< The pair's text.
   };
 
   /// Throws platform::Error, without any part of the text, when a part has no "=" or a quote is not closed.
   explicit ConnectionString(std::string_view text);
 
-  /// Adds a pair that wins over equal keys in the text. Nothing when `value` is empty.
+  /// Adds a pair that wins over equal keys in the text. Adds nothing when `value` is empty.
   void Add(std::string_view key, std::string_view value);
 
   std::optional<std::string_view> Find(std::string_view key) const;
 
-  /// The value of `key` as a number of seconds up to a day. Throws platform::Error when it is none.
+  /// The value of `key` as a number of seconds up to a day; `otherwise` without the key. Throws
+  /// platform::Error when it is no such number.
   int Seconds(std::string_view key, int otherwise) const;
 
-  /// In the order of the text, then those added.
+  /// In the order of the text, followed by the added ones.
   const std::vector<Pair>& Pairs() const { return pairs_; }
 
-  /// The text given, without the pairs that hold a password.
+  /// The original text, without the pairs that hold a password.
   std::string WithoutPassword() const;
 
  private:

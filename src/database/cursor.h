@@ -11,7 +11,7 @@
 namespace dralo::database {
 
 /// A prepared statement and its position in the rows it yields: before the first row until the first Step().
-/// Does not outlive its session. Every function may throw platform::Error with the statement as its source.
+/// Must not outlive its session. Every function may throw platform::Error with the statement as its source.
 class Cursor {
  public:
   virtual ~Cursor() = default;
@@ -22,28 +22,28 @@ class Cursor {
   /// Step() when the tables were changed since the statement was prepared.
   virtual std::shared_ptr<const Columns> GetColumns() const = 0;
 
-  /// Before the first Step(): makes sure that the columns are those the tables have now. May run the
+  /// Before the first Step(): makes sure that the columns are those that the tables have now. May run the
   /// statement.
   virtual void FixColumns() = 0;
 
-  /// The type of a column. Without a declared type it is known from the first Step() on.
+  /// The type of a column. Without a declared type it is known after the first Step().
   virtual platform::TypeCode Type(std::size_t column) const = 0;
 
-  /// Takes the types of columns without a declared one from the current row, where the rows stand in the
-  /// database still.
+  /// Takes the types of columns without a declared one from the current row, if the rows are still in the
+  /// database.
   virtual void TakeTypes() {}
 
   /// Whether running the statement may change the database.
   virtual bool ChangesData() const = 0;
 
-  /// Before the first Step(): makes the database pass over `rows` rows.
-  /// Returns false, and has done nothing, when it cannot without changing the result.
+  /// Before the first Step(): makes the database skip `rows` rows. Returns false, and has done nothing, when
+  /// that would change the result.
   virtual bool Skip(std::int64_t rows) = 0;
 
   /// Goes to the next row, or runs a statement without rows. False at the end.
   virtual bool Step() = 0;
 
-  /// Ends the statement and gives up its locks; there is no row any more.
+  /// Ends the statement and gives up its locks; then there is no row any more.
   virtual void Stop() noexcept = 0;
 
   /// The value in the current row, of the kind that the type promises where it can be read so.
@@ -56,7 +56,7 @@ class Cursor {
   /// Rows changed by the statement, once it has run; -1 when the database does not tell.
   virtual std::int64_t RowsAffected() const = 0;
 
-  /// Where the rows can be written to. Throws platform::Error saying why they cannot.
+  /// The table that the rows can be written to. Throws platform::Error, which says why, when there is none.
   virtual const BaseTable& Table() = 0;
 
  protected:

@@ -2,16 +2,18 @@
 
 namespace dralo::database {
 
-/// Whether the host wants the statement that runs on this thread to end. Asked often, between other work.
+/// Whether the host wants the statement that runs on this thread to end. Asked often, while other work goes
+/// on.
 using WantsToStop = bool (*)() noexcept;
 
-/// For all connections of the process, from now on: a statement fails as soon as it is to stop. nullptr, as
+/// Sets this for all connections of the process: a statement fails as soon as the answer is yes. nullptr, as
 /// at the start, lets statements run.
 void StopStatementsWhen(WantsToStop wants_to_stop) noexcept;
 
 bool HostWantsToStop() noexcept;
 
-/// What is told of a statement that ran when the time of its page was over; see platform::StatementClock.
+/// The message for a statement that was running when the time of its page was over; see
+/// platform::StatementClock.
 inline constexpr char kTimeOfPageIsOver[] =
     "The statement was ended: all those of the page have taken longer than the Query Timeout";
 

@@ -16,7 +16,8 @@ namespace {
 
 using platform::DateTime;
 
-/// The name and the number that the text spells, between the other parts; "" when it spells none.
+/// The condition made of its parts, the name and the number that the text spells; "" when the text is no
+/// number.
 std::string WithNumber(std::string_view before_name, std::string_view name, std::string_view before_number,
                        std::string_view text, std::string_view behind) {
   const auto number = text::ParseDecimal(text);
@@ -40,7 +41,7 @@ std::string In(std::string_view name, const std::vector<std::string>& values) {
   return text += ')';
 }
 
-/// The usual spellings of one time of day.
+/// The usual spellings of the same time of day.
 std::vector<std::string> TimeTexts(const DateTime& time) {
   constexpr std::size_t kSeconds = std::string_view("HH:MM:SS").size();
   constexpr std::size_t kMinutes = std::string_view("HH:MM").size();
