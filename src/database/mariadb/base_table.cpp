@@ -31,7 +31,7 @@ const Column& FindSample(const Columns& columns, std::string_view text) {
   return *sample;
 }
 
-/// That the query names the table once, and nothing else by the table's name.
+/// Requires that the query names the table once, and nothing else by the table's name.
 void RequireNamedOnce(const Column& sample, std::string_view text) {
   const SelectShape shape = ShapeOf(text);
   const auto is_sample = [&](const NamedTable& named) {
@@ -43,8 +43,8 @@ void RequireNamedOnce(const Column& sample, std::string_view text) {
   if (count == 0) Refuse("no field shows a column of a table", text);
 }
 
-/// Per column of the result the column of the table that it shows, or "". One that comes again is not written
-/// twice.
+/// For each column of the result the column of the table that it shows, or "". A column that is shown twice
+/// is written only once.
 Names OwnColumns(const Columns& columns, const TableFacts& facts) {
   Names own;
   for (const Column& column : columns) {
@@ -55,7 +55,7 @@ Names OwnColumns(const Columns& columns, const TableFacts& facts) {
   return own;
 }
 
-/// The columns of the result that show the named ones; empty unless all are there.
+/// The columns of the result that show the named ones; empty unless all of them are shown.
 Key FindColumns(const Names& own, const Names& names) {
   Key key;
   for (const std::string& name : names) {

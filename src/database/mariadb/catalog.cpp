@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kPrimary = "PRIMARY";
 
-/// Names of tables are equal in any letter case there, which is not what they are elsewhere.
+/// The catalogue compares names of tables in any letter case; elsewhere they are compared exactly.
 constexpr std::string_view kQuery =
     "SELECT '' AS part_of, COLUMN_NAME, ORDINAL_POSITION FROM information_schema.COLUMNS "
     "WHERE TABLE_SCHEMA = ? AND TABLE_NAME = ? AND BINARY TABLE_NAME = ? "

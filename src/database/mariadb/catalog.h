@@ -10,11 +10,11 @@ class Session;
 
 using Names = std::vector<std::string>;
 
-/// What the server's catalogue tells of a table or view.
+/// What the server's catalogue says about a table or view.
 struct TableFacts {
   Names columns;  ///< None when there is no such table.
 
-  /// The columns of every unique index over whole values that are never Null; the primary key first.
+  /// The columns of each unique index over whole values that are never Null; the primary key first.
   std::vector<Names> keys;
 };
 

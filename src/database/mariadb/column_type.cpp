@@ -12,7 +12,7 @@ using platform::TypeCode;
 
 constexpr unsigned kBinaryCharacterSet = 63;
 constexpr unsigned kBytesPerCharacter = 4;             ///< In the character set of the connection.
-constexpr std::int64_t kMaxDeclaredSize = 10'000'000;  ///< Larger ones stand for "any length".
+constexpr std::int64_t kMaxDeclaredSize = 10'000'000;  ///< Larger ones mean "any length".
 
 struct Kind {
   TypeCode type;
@@ -52,7 +52,7 @@ Kind KindOfNumber(const MYSQL_FIELD& field) {
   }
 }
 
-/// Of a JSON document MySQL has a type of its own; as a text it has the character set "binary".
+/// For a JSON document MySQL has a type of its own; as a text it has the character set "binary".
 Kind KindOfOther(const MYSQL_FIELD& field) {
   switch (field.type) {
     case MYSQL_TYPE_BIT:
@@ -95,13 +95,13 @@ std::int64_t DefinedSize(TypeCode type, const MYSQL_FIELD& field) {
   return is_sized && size < kMaxDeclaredSize ? size : 0;
 }
 
-/// Null may be written to a timestamp, which makes it the present moment.
+/// A timestamp accepts Null, which makes it the present moment.
 bool IsNullable(const MYSQL_FIELD& field) {
   if (Has(field, AUTO_INCREMENT_FLAG)) return false;
   return !Has(field, NOT_NULL_FLAG) || field.type == MYSQL_TYPE_TIMESTAMP;
 }
 
-/// The names of tables and columns that the server tells for expressions are not those of any.
+/// The server also gives names of tables and columns for expressions, which are not real ones.
 void AddOrigin(const MYSQL_FIELD& field, Column& column) {
   if (field.org_table_length == 0 || field.org_name_length == 0) return;
   column.origin_database = field.db;

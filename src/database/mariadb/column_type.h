@@ -11,32 +11,32 @@ namespace dralo::database::mariadb {
 /// How the values of a column are read.
 enum class Reading {
   kInteger,
-  kUnsigned,  ///< Of 64 bits, of which half do not fit into those with a sign: an exact decimal.
+  kUnsigned,  ///< 64 bits without a sign, which may not fit into 64 bits with one: an exact decimal.
   kDouble,
   kSingle,  ///< The number that the server prints, which has fewer digits.
   kDecimal,
   kBoolean,
   kDateTime,
-  kTime,  ///< Those that are no time of day are texts.
+  kTime,  ///< Values that are no time of day are texts.
   kText,
   kBytes,
 };
 
 struct Reader {
   Reading reading = Reading::kText;
-  unsigned digits = 0;  ///< Of a time: behind the point of its seconds.
+  unsigned digits = 0;  ///< Of a time: the digits of its fraction of a second.
 };
 
-/// What is known of the columns of a statement that was prepared or run.
+/// What is known about the columns of a statement that was prepared or run.
 struct Description {
   std::shared_ptr<const Columns> columns = std::make_shared<const Columns>();
   std::vector<Reader> readers = {};
 };
 
-/// Of a result whose values come as they are stored.
+/// For a result whose values come as they are stored.
 Description Describe(const MYSQL_FIELD* fields, unsigned count);
 
-/// Of a result whose values all come as texts.
+/// For a result whose values all come as texts.
 Description DescribeTexts(const MYSQL_FIELD* fields, unsigned count);
 
 }  // namespace dralo::database::mariadb

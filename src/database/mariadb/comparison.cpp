@@ -6,8 +6,8 @@ namespace dralo::database::mariadb {
 
 using platform::TypeCode;
 
-/// A text compares without regard to letter case and accents; a single number has another last digit than the
-/// double that it is read as; bits (BIT(8)) compare as a number.
+/// Texts compare without regard to letter case and accents; a single-precision number has other last digits
+/// than the double that it is read as; bits (BIT(8)) compare as a number.
 std::string SameValue(const Column& column, const std::string& quoted_column) {
   switch (column.type) {
     case TypeCode::kSingle:
@@ -24,7 +24,7 @@ std::string SameValue(const Column& column, const std::string& quoted_column) {
   }
 }
 
-/// Days that are in no calendar, such as 0000-00-00, are kept, and read as Null.
+/// Dates that no calendar has, such as 0000-00-00, are stored, and read as Null.
 std::string NoValue(const Column& column, const std::string& quoted_column) {
   const bool is_date = column.type == TypeCode::kDbDate || column.type == TypeCode::kDbTimestamp;
   if (!is_date) return quoted_column + " IS NULL";

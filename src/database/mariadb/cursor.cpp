@@ -18,22 +18,23 @@ namespace {
 using platform::Error;
 using std::chrono::nanoseconds;
 
-/// By default a server gives the client a minute to take what it sends, and the statement 30 seconds to end.
+/// By default a server gives the client a minute to read what it sends, and the statement 30 seconds to end.
 constexpr std::chrono::seconds kPatienceOfServers{5};
 
-/// Reading that much takes less than opening a connection.
+/// Reading so much takes less time than opening a connection.
 constexpr int kShortRestRows = 500;
 constexpr std::size_t kShortRestBytes = 262'144;
 constexpr std::chrono::milliseconds kShortRestTime{100};
 
-/// To a few milliseconds, for a fraction of what the exact time costs: it is asked for at every row.
+/// Exact to a few milliseconds, at a fraction of the cost of the exact time: every row asks for it.
 nanoseconds Now() {
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
   return std::chrono::seconds(now.tv_sec) + nanoseconds(now.tv_nsec);
 }
 
-/// A part of the time that the server gives the statement, so that the rest can be read in what is left.
+/// A part of the time that the server gives the statement, so that the rest of the rows can be read in what
+/// is left.
 nanoseconds PatienceWith(std::chrono::seconds query_timeout) {
   if (query_timeout.count() == 0) return kPatienceOfServers;
   return std::min<nanoseconds>(kPatienceOfServers, nanoseconds(query_timeout) / 4);
@@ -67,7 +68,7 @@ Cursor::~Cursor() {
 void Cursor::Open() {
   std::unique_ptr<Statement> limited;
   if (max_records_ > 0 && kind_.is_select) limited = session_.TakeLimited(text_);
-  // A text that ends in an open comment swallows the limit.
+  // A text that ends in an open comment hides the limit.
   const bool has_limit = limited && limited->ParameterCount() == parameters_.Count() + 2;
   if (has_limit) {
     statement_ = std::move(limited);
@@ -105,7 +106,7 @@ void Cursor::Execute() {
   patience_ends_ = Now() + PatienceWith(session_.GetLink().QueryTimeout());
 }
 
-/// Else they are those of the last run.
+/// Needed only for a statement from the cache; the columns are those of its last run.
 void Cursor::FixColumns() {
   if (state_ != State::kPrepared || !statement_->WasKept()) return;
   session_.Settle();  // To close a statement while rows are open would wait for ever for an answer.
@@ -114,7 +115,7 @@ void Cursor::FixColumns() {
   Open();
 }
 
-/// Only where the server can: else the rows are read.
+/// Only with a limit in the statement; otherwise the caller reads the rows.
 bool Cursor::Skip(std::int64_t rows) {
   if (state_ != State::kPrepared || statement_->GetForm() != Form::kLimited) return false;
   offset_ += rows;
@@ -150,7 +151,7 @@ bool Cursor::NextRowAside() {
   if (rows_aside_ > 0) {
     const std::uint64_t behind = std::exchange(rows_aside_, 0) - 1;
     row_->Load(*aside_);
-    rows_aside_ = behind;  // None behind a row that cannot be read.
+    rows_aside_ = behind;  // None after a row that cannot be read.
     return true;
   }
   Stop();
@@ -158,7 +159,7 @@ bool Cursor::NextRowAside() {
   return false;
 }
 
-/// The current row stays where it is, as it may still be looked at.
+/// The current row stays valid, because it may still be read.
 void Cursor::PutRestAside() {
   state_ = State::kAside;
   aside_ = std::make_unique<SpoolFile>();
@@ -181,12 +182,12 @@ void Cursor::Stop() noexcept {
   try {
     Leave();
   } catch (const std::exception&) {
-    static_cast<void>(session_.Leave());  // The next statement says what is wrong with the connection.
+    static_cast<void>(session_.Leave());  // The next statement reports what is wrong with the connection.
     Abandon();
   }
 }
 
-/// What is left of a result that cannot be read must not be taken for the answer to the next statement.
+/// The rest of a result that cannot be read must not be taken for the answer to the next statement.
 void Cursor::Abandon() noexcept {
   if (!statement_->HasOpenResult() || session_.Leave()) return;
   try {

@@ -20,8 +20,8 @@ namespace dralo::database::mariadb {
 
 class Session;
 
-/// A prepared statement of the session while it is in use. A query runs at the first Step(), everything else
-/// at once.
+/// A prepared statement of the session while it is in use. A query runs at the first Step(), any other
+/// statement at once.
 ///
 /// The rows come from the server one by one, so that the longest result takes no more memory than a short
 /// one. But a connection carries one result at a time. Before another statement is sent, and when a page
@@ -55,8 +55,8 @@ class Cursor final : public database::Cursor {
   std::int64_t RowsAffected() const override { return statement_->RowsAffected(); }
   const BaseTable& Table() override;
 
-  /// Reads the rows that the server is still sending, for later. What fails then is said when they are asked
-  /// for.
+  /// Reads the rows that the server is still sending, for later. A failure is reported when these rows are
+  /// asked for.
   void PutRestAside();
 
  private:
@@ -81,8 +81,8 @@ class Cursor final : public database::Cursor {
   std::unique_ptr<Row> row_;
   std::chrono::nanoseconds patience_ends_ = {};
   std::unique_ptr<SpoolFile> aside_;
-  std::uint64_t rows_aside_ = 0;  ///< That are to be read still.
-  std::exception_ptr failure_;    ///< Behind the rows aside.
+  std::uint64_t rows_aside_ = 0;  ///< How many are still to be read.
+  std::exception_ptr failure_;    ///< Reported after the rows aside.
   std::map<std::size_t, std::string> stored_texts_;
   std::optional<BaseTable> table_;
 };

@@ -15,7 +15,7 @@ void Find(void* library, const char* name, Function& function) {
   throw platform::Error("MariaDB's client library is too old; libmariadb 3.3 or newer is needed");
 }
 
-/// Its first use of all would otherwise be in several threads at once.
+/// The library must not be used for the first time by several threads at once.
 Library Load() {
   void* const library = dlopen("libmariadb.so.3", RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {

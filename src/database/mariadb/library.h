@@ -5,9 +5,9 @@
 namespace dralo::database::mariadb {
 
 /// The functions of MariaDB's client library that are used. The library is loaded when the first page
-/// connects, so that a host without MariaDB needs none.
+/// connects, so that a host without MariaDB does not need it.
 struct Library {
-  /// Throws platform::Error saying what to install when the library is not there or is too old.
+  /// Throws platform::Error, which says what to install, when the library is missing or too old.
   static const Library& Get();
 
 #define DRALO_MARIADB_FUNCTIONS(USE) \

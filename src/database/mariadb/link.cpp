@@ -21,24 +21,23 @@ using platform::Error;
 using Seconds = std::chrono::seconds;
 using Milliseconds = std::chrono::milliseconds;
 
-/// The server's own message about its limit comes first.
+/// Lets the server's own message about its limit come first.
 constexpr Seconds kGrace{2};
 
 /// How often the host is asked whether it wants to stop.
 constexpr Milliseconds kSlice{100};
 
-/// The library runs its calls on a stack of their own while they wait. Its usual 60 KB are few for looking up
-/// a name or for TLS.
+/// The library runs its calls on a stack of their own while they wait. The usual 60 KB are not enough for
+/// looking up a name or for TLS.
 constexpr std::size_t kStackBytes = 262'144;
 
-/// With limits of its own, however long, the library can be told that time is up.
+/// The library can be told that time is up only when it has a limit of its own, however long.
 constexpr unsigned kNoLimitS = 1'000'000;
 
-/// Also of a node that has lost its cluster (1047), for another host may serve then.
+/// Includes a node that has lost its cluster (1047), because another host may still serve.
 constexpr unsigned kLost[] = {2006, 2013, 2055, 1053, 1927, 4031, 1047};
 
-/// Wrong users, passwords and databases, which are so on every host; trying all of them could lock the user
-/// out.
+/// Wrong users, passwords and databases are wrong on every host; trying all of them could lock the user out.
 constexpr int kRefusals[] = {1044, 1045, 1049, 1698};
 
 std::string OneLine(std::string_view message) {
@@ -108,7 +107,7 @@ void Link::ConnectTo(const Options::Host& host) {
       },
       [&](int events) { return library_.mysql_real_connect_cont(&connected, Handle(), events); });
   if (connected == nullptr) throw LastError({});
-  // The library goes on in clear where the server has no encryption, whatever it was told.
+  // When the server has no encryption, the library goes on without, whatever it was told.
   const bool must_be_encrypted = options_.ssl_mode >= SslMode::kRequired;
   if (must_be_encrypted && library_.mysql_get_ssl_cipher(Handle()) == nullptr) {
     throw Error("the server offers no encryption, which the SSL Mode of the connection string asks for");
@@ -121,10 +120,10 @@ void Link::SetOptions() {
   };
   set(MYSQL_OPT_NONBLOCK, kStackBytes);
   for (const mysql_option limit : {MYSQL_OPT_READ_TIMEOUT, MYSQL_OPT_WRITE_TIMEOUT}) set(limit, kNoLimitS);
-  // Looking up names and beginning to encrypt is not left to the caller's waiting.
+  // The library looks up names and starts encryption without letting the caller wait for them.
   const auto limit_s = static_cast<unsigned>(options_.connect_timeout_s);
   set(MYSQL_OPT_CONNECT_TIMEOUT, limit_s > 0 ? limit_s : kNoLimitS);
-  set(MYSQL_OPT_LOCAL_INFILE, 0U);  // A server could ask for any file of this host.
+  set(MYSQL_OPT_LOCAL_INFILE, 0U);  // A server could ask for any file of this machine.
   library_.mysql_options(Handle(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
   set(MYSQL_OPT_SSL_ENFORCE, static_cast<my_bool>(options_.ssl_mode != SslMode::kDisabled));
   set(MYSQL_OPT_SSL_VERIFY_SERVER_CERT, static_cast<my_bool>(options_.ssl_mode == SslMode::kVerified));
@@ -135,7 +134,7 @@ void Link::SetOptions() {
   }
 }
 
-/// MySQL limits queries only, and in milliseconds.
+/// MySQL limits only queries, and in milliseconds.
 void Link::LimitStatements() {
   if (options_.query_timeout_s == 0) return;
   const std::string limit = std::to_string(options_.query_timeout_s);
@@ -150,7 +149,7 @@ Link::Deadline Link::EndOfPatience() const {
   return Clock::now() + Seconds(options_.query_timeout_s) + kGrace;
 }
 
-/// What has happened of the events that the library awaits; that time is up when the deadline has passed,
+/// Which of the events that the library awaits have happened; "time is up" when the deadline has passed,
 /// which makes its call fail.
 int Link::Wait(int awaited, Deadline deadline) {
   const auto asked = [&](int event, int flag) { return (awaited & event) != 0 ? flag : 0; };
@@ -258,7 +257,7 @@ void Link::Reset() {
   LimitStatements();
 }
 
-/// Without a farewell, for which the library would read to the end of what the server is sending.
+/// Without a goodbye, for which the library would first read everything that the server is sending.
 void Link::Drop() noexcept {
   if (!handle_) return;
   shutdown(library_.mysql_get_socket(Handle()), SHUT_RDWR);

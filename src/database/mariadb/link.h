@@ -13,26 +13,27 @@
 
 namespace dralo::database::mariadb {
 
-/// A connection to a server, which never waits longer than the connection string allows: every call of the
-/// library has one deadline, however many packets it sends and reads. A connection that misses one is given
-/// up, and so is one that is waited for while the host wants to stop.
+/// A connection to a server that never waits longer than the connection string allows: every call of the
+/// library has one deadline, however many packets it sends and reads. A connection that misses a deadline is
+/// given up, and so is one that is waited for while the host wants to stop.
 class Link {
  public:
   using Clock = std::chrono::steady_clock;
-  using Deadline = std::optional<Clock::time_point>;  ///< Nothing waits for ever.
+  using Deadline = std::optional<Clock::time_point>;  ///< Without a value: waits for ever.
 
-  /// Throws platform::Error when no host lets in, or none answers within the time.
+  /// Throws platform::Error when no host accepts the connection, or none answers in time.
   explicit Link(const Options& options);
 
-  /// Again, after Drop() or when it is dead. What belonged to the old connection is gone.
+  /// Connects again, after Drop() or when the connection is dead. What belonged to the old connection is
+  /// gone.
   void Connect();
 
   MYSQL* Handle() const { return handle_.get(); }
 
-  /// Another number for every connection.
+  /// A number that every new connection changes.
   int Generation() const { return generation_; }
 
-  /// Calls start(), then goes on with it by proceed(events) whenever the server has answered.
+  /// Calls start(), then proceed(events) each time the server has answered, until the call is done.
   template <class Start, class Proceed>
   void Await(const Start& start, const Proceed& proceed) {
     int awaited = start();
@@ -44,17 +45,17 @@ class Link {
   /// Runs a statement without rows as a text. Throws platform::Error.
   void Run(std::string_view text) { Run(text, text); }
 
-  /// The same, where `source` is what a page has given for it. Its rows are to be taken then.
+  /// The same; `source` is the page's text for it. If it yields rows, they must be read next.
   void Run(std::string_view text, std::string_view source);
 
-  /// Whether a statement that is run next is a part of an open transaction.
+  /// Whether the next statement would be part of an open transaction.
   bool IsInTransaction() const;
 
-  /// Whether a statement inside a transaction has failed since this was asked last: it may have been the end
-  /// of the transaction, which IsInTransaction() knows after the server's next answer.
+  /// Whether a statement inside a transaction has failed since the last time this was asked. The failure may
+  /// have ended the transaction; IsInTransaction() knows that only after the server's next answer.
   bool TakeDoubt() { return std::exchange(is_transaction_in_doubt_, false); }
 
-  /// The server's last statement has failed. `text` is its source.
+  /// The error of the server's last statement, which has failed. `text` becomes its source.
   platform::Error LastError(std::string_view text);
   platform::Error MakeError(unsigned number, const char* state, const char* message, std::string_view text);
 
@@ -66,7 +67,7 @@ class Link {
   /// The database that the connection string names.
   const std::string& FirstDatabase() const { return options_.database; }
 
-  /// While it lives, all calls together have only so much time, which never waits for ever.
+  /// While it lives, all calls together have only this much time, even when there is no other limit.
   class Haste {
    public:
     Haste(Link& link, Clock::duration time) : link_(link) { link_.hurried_until_ = Clock::now() + time; }
@@ -81,7 +82,7 @@ class Link {
   /// How long a statement may take; 0 for ever.
   std::chrono::seconds QueryTimeout() const { return std::chrono::seconds(options_.query_timeout_s); }
 
-  /// Whether the server has said nothing; between statements that could only be a farewell.
+  /// Whether the server has sent nothing; between statements that could only be a goodbye.
   bool IsQuiet() const noexcept;
 
   /// Whether the server answers. Never throws.
@@ -90,10 +91,10 @@ class Link {
   /// Whether the server is a node of a Galera cluster.
   bool IsInCluster();
 
-  /// Takes back all that was done to the session on the server, also the prepared statements.
+  /// Undoes all that was done to the session on the server; its prepared statements are gone too.
   void Reset();
 
-  /// Leaves the connection at once, with whatever the server is sending. Connect() opens another.
+  /// Leaves the connection at once, whatever the server is sending. Connect() opens another.
   void Drop() noexcept;
 
  private:
@@ -116,7 +117,7 @@ class Link {
   Deadline hurried_until_;
   bool is_connecting_ = false;
   bool is_given_up_ = false;
-  bool is_stopped_ = false;  ///< It was given up because the host wanted to.
+  bool is_stopped_ = false;  ///< It was given up because the host wanted to stop.
   bool is_dead_ = false;
   bool is_transaction_in_doubt_ = false;
   int generation_ = 0;

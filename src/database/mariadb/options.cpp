@@ -18,7 +18,7 @@ using platform::Error;
 
 struct KnownKey {
   std::string_view name;
-  std::string Options::*text = nullptr;  ///< Where the value goes as it is.
+  std::string Options::*text = nullptr;  ///< Where an unchanged value goes.
 };
 
 // clang-format off
@@ -34,7 +34,7 @@ constexpr std::pair<std::string_view, std::string_view> kOtherNames[] = {
 };
 // clang-format on
 
-/// Does not name the key that is unknown: it may be a part of a password with ";" in it.
+/// The message does not name the unknown key: it may be part of a password that contains ";".
 const KnownKey& FindKey(std::string_view name) {
   for (const auto& [other, known] : kOtherNames) {
     if (text::EqualAscii(other, name)) name = known;
@@ -60,7 +60,7 @@ int ReadSeconds(std::string_view key, std::string_view text, int otherwise) {
               std::string(key) + "=" + std::to_string(otherwise));
 }
 
-/// The client library checks a certificate as a whole: with its name, or not at all.
+/// The client library checks a certificate completely, with its name, or not at all.
 SslMode ReadSslMode(std::string_view text) {
   constexpr std::pair<std::string_view, SslMode> kModes[] = {
       {"Disabled", SslMode::kDisabled}, {"None", SslMode::kDisabled},     {"Preferred", SslMode::kPreferred},
@@ -123,7 +123,7 @@ void Take(Parts& parts, const KnownKey& key, const std::string& value) {
   }
 }
 
-/// Whoever names authorities wants the server to be checked.
+/// Naming authorities means that the server must be checked.
 SslMode SslModeOf(const Parts& parts) {
   const bool has_authorities = !parts.options.ssl_authorities.empty();
   if (!parts.ssl_mode) return has_authorities ? SslMode::kVerified : SslMode::kDisabled;

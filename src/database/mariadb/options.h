@@ -13,7 +13,7 @@ inline constexpr int kDefaultQueryTimeoutS = 30;
 /// How the connection is encrypted.
 enum class SslMode {
   kDisabled,
-  kPreferred,  ///< Where the server can.
+  kPreferred,  ///< If the server can.
   kRequired,   ///< Whoever the server is.
   kVerified,   ///< The server has a certificate for the name of its host, signed by a known authority.
 };
@@ -21,11 +21,11 @@ enum class SslMode {
 /// What a connection string says about a MariaDB or MySQL database.
 struct Options {
   struct Host {
-    std::string name = "127.0.0.1";  ///< A socket's file begins with "/".
+    std::string name = "127.0.0.1";  ///< The file of a socket begins with "/".
     unsigned port = 3306;
   };
 
-  std::vector<Host> hosts;  ///< To be tried in this order; at least one.
+  std::vector<Host> hosts;  ///< Tried in this order; at least one.
   std::string database;
   std::string user;
   std::string password;
@@ -35,7 +35,7 @@ struct Options {
   int query_timeout_s = kDefaultQueryTimeoutS;      ///< 0 waits for ever.
 };
 
-/// Throws platform::Error saying what to write when the connection string is not understood.
+/// Throws platform::Error, which says what to write, when the connection string is not understood.
 Options ReadOptions(const ConnectionString& connection_string);
 
 }  // namespace dralo::database::mariadb

@@ -13,7 +13,7 @@ using platform::Variant;
 MYSQL_BIND BindOfBytes(enum_field_types type, const void* data, std::size_t size) {
   MYSQL_BIND bind{};
   bind.buffer_type = type;
-  bind.buffer = const_cast<void*>(data);  // Only read by the library.
+  bind.buffer = const_cast<void*>(data);  // The library only reads it.
   bind.buffer_length = bind.length_value = static_cast<unsigned long>(size);
   return bind;
 }
@@ -22,7 +22,7 @@ MYSQL_BIND BindOfFixed(enum_field_types type, const void* data) { return BindOfB
 
 }  // namespace
 
-/// A time of day goes as a text, which is compared and stored as a time where it meets one.
+/// A time of day is sent as a text; compared with a time, or stored as one, it becomes a time.
 struct ParameterBinder {
   Parameters::Slot& slot;
 
@@ -55,7 +55,7 @@ struct ParameterBinder {
     return BindOfBytes(MYSQL_TYPE_STRING, text.data(), text.size());
   }
   MYSQL_BIND operator()(const platform::Bytes& bytes) const {
-    static constexpr std::uint8_t kNoByte = 0;  // A null pointer would stand for Null.
+    static constexpr std::uint8_t kNoByte = 0;  // A null pointer would mean Null.
     return BindOfBytes(MYSQL_TYPE_BLOB, bytes.empty() ? &kNoByte : bytes.data(), bytes.size());
   }
 };

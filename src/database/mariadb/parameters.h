@@ -11,7 +11,7 @@
 
 namespace dralo::database::mariadb {
 
-/// The values of the "?" of a statement, in memory that the library reads. They stay where they are.
+/// The values of the "?" of a statement, in memory that the library reads. The values do not move.
 class Parameters {
  public:
   explicit Parameters(std::span<const platform::Variant> values);
@@ -21,7 +21,8 @@ class Parameters {
   /// How many the page has given.
   std::size_t Count() const { return values_.size(); }
 
-  /// Binds all, with a limit and an offset behind them where `has_limit` says that the statement takes these.
+  /// Binds all of them, and after them a limit and an offset when the statement takes these, as `has_limit`
+  /// says.
   MYSQL_BIND* Bind(bool has_limit, std::int64_t limit, std::int64_t offset);
 
  private:

@@ -20,7 +20,7 @@ bool Provider::IsCalled(std::string_view name) const {
   return text::EqualAscii(name, "MariaDB") || text::EqualAscii(name, "MySQL");
 }
 
-/// Of the pairs as they were given: reading them as options would cost every page more.
+/// Made of the pairs as they were given: reading them as options would cost every page more.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
   std::string key = "MariaDB";
   for (const ConnectionString::Pair& pair : connection_string.Pairs()) {

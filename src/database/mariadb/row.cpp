@@ -15,10 +15,10 @@ namespace {
 using platform::DateTime;
 using platform::VariantView;
 
-/// Texts that are longer are read by a second call, once.
+/// Longer texts need a second call, once.
 constexpr std::size_t kFirstRoom = 256;
 
-/// A day that is in no calendar, as of "no date", counts as absent.
+/// A date that no calendar has, such as "no date", counts as absent.
 VariantView ValidOrNull(const DateTime& time) { return time.IsValid() ? VariantView(time) : VariantView{}; }
 
 VariantView ReadDateTime(const MYSQL_TIME& time) {
@@ -109,7 +109,7 @@ std::span<const char> Row::Cell::Fixed() const {
 
 std::span<char> Row::Cell::Fixed() {
   const std::span<const char> same = std::as_const(*this).Fixed();
-  return {const_cast<char*>(same.data()), same.size()};  // This object's own.
+  return {const_cast<char*>(same.data()), same.size()};  // This object's own memory.
 }
 
 void Row::Bind(MYSQL_STMT* statement) {
@@ -204,7 +204,7 @@ void Row::Save(SpoolFile& spool) const {
   }
 }
 
-/// No size is believed beyond what there is and where it goes.
+/// A size is not believed when it exceeds what is left or does not fit its target.
 void Row::Load(SpoolFile& spool) {
   for (Cell& cell : cells_) {
     char mark = 0;

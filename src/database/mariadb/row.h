@@ -13,18 +13,18 @@
 
 namespace dralo::database::mariadb {
 
-/// The current row of a result, in memory that the library fills. It stays where it is.
+/// The current row of a result, in memory that the library fills. The memory does not move.
 class Row {
  public:
   explicit Row(const std::vector<Reader>& readers);
   Row(const Row&) = delete;
   Row& operator=(const Row&) = delete;
 
-  /// Tells the library where the row is. Throws platform::Error.
+  /// Tells the library where to put the row. Throws platform::Error.
   void Bind(MYSQL_STMT* statement);
 
-  /// After a fetch that has cut values: gives them room and reads them whole. More room is bound for the rows
-  /// behind. Throws platform::Error.
+  /// After a fetch that has cut values: makes room and reads them completely. The larger room is bound for
+  /// the following rows too. Throws platform::Error.
   void ReadCutValues(MYSQL_STMT* statement);
 
   /// Copies a row of texts; a null pointer is Null.
@@ -32,16 +32,16 @@ class Row {
 
   platform::VariantView Value(std::size_t column);
 
-  /// Of the values that have no fixed size.
+  /// Of those values that have no fixed size.
   std::size_t ByteCount() const;
 
   void Save(SpoolFile& spool) const;
 
-  /// Takes the next row of those that were saved. Throws platform::Error when it is not there as a whole.
+  /// Reads the next saved row. Throws platform::Error when it is not complete.
   void Load(SpoolFile& spool);
 
  private:
-  /// One value: a number or a time, or bytes of which `size` count.
+  /// One value: a number or a time, or bytes, of which `size` count.
   struct Cell {
     Reader reader = {};
     my_bool is_null = 0;
@@ -54,7 +54,7 @@ class Row {
 
     std::string_view Text() const { return std::string_view(bytes).substr(0, size); }
 
-    /// Where the number or the time is; empty of a value that is kept as bytes.
+    /// The number or the time; empty for a value that is kept as bytes.
     std::span<const char> Fixed() const;
     std::span<char> Fixed();
   };

@@ -33,7 +33,8 @@ bool IsWordCharacter(char c) {
 
 bool IsQuote(char c) { return c == '"' || c == '\'' || c == '`'; }
 
-/// Bytes of the text in quotes at the front. Outside of names a backslash keeps the sign behind it.
+/// How many bytes the quoted text at the front takes. Except in names, a backslash protects the character
+/// after it.
 std::size_t QuotedSize(std::string_view text) {
   const char quote = text.front();
   for (std::size_t i = 1; i < text.size(); ++i) {
@@ -46,7 +47,7 @@ std::size_t QuotedSize(std::string_view text) {
   return text.size();
 }
 
-/// Bytes of the comment at the front; 0 when there is none.
+/// How many bytes the comment at the front takes; 0 when there is none.
 std::size_t CommentSize(std::string_view text) {
   const bool is_line =
       text.starts_with('#') || (text.starts_with("--") && (text.size() == 2 || text::IsAsciiSpace(text[2])));
@@ -61,7 +62,7 @@ std::size_t TokenSize(std::string_view text) {
   return std::max<std::size_t>(static_cast<std::size_t>(end - text.begin()), 1);
 }
 
-/// What is outside of parentheses, each pair of which is one token "(".
+/// What stands outside parentheses; each pair of them is one token "(".
 Tokens OuterTokens(std::string_view text) {
   Tokens tokens;
   int depth = 0;
@@ -92,7 +93,7 @@ bool IsName(std::string_view token) {
   return token.front() == '`' || token.front() == '"' || IsWordCharacter(token.front());
 }
 
-/// "[database.]table [[AS] alias]" and what may stand behind it.
+/// "[database.]table [[AS] alias]" and what may follow it.
 NamedTable TableOf(std::span<const std::string_view> tokens) {
   NamedTable named;
   if (tokens.empty() || !IsName(tokens[0])) return named;
@@ -123,7 +124,7 @@ std::vector<NamedTable> TablesOf(std::span<const std::string_view> tokens) {
   return tables;
 }
 
-/// Behind the last "ORDER BY" up to the end, when nothing else follows it.
+/// Reads from the last "ORDER BY" to the end, if nothing else follows it.
 void ReadOrder(const Tokens& tokens, SelectShape& shape) {
   for (std::size_t i = tokens.size(); i-- > 1;) {
     if (IsAny(tokens[i], kBehindOrder)) return;

@@ -6,24 +6,25 @@
 
 namespace dralo::database::mariadb {
 
-/// A table that a query names behind its FROM.
+/// A table that a query names in its FROM.
 struct NamedTable {
   std::string database;  ///< Empty for the current one.
-  std::string table;     ///< Empty for a subquery and for whatever is not understood.
-  std::string alias;     ///< What the query calls it: the table's own name when it has no other.
+  std::string table;     ///< Empty for a subquery and for anything that is not understood.
+  std::string alias;     ///< The name that the query uses: the table's own name when it has no other.
 };
 
-/// What the words of a query tell about it outside of its parentheses.
+/// What the words of a query outside its parentheses say about it.
 struct SelectShape {
-  /// One SELECT with a FROM, without common tables, and no other one behind it.
+  /// It is one SELECT with a FROM, without common table expressions, and nothing is joined to it by UNION or
+  /// the like.
   bool is_simple = false;
 
-  /// Its rows are those of its tables: none are left out or put together.
+  /// Its rows are those of its tables: none are left out or combined.
   bool has_rows_of_tables = false;
 
   bool ends_with_order = false;
 
-  /// Of such an order: the last field goes down.
+  /// Of such an order: the last field is in descending order.
   bool is_descending = false;
 
   std::vector<NamedTable> tables = {};

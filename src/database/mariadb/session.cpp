@@ -17,10 +17,10 @@ namespace {
 
 using platform::Error;
 
-/// A host that has vanished says no farewell; after that long a question is worth its round trip.
+/// A host that has vanished says no goodbye; after so long a rest a question is worth its round trip.
 constexpr std::chrono::seconds kLongRest{30};
 
-/// For what is done between two users, of whom the next can as well have another session.
+/// For the work between two users; if it takes longer, the next user can as well have another session.
 constexpr std::chrono::seconds kTimeBetweenUsers{2};
 
 constexpr int kTooManyPrepared = 1461;
@@ -76,7 +76,7 @@ void Session::Settle() {
   if (was_left_) Connect();
 }
 
-/// Also before a statement is closed: the client library would throw the rest of the open result away.
+/// Also needed before a statement is closed: the client library would discard the rest of the open result.
 void Session::PutReadAside() {
   if (Cursor* const cursor = std::exchange(reading_, nullptr)) cursor->PutRestAside();
 }
@@ -88,7 +88,8 @@ std::unique_ptr<Statement> Session::TakePlain(std::string_view text, const State
   return MakeStatement(text, Form::kPlain, std::string(text));
 }
 
-/// A server has room for so many prepared statements of all its sessions; those that are only kept go then.
+/// A server has room for a number of prepared statements of all its sessions. When it is full, those that are
+/// only kept for reuse are closed.
 std::unique_ptr<Statement> Session::MakeStatement(std::string_view text, Form form, const std::string& sql) {
   try {
     return std::make_unique<Statement>(link_, text, form, sql);
@@ -99,7 +100,7 @@ std::unique_ptr<Statement> Session::MakeStatement(std::string_view text, Form fo
   return std::make_unique<Statement>(link_, text, form, sql);
 }
 
-/// Where the limit is refused, the text as it is tells whether it is wrong itself.
+/// When the limit is refused, running the unchanged text shows whether that itself is wrong.
 std::unique_ptr<Statement> Session::TakeLimited(std::string_view text) {
   if (auto kept = cache_.Take(text, Form::kLimited)) return kept;
   if (cache_.RefusesLimit(text)) return nullptr;
@@ -131,9 +132,9 @@ std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, st
   return MakeStatement(text, form, plain + std::string(behind));
 }
 
-/// The query with the keys of its tables behind its order, in the direction of the last field so that an
-/// index can serve for all: rows whose fields are equal would else come in another order on another page.
-/// Empty where there is no order, or where not every table and its key are known.
+/// The query with the keys of its tables added to its order; otherwise rows with equal fields could have
+/// another order on another page. The keys have the direction of the last field, so that an index can serve
+/// for all. Empty when there is no order, or when a table or its key is not known.
 std::string Session::OrderedByKey(std::string_view text) {
   const SelectShape shape = ShapeOf(text);
   if (!shape.ends_with_order || !shape.has_rows_of_tables) return {};
@@ -151,8 +152,8 @@ std::string Session::OrderedByKey(std::string_view text) {
   return ordered;
 }
 
-/// The first key of the table; empty when it has none, or is none that is known, which may be so no longer
-/// the next time.
+/// The first key of the table; empty when the table has none or does not exist, which is not remembered,
+/// because it may change.
 Names Session::KeyOf(const std::string& database, const std::string& table) {
   std::pair name(database.empty() ? CurrentDatabase() : database, table);
   const auto known = keys_.find(name);
@@ -191,7 +192,7 @@ void Session::Rollback() noexcept {
   }
 }
 
-/// A deadlock, or in a cluster a commit that came second.
+/// After a deadlock, or after a commit in a cluster that another one has overtaken.
 bool Session::MayRepeatAfter(const Error& error) const {
   return error.SqlState() == kConflict && !transactions_.AreOpen();
 }
@@ -205,7 +206,7 @@ bool Session::IsAlive() noexcept {
   return link_.Answers();
 }
 
-/// Somebody may have given a table another key. The orders of statements are made from the keys.
+/// A table may have got another key, and the orders of statements are made from the keys.
 void Session::ForgetOldKeys() noexcept {
   const auto now = std::chrono::steady_clock::now();
   if (now - keys_since_ < kLifeOfKeys) return;
@@ -214,8 +215,8 @@ void Session::ForgetOldKeys() noexcept {
   cache_.Clear();
 }
 
-/// The reset keeps the current database. A session on a node of a cluster would no longer wait for what was
-/// saved on other nodes, whatever its settings say.
+/// The server's reset keeps the current database. After it, a session on a node of a cluster would no longer
+/// wait for what was saved on other nodes, whatever its settings say.
 bool Session::Reset() noexcept {
   last_use_ = std::chrono::steady_clock::now();
   const bool is_elsewhere = has_left_database_ || CurrentDatabase() != link_.FirstDatabase();

@@ -59,20 +59,20 @@ class Session final : public database::Session {
 
   Link& GetLink() { return link_; }
 
-  /// The database that tables without one are looked for in.
+  /// The database in which tables without one are looked for.
   std::string CurrentDatabase() const;
 
-  /// The statement for the text of a page as it is. Throws platform::Error when it is not accepted.
+  /// The statement for the unchanged text of a page. Throws platform::Error when it is not accepted.
   std::unique_ptr<Statement> TakePlain(std::string_view text, const StatementKind& kind);
 
-  /// The statement with a limit behind the text; nullptr when it cannot have one.
+  /// The statement with a limit after the text; nullptr when it cannot have one.
   std::unique_ptr<Statement> TakeLimited(std::string_view text);
 
   /// Drops what is kept for the text.
   void Forget(std::string_view text);
 
   /// A statement that could not be ended takes its connection with it. A change that yields rows is not kept:
-  /// that its columns are others now would show only when it was carried out.
+  /// that its columns are different now would show only after it was carried out.
   void GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept;
 
   /// What `run`, which runs a statement of that kind, returns. Should the connection be lost, or have been
@@ -90,16 +90,16 @@ class Session final : public database::Session {
     return run();
   }
 
-  /// Before anything is sent: has the cursor that is reading put the rest of its rows aside. Opens a
-  /// connection that was left anew.
+  /// Before anything is sent: has the cursor that is reading put the rest of its rows aside. Opens a new
+  /// connection when the last one was left.
   void Settle();
   void PutReadAside();
 
   /// The cursor that is reading; nullptr when none is.
   void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }
 
-  /// Before a statement is run, which may leave something even if it fails. Throws platform::Error where the
-  /// transaction that it would be a part of is gone.
+  /// Before a statement is run, which may have effects even if it fails. Throws platform::Error when the
+  /// transaction that it would be part of is gone.
   void Expect(const StatementKind& kind, std::string_view text);
 
   /// After a statement was run: remembers what it did to the session.
@@ -108,8 +108,8 @@ class Session final : public database::Session {
   /// Whether nothing of the user's would be lost with the connection.
   bool MayLeave() const { return !has_traces_ && !transactions_.AreOpen(); }
 
-  /// Leaves the connection with all that the server is still sending, to open another when it is needed.
-  /// Returns false, and has done nothing, when it may not.
+  /// Leaves the connection with all that the server is still sending; another is opened when it is needed.
+  /// Returns false, and has done nothing, when something would be lost.
   bool Leave() noexcept;
 
  private:
@@ -122,13 +122,13 @@ class Session final : public database::Session {
 
   Link link_;
   Transactions transactions_;
-  StatementCache cache_;                                       ///< After the link, so that it goes first.
+  StatementCache cache_;                                       ///< After the link, to be destroyed first.
   std::map<std::pair<std::string, std::string>, Names> keys_;  ///< Of tables, by their database and name.
   std::chrono::steady_clock::time_point keys_since_ = std::chrono::steady_clock::now();
   Cursor* reading_ = nullptr;
   bool was_left_ = false;
   bool has_traces_ = false;
-  bool has_left_database_ = false;  ///< By a statement of the page.
+  bool has_left_database_ = false;  ///< A statement of the page has changed the database.
   std::int64_t last_identity_ = 0;
   std::chrono::steady_clock::time_point last_use_ = std::chrono::steady_clock::now();
 };

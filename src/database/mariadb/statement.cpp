@@ -10,8 +10,8 @@ using platform::Error;
 
 constexpr int kCannotBePrepared = 1295;
 
-/// The tables were changed since the statement was prepared, in ways that the server or the library do not
-/// follow by themselves.
+/// The tables were changed since the statement was prepared, in ways that the server or the library cannot
+/// follow by itself.
 constexpr int kMustBePreparedAgain = 1615;
 constexpr int kHasOtherColumns = 2057;
 
@@ -49,7 +49,7 @@ void Statement::Prepare() {
   }
 }
 
-/// What fails while rows are fetched is told of the connection only.
+/// A failure while rows are fetched is reported only by the connection.
 void Statement::Throw() {
   MYSQL_STMT* const handle = handle_.get();
   if (library_.mysql_stmt_errno(handle) == 0) throw link_.LastError(text_);
@@ -103,7 +103,7 @@ void Statement::ExecutePrepared(MYSQL_BIND* parameters) {
 }
 
 /// A procedure may change data before it yields rows. Once a statement runs, the connection has the fields
-/// that the tables have now; those of the statement are from its preparation.
+/// that the tables have now; the statement's own are from its preparation.
 void Statement::FindResultWithColumns() {
   for (;;) {
     rows_affected_ = static_cast<std::int64_t>(library_.mysql_stmt_affected_rows(handle_.get()));
@@ -132,7 +132,7 @@ bool Statement::NextResult() {
   return answer == 0;
 }
 
-/// The rows are few where statements cannot be prepared, so they are all read at once.
+/// Statements that cannot be prepared yield few rows, so all are read at once.
 void Statement::ExecuteText() {
   link_.Run(sql_, text_);
   MYSQL_RES* result = nullptr;

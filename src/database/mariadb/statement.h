@@ -15,13 +15,13 @@ namespace dralo::database::mariadb {
 
 /// Which text is run for that of a page.
 enum class Form {
-  kPlain,    ///< The same.
-  kLimited,  ///< With two parameters more, LIMIT and OFFSET.
+  kPlain,    ///< The same text.
+  kLimited,  ///< With two more parameters, LIMIT and OFFSET.
 };
 
-/// A statement that is prepared on the server of a link, which it must not outlive. What cannot be prepared
-/// is sent as a text at every run; its values come as texts then. Every function may throw platform::Error
-/// with the page's text as its source.
+/// A statement that is prepared on the server of a link, which must outlive it. A statement that cannot be
+/// prepared is sent as a text at every run; its values then come as texts. Every function may throw
+/// platform::Error with the page's text as its source.
 class Statement {
  public:
   /// Prepares `sql`, which stands for the `text` of a page.
@@ -33,27 +33,27 @@ class Statement {
   const std::string& Text() const { return text_; }
   Form GetForm() const { return form_; }
 
-  /// False when the link has connected anew since; the statement is of no use then.
+  /// False when the link has connected again since; then the statement cannot be used.
   bool IsOfThisConnection() const { return generation_ == link_.Generation(); }
 
   std::size_t ParameterCount() const { return parameter_count_; }
 
-  /// Of what it yields; of a procedure, once it has run.
+  /// The columns that it yields; for a procedure, once it has run.
   const Description& Describe() const { return description_; }
 
-  /// Runs it. The rows of the first result that has columns are to be fetched then.
+  /// Runs it. Then the rows of the first result that has columns can be fetched.
   void Execute(MYSQL_BIND* parameters);
 
-  /// Whether the server may be sending rows still.
+  /// Whether the server may still be sending rows.
   bool HasOpenResult() const { return is_open_; }
 
-  /// Has the rows go to `row`, which must live until the end of the result.
+  /// The rows are put into `row`, which must live until the end of the result.
   void Bind(Row& row);
 
-  /// False at the end, where the server is ready for the next statement.
+  /// False at the end; then the server is ready for the next statement.
   bool Fetch(Row& row);
 
-  /// Passes over the rows that were not fetched, and everything behind them.
+  /// Skips the rows that were not fetched, and everything after them.
   void Finish();
 
   std::int64_t RowsAffected() const { return rows_affected_; }
@@ -61,11 +61,11 @@ class Statement {
   /// The number that the server gave to the row inserted last.
   std::int64_t LastIdentity() const { return last_identity_; }
 
-  /// It has come from the cache, and describes what its tables were when it ran last.
+  /// It comes from the cache, and describes its tables as they were when it last ran.
   bool WasKept() const { return was_kept_; }
   void NoteKept() { was_kept_ = true; }
 
-  /// Of a plain statement: that no limit can be put behind it.
+  /// For a plain statement: no limit can be added to it.
   void RefuseLimit() { refuses_limit_ = true; }
   bool RefusesLimit() const { return refuses_limit_; }
 
@@ -94,7 +94,7 @@ class Statement {
   const std::string text_;
   const Form form_;
   const std::string sql_;
-  std::unique_ptr<MYSQL_STMT, Closer> handle_;  ///< None of a statement that goes as a text.
+  std::unique_ptr<MYSQL_STMT, Closer> handle_;  ///< None for a statement that is sent as a text.
   std::unique_ptr<MYSQL_RES, ResultCloser> texts_;
   std::size_t parameter_count_ = 0;
   Description description_;

@@ -9,8 +9,8 @@
 
 namespace dralo::database::mariadb {
 
-/// The prepared statements of a session that do not run at present; those used last are kept. Each takes
-/// memory of the server too.
+/// The prepared statements of a session that are not running; the most recently used ones are kept. Each
+/// takes memory on the server too.
 class StatementCache {
  public:
   static constexpr std::size_t kCapacity = 32;
@@ -18,7 +18,7 @@ class StatementCache {
   /// Longer statements are not kept.
   static constexpr std::size_t kMaxTextBytes = 32'768;
 
-  /// Room for all from the start, so that giving a statement back never fails.
+  /// Room for all from the start, so that Give() never fails.
   StatementCache() { statements_.reserve(kCapacity); }
 
   /// The statement for a text, or nullptr when none is kept.
@@ -27,13 +27,13 @@ class StatementCache {
   /// Whether a plain statement is kept for the text and known not to take a limit.
   bool RefusesLimit(std::string_view text) const;
 
-  /// Whether Give() keeps the statement and closes none.
+  /// Whether Give() would keep the statement and close none.
   bool HasRoomFor(const Statement& statement) const {
     return statements_.size() < kCapacity && statement.IsOfThisConnection() &&
            statement.Text().size() <= kMaxTextBytes;
   }
 
-  /// Takes back a statement that has no open result.
+  /// Takes back a statement without an open result.
   void Give(std::unique_ptr<Statement> statement) noexcept;
 
   void Clear() noexcept { statements_.clear(); }

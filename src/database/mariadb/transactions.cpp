@@ -24,7 +24,7 @@ Error Undone() {
 
 }  // namespace
 
-/// What a failed statement has left of its transaction, the server tells with its next answer only.
+/// The server says only with its next answer whether a failed statement has ended its transaction.
 void Transactions::LearnWhetherUndone() {
   const bool is_in_doubt = link_.TakeDoubt();
   if (is_in_doubt) link_.Run("DO 0");
@@ -86,7 +86,7 @@ bool Transactions::Rollback() noexcept {
   }
 }
 
-/// All of it where the part cannot be undone alone.
+/// Everything, when the part cannot be undone alone.
 void Transactions::RollBackPart() {
   try {
     link_.Run("ROLLBACK TO " + Savepoint(depth_));

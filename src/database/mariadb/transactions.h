@@ -7,8 +7,8 @@
 
 namespace dralo::database::mariadb {
 
-/// The transactions of a session: those of the component, one in another, in that of the page where it has
-/// begun one.
+/// The transactions of a session: the component's own, each inside the one before, the first one perhaps
+/// inside one that the page has begun.
 ///
 /// A server may undo a transaction by itself, as after a deadlock, and would carry out what is sent next
 /// as changes of their own. So everything is refused until the outermost transaction is rolled back.
@@ -17,15 +17,15 @@ class Transactions {
   explicit Transactions(Link& link) : link_(link) {}
 
   /// These throw platform::Error when the server refuses, or has undone the transaction. The rest of an open
-  /// result must have been put aside.
+  /// result must have been put aside before.
   void Begin();
   void Commit();
   void RequireNotUndone();
 
-  /// Returns false when the server could not be told; it rolls back when the connection ends.
+  /// Returns false when the server could not be told; then it rolls back when the connection ends.
   bool Rollback() noexcept;
 
-  /// Before a statement of the page is run: throws like these unless it ends what was undone.
+  /// Before a statement of the page is run: throws like these unless the statement ends what was undone.
   void Expect(const StatementKind& kind, std::string_view text);
 
   bool AreOpen() const { return depth_ > 0 || is_undone_ || link_.IsInTransaction(); }
@@ -33,7 +33,7 @@ class Transactions {
   /// Whether the latest Begin() has begun the transaction.
   bool IsOutermost() const { return depth_ == 1 && owns_outermost_; }
 
-  /// With the user, whose transactions they were.
+  /// Forgets them at the end of their user.
   void Forget();
 
  private:
@@ -42,8 +42,8 @@ class Transactions {
   void RollBackPart();
 
   Link& link_;
-  int depth_ = 0;                ///< Calls of Begin() that are open.
-  bool owns_outermost_ = false;  ///< The first of them began it, not the page.
+  int depth_ = 0;                ///< How many Begin() are open.
+  bool owns_outermost_ = false;  ///< The first Begin() began it, not the page.
   bool is_undone_ = false;
 };
 

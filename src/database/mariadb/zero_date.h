@@ -7,8 +7,8 @@
 
 namespace dralo::database::mariadb {
 
-/// The text by which a time on 1899-12-30 is written to a column of dates and found there, as this day stands
-/// for "no date" elsewhere. Empty for other days and columns.
+/// The text with which a time on 1899-12-30, the day that stands for "no date", is written to a column of
+/// dates and found there. Empty for other days and columns.
 std::string TextOfZeroDate(const platform::DateTime& time, const Column& column);
 
 }  // namespace dralo::database::mariadb
