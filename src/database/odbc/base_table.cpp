@@ -33,8 +33,8 @@ const Column& FindSample(const Columns& columns, std::string_view text) {
   return *sample;
 }
 
-/// Per column of the result the column of the table that it shows, or "". One that comes again is not written
-/// twice.
+/// For each column of the result the column of the table that it shows, or "". A column that is shown twice
+/// is written only once.
 Names OwnColumns(const Columns& columns) {
   Names own;
   for (const Column& column : columns) {
@@ -50,7 +50,7 @@ std::optional<std::size_t> FindColumn(const Names& own, std::string_view name) {
   return static_cast<std::size_t>(found - own.begin());
 }
 
-/// The columns of the result that show the named ones; empty unless all are there.
+/// The columns of the result that show the named ones; empty unless all of them are shown.
 Key FindColumns(const Names& own, const Names& names) {
   Key key;
   for (const std::string& name : names) {

@@ -9,7 +9,7 @@
 namespace dralo::database::odbc {
 
 /// The table that rows of the query `text`, which has `columns` with their origins, can be written to. Throws
-/// platform::Error saying why there is none.
+/// platform::Error, which says why, when there is no such table.
 BaseTable FindBaseTable(const Link& link, const Columns& columns, std::string_view text);
 
 }  // namespace dralo::database::odbc

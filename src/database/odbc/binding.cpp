@@ -22,7 +22,7 @@ struct Binder {
                             &slot.indicator);
   }
 
-  /// The bytes of the slot.
+  /// Binds the bytes of the slot.
   SQLRETURN PutBytes(SQLSMALLINT c_type, SQLSMALLINT type, SQLSMALLINT digits) const {
     slot.indicator = static_cast<SQLLEN>(slot.bytes.size());
     const std::size_t size = c_type == SQL_C_WCHAR ? slot.bytes.size() / sizeof(SQLWCHAR) : slot.bytes.size();
@@ -56,7 +56,7 @@ struct Binder {
     return PutBytes(SQL_C_CHAR, SQL_NUMERIC, static_cast<SQLSMALLINT>(digits));
   }
 
-  /// No driver refuses a time of day as a text; some do as a time with a fraction.
+  /// All drivers accept a time of day as a text; some refuse a time with a fraction.
   SQLRETURN operator()(const platform::DateTime& time) const {
     if (time.HasZeroDate() || link.GetDialect().has_text_dates) return PutText(PlainText(time));
     slot.time = {

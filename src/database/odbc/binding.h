@@ -14,15 +14,15 @@
 
 namespace dralo::database::odbc {
 
-/// The parameters of a statement, in the form that the driver takes them.
+/// The parameters of a statement, in the form in which the driver takes them.
 class Binding {
  public:
   explicit Binding(std::span<const platform::Variant> values) : values_(values.begin(), values.end()) {}
 
   std::size_t Count() const { return values_.size(); }
 
-  /// Binds all to "?" 1, 2, ..., and the values of `behind` to those behind them. They stay as they are until
-  /// the next call, or as long as this object. Throws platform::Error.
+  /// Binds all to "?" 1, 2, ..., and the values of `behind` to the "?" after those. The bound memory stays
+  /// valid until the next call, or as long as this object. Throws platform::Error.
   void Bind(const Link& link, SQLHSTMT statement, std::string_view text,
             std::span<const platform::Variant> behind = {});
 

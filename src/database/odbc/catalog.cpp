@@ -12,7 +12,7 @@ namespace dralo::database::odbc {
 
 namespace {
 
-/// The names that a catalog function takes; an empty one is not given.
+/// The names that a catalog function takes; an empty one is left out.
 class Arguments {
  public:
   Arguments(const Link& link, const TableName& name)
@@ -32,7 +32,7 @@ class Arguments {
   bool has_schemas_;
 };
 
-/// The value in the row that `statement` stands on; Null is "".
+/// The value in the row on which `statement` stands; Null is "".
 std::string TextAt(SQLHSTMT statement, SQLUSMALLINT column) {
   std::array<SQLWCHAR, 512> text{};
   SQLLEN size = SQL_NULL_DATA;

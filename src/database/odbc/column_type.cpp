@@ -14,7 +14,7 @@ namespace {
 
 using platform::TypeCode;
 
-constexpr SQLULEN kMaxDeclaredSize = 10'000'000;  ///< Larger ones stand for "any length".
+constexpr SQLULEN kMaxDeclaredSize = 10'000'000;  ///< Larger ones mean "any length".
 
 struct Kind {
   TypeCode type;
@@ -81,7 +81,7 @@ Kind ColumnKind(const DriverType& type) {
 
 bool IsText(TypeCode type) { return type == TypeCode::kWideChar || type == TypeCode::kVarWideChar; }
 
-/// The sizes of other types are made up: four characters for eight bits.
+/// The driver makes up the sizes of other types: four characters for eight bits.
 bool HasDeclaredSize(const DriverType& type, const Dialect& dialect) {
   return dialect.sized_types.empty() ||
          std::ranges::find(dialect.sized_types, type.name) != dialect.sized_types.end();

@@ -10,7 +10,7 @@
 
 namespace dralo::database::odbc {
 
-/// What a driver tells of a column's type.
+/// What a driver says about a column's type.
 struct DriverType {
   SQLSMALLINT type = 0;
   SQLULEN size = 0;

@@ -16,11 +16,10 @@ namespace {
 
 using platform::Error;
 
-/// A limit behind several statements would be one of the last.
+/// After several statements a limit would apply only to the last.
 bool IsOneStatement(std::string_view text) { return WithoutEnd(text).find(';') == text.npos; }
 
-/// What a database says of a statement that was prepared for other tables than there are now, or that is
-/// gone.
+/// Whether the database says that a statement was prepared for other tables than there are now, or is gone.
 bool IsStale(const Error& error) {
   constexpr std::string_view kStates[] = {"0A000", "26000"};
   return std::ranges::find(kStates, error.SqlState()) != std::end(kStates);
@@ -55,7 +54,7 @@ Cursor::Cursor(Session& session, const Query& query)
 
 Cursor::~Cursor() { Stop(); }
 
-/// A query for changes needs columns as they are now, and the tables that they come from.
+/// A query for changes needs its columns as they are now, and the tables that they come from.
 void Cursor::OpenQuery() {
   const bool is_limited =
       max_records_ > 0 && kind_.is_select && !link_.GetDialect().limit.empty() && IsOneStatement(text_);
@@ -86,8 +85,8 @@ std::unique_ptr<Statement> Cursor::Prepared(bool is_limited) {
   return statement;
 }
 
-/// Nothing where the limit is refused; the text as it is tells whether it is wrong itself. A text that ends
-/// in an open comment swallows the limit.
+/// Nothing when the limit is refused; running the unchanged text then shows whether that itself is wrong. A
+/// text that ends in an open comment hides the limit.
 std::unique_ptr<Statement> Cursor::TryLimited() {
   try {
     auto statement = Prepared(true);
@@ -134,7 +133,7 @@ void Cursor::Run() {
   const SQLHSTMT handle = Handle();
   std::vector<platform::Variant> limit;
   if (statement_->is_limited) limit = {std::max<std::int64_t>(max_records_ - offset_, 0), offset_};
-  // Also where all are wanted: a statement that was kept has the limit of its last run.
+  // Set even when all rows are wanted: a statement from the cache has the limit of its last run.
   if (kind_.is_query) {
     const auto rows = static_cast<SQLULEN>(statement_->is_limited ? 0 : max_records_);
     SQLSetStmtAttr(handle, SQL_ATTR_MAX_ROWS, AsPointer(rows), SQL_IS_UINTEGER);
@@ -144,7 +143,7 @@ void Cursor::Run() {
                 handle, text_);
 }
 
-/// The tables may have been changed since the statement was prepared, and some drivers know the types of
+/// The tables may have changed since the statement was prepared, and some drivers know the types of
 /// expressions only now.
 void Cursor::AdoptColumns() {
   if (!FindResultWithColumns()) {

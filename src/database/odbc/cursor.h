@@ -14,9 +14,9 @@
 
 namespace dralo::database::odbc {
 
-/// A statement of a driver. A query of which a part may do, or whose rows are to be changed, is prepared, or
-/// taken from those that the session keeps prepared, and run at the first Step(). Every other one is run at
-/// once: it may be there for what its functions do.
+/// A statement of a driver. A query is prepared, or taken from those that the session keeps prepared, and run
+/// at the first Step(), when only some of its rows may be wanted or when they are to be changed. Any other
+/// statement is run at once, because it may be there for what its functions do.
 class Cursor final : public database::Cursor {
  public:
   /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
@@ -58,11 +58,11 @@ class Cursor final : public database::Cursor {
   const std::int64_t max_records_;
   const bool is_updatable_;
   std::unique_ptr<Statement> statement_;
-  bool was_kept_ = false;  ///< The statement was prepared for an earlier cursor.
+  bool was_kept_ = false;  ///< From the session's cache.
   State state_ = State::kPrepared;
   Description description_;
   std::optional<Row> row_;
-  std::int64_t offset_ = 0;  ///< Rows to pass over.
+  std::int64_t offset_ = 0;  ///< Rows to skip.
   std::int64_t rows_affected_ = 0;
   std::optional<BaseTable> table_;
 };

@@ -23,7 +23,7 @@ SQLLEN NumberAttribute(SQLHSTMT statement, SQLUSMALLINT column, SQLUSMALLINT att
   return number;
 }
 
-/// Some drivers count the terminating zero, others characters instead of bytes, so it is looked for.
+/// The text ends at its zero, because some drivers count that, and others count characters instead of bytes.
 std::string TextAttribute(SQLHSTMT statement, SQLUSMALLINT column, SQLUSMALLINT attribute) {
   std::array<SQLWCHAR, kMaxNameUnits> text{};
   SQLSMALLINT bytes = 0;
@@ -32,8 +32,8 @@ std::string TextAttribute(SQLHSTMT statement, SQLUSMALLINT column, SQLUSMALLINT 
   return SQL_SUCCEEDED(code) ? ToNarrow(reinterpret_cast<const char16_t*>(text.data())) : std::string{};
 }
 
-/// A column that the database numbers is never Null, though some drivers mean by "nullable" that Null may be
-/// written to it.
+/// A column that the database numbers is never Null. Some drivers still call it nullable, meaning that Null
+/// may be written to it.
 bool IsNullable(SQLHSTMT statement, SQLUSMALLINT number, SQLSMALLINT type, SQLSMALLINT described) {
   if (described == SQL_NO_NULLS) return false;
   return !IsInteger(type) || NumberAttribute(statement, number, SQL_DESC_AUTO_UNIQUE_VALUE) != SQL_TRUE;

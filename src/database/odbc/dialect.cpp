@@ -14,7 +14,7 @@ using platform::TypeCode;
 
 constexpr std::string_view kLimitAndOffset = "\nLIMIT ? OFFSET ?";
 
-/// Documents (json, xml) have no order, and addresses (inet) as "text" another form than they are read in;
+/// Documents (json, xml) have no order, and addresses (inet) look different as "text" from what is read;
 /// concat() writes every type as it is read. Padded texts lose their blanks as "text".
 constexpr TypeRule kPostgreSqlTypes[] = {
     {.type = TypeCode::kSingle, .same = "# = CAST(? AS real)", .comparison = SameReal},
@@ -38,16 +38,17 @@ constexpr std::string_view kPostgreSqlDatabases[] = {"POSTGRESQL"};
 constexpr std::string_view kPostgreSqlDrivers[] = {"PSQLODBC"};
 constexpr std::string_view kPostgreSqlSized[] = {"varchar", "bpchar", "char", "name"};
 
-/// A text compares without regard to letter case and accents.
+/// Texts compare without regard to letter case and accents.
 constexpr std::string_view kSameBytes =
     "CAST(CONVERT(# USING utf8mb4) AS BINARY) = CAST(CONVERT(? USING utf8mb4) AS BINARY)";
 
-/// Days that are in no calendar, such as 0000-00-00, are kept, and read as Null.
+/// Dates that no calendar has, such as 0000-00-00, are stored, and read as Null.
 constexpr std::string_view kNoDay =
     "(# IS NULL OR YEAR(#) = 0 OR MONTH(#) = 0 OR DAYOFMONTH(#) NOT BETWEEN 1 AND "
     "DAYOFMONTH(LAST_DAY(DATE_FORMAT(#, '%Y-%m-01'))))";
 
-/// A single number has another last digit than the double that it is read as; bits compare as a number.
+/// A single-precision number has other last digits than the double that it is read as; bits compare as a
+/// number.
 constexpr TypeRule kMariaDbTypes[] = {
     {.type = TypeCode::kSingle, .same = "CAST(# AS CHAR) = CAST(? AS CHAR)", .comparison = SamePrintedNumber},
     {.type = TypeCode::kBinary, .same = "CAST(# AS BINARY) = ?"},
@@ -58,7 +59,7 @@ constexpr TypeRule kMariaDbTypes[] = {
     {.type = TypeCode::kDbTimestamp, .none = kNoDay},
 };
 
-/// The driver does not take the timeouts otherwise.
+/// The driver takes the timeouts in no other way.
 constexpr DriverSetting kMariaDbSettings[] = {
     {"CHARSET", "utf8mb4"}, {"CONN_TIMEOUT", "#"}, {"READ_TIMEOUT", "$"}, {"WRITE_TIMEOUT", "$"}};
 constexpr std::string_view kMariaDbDatabases[] = {"MARIADB", "MYSQL"};

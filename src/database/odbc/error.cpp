@@ -17,7 +17,7 @@ using platform::Error;
 
 constexpr std::string_view kNoise[] = {"Error while executing the query", "ERROR: ", "FATAL: "};
 
-/// Without the names of the layers in brackets at its front, on one line.
+/// Without the names of the layers in brackets at its front, and on one line.
 std::string Cleaned(std::string text) {
   for (char& c : text) {
     if (text::IsAsciiSpace(c)) c = ' ';
@@ -56,7 +56,7 @@ bool ReadRecord(SQLSMALLINT handle_type, SQLHANDLE handle, SQLSMALLINT number, R
 
 }  // namespace
 
-/// A secret counts only as a whole word: a short one stands in other words by chance.
+/// A secret is replaced only as a whole word: a short one is in other words by chance.
 std::string WithoutSecrets(std::string message, std::span<const std::string> secrets) {
   const auto is_part = [&](std::size_t at) {
     return at < message.size() && text::IsLetterOrDigit(message[at]);

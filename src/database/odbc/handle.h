@@ -6,12 +6,13 @@
 
 namespace dralo::database::odbc {
 
-/// A number where ODBC's standard wants a pointer.
+/// A number for a parameter that ODBC's standard declares as a pointer.
 inline SQLPOINTER AsPointer(SQLULEN number) {
   return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
 }
 
-/// A handle of the driver manager that is freed at the end; the one it was allocated from must outlive it.
+/// A handle of the driver manager that is freed at the end; the handle from which it was allocated must
+/// outlive it.
 template <SQLSMALLINT kType>
 class Handle {
  public:
@@ -27,7 +28,7 @@ class Handle {
 
   SQLHANDLE Get() const { return handle_; }
 
-  /// Leaves it to the driver manager, which frees it with the handle that it was allocated from.
+  /// Leaves it to the driver manager, which frees it with the handle from which it was allocated.
   void Release() noexcept { handle_ = nullptr; }
 
   void Reset() noexcept {

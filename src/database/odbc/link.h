@@ -14,11 +14,11 @@
 
 namespace dralo::database::odbc {
 
-/// A connected driver and what it said of itself.
+/// A connected driver, and what it has said about itself.
 class Link {
  public:
-  /// Throws platform::Error when there is no such driver, or the database does not let in or not answer
-  /// within the time.
+  /// Throws platform::Error when there is no such driver, or the database does not accept the connection or
+  /// does not answer in time.
   explicit Link(const Options& options);
   ~Link();
   Link(const Link&) = delete;
@@ -27,34 +27,34 @@ class Link {
   SQLHDBC Handle() const { return handle_.Get(); }
   const Dialect& GetDialect() const { return *dialect_; }
 
-  /// What names are enclosed in; empty when the database cannot quote them.
+  /// The quotes around names; empty when the database cannot quote them.
   const std::string& NameQuote() const { return name_quote_; }
 
-  /// Tables are in schemas; elsewhere only in catalogs.
+  /// Whether tables are in schemas; elsewhere only in catalogs.
   bool HasSchemas() const { return has_schemas_; }
 
-  /// One whose runs end with the Query Timeout. Throws platform::Error.
+  /// A statement whose runs end with the Query Timeout. Throws platform::Error.
   StatementHandle NewStatement() const;
 
   SQLRETURN Execute(SQLHSTMT statement, std::string_view text) const;
   SQLRETURN Prepare(SQLHSTMT statement, std::string_view text) const;
   SQLRETURN ExecutePrepared(SQLHSTMT statement) const;
 
-  /// Runs a statement whose rows do not matter. Throws platform::Error.
+  /// Runs a statement and ignores its rows. Throws platform::Error.
   void Run(std::string_view text) const;
 
   /// The first value of the first row as a number. Throws platform::Error when there is none.
   std::int64_t AskNumber(std::string_view text) const;
 
-  /// What the driver says about the last call on the statement.
+  /// Throws what the driver says about the last call on the statement.
   [[noreturn]] void Throw(SQLHSTMT statement, std::string_view text) const;
 
-  /// Throws it when a call was not successful.
+  /// Throws it when a call has failed.
   void Require(SQLRETURN code, SQLHSTMT statement, std::string_view text) const {
     if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Throw(statement, text);
   }
 
-  /// What the driver says of itself; "" or 0 when it does not.
+  /// What the driver says about itself; "" or 0 when it says nothing.
   std::string InfoText(SQLUSMALLINT what) const;
   SQLUINTEGER InfoNumber(SQLUSMALLINT what) const;
 

@@ -49,7 +49,7 @@ std::string_view ValueOf(const Pairs& pairs, std::string_view key) {
   return found == pairs.end() ? std::string_view{} : std::string_view(found->second);
 }
 
-/// The pairs for the driver manager; those that this provider reads itself are left out.
+/// The pairs for the driver manager, without those that this provider reads itself.
 Pairs ReadPairs(const ConnectionString& connection_string) {
   Pairs pairs;
   for (const auto& pair : connection_string.Pairs()) {
@@ -78,7 +78,7 @@ const Dialect& FindDriver(const Pairs& pairs) {
   return DialectOfDriver(driver);
 }
 
-/// The server's own message about its limit comes before the driver's.
+/// Lets the server's own message about its limit come before the driver's.
 constexpr int kGraceS = 2;
 
 void SetNeeds(const Dialect& dialect, const Options& options, Pairs& pairs) {
@@ -91,7 +91,7 @@ void SetNeeds(const Dialect& dialect, const Options& options, Pairs& pairs) {
   }
 }
 
-/// Lists, as of several hosts, stay without braces, which a driver would take for a part of the first.
+/// Lists, for instance of several hosts, get no braces, which a driver would take for part of the first item.
 std::string Quoted(const std::string& value) {
   if (value.find_first_of("[]{}();?*=!@'\"") == value.npos && text::TrimAsciiSpace(value) == value)
     return value;

@@ -14,12 +14,12 @@ inline constexpr int kDefaultQueryTimeoutS = 30;
 struct Options {
   std::string text;                  ///< For the driver manager, with what this provider needs
                                      ///< of the driver.
-  std::vector<std::string> secrets;  ///< Never to be shown.
+  std::vector<std::string> secrets;  ///< Must never be shown.
   int connect_timeout_s = kDefaultConnectTimeoutS;
   int query_timeout_s = kDefaultQueryTimeoutS;  ///< 0 waits for ever.
 };
 
-/// Throws platform::Error saying what to write when the connection string is not understood.
+/// Throws platform::Error, which says what to write, when the connection string is not understood.
 Options ReadOptions(const ConnectionString& connection_string);
 
 }  // namespace dralo::database::odbc

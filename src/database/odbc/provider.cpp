@@ -10,8 +10,8 @@ std::string Provider::Library() const { return "unixODBC, and a driver for each 
 
 bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, kDriverProvider); }
 
-/// Of the pairs as they were given: reading them as options would cost every page more than the rest of its
-/// opening.
+/// Made of the pairs as they were given: reading them as options would cost every page more than the rest of
+/// its opening.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
   std::string key = "ODBC";
   for (const ConnectionString::Pair& pair : connection_string.Pairs()) {

@@ -5,7 +5,8 @@
 
 namespace dralo::database::odbc {
 
-/// `name` as an identifier; `quote` is what the driver reports, "[" stands for brackets. Doubled inside.
+/// `name` as an identifier; `quote` is what the driver reports, "[" stands for brackets. The closing quote is
+/// doubled inside.
 inline std::string Quote(std::string_view name, std::string_view quote) {
   const char closing = quote == "[" ? ']' : quote.empty() ? '\0' : quote.front();
   std::string quoted(quote);

@@ -34,7 +34,7 @@ VariantView ReadDecimal(std::string_view text) {
   return text::IsPlainDecimal(text) ? VariantView(DecimalView{text}) : text;
 }
 
-/// The last "." or "," separates the decimals when one or two digits are behind it.
+/// The last "." or "," separates the decimals when one or two digits follow it.
 VariantView ReadMoney(std::string_view text, std::string& scratch) {
   auto point = text.find_last_of(".,");
   const auto is_digit = [&](std::size_t at) { return at < text.size() && text::IsDigit(text[at]); };
@@ -53,7 +53,7 @@ VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {
   return std::string_view(scratch);
 }
 
-/// Some databases keep days that are in no calendar for "no date": they count as absent.
+/// Some databases store dates that no calendar has for "no date": these count as absent.
 bool IsInNoCalendar(std::string_view text) {
   return text.size() >= 10 && text[4] == '-' && text[7] == '-' &&
          text.find_first_not_of("0123456789-:. ") == text.npos;

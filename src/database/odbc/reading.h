@@ -14,7 +14,7 @@ namespace dralo::database::odbc {
 enum class Reading {
   kInteger,
   kDouble,
-  kDoubleText,  ///< A number that the driver would blur by converting it.
+  kDoubleText,  ///< A number that would lose digits if the driver converted it.
   kBoolean,
   kDecimal,
   kMoney,  ///< A decimal with the signs of a currency and of thousands.
@@ -25,17 +25,17 @@ enum class Reading {
   kBytes,
 };
 
-/// SQL_C_...: what the driver is asked for.
+/// The SQL_C_... type for which the driver is asked.
 SQLSMALLINT CTypeOf(Reading reading);
 
-/// Bytes of every value, 0 where they differ.
+/// How many bytes every value takes, 0 when they differ.
 std::size_t FixedBytes(Reading reading);
 
-/// Bytes that the driver puts behind a value that is cut off.
+/// How many bytes the driver appends to a value that is cut off.
 std::size_t TerminatorBytes(Reading reading);
 
-/// The value in `bytes`, which is in the form of CTypeOf(). Bytes stay where they are; texts are converted
-/// into `scratch`. What does not have the kind that is expected is read as text.
+/// The value in `bytes`, which have the form of CTypeOf(). Bytes stay where they are; texts are converted
+/// into `scratch`. A value that is not of the expected kind is read as text.
 platform::VariantView ReadValue(Reading reading, std::string_view bytes, std::string& scratch);
 
 }  // namespace dralo::database::odbc

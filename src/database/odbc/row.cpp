@@ -8,7 +8,7 @@ namespace dralo::database::odbc {
 
 namespace {
 
-/// Most values are no longer.
+/// Most values are not longer.
 constexpr std::size_t kFirstBytes = 1024;
 
 }  // namespace
@@ -27,8 +27,8 @@ bool Row::Fetch(std::string_view text) {
   return true;
 }
 
-/// The driver says after each piece how much there was before it, or that it does not know. Of values of a
-/// fixed size some drivers do not tell it.
+/// After each piece the driver says how much there was before it, or that it does not know. Some drivers do
+/// not say it for values of a fixed size.
 void Row::Read(SQLUSMALLINT number, Cell& cell, std::string_view text) const {
   const std::size_t terminator = TerminatorBytes(cell.reading);
   const std::size_t fixed = FixedBytes(cell.reading);
@@ -53,7 +53,7 @@ void Row::Read(SQLUSMALLINT number, Cell& cell, std::string_view text) const {
     }
     cell.size += put;
     const std::size_t rest = left == SQL_NO_TOTAL ? cell.size : static_cast<std::size_t>(left) - put;
-    // An even number of bytes: units of two are not cut in the middle.
+    // An even number of bytes, so that units of two bytes are not cut in the middle.
     cell.room.resize((cell.size + rest + terminator + 1) / 2 * 2);
   }
 }

@@ -13,11 +13,11 @@
 
 namespace dralo::database::odbc {
 
-/// The row that a statement stands on. Its values are taken from the driver one after the other, as every
-/// driver can hand them over, long ones in pieces.
+/// The row on which a statement stands. Its values are taken from the driver one after the other, long ones
+/// in pieces, because every driver can do that.
 class Row {
  public:
-  /// For the results of `statement`, whose columns are read as told.
+  /// For the results of `statement`, whose columns are read by `readings`.
   Row(const Link& link, SQLHSTMT statement, const std::vector<Reading>& readings);
 
   /// Goes to the next row. False at the end of the result. Throws platform::Error, whose statement is `text`.

@@ -31,7 +31,8 @@ std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
   return std::make_unique<Cursor>(*this, query);
 }
 
-/// A plain name means what it would without quotes: where the database has it in other letters, in those.
+/// A plain name means what it would mean without quotes: if the database changes its letter case, the changed
+/// name.
 std::string Session::QuoteName(std::string_view name) const {
   const auto is_plain = [](char c) { return text::IsLetterOrDigit(c) || c == '_'; };
   std::string meant(name);
@@ -83,7 +84,7 @@ bool Session::EndTransaction(SQLSMALLINT how) const {
   return SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.Handle(), how)) && SwitchAutocommit(true);
 }
 
-/// In the transaction of the user, or in that of an outer call, it is a part that can be undone alone.
+/// Inside a transaction of the user, or of an outer call, it begins a part that can be undone alone.
 void Session::Begin() {
   if (is_in_transaction_ || depth_ > 0) {
     link_.Run(Filled(link_.GetDialect().savepoint, '#', Savepoint(depth_)));
@@ -120,7 +121,7 @@ void Session::Rollback() noexcept {
     link_.Run(Filled(dialect.rollback, '#', Savepoint(depth_)));
     if (!dialect.release.empty()) link_.Run(Filled(dialect.release, '#', Savepoint(depth_)));
   } catch (const std::exception&) {
-    has_traces_ = true;  // Whatever is open ends with the connection.
+    has_traces_ = true;  // What is open then ends with the connection.
   }
 }
 
@@ -137,7 +138,7 @@ bool Session::IsAlive() noexcept {
   }
 }
 
-/// What was begun by a statement is ended by one: not every driver knows of it.
+/// A transaction that a statement has begun is ended by a statement, because not every driver knows of it.
 bool Session::Reset() noexcept {
   if (has_traces_) return false;
   depth_ = 0;

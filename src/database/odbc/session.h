@@ -16,8 +16,8 @@ namespace dralo::database::odbc {
 
 /// An open connection to a database behind ODBC.
 ///
-/// Reset() rolls a transaction back. A session whose user changed settings, made temporary tables, took
-/// locks, or called a procedure or a function that may do so, is not kept. IsAlive() asks the server.
+/// Reset() rolls a transaction back. A session is not kept when its user changed settings, made temporary
+/// tables, took locks, or called a procedure or a function that may do so. IsAlive() asks the server.
 class Session final : public database::Session {
  public:
   /// Throws platform::Error when the database does not open.
@@ -52,9 +52,9 @@ class Session final : public database::Session {
 
   Link link_;
   StatementCache statements_;
-  bool is_in_transaction_ = false;  ///< The user began one.
-  int depth_ = 0;                   ///< Calls of Begin() that are open.
-  bool owns_transaction_ = false;   ///< The outermost of them began it.
+  bool is_in_transaction_ = false;  ///< The user has begun one.
+  int depth_ = 0;                   ///< How many Begin() are open.
+  bool owns_transaction_ = false;   ///< The first Begin() began it.
   bool has_traces_ = false;
 };
 

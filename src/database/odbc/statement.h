@@ -8,22 +8,22 @@
 
 namespace dralo::database::odbc {
 
-/// A statement of the driver and what is known of it.
+/// A statement of the driver, and what is known about it.
 struct Statement {
   StatementHandle handle;
 
-  /// As it was asked for.
+  /// The text of the page.
   std::string text;
 
-  /// A limit and an offset are its last two parameters, behind those of the text.
+  /// Its last two parameters, after those of the text, are a limit and an offset.
   bool is_limited = false;
 
-  /// It is not limited because the database does not accept that.
+  /// It is not limited, because the database does not accept that.
   bool refuses_limit = false;
 
   bool is_prepared = false;
 
-  /// The "?" of the text.
+  /// The number of "?" in the text.
   std::size_t parameters = 0;
 
   Description description = {};

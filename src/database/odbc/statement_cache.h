@@ -9,27 +9,27 @@
 
 namespace dralo::database::odbc {
 
-/// The prepared queries of a session that are not open at present; those used last are kept. Each takes
-/// memory of the server too. Belongs to one link.
+/// The prepared queries of a session that are not open; the most recently used ones are kept. Each takes
+/// memory on the server too. Belongs to one link.
 class StatementCache {
  public:
   static constexpr std::size_t kCapacity = 32;
 
-  /// Room for all from the start, so that giving a statement back never fails.
+  /// Room for all from the start, so that Give() never fails.
   StatementCache() { statements_.reserve(kCapacity); }
 
-  /// The statement for a query with or without a limit, or nullptr when none is kept. Where the query refuses
-  /// a limit, the one without.
+  /// The statement for a query with or without a limit, or nullptr when none is kept. For a query that
+  /// refuses a limit, the one without.
   std::unique_ptr<Statement> Take(std::string_view text, bool is_limited);
 
-  /// Takes back a statement that has no open result.
+  /// Takes back a statement without an open result.
   void Give(std::unique_ptr<Statement> statement) noexcept;
 
-  /// Forgets what was prepared for a query.
+  /// Drops what was prepared for a query.
   void Forget(std::string_view text) noexcept;
 
-  /// Forgets all. To be called before the link is closed, which frees the statements without telling the
-  /// server of each.
+  /// Drops everything. To be called before the link is closed; that frees the statements without telling the
+  /// server about each.
   void Abandon() noexcept;
 
  private:
