@@ -28,7 +28,11 @@ TABLE: only these are shown.
 Ctrl-C stops it.
 )";
 
-bool IsConnectionString(std::string_view text) { return text.find('=') != text.npos; }
+/// A file may have a "=" in its path, too.
+bool IsConnectionString(const std::string& text) {
+  std::error_code error;
+  return text.find('=') != text.npos && !std::filesystem::exists(text, error);
+}
 
 int ParsePort(const std::string& text) {
   int port = -1;

@@ -11,7 +11,7 @@ namespace serve {
 struct Options {
   bool shows_help = false;
   bool shows_version = false;
-  std::string database;             ///< An SQLite file, or a connection string, which has a "=".
+  std::string database;  ///< An SQLite file that is there, or a connection string, which has a "=".
   std::vector<std::string> tables;  ///< None: all.
   std::string host = "127.0.0.1";
   int port = 8080;  ///< 0 takes a free one.

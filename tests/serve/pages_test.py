@@ -54,6 +54,13 @@ class Pages(ServeTest):
         self.assertEqual(server.get("/table/Makers")[0].status, 404)
         self.assertEqual(cells(server.get("/table/Goods")[1], 3), ["1", "2", ""])
 
+    def test_takes_a_file_whose_path_looks_like_a_connection_string(self):
+        self.make_shop()
+        (self.folder / "year=2024").mkdir()
+        answer, page = self.serve(database=self.database.rename(self.folder / "year=2024/shop.db")).get("/")
+        self.assertEqual((answer.status, table_links(page)), (200, ["/table/Cheap", "/table/Goods", "/table/Makers"]))
+        self.assertIn("<title>Tables – shop.db</title>", page)
+
     def test_says_that_a_database_is_empty(self):
         for name in ("test.db", "empty.db"):
             (self.folder / "empty.db").touch()
