@@ -2,6 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 #include "text/utf8.h"
 #include "text/word.h"
@@ -9,89 +15,135 @@
 namespace dralo::html {
 namespace {
 
-enum class ByteClass : unsigned char { kPlain, kReplaced, kBeyondAscii };
-
-constexpr std::array<ByteClass, 256> ByteClasses() {
-  std::array<ByteClass, 256> classes{};
-  for (const char c : std::string_view("&<>\"'\0", 6)) {
-    classes[static_cast<unsigned char>(c)] = ByteClass::kReplaced;
-  }
-  for (std::size_t byte = 128; byte < 256; ++byte) classes[byte] = ByteClass::kBeyondAscii;
-  return classes;
-}
-
-constexpr std::array<ByteClass, 256> kByteClasses = ByteClasses();
-
-using text::IsTail;
-using text::kHighBits;
 using text::kWordBytes;
 using text::Repeated;
 using text::Word;
 
-/// Sets the highest bit of every byte that is not 0; for a word of ASCII.
-constexpr Word FilledBytes(Word word) { return word + Repeated(0x7F); }
+/// Sixteen bytes of a text. The compilers for whose processors that is a register have one operation for all
+/// of them, the others do the same with several. A comparison has 255 where it is true.
+using Block = unsigned char __attribute__((vector_size(16)));
+constexpr std::size_t kBlockBytes = sizeof(Block);
+using Words = Word __attribute__((vector_size(sizeof(Block))));
 
-/// Whether any of the eight bytes may be one of the replaced characters. Of these and "#", which is looked at
-/// for nothing, four differ in two bits and two in one.
-constexpr bool MayHaveMarkup(Word word) {
-  const Word ascii = word & ~kHighBits;
-  const Word plain = (FilledBytes(ascii) & FilledBytes((ascii & ~Repeated(5)) ^ Repeated('"')) &
-                      FilledBytes((ascii & ~Repeated(2)) ^ Repeated('<'))) |
-                     word;
-  return (plain & kHighBits) != kHighBits;
+constexpr char kFiller = 'a';
+
+/// The words of a block, each with its first byte in the lowest bits, or the block of such words.
+template <class To, class From>
+To Reordered(From from) {
+  if constexpr (std::endian::native == std::endian::little) return reinterpret_cast<To>(from);
+  const Words words = reinterpret_cast<Words>(from);
+  return reinterpret_cast<To>(Words{__builtin_bswap64(words[0]), __builtin_bswap64(words[1])});
 }
 
-/// How many bytes of a word are characters of one or two bytes: all, or all but the last where a character
-/// begins there; 0 when other bytes are among them.
-constexpr std::size_t BytesOfShortCharacters(Word word) {
-  const Word beyond_ascii = word & kHighBits;
-  const Word leads = beyond_ascii & (word << 1);
-  const Word tails = beyond_ascii ^ leads;
-  const Word longer_leads = leads & (word << 2);
-  // C0 and C1 begin nothing.
-  const Word leads_of_ascii = leads & ~FilledBytes(word & Repeated(0x1E));
-  const bool are_short = tails == leads << 8 && (longer_leads | leads_of_ascii) == 0;
-  return are_short ? kWordBytes - (leads >> 63) : 0;
+/// How many bytes stand before the first one with its highest bit; all when there is none.
+std::size_t BytesBeforeHighBit(Block block) {
+#ifdef __SSE2__
+  const auto high_bits = static_cast<unsigned>(_mm_movemask_epi8(reinterpret_cast<__m128i>(block)));
+  return static_cast<std::size_t>(std::countr_zero(high_bits | 1U << kBlockBytes));
+#else
+  constexpr unsigned kByteBits = 8;
+  const Words words = Reordered<Words>(block) & text::kHighBits;
+  if (words[0] != 0) return static_cast<std::size_t>(std::countr_zero(words[0])) / kByteBits;
+  return kWordBytes + static_cast<std::size_t>(std::countr_zero(words[1])) / kByteBits;
+#endif
 }
 
-/// How many bytes of a word are plain, looked at together: 0 when some may not be.
-constexpr std::size_t PlainBytesOfWord(Word word) {
-  if (MayHaveMarkup(word)) return 0;
-  return text::IsAscii(word) ? kWordBytes : BytesOfShortCharacters(word);
+bool HasHighBits(Block block) {
+#ifdef __SSE2__
+  return _mm_movemask_epi8(reinterpret_cast<__m128i>(block)) != 0;
+#else
+  const Words words = reinterpret_cast<Words>(block);
+  return !text::IsAscii(words[0] | words[1]);
+#endif
+}
+
+/// True for the characters that are replaced, two of which differ in one bit twice.
+Block MarkupOf(Block block) {
+  return static_cast<Block>((block & static_cast<unsigned char>(~4)) == '"') |
+         static_cast<Block>(block == '\'') |
+         static_cast<Block>((block & static_cast<unsigned char>(~2)) == '<') | static_cast<Block>(block == 0);
+}
+
+/// Every byte in the place of the next.
+Block Behind(Block block) {
+  return __builtin_shufflevector(block, Block{}, 16, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14);
+}
+
+/// How many bytes of a block are characters of one to three bytes: all, or all but those of one that ends
+/// behind it; 0 when other bytes are among them.
+std::size_t BytesOfCharacters(Block block) {
+  const auto leads_of_two = static_cast<Block>((block & 0xE0) == 0xC0);
+  const auto leads_of_three = static_cast<Block>((block & 0xF0) == 0xE0);
+  const Block leads = leads_of_two | leads_of_three;
+  const auto tails = static_cast<Block>((block & 0xC0) == 0x80);
+  const Block tails_due = Behind(leads) | Behind(Behind(leads_of_three));
+  const auto are_low = static_cast<Block>((block & 0x20) == 0);
+  // C0 and C1 begin nothing; behind E0 would be a longer spelling than necessary, behind ED a surrogate.
+  const Block others = (block & ~(leads | tails)) | static_cast<Block>((block & 0xFE) == 0xC0) |
+                       (Behind(static_cast<Block>(block == 0xE0)) & are_low) |
+                       (Behind(static_cast<Block>(block == 0xED)) & ~are_low);
+  if (HasHighBits(others | (tails ^ tails_due))) return 0;
+  if (leads_of_three[kBlockBytes - 2] != 0) return kBlockBytes - 2;
+  return leads[kBlockBytes - 1] != 0 ? kBlockBytes - 1 : kBlockBytes;
+}
+
+/// The first bytes of a block, and letters behind them.
+Block Start(Block block, std::size_t bytes) {
+  static constexpr std::array<unsigned char, 2 * kBlockBytes> kKept = [] {
+    std::array<unsigned char, 2 * kBlockBytes> kept{};
+    for (std::size_t at = 0; at < kBlockBytes; ++at) kept[at] = 255;
+    return kept;
+  }();
+  Block kept{};
+  std::memcpy(&kept, kKept.data() + kBlockBytes - bytes, sizeof kept);
+  return (block & kept) | (~kept & kFiller);
 }
 
 /// The last one to seven `bytes` of a text, and letters behind them.
 Word LastWord(std::string_view text, std::size_t bytes) {
   constexpr unsigned kByteBits = 8;
-  const Word letters = Repeated('a') << (kByteBits * bytes);
+  const Word letters = Repeated(kFiller) << (kByteBits * bytes);
   if (text.size() < kWordBytes) return text::ShortWord(text.substr(text.size() - bytes)) | letters;
-  const Word last = text::WordAt(text.data() + text.size() - kWordBytes);
-  return last >> (kByteBits * (kWordBytes - bytes)) | letters;
+  return text::WordAt(text.data() + text.size() - kWordBytes) >> (kByteBits * (kWordBytes - bytes)) | letters;
 }
 
-/// The bytes of the character at the start of a text that begins with a byte beyond ASCII; 0 when they are no
-/// UTF-8. Those of two bytes, and nearly all of three, need no decoding.
-std::size_t BytesOfCharacter(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text[0]);
-  if (lead >= 0xC2 && lead <= 0xDF) return text.size() >= 2 && IsTail(text[1]) ? 2 : 0;
-  if (lead > 0xE0 && lead <= 0xEF && lead != 0xED) {
-    return text.size() >= 3 && IsTail(text[1]) && IsTail(text[2]) ? 3 : 0;
+/// The bytes from `at` on, which is before the end, and letters behind the last.
+Block BlockAt(std::string_view text, std::size_t at) {
+  const char* const start = text.data() + at;
+  const std::size_t bytes = text.size() - at;
+  if (bytes >= kBlockBytes)
+    return Reordered<Block>(Words{text::WordAt(start), text::WordAt(start + kWordBytes)});
+  const std::size_t last_bytes = bytes % kWordBytes;
+  const Word letters = Repeated(kFiller);
+  const Word last = last_bytes == 0 ? letters : LastWord(text, last_bytes);
+  return Reordered<Block>(bytes < kWordBytes ? Words{last, letters} : Words{text::WordAt(start), last});
+}
+
+/// All bytes of a text that is not longer than a block, in some order, and some of them more than once.
+Block EveryByte(std::string_view text) {
+  const char* const end = text.data() + text.size();
+  if (text.size() >= kWordBytes)
+    return reinterpret_cast<Block>(Words{text::WordAt(text.data()), text::WordAt(end - kWordBytes)});
+  Word word = Repeated(kFiller);
+  if (text.size() >= sizeof(std::uint32_t)) {
+    std::memcpy(&word, text.data(), sizeof(std::uint32_t));
+    std::memcpy(reinterpret_cast<char*>(&word) + sizeof(std::uint32_t), end - sizeof(std::uint32_t),
+                sizeof(std::uint32_t));
+  } else if (!text.empty()) {
+    const std::array<char, 3> bytes = {text.front(), text[text.size() / 2], text.back()};
+    std::memcpy(&word, bytes.data(), bytes.size());
   }
-  const text::Decoded first = text::DecodeFirst(text);
-  return first.character ? first.bytes : 0;
+  return reinterpret_cast<Block>(Words{word, word});
 }
 
-/// How many of the first `bytes` are plain, one by one; more than `bytes` where a character goes on behind
-/// them.
-std::size_t PlainWithin(std::string_view text, std::size_t bytes) {
+/// How many of the first `bytes`, which have no markup, are characters; more than `bytes` where one goes on
+/// behind them.
+std::size_t CharactersWithin(std::string_view text, std::size_t bytes) {
   std::size_t at = 0;
   while (at < bytes) {
-    const ByteClass byte = kByteClasses[static_cast<unsigned char>(text[at])];
-    if (byte == ByteClass::kReplaced) return at;
-    const std::size_t more =
-        byte == ByteClass::kPlain ? 1 : BytesOfCharacter({text.data() + at, text.size() - at});
-    if (more == 0) return at;
-    at += more;
+    const text::Decoded first = text::DecodeFirst(text.substr(at));
+    if (!first.character) return at;
+    at += first.bytes;
   }
   return at;
 }
@@ -113,14 +165,20 @@ void AppendReplaced(std::string& to, std::string_view text) {
 std::size_t PlainBytes(std::string_view text) {
   std::size_t at = 0;
   while (at < text.size()) {
-    const std::size_t bytes = std::min(kWordBytes, text.size() - at);
-    const Word word = bytes == kWordBytes ? text::WordAt(text.data() + at) : LastWord(text, bytes);
-    std::size_t plain = std::min(PlainBytesOfWord(word), bytes);
-    if (plain == 0) {
-      plain = PlainWithin({text.data() + at, text.size() - at}, bytes);
-      if (plain < bytes) return at + plain;
+    const std::size_t bytes = std::min(kBlockBytes, text.size() - at);
+    const Block block = BlockAt(text, at);
+    const Block markup = MarkupOf(block);
+    if (!HasHighBits(markup | block)) {
+      at += bytes;
+      continue;
     }
+    const bool has_markup = HasHighBits(markup);
+    const std::size_t end = has_markup ? BytesBeforeHighBit(markup) : bytes;
+    const std::size_t characters = BytesOfCharacters(has_markup ? Start(block, end) : block);
+    const std::size_t plain =
+        characters > 0 ? std::min(characters, end) : CharactersWithin(text.substr(at), end);
     at += plain;
+    if (has_markup || (characters == 0 && plain < end)) return at;
   }
   return at;
 }
@@ -144,12 +202,24 @@ Escape FirstEscape(std::string_view text) {
   }
 }
 
-std::string_view Escaped(std::string_view text, std::string& to) {
+namespace {
+
+/// Escaped() of texts that are long, or have more than plain ASCII: apart, so that it costs the others
+/// nothing.
+[[gnu::noinline]] std::string_view LongEscaped(std::string_view text, std::string& to) {
   const std::size_t plain = PlainBytes(text);
   if (plain == text.size()) return text;
   to.assign(text.substr(0, plain));
   AppendReplaced(to, text.substr(plain));
   return to;
+}
+
+}  // namespace
+
+std::string_view Escaped(std::string_view text, std::string& to) {
+  if (text.size() > kBlockBytes) return LongEscaped(text, to);
+  const Block block = EveryByte(text);
+  return HasHighBits(MarkupOf(block) | block) ? LongEscaped(text, to) : text;
 }
 
 void AppendEscaped(std::string& to, std::string_view text) {
