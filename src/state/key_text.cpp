@@ -74,11 +74,11 @@ platform::Variant KeyValue(const platform::Formatting& formatting, platform::Typ
 }
 
 std::string_view KeyText(platform::Field& field, std::string& scratch) {
-  return std::visit(KeyTextWriter{field.Type(), scratch}, field.Value());
+  return KeyText(field.Value(), field.Type(), scratch);
 }
 
-std::string_view KeyText(const DateTime& time, platform::TypeCode type, std::string& scratch) {
-  return KeyTextWriter{type, scratch}(time);
+std::string_view KeyText(const platform::VariantView& value, platform::TypeCode type, std::string& scratch) {
+  return std::visit(KeyTextWriter{type, scratch}, value);
 }
 
 }  // namespace dralo::state

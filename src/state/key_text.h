@@ -16,8 +16,9 @@ namespace dralo::state {
 /// is a constant. Throws platform::Error when the value cannot be read.
 std::string_view KeyText(platform::Field& field, std::string& scratch);
 
-/// The same for a date, or with kDbTime for a time of day, that is not in a record.
-std::string_view KeyText(const platform::DateTime& time, platform::TypeCode type, std::string& scratch);
+/// The same for a value that was read already, or is in no record. Of the type matters kDbTime, whose dates
+/// are times of day.
+std::string_view KeyText(const platform::VariantView& value, platform::TypeCode type, std::string& scratch);
 
 /// The value of that type whose key text is exactly `text`. Without such a value the text itself: the field
 /// may hold one that is not of its type.

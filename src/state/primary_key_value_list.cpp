@@ -1,6 +1,5 @@
 #include "state/primary_key_value_list.h"
 
-#include <algorithm>
 #include <exception>
 
 #include "html/control_markup.h"
@@ -51,24 +50,24 @@ PrimaryKeyValueList PrimaryKeyValueList::ForLink(const Render& render, platform:
 
 bool PrimaryKeyValueList::Read(settings::ErrorReport errors) {
   for (Key& key : keys_) key.value.clear();
+  bool are_values = !keys_.empty();
   try {
-    for (Key& key : keys_) {
-      if (key.field == nullptr) throw UnknownField(key.name);
-      key.value.assign(KeyText(*key.field, scratch_));
-      if (is_hardened_ && keys_.size() > 1) key.value = KeyItem(key.value);
-    }
-    if (is_hardened_) return AddressesStrictly();
+    for (Key& key : keys_) are_values &= Read(key);
   } catch (const std::exception& error) {
     errors.AddKeyLinkFailure(error.what());
     return false;
   }
+  if (is_hardened_) return are_values;
   return keys_.size() > 1 || (keys_.size() == 1 && !keys_[0].value.empty());
 }
 
-bool PrimaryKeyValueList::AddressesStrictly() const {
-  return !keys_.empty() && std::ranges::none_of(keys_, [](const Key& key) {
-    return platform::IsNull(key.field->Value()) || platform::IsBinaryFieldType(key.field->Type());
-  });
+bool PrimaryKeyValueList::Read(Key& key) {
+  if (key.field == nullptr) throw UnknownField(key.name);
+  const platform::TypeCode type = key.field->Type();
+  const platform::VariantView value = key.field->Value();
+  key.value.assign(KeyText(value, type, scratch_));
+  if (is_hardened_ && keys_.size() > 1) key.value = KeyItem(key.value);
+  return is_hardened_ && !platform::IsNull(value) && !platform::IsBinaryFieldType(type);
 }
 
 void PrimaryKeyValueList::Put(html::HtmlWriter& out) const {

@@ -41,13 +41,14 @@ class PrimaryKeyValueList {
  private:
   PrimaryKeyValueList() = default;
 
-  bool AddressesStrictly() const;
-
   struct Key {
     std::string name;
     platform::Field* field;
     std::string value = {};
   };
+
+  /// Whether a value that is neither Null nor bytes is there; on a hardened page alone it matters.
+  bool Read(Key& key);
 
   std::vector<Key> keys_;
   bool is_hardened_ = false;
