@@ -188,7 +188,9 @@ void Statement::Finish() {
   while (NextResult()) FreeResult();
 }
 
+/// Libraries from 3.4 on refuse to free the end of a procedure, which has no rows.
 void Statement::FreeResult() {
+  if (library_.mysql_stmt_field_count(handle_.get()) == 0) return;
   my_bool failure = 0;
   link_.Await(
       [&] { return library_.mysql_stmt_free_result_start(&failure, handle_.get()); },
