@@ -18,7 +18,8 @@ using Origins = std::vector<Description::Origin>;
   throw platform::Error("The records cannot be changed: " + std::string(reason), 0, {}, std::string(text));
 }
 
-/// The first column of the result that shows one of a table; all others must be of the same.
+/// The first column of the result that shows a column of a table; all others must show columns of the same
+/// table.
 std::size_t FindSample(const Columns& columns, const Origins& origins, std::string_view text) {
   std::optional<std::size_t> sample;
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -39,7 +40,7 @@ std::optional<std::size_t> FindColumn(const Origins& origins, int number) {
   return static_cast<std::size_t>(found - origins.begin());
 }
 
-/// Of the first key that is among the columns of the result as a whole.
+/// The columns of the first key that is completely among the columns of the result.
 std::vector<std::size_t> FindKey(const Origins& origins, const std::vector<std::vector<int>>& keys) {
   for (const std::vector<int>& numbers : keys) {
     std::vector<std::size_t> key;
@@ -60,7 +61,7 @@ BaseTable FindBaseTable(Link& link, const Description& description, std::string_
   BaseTable table;
   table.name = Quote(sample.origin_database) + "." + Quote(sample.origin_table);
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    // A column that comes again is not written twice.
+    // A column that is shown twice is written only once.
     const bool is_own = !columns[i].origin.empty() && FindColumn(origins, origins[i].column) == i;
     table.columns.push_back(is_own ? Quote(columns[i].origin) : "");
     if (is_own && columns[i].is_numbered && !table.identity) table.identity = i;

@@ -8,8 +8,8 @@
 
 namespace dralo::database::postgresql {
 
-/// The table that rows of the query `text` can be written to. Throws platform::Error saying why there is
-/// none.
+/// The table that rows of the query `text` can be written to. Throws platform::Error, which says why, when
+/// there is none.
 BaseTable FindBaseTable(Link& link, const Description& description, std::string_view text);
 
 }  // namespace dralo::database::postgresql

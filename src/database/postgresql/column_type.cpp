@@ -14,7 +14,7 @@ using platform::TypeCode;
 
 constexpr int kNameSize = 63;
 
-/// What is no number, "nan" or "-inf", stands between quotes; numbers are found as usual.
+/// Texts that are no numbers, "nan" and "-inf", stand in quotes; numbers are found as usual.
 std::string SameNumber(std::string_view name, std::string_view text) {
   const std::string_view letters = text.substr(text.starts_with('-') ? 1 : 0);
   if (letters.empty() || !std::ranges::all_of(letters, text::IsLetter)) return {};
@@ -73,7 +73,7 @@ Kind KindOfType(Oid type, int modifier) {
 }
 
 std::int64_t SizeOf(Oid type, int modifier) {
-  constexpr int kHeader = 4;  // Modifiers of texts count it.
+  constexpr int kHeader = 4;  // Modifiers of text types include its length.
   if (HasLength(type) && modifier > kHeader) return modifier - kHeader;
   if (type == type_oid::kSingleByte) return 1;
   return type == type_oid::kName ? kNameSize : 0;

@@ -6,8 +6,8 @@
 
 namespace dralo::database::postgresql {
 
-/// Sets the column's type, size and parts by the number of PostgreSQL's type and its modifier, which is -1
-/// where there is none. Returns how values are read.
+/// Sets the column's type, size and parts by the number of PostgreSQL's type and its modifier, -1 for none.
+/// Returns how values are read.
 Reading SetType(Column& column, Oid type, int modifier);
 
 }  // namespace dralo::database::postgresql

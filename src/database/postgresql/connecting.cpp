@@ -13,15 +13,15 @@ namespace {
 
 using platform::Error;
 
-/// How the server notices soon that nobody waits for a statement any more; since PostgreSQL 14.
+/// Makes the server soon notice that nobody waits for a statement any more; since PostgreSQL 14.
 constexpr std::string_view kCheckInterval = "client_connection_check_interval";
 
-/// The last ones see to it that all pages of a query come from one plan and one beginning of their table.
+/// The last two make all pages of a query come from one plan, and scans of a table begin at its beginning.
 constexpr std::string_view kForms =
     "-c DateStyle=ISO -c IntervalStyle=postgres -c extra_float_digits=1 -c synchronize_seqscans=off "
     "-c plan_cache_mode=force_custom_plan";
 
-/// A packet of the server may be lost for ever; this is how a vanished host is noticed.
+/// A packet of the server may be lost for ever; with these a vanished host is noticed.
 constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "UTF8"},
                                                           {"keepalives_idle", "10"},
                                                           {"keepalives_interval", "5"},
@@ -39,12 +39,12 @@ std::string StartOptions(const Options& options, bool checks_client) {
   return text;
 }
 
-/// As a pooler refuses them.
+/// A pooler refuses options in this way.
 bool IsRefusalOfOptions(std::string_view message) {
   return message.find("startup parameter") != message.npos;
 }
 
-/// As a server does that does not know it, or whose system cannot.
+/// A server that does not know the check, or whose system cannot make it, refuses it in this way.
 bool IsRefusalOfCheck(std::string_view message) { return message.find(kCheckInterval) != message.npos; }
 
 /// The attributes to look for, one after the other, each on all hosts.
@@ -55,8 +55,8 @@ std::vector<std::string> Rounds(const Options& options) {
 
 }  // namespace
 
-/// One host after the other: the client library never leaves one that is frozen, so each has a share of the
-/// time.
+/// One host after the other, each with a share of the time, because the client library never gives up a
+/// frozen host.
 void Link::Connect() {
   const std::vector<std::string> rounds = Rounds(options_);
   auto attempts = static_cast<int>(rounds.size() * options_.hosts.size());
@@ -93,7 +93,7 @@ void Link::ConnectTo(const Options::Host& host, const std::string& attributes) {
   SetPatience();
 }
 
-/// False when no option of ours is taken.
+/// False when the server accepts none of these options.
 bool Link::TryWithOptions(const Options::Host& host, const std::string& attributes) {
   for (const bool checks_client : {true, false}) {
     try {
@@ -108,7 +108,7 @@ bool Link::TryWithOptions(const Options::Host& host, const std::string& attribut
   return false;
 }
 
-/// Days are read in this form; without options it is as the database or the user sets it.
+/// Dates are read in this form; without options it is the one that the database or the user has set.
 void Link::RequireForms() {
   const char* const form = libpq_.PQparameterStatus(Handle(), "DateStyle");
   if (form == nullptr || !std::string_view(form).starts_with("ISO")) {
@@ -148,11 +148,11 @@ void Link::TryToConnect(const Options::Host& host, const std::string& attributes
   if (libpq_.PQstatus(Handle()) != CONNECTION_OK) throw Error(OneLine(libpq_.PQerrorMessage(Handle())));
 }
 
-/// A pooler has numbers of its own for its clients.
+/// A pooler gives its clients numbers of its own.
 void Link::FindPooler() {
   Order("SELECT pg_catalog.pg_backend_pid()");
   const auto deadline = deadline_;
-  Send();  // A few bytes: it does not wait.
+  Send();  // A few bytes, for which it does not wait.
   deadline_ = deadline;
   const Result answer = Answer();
   Finish();

@@ -14,7 +14,7 @@ namespace {
 using platform::Error;
 using Rows = Execution::Rows;
 
-/// So many rows are taken as one answer.
+/// So many rows are fetched as one answer.
 constexpr std::int64_t kMaxShortRows = 256;
 
 void RequireText(std::string_view text) {
@@ -98,7 +98,7 @@ void Cursor::StartEarly() noexcept {
 
 bool Cursor::IsShort() const { return 0 < RowsWanted() && RowsWanted() <= kMaxShortRows; }
 
-/// Whether the rows are taken as they come. The form may not limit them.
+/// Whether the rows are fetched as they come. The form must not limit them.
 bool Cursor::IsLong() const {
   if (!statement_->kind.is_select || statement_->form == Form::kOneRow) return false;
   return statement_->form == Form::kPlain || !IsShort();
@@ -112,14 +112,14 @@ Parameters Cursor::ParametersOfForm() const {
   return parameters;
 }
 
-/// Between two trips.
+/// To be called between two trips.
 void Cursor::Learn(const Result& answer) {
   Description fresh = Describe(link_, session_.Catalog(), answer.get(), statement_->text);
   if (description_ && *description_->columns == *fresh.columns) fresh.columns = description_->columns;
   const bool is_new = statement_->description == nullptr;
   description_ = statement_->description = std::make_shared<const Description>(std::move(fresh));
   is_description_fresh_ = true;
-  // Where rows are written to must be known as it is now.
+  // When rows are to be written, their table must be known as it is now.
   const bool may_keep = statement_->kind.is_query && !is_updatable_;
   if (is_new && may_keep) session_.Keep(key_, statement_);
 }

@@ -17,10 +17,10 @@
 
 namespace dralo::database::postgresql {
 
-/// A statement. One that changes data is run when it is prepared; so is a query that calls functions, which
-/// may do something, and a query that is new and of which a few rows are wanted, since that saves a round
-/// trip. All other queries are run when a row is asked for; those of which a few rows are wanted also before
-/// a statement that may change them.
+/// A statement. One that changes data is run when it is prepared. So is a query that calls functions, which
+/// may do something, and a query that is new and of which only a few rows are wanted, because that saves a
+/// round trip. All other queries are run when a row is asked for; those of which only a few rows are wanted
+/// also before a statement that may change them.
 ///
 /// The rows of all pages of a query come from the same plan, so that equal sort keys have the same order on
 /// all of them.
@@ -30,11 +30,11 @@ class Cursor final : public database::Cursor {
   Cursor(Session& session, const Query& query);
   ~Cursor() override { Stop(); }
 
-  /// The only value of `count`, in the same trip as the rows where they come as one answer. A failure of the
-  /// rows comes at the next Step().
+  /// The only value of `count`, in the same trip as the rows if these come as one answer. A failure of the
+  /// rows is thrown by the next Step().
   platform::Variant Count(const Query& count);
 
-  /// Runs a query that was not run yet. One that fails now says so when it is asked for a row.
+  /// Runs a query that was not run yet. If it fails, that is thrown when a row is asked for.
   void StartEarly() noexcept;
 
   std::shared_ptr<const Columns> GetColumns() const override { return description_->columns; }
@@ -76,7 +76,7 @@ class Cursor final : public database::Cursor {
   bool MayRunAgain(const platform::Error& error, bool was_prepared);
   void Learn(const Result& answer);
 
-  /// What `run` returns; an error of it names the statement.
+  /// Returns what `run` returns; its error gets the statement as its source.
   template <class Function>
   auto WithSource(const Function& run) const;
 
@@ -86,13 +86,13 @@ class Cursor final : public database::Cursor {
   const StatementCache::Key key_;
   const std::int64_t max_records_;
   const bool is_updatable_;
-  std::unique_ptr<Cursor> count_;             ///< Of the rows, to be run before them in one trip.
+  std::unique_ptr<Cursor> count_;             ///< Counts the rows; run before them in one trip.
   std::optional<platform::Variant> counted_;  ///< What it found.
   std::shared_ptr<Statement> statement_;
   std::shared_ptr<const Description> description_;
   bool is_description_fresh_ = false;
-  std::int64_t offset_ = 0;     ///< Rows to pass over.
-  std::int64_t rows_read_ = 0;  ///< Of those behind.
+  std::int64_t offset_ = 0;     ///< Rows to skip.
+  std::int64_t rows_read_ = 0;  ///< Of those after the skipped ones.
   State state_ = State::kPrepared;
   std::unique_ptr<ResultRows> rows_;
   std::vector<std::string> scratch_;

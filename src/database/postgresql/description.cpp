@@ -9,8 +9,8 @@ namespace dralo::database::postgresql {
 
 namespace {
 
-/// Outer joins, and groups of several kinds, yield Null for columns that have none in their tables. A word
-/// too many only makes a column nullable that is not.
+/// Outer joins and groupings of several kinds yield Null for columns that are never Null in their tables. A
+/// word found by mistake only makes a column nullable that is not.
 bool MayAddNulls(std::string_view text) {
   if (text::ContainsAscii(text, "ROLLUP") || text::ContainsAscii(text, "CUBE") ||
       text::ContainsAscii(text, "GROUPING")) {

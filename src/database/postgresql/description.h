@@ -12,7 +12,7 @@
 
 namespace dralo::database::postgresql {
 
-/// What is known of the columns of a statement.
+/// What is known about the columns of a statement.
 struct Description {
   /// The column of a table that a column of the result shows; 0 for an expression.
   using Origin = TableCatalog::ColumnNumber;
@@ -28,15 +28,15 @@ struct Description {
   std::vector<Origin> origins;
   std::vector<ServerType> types;
 
-  /// Whether the server says the same of the columns in `answer`.
+  /// Whether the server says the same about the columns in `answer`.
   bool IsOf(const PGresult* answer) const;
 };
 
 /// The first value of the first row; nothing when there is none.
 std::optional<platform::Variant> FirstValue(const PGresult* answer);
 
-/// Of the statement `text`, by what the server says of it. Asks the catalogue for tables that are new to it,
-/// so it comes between two trips. Throws platform::Error.
+/// Describes the statement `text` by what the server says about it. Asks the catalogue about tables that are
+/// new to it, so it must be called between two trips. Throws platform::Error.
 Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, std::string_view text);
 
 }  // namespace dralo::database::postgresql

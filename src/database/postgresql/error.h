@@ -8,17 +8,17 @@
 
 namespace dralo::database::postgresql {
 
-/// What the client library says about a connection, on one line.
+/// A message of the client library, on one line.
 std::string OneLine(std::string_view message);
 
-/// What the server says about a statement that failed, with the SQLSTATE behind it. A result without one
-/// stands for a connection that was lost.
+/// What the server says about a statement that failed, followed by the SQLSTATE. A result without one means
+/// that the connection was lost.
 platform::Error ErrorOf(const PGresult* result, std::string_view statement);
 
-/// Of a connection that was given up after a deadline.
+/// For a connection that was given up after a deadline.
 platform::Error NoAnswer(std::string_view statement);
 
-/// Of a connection that is closed already.
+/// For a connection that was closed before.
 platform::Error NoConnection(std::string_view reason, std::string_view statement);
 
 }  // namespace dralo::database::postgresql

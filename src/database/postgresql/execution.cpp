@@ -6,13 +6,14 @@ namespace dralo::database::postgresql {
 
 namespace {
 
-/// SET LOCAL would leave a warning in the server's log where there is no transaction yet.
+/// Not SET LOCAL, which leaves a warning in the server's log when there is no transaction yet.
 constexpr const char* kNoLimit = "SELECT pg_catalog.set_config('statement_timeout', '0', true)";
 
 }  // namespace
 
-/// The server counts the time that the reader of the rows takes, too, so it has no limit for long results;
-/// the client has one for each part. Functions may change something: what is given up must not go on.
+/// The server's limit includes the time that the reader takes for the rows. So long results run without it;
+/// the client has a limit for each part. But functions may change something: such a statement must not go on
+/// after it was given up, so it keeps the server's limit.
 Execution::Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows,
                      Opening opening, const Leader* leader)
     : link_(link),
@@ -92,7 +93,7 @@ void Execution::Require(const Result& answer, const Statement& statement) {
   throw link_.Failure(answer, statement.text);
 }
 
-/// Where it fails the connection is gone, and the transaction with it.
+/// If it fails, the connection is gone, and the transaction with it.
 void Execution::Recover() {
   if (!is_guarded_ || link_.Transaction() != PQTRANS_INERROR) return;
   try {

@@ -15,17 +15,17 @@ class Execution {
   enum class Rows {
     kNone,   ///< It is only prepared.
     kAll,    ///< They come as one answer.
-    kParts,  ///< They come as the server sends them, for as long as that takes if no functions are called.
+    kParts,  ///< They come as the server sends them, without a time limit if no functions are called.
   };
 
-  /// What stands before everything else.
+  /// What is sent before everything else.
   enum class Opening {
     kNone,
-    kTransaction,  ///< One begins.
-    kSavepoint,    ///< So that a statement that fails does not take the user's transaction with it.
+    kTransaction,  ///< Begins a transaction.
+    kSavepoint,    ///< Lets a statement fail without ending the user's transaction.
   };
 
-  /// A statement that is run before it in the same trip; when it fails, what comes behind is not run.
+  /// A statement that is run before it in the same trip; when the leader fails, the rest is not run.
   struct Leader {
     Statement& statement;
     const Parameters& parameters;
@@ -36,30 +36,30 @@ class Execution {
     Result rows;
   };
 
-  /// Sends it. `parameters` are those of the form too. A leader cannot be where rows come in parts. Throws
+  /// Sends it. `parameters` include those of the form. Rows in parts cannot have a leader. Throws
   /// platform::Error.
   Execution(Link& link, Statement& statement, const Parameters& parameters, Rows rows, Opening opening,
             const Leader* leader = nullptr);
 
-  /// Of the leader, before everything else. Throws platform::Error when it fails.
+  /// The leader's answers; to be read first. Throws platform::Error when the leader has failed.
   Answers Lead(const Leader& leader);
 
-  /// What the server says of the columns; nullptr when the statement was prepared before.
+  /// What the server says about the columns; nullptr when the statement was prepared before.
   Result Description();
 
-  /// All rows, or the number of rows changed. The connection is free then.
+  /// All rows, or the number of rows changed. Then the connection is free.
   Result All();
 
-  /// Behind the description, before the first Part().
+  /// After the description, before the first Part().
   void Split() { link_.Split(); }
 
-  /// Some rows; nullptr behind the last ones, when the connection is free.
+  /// Some rows; nullptr after the last ones, when the connection is free.
   Result Part();
 
-  /// Whether the server ends it after a time, in which its rows must be read.
+  /// Whether the server ends it after some time, within which its rows must be read.
   bool IsLimited() const { return link_.Patience().has_value() && !has_no_limit_; }
 
-  /// Throws the failure that `answer` is.
+  /// Throws if `answer` is a failure.
   void Require(const Result& answer) { Require(answer, statement_); }
 
  private:

@@ -7,9 +7,9 @@
 namespace dralo::database::postgresql {
 
 /// The functions of PostgreSQL's client library that are used. The library is loaded when the first page
-/// connects, so that a host without PostgreSQL needs none.
+/// connects, so that a host without PostgreSQL does not need it.
 struct Libpq {
-  /// Throws platform::Error saying what to install when the library is not there or is too old.
+  /// Throws platform::Error, which says what to install, when the library is missing or too old.
   static const Libpq& Get();
 
 #define DRALO_LIBPQ_FUNCTIONS(USE) \

@@ -16,7 +16,7 @@ namespace {
 
 using platform::Error;
 
-/// The server's own message about its limit comes first.
+/// Lets the server's own message about its limit come first.
 constexpr std::chrono::seconds kGrace{2};
 
 }  // namespace
@@ -62,7 +62,7 @@ void Link::Execute(const std::string& name, const Parameters& parameters) {
                                      parameters.Lengths().data(), parameters.Formats().data(), 0));
 }
 
-/// Reads while it writes: a server that has answers to send takes no more orders.
+/// Reads while it writes, because a server that has answers to send accepts no more orders.
 void Link::Send() {
   StartClock();
   Require(libpq_.PQpipelineSync(Handle()));
@@ -80,7 +80,7 @@ void Link::Send() {
 bool Link::AwaitAnswer() {
   while (libpq_.PQisBusy(Handle()) != 0) {
     if (!Wait(POLLIN)) return false;
-    // What the server said before it went is an answer still.
+    // What the server said before it went is still an answer.
     if (libpq_.PQconsumeInput(Handle()) == 0 && libpq_.PQisBusy(Handle()) != 0) Require(0);
   }
   return true;
@@ -127,7 +127,7 @@ Result Link::Part() {
   return NextResult();
 }
 
-/// Behind every answer comes a mark of its end; a server out of step could send nothing else for ever.
+/// A mark follows every answer; a server out of step could send nothing but marks for ever.
 void Link::Finish() {
   constexpr int kMostMarks = 3;
   for (int marks = 0; !is_synced_ && !IsDead();) {
@@ -187,7 +187,7 @@ PGconn* Link::Handle() const {
   return handle_.get();
 }
 
-/// A call that fails leaves a trip in the middle.
+/// A call that fails leaves the trip unfinished, so the connection is given up.
 void Link::Require(int code) {
   if (code != 0) return;
   const std::string reason = libpq_.PQerrorMessage(Handle());
@@ -195,8 +195,8 @@ void Link::Require(int code) {
   throw NoConnection(reason, {});
 }
 
-/// Until the socket is ready for one of the events. False when the deadline has passed, even if the server
-/// has something to say all the time.
+/// Waits until the socket is ready for one of the events. False when the deadline has passed, even if the
+/// server sends something all the time.
 bool Link::Wait(short events) {
   constexpr std::chrono::milliseconds kSlice{100};
   for (;;) {

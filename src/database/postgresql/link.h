@@ -15,7 +15,7 @@
 
 namespace dralo::database::postgresql {
 
-/// Reads the rows of a statement while the server sends them, so that the connection is not free.
+/// Reads the rows of a statement while the server sends them; during that time the connection is not free.
 class RowReader {
  public:
   RowReader() = default;
@@ -23,21 +23,21 @@ class RowReader {
   RowReader(const RowReader&) = delete;
   RowReader& operator=(const RowReader&) = delete;
 
-  /// Makes the connection free: keeps the rest of the rows elsewhere. What fails is reported when its row is
+  /// Makes the connection free: keeps the rest of the rows elsewhere. A failure is reported when the row is
   /// asked for.
   virtual void SetAside() noexcept = 0;
 };
 
 /// A connection to a server, which never waits longer than the connection string allows.
 ///
-/// Orders are collected, sent together and answered in their turn: a trip, from Begin() to Finish(). When one
-/// of them fails the server passes over those behind it.
+/// Orders are collected, sent together and answered one after the other: a trip, from Begin() to Finish().
+/// When one of them fails, the server skips those after it.
 class Link {
  public:
-  /// Throws platform::Error when no host lets in, or none answers within the time.
+  /// Throws platform::Error when no host accepts the connection, or none answers in time.
   explicit Link(const Options& options);
 
-  /// Before the orders of a trip. Connects again when the connection was dropped. Throws platform::Error when
+  /// Starts the orders of a trip. Connects again when the connection was dropped. Throws platform::Error when
   /// it was lost.
   void Begin();
 
@@ -50,23 +50,23 @@ class Link {
   /// Sends the orders.
   void Send();
 
-  /// The whole answer to the next order.
+  /// The complete answer to the next order.
   Result Answer();
 
-  /// Has the answer to the next order come in parts, as the server sends it.
+  /// Makes the answer to the next order come in parts, as the server sends it.
   void Split();
 
   /// The next part of such an answer: of PGRES_SINGLE_TUPLE or PGRES_TUPLES_CHUNK with rows, the last one
-  /// without; nullptr behind it. The time that this takes has a limit of its own.
+  /// without; nullptr after it. Each part has a time limit of its own.
   Result Part();
 
-  /// Passes over the answers that were not asked for.
+  /// Skips the answers that were not asked for.
   void Finish();
 
-  /// The same for that long at most; returns false when there is more.
+  /// The same, but takes at most `time`; returns false when there is more.
   bool FinishWithin(std::chrono::milliseconds time);
 
-  /// The trip goes on until `reader` has read its rows; nullptr when it has.
+  /// The trip goes on until `reader` has read its rows; then it is set to nullptr.
   void SetReader(RowReader* reader) { reader_ = reader; }
 
   /// A trip of one order. Returns the answer. Throws platform::Error when it is a failure.
@@ -75,37 +75,38 @@ class Link {
   /// The failure that `answer` to `statement` is.
   platform::Error Failure(const Result& answer, std::string_view statement);
 
-  /// The server has refused a change; another one may be meant for them.
+  /// Whether the server has refused a change. Another server may accept it.
   bool RefusesChanges() const { return refuses_changes_; }
 
-  /// After a trip.
+  /// The state of the transaction after a trip.
   PGTransactionStatusType Transaction() const;
 
-  /// Statements and settings belong to no connection of the server in particular.
+  /// Whether statements and settings may not stay with one connection of the server, because a pooler is
+  /// between.
   bool IsPooled() const { return is_pooled_; }
 
-  /// Whether the server has said nothing; between trips that could only be a farewell.
+  /// Whether the server has sent nothing; between trips that could only be a goodbye.
   bool IsQuiet() const noexcept;
 
   /// The connection was lost or given up.
   bool IsDead() const noexcept;
 
-  /// The connection is closed; nobody waits any more for what runs on it.
+  /// Closes the connection; nobody waits for its statements any more.
   void GiveUp() noexcept { handle_.reset(); }
 
   /// The same, but the next trip opens another one.
   void Drop() noexcept;
 
-  /// Counts the connections from 1 on; another one knows no prepared statements.
+  /// Counts the connections from 1; a new one has no prepared statements.
   std::int64_t Number() const { return number_; }
 
-  /// The user has perhaps changed the server's own limit: there is none any more.
+  /// The user may have changed the server's own limit, so there is none any more.
   void ForgoLimit() { patience_.reset(); }
 
-  /// The limit is that of the connection string again.
+  /// Sets the limit of the connection string again.
   void SetPatience();
 
-  /// The longest time until the server answers; nothing waits for ever.
+  /// The longest time until the server answers; no value means for ever.
   const std::optional<std::chrono::seconds>& Patience() const { return patience_; }
 
  private:

@@ -16,8 +16,8 @@ using platform::Error;
 
 struct Key {
   std::string_view name;       ///< In connection strings.
-  std::string_view setting;    ///< Of the client library, or one of those that are read here, in capitals.
-  bool is_other_name = false;  ///< Of the one before that has the same setting.
+  std::string_view setting;    ///< Of the client library; or, in capitals, one that is read here.
+  bool is_other_name = false;  ///< Of the last key before that has the same setting.
 };
 
 // clang-format off
@@ -48,7 +48,7 @@ const Key* FindKey(std::string_view name) {
   return found == std::end(kKeys) ? nullptr : found;
 }
 
-/// Does not name the key: it may be a part of a password with ";" in it.
+/// The message does not name the key: it may be part of a password that contains ";".
 [[noreturn]] void RefuseKey() {
   std::string known;
   for (const Key& key : kKeys) {
@@ -98,7 +98,7 @@ void Set(Options& options, std::string_view setting, std::string_view value) {
   }
 }
 
-/// The keys that are read here. Returns false for one of the client library's.
+/// Reads the keys that are no keys of the client library. Returns false for those that are.
 bool ReadOwn(const Key& key, std::string_view value, Options::Host& host, Options& options) {
   if (key.setting == "HOST") {
     host.name = value;

@@ -21,14 +21,14 @@ struct Options {
   /// Keys of the client library, such as "dbname", with their values.
   std::vector<std::pair<std::string, std::string>> settings;
 
-  std::vector<Host> hosts;        ///< To be tried in this order; at least one.
+  std::vector<Host> hosts;        ///< Tried in this order; at least one.
   std::string target_attributes;  ///< "read-write" and the like; empty when any host will do.
-  bool prepares = true;           ///< Statements may stay prepared on the server.
+  bool prepares = true;           ///< Whether statements may stay prepared on the server.
   int connect_timeout_s = kDefaultConnectTimeoutS;  ///< 0 waits for ever.
   int query_timeout_s = kDefaultQueryTimeoutS;      ///< 0 waits for ever.
 };
 
-/// Throws platform::Error saying what to write when the connection string is not understood.
+/// Throws platform::Error, which says what to write, when the connection string is not understood.
 Options ReadOptions(const ConnectionString& connection_string);
 
 }  // namespace dralo::database::postgresql

@@ -22,7 +22,7 @@ struct Bound {
   int format = kAsText;
 };
 
-/// What a value is bound as.
+/// Makes of a value what is bound.
 struct Binder {
   Bound operator()(platform::Null) const { return {}; }
   Bound operator()(bool flag) const { return {type_oid::kBoolean, flag ? "t" : "f"}; }
@@ -35,7 +35,7 @@ struct Binder {
     return {type_oid::kDouble, {digits, std::to_chars(digits, digits + sizeof digits, number).ptr}};
   }
   Bound operator()(const platform::Decimal& decimal) const { return {type_oid::kNumeric, decimal.text}; }
-  /// PostgreSQL would round what is behind the microseconds, perhaps to another day.
+  /// PostgreSQL would round digits below the microseconds, perhaps to another day.
   Bound operator()(platform::DateTime time) const {
     time.nanosecond = time.nanosecond / 1000 * 1000;
     if (time.HasZeroDate()) return {type_oid::kTime, TimeText(time)};

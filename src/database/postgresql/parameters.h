@@ -11,18 +11,18 @@
 
 namespace dralo::database::postgresql {
 
-/// Values of a statement, in the form that the client library takes them: each has the type that it would
-/// have if it stood in the statement, and texts and Null that of their place.
+/// Values for a statement, in the form in which the client library takes them. Each has the type that it
+/// would have if it were written into the statement; texts and Null have the type of their place.
 class Parameters {
  public:
   Parameters() = default;
 
-  /// Throws platform::Error when a text has a zero byte.
+  /// Throws platform::Error when a text contains a zero byte.
   explicit Parameters(std::span<const platform::Variant> values);
 
   void Add(const platform::Variant& value);
 
-  /// A number of 64 bits whatever its size; nothing is Null.
+  /// Adds a number of 64 bits, whatever its value; nothing is Null.
   void AddNumber(std::optional<std::int64_t> number);
 
   int Count() const { return static_cast<int>(types_.size()); }

@@ -19,7 +19,7 @@ std::string Provider::Library() const {
 
 bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, "PostgreSQL"); }
 
-/// Of the pairs as they were given: reading them as options would cost every page more.
+/// Made of the pairs as they were given: reading them as options would cost every page more.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
   std::string key = "PostgreSQL";
   for (const ConnectionString::Pair& pair : connection_string.Pairs()) {

@@ -23,7 +23,8 @@ VariantView ReadDecimal(std::string_view text) {
   return text::IsPlainDecimal(text) ? VariantView(platform::DecimalView{text}) : text;
 }
 
-/// Without the offset of a time zone: "10:20:30+02". What is no day of the calendar stays as it is.
+/// Ignores the offset of a time zone, as in "10:20:30+02". A text that is no day of the calendar stays a
+/// text.
 VariantView ReadDate(std::string_view text) {
   const auto zone = text.find_first_of("+-", std::min(sizeof "YYYY-MM-DD", text.size()));
   const bool has_zone = zone != text.npos && !text.ends_with("BC");
@@ -36,8 +37,8 @@ VariantView ReadTime(std::string_view text) {
   return time ? VariantView(*time) : text;
 }
 
-/// In the form of the server's locale: the last "." or "," separates the decimals when one or two digits are
-/// behind it.
+/// In the form of the server's locale: the last "." or "," separates the decimals when one or two digits
+/// follow it.
 VariantView ReadMoney(std::string_view text, std::string& scratch) {
   auto point = text.find_last_of(".,");
   const auto is_digit = [&](std::size_t at) { return at < text.size() && text::IsDigit(text[at]); };

@@ -7,12 +7,12 @@ namespace dralo::database::postgresql {
 
 namespace {
 
-/// About the price of a new connection.
+/// About the time that a new connection takes.
 constexpr std::chrono::milliseconds kShortRest{20};
 
 constexpr std::chrono::seconds kLongRest{30};
 
-/// That a reader may take for rows while the server counts the time.
+/// How long a reader may take over rows while the server counts the time.
 constexpr std::chrono::milliseconds kReaderTime{5000};
 
 }  // namespace
@@ -77,7 +77,7 @@ void ResultRows::Load(Row& row) {
   ++next_;
 }
 
-/// Whoever asks for the row at which it fails is told.
+/// A failure is thrown when its row is asked for.
 void ResultRows::SetAside() noexcept {
   if (link_ == nullptr) return;
   try {
@@ -88,7 +88,7 @@ void ResultRows::SetAside() noexcept {
   }
 }
 
-/// Whoever stands on a row may read its values still, so their part stays.
+/// The values of the current row may still be read, so their part stays.
 void ResultRows::KeepRest() {
   aside_ = std::make_unique<RowsAside>();
   Row row(row_.size());
@@ -105,7 +105,7 @@ void ResultRows::Release() noexcept {
   link_ = nullptr;
 }
 
-/// A statement that goes on at the server alone finds nobody there to send its rows to.
+/// A statement that still runs on the server then finds nobody to send its rows to.
 void ResultRows::Stop() noexcept {
   Link* const link = link_;
   Release();

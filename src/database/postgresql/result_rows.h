@@ -14,11 +14,11 @@ namespace dralo::database::postgresql {
 /// The rows that a statement yields, one after the other.
 class ResultRows final : public RowReader {
  public:
-  /// Those of an answer that is there as a whole.
+  /// The rows of a complete answer.
   ResultRows(Result answer, std::size_t columns);
 
-  /// Those that `execution` yields in parts. When they are left before their end the connection may be
-  /// dropped, unless it has something that another one has not.
+  /// The rows that `execution` yields in parts. With `may_drop`, leaving them before their end may drop the
+  /// connection.
   ResultRows(Link& link, const Execution& execution, std::size_t columns, bool may_drop);
 
   ~ResultRows() override { Stop(); }
@@ -29,12 +29,12 @@ class ResultRows final : public RowReader {
   /// Goes to the next row; false at the end. Throws platform::Error.
   bool Next();
 
-  /// The values of the row, until the next call.
+  /// The values of the row; valid until the next call.
   const Row& Current() const { return row_; }
 
   void SetAside() noexcept override;
 
-  /// Gives the rest up.
+  /// Gives up the rest.
   void Stop() noexcept;
 
  private:
@@ -46,16 +46,16 @@ class ResultRows final : public RowReader {
   void Load(Row& row);
   void Release() noexcept;
 
-  Link* link_ = nullptr;  ///< While the server sends rows.
+  Link* link_ = nullptr;  ///< Set while the server sends rows.
   std::optional<Execution> execution_;
   bool may_drop_ = false;
-  std::optional<Clock::time_point> set_aside_at_;  ///< Lest the server should end the statement.
+  std::optional<Clock::time_point> set_aside_at_;  ///< So that the server does not end the statement.
   Result part_;
   int next_ = 0;
   Row row_;
-  Result current_part_;  ///< Of the row that was the current one when the others were set aside.
+  Result current_part_;  ///< Holds the current row after the others were set aside.
   std::unique_ptr<RowsAside> aside_;
-  std::exception_ptr failure_;  ///< Behind the rows that were set aside.
+  std::exception_ptr failure_;  ///< Thrown after the rows that were set aside.
 };
 
 }  // namespace dralo::database::postgresql

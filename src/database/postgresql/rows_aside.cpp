@@ -15,7 +15,7 @@ constexpr Size kNull = -1;
 
 void PutSize(std::string& to, Size size) { to.append(reinterpret_cast<const char*>(&size), sizeof size); }
 
-/// A size that cannot be would be taken from a file that somebody else has written to.
+/// An impossible size means that somebody else has written to the file.
 void Require(bool is_possible) {
   if (!is_possible) throw platform::Error("The rest of a result cannot be read from its temporary file");
 }

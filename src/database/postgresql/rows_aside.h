@@ -15,7 +15,8 @@ using Row = std::vector<std::string_view>;
 /// Rows that are kept until they are read, in their order.
 class RowsAside {
  public:
-  /// Before the first Next(). Throws platform::Error when there is no room for it; the rows before stay.
+  /// To be called before the first Next(). Throws platform::Error when there is no room for the row; those
+  /// before it stay.
   void Add(const Row& row);
 
   /// The next row, valid until the next call; false at the end. Throws platform::Error when it cannot be read
@@ -24,7 +25,7 @@ class RowsAside {
 
  private:
   SpoolFile spool_;
-  std::uint64_t rows_ = 0;  ///< That are not read yet.
+  std::uint64_t rows_ = 0;  ///< How many are not read yet.
   std::string packed_;      ///< The row that was added or read last.
 };
 

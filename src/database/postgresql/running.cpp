@@ -12,11 +12,11 @@ namespace {
 using platform::Error;
 using Rows = Execution::Rows;
 
-/// How PostgreSQL refuses to run what it has prepared: for other columns than there are now, not any more,
-/// or, behind a pooler, for somebody else.
+/// How PostgreSQL refuses to run what it has prepared: for other columns than there are now, because it is
+/// gone, or, with a pooler, because it is somebody else's.
 constexpr std::string_view kUnprepared[] = {"0A000", "26000", "42P05"};
 
-/// How it refuses a query inside of another one that it may accept alone.
+/// How it refuses a query inside another one, although it may accept the query alone.
 constexpr std::string_view kUnlimited[] = {"42601", "0A000", "42P16"};
 
 bool Has(std::span<const std::string_view> states, const Error& error) {
@@ -51,7 +51,7 @@ void Cursor::Run(Rows rows) {
       was_prepared = MakeReady();
       if (IsCounting()) was_count_prepared = count_->MakeReady();
       const bool is_long = rows != Rows::kNone && IsLong();
-      // What parts are taken of has to be known before.
+      // The columns must be known before rows are fetched in parts.
       if (rows == Rows::kNone || (is_long && !description_)) Send(Rows::kNone);
       if (rows != Rows::kNone) Send(is_long ? Rows::kParts : Rows::kAll);
       return;
@@ -121,7 +121,7 @@ void Cursor::Split(const Execution& execution, const Result& columns, bool may_d
                               : static_cast<std::size_t>(Libpq::Get().PQnfields(columns.get()));
   rows_ = std::make_unique<ResultRows>(link_, execution, count, may_drop);
   rows_->Await();
-  // The table was changed since. Asking about it sets the rows aside.
+  // The table has changed since. Asking about it sets the rows aside.
   if (!is_known) Learn(columns);
 }
 
@@ -133,7 +133,7 @@ void Cursor::Adopt(Result answer) {
   rows_ = std::make_unique<ResultRows>(std::move(answer), description_->columns->size());
 }
 
-/// A form that is not limited has the rows to pass over, too.
+/// With a form that is not limited, the rows to skip are fetched and skipped here.
 void Cursor::Open() {
   state_ = State::kRunning;
   scratch_.resize(description_->columns->size());
@@ -142,7 +142,7 @@ void Cursor::Open() {
   }
 }
 
-/// Whether the statement was not run, and may be in another way.
+/// Whether the statement was not run, and can be run in another way.
 bool Cursor::MayRunAgain(const Error& error, bool was_prepared) {
   if (link_.IsDead() || link_.Transaction() == PQTRANS_INERROR) return false;
   if (Has(kUnprepared, error) && (was_prepared || error.SqlState() == "42P05")) {

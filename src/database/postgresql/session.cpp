@@ -17,7 +17,7 @@ namespace {
 using platform::Error;
 using platform::TypeCode;
 
-/// Not DISCARD ALL, which would take the prepared statements too.
+/// Not DISCARD ALL, which would drop the prepared statements too.
 constexpr const char* kCleaning[] = {
     "CLOSE ALL",        "SET SESSION AUTHORIZATION DEFAULT",          "RESET ALL",
     "UNLISTEN *",       "SELECT pg_catalog.pg_advisory_unlock_all()", "DISCARD TEMP",
@@ -32,7 +32,7 @@ std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
   return std::make_unique<Cursor>(*this, query);
 }
 
-/// A plain name means the one in small letters, as it would without quotes.
+/// A plain name means the name in lower case, as it would without quotes.
 std::string Session::QuoteName(std::string_view name) const {
   const auto is_plain = [](char c) { return text::IsLetterOrDigit(c) || c == '_'; };
   std::string meant(name);
@@ -54,7 +54,7 @@ std::string Session::ProcedureCall(std::string_view name, std::size_t parameters
   return (AskNumber(query) > 0 ? "CALL " : "SELECT * FROM ") + call;
 }
 
-/// Documents (json, xml) have no order, and addresses (inet) as "text" another form than they are read in;
+/// Documents (json, xml) have no order, and addresses (inet) look different as "text" from what is read;
 /// concat() writes every type as it is read. Padded texts lose their blanks as "text".
 std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
   if (was_null) return quoted_column + " IS NULL";
@@ -136,11 +136,11 @@ void Session::RollBackNow(bool is_outermost) noexcept {
     link_->Run(is_outermost ? "ROLLBACK" : ("ROLLBACK TO " + savepoint).c_str());
     if (!is_outermost) link_->Run(("RELEASE " + savepoint).c_str());
   } catch (const std::exception&) {
-    link_->GiveUp();  // Whatever is open ends with the connection.
+    link_->GiveUp();  // What is open then ends with the connection.
   }
 }
 
-/// A transaction that could not be put in line with others, or a deadlock.
+/// After a transaction that could not be serialised with others, or a deadlock.
 bool Session::MayRepeatAfter(const Error& error) const {
   const bool is_conflict = error.SqlState() == "40001" || error.SqlState() == "40P01";
   return is_conflict && depth_ == 0 && !IsInTransaction();
@@ -155,7 +155,7 @@ std::int64_t Session::AskNumber(const std::string& query) const {
   return *number;
 }
 
-/// Whatever sequence the number is from, and whatever a trigger makes of it.
+/// Right for every sequence that the number may come from, and whatever a trigger makes of it.
 database::Session::Inserted Session::Insert(const Query& insert, const BaseTable& table,
                                             const Column* numbered) {
   if (numbered == nullptr) return database::Session::Insert(insert, table, numbered);
@@ -167,7 +167,8 @@ database::Session::Inserted Session::Insert(const Query& insert, const BaseTable
   return inserted;
 }
 
-/// In one trip. A statement that changes something, or is to be changed, is run or prepared by itself.
+/// In one trip. A statement that changes something, or whose rows are to be changed, is run or prepared on
+/// its own.
 bool Session::CountsBesideRows(const Query& rows) const {
   return !rows.is_updatable && KindOf(rows.text).is_select;
 }
@@ -189,14 +190,14 @@ bool Session::Reset() noexcept {
   }
 }
 
-/// In one trip, and in none when nothing has to be cleaned.
+/// In one trip; in none when nothing must be cleaned.
 bool Session::Clean() {
   const PGTransactionStatusType state = link_->Transaction();
   const bool is_open = state == PQTRANS_INTRANS || state == PQTRANS_INERROR;
   if (state != PQTRANS_IDLE && !is_open) return false;
   std::vector<const char*> orders;
   if (is_open) orders.push_back("ROLLBACK");
-  // Which of its connections a pooler would clean nobody knows; it cleans what is closed.
+  // Nobody knows which of its connections a pooler would clean; it cleans those that are closed.
   if (has_traces_ && link_->IsPooled()) return false;
   if (std::exchange(has_traces_, false)) {
     orders.insert(orders.end(), std::begin(kCleaning), std::end(kCleaning));
@@ -224,7 +225,7 @@ void Session::Unprepare(Statement& statement) {
   statement.name.clear();
 }
 
-/// Outside of a transaction, which it could take with it. What the user has deallocated is gone already.
+/// Outside of transactions, which a failure would end. What the user has deallocated is gone already.
 void Session::DeallocateUnused() {
   if (unused_names_.empty() || link_->Transaction() != PQTRANS_IDLE) return;
   for (const std::string& name : std::exchange(unused_names_, {})) {

@@ -57,28 +57,28 @@ class Session final : public database::Session {
   /// Keeps a query for the next time.
   void Keep(const StatementCache::Key& key, std::shared_ptr<Statement> statement);
 
-  /// `cursor` is not run yet: that is to be done, by its StartEarly(), before a statement that may change
-  /// what it yields.
+  /// `cursor` is not run yet: its StartEarly() must run it before a statement that may change what it yields.
   void Defer(Cursor& cursor) { deferred_.push_back(&cursor); }
   void Undefer(const Cursor& cursor) noexcept { std::erase(deferred_, &cursor); }
 
-  /// Before such a statement.
+  /// To be called before such a statement.
   void RunDeferred() noexcept;
 
-  /// Gives a query that came again a name, by which the server keeps it prepared, unless there must be none.
+  /// Gives a query that came again a name, under which the server keeps it prepared; unless nothing may stay
+  /// prepared.
   void GiveName(Statement& statement);
 
-  /// The server must not use what it has prepared any more.
+  /// The server must no longer use what it has prepared.
   void Unprepare(Statement& statement);
 
   /// Before a statement is run: remembers what it does to the session.
   void Note(const StatementKind& kind, std::string_view text);
 
-  /// What the statement needs before it: the transaction that was asked for and is not begun yet, or a
-  /// savepoint of its own. Before the orders of a trip, which are then sent.
+  /// What must be sent before the statement: a transaction that was asked for but not begun yet, or a
+  /// savepoint of its own. To be called before the orders of a trip, which are then sent.
   Execution::Opening TakeOpening(const StatementKind& kind);
 
-  /// Whether another connection would be as good. Before the orders of a trip.
+  /// Whether another connection would do as well. To be called before the orders of a trip.
   bool IsReplaceable() const;
 
   /// What `run`, which runs a query, returns. Should the connection be lost, or have been while the session
@@ -115,10 +115,10 @@ class Session final : public database::Session {
   std::vector<Cursor*> deferred_;
   std::vector<std::string> unused_names_;  ///< Of statements that the server keeps prepared.
   std::int64_t last_name_ = 0;
-  int depth_ = 0;                  ///< Calls of Begin() that are open.
-  bool owns_transaction_ = false;  ///< The outermost of them began it.
-  bool is_begin_due_ = false;      ///< With the next statement.
-  bool has_traces_ = false;        ///< Of the user, that the next one would meet.
+  int depth_ = 0;                  ///< How many Begin() are open.
+  bool owns_transaction_ = false;  ///< The first Begin() began it.
+  bool is_begin_due_ = false;      ///< To be sent with the next statement.
+  bool has_traces_ = false;        ///< Of the user, and visible to the next one.
   bool has_prepared_ = false;      ///< The user has prepared statements, by SQL.
 };
 

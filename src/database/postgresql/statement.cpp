@@ -7,10 +7,10 @@
 
 namespace dralo::database::postgresql {
 
-/// A comment at the query's end must not swallow the parenthesis. The numbers of a page are no constants to
-/// the planner, so that all pages have the same plan, and with it the same order of equal sort keys. A
-/// function that parallel workers may not call keeps them away, whose rows come in any order. It is never
-/// called: the join, which adds nothing to any row, keeps a sort from being done for the first rows only,
+/// The line feed ends a comment at the query's end, which would hide the parenthesis. The numbers of a page
+/// are not constants for the planner, so all pages have the same plan, and with it the same order of equal
+/// sort keys. A function that parallel workers may not call keeps them away, because their rows come in any
+/// order. It is never called. The join adds nothing to any row; it prevents a sort of only the first rows,
 /// which would give equal keys another order.
 std::string Statement::ToSend() const {
   if (form == Form::kPlain) return numbered;

@@ -12,24 +12,24 @@
 
 namespace dralo::database::postgresql {
 
-/// How a query stands in the statement that is sent.
+/// The form in which a query is sent.
 enum class Form {
   kPlain,   ///< As it is.
   kPage,    ///< Limited by two more parameters, the number of rows, perhaps Null, and the offset.
   kOneRow,  ///< Limited to its first row.
 };
 
-/// A statement of a page and what is known of it.
+/// A statement of a page, and what is known about it.
 struct Statement {
   std::string text;  ///< As the page gave it, for messages.
   StatementKind kind;
   Form form = Form::kPlain;
-  std::string numbered;  ///< With "$1" for "?".
+  std::string numbered;  ///< With "$1" and so on for each "?".
   int parameters = 0;
-  std::shared_ptr<const Description> description = {};  ///< Once the server has told of it.
+  std::shared_ptr<const Description> description = {};  ///< Set once the server has described it.
   bool came_again = false;
-  std::string name = {};      ///< That the server knows it by; empty when it is not kept there.
-  std::int64_t prepared = 0;  ///< The number of the connection that it is prepared on; 0 for none.
+  std::string name = {};      ///< Under which the server knows it; empty when it is not kept there.
+  std::int64_t prepared = 0;  ///< The number of the connection on which it is prepared; 0 for none.
 
   /// What is sent to the server.
   std::string ToSend() const;
@@ -42,20 +42,20 @@ class StatementCache {
  public:
   using Key = std::string;
 
-  /// Equal for statements that can stand in for each other: the types of the parameters count too.
+  /// Equal for statements that can replace each other: the types of the parameters count too.
   static Key KeyOf(std::string_view text, Form form, const Parameters& parameters);
 
   /// nullptr when none is kept.
   std::shared_ptr<Statement> Find(const Key& key);
 
-  /// A query that came once goes before one that came again, however many came once. Returns the statement
-  /// that goes, if the server knows it.
+  /// Keeps the query. If one must go, it is one that came only once rather than one that came again. Returns
+  /// the statement that goes, if the server knows it.
   std::shared_ptr<Statement> Keep(const Key& key, std::shared_ptr<Statement> statement);
 
   void Forget(const Key& key);
 
  private:
-  /// A prepared statement takes memory of the server too.
+  /// A prepared statement takes memory on the server too.
   static constexpr std::size_t kCapacity = 32;
 
   struct Entry {

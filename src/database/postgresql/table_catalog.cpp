@@ -8,7 +8,7 @@ namespace dralo::database::postgresql {
 
 namespace {
 
-/// What a rule does in place of an INSERT may have no number to return.
+/// A rule that replaces an INSERT may have no number to return.
 constexpr std::string_view kColumns =
     "SELECT a.attrelid, n.nspname, c.relname, a.attnum, a.attname, a.attnotnull, (a.attidentity <> '' OR "
     "coalesce(pg_catalog.pg_get_expr(d.adbin, d.adrelid) LIKE '%nextval(%', false)) AND NOT EXISTS "
@@ -19,7 +19,7 @@ constexpr std::string_view kColumns =
     "LEFT JOIN pg_catalog.pg_attrdef d ON d.adrelid = a.attrelid AND d.adnum = a.attnum "
     "WHERE a.attnum > 0 AND NOT a.attisdropped AND a.attrelid IN (";
 
-/// An index that leaves rows out, or is over expressions, or is checked later, is no key.
+/// An index that leaves rows out, is over expressions, or is checked later is no key.
 constexpr std::string_view kKeys =
     "SELECT i.indexrelid, k.attnum FROM pg_catalog.pg_index i "
     "CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY k(attnum, place) "

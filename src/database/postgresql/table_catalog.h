@@ -8,12 +8,12 @@
 
 namespace dralo::database::postgresql {
 
-/// A table, or a view, as the catalogue of the database knows it.
+/// A table or view, as the catalogue of the database describes it.
 struct KnownTable {
   struct TableColumn {
     std::string name;
     bool is_required = false;  ///< Never Null.
-    bool is_numbered = false;  ///< By the database, which can tell the number.
+    bool is_numbered = false;  ///< By the database, which can return the number.
   };
 
   std::string schema;
@@ -21,7 +21,7 @@ struct KnownTable {
   std::map<int, TableColumn> columns;  ///< By their numbers.
 };
 
-/// What the session was told of tables, by their numbers. One that was altered by another session since is
+/// What the session knows about tables, by their numbers. A table that another session has altered since is
 /// known as it was.
 class TableCatalog {
  public:
@@ -31,10 +31,10 @@ class TableCatalog {
     bool operator==(const ColumnNumber&) const = default;
   };
 
-  /// Asks for the tables of those columns that are not known yet. Throws platform::Error.
+  /// Asks about the tables of those columns that are not known yet. Throws platform::Error.
   void Learn(Link& link, const std::vector<ColumnNumber>& columns);
 
-  /// nullptr when there is no such table, or none with that column.
+  /// nullptr when there is no such table, or it has no such column.
   const KnownTable* Find(const ColumnNumber& column) const;
 
   void Forget() { tables_.clear(); }
@@ -43,8 +43,8 @@ class TableCatalog {
   std::map<Oid, KnownTable> tables_;
 };
 
-/// The numbers of the columns of every key of the table: the primary one first, then of unique indexes over
-/// columns that are never Null. Asked for each time.
+/// The numbers of the columns of every key of the table: the primary one first, then the unique indexes over
+/// columns that are never Null. Asks the server each time.
 std::vector<std::vector<int>> KeysOf(Link& link, Oid table);
 
 }  // namespace dralo::database::postgresql
