@@ -17,20 +17,20 @@ class Provider {
   Provider(const Provider&) = delete;
   Provider& operator=(const Provider&) = delete;
 
-  /// As messages and tables of versions call it.
+  /// The name in messages and in tables of versions.
   virtual std::string_view Name() const = 0;
 
   /// The client library and its version, such as "SQLite 3.40.1", or why there is none. Loads the library.
   virtual std::string Library() const = 0;
 
-  /// Whether it is meant by "Provider=NAME", in any letter case.
+  /// Whether "Provider=NAME" means this one, in any letter case.
   virtual bool IsCalled(std::string_view name) const = 0;
 
-  /// A connection string to begin with, for messages; empty when there is none that would open.
+  /// A connection string to begin with, for messages; empty when none would open without changes.
   virtual std::string_view Example() const = 0;
 
-  /// What sessions must have in common to stand in for each other; empty when they are never kept.
-  /// Throws platform::Error when the connection string is not understood.
+  /// Equal for sessions that can replace each other; empty when sessions are never kept. Throws
+  /// platform::Error when the connection string is not understood.
   virtual std::string PoolKey(const ConnectionString& connection_string) const = 0;
 
   /// Throws platform::Error when the connection string is not understood or the database does not open.
@@ -40,14 +40,14 @@ class Provider {
   Provider() = default;
 };
 
-/// The providers that a host offers, the one that pages begin with first; at least one. They and the array
-/// live as long as the process.
+/// The providers that a host offers, at least one, in the order in which messages suggest them. They and the
+/// array live as long as the process.
 using Providers = std::span<const Provider* const>;
 
 /// The provider of a connection string that has "Driver" or "DSN".
 inline constexpr std::string_view kDriverProvider = "MSDASQL";
 
-/// The provider that the connection string names. Throws platform::Error when it names none of these.
+/// The provider that the connection string names. Throws platform::Error when it names none of `providers`.
 const Provider& FindProvider(Providers providers, const ConnectionString& connection_string);
 
 }  // namespace dralo::database

@@ -189,8 +189,8 @@ bool Recordset::IsOnRow() {
   return position_ == Position::kOnRow;
 }
 
-/// Reads the row behind those passed. A first row that cannot be read may be asked for again; after a later
-/// one the statement would begin anew, so there is no way on.
+/// Reads the next row. When the first row cannot be read, that can be tried again; after a later row the
+/// statement would start anew, so the recordset is at its end.
 void Recordset::Advance() {
   const bool is_first = position_ == Position::kBeforeFirst;
   if (!is_first) position_ = Position::kAtEnd;
@@ -200,7 +200,7 @@ void Recordset::Advance() {
   if (!has_row) cursor_->Stop();
 }
 
-/// The tables may have been changed since Open(). The first row tells, and is wanted next anyway; but a
+/// The tables may have changed since Open(). The first row shows that, and is usually wanted next; but a
 /// recordset for changes may be there only to add a row, and then reads none.
 void Recordset::LearnColumns() {
   if (updatable_) return VerifyColumns();
@@ -213,7 +213,7 @@ void Recordset::VerifyColumns() {
   columns_ = cursor_->GetColumns();
 }
 
-/// The tables may have been changed between Open() and the first row.
+/// The tables may have changed between Open() and the first row.
 void Recordset::AdoptColumns() {
   auto columns = cursor_->GetColumns();
   if (columns == columns_) return;
@@ -235,7 +235,7 @@ VariantView Recordset::EditedValue(std::size_t column) {
   return edit_ && edit_->is_new ? VariantView{} : cursor_->Value(column);
 }
 
-/// Compared as values of the column, so that setting what is there already is no change.
+/// Compares values of the column's kind, so that setting what is stored already is no change.
 bool Recordset::IsCurrentValue(std::size_t column, const Variant& value) {
   Variant current;
   return updatable_->At(column).stored &&

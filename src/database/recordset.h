@@ -23,8 +23,8 @@ namespace dralo::database {
 
 /// A recordset over a provider's cursor. While it is open it keeps its connection alive.
 ///
-/// Rows that can be edited, and rows of statements that change data, are read into memory as a whole when the
-/// first is asked for; all others are read from the running statement one by one.
+/// Rows that can be edited, and rows of statements that change data, are all read into memory when the first
+/// is asked for; other rows are read from the running statement one by one.
 class Recordset final : public platform::Recordset {
  public:
   /// See Connection.
@@ -63,7 +63,7 @@ class Recordset final : public platform::Recordset {
   /// Opens read-only. Stays closed when the statement yields no rows. Returns the number of rows changed.
   std::int64_t Run(std::shared_ptr<Connection> connection, std::string_view sql, int options);
 
-  // What the fields show; `column` counts from 0 and is always below the number of fields.
+  // For the fields; `column` counts from 0 and is always below the number of fields.
   const Column& ColumnAt(std::size_t column) const { return (*columns_)[column]; }
   platform::TypeCode Type(std::size_t column);
   void SetValue(std::size_t column, const platform::Variant& value);
@@ -79,7 +79,7 @@ class Recordset final : public platform::Recordset {
  private:
   enum class Position { kClosed, kBeforeFirst, kOnRow, kAtEnd };
 
-  /// A new row, or changes of the current one, that are not written yet.
+  /// A new row, or changes of the current one, not written yet.
   struct Edit {
     bool is_new;
     AssignedValues values;
@@ -111,12 +111,12 @@ class Recordset final : public platform::Recordset {
   Position position_ = Position::kClosed;
   std::shared_ptr<Connection> connection_;
   std::unique_ptr<Cursor> cursor_;
-  ClientCursor* updatable_ = nullptr;  ///< The cursor when rows can be changed.
+  ClientCursor* updatable_ = nullptr;  ///< The cursor, when rows can be changed.
   std::int64_t passed_ = 0;            ///< Rows before the current one.
   std::optional<Edit> edit_;
 
-  // Made when they are first asked for; kept after Close() so that a field in use then fails instead of
-  // dangling.
+  // Made when they are first asked for. Kept after Close(), so that a field that is still in use fails
+  // instead of dangling.
   std::shared_ptr<const Columns> columns_;
   std::deque<Field> fields_;
   std::vector<platform::Field*> field_pointers_;

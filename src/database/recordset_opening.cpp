@@ -61,7 +61,7 @@ std::int64_t Recordset::Start(std::shared_ptr<Connection> connection, Query quer
   auto cursor = session.Prepare(query);
   auto columns = cursor->GetColumns();
   const bool changes_data = cursor->ChangesData();
-  // What cannot be counted must not be run.
+  // If counting fails, the statement must not run.
   if ((columns->empty() || changes_data) && !counting_.empty() && !counted_) counted_ = session.Ask(count);
   if (columns->empty()) {
     cursor->Step();

@@ -5,8 +5,8 @@
 
 namespace dralo::database {
 
-/// Calls `change`, which is a transaction and tells nobody of anything before it is committed. Where it has
-/// failed only because another transaction came first, it is called once more.
+/// Calls `change`, which must be one transaction, and report nothing before it is committed. If it fails only
+/// because of a conflict with another transaction, it is called once more.
 template <class Change>
 void RepeatingAfterConflict(const Session& session, const Change& change) {
   try {

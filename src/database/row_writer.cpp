@@ -19,7 +19,7 @@ namespace {
 using platform::Error;
 using platform::Variant;
 
-/// A statement in the making.
+/// A statement that is being put together.
 struct Change {
   std::string text;
   std::vector<Variant> parameters;
@@ -34,7 +34,7 @@ std::string_view RequireOwn(const BaseTable& table, const Columns& columns, std:
   return table.columns[column];
 }
 
-/// One changed row or none: everything else is undone.
+/// Throws unless exactly one row was changed, so that everything is undone.
 void RequireOne(std::int64_t changed, const Change& change, const char* otherwise) {
   if (changed != 1) throw Error(otherwise, 0, {}, change.text);
 }
@@ -60,7 +60,7 @@ Change MakeInsert(Session& session, ClientCursor& cursor, const AssignedValues& 
 constexpr const char* kChangedMeanwhile =
     "Row cannot be located for updating. Some values may have been changed since it was last read.";
 
-/// A statement about the current row in the making.
+/// A statement about the current row that is being put together.
 class RowStatement {
  public:
   RowStatement(Session& session, ClientCursor& cursor)
@@ -80,7 +80,7 @@ class RowStatement {
     return std::move(change_);
   }
 
-  /// A declared key finds one row only where none of its values is Null: some databases allow that.
+  /// Some databases allow Null in a declared key, which then does not find one row.
   bool HasKey() const {
     const auto is_null = [&](std::size_t i) {
       return cursor_.At(i).stored && IsNull(View(*cursor_.At(i).stored));
@@ -127,7 +127,8 @@ class RowStatement {
     }
   }
 
-  /// What the page says about the row, so that an index can be used and fields that are not shown count.
+  /// Adds what the page knows about the row, so that an index can be used and columns that are not shown
+  /// count.
   void Identify(const platform::RecordIdentity& identity) {
     if (!identity.condition.empty()) Require("(" + identity.condition + ")");
     for (std::size_t i = 0; i < columns_->size(); ++i) {
@@ -155,7 +156,7 @@ class RowStatement {
     if (!was_null) change_.Bind(*stored);
   }
 
-  /// Whether the column is one of the table, and not of its key, which is compared anyhow.
+  /// Whether the column belongs to the table but not to its key, which is compared in any case.
   bool IsComparable(std::size_t column) const {
     const bool is_key = HasKey() && std::ranges::find(table_.key, column) != table_.key.end();
     return !table_.columns[column].empty() && !is_key;

@@ -16,7 +16,8 @@ bool IsWordCharacter(char c) {
 
 char ClosingQuote(char c) { return c == '"' || c == '\'' || c == '`' ? c : c == '[' ? ']' : '\0'; }
 
-/// A word, something in quotes, or a single sign. Comments are taken for words, which only adds care.
+/// Takes a word, a quoted text, or a single character. Words in comments count too, which is only more
+/// careful.
 std::string_view TakeToken(std::string_view& rest) {
   std::size_t size = 1;
   if (const char closing = ClosingQuote(rest.front()); closing != '\0') {
@@ -45,7 +46,7 @@ std::string Unquoted(std::string_view token) {
 
 bool IsWord(std::string_view token, std::string_view word) { return text::EqualAscii(token, word); }
 
-/// Tokens of the text outside of parentheses; what is inside of them is one token "(".
+/// Tokens of the text outside parentheses; each pair of parentheses is one token "(".
 std::vector<std::string_view> OuterTokens(std::string_view text) {
   std::vector<std::string_view> tokens;
   int depth = 0;
@@ -65,11 +66,11 @@ std::vector<std::string_view> OuterTokens(std::string_view text) {
 constexpr std::string_view kBehindTables[] = {"WHERE", "GROUP",  "HAVING", "WINDOW", "ORDER",
                                               "LIMIT", "OFFSET", "FETCH",  "FOR",    "SELECT"};
 
-/// Follows a query through the places where tables stand whose rows it yields: behind FROM and JOIN, also of
-/// queries that stand there or in a WITH; not of those in conditions and among the fields.
+/// Walks through the places of a query that name tables whose rows it yields: after FROM and JOIN, also in
+/// queries that stand there or in a WITH; not in queries within conditions and among the fields.
 class TablePlaces {
  public:
-  /// The names of the tables, as often as they stand there, without their schemas.
+  /// The names of the tables, without their schemas, as often as they occur.
   std::vector<std::string> NamesIn(std::string_view query) {
     while (!query.empty()) {
       if (text::IsAsciiSpace(query.front())) {
@@ -129,8 +130,8 @@ class TablePlaces {
   std::vector<std::string> names_;
   std::vector<Level> levels_{1};
   std::string_view before_;
-  bool is_expected_ = false;  ///< A table comes next.
-  bool was_name_ = false;     ///< One came last.
+  bool is_expected_ = false;  ///< The next token is a table.
+  bool was_name_ = false;     ///< The last token was a name.
 };
 
 bool IsPlain(const std::vector<std::string_view>& item) {
@@ -167,7 +168,7 @@ bool NamesTwice(std::string_view query, std::string_view table) {
     return std::ranges::count_if(names, [&](const std::string& one) { return text::EqualAscii(one, name); });
   };
   if (count(table) > 1) return true;
-  // What WITH gives a name to may be the table, and be read more than once by that name.
+  // The query may read what a WITH has named, and so the table behind it, more than once.
   return text::ContainsAscii(query, "WITH") &&
          std::ranges::any_of(names, [&](const std::string& name) { return count(name) > 1; });
 }

@@ -6,12 +6,12 @@
 
 namespace dralo::database {
 
-/// The names that a query gives to fields by itself ("a AS b", "a b", "a + 1 b"): its fields of these names
-/// may be other columns than they are called.
+/// The names that a query itself gives to fields ("a AS b", "a b", "a + 1 b"): the fields of these names may
+/// be other columns than those of that name.
 std::vector<std::string> GivenNames(std::string_view query);
 
-/// Whether the query may read the table more than once for the rows that it yields, so that a field may be of
-/// either. What it compares in its conditions does not count.
+/// Whether the query may read the table more than once for the rows that it yields, so that a field may come
+/// from either. Subqueries in its conditions do not count.
 bool NamesTwice(std::string_view query, std::string_view table);
 
 }  // namespace dralo::database

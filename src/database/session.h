@@ -29,38 +29,38 @@ class Session {
   /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
   virtual std::unique_ptr<Cursor> Prepare(const Query& query) = 0;
 
-  /// A name as it stands in a statement whatever characters it has.
+  /// The name quoted for a statement, whatever characters it has.
   virtual std::string QuoteName(std::string_view name) const = 0;
 
-  /// The same for a name with the letters that the database knows.
+  /// The same for a name that is spelled as in the database.
   virtual std::string QuoteExactName(std::string_view name) const { return QuoteName(name); }
 
-  /// The statement that calls a stored procedure with `parameters` values.
-  /// Throws platform::Error when the database has none.
+  /// The statement that calls a stored procedure with `parameters` values. Throws platform::Error when the
+  /// database has no procedures.
   virtual std::string ProcedureCall(std::string_view name, std::size_t parameters) const = 0;
 
-  /// The condition that a column still has the value it was read with: given as a parameter, or nothing to
-  /// bind when it was Null.
+  /// The condition that a column still has the value it was read with: that of a parameter "?", or Null, for
+  /// which nothing is bound.
   virtual std::string Unchanged(const Column& column, const std::string& quoted_column,
                                 bool was_null) const = 0;
 
-  /// What stands behind a query so that its rows stay as they are until the transaction ends; "" where the
-  /// database has nothing for that.
+  /// Follows a query, so that its rows stay unchanged until the transaction ends; "" when the database has
+  /// nothing for that.
   virtual std::string_view RowLock() const { return {}; }
 
-  /// `value`, which has the column's type, as it is written into the column.
+  /// `value`, which has the column's type, in the form that is written into the column.
   virtual platform::Variant Stored(const Column& column, const platform::Variant& value) const = 0;
 
   /// The statement that adds a row of default values.
   virtual std::string InsertOfDefaults(const std::string& quoted_table) const = 0;
 
-  /// Starts a transaction, inside one that is open already a part of it that can be undone alone.
+  /// Starts a transaction; inside one that is open already, a part of it that can be undone alone.
   virtual void Begin() = 0;
   virtual void Commit() = 0;
   virtual void Rollback() noexcept = 0;
 
-  /// Whether the transaction that failed with `error`, and is rolled back, has left nothing and may succeed
-  /// when it is run again from its start: it met another one, and was a part of none.
+  /// Whether the transaction that failed with `error`, and is rolled back, may succeed when it is run again
+  /// from its start: it met another one, was part of no other, and has left nothing.
   virtual bool MayRepeatAfter(const platform::Error& /*error*/) const { return false; }
 
   struct Inserted {
@@ -68,22 +68,22 @@ class Session {
     platform::Variant number = {};  ///< Null when it is not known.
   };
 
-  /// Runs an INSERT into `table`. `numbered` is the column that the database gives a number to, which is then
-  /// told; nullptr when there is none.
+  /// Runs an INSERT into `table`. `numbered` is the column that the database numbers, whose number is then
+  /// returned; nullptr when there is none.
   virtual Inserted Insert(const Query& insert, const BaseTable& table, const Column* numbered);
 
   /// Whether a kept session still reaches the database that its connection string names.
   virtual bool IsAlive() noexcept = 0;
 
-  /// Makes the session as good as new for the next user: no transaction, no running statement.
-  /// Returns false when it cannot be; it must then be closed.
+  /// Makes the session as good as new for the next user: no transaction, no running statement. Returns false
+  /// when that is not possible; the session must then be closed.
   virtual bool Reset() noexcept = 0;
 
-  /// Whether CountBeside() is better than Ask() before `rows` are prepared.
+  /// Whether CountBeside() is better than calling Ask() before `rows` are prepared.
   virtual bool CountsBesideRows(const Query& /*rows*/) const { return false; }
 
-  /// The only value of `count`, and the first step of `rows`, which was not stepped yet, together: as of one
-  /// moment, or at the price of one. A failure of that step comes at the next Step().
+  /// The only value of `count`, and the first step of `rows`, which was not stepped yet, together: at the
+  /// same moment, or in one trip. A failure of that step is thrown by the next Step().
   virtual platform::Variant CountBeside(const Query& count, Cursor& /*rows*/) { return Ask(count); }
 
   /// The first value of the first row. Throws platform::Error when there is none.
@@ -92,15 +92,15 @@ class Session {
   /// Runs a statement to its end. Returns the number of rows changed.
   std::int64_t Run(const Query& query);
 
-  /// False in a child process that inherited the session by fork(): it must then neither be used nor closed,
-  /// for that would disturb the files and sockets it shares with the parent.
+  /// False in a child process that inherited the session by fork(). It must then neither be used nor closed,
+  /// because that would disturb the files and sockets it shares with the parent.
   bool BelongsToThisProcess() const noexcept;
 
  protected:
   Session();
 
-  /// The number that the database gave, in `column` of `table`, to the row inserted last; for Insert() as it
-  /// is here.
+  /// The number that the database gave, in `column` of `table`, to the row inserted last. Needed by Insert()
+  /// as implemented here.
   virtual std::optional<std::int64_t> LastIdentity(const BaseTable& /*table*/,
                                                    const Column& /*column*/) const {
     return std::nullopt;

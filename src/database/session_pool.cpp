@@ -22,7 +22,7 @@ SessionPool::SessionPool() : process_(ProcessId()) { idle_.reserve(limits_.idle_
 
 SessionPool::~SessionPool() { ForgetInherited(); }
 
-/// Room for all in advance, so that returning a session never fails.
+/// Makes room for all sessions, so that returning one never fails.
 void SessionPool::SetLimits(const Limits& limits) {
   {
     const std::lock_guard lock(mutex_);
@@ -87,7 +87,7 @@ void SessionPool::Return(std::unique_ptr<Session> session, std::string key) noex
   CloseStale();
 }
 
-/// The session returned last comes first: its caches are the warmest.
+/// The session that was returned last is taken first, because its caches are the warmest.
 std::unique_ptr<Session> SessionPool::TakeIdle(const std::string& key) {
   const std::lock_guard lock(mutex_);
   ForgetInherited();
@@ -99,7 +99,7 @@ std::unique_ptr<Session> SessionPool::TakeIdle(const std::string& key) {
   return session;
 }
 
-/// The oldest session if it must not be kept any longer.
+/// The oldest session if it must no longer be kept.
 std::unique_ptr<Session> SessionPool::PopStale() noexcept {
   if (idle_.empty() || !IsStale(idle_.front())) return nullptr;
   auto session = std::move(idle_.front().session);

@@ -19,17 +19,17 @@ struct ReturnToPool {
   void operator()(Session* session) noexcept;
 };
 
-/// A session in use; goes back to the pool when it is dropped.
+/// A session in use; goes back to the pool at its end.
 using PooledSession = std::unique_ptr<Session, ReturnToPool>;
 
-/// The sessions of this process that nobody uses at present. Safe for use by several threads.
+/// The sessions of this process that are not in use. Several threads may use it.
 ///
 /// A session that comes back is rolled back, its statements are reset, and it is kept for the next Open()
-/// with the same key. What cannot be taken back by that (see the provider's Reset()) makes it be closed
-/// instead. A child process that inherits kept sessions by fork() forgets them without closing them.
+/// with the same key. A session with changes that Reset() of its provider cannot undo is closed instead. A
+/// child process that inherits kept sessions by fork() forgets them without closing them.
 ///
-/// Users are never kept waiting: when no kept session fits, a new one is opened. What the limits say is how
-/// many stay open afterwards, and how long.
+/// Users never wait: when no kept session fits, a new one is opened. The limits say how many stay open
+/// afterwards, and how long.
 class SessionPool {
  public:
   struct Counts {
@@ -38,8 +38,7 @@ class SessionPool {
   };
 
   struct Limits {
-    std::size_t idle_sessions =
-        8;  ///< Of all keys together; the one that was used longest ago has to go first.
+    std::size_t idle_sessions = 8;  ///< Of all keys together; the least recently used one goes first.
     std::chrono::milliseconds idle_time = std::chrono::seconds{60};  ///< 0 sets no limit.
   };
 
@@ -49,20 +48,20 @@ class SessionPool {
   SessionPool(const SessionPool&) = delete;
   SessionPool& operator=(const SessionPool&) = delete;
 
-  /// Closes at once what is beyond the new limits.
+  /// Closes at once the sessions beyond the new limits.
   void SetLimits(const Limits& limits);
 
-  /// A kept session, or nullptr when there is none that is still good. An empty `key` never has one.
+  /// A kept session; nullptr when none is kept that still works. With an empty `key` there is never one.
   PooledSession Take(const std::string& key);
 
-  /// Counts a new session, which will be kept under `key` after use, or closed when that is empty.
+  /// Counts a new session, which will be kept under `key` after use, or closed when `key` is empty.
   PooledSession Adopt(std::unique_ptr<Session> session, const std::string& key);
 
-  /// Closes all sessions that nobody uses.
+  /// Closes all sessions that are not in use.
   void CloseIdle();
 
-  /// Closes the sessions that nobody has used for longer than the limit. Take() and the return of a session
-  /// do that too; time alone does not.
+  /// Closes the sessions that have not been used for longer than the limit. Take() and the return of a
+  /// session do that too; time alone does not.
   void CloseStale() noexcept;
 
   Counts Count();

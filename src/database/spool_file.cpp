@@ -21,7 +21,7 @@ constexpr std::size_t kBlockBytes = std::size_t{64} << 10;
   throw platform::Error("The folder for temporary files has no room for the rest of a result");
 }
 
-/// Not every file system has files without a name from the beginning.
+/// Not every file system can make a file without a name.
 int OpenNamelessFile() {
   const char* const wanted = std::getenv("TMPDIR");
   const std::string folder = wanted != nullptr && *wanted != '\0' ? wanted : "/tmp";

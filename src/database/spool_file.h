@@ -7,15 +7,15 @@
 
 namespace dralo::database {
 
-/// Bytes that are put aside first and taken back once, in their order: a few in memory, the others in a file
-/// of the folder for temporary files ($TMPDIR, or /tmp) that has no name, goes with this object, and is not
-/// passed on to programs that the process starts.
+/// Bytes that are first put aside and then taken back once, in their order: a few in memory, the others in a
+/// file in the folder for temporary files ($TMPDIR, or /tmp). The file has no name, is gone with this object,
+/// and is not passed on to programs that the process starts.
 ///
-/// The file has no position of its own, so that a child process of fork(), which shares it, disturbs nothing
+/// The file's own position is not used, so a child process of fork(), which shares the file, disturbs nothing
 /// by reading or by ending.
 class SpoolFile {
  public:
-  /// Held in memory before the file is made.
+  /// Kept in memory before the file is made.
   static constexpr std::size_t kMaxBytesInMemory = std::size_t{4} << 20;
 
   SpoolFile() = default;
@@ -23,14 +23,15 @@ class SpoolFile {
   SpoolFile(const SpoolFile&) = delete;
   SpoolFile& operator=(const SpoolFile&) = delete;
 
-  /// Before the first Take(). Throws platform::Error when the file cannot be made or has no room.
+  /// To be called before the first Take(). Throws platform::Error when the file cannot be made or has no
+  /// room.
   void Put(std::string_view bytes);
 
-  /// The next `size` bytes. False, and nothing is taken, when fewer are left. Throws platform::Error when the
-  /// file cannot be read.
+  /// Takes the next `size` bytes. False, and nothing is taken, when fewer are left. Throws platform::Error
+  /// when the file cannot be read.
   bool Take(char* to, std::size_t size);
 
-  /// Bytes that were put and not taken yet; a size that was read back can be no greater.
+  /// How many bytes were put and not taken yet; no size that is read back can be greater.
   std::uint64_t Left() const { return put_ - taken_; }
 
  private:
@@ -38,10 +39,10 @@ class SpoolFile {
   void MoveToFile();
   void ReadBlock();
 
-  /// What was put last; while bytes are taken, some from where `taken_` is.
+  /// The bytes put last; while bytes are taken, some that begin at `taken_`.
   std::string memory_;
 
-  std::size_t position_ = 0;  ///< Of the next byte to be taken, in the memory.
+  std::size_t position_ = 0;  ///< Of the next byte to take, in the memory.
   std::uint64_t put_ = 0;
   std::uint64_t taken_ = 0;
   std::uint64_t in_file_ = 0;    ///< Bytes written to the file.

@@ -29,8 +29,8 @@ bool IsDisputed(std::string_view text) {
          text.starts_with("/*!") || text.starts_with("/*M!");
 }
 
-/// The size of the quoted text or comment at the front; 0 when there is none, npos when it does not end or
-/// databases differ in where.
+/// The size of the quoted text or comment at the front; 0 when there is none, npos when it has no end or
+/// databases differ in where it ends.
 std::size_t SizeOfQuoted(std::string_view text) {
   const char quote = text.front();
   if (quote == '\'' || quote == '"' || quote == '`') {
@@ -44,8 +44,8 @@ std::size_t SizeOfQuoted(std::string_view text) {
   return end == text.npos ? end : end + 2;
 }
 
-/// Without what stands in quotes and comments, as far as databases agree on that: a word too many only makes
-/// the statement be treated with more care.
+/// Without quoted texts and comments, as far as databases agree on them. A word too many only makes the
+/// statement be treated with more care.
 std::string WithoutQuoted(std::string_view text) {
   std::string words;
   while (!text.empty() && !IsDisputed(text)) {
@@ -104,8 +104,7 @@ constexpr std::string_view kBeforeParenthesis[] = {
     "DATE_TRUNC",   "LIMIT",      "OFFSET",      "HAVING",    "GENERATE_SERIES"};
 constexpr std::string_view kTemporary[] = {"TEMP", "TEMPORARY"};
 
-/// Whether a name that is not in the list stands in front of a "(". The list of columns of an INSERT is no
-/// call.
+/// Whether a name that is not in the list is followed by "(". The list of columns of an INSERT is no call.
 bool CallsFunctions(std::string_view text) {
   bool is_target = false;  // The name of a table behind INTO, or a part of it.
   bool is_behind_dot = false;
@@ -129,7 +128,7 @@ bool CallsFunctions(std::string_view text) {
   return false;
 }
 
-/// REPLACE() is a function.
+/// The word REPLACE alone may be the function.
 bool HasChangeBehindWith(std::string_view text) {
   return HasAny(text, kChangesBehindWith) || (HasWord(text, "REPLACE") && HasWord(text, "INTO"));
 }

@@ -4,10 +4,10 @@
 
 namespace dralo::database {
 
-/// Without blanks, comments and the sign `also` at its front.
+/// The text without the blanks, comments and characters `also` at its front.
 std::string_view WithoutFront(std::string_view text, char also);
 
-/// Without ";" and blanks at the end.
+/// The text without ";" and blanks at its end.
 std::string_view WithoutEnd(std::string_view text);
 
 }  // namespace dralo::database

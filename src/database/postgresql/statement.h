@@ -14,7 +14,7 @@ namespace dralo::database::postgresql {
 
 /// The form in which a query is sent.
 enum class Form {
-  kPlain,   ///< As it is.
+  kPlain,   ///< Unchanged.
   kPage,    ///< Limited by two more parameters, the number of rows, perhaps Null, and the offset.
   kOneRow,  ///< Limited to its first row.
 };
