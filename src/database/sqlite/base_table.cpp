@@ -27,7 +27,7 @@ bool IsFromSameTable(const Column& a, const Column& b) {
   return a.origin_table == b.origin_table && a.origin_database == b.origin_database;
 }
 
-/// A column of the table that the rows come from. Subqueries in the list of columns may show other tables.
+/// A column of the table that the rows come from. Subqueries among the fields may show other tables.
 const Column& FindSample(sqlite3* connection, const Columns& columns, std::string_view text) {
   const auto has_origin = [](const Column& column) { return !column.origin.empty(); };
   const auto first = std::ranges::find_if(columns, has_origin);
@@ -47,8 +47,8 @@ const Column& FindSample(sqlite3* connection, const Columns& columns, std::strin
   return *sample;
 }
 
-/// Per column of the result the column of the sample's table that it shows, or "". A table's column that
-/// comes again may come from a subquery on the same table, so only the first counts.
+/// For each column of the result the column of the sample's table that it shows, or "". If it is shown twice,
+/// only the first counts, because the other may come from a subquery on the same table.
 Names OwnColumns(const Columns& columns, const Column& sample) {
   Names own;
   for (const Column& column : columns) {
@@ -65,7 +65,7 @@ std::optional<std::size_t> FindColumn(const Names& own, std::string_view name) {
   return static_cast<std::size_t>(found - own.begin());
 }
 
-/// The columns of the result that show the named ones; empty unless all are there.
+/// The columns of the result that show the named ones; empty unless all of them are shown.
 Key FindColumns(const Names& own, const TextRows& names) {
   Key key;
   for (const Names& name : names) {
@@ -83,7 +83,7 @@ Key FindPrimaryKey(sqlite3* connection, const Names& own, const Column& sample) 
   return FindColumns(own, names);
 }
 
-/// Of a unique index over columns that are never Null.
+/// The columns of a unique index over columns that are never Null.
 Key FindUniqueKey(sqlite3* connection, const Names& own, const Column& sample) {
   const TextRows indexes = Ask(
       connection,

@@ -13,7 +13,7 @@ namespace {
 
 using platform::DateTime;
 
-/// Nothing when the number has more digits than a double keeps.
+/// Nothing when the number has more digits than a double can hold.
 std::optional<double> ExactDouble(const std::string& decimal) {
   const auto number = text::ParseNumber<double>(decimal);
   const auto kept = number ? text::DecimalText(*number) : std::nullopt;

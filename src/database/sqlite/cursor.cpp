@@ -61,7 +61,7 @@ Cursor::~Cursor() {
   session_.GiveBack(std::move(statement_));
 }
 
-/// SQLite notices that tables were changed when a statement starts; a limit of no rows makes it start without
+/// SQLite notices that tables have changed when a statement starts; with a limit of no rows it starts without
 /// reading any.
 void Cursor::FixColumns() {
   if (was_stepped_) return;
@@ -93,7 +93,8 @@ void Cursor::TakeTypes() {
 
 bool Cursor::ChangesData() const { return sqlite3_stmt_readonly(statement_->Handle()) == 0; }
 
-/// Only where types are declared: others come from the first value, which must be that of the first row.
+/// Only when all types are declared: other types come from the first value, which must be that of the first
+/// row.
 bool Cursor::Skip(std::int64_t rows) {
   if (was_stepped_ || !statement_->Describe().has_declared_types) return false;
   if (statement_->GetForm() == Form::kPlain && !Limit()) return false;
@@ -102,7 +103,7 @@ bool Cursor::Skip(std::int64_t rows) {
   return true;
 }
 
-/// Goes over from the plain statement to the limited one, if that can be and costs less.
+/// Replaces the plain statement by the limited one, if that is possible and costs less.
 bool Cursor::Limit() {
   if (statement_->RefusesLimit()) return false;
   auto limited = session_.TakeLimited(statement_->Text());
@@ -120,7 +121,7 @@ bool Cursor::Limit() {
 void Cursor::StepAhead() noexcept {
   try {
     ahead_ = Step();
-  } catch (...) {  // It belongs to whoever asks for the row.
+  } catch (...) {  // Thrown when the row is asked for.
     ahead_failure_ = std::current_exception();
   }
 }
@@ -139,7 +140,7 @@ bool Cursor::Step() {
   return code == SQLITE_ROW;
 }
 
-/// SQLite counts the rows that a statement changed when the statement ends.
+/// SQLite knows how many rows a statement has changed when the statement ends.
 void Cursor::Stop() noexcept {
   sqlite3_reset(statement_->Handle());
   if (!std::exchange(is_running_, false) || !ChangesData()) return;

@@ -29,7 +29,7 @@ class Cursor final : public database::Cursor {
   bool Skip(std::int64_t rows) override;
   bool Step() override;
 
-  /// Takes the first step, whose result the next Step() gives.
+  /// Takes the first step, whose result the next Step() returns.
   void StepAhead() noexcept;
   void Stop() noexcept override;
   platform::VariantView Value(std::size_t column) override;
@@ -54,7 +54,7 @@ class Cursor final : public database::Cursor {
   bool is_running_ = false;
   std::int64_t changes_before_ = 0;
   std::int64_t rows_affected_ = 0;
-  std::vector<platform::TypeCode> first_types_;  ///< Per column; empty when all types are declared.
+  std::vector<platform::TypeCode> first_types_;  ///< For each column; empty when all types are declared.
 };
 
 }  // namespace dralo::database::sqlite

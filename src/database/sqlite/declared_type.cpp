@@ -74,13 +74,13 @@ const NamedType* Find(std::string_view name) {
   return nullptr;
 }
 
-/// Dates and times are texts that may spell the same one in several ways.
+/// Dates and times are stored as texts, several of which may spell the same one.
 platform::KeyComparison ComparisonOf(TypeCode type) {
   if (type == TypeCode::kDate) return SameMoment;
   return type == TypeCode::kDbTime ? SameTimeOfDay : nullptr;
 }
 
-/// The number behind the first "(", or 0.
+/// The number after the first "(", or 0.
 std::int64_t SizeIn(std::string_view declared) {
   const auto open = declared.find('(');
   if (open == declared.npos) return 0;

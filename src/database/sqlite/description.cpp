@@ -13,7 +13,7 @@ namespace {
 
 const char* TextOrEmpty(const char* text) { return text ? text : ""; }
 
-/// Remembers the last table, as neighbouring columns mostly come from the same one.
+/// Remembers the last table, because neighbouring columns usually come from the same one.
 class RowNumberFinder {
  public:
   explicit RowNumberFinder(sqlite3* connection) : connection_(connection) {}

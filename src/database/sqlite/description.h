@@ -6,10 +6,10 @@
 
 namespace dralo::database::sqlite {
 
-/// Finds out about the columns of a prepared statement.
+/// Describes the columns of a prepared statement.
 Description Describe(sqlite3_stmt* statement);
 
-/// How often SQLite prepared the statement anew because tables had been changed.
+/// How often SQLite has prepared the statement again because tables had changed.
 int PreparedAgain(sqlite3_stmt* statement);
 
 }  // namespace dralo::database::sqlite

@@ -10,7 +10,7 @@
 namespace dralo::database::sqlite {
 namespace {
 
-// Not all headers of the kernel have these.
+// Not all kernel headers have these.
 constexpr unsigned kCifsMagic = 0xFF534D42;
 constexpr unsigned kSmb2Magic = 0xFE534D42;
 constexpr unsigned kFuseMagic = 0x65735546;

@@ -18,10 +18,10 @@ struct Options {
   int flags = 0;            ///< SQLITE_OPEN_READONLY and the like.
   int busy_timeout_ms = kDefaultBusyTimeoutMs;
   int query_timeout_s = kDefaultQueryTimeoutS;  ///< 0 for none.
-  int memory_map_mb = 0;                        ///< How much of the file is read as memory.
+  int memory_map_mb = 0;                        ///< How many megabytes of the file are read as memory.
 };
 
-/// Throws platform::Error saying what to write when the connection string is not understood.
+/// Throws platform::Error, which says what to write, when the connection string is not understood.
 Options ReadOptions(const ConnectionString& connection_string);
 
 }  // namespace dralo::database::sqlite

@@ -9,7 +9,7 @@ namespace dralo::database::sqlite {
 
 namespace {
 
-/// The steps that SQLite takes, without those that belong to another one.
+/// The steps that SQLite takes, without those that are part of another step.
 std::vector<std::string> Plan(sqlite3* connection, std::string_view query) {
   std::vector<std::string> steps;
   for (auto& step : Ask(connection, "EXPLAIN QUERY PLAN " + std::string(query))) {

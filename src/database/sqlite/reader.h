@@ -20,10 +20,10 @@ enum class Reader {
 /// How values of a column that declares the type are read.
 Reader ReaderOf(platform::TypeCode type);
 
-/// `value` as it is stored. Text and bytes stay where they are: valid until the statement moves.
+/// `value` as it is stored. Text and bytes are not copied: valid until the statement moves.
 platform::VariantView ReadStored(sqlite3_value* value);
 
-/// `value` as `reader` says, or as it is stored when it cannot be read so.
+/// `value` as `reader` says; as it is stored when it cannot be read so.
 platform::VariantView Read(Reader reader, sqlite3_value* value);
 
 }  // namespace dralo::database::sqlite

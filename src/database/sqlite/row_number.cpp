@@ -6,7 +6,7 @@ namespace dralo::database::sqlite {
 
 namespace {
 
-/// What SQLite names as the origin of the only column of a query; empty when the query is not accepted.
+/// The name that SQLite gives as the origin of a query's only column; empty when the query is not accepted.
 std::string OriginOf(sqlite3* connection, const std::string& query) {
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v2(connection, query.c_str(), static_cast<int>(query.size() + 1), &statement, nullptr);
@@ -18,7 +18,7 @@ std::string OriginOf(sqlite3* connection, const std::string& query) {
 
 }  // namespace
 
-/// An ordinary column may be called "rowid" and then hides the number of the row; "_rowid_" still reaches it.
+/// An ordinary column may be called "rowid" and then hides the row's number; "_rowid_" still reaches that.
 std::string RowNumberColumn(sqlite3* connection, const std::string& database, const std::string& table) {
   std::string name = OriginOf(connection, "SELECT _rowid_ FROM " + Quote(database) + "." + Quote(table));
   int is_key = 1;

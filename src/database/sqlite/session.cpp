@@ -38,7 +38,8 @@ void RequireFile(const Options& options) {
   }
 }
 
-/// What is read while it lasts is read as of one moment, unless a transaction of the user does that already.
+/// While it lives, everything that is read is of one moment, unless a transaction of the user already makes
+/// it so.
 class Snapshot {
  public:
   explicit Snapshot(Session& session)
@@ -103,7 +104,7 @@ std::string Session::ProcedureCall(std::string_view /*name*/, std::size_t /*para
   throw Error("SQLite has no stored procedures; give the command's text and CommandType 1");
 }
 
-/// COLLATE, so that values which only sort as equals are told apart.
+/// COLLATE BINARY tells values apart that only sort as equal.
 std::string Session::Unchanged(const Column& /*column*/, const std::string& quoted_column,
                                bool was_null) const {
   return quoted_column + (was_null ? " IS NULL" : " COLLATE BINARY IS ?");
@@ -119,7 +120,7 @@ std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
   return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
 }
 
-/// The rows keep what the transaction saw when it ends.
+/// The rows keep what the transaction saw, although it ends here.
 platform::Variant Session::CountBeside(const Query& count, database::Cursor& rows) {
   const Snapshot snapshot(*this);
   Variant value = Ask(count);
@@ -127,7 +128,7 @@ platform::Variant Session::CountBeside(const Query& count, database::Cursor& row
   return value;
 }
 
-/// Savepoints may bear one name: the latest of them is meant.
+/// Savepoints may have the same name: the latest one is meant.
 void Session::Begin() {
   const bool is_part = sqlite3_get_autocommit(Handle()) == 0;
   Run({is_part ? "SAVEPOINT dralo_change" : "BEGIN IMMEDIATE"});
@@ -142,7 +143,7 @@ void Session::Commit() {
   if (is_outermost) owns_transaction_ = false;
 }
 
-/// After some failures SQLite has rolled everything back by itself.
+/// After some failures SQLite has already rolled everything back.
 void Session::Rollback() noexcept {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
   --depth_;

@@ -19,8 +19,8 @@ namespace dralo::database::sqlite {
 /// An open SQLite database.
 ///
 /// Reset() rolls a transaction back and ends statements; the prepared statements, changes() and
-/// last_insert_rowid() stay. A session whose user made temporary tables, views or triggers, attached a
-/// database or set a pragma is not kept: these would show up at the next user's.
+/// last_insert_rowid() stay. A session is not kept when its user made temporary tables, views or triggers,
+/// attached a database or set a pragma: the next user would meet them.
 class Session final : public database::Session {
  public:
   /// Throws platform::Error when the file does not exist (and is not to be made) or does not open.
@@ -62,12 +62,12 @@ class Session final : public database::Session {
   static int Watch(void* session, int action, const char* name, const char* value, const char* database,
                    const char* trigger) noexcept;
 
-  TimeLimit time_limit_;  ///< Before the handle, so that it goes last.
+  TimeLimit time_limit_;  ///< Before the handle, so that it is destroyed last.
   std::unique_ptr<sqlite3, Closer> handle_;
-  StatementCache cache_;           ///< After the handle, so that it goes first.
-  int depth_ = 0;                  ///< Begin() without its Commit() or Rollback().
-  bool owns_transaction_ = false;  ///< The first Begin() began it; else it is a part of the user's.
-  bool has_leftovers_ = false;     ///< Something was done that Reset() does not take back.
+  StatementCache cache_;           ///< After the handle, so that it is destroyed first.
+  int depth_ = 0;                  ///< How many Begin() have had no Commit() or Rollback().
+  bool owns_transaction_ = false;  ///< The first Begin() began it; else it is part of the user's.
+  bool has_leftovers_ = false;     ///< Something was done that Reset() cannot undo.
 };
 
 }  // namespace dralo::database::sqlite

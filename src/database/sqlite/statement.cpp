@@ -13,17 +13,17 @@ namespace dralo::database::sqlite {
 
 namespace {
 
-/// Named, so that their absence shows that the text swallowed them, as an open comment does.
+/// Named parameters: if they are missing, the text has hidden them, as an open comment does.
 constexpr std::string_view kLimit = "\nLIMIT :dralo_limit OFFSET :dralo_offset";
 constexpr std::string_view kLimitParameter = ":dralo_limit";
 constexpr int kLimitParameters = 2;
 
-/// With 100,000 rows both ways to sort take the same time at about this limit, with more rows at a higher
-/// one.
+/// Measured: with 100,000 rows both ways to sort take the same time at about this limit, with more rows at a
+/// higher one.
 constexpr std::int64_t kMaxSortedRecords = 8000;
 
-/// Calls SQLite with a text that is followed by a zero byte, which spares it a copy.
-/// `rest` becomes what follows the first statement.
+/// Calls SQLite with a text that is followed by a zero byte, which saves SQLite a copy. `rest` becomes what
+/// follows the first statement.
 int PrepareHandle(sqlite3* connection, const std::string& text, sqlite3_stmt** handle,
                   std::string_view& rest) {
   const char* tail = nullptr;

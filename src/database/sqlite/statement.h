@@ -15,10 +15,10 @@
 
 namespace dralo::database::sqlite {
 
-/// Whether SQLite was given a record limit behind the text of a statement.
+/// Whether a record limit was appended to the text of a statement.
 enum class Form { kPlain, kLimited };
 
-/// What is known of the columns of a prepared statement.
+/// What is known about the columns of a prepared statement.
 struct Description {
   std::shared_ptr<const Columns> columns;
   std::vector<Reader> readers;
@@ -26,19 +26,18 @@ struct Description {
   /// Whether no column's type depends on the first value.
   bool has_declared_types = true;
 
-  /// How often SQLite had prepared the statement anew, after changes of the tables, when this was found out.
+  /// PreparedAgain() at the time of the description.
   int prepared_again = 0;
 };
 
-/// A statement that SQLite has prepared, with what was found out about it. Not running unless a cursor uses
-/// it.
+/// A statement that SQLite has prepared, and what is known about it. It runs only while a cursor uses it.
 class Statement {
  public:
-  /// Throws platform::Error when SQLite does not accept `text` or it holds more than one statement or none.
+  /// Throws platform::Error when SQLite does not accept `text`, or when it is not exactly one statement.
   static std::unique_ptr<Statement> Prepare(sqlite3* connection, std::string_view text);
 
-  /// `text` with a limit behind it, or nullptr when that is another statement or none.
-  /// Throws platform::Error, as if for `text` alone, when the failure is not one of the text.
+  /// `text` with a limit appended, or nullptr when that makes it another statement or none. Throws
+  /// platform::Error, as for `text` alone, when the text is not the reason of the failure.
   static std::unique_ptr<Statement> PrepareLimited(sqlite3* connection, std::string_view text);
 
   sqlite3_stmt* Handle() const { return handle_.get(); }
@@ -51,27 +50,27 @@ class Statement {
   /// Without those of the limit.
   int ParameterCount() const;
 
-  /// The parameters of a limited statement: rows to yield at most, -1 for all, and rows to pass over first.
+  /// The parameters of a limited statement: the most rows to yield, -1 for all, and the rows to skip before.
   void BindLimit(std::int64_t rows, std::int64_t offset);
 
   const Description& Describe() const { return description_; }
 
-  /// Finds out about the columns anew if the tables were changed since.
+  /// Describes the columns anew if the tables have changed.
   void Refresh();
 
-  /// Where the rows can be written to. Throws platform::Error saying why they cannot.
+  /// The table that the rows can be written to. Throws platform::Error, which says why, when there is none.
   const BaseTable& Table();
 
-  /// Whether a limited statement of `max_records` (0 for all) costs less than the plain one. SQLite sorts for
-  /// a limit by keeping the rows below it in order, which is fast for few and much slower than sorting for
-  /// many.
+  /// Whether a limited statement of `max_records` (0 for all) costs less than the plain one. For a limit
+  /// SQLite sorts by keeping the rows below it in order, which is fast for a few rows, and much slower than
+  /// an ordinary sort for many.
   bool PaysOff(std::int64_t max_records) const;
 
-  /// Of a plain statement: that no limit can be put behind it.
+  /// For a plain statement: no limit can be appended to it.
   void RefuseLimit() { refuses_limit_ = true; }
   bool RefusesLimit() const { return refuses_limit_; }
 
-  /// Ends the statement and forgets the parameters.
+  /// Ends the statement and drops the parameters.
   void Reset() noexcept;
 
  private:

@@ -9,7 +9,7 @@
 
 namespace dralo::database::sqlite {
 
-/// The prepared statements of a session that do not run at present; those used last are kept.
+/// The prepared statements of a session that are not running; the most recently used ones are kept.
 class StatementCache {
  public:
   static constexpr std::size_t kCapacity = 64;
@@ -17,13 +17,13 @@ class StatementCache {
   /// Longer statements are not kept.
   static constexpr std::size_t kMaxTextBytes = 32'768;
 
-  /// Room for all from the start, so that giving a statement back never fails.
+  /// Room for all from the start, so that Give() never fails.
   StatementCache() { statements_.reserve(kCapacity); }
 
   /// The statement for a text, or nullptr when none is kept.
   std::unique_ptr<Statement> Take(std::string_view text, Form form);
 
-  /// Whether a plain statement is kept for the text and known not to take a limit.
+  /// Whether a plain statement is kept for the text that is known not to accept a limit.
   bool RefusesLimit(std::string_view text) const;
 
   /// Takes back a statement that was reset.

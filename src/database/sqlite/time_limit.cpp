@@ -10,7 +10,7 @@
 namespace dralo::database::sqlite {
 
 void TimeLimit::Watch(sqlite3* connection, int seconds) {
-  // Some tenths of a millisecond, so that asking costs nothing that could be measured.
+  // Some tenths of a millisecond, so that the cost of asking cannot be measured.
   constexpr int kInstructionsBetween = 10'000;
   time_ = std::chrono::seconds{seconds};
   sqlite3_progress_handler(connection, kInstructionsBetween, Ask, this);

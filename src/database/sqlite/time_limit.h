@@ -9,7 +9,7 @@
 
 namespace dralo::database::sqlite {
 
-/// Ends a statement that takes too long to come to its next row, that runs when the time of its page is over,
+/// Ends a statement that takes too long to reach its next row, that runs when the time of its page is over,
 /// or that the host wants to end.
 class TimeLimit {
  public:
@@ -17,10 +17,10 @@ class TimeLimit {
   TimeLimit(const TimeLimit&) = delete;
   TimeLimit& operator=(const TimeLimit&) = delete;
 
-  /// Of all statements of the connection, which must not outlive this object. 0 sets no limit of time.
+  /// Watches all statements of the connection, which must not outlive this object. 0 sets no time limit.
   void Watch(sqlite3* connection, int seconds);
 
-  /// sqlite3_step(), within the limit. Throws platform::Error, with `text` as its source, when that is
+  /// sqlite3_step(), within the limit. Throws platform::Error, with `text` as its source, when the limit is
   /// reached.
   int Step(sqlite3_stmt* statement, std::string_view text);
 
