@@ -11,14 +11,14 @@ namespace serve {
 
 using Headers = std::vector<std::pair<std::string, std::string>>;
 
-/// What a browser asks, as it was sent.
+/// The request of a browser, unchanged.
 struct Request {
   std::string method;
-  std::string target;  ///< A path, and behind a "?" a query.
+  std::string target;  ///< A path, perhaps followed by "?" and a query.
   std::string form;    ///< The body of a post, application/x-www-form-urlencoded.
   Headers headers;
 
-  /// Empty when it did not come, or more than once.
+  /// Empty when the header did not come, or came more than once.
   std::string Header(const std::string& lower_name) const;
 };
 
@@ -27,7 +27,7 @@ struct Answer {
   std::string type = "text/html; charset=utf-8";
   Headers headers = {};
   std::string body = {};
-  std::shared_ptr<dralo::PageStream> rest = nullptr;  ///< What follows the body.
+  std::shared_ptr<dralo::PageStream> rest = nullptr;  ///< Is sent after the body.
 };
 
 }  // namespace serve

@@ -8,7 +8,7 @@ bool IsSqlite(Rows& rows) {
     rows.Query("SELECT sqlite_version()");
     return true;
   } catch (const dralo::Error& error) {
-    // Another database does not know the function; a file that is none does not come so far.
+    // Other databases do not know the function. That the file is no database is a failure of its own.
     if (std::string_view(error.what()).find("not a database") != std::string_view::npos) throw;
     return false;
   }

@@ -10,7 +10,7 @@
 
 namespace serve {
 
-/// A table or a view. `schema` is empty for the one that a name without a schema means.
+/// A table or a view. `schema` is empty for the schema that a name without one means.
 struct TableName {
   std::string schema;
   std::string name;
@@ -22,7 +22,7 @@ struct Table {
   bool is_view = false;
 };
 
-/// The single column of another table that a foreign key points to; without a name its primary key.
+/// The single column of another table to which a foreign key points; without a name its primary key.
 struct Reference {
   TableName table;
   std::string column;
@@ -31,9 +31,9 @@ struct Reference {
 struct Column {
   std::string name;
   std::string type;           ///< As the database calls it.
-  bool is_generated = false;  ///< Its value is computed: it cannot be written.
+  bool is_generated = false;  ///< Its value is computed and cannot be written.
   bool is_automatic = false;  ///< The database numbers new records.
-  int key_position = 0;       ///< From 1; 0 outside of the primary key.
+  int key_position = 0;       ///< From 1; 0 for columns outside the primary key.
   std::optional<Reference> reference = std::nullopt;
 };
 
@@ -42,24 +42,24 @@ class Catalogue {
  public:
   virtual ~Catalogue() = default;
 
-  /// What stands around a name in a statement, so that its letters stay as they are.
+  /// The quote around a name in a statement, so that its letter case is kept.
   virtual char NameQuote() const { return '"'; }
 
-  /// In the order of their names, those of the default schema first.
+  /// Sorted by name, those of the default schema first.
   virtual std::vector<Table> Tables(Rows& rows) const = 0;
 
-  /// In the order of the table; none when it is not there.
+  /// In the order of the table; none when there is no such table.
   virtual std::vector<Column> Columns(Rows& rows, const TableName& table) const = 0;
 };
 
-/// A name of that database as it stands in a statement.
+/// The name of a table or column, quoted for a statement of that database.
 std::string Quoted(const Catalogue& catalogue, std::string_view name);
 
 /// The same with its schema.
 std::string Quoted(const Catalogue& catalogue, const TableName& table);
 
-/// That of the database behind `rows`, which is asked what it is. Throws dralo::Error when it is of no kind
-/// that is known.
+/// The catalogue for the database behind `rows`, which is asked what it is. Throws dralo::Error when it is of
+/// no known kind.
 const Catalogue& FindCatalogue(Rows& rows);
 
 const Catalogue& SqliteCatalogue();

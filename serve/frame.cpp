@@ -6,7 +6,7 @@
 namespace serve {
 namespace {
 
-/// A longer list of tables stands on the start page alone.
+/// A longer list of tables is only on the start page.
 constexpr std::size_t kMostTablesBeside = 100;
 
 void PutTable(std::string& out, const Table& table, bool is_current) {

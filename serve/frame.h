@@ -9,18 +9,18 @@
 
 namespace serve {
 
-/// What stands around the contents of all pages.
+/// What all pages have around their contents.
 struct Frame {
-  std::string database;  ///< What the database is called.
+  std::string database;  ///< The name of the database.
   std::vector<Table> tables;
   bool can_edit = false;
 };
 
-/// A whole page. `current` is the table it shows; `content` is markup.
+/// A complete page. `current` is the table it shows; `content` is markup.
 std::string WholePage(const Frame& frame, std::string_view title, std::string_view content,
                       const std::optional<TableName>& current = std::nullopt);
 
-/// The table as people read it.
+/// The name of the table for people.
 std::string Label(const TableName& table);
 
 /// A page with a title and a sentence, both as text, and a link to the tables.

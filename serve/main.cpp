@@ -22,7 +22,7 @@ std::string Bracketed(const std::string& host) {
   return host.find(':') == host.npos ? host : "[" + host + "]";
 }
 
-/// The signals that end the program. Blocked in all threads, so that one can wait for them.
+/// The signals that end the program. They are blocked in all threads, so that one thread can wait for them.
 sigset_t BlockEnds() {
   sigset_t ends;
   sigemptyset(&ends);
@@ -33,8 +33,7 @@ sigset_t BlockEnds() {
   return ends;
 }
 
-/// Pages are large for a moment, again and again: giving their memory back each time costs more than making
-/// them.
+/// Every page is large for a moment: giving the memory back each time costs more than making the page.
 void KeepMemory() {
   constexpr int kKeptBytes = 16 * 1024 * 1024;
   mallopt(M_TRIM_THRESHOLD, kKeptBytes);
@@ -53,7 +52,7 @@ void Announce(const Options& options, int port) {
               << " this database; --user-file asks for a name\n";
 }
 
-/// Serves until a signal comes; a second one ends the program at once.
+/// Serves until a signal comes; a second signal ends the program at once.
 void ServeUntilSignal(WebServer& server, const sigset_t& ends) {
   std::thread waiter([&] {
     int number = 0;
@@ -85,7 +84,7 @@ int Run(const Options& options) {
   return 0;
 }
 
-/// In one line, whatever the database says.
+/// The message is on one line, whatever the database says.
 int Complain(std::string text, int status) {
   std::ranges::replace(text, '\n', ' ');
   std::cerr << "dralo-serve: " << text << '\n';

@@ -7,7 +7,7 @@ constexpr std::string_view kTablesOfDatabase = R"(
 SELECT table_name, table_type = 'VIEW' FROM information_schema.tables
 WHERE table_schema = DATABASE() AND table_type <> 'SEQUENCE' ORDER BY lower(table_name), table_name)";
 
-/// Behind the columns what a foreign key of one column points to.
+/// The last columns say what a foreign key of one column points to.
 constexpr std::string_view kColumnsOfTable = R"(
 SELECT c.column_name, c.data_type, c.extra LIKE '%GENERATED%', c.extra LIKE '%auto_increment%',
   (SELECT coalesce(max(k.ordinal_position), 0) FROM information_schema.key_column_usage k
@@ -36,7 +36,7 @@ class Mariadb final : public Catalogue {
   std::vector<Column> Columns(Rows& rows, const TableName& table) const override {
     std::vector<Column> columns;
     for (const TextRow& row : rows.Query(kColumnsOfTable, {table.name, table.name})) {
-      if (!columns.empty() && columns.back().name == row[0]) continue;  // Several keys of one column.
+      if (!columns.empty() && columns.back().name == row[0]) continue;  // It has several foreign keys.
       columns.push_back({row[0], row[1], row[2] == "1", row[3] == "1", std::stoi(row[4])});
       if (!row[5].empty()) columns.back().reference = Reference{{"", row[5]}, row[6]};
     }

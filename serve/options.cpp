@@ -95,7 +95,7 @@ void TakeName(Options& options, std::string name) {
   }
 }
 
-/// A value of a connection string, whatever characters it has.
+/// The text as a value in a connection string, whatever characters it has.
 std::string QuotedValue(std::string_view text) {
   std::string quoted = "\"";
   for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);

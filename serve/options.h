@@ -14,29 +14,29 @@ struct Options {
   std::string database;  ///< An SQLite file that is there, or a connection string, which has a "=".
   std::vector<std::string> tables;  ///< None: all.
   std::string host = "127.0.0.1";
-  int port = 8080;  ///< 0 takes a free one.
+  int port = 8080;  ///< 0 takes a free port.
   bool can_edit = false;
-  std::string user_file;           ///< Empty: everybody may come.
-  std::vector<std::string> names;  ///< Host names besides those that are found out.
+  std::string user_file;           ///< Empty: no sign-in.
+  std::vector<std::string> names;  ///< Host names in addition to those that are found.
 };
 
-/// A command line that cannot be understood; the text is one sentence.
+/// A command line that is not understood; the text is one sentence.
 class WrongUsage : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// `words` are those behind the program's name. Throws WrongUsage.
+/// `words` are those after the program's name. Throws WrongUsage.
 Options ParseOptions(std::span<const char* const> words);
 
 /// What --help prints.
 std::string HelpText();
 
-/// The connection string that `options` mean: a file is SQLite, and only read unless it is to be edited.
+/// The connection string for `options`: a file is SQLite, opened read-only unless it is to be edited.
 std::string ConnectionString(const Options& options);
 
-/// Throws std::runtime_error that says what to do when the database is meant to be a file and is none that
-/// can be read, or written where it is to be edited.
+/// Throws std::runtime_error, which says what to do, when the database is a file that cannot be read, or
+/// cannot be written although it is to be edited.
 void RequireFile(const Options& options);
 
 /// The database as people may see it: a file, or a connection string without its password.

@@ -11,7 +11,7 @@ WHERE c.relkind IN ('r', 'p', 'v', 'm', 'f') AND NOT c.relispartition
   AND has_schema_privilege(n.oid, 'USAGE') AND has_table_privilege(c.oid, 'SELECT')
 ORDER BY 1, lower(c.relname), c.relname)";
 
-/// Behind the columns what a foreign key of one column points to.
+/// The last columns say what a foreign key of one column points to.
 constexpr std::string_view kColumns = R"(
 SELECT a.attname, format_type(a.atttypid, NULL), a.attgenerated <> '',
        a.attidentity <> '' OR coalesce(pg_get_expr(d.adbin, d.adrelid) LIKE 'nextval(%', false),

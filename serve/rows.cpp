@@ -14,7 +14,7 @@ struct AsText {
   std::string operator()(dralo::DecimalView decimal) const { return std::string(decimal.text); }
   std::string operator()(const dralo::DateTime&) const { return {}; }
   std::string operator()(std::string_view text) const { return std::string(text); }
-  /// MariaDB's catalogue has texts that it calls binary.
+  /// MariaDB's catalogue has texts that it declares as binary.
   std::string operator()(dralo::BytesView bytes) const { return {bytes.data, bytes.data + bytes.size}; }
 };
 

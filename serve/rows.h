@@ -9,7 +9,7 @@
 
 namespace serve {
 
-/// A row whose values are all texts; null is empty, numbers are whole.
+/// A row with all its values as text; null is empty, numbers are whole.
 using TextRow = std::vector<std::string>;
 
 /// Short results of queries on one connection. Used by one thread at a time.

@@ -11,7 +11,8 @@ namespace {
 
 constexpr auto kLifetime = std::chrono::seconds(1);
 
-/// Tables are counted up to here, and no more tables than that: it takes a moment, however large they are.
+/// Larger tables are not counted to the end, and later tables not at all, so that counting takes only a
+/// moment.
 constexpr std::int64_t kMostCountedRecords = 10000;
 constexpr std::size_t kMostCountedTables = 200;
 
@@ -27,11 +28,12 @@ std::optional<RecordCount> CountRecords(Rows& rows, const std::string& quoted_ta
     const std::int64_t records = std::stoll(counted.front().front());
     return RecordCount{std::min(records, kMostCountedRecords), records > kMostCountedRecords};
   } catch (const dralo::Error&) {
-    return std::nullopt;  // Its own page tells why it cannot be read.
+    return std::nullopt;  // The table's own page says why it cannot be read.
   }
 }
 
-/// A foreign key may write the name of its table in other letters, or mean one that is not shown.
+/// A foreign key may write the name of its table in another letter case, or point to a table that is not
+/// shown.
 void Resolve(std::optional<Reference>& reference, const std::vector<Table>& tables) {
   if (!reference || std::ranges::find(tables, reference->table, &Table::name) != tables.end()) return;
   const auto found = std::ranges::find_if(tables, [&](const Table& table) {

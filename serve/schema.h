@@ -14,7 +14,7 @@
 
 namespace serve {
 
-/// How many records a table has, as far as that is known cheaply.
+/// How many records a table has, as far as that can be found out quickly.
 struct RecordCount {
   std::int64_t records = 0;
   bool has_more = false;
@@ -22,17 +22,17 @@ struct RecordCount {
 
 struct CountedTable {
   Table table;
-  std::optional<RecordCount> count;  ///< None for views, and behind the first tables of many.
+  std::optional<RecordCount> count;  ///< Nothing for views, and after the first tables of many.
 };
 
-/// The tables of the database that are to be shown, as they were up to a second ago. Several threads may use
-/// it. Failures of the database are dralo::Error.
+/// The tables of the database that are shown, as they were at most a second ago. Several threads may use it.
+/// Failures of the database are dralo::Error.
 class Schema {
  public:
-  /// Both must outlive the schema. Nothing is read yet.
+  /// Both must outlive the schema. Reads nothing yet.
   Schema(dralo::Environment& environment, const Options& options);
 
-  /// A connection string whose pages see the database file that is there now.
+  /// A connection string that leads to the database file that is there now.
   const std::string& Connection();
 
   std::vector<Table> Tables();
@@ -40,10 +40,10 @@ class Schema {
   /// The same, counted.
   std::vector<CountedTable> CountedTables();
 
-  /// None when there is no such table, or it has no columns.
+  /// nullptr when there is no such table, or it has no columns.
   std::shared_ptr<const TablePlan> Plan(const TableName& name);
 
-  /// Has the next question read everything anew.
+  /// Makes the next question read everything anew.
   void Forget();
 
  private:

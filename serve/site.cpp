@@ -12,7 +12,7 @@
 namespace serve {
 namespace {
 
-/// Names of tables are far shorter.
+/// Names of tables are much shorter.
 constexpr std::size_t kLongestPath = 2000;
 
 constexpr std::string_view kTablePath = "/table/";
@@ -29,7 +29,7 @@ std::string_view QueryOf(const Request& request) {
   return std::string_view(request.target).substr(std::min(end + 1, request.target.size()));
 }
 
-/// What stands behind "/table/": a table, or a schema and a table.
+/// Reads the part after "/table/": a table, or a schema and a table.
 std::optional<TableName> ReadTableName(std::string_view text) {
   const std::size_t slash = text.find('/');
   auto first = ReadPathSegment(text.substr(0, slash));
@@ -39,7 +39,8 @@ std::optional<TableName> ReadTableName(std::string_view text) {
   return TableName{*first, *second};
 }
 
-/// Buttons post the word, and links carry it; a page that is none is noticed when it is written.
+/// Buttons post this word, and links contain it. If the request is for no download after all, that is noticed
+/// when the page is written.
 bool AsksForDownload(const Request& request) {
   constexpr std::string_view kWord = "toexcel";
   return Lower(QueryOf(request)).find(kWord) != std::string::npos ||
@@ -59,7 +60,7 @@ Answer AssetAnswer(std::string_view name) {
   return {200, std::string(asset->type), {{"Cache-Control", "max-age=300"}}, std::string(asset->data)};
 }
 
-/// Nothing about the database, to somebody who may not know it.
+/// Says nothing about the database, because it may be for somebody who must not know it.
 Answer Refusal(int status, std::string text, Headers headers = {}) {
   return {status, "text/plain; charset=utf-8", std::move(headers), std::move(text) + "\n"};
 }
@@ -121,7 +122,7 @@ Answer Site::Start() {
 
 Answer Site::ShowTable(const Request& request, std::string_view path) {
   const auto name = ReadTableName(path);
-  // What is known of the table may be out of date: then a second look tells.
+  // What is known about the table may be out of date: then a second look decides.
   for (const bool is_last : {false, true}) {
     std::string trouble;
     const auto plan = name ? PlanOf(*name, trouble) : nullptr;
@@ -159,7 +160,7 @@ Answer Site::Render(const Request& request, const TablePlan& plan, Outcome& outc
 
 Answer Site::Download(const Request& request, const std::shared_ptr<const TablePlan>& plan,
                       Outcome& outcome) {
-  // The thread that writes goes on when this function has returned.
+  // The thread that writes is still running when this function has returned.
   const auto written = std::make_shared<Outcome>();
   auto stream =
       std::make_shared<dralo::PageStream>(PageFor(request), [this, plan, written](dralo::Page& page) {
@@ -188,7 +189,7 @@ Answer Site::Failure(int status, std::string_view title, std::string_view senten
   try {
     tables = schema_.Tables();
   } catch (const dralo::Error&) {
-    // Without the list the page still says what has failed.
+    // Without the list of tables the page still says what has failed.
   }
   return {.status = status, .body = Message(FrameWith(std::move(tables)), title, sentence)};
 }

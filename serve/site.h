@@ -16,11 +16,11 @@
 
 namespace serve {
 
-/// The pages of a database: what is answered to which request. Several threads may use it.
+/// The pages of a database. Several threads may use it.
 class Site {
  public:
-  /// Reads the list of tables and the user file. Throws std::runtime_error, dralo::Error among them, when one
-  /// of them cannot be read, and when a table of the options is not there.
+  /// Reads the list of tables and the user file. Throws std::runtime_error, which may be a dralo::Error, when
+  /// one of them cannot be read, and when a table of the options does not exist.
   explicit Site(const Options& options);
 
   Answer Respond(const Request& request);

@@ -19,7 +19,7 @@ class Sqlite final : public Catalogue {
 
   std::vector<Column> Columns(Rows& rows, const TableName& table) const override {
     std::vector<Column> columns;
-    // 1 is a hidden column of a virtual table, 2 and 3 are generated ones.
+    // 1 is a hidden column of a virtual table, 2 and 3 are generated columns.
     for (const TextRow& row : rows.Query(
              "SELECT name, type, hidden, pk FROM pragma_table_xinfo(?) WHERE hidden <> 1", {table.name})) {
       columns.push_back({.name = row[0], .type = row[1], .is_generated = row[2] != "0"});
@@ -35,7 +35,7 @@ class Sqlite final : public Catalogue {
   }
 
  private:
-  /// An INTEGER that alone is the key is the number of the record, which the database gives.
+  /// If the key is a single INTEGER, it is the number of the record, which the database gives.
   static void MarkAutomatic(Rows& rows, const TableName& table, std::vector<Column>& columns) {
     const auto is_key = [](const Column& column) { return column.key_position > 0; };
     const auto key = std::ranges::find_if(columns, is_key);
@@ -49,7 +49,7 @@ class Sqlite final : public Catalogue {
     key->is_automatic = has_no_rowid.empty();
   }
 
-  /// By the names of the columns; those of several columns are left out.
+  /// By the names of the columns; foreign keys of several columns are left out.
   static std::map<std::string, Reference> References(Rows& rows, const TableName& table) {
     std::map<std::string, Reference> references;
     for (const TextRow& row : rows.Query("SELECT min(\"from\"), \"table\", min(\"to\") FROM "

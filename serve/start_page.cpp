@@ -6,7 +6,7 @@
 namespace serve {
 namespace {
 
-/// With a comma behind the thousands.
+/// With commas between groups of three digits.
 std::string Grouped(std::int64_t number) {
   std::string text = std::to_string(number);
   for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, ",");

@@ -44,7 +44,7 @@ Outcome WriteTable(dralo::Environment& environment, const std::string& connectio
   dralo::DbView view(environment);
   view.OnStartPage(page);
   view.SetConnectionString(connection_string);
-  view.DrConnection()->SetDatabaseEngine("SQLA");  // Long texts are sorted by, too.
+  view.DrConnection()->SetDatabaseEngine("SQLA");  // With this engine long texts can be sorted by too.
   SetUp(view, plan);
   if (CanEdit(plan, can_edit)) SetUpEditing(view, plan);
   view.WriteHtmlTable();

@@ -9,9 +9,9 @@
 
 namespace serve {
 
-/// What came of writing a view.
+/// The outcome of writing a view.
 struct Outcome {
-  std::string message;    ///< What has gone wrong, as markup; empty when nothing has.
+  std::string message;    ///< What went wrong, as markup; empty when nothing did.
   bool is_empty = false;  ///< A grid without records.
 };
 
@@ -19,7 +19,7 @@ struct Outcome {
 Outcome WriteTable(dralo::Environment& environment, const std::string& connection_string,
                    const TablePlan& plan, bool can_edit, dralo::Page& page);
 
-/// What stands above it, as markup.
+/// What stands above the view, as markup.
 std::string AboutTable(const TablePlan& plan, bool can_edit, const Outcome& outcome);
 
 }  // namespace serve

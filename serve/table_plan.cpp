@@ -9,10 +9,10 @@
 namespace serve {
 namespace {
 
-/// What stands around the names of fields in templates; no name can hold it.
+/// Stands around the names of fields in templates, so it cannot be part of a name.
 constexpr char kDelimiter = '#';
 
-/// A table of more columns than this is shown as it is: databases limit the columns of a result.
+/// A table of more columns is shown without references: databases limit the columns of a result.
 constexpr std::size_t kMostColumnsWithReferences = 500;
 
 bool IsText(const Column& column) {
@@ -23,7 +23,7 @@ bool IsText(const Column& column) {
   return false;
 }
 
-/// Items of lists have no commas, and no blanks at their ends.
+/// Whether a list can hold the name: its items have no commas, and no blanks at their ends.
 bool IsListable(std::string_view name) {
   return name.find(',') == name.npos && !name.starts_with(' ') && !name.ends_with(' ');
 }
@@ -38,7 +38,8 @@ const Column* SingleKey(const std::vector<Column>& columns) {
   return key;
 }
 
-/// The column by which people know a record: one that is called so, else the first text that is no code.
+/// The column by which people recognise a record: one that is called so, else the first text column that is
+/// neither a key nor a reference.
 const Column* ShownColumn(const std::vector<Column>& columns) {
   const auto is_told = [](const Column& column) {
     return IsText(column) && column.key_position == 0 && !column.reference;
@@ -85,7 +86,8 @@ class Planner {
 
   std::string Quoted(const auto& name) const { return serve::Quoted(catalogue_, name); }
 
-  /// The view looks for keys at the beginning of a query. Fields without a name fit into no form.
+  /// The view expects the keys at the beginning of a query. A field without a name can have no input in a
+  /// form.
   void PutKeysFirst() {
     const auto rank = [](const Column& column) {
       return column.key_position == 0 ? 1000000 : column.key_position;
@@ -116,7 +118,7 @@ class Planner {
     grid_.append("t.").append(name);
   }
 
-  /// Whether the column is shown by what it refers to.
+  /// Adds the column as the text of the record that it refers to. False when that is not possible.
   bool AddReference(const Column& column, int number) {
     const TableName& other = column.reference->table;
     const std::vector<Column> others = columns_of_(other);
@@ -135,7 +137,7 @@ class Planner {
     return true;
   }
 
-  /// The values of references themselves, for the links of their texts.
+  /// Adds the values of the references themselves, for the links of their texts.
   void AddHiddenFields() {
     int number = static_cast<int>(columns_.size());
     for (const HiddenField& field : hidden_fields_) {

@@ -10,7 +10,7 @@
 
 namespace serve {
 
-/// A field whose values are those of a column of another table.
+/// A field whose values come from a column of another table.
 struct Lookup {
   std::string field;
   std::string table;
@@ -19,14 +19,14 @@ struct Lookup {
   bool can_be_empty = false;
 };
 
-/// How the view of one table is set up: its statements and what belongs to them.
+/// How the view of one table is set up: its statements and all that belongs to them.
 struct TablePlan {
   Table table;
   std::string grid_sql;
   std::string edit_sql;
   std::string delete_sql;
-  std::string keys;      ///< Comma list, in front of both queries; empty when records cannot be told apart.
-  std::string new_keys;  ///< Where the keys of new records come from, one item for each.
+  std::string keys;      ///< Comma list, first in both queries; empty when records cannot be told apart.
+  std::string new_keys;  ///< Where the keys of new records come from; one item for each key.
   std::string order;
   std::string hidden;  ///< Comma list of the numbers of fields that only templates use.
   std::string read_only;
@@ -36,15 +36,15 @@ struct TablePlan {
   bool HasKey() const { return !keys.empty(); }
 };
 
-/// The columns of a table; none when it is not there.
+/// Returns the columns of a table; none when there is no such table.
 using ColumnsOf = std::function<std::vector<Column>(const TableName& table)>;
 
-/// The plan of `table`, whose `columns` are not empty. References to tables that `columns_of` finds are shown
-/// by a text of theirs, which leads to their record.
+/// The plan of `table`, whose `columns` are not empty. A reference to a table that `columns_of` finds is
+/// shown as a text of the other record, with a link to it.
 TablePlan MakePlan(const Table& table, std::vector<Column> columns, const ColumnsOf& columns_of,
                    const Catalogue& catalogue);
 
-/// The page of a table, as it stands in a link.
+/// The address of a table's page, for a link.
 std::string AddressOf(const TableName& table);
 
 }  // namespace serve

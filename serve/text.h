@@ -6,17 +6,18 @@
 
 namespace serve {
 
-/// As text of a page, also between the quotes of an attribute.
+/// The text escaped for a page, also for attributes between quotes.
 std::string Escaped(std::string_view text);
 
-/// As a part of an address between two "/". A "~" goes in front of what browsers take for a way up, and of
-/// "~".
+/// The text as a part of an address between two "/". A "~" goes before parts that browsers take for a way up,
+/// and before another "~".
 std::string PathSegment(std::string_view text);
 
-/// What a part of an address says; none when it has a "%" that two hexadecimal digits do not follow.
+/// The text that a part of an address stands for; nothing when it has a "%" that two hexadecimal digits do
+/// not follow.
 std::optional<std::string> ReadPathSegment(std::string_view text);
 
-/// The letters from A to Z as small ones.
+/// The text with the letters A to Z in lower case.
 std::string Lower(std::string_view text);
 
 }  // namespace serve

@@ -23,8 +23,8 @@ bool AreEqual(std::string_view one, std::string_view other) {
   return difference == 0;
 }
 
-/// The hash of the password made as `setting` says; empty when crypt(3) does not know the manner, or it is
-/// the one of old, for which every text will do.
+/// The hash of the password made as `setting` says. Empty when crypt(3) does not know the method, or it is
+/// the oldest one, for which every text is a setting.
 std::string Hash(const std::string& password, const std::string& setting) {
   if (!setting.starts_with('$')) return {};
   const auto data = std::make_unique<crypt_data>();
@@ -51,7 +51,7 @@ std::optional<std::string> ReadBase64(std::string_view text) {
   return read;
 }
 
-/// "user:password" of the header; none when it is of another kind.
+/// "user:password" from the header; nothing when the header is of another kind.
 std::optional<std::string> Credentials(std::string_view authorization) {
   constexpr std::string_view kKind = "basic ";
   if (Lower(authorization.substr(0, kKind.size())) != kKind) return std::nullopt;
@@ -91,7 +91,7 @@ bool Users::Knows(std::string_view authorization) const {
     if (known != passwords_.end() && AreEqual(password, known->second)) return true;
   }
   const auto found = hashes_.find(user);
-  // For a name that nobody has the time is the same as for a wrong password.
+  // An unknown name takes the same time as a wrong password.
   const std::string& hash = found == hashes_.end() ? hashes_.begin()->second : found->second;
   const bool is_right = AreEqual(Hash(password, hash), hash) && found != hashes_.end();
   if (is_right) {

@@ -40,8 +40,8 @@ void Send(Answer answer, httplib::Response& response) {
   response.set_chunked_content_provider(answer.type, provide);
 }
 
-/// Whether the form could be read. One of another kind is read too and dropped: what is left of it would be
-/// taken for the next request.
+/// Whether the form could be read. A form of another kind is read too, and dropped: otherwise the rest of it
+/// would be taken for the next request.
 bool ReadForm(const httplib::Request& request, const httplib::ContentReader& read, std::string& form) {
   if (request.is_multipart_form_data())
     return read([](const httplib::MultipartFormData&) { return true; },
@@ -64,7 +64,7 @@ std::string WhyNotBound(const std::string& host, int port, int error) {
 class WebServer::Implementation {
  public:
   explicit Implementation(std::function<Answer(const Request&)> respond) : respond_(std::move(respond)) {
-    // Two servers on one port would share its visitors if SO_REUSEPORT were set, as it is by default.
+    // By default SO_REUSEPORT is set, with which two servers on one port would share its visitors.
     server_.set_socket_options([](auto socket) {
       const int yes = 1;
       setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
@@ -86,7 +86,8 @@ class WebServer::Implementation {
 
  private:
   void SetHandlers() {
-    // Before the routes of the library, which are regular expressions and need a deep stack for long paths.
+    // The library's own routes are regular expressions, which need a deep stack for long paths; so this comes
+    // first.
     server_.set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
       if (request.method == "POST" && request.path.size() < 2000)
         return httplib::Server::HandlerResponse::Unhandled;
@@ -98,7 +99,7 @@ class WebServer::Implementation {
                                 const httplib::ContentReader& read) {
       Request asked = ReadRequest(request);
       if (ReadForm(request, read, asked.form)) return Send(respond_(asked), response);
-      // 413 has been set by then.
+      // The status may be 413 already.
       if (response.status < 400) response.status = 400;
       response.set_header("Connection", "close");
     });

@@ -8,15 +8,16 @@
 
 namespace serve {
 
-/// Speaks HTTP, with up to 64 clients at a time: one that is slow has a thread of its own, until it sends or
-/// takes nothing for five seconds.
+/// Speaks HTTP with up to 64 clients at a time. Each has a thread of its own, which leaves a client that
+/// neither sends nor takes anything for five seconds.
 class WebServer {
  public:
-  /// `respond` is called by several threads. What it throws becomes a status of 500.
+  /// `respond` is called by several threads. What it throws becomes status 500.
   explicit WebServer(std::function<Answer(const Request&)> respond);
   ~WebServer();
 
-  /// Takes the port, or a free one for 0, and returns it. Throws std::runtime_error that says what to do.
+  /// Listens on the port, or on a free one for 0, and returns it. Throws std::runtime_error, which says what
+  /// to do.
   int Bind(const std::string& host, int port);
 
   /// Serves until Stop().
