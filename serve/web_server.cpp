@@ -24,6 +24,11 @@ Request ReadRequest(const httplib::Request& request) {
   return {request.method, request.target, {}, {request.headers.begin(), request.headers.end()}};
 }
 
+/// The library would send parts of a page with the status of a whole one, and one page hundreds of times.
+void IgnoreRanges(const httplib::Request& request) {
+  const_cast<httplib::Request&>(request).ranges.clear();
+}
+
 void Send(Answer answer, httplib::Response& response) {
   response.status = answer.status;
   for (const auto& [name, value] : answer.headers) response.set_header(name, value);
@@ -89,6 +94,7 @@ class WebServer::Implementation {
     // The library's own routes are regular expressions, which need a deep stack for long paths; so this comes
     // first.
     server_.set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
+      IgnoreRanges(request);
       if (request.method == "POST" && request.path.size() < 2000)
         return httplib::Server::HandlerResponse::Unhandled;
       Send(respond_(ReadRequest(request)), response);

@@ -107,6 +107,14 @@ class Visitors(ServeTest):
             if "Content-Length" in got.headers:
                 self.assertEqual(answer.headers["Content-Length"], str(len(page.encode())))
 
+    def test_sends_whole_pages_whatever_part_is_asked_for(self):
+        server = self.serve()
+        for address in ("/table/Goods", "/assets/dralo.css"):
+            _, whole = server.get(address)
+            for parts in ("0-4", "9999999-", ",".join(["0-"] * 1000)):
+                answer, page = server.get(address, {"Range": f"bytes={parts}"})
+                self.assertEqual((parts[:9], answer.status, page == whole), (parts[:9], 200, True))
+
     def test_refuses_other_methods(self):
         server = self.serve()
         for method in ("PUT", "DELETE", "PATCH", "OPTIONS", "TRACE"):
