@@ -25,22 +25,38 @@ Request ReadRequest(const httplib::Request& request) {
 }
 
 /// The library would send parts of a page with the status of a whole one, and one page hundreds of times.
-void IgnoreRanges(const httplib::Request& request) {
-  const_cast<httplib::Request&>(request).ranges.clear();
+void IgnoreRanges(const httplib::Request& request) { const_cast<httplib::Request&>(request).ranges.clear(); }
+
+/// Whether something follows the headers of a request that should have nothing there.
+bool HasBody(const httplib::Request& request) {
+  const std::string length = request.get_header_value("Content-Length");
+  return request.has_header("Transfer-Encoding") || (!length.empty() && length != "0");
 }
 
-void Send(Answer answer, httplib::Response& response) {
+/// After the last answer of a connection nothing is read from it: what has come behind the request would be
+/// taken for another one, which nobody in front of this server has seen.
+enum class Turn { kAnyAnswer, kLastAnswer };
+
+void Send(Answer answer, Turn turn, httplib::Response& response) {
   response.status = answer.status;
   for (const auto& [name, value] : answer.headers) response.set_header(name, value);
-  if (answer.rest == nullptr) {
+  if (turn == Turn::kLastAnswer) response.set_header("Connection", "close");
+  if (answer.rest == nullptr && turn == Turn::kAnyAnswer) {
     response.set_content(answer.body, answer.type);
     return;
   }
-  const auto provide = [begin = std::move(answer.body), rest = std::move(answer.rest)](
+  const auto provide = [begin = std::move(answer.body), rest = std::move(answer.rest), turn](
                            std::size_t at, httplib::DataSink& sink) {
-    const std::string_view piece = at == 0 ? std::string_view(begin) : rest->Next();
-    if (piece.empty()) sink.done();
-    return piece.empty() || sink.write(piece.data(), piece.size());
+    std::string_view piece;
+    if (at == 0) {
+      piece = begin;
+    } else if (rest != nullptr) {
+      piece = rest->Next();
+    }
+    if (!piece.empty()) return sink.write(piece.data(), piece.size());
+    sink.done();
+    // The library closes a connection for an answer that has failed, but not for the header.
+    return turn == Turn::kAnyAnswer;
   };
   response.set_chunked_content_provider(answer.type, provide);
 }
@@ -97,22 +113,25 @@ class WebServer::Implementation {
       IgnoreRanges(request);
       if (request.method == "POST" && request.path.size() < 2000)
         return httplib::Server::HandlerResponse::Unhandled;
-      Send(respond_(ReadRequest(request)), response);
-      if (request.method != "GET" && request.method != "HEAD") response.set_header("Connection", "close");
+      const bool is_expected = (request.method == "GET" || request.method == "HEAD") && !HasBody(request);
+      Send(respond_(ReadRequest(request)), is_expected ? Turn::kAnyAnswer : Turn::kLastAnswer, response);
+      // Only an answer with a body can be the last one.
+      if (!is_expected) const_cast<httplib::Request&>(request).method = "GET";
       return httplib::Server::HandlerResponse::Handled;
     });
     server_.Post("[^]*", [this](const httplib::Request& request, httplib::Response& response,
                                 const httplib::ContentReader& read) {
       Request asked = ReadRequest(request);
-      if (ReadForm(request, read, asked.form)) return Send(respond_(asked), response);
-      // The status may be 413 already.
-      if (response.status < 400) response.status = 400;
-      response.set_header("Connection", "close");
+      if (ReadForm(request, read, asked.form)) return Send(respond_(asked), Turn::kAnyAnswer, response);
+      // 413 has been set by then.
+      const int status = response.status < 400 ? 400 : response.status;
+      Send({status, "text/plain; charset=utf-8", {}, "The form cannot be read.\n"}, Turn::kLastAnswer,
+           response);
     });
     server_.set_exception_handler([](const httplib::Request&, httplib::Response& response,
                                      const std::exception_ptr&) { response.status = 500; });
     server_.set_error_handler([](const httplib::Request&, httplib::Response& response) {
-      if (response.body.empty())
+      if (response.body.empty() && !response.has_header("Content-Type"))
         response.set_content(
             "The request cannot be answered: status " + std::to_string(response.status) + ".\n",
             "text/plain; charset=utf-8");

@@ -8,6 +8,7 @@ import base64
 import concurrent.futures
 import contextlib
 import http.client
+import re
 import socket
 import subprocess
 import threading
@@ -106,6 +107,26 @@ class Visitors(ServeTest):
             self.assertEqual((address, answer.status, body), (address, got.status, ""))
             if "Content-Length" in got.headers:
                 self.assertEqual(answer.headers["Content-Length"], str(len(page.encode())))
+
+    def test_takes_no_body_for_another_request(self):
+        server = self.serve("--edit")
+        host = b"Host: localhost\r\n"
+        hidden = b"GET /hidden HTTP/1.1\r\n" + host + b"\r\n"
+        sized = b"Content-Length: %d\r\n\r\n" % len(hidden)
+        for begin, end, status in (
+                (b"GET /table/Goods", sized, 200), (b"HEAD /table/Goods", sized, 200), (b"PUT /table/Goods", sized, 405),
+                (b"GET /table/Goods?Morvu1ToExcel.x=1", sized, 200), (b"POST /" + b"a" * 3000, sized, 414),
+                (b"GET /table/Goods", b"Transfer-Encoding: chunked\r\n\r\n", 200),
+                (b"POST /table/Goods", b"Content-Type: multipart/form-data\r\n" + sized, 400)):
+            with self.subTest(begin=begin[:40]), socket.create_connection(("127.0.0.1", server.port), 60) as client:
+                client.sendall(begin + b" HTTP/1.1\r\n" + host + end)
+                answer = client.recv(65536)
+                # What comes later than the headers is what the server would read as the next request.
+                with contextlib.suppress(ConnectionError):
+                    client.sendall(hidden)
+                    answer += b"".join(iter(lambda: client.recv(65536), b""))
+                self.assertEqual(re.findall(rb"^HTTP/1.1 (\d+)", answer, re.MULTILINE), [b"%d" % status])
+                self.assertIn(b"\r\nConnection: close\r\n", answer)
 
     def test_sends_whole_pages_whatever_part_is_asked_for(self):
         server = self.serve()
