@@ -27,7 +27,7 @@ struct Answer {
   std::string type = "text/html; charset=utf-8";
   Headers headers = {};
   std::string body = {};
-  std::shared_ptr<dralo::PageStream> rest = nullptr;  ///< Is sent after the body.
+  std::shared_ptr<dralo::PageStream> rest = nullptr;  ///< Is sent after the body; may fail on the way.
 };
 
 }  // namespace serve

@@ -54,6 +54,8 @@ std::unique_ptr<dralo::Page> PageFor(const Request& request) {
   return page;
 }
 
+bool IsHtml(const dralo::Page& page) { return page.ContentType().starts_with("text/html"); }
+
 Answer AssetAnswer(std::string_view name) {
   const Asset* const asset = FindAsset(name);
   if (asset == nullptr) return {404, "text/plain; charset=utf-8", {}, "There is no such file.\n"};
@@ -165,11 +167,12 @@ Answer Site::Download(const Request& request, const std::shared_ptr<const TableP
   auto stream =
       std::make_shared<dralo::PageStream>(PageFor(request), [this, plan, written](dralo::Page& page) {
         *written = WriteTable(environment_, schema_.Connection(), *plan, options_.can_edit, page);
+        // The part that could be written must not look like the whole.
+        if (!written->message.empty() && !IsHtml(page)) throw dralo::Error("A download was given up");
       });
   std::string body(stream->Next());
   const dralo::Page& page = stream->Written();
-  if (!page.ContentType().starts_with("text/html"))
-    return {page.Status(), page.ContentType(), page.Headers(), std::move(body), stream};
+  if (!IsHtml(page)) return {page.Status(), page.ContentType(), page.Headers(), std::move(body), stream};
   for (std::string_view piece = stream->Next(); !piece.empty(); piece = stream->Next()) body += piece;
   outcome = *written;
   return Framed(page, *plan, body, outcome);

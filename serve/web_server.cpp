@@ -33,6 +33,17 @@ bool HasBody(const httplib::Request& request) {
   return request.has_header("Transfer-Encoding") || (!length.empty() && length != "0");
 }
 
+/// Takes the piece of an answer that follows, empty behind the last one. False when the answer has failed:
+/// the client sees that its end is missing.
+bool TakeNext(dralo::PageStream* rest, std::string_view& piece) {
+  try {
+    piece = rest == nullptr ? std::string_view() : rest->Next();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 /// After the last answer of a connection nothing is read from it: what has come behind the request would be
 /// taken for another one, which nobody in front of this server has seen.
 enum class Turn { kAnyAnswer, kLastAnswer };
@@ -47,12 +58,8 @@ void Send(Answer answer, Turn turn, httplib::Response& response) {
   }
   const auto provide = [begin = std::move(answer.body), rest = std::move(answer.rest), turn](
                            std::size_t at, httplib::DataSink& sink) {
-    std::string_view piece;
-    if (at == 0) {
-      piece = begin;
-    } else if (rest != nullptr) {
-      piece = rest->Next();
-    }
+    std::string_view piece = begin;
+    if (at > 0 && !TakeNext(rest.get(), piece)) return false;
     if (!piece.empty()) return sink.write(piece.data(), piece.size());
     sink.done();
     // The library closes a connection for an answer that has failed, but not for the header.

@@ -5,6 +5,7 @@ usage: pages_test.py PROGRAM [TEST...]
 """
 
 import html
+import http.client
 import os
 import re
 import shutil
@@ -86,6 +87,17 @@ class Pages(ServeTest):
     def test_sorts_by_what_is_shown(self):
         self.make_shop()
         self.assertEqual(cells(self.serve().get("/table/Goods?Morvu1OrderByFields=3")[1], 2), ["air", "salt", "tea"])
+
+    def test_breaks_off_a_download_that_fails(self):
+        for records, name in ((10, "Short"), (50000, "Long")):
+            self.sql(f"CREATE VIEW {name} AS WITH N AS (SELECT 1 A UNION ALL SELECT A + 1 FROM N LIMIT {records}) "
+                     f"SELECT A, CASE A WHEN {records - 1} THEN abs(-9223372036854775808) ELSE printf('%050d', A) END B FROM N")
+        server = self.serve()
+        for name in ("Short", "Long"):
+            with self.subTest(name=name), self.assertRaises(http.client.IncompleteRead):
+                server.get(f"/table/{name}?Morvu1ToExcel.x=1")
+        self.assertIn("integer overflow", server.said())
+        self.assertEqual(server.get("/table/Long")[0].status, 200)
 
     def test_turns_pages(self):
         self.sql("CREATE TABLE Numbers (N INTEGER PRIMARY KEY)",
