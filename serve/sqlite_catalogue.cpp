@@ -35,7 +35,8 @@ class Sqlite final : public Catalogue {
   }
 
  private:
-  /// If the key is a single INTEGER, it is the number of the record, which the database gives.
+  /// An INTEGER that alone is the key is the number of the record, which the database gives; but not when the
+  /// key has an index of its own, as in a table without such numbers, or behind DESC.
   static void MarkAutomatic(Rows& rows, const TableName& table, std::vector<Column>& columns) {
     const auto is_key = [](const Column& column) { return column.key_position > 0; };
     const auto key = std::ranges::find_if(columns, is_key);
@@ -44,9 +45,8 @@ class Sqlite final : public Catalogue {
     std::ranges::transform(type, type.begin(),
                            [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
     if (type != "INTEGER") return;
-    const auto has_no_rowid =
-        rows.Query("SELECT 1 FROM pragma_table_list WHERE schema = 'main' AND name = ? AND wr", {table.name});
-    key->is_automatic = has_no_rowid.empty();
+    key->is_automatic =
+        rows.Query("SELECT 1 FROM pragma_index_list(?) WHERE origin = 'pk'", {table.name}).empty();
   }
 
   /// By the names of the columns; foreign keys of several columns are left out.

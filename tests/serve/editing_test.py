@@ -78,6 +78,15 @@ class Editing(ServeTest):
         self.assertEqual(self.save(server, edit, Name="z")[0].status, 303)
         self.assertEqual(self.sql("SELECT * FROM Codes"), [("a/b c", "z"), ("é&1", "y")])
 
+    def test_types_numbers_that_the_database_does_not_give(self):
+        self.sql("CREATE TABLE Years (Year INTEGER PRIMARY KEY DESC, Name TEXT)",
+                 "CREATE TABLE Months (Month INTEGER PRIMARY KEY, Name TEXT) WITHOUT ROWID")
+        server = self.serve("--edit")
+        for table, number in (("Years", "Year"), ("Months", "Month")):
+            add = f"/table/{table}?Morvu1FormDisplay=formOneRec&Morvu1FormAdd=1"
+            self.assertEqual(self.save(server, add, **{number: "7"}, Name="y")[0].status, 303)
+            self.assertEqual(self.sql(f"SELECT * FROM {table}"), [(7, "y")])
+
     def test_finds_records_by_keys_of_several_columns(self):
         self.sql("CREATE TABLE Lines (Text TEXT, Part INTEGER, Number INTEGER, PRIMARY KEY (Number, Part))",
                  "INSERT INTO Lines VALUES ('a', 1, 2), ('b', 2, 1), ('c', 2, 2)")
