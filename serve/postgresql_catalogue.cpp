@@ -11,11 +11,12 @@ WHERE c.relkind IN ('r', 'p', 'v', 'm', 'f') AND NOT c.relispartition
   AND has_schema_privilege(n.oid, 'USAGE') AND has_table_privilege(c.oid, 'SELECT')
 ORDER BY 1, lower(c.relname), c.relname)";
 
-/// The last columns say what a foreign key of one column points to.
+/// The last columns say what a foreign key of one column points to. An index may hold columns behind those of
+/// its key; a part of an array counts from 1.
 constexpr std::string_view kColumns = R"(
 SELECT a.attname, format_type(a.atttypid, NULL), a.attgenerated <> '',
        a.attidentity <> '' OR coalesce(pg_get_expr(d.adbin, d.adrelid) LIKE 'nextval(%', false),
-       coalesce(array_position(k.indkey::int2[], a.attnum) + 1, 0),
+       coalesce(array_position((k.indkey::int2[])[0:k.indnkeyatts - 1], a.attnum), 0),
        coalesce(CASE WHEN fn.nspname = current_schema() THEN '' ELSE fn.nspname END, ''),
        coalesce(fc.relname, ''), coalesce(fa.attname, '')
 FROM pg_catalog.pg_attribute a

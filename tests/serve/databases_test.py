@@ -121,14 +121,23 @@ class Databases:
 
 class OnPostgresql(Databases, ServeTest):
     shop_class, quote, by_odbc = shops.PostgreSqlShop, '"', "Driver=PostgreSQL Unicode"
-    more = {"other.things": "1 record"}
+    more = {"covered": "1 record", "other.things": "1 record"}
 
     @classmethod
     def statements(cls):
         yield from super().statements()
+        yield "CREATE TABLE covered (kind TEXT, id INTEGER, name TEXT, PRIMARY KEY (id) INCLUDE (name))"
+        yield "INSERT INTO covered VALUES ('k', 1, 'thing')"
         yield "CREATE SCHEMA other"
         yield "CREATE TABLE other.things (id SERIAL PRIMARY KEY, name TEXT, part INTEGER REFERENCES other.things)"
         yield "INSERT INTO other.things (name, part) VALUES ('thing of another schema', 1)"
+
+    def test_takes_no_column_for_a_key_that_its_index_only_holds(self):
+        server = self.serve_it("--edit")
+        self.assertIn("Morvu1PK=1&amp;", server.get("/table/covered")[1])
+        edit = "/table/covered?Morvu1FormDisplay=formOneRec&Morvu1PK=1&Morvu1FormEdit=1"
+        self.assertEqual(self.save(server, edit, name="more")[0].status, 303)
+        self.assertEqual(self.shop.rows("SELECT * FROM covered"), [("k", "1", "more")])
 
     def test_shows_tables_of_other_schemas(self):
         server = self.serve_it("--edit")
