@@ -22,6 +22,9 @@ struct Table {
   bool is_view = false;
 };
 
+/// Shared by all who show the tables at the same time; never nullptr.
+using TableList = std::shared_ptr<const std::vector<Table>>;
+
 /// The single column of another table to which a foreign key points; without a name its primary key.
 struct Reference {
   TableName table;

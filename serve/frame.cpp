@@ -17,7 +17,7 @@ void PutTable(std::string& out, const Table& table, bool is_current) {
 
 void PutGroup(std::string& out, const Frame& frame, bool are_views, const std::optional<TableName>& current) {
   std::string items;
-  for (const Table& table : frame.tables) {
+  for (const Table& table : *frame.tables) {
     if (table.is_view == are_views) PutTable(items, table, table.name == current);
   }
   if (items.empty()) return;
@@ -27,11 +27,11 @@ void PutGroup(std::string& out, const Frame& frame, bool are_views, const std::o
 
 std::string Navigation(const Frame& frame, const std::optional<TableName>& current) {
   std::string out = "<nav aria-label=\"Tables\">\n";
-  if (frame.tables.size() <= kMostTablesBeside) {
+  if (frame.tables->size() <= kMostTablesBeside) {
     PutGroup(out, frame, false, current);
     PutGroup(out, frame, true, current);
   } else {
-    out.append("<ul>\n<li><a href=\"/\">All ").append(std::to_string(frame.tables.size()));
+    out.append("<ul>\n<li><a href=\"/\">All ").append(std::to_string(frame.tables->size()));
     out.append(" tables</a></li>\n");
     if (current) PutTable(out, {*current}, true);
     out.append("</ul>\n");
@@ -58,16 +58,20 @@ constexpr std::string_view kBrand = R"(</title>
 
 }  // namespace
 
-std::string WholePage(const Frame& frame, std::string_view title, std::string_view content,
+std::string WholePage(const Frame& frame, std::string_view title,
+                      std::initializer_list<std::string_view> content,
                       const std::optional<TableName>& current) {
+  std::size_t bytes = 16 * 1024;
+  for (const std::string_view piece : content) bytes += piece.size();
   std::string out;
-  out.reserve(content.size() + 16 * 1024);
+  out.reserve(bytes);
   out.append(kHead).append(Escaped(title)).append(" – ").append(Escaped(frame.database)).append(kBrand);
   out.append(Escaped(frame.database)).append("</span></a><span class=\"mode\">");
   out.append(frame.can_edit ? "Editable" : "Read-only").append("</span></header>\n");
   out.append(Navigation(frame, current));
   out.append("<main id=\"content\" tabindex=\"-1\">\n<h1>").append(Escaped(title)).append("</h1>\n");
-  out.append(content).append("\n</main>\n</body>\n</html>\n");
+  for (const std::string_view piece : content) out.append(piece);
+  out.append("\n</main>\n</body>\n</html>\n");
   return out;
 }
 
@@ -78,7 +82,7 @@ std::string Label(const TableName& table) {
 
 std::string Message(const Frame& frame, std::string_view title, std::string_view sentence) {
   return WholePage(frame, title,
-                   "<p class=\"about\">" + Escaped(sentence) + "</p>\n<p><a href=\"/\">All tables</a></p>");
+                   {"<p class=\"about\">", Escaped(sentence), "</p>\n<p><a href=\"/\">All tables</a></p>"});
 }
 
 }  // namespace serve

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,12 +13,13 @@ namespace serve {
 /// What all pages have around their contents.
 struct Frame {
   std::string database;  ///< The name of the database.
-  std::vector<Table> tables;
+  TableList tables;
   bool can_edit = false;
 };
 
-/// A complete page. `current` is the table it shows; `content` is markup.
-std::string WholePage(const Frame& frame, std::string_view title, std::string_view content,
+/// A complete page. `current` is the table it shows; `content` is markup, in pieces.
+std::string WholePage(const Frame& frame, std::string_view title,
+                      std::initializer_list<std::string_view> content,
                       const std::optional<TableName>& current = std::nullopt);
 
 /// The name of the table for people.

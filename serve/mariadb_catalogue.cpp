@@ -7,8 +7,8 @@ constexpr std::string_view kTablesOfDatabase = R"(
 SELECT table_name, table_type = 'VIEW' FROM information_schema.tables
 WHERE table_schema = DATABASE() AND table_type <> 'SEQUENCE' ORDER BY lower(table_name), table_name)";
 
-/// The last columns say what a foreign key of one column points to. MySQL calls a column with a default that is
-/// an expression "DEFAULT_GENERATED"; only one with a generation_expression cannot be written.
+/// The last columns say what a foreign key of one column points to. MySQL calls a column with a default that
+/// is an expression "DEFAULT_GENERATED"; only one with a generation_expression cannot be written.
 constexpr std::string_view kColumnsOfTable = R"(
 SELECT c.column_name, c.data_type, coalesce(c.generation_expression, '') <> '', c.extra LIKE '%auto_increment%',
   (SELECT coalesce(max(k.ordinal_position), 0) FROM information_schema.key_column_usage k

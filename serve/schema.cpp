@@ -57,7 +57,7 @@ const std::string& Schema::Connection() {
   return connection_string_;
 }
 
-std::vector<Table> Schema::Tables() {
+TableList Schema::Tables() {
   const std::scoped_lock lock(mutex_);
   return Current().tables;
 }
@@ -66,7 +66,8 @@ std::vector<CountedTable> Schema::CountedTables() {
   std::vector<CountedTable> counted;
   Rows rows(environment_, Connection());
   const Catalogue& catalogue = FindCatalogue(rows);
-  for (const Table& table : Tables()) {
+  const TableList tables = Tables();
+  for (const Table& table : *tables) {
     const bool is_counted = !table.is_view && counted.size() < kMostCountedTables;
     counted.push_back({table, is_counted ? CountRecords(rows, Quoted(catalogue, table.name)) : std::nullopt});
   }
@@ -76,15 +77,15 @@ std::vector<CountedTable> Schema::CountedTables() {
 std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
   const std::scoped_lock lock(mutex_);
   Snapshot& snapshot = Current();
-  const auto table = std::ranges::find(snapshot.tables, name, &Table::name);
-  if (table == snapshot.tables.end()) return nullptr;
+  const auto table = std::ranges::find(*snapshot.tables, name, &Table::name);
+  if (table == snapshot.tables->end()) return nullptr;
   std::shared_ptr<const TablePlan>& plan = snapshot.plans[AddressOf(name)];
   if (plan != nullptr) return plan;
   Rows rows(environment_, Connection());
   const Catalogue& catalogue = FindCatalogue(rows);
   std::vector<Column> columns = catalogue.Columns(rows, name);
   if (columns.empty()) return nullptr;
-  for (Column& column : columns) Resolve(column.reference, snapshot.tables);
+  for (Column& column : columns) Resolve(column.reference, *snapshot.tables);
   const auto columns_of = [&](const TableName& other) { return catalogue.Columns(rows, other); };
   plan = std::make_shared<TablePlan>(MakePlan(*table, std::move(columns), columns_of, catalogue));
   return plan;
@@ -102,7 +103,7 @@ Schema::Snapshot& Schema::Current() {
   Rows rows(environment_, Connection());
   std::vector<Table> tables = FindCatalogue(rows).Tables(rows);
   std::erase_if(tables, [&](const Table& table) { return !IsWanted(options_, table.name); });
-  return snapshot_.emplace(Snapshot{now, std::move(tables), {}});
+  return snapshot_.emplace(Snapshot{now, std::make_shared<const std::vector<Table>>(std::move(tables)), {}});
 }
 
 /// Connections that are kept would go on reading the file that was there before.

@@ -35,7 +35,7 @@ class Schema {
   /// A connection string that leads to the database file that is there now.
   const std::string& Connection();
 
-  std::vector<Table> Tables();
+  TableList Tables();
 
   /// The same, counted.
   std::vector<CountedTable> CountedTables();
@@ -49,7 +49,7 @@ class Schema {
  private:
   struct Snapshot {
     std::chrono::steady_clock::time_point read_at;
-    std::vector<Table> tables;
+    TableList tables;
     std::map<std::string, std::shared_ptr<const TablePlan>> plans;
   };
 

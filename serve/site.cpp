@@ -79,10 +79,10 @@ Site::Site(const Options& options)
 }
 
 void Site::RequireTables() {
-  const std::vector<Table> tables = schema_.Tables();
+  const TableList tables = schema_.Tables();
   for (const std::string& wanted : options_.tables) {
     const auto is_it = [&](const Table& table) { return Label(table.name) == wanted; };
-    if (std::ranges::any_of(tables, is_it)) continue;
+    if (std::ranges::any_of(*tables, is_it)) continue;
     throw std::runtime_error("there is no table or view " + wanted + "; write its name as the database does");
   }
 }
@@ -119,7 +119,8 @@ Answer Site::Start() {
   const std::vector<CountedTable> counted = schema_.CountedTables();
   std::vector<Table> tables;
   for (const CountedTable& one : counted) tables.push_back(one.table);
-  return {.body = WholePage(FrameWith(std::move(tables)), "Tables", StartPage(counted))};
+  const auto list = std::make_shared<const std::vector<Table>>(std::move(tables));
+  return {.body = WholePage(FrameWith(list), "Tables", {StartPage(counted)})};
 }
 
 Answer Site::ShowTable(const Request& request, std::string_view path) {
@@ -180,15 +181,14 @@ Answer Site::Download(const Request& request, const std::shared_ptr<const TableP
 
 Answer Site::Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
                     const Outcome& outcome) {
-  std::string content = AboutTable(plan, options_.can_edit, outcome);
-  content.reserve(content.size() + body.size() + 64);
-  content.append("<div class=\"view\">\n").append(body).append("</div>");
+  const std::string about = AboutTable(plan, options_.can_edit, outcome);
   return {page.Status(), page.ContentType(), page.Headers(),
-          WholePage(FrameWith(schema_.Tables()), Label(plan.table.name), content, plan.table.name)};
+          WholePage(FrameWith(schema_.Tables()), Label(plan.table.name),
+                    {about, "<div class=\"view\">\n", body, "</div>"}, plan.table.name)};
 }
 
 Answer Site::Failure(int status, std::string_view title, std::string_view sentence) {
-  std::vector<Table> tables;
+  auto tables = std::make_shared<const std::vector<Table>>();
   try {
     tables = schema_.Tables();
   } catch (const dralo::Error&) {
@@ -197,7 +197,7 @@ Answer Site::Failure(int status, std::string_view title, std::string_view senten
   return {.status = status, .body = Message(FrameWith(std::move(tables)), title, sentence)};
 }
 
-Frame Site::FrameWith(std::vector<Table> tables) const {
+Frame Site::FrameWith(TableList tables) const {
   return {ShownName(options_), std::move(tables), options_.can_edit};
 }
 

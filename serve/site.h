@@ -36,7 +36,7 @@ class Site {
                 const Outcome& outcome);
   Answer Failure(int status, std::string_view title, std::string_view sentence);
   void RequireTables();
-  Frame FrameWith(std::vector<Table> tables) const;
+  Frame FrameWith(TableList tables) const;
 
   const Options options_;
   const std::vector<std::string> host_names_;

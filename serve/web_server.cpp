@@ -53,7 +53,9 @@ void Send(Answer answer, Turn turn, httplib::Response& response) {
   for (const auto& [name, value] : answer.headers) response.set_header(name, value);
   if (turn == Turn::kLastAnswer) response.set_header("Connection", "close");
   if (answer.rest == nullptr && turn == Turn::kAnyAnswer) {
-    response.set_content(answer.body, answer.type);
+    // Not set_content(), which copies it.
+    response.body = std::move(answer.body);
+    response.set_header("Content-Type", answer.type);
     return;
   }
   const auto provide = [begin = std::move(answer.body), rest = std::move(answer.rest), turn](
