@@ -25,6 +25,8 @@ std::vector<std::string> Page::HeaderValues(std::string_view name) const {
 
 void Page::Write(std::string_view html) {
   if (!send) {
+    // The first piece of a large page is followed by others: with room for them it need not be copied again.
+    if (body_.empty()) body_.reserve(html.size() * 4);
     body_ += html;
     return;
   }
