@@ -52,11 +52,6 @@ void Resolve(std::optional<Reference>& reference, const std::vector<Table>& tabl
 Schema::Schema(dralo::Environment& environment, const Options& options)
     : environment_(environment), options_(options), connection_string_(ConnectionString(options)) {}
 
-const std::string& Schema::Connection() {
-  NoticeReplacedFile();
-  return connection_string_;
-}
-
 TableList Schema::Tables() {
   const std::scoped_lock lock(mutex_);
   return Current().tables;
@@ -64,7 +59,7 @@ TableList Schema::Tables() {
 
 std::vector<CountedTable> Schema::CountedTables() {
   std::vector<CountedTable> counted;
-  Rows rows(environment_, Connection());
+  Rows rows(environment_, connection_string_);
   const Catalogue& catalogue = FindCatalogue(rows);
   const TableList tables = Tables();
   for (const Table& table : *tables) {
@@ -81,7 +76,7 @@ std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
   if (table == snapshot.tables->end()) return nullptr;
   std::shared_ptr<const TablePlan>& plan = snapshot.plans[AddressOf(name)];
   if (plan != nullptr) return plan;
-  Rows rows(environment_, Connection());
+  Rows rows(environment_, connection_string_);
   const Catalogue& catalogue = FindCatalogue(rows);
   std::vector<Column> columns = catalogue.Columns(rows, name);
   if (columns.empty()) return nullptr;
@@ -100,18 +95,19 @@ Schema::Snapshot& Schema::Current() {
   const auto now = std::chrono::steady_clock::now();
   if (snapshot_ && now - snapshot_->read_at < kLifetime) return *snapshot_;
   snapshot_.reset();
-  Rows rows(environment_, Connection());
+  NoticeReplacedFile();
+  Rows rows(environment_, connection_string_);
   std::vector<Table> tables = FindCatalogue(rows).Tables(rows);
   std::erase_if(tables, [&](const Table& table) { return !IsWanted(options_, table.name); });
   return snapshot_.emplace(Snapshot{now, std::make_shared<const std::vector<Table>>(std::move(tables)), {}});
 }
 
-/// Connections that are kept would go on reading the file that was there before.
+/// A kept connection sees by itself that its file is no longer where it was, but not that another one of the
+/// same number on another device is there now.
 void Schema::NoticeReplacedFile() {
   struct stat status = {};
   if (stat(options_.database.c_str(), &status) != 0) return;
   const std::pair<unsigned long, unsigned long> file(status.st_dev, status.st_ino);
-  const std::scoped_lock lock(file_mutex_);
   if (std::exchange(file_, file) != file) dralo::Environment::CloseIdleConnections();
 }
 

@@ -32,8 +32,7 @@ class Schema {
   /// Both must outlive the schema. Reads nothing yet.
   Schema(dralo::Environment& environment, const Options& options);
 
-  /// A connection string that leads to the database file that is there now.
-  const std::string& Connection();
+  const std::string& Connection() const { return connection_string_; }
 
   TableList Tables();
 
@@ -61,7 +60,6 @@ class Schema {
   const std::string connection_string_;
   std::mutex mutex_;
   std::optional<Snapshot> snapshot_;
-  std::mutex file_mutex_;
   std::pair<unsigned long, unsigned long> file_{};  ///< Device and number of the database file.
 };
 
