@@ -80,8 +80,11 @@ bool RequestKeys::IsKey(std::string_view candidate, std::string_view name, std::
 std::optional<std::string_view> RequestKeys::Find(std::string_view name, std::string_view suffix) const {
   if (std::ranges::find(ignored_, name) != ignored_.end()) return std::nullopt;
   using FieldList = std::span<const platform::RequestField>;
-  const FieldList form = IsReadInForm(name) ? request_.Form() : FieldList();
-  const FieldList query = IsReadInQuery(name) ? request_.QueryString() : FieldList();
+  // Most requests have one of the two, or none, and the many keys are looked up in them.
+  const FieldList posted = request_.Form();
+  const FieldList form = posted.empty() || IsReadInForm(name) ? posted : FieldList();
+  const FieldList asked = request_.QueryString();
+  const FieldList query = asked.empty() || IsReadInQuery(name) ? asked : FieldList();
   for (const FieldList fields : {form, query}) {
     for (const platform::RequestField& field : fields) {
       if (IsKey(field.name, name, suffix)) return field.value;
