@@ -1,6 +1,6 @@
 /// Downloads the whole table "orders" as a spreadsheet, as a visitor would who presses the button:
 ///
-///   bench_export DATABASE
+///   bench_export DATABASE [hardened]
 ///
 /// DATABASE is a file of SQLite or a connection string. The file goes to standard output; to the other output
 /// goes the highest memory before and after, in KiB.
@@ -29,8 +29,9 @@ std::string HighestMemory() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: bench_export DATABASE\n";
+  const bool is_hardened = argc == 3 && std::string_view(argv[2]) == "hardened";
+  if (argc != 2 && !is_hardened) {
+    std::cerr << "usage: bench_export DATABASE [hardened]\n";
     return 2;
   }
   using dralo::Page;
@@ -40,6 +41,7 @@ int main(int argc, char** argv) {
     if (write(STDOUT_FILENO, piece.data(), piece.size()) < 0) std::exit(3);
   };
   dralo::DbView view(environment);
+  view.SetHardened(is_hardened);
   view.OnStartPage(page);
   view.SetConnectionString(ConnectionStringOf(argv[1]));
   view.SetSql("SELECT * FROM orders");

@@ -15,6 +15,7 @@ for ($page = 0; $page < (int) $pages; $page++) {
     $view->WriteHtmlTable();
     ob_end_clean();
     if ($view->ErrorMessage !== "") {
-        exit($view->ErrorMessage);
+        fwrite(STDERR, $view->ErrorMessage . "\n");
+        exit(1);
     }
 }
