@@ -174,7 +174,8 @@ std::size_t PlainBytes(std::string_view text) {
     }
     const bool has_markup = HasHighBits(markup);
     const std::size_t end = has_markup ? BytesBeforeHighBit(markup) : bytes;
-    const std::size_t characters = BytesOfCharacters(has_markup ? Start(block, end) : block);
+    const std::size_t characters =
+        HasHighBits(block) ? BytesOfCharacters(has_markup ? Start(block, end) : block) : kBlockBytes;
     const std::size_t plain =
         characters > 0 ? std::min(characters, end) : CharactersWithin(text.substr(at), end);
     at += plain;
