@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "text/ascii.h"
+
 namespace dralo::views {
 namespace {
 
@@ -17,6 +19,8 @@ constexpr auto kSigns = std::to_array<std::string_view>(
 }  // namespace
 
 bool BeginsFormula(std::string_view text) {
+  // Nearly all texts.
+  if (text.empty() || text::IsLetterOrDigit(text[0])) return false;
   const auto begins = [&](std::string_view part) { return text.starts_with(part); };
   for (const auto* blank = std::ranges::find_if(kPassedOver, begins); blank != kPassedOver.end();
        blank = std::ranges::find_if(kPassedOver, begins)) {
