@@ -88,6 +88,7 @@ Result Execution::Part() {
 void Execution::Require(const Result& answer, const Statement& statement) {
   const ExecStatusType status = answer ? Libpq::Get().PQresultStatus(answer.get()) : PGRES_FATAL_ERROR;
   if (status != PGRES_FATAL_ERROR && status != PGRES_BAD_RESPONSE && status != PGRES_PIPELINE_ABORTED) return;
+  link_.RequireServer(answer, statement.text);
   link_.Finish();
   Recover();
   throw link_.Failure(answer, statement.text);

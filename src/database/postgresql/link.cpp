@@ -150,10 +150,20 @@ Result Link::Run(const char* statement) {
   Order(statement);
   Send();
   Result answer = Answer();
+  RequireServer(answer, statement);
   Finish();
   const ExecStatusType status = libpq_.PQresultStatus(answer.get());
   if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) throw Failure(answer, statement);
   return answer;
+}
+
+void Link::RequireServer(const Result& failure, std::string_view statement) {
+  constexpr std::string_view kInternalError = "XX000";
+  if (!is_pooled_) return;
+  const char* const state = libpq_.PQresultErrorField(failure.get(), PG_DIAG_SQLSTATE);
+  if (state == nullptr || state != kInternalError) return;
+  GiveUp();
+  throw NoConnection(libpq_.PQresultErrorField(failure.get(), PG_DIAG_MESSAGE_PRIMARY), statement);
 }
 
 Error Link::Failure(const Result& answer, std::string_view statement) {

@@ -72,6 +72,10 @@ class Link {
   /// A trip of one order. Returns the answer. Throws platform::Error when it is a failure.
   Result Run(const char* statement);
 
+  /// Where a pooler has lost its server, it answers with an error of its own: gives up and throws what a lost
+  /// connection is. For a failure, before the rest of its trip is read, which may never come.
+  void RequireServer(const Result& failure, std::string_view statement);
+
   /// The failure that `answer` to `statement` is.
   platform::Error Failure(const Result& answer, std::string_view statement);
 
