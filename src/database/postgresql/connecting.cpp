@@ -19,7 +19,7 @@ constexpr std::string_view kCheckInterval = "client_connection_check_interval";
 /// The last two make all pages of a query come from one plan, and scans of a table begin at its beginning.
 constexpr std::string_view kForms =
     "-c DateStyle=ISO -c IntervalStyle=postgres -c extra_float_digits=1 -c synchronize_seqscans=off "
-    "-c plan_cache_mode=force_custom_plan";
+    "-c plan_cache_mode=force_custom_plan -c cursor_tuple_fraction=1";
 
 /// A packet of the server may be lost for ever; with these a vanished host is noticed.
 constexpr std::pair<const char*, const char*> kFixed[] = {{"client_encoding", "UTF8"},

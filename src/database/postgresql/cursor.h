@@ -18,9 +18,9 @@
 namespace dralo::database::postgresql {
 
 /// A statement. One that changes data is run when it is prepared. So is a query that calls functions, which
-/// may do something, and a query that is new and of which only a few rows are wanted, because that saves a
-/// round trip. All other queries are run when a row is asked for; those of which only a few rows are wanted
-/// also before a statement that may change them.
+/// may do something, where a few rows or all are wanted and none is to be changed; and a query that is new
+/// and of which only a few rows are wanted, because that saves a round trip. All other queries are run when a
+/// row is asked for; those of which only a few rows are wanted also before a statement that may change them.
 ///
 /// The rows of all pages of a query come from the same plan, so that equal sort keys have the same order on
 /// all of them.
@@ -70,6 +70,8 @@ class Cursor final : public database::Cursor {
   void Run(Execution::Rows rows);
   void Send(Execution::Rows rows);
   void Send(Execution::Rows rows, bool may_drop);
+  bool MayUseServerCursor() const;
+  void OpenServerCursor();
   void Split(const Execution& execution, const Result& columns, bool may_drop);
   void Adopt(Result answer);
   void Open();

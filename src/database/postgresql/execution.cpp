@@ -22,6 +22,7 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
       is_guarded_(opening == Opening::kSavepoint),
       has_no_limit_(rows == Rows::kParts && link.Patience().has_value() && !statement.kind.calls_functions),
       is_prepared_(statement.IsPreparedOn(link)) {
+  const bool is_in_transaction = opening != Opening::kNone || link_.Transaction() == PQTRANS_INTRANS;
   if (opening == Opening::kTransaction) link_.Order("BEGIN");
   if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
   if (leader != nullptr) {
@@ -30,7 +31,7 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
   }
   if (has_no_limit_) link_.Order(kNoLimit);
   Order(statement_, parameters, rows_ != Rows::kNone);
-  if (is_guarded_ && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
+  if (is_in_transaction && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
   if (is_guarded_) link_.Order("RELEASE dralo_statement");
   link_.Send();
   if (opening != Opening::kNone) Require(link_.Answer());

@@ -145,6 +145,14 @@ bool Link::FinishWithin(std::chrono::milliseconds time) {
   return true;
 }
 
+void Link::SetRowsOfTransactionAside() noexcept {
+  while (!of_transaction_.empty()) {
+    RowReader* const reader = of_transaction_.back();
+    reader->SetAside();
+    Detach(reader);
+  }
+}
+
 Result Link::Run(const char* statement) {
   Begin();
   Order(statement);

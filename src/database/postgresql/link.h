@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "database/postgresql/libpq.h"
 #include "database/postgresql/options.h"
@@ -68,6 +69,13 @@ class Link {
 
   /// The trip goes on until `reader` has read its rows; then it is set to nullptr.
   void SetReader(RowReader* reader) { reader_ = reader; }
+
+  /// While `reader` has rows that go with the transaction.
+  void Attach(RowReader* reader) { of_transaction_.push_back(reader); }
+  void Detach(RowReader* reader) noexcept { std::erase(of_transaction_, reader); }
+
+  /// Before the transaction, or a part of it, ends.
+  void SetRowsOfTransactionAside() noexcept;
 
   /// A trip of one order. Returns the answer. Throws platform::Error when it is a failure.
   Result Run(const char* statement);
@@ -146,6 +154,7 @@ class Link {
   bool refuses_changes_ = false;
   std::int64_t number_ = 0;
   RowReader* reader_ = nullptr;
+  std::vector<RowReader*> of_transaction_;
   std::optional<std::chrono::seconds> patience_;
   std::optional<Clock::time_point> deadline_;
 };

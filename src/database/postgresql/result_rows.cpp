@@ -29,6 +29,15 @@ ResultRows::ResultRows(Link& link, const Execution& execution, std::size_t colum
   }
 }
 
+ResultRows::ResultRows(Link& link, std::unique_ptr<ServerCursor> cursor, Result first)
+    : link_(&link),
+      cursor_(std::move(cursor)),
+      part_(std::move(first)),
+      row_(static_cast<std::size_t>(Libpq::Get().PQnfields(part_.get()))) {
+  link.Attach(this);
+  if (!cursor_->IsOpen()) Release();
+}
+
 void ResultRows::Await() {
   if (link_ != nullptr) TakePart();
 }
@@ -53,14 +62,14 @@ bool ResultRows::NextOfServer(Row& row) {
 
 void ResultRows::TakePart() {
   try {
-    part_ = execution_->Part();
+    part_ = cursor_ ? cursor_->Next() : execution_->Part();
   } catch (...) {
     if (may_drop_ && link_->IsDead()) link_->Drop();
     Release();
     throw;
   }
   next_ = 0;
-  if (!part_) Release();
+  if (!part_ || (cursor_ && !cursor_->IsOpen())) Release();
 }
 
 void ResultRows::Load(Row& row) {
@@ -101,7 +110,12 @@ void ResultRows::KeepRest() {
 }
 
 void ResultRows::Release() noexcept {
-  if (link_ != nullptr) link_->SetReader(nullptr);
+  if (link_ == nullptr) return;
+  if (cursor_) {
+    link_->Detach(this);
+  } else {
+    link_->SetReader(nullptr);
+  }
   link_ = nullptr;
 }
 
@@ -110,6 +124,7 @@ void ResultRows::Stop() noexcept {
   Link* const link = link_;
   Release();
   if (link == nullptr) return;
+  if (cursor_) return cursor_->Close();
   try {
     if (may_drop_) {
       if (!link->FinishWithin(kShortRest)) link->Drop();

@@ -8,6 +8,7 @@
 #include "database/postgresql/execution.h"
 #include "database/postgresql/link.h"
 #include "database/postgresql/rows_aside.h"
+#include "database/postgresql/server_cursor.h"
 
 namespace dralo::database::postgresql {
 
@@ -20,6 +21,9 @@ class ResultRows final : public RowReader {
   /// The rows that `execution` yields in parts. With `may_drop`, leaving them before their end may drop the
   /// connection.
   ResultRows(Link& link, const Execution& execution, std::size_t columns, bool may_drop);
+
+  /// Those of a cursor of the server, behind `first`.
+  ResultRows(Link& link, std::unique_ptr<ServerCursor> cursor, Result first);
 
   ~ResultRows() override { Stop(); }
 
@@ -48,6 +52,7 @@ class ResultRows final : public RowReader {
 
   Link* link_ = nullptr;  ///< Set while the server sends rows.
   std::optional<Execution> execution_;
+  std::unique_ptr<ServerCursor> cursor_;  ///< Instead of it.
   bool may_drop_ = false;
   std::optional<Clock::time_point> set_aside_at_;  ///< So that the server does not end the statement.
   Result part_;

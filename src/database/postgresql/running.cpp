@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "database/postgresql/cursor.h"
+#include "text/ascii.h"
 #include "text/decimal.h"
 
 namespace dralo::database::postgresql {
@@ -95,7 +96,24 @@ void Cursor::Send(Rows rows) {
   if (rows != Rows::kNone) Open();
 }
 
+/// Functions could do something that is expected to be done, and locks be taken that are expected to be had,
+/// before the last row is read.
+bool Cursor::MayUseServerCursor() const {
+  const bool may_lock =
+      text::ContainsAscii(statement_->text, "UPDATE") || text::ContainsAscii(statement_->text, "SHARE");
+  return session_.HasTransaction() && !statement_->kind.calls_functions && !may_lock;
+}
+
+void Cursor::OpenServerCursor() {
+  auto cursor = std::make_unique<ServerCursor>(session_, *statement_, ParametersOfForm(),
+                                               session_.TakeOpening(statement_->kind));
+  Result first = cursor->TakeFirst();
+  if (!description_->IsOf(first.get())) Learn(first);
+  rows_ = std::make_unique<ResultRows>(link_, std::move(cursor), std::move(first));
+}
+
 void Cursor::Send(Rows rows, bool may_drop) {
+  if (rows == Rows::kParts && MayUseServerCursor()) return OpenServerCursor();
   const bool is_counting = IsCounting() && rows != Rows::kParts;
   const Parameters count_parameters = is_counting ? count_->ParametersOfForm() : Parameters();
   std::optional<Execution::Leader> leader;

@@ -100,6 +100,7 @@ void Session::BeginNow() {
 
 void Session::Commit() {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
+  link_->SetRowsOfTransactionAside();
   const bool has_begun = !std::exchange(is_begin_due_, false);
   if (has_begun && is_outermost) {
     CommitNow();
@@ -123,6 +124,7 @@ void Session::CommitNow() {
 
 void Session::Rollback() noexcept {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
+  link_->SetRowsOfTransactionAside();
   --depth_;
   if (is_outermost) owns_transaction_ = false;
   if (!std::exchange(is_begin_due_, false)) RollBackNow(is_outermost);
@@ -246,6 +248,8 @@ void Session::GiveName(Statement& statement) {
 }
 
 void Session::Note(const StatementKind& kind, std::string_view text) {
+  // It may end the transaction, or change a table that is being read.
+  if (kind.controls_transaction || kind.defines) link_->SetRowsOfTransactionAside();
   const bool may_set = kind.leaves_traces || kind.calls_functions;
   if (may_set && text::ContainsAscii(text, "statement_timeout")) link_->ForgoLimit();
   has_traces_ |= kind.leaves_traces || kind.calls_functions;

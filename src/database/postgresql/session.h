@@ -81,6 +81,12 @@ class Session final : public database::Session {
   /// Whether another connection would do as well. To be called before the orders of a trip.
   bool IsReplaceable() const;
 
+  /// Whether the next statement is a part of a transaction. Between two trips.
+  bool HasTransaction() const { return IsInTransaction() || is_begin_due_; }
+
+  /// For a cursor of the server.
+  std::string NewCursorName() { return "dralo_rows_" + std::to_string(++last_cursor_); }
+
   /// What `run`, which runs a query, returns. Should the connection be lost, or have been while the session
   /// was kept, it is opened again, and `run` called again, unless a transaction or something of the user's
   /// went with it.
@@ -115,6 +121,7 @@ class Session final : public database::Session {
   std::vector<Cursor*> deferred_;
   std::vector<std::string> unused_names_;  ///< Of statements that the server keeps prepared.
   std::int64_t last_name_ = 0;
+  std::int64_t last_cursor_ = 0;
   int depth_ = 0;                  ///< How many Begin() are open.
   bool owns_transaction_ = false;  ///< The first Begin() began it.
   bool is_begin_due_ = false;      ///< To be sent with the next statement.
