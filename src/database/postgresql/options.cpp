@@ -69,8 +69,9 @@ bool ReadPrepare(std::string_view text) {
   throw Error("The Prepare in the connection string must be 0 or 1; write Prepare=0 behind a pooler");
 }
 
-/// "name", "name:port" or "[address]:port".
+/// "name", "name:port", "[address]:port", or an address of the sixth version of the protocol as it is.
 Options::Host ReadHost(std::string_view text) {
+  if (text.find(':') != text.rfind(':') && !text.starts_with('[')) return {std::string(text), {}};
   const auto bracket = text.starts_with('[') ? text.find(']') : 0;
   const auto colon = bracket == text.npos ? text.npos : text.find(':', bracket);
   Options::Host host{std::string(text.substr(0, colon)), {}};
@@ -132,7 +133,13 @@ Options ReadOptions(const ConnectionString& connection_string) {
     if (pair.value.find('\0') != pair.value.npos) throw Error("The connection string has a zero byte");
     if (!ReadOwn(*key, pair.value, host, options)) Set(options, key->setting, pair.value);
   }
-  if (options.hosts.empty()) options.hosts.push_back(std::move(host));
+  if (host.name.find(',') != host.name.npos) {
+    throw Error("The connection string has several names in its Host; write Hosts=db1,db2");
+  }
+  if (options.hosts.empty()) options.hosts.push_back(host);
+  for (Options::Host& each : options.hosts) {
+    if (each.port.empty()) each.port = host.port;
+  }
   return options;
 }
 

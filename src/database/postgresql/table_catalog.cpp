@@ -20,7 +20,7 @@ constexpr std::string_view kColumns =
     "WHERE a.attnum > 0 AND NOT a.attisdropped AND a.attrelid IN (";
 
 /// An index that leaves rows out, is over expressions, or is checked later is no key.
-constexpr std::string_view kKeys =
+constexpr std::string_view kKeysOfTable =
     "SELECT i.indexrelid, k.attnum FROM pg_catalog.pg_index i "
     "CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY k(attnum, place) "
     "WHERE i.indisunique AND i.indisvalid AND (i.indimmediate OR i.indisprimary) AND i.indpred IS NULL "
@@ -81,7 +81,7 @@ const KnownTable* TableCatalog::Find(const ColumnNumber& column) const {
 }
 
 std::vector<std::vector<int>> KeysOf(Link& link, Oid table) {
-  std::string query(kKeys);
+  std::string query(kKeysOfTable);
   query.append(std::to_string(table)).append(kKeyOrder);
   const Answers answers(link.Run(query.c_str()));
   std::vector<std::vector<int>> keys;

@@ -47,6 +47,20 @@ TEST(PostgreSqlOptions, HaveTimeoutsInSeconds) {
   }
 }
 
+TEST(PostgreSqlOptions, GiveAllHostsTheSamePort) {
+  const Options options = Read("Hosts=a,b:5432,::1;Port=6432");
+  ASSERT_EQ(options.hosts.size(), 3U);
+  EXPECT_EQ(options.hosts[0].port, "6432");
+  EXPECT_EQ(options.hosts[1].port, "5432");
+  EXPECT_EQ(options.hosts[2].name, "::1");
+  EXPECT_EQ(options.hosts[2].port, "6432");
+}
+
+TEST(PostgreSqlOptions, NameSeveralHostsInHostsOnly) {
+  EXPECT_EQ(tests::MessageOf([] { Read("Host=a,b"); }),
+            "The connection string has several names in its Host; write Hosts=db1,db2");
+}
+
 TEST(PostgreSqlOptions, NameSeveralHosts) {
   const Options options = Read("Hosts=a:5432, b,[::1]:5433,/var/run;Target Session Attributes=read-write");
   ASSERT_EQ(options.hosts.size(), 4u);
