@@ -19,6 +19,7 @@
 #include "editing/record_change.h"
 #include "editing/replayed_insert.h"
 #include "platform/lost_connection.h"
+#include "platform/statement_clock.h"
 #include "platform/transaction.h"
 #include "settings/open_connection.h"
 #include "settings/statement_parameters.h"
@@ -222,7 +223,9 @@ class Save {
       recordset_->Update();
     } catch (const std::exception& error) {
       recordset_->Close();
-      if (IsAddedMeanwhile() || IsOvertaken() || TellOfLoss(render_, error)) return false;
+      const bool may_ask = !platform::StatementClock::IsOver();
+      if (may_ask && (IsAddedMeanwhile() || IsOvertaken())) return false;
+      if (TellOfLoss(render_, error)) return false;
       render_.Errors().AddUpdateFailure(error.what());
       return false;
     }

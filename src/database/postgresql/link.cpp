@@ -26,8 +26,8 @@ Link::Link(const Options& options) : options_(options) { Connect(); }
 void Link::Begin() {
   if (reader_ != nullptr) std::exchange(reader_, nullptr)->SetAside();
   if (is_dropped_) {
-    is_dropped_ = false;
     Connect();
+    is_dropped_ = false;
   }
   if (is_too_late_) throw NoAnswer({});
   if (IsDead()) throw NoConnection("The connection to the database was lost", {});
