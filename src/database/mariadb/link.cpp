@@ -37,6 +37,9 @@ constexpr unsigned kNoLimitS = 1'000'000;
 /// Includes a node that has lost its cluster (1047), because another host may still serve.
 constexpr unsigned kLost[] = {2006, 2013, 2055, 1053, 1927, 4031, 1047};
 
+/// For a lock that another transaction has.
+constexpr unsigned kKeptWaiting = 1205;
+
 /// Wrong users, passwords and databases are wrong on every host; trying all of them could lock the user out.
 constexpr int kRefusals[] = {1044, 1045, 1049, 1698};
 
@@ -213,6 +216,8 @@ Error Link::MakeError(unsigned number, const char* state, const char* message, s
     sqlstate = "HYT00";
   } else if (sqlstate == "40001") {
     line = "The database has undone the transaction for another one that came first; try again";
+  } else if (number == kKeptWaiting) {
+    line = "Another transaction has kept the record locked for too long; try again";
   }
   line += " (SQLSTATE " + sqlstate + ")";
   return Error(line, static_cast<int>(is_given_up_ ? 0 : number), sqlstate, std::string(text));

@@ -106,6 +106,20 @@ TEST_F(MariaDbConflicts, AreSaidWhereThePageHasDoneMoreBefore) {
   EXPECT_EQ(Ask("SELECT Text FROM Notes"), Lines{});
 }
 
+TEST_F(MariaDbConflicts, LetASaveBeTriedAgainThatWasKeptWaiting) {
+  const auto rival = Connect(database_.ConnectionString());
+  rival->Execute("BEGIN");
+  rival->Execute("UPDATE Goods SET Stock = 9 WHERE ID = 1");
+  Run("SET innodb_lock_wait_timeout = 1");
+  const auto kept = Edit(connection_, "SELECT ID, Stock, Name FROM Goods WHERE ID = 1");
+  FieldOf(*kept, "Stock").SetValue("11");
+  EXPECT_EQ(MessageOf([&] { kept->Update(); }),
+            "Another transaction has kept the record locked for too long; try again (SQLSTATE HY000)");
+  rival->Execute("ROLLBACK");
+  kept->Update();
+  EXPECT_EQ(Goods(), (Lines{"1 11 'Horn'", "2 20 'Lute'"})) << "what was assigned is kept";
+}
+
 }  // namespace
 
 }  // namespace dralo::tests
