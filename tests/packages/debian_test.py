@@ -6,26 +6,20 @@ usage: debian_test.py SUITE [FOLDER] [TEST...]      SUITE is bookworm or trixie.
 DEB_BUILD_OPTIONS=noopt builds them in a fraction of the time, without optimisation.
 """
 
-import os
-import pathlib
 import re
 import shutil
 import subprocess
 import sys
-import tempfile
-import unittest
 import urllib.request
 
 from container_steps import ContainerSteps
-from debian_root import DebianRoot
+from debian_systems import ROOT, VERSION, DebianSystems, run
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.append(str(ROOT / "tests/pages"))
 
 from fastcgi import Request  # noqa: E402
 
 PAGE = "/root/page.php"
-[VERSION] = re.findall(r"^project\(dralo VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text(), re.MULTILINE)
 OLDER, NEWER = f"{VERSION}-1", f"{VERSION}-2"
 
 
@@ -36,36 +30,11 @@ def archive():
                           stdout=subprocess.PIPE, check=True).stdout
 
 
-class Packages(unittest.TestCase):
-    suite = None
-    kept = None
-    options = os.environ.get("DEB_BUILD_OPTIONS", "")
-
+class Packages(DebianSystems):
     @classmethod
     def setUpClass(cls):
-        cls.folder = pathlib.Path(tempfile.mkdtemp(prefix="dralo-debian-"))
-        cls.addClassCleanup(shutil.rmtree, cls.folder)
-        kept = cls.kept or cls.folder
-        cls.bare = cls.root_of(kept / f"{cls.suite}-bare", lambda folder: DebianRoot.make(folder, cls.suite))
-        cls.builder = cls.root_of(kept / f"{cls.suite}-build", cls.make_builder)
+        super().setUpClass()
         cls.build()
-
-    @classmethod
-    def root_of(cls, folder, make):
-        if folder.exists():
-            root = DebianRoot(folder)
-            root.run("apt-get", "update", "-q")
-        else:
-            root = make(folder)
-        if folder.parent == cls.folder:
-            cls.addClassCleanup(root.remove)
-        return root
-
-    @classmethod
-    def make_builder(cls, folder):
-        root = cls.bare.copy(folder)
-        root.install("build-essential", "ccache", "lintian", "php-all-dev")
-        return root
 
     @classmethod
     def build(cls):
@@ -221,9 +190,4 @@ class Packages(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if os.geteuid() != 0:
-        sys.exit("debian_test.py: a system in a folder is entered by chroot, which only root may do")
-    Packages.suite, *others = sys.argv[1:]
-    if others and others[0].startswith("/"):
-        Packages.kept = pathlib.Path(others.pop(0))
-    unittest.main(argv=sys.argv[:1] + others)
+    run()
