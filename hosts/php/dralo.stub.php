@@ -38,7 +38,7 @@ final class DbView
     /** The statement that deletes a record, without its WHERE, such as DELETE FROM Customers. */
     public string $DeleteSQL;
 
-    /** Values for the ? of sql in their order, also where it is counted, downloaded or is FormSQL or EditSQL too. */
+    /** Values for the ? of sql, in their order; used too when it is counted or downloaded, and for FormSQL and EditSQL while these are copies of it. */
     public array $SqlParameters;
 
     /** Values for the ? of FormSQL. */
@@ -131,10 +131,10 @@ final class DbView
     /** Attributes of the grid's table. */
     public string $TableTag;
 
-    /** Attributes of the grid's table in the grid view. */
+    /** More attributes of the grid's table, after those of TableTag. */
     public string $GridTableTag;
 
-    /** Attributes of the form's table. */
+    /** Attributes of the table of a record, in the one-record view and in the forms. */
     public string $FormTableTag;
 
     /** Attributes of header cells. */
@@ -173,7 +173,7 @@ final class DbView
     /** Comma list of column widths by position, such as 50,,30%. */
     public string $GridCellWidths;
 
-    /** Two widths of the one-record view: the labels' and the values'. */
+    /** Comma list: in the one-record view the widths of labels and of values, in the edit and add forms the width of each label by position. */
     public string $FormCellWidths;
 
     /** Comma list of the columns that the grid shows, by name or number; empty shows all. */
@@ -272,7 +272,7 @@ final class DbView
     /** Comma list, one item per key: a statement that yields a new key value, or autoincrement. */
     public string $EditNewPKStatement;
 
-    /** On a hardened page, the column with a unique index that keeps the add form's own token, so that a form adds one record however often it is posted; forms do not show it. */
+    /** On a hardened page, the column with a unique index that keeps the token of the add form, so that a form adds only one record however often it is posted; forms do not show it. */
     public string $EditInsertToken;
 
     /** The question asked before a record is deleted; empty asks nothing. */
@@ -287,13 +287,13 @@ final class DbView
     /** A function that is given each change before it is written: it can set other values and refuse the change. */
     public mixed $OnSave;
 
-    /** A function that is given each change when it is written, in the same transaction. */
+    /** A function that is given each change after it is written, in the same transaction. */
     public mixed $OnSaved;
 
     /** A function that is given each delete before it is carried out: it can refuse it. */
     public mixed $OnDelete;
 
-    /** On a hardened page, a function that makes the token which its forms carry, when it is given null, and tells whether a posted text is that token. */
+    /** On a hardened page, a function that makes the token of the forms when it is given null, and tells whether a posted text is that token. */
     public mixed $TokenCallback;
 
     /** HTML beside required fields. */

@@ -38,7 +38,7 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// The statement that deletes a record, without its WHERE, such as DELETE FROM Customers.
   std::string DeleteSQL() const { return Typed<std::string>("DeleteSQL"); }
   void SetDeleteSQL(std::string_view value) { SetTyped("DeleteSQL", value); }  ///< Sets DeleteSQL().
-  /// Values for the ? of sql in their order, also where it is counted, downloaded or is FormSQL or EditSQL too.
+  /// Values for the ? of sql, in their order; used too when it is counted or downloaded, and for FormSQL and EditSQL while these are copies of it.
   std::vector<Variant> SqlParameters() const { return Typed<std::vector<Variant>>("SqlParameters"); }
   void SetSqlParameters(std::vector<Variant> value) { SetTyped("SqlParameters", std::move(value)); }  ///< Sets SqlParameters().
   /// Values for the ? of FormSQL.
@@ -126,10 +126,10 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Attributes of the grid's table.
   std::string TableTag() const { return Typed<std::string>("TableTag"); }
   void SetTableTag(std::string_view value) { SetTyped("TableTag", value); }  ///< Sets TableTag().
-  /// Attributes of the grid's table in the grid view.
+  /// More attributes of the grid's table, after those of TableTag.
   std::string GridTableTag() const { return Typed<std::string>("GridTableTag"); }
   void SetGridTableTag(std::string_view value) { SetTyped("GridTableTag", value); }  ///< Sets GridTableTag().
-  /// Attributes of the form's table.
+  /// Attributes of the table of a record, in the one-record view and in the forms.
   std::string FormTableTag() const { return Typed<std::string>("FormTableTag"); }
   void SetFormTableTag(std::string_view value) { SetTyped("FormTableTag", value); }  ///< Sets FormTableTag().
   /// Attributes of header cells.
@@ -168,7 +168,7 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Comma list of column widths by position, such as 50,,30%.
   std::string GridCellWidths() const { return Typed<std::string>("GridCellWidths"); }
   void SetGridCellWidths(std::string_view value) { SetTyped("GridCellWidths", value); }  ///< Sets GridCellWidths().
-  /// Two widths of the one-record view: the labels' and the values'.
+  /// Comma list: in the one-record view the widths of labels and of values, in the edit and add forms the width of each label by position.
   std::string FormCellWidths() const { return Typed<std::string>("FormCellWidths"); }
   void SetFormCellWidths(std::string_view value) { SetTyped("FormCellWidths", value); }  ///< Sets FormCellWidths().
   /// Comma list of the columns that the grid shows, by name or number; empty shows all.
@@ -267,7 +267,7 @@ class DbViewProperties : public IndexedPropertyOwner {
   /// Comma list, one item per key: a statement that yields a new key value, or autoincrement.
   std::string EditNewPKStatement() const { return Typed<std::string>("EditNewPKStatement"); }
   void SetEditNewPKStatement(std::string_view value) { SetTyped("EditNewPKStatement", value); }  ///< Sets EditNewPKStatement().
-  /// On a hardened page, the column with a unique index that keeps the add form's own token, so that a form adds one record however often it is posted; forms do not show it.
+  /// On a hardened page, the column with a unique index that keeps the token of the add form, so that a form adds only one record however often it is posted; forms do not show it.
   std::string EditInsertToken() const { return Typed<std::string>("EditInsertToken"); }
   void SetEditInsertToken(std::string_view value) { SetTyped("EditInsertToken", value); }  ///< Sets EditInsertToken().
   /// The question asked before a record is deleted; empty asks nothing.
@@ -281,11 +281,11 @@ class DbViewProperties : public IndexedPropertyOwner {
   void SetEditDetectConflicts(bool value) { SetTyped("EditDetectConflicts", value); }  ///< Sets EditDetectConflicts().
   /// A function that is given each change before it is written: it can set other values and refuse the change.
   void SetOnSave(std::function<void(Change&)> value) { SetTyped("OnSave", MakeHandler(std::move(value))); }
-  /// A function that is given each change when it is written, in the same transaction.
+  /// A function that is given each change after it is written, in the same transaction.
   void SetOnSaved(std::function<void(Change&)> value) { SetTyped("OnSaved", MakeHandler(std::move(value))); }
   /// A function that is given each delete before it is carried out: it can refuse it.
   void SetOnDelete(std::function<void(Change&)> value) { SetTyped("OnDelete", MakeHandler(std::move(value))); }
-  /// On a hardened page, a function that makes the token which its forms carry, when it is given null, and tells whether a posted text is that token.
+  /// On a hardened page, a function that makes the token of the forms when it is given null, and tells whether a posted text is that token.
   void SetTokenCallback(std::function<Variant(const Variant&)> value) { SetTyped("TokenCallback", MakeTokenCallback(std::move(value))); }
   /// HTML beside required fields.
   std::string RequiredFieldIndicator() const { return Typed<std::string>("RequiredFieldIndicator"); }
