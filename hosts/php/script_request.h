@@ -27,7 +27,7 @@ class ScriptRequest final : public platform::Request {
   /// As the server handed it over: the script cannot change it.
   std::string Method() const override;
 
-  /// Those of $_SERVER, but for the type of the body, which the script cannot change.
+  /// Those of $_SERVER, except for the type of the body, which the script cannot change.
   std::vector<std::string> HeaderValues(std::string_view name) const override;
 
  private:

@@ -23,7 +23,8 @@ class Command : public Object {
   /// A statement, or the name of a table or of a stored procedure, as the type says.
   std::string command_text;
 
-  /// kUnspecified and kUnknown leave it to the text: a bare name, also behind that of a schema, is a table.
+  /// With kUnspecified and kUnknown the text decides: a bare name, perhaps with a schema in front, is a
+  /// table.
   CommandType command_type = CommandType::kUnspecified;
 
   /// Values of the "?" in the text, in their order.

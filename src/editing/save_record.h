@@ -9,7 +9,7 @@ namespace dralo::editing {
 
 /// Saves the posted form: as a new record when it says so, else to the record that its key inputs address.
 /// `schema` is that of EditSQL; `statement` becomes the one that was last in use. A value that does not suit
-/// its field is told in the edit status message, a recordset that does not open or cannot be written in
+/// its field is reported in the edit status message, a recordset that does not open or cannot be written in
 /// ErrorMessage; throws platform::Error for every other failure.
 ///
 /// Fields of an existing record that still show what was posted are left alone, so that saving an untouched

@@ -22,8 +22,8 @@ namespace dralo::state {
 void PutPageFormFields(html::HtmlWriter& out, const settings::Settings& settings,
                        const platform::Request& request);
 
-/// Writes the same fields as "&name=value" pairs for the query string of links. Of a hardened view they have
-/// room for all `links` that they are repeated in.
+/// Writes the same fields as "&name=value" pairs for the query string of links. On a hardened page there must
+/// be room for them in all `links` that repeat them.
 void PutPageQueryFields(html::HtmlWriter& out, const settings::Settings& settings,
                         const platform::Request& request, std::size_t links = 1);
 

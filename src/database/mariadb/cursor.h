@@ -24,16 +24,16 @@ class Session;
 /// statement at once.
 ///
 /// The rows come from the server one by one, so that the longest result takes no more memory than a short
-/// one. But a connection carries one result at a time. Before another statement is sent, and when a page
-/// takes so long over its rows that the server would lose its patience, the rest is read at once and put
-/// aside, in memory as long as it is short, else in a temporary file. That costs neither memory, as keeping
-/// the result would, nor a copy on the server before the first row, as a cursor of the server does, nor a
-/// second connection, which would not see what the transaction of the first has changed.
+/// one. But a connection carries one result at a time. So the rest of the rows is read at once and put aside
+/// before another statement is sent, and when a page takes so long over its rows that the server would end
+/// the statement. It is put aside in memory as long as it is short, else in a temporary file. That costs less
+/// than the alternatives: keeping the whole result takes memory, a cursor of the server copies it before the
+/// first row, and a second connection would not see what the transaction of the first has changed.
 ///
-/// Putting aside takes as long as the server sends, which only its own limit ends, and as much room as there
-/// is.
+/// Putting aside lasts as long as the server sends, limited only by the server, and takes as much room as the
+/// rows need.
 ///
-/// Of a result that is left early a short rest is read. From a long one the session leaves its connection,
+/// When a result is left early, a short rest is read. With a long rest the session leaves its connection,
 /// which is cheaper than reading it, unless that would lose a transaction or traces of the page.
 class Cursor final : public database::Cursor {
  public:

@@ -25,9 +25,9 @@ class Cursor;
 
 /// An open connection to MariaDB or MySQL.
 ///
-/// Between two users nothing is sent as long as they only read and saved: their prepared statements stay. Of
-/// a transaction that is open the rest is rolled back. After anything else, such as a setting, a temporary
-/// table, a lock or a function of the page's own, the server resets the session, which costs the statements.
+/// Between two users nothing is sent if the last one only read and saved; his prepared statements stay. An
+/// open transaction is rolled back. After anything else, such as a setting, a temporary table, a lock or a
+/// function of the page's own, the server resets the session, which costs the prepared statements.
 ///
 /// IsAlive() asks the socket, after a long rest the server. Should the connection be lost, a query opens it
 /// again where nothing of the user's is lost with it, and so does the next statement behind a transaction of
