@@ -54,7 +54,7 @@ class ScriptScanner {
   bool is_escaped_ = false;          ///< The last character was a backslash that takes the next one with it.
   char last_ = '\n';                 ///< The last character of a comment or of text in backticks.
   std::string code_;                 ///< The end of the code taken.
-  std::vector<std::size_t> braces_;  ///< The open braces within each "${" that is open.
+  std::vector<std::size_t> braces_;  ///< How many braces are open within each open "${".
 };
 
 }  // namespace dralo::html

@@ -110,7 +110,8 @@ class RequestKeys {
   const platform::Request& request_;
   std::string prefix_;
   ChangeKeys change_keys_;
-  bool commands_change_ = false;  ///< Of the form, whose key counts as part of it.
+  /// The form commands a change and is read. Then the key of its record is part of the change.
+  bool commands_change_ = false;
   std::vector<std::string_view> ignored_;
 };
 

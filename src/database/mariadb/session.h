@@ -128,7 +128,7 @@ class Session final : public database::Session {
   Cursor* reading_ = nullptr;
   bool was_left_ = false;
   bool has_traces_ = false;
-  bool has_left_database_ = false;  ///< A statement of the page has changed the database.
+  bool has_left_database_ = false;  ///< A statement of the page chose another one.
   std::int64_t last_identity_ = 0;
   std::chrono::steady_clock::time_point last_use_ = std::chrono::steady_clock::now();
 };
