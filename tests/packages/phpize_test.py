@@ -72,7 +72,8 @@ class Built(unittest.TestCase):
     def assert_refuses(self, run, *texts):
         """In one line, which has all of the texts."""
         self.assertNotEqual(run.returncode, 0, run.stdout)
-        [line] = [line for line in run.stderr.splitlines() if line]
+        # PHP 8.4's own part complains when there is no terminal.
+        [line] = [line for line in run.stderr.splitlines() if line and not line.startswith("shtool:")]
         for text in texts:
             self.assertIn(text, line)
 
