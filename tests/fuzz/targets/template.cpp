@@ -10,6 +10,7 @@
 #include "html/address.h"
 #include "html/template_places.h"
 #include "html/value_place.h"
+#include "text/ascii.h"
 #include "text/list.h"
 
 namespace dralo::fuzz {
@@ -37,6 +38,12 @@ struct Read {
 
 bool IsScript(PlaceKind kind) { return kind == PlaceKind::kScriptString || kind == PlaceKind::kScriptValue; }
 
+/// Whether a browser would run the address, which it reads without line breaks and tabs.
+bool IsScriptAddress(std::string address) {
+  std::erase_if(address, [](char c) { return static_cast<unsigned char>(c) <= ' '; });
+  return text::StartsWithAscii(address, "javascript:") || text::StartsWithAscii(address, "data:");
+}
+
 void TryValueInPlace(std::string_view value, const ValuePlace& place) {
   std::string written;
   html::AppendInPlace(written, value, place);
@@ -48,6 +55,9 @@ void TryValueInPlace(std::string_view value, const ValuePlace& place) {
   if (place.is_unquoted) {
     Require(written.find_first_of(" \t\r\n\f`=") == written.npos,
             "no value ends an attribute without quotes");
+  }
+  if (place.kind == PlaceKind::kAddress || place.kind == PlaceKind::kRelativeAddress) {
+    Require(!IsScriptAddress(written), "no value brings the address of a script");
   }
   if (IsScript(place.kind)) {
     Require(written.find_first_of("&;/(){}`$") == written.npos, "no value brings signs of scripts");
