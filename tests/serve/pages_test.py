@@ -127,6 +127,7 @@ class Pages(ServeTest):
         server = self.serve("--edit")
         _, start = server.get("/")
         self.assertEqual(len(table_links(start)), len(ODD_NAMES))
+        self.assertNotIn("<script>alert", start)
         shown = set()
         for link in table_links(start):
             with self.subTest(link=link):

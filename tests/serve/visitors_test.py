@@ -72,9 +72,10 @@ class Visitors(ServeTest):
         server = self.serve("--name", "Data.Example")
         for host, status in (("127.0.0.1", 200), (f"localhost:{server.port}", 200), ("LOCALHOST", 200), ("[::1]:80", 200),
                              ("data.example:8443", 200), ("rebound.example", 421), ("127.0.0.1.rebound.example", 421), ("", 421)):
-            answer, page = server.get("/table/Goods", {"Host": host})
-            self.assertEqual((host, answer.status), (host, status))
-            self.assertEqual("tea" in page, status == 200)
+            for address, content in (("/table/Goods", "tea"), ("/", "1 record"), ("/assets/dralo.css", "DRLO")):
+                answer, page = server.get(address, {"Host": host})
+                self.assertEqual((host, address, answer.status), (host, address, status))
+                self.assertEqual(content in page, status == 200)
 
     def test_protects_each_answer_by_its_headers(self):
         server = self.serve()
