@@ -15,8 +15,8 @@ class TimeOfPage : public ::testing::TestWithParam<Server> {
  protected:
   void SetUp() override {
     connection_->Execute(
-        "CREATE TABLE Notes (K INTEGER PRIMARY KEY, Note VARCHAR(40), A VARCHAR(9), B VARCHAR(9), C "
-        "VARCHAR(9))");
+        "CREATE TABLE Notes (K INTEGER PRIMARY KEY, Note VARCHAR(40), A VARCHAR(9), B VARCHAR(9), "
+        "C VARCHAR(9), D VARCHAR(9))");
     connection_->Execute("INSERT INTO Notes VALUES (1, 'old', 'a', 'a', 'a', 'a')");
     const bool is_postgresql = GetParam() == Server::kPostgreSql;
     connection_->Execute(std::string("CREATE VIEW Slow AS SELECT 'a' AS Name FROM Notes WHERE ") +
