@@ -6,6 +6,7 @@
 
 #include "hosts/cpp/environment.h"
 #include "support/contains.h"
+#include "unit/editing/saving.h"
 #include "unit/editing/shared_form.h"
 
 namespace dralo::tests {

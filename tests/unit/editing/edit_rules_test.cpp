@@ -12,6 +12,7 @@
 #include "settings/setters.h"
 #include "support/contains.h"
 #include "unit/editing/edited_view.h"
+#include "unit/editing/saving.h"
 #include "unit/editing/shared_form.h"
 
 namespace dralo::tests {

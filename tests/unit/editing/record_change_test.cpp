@@ -11,6 +11,7 @@
 #include "dralo/change.h"
 #include "dralo/error.h"
 #include "support/contains.h"
+#include "unit/editing/saving.h"
 #include "unit/editing/shared_form.h"
 
 namespace dralo::tests {

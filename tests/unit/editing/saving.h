@@ -11,18 +11,9 @@
 #include "support/rendering.h"
 #include "support/temporary_database.h"
 #include "text/list.h"
+#include "unit/editing/customers.h"
 
 namespace dralo::tests {
-
-/// A table of customers whose columns behave as those of real ones: a number as its key, a required name, and
-/// fields of most types.
-inline constexpr std::string_view kCustomers =
-    "CREATE TABLE T(ID INTEGER PRIMARY KEY, Name VARCHAR(40) NOT NULL, City VARCHAR(40), Stock INT,"
-    "  Price DECIMAL(10,2), Since DATE, Active BOOLEAN, Notes TEXT);"
-    "INSERT INTO T VALUES(1, 'Anna', 'Oslo', 3, 2.5, '2024-05-03', 1, 'first');"
-    "INSERT INTO T VALUES(2, 'Bert', 'Bonn', NULL, NULL, NULL, 0, NULL);";
-/// The first row of kCustomers.
-inline constexpr std::string_view kAnna = "1,'Anna','Oslo',3,2.5,'2024-05-03',1,'first'";
 
 /// A page that posts a form of a view. Fields() and Post() make up the form, Save() and Delete() send it.
 class Saving : public Rendering {

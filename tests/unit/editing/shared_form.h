@@ -14,7 +14,8 @@
 #include "support/browser_form.h"
 #include "support/fake_page.h"
 #include "support/regional_environment.h"
-#include "unit/editing/saving.h"
+#include "support/temporary_database.h"
+#include "unit/editing/customers.h"
 
 namespace dralo::tests {
 
@@ -25,6 +26,12 @@ class SharedForm {
  public:
   explicit SharedForm(std::string_view statements = kCustomers) : database(statements) {
     connection->Connection()->Open(database.ConnectionString());
+  }
+
+  /// Pages show the table T of another database from now on.
+  void Use(const std::string& connection_string) const {
+    connection->Connection()->Close();
+    connection->Connection()->Open(connection_string);
   }
 
   /// The page that `form` leads to.
