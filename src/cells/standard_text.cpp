@@ -47,9 +47,10 @@ std::string_view GetMemoFieldText(const platform::Formatting& formatting, platfo
   }
 }
 
-/// The complete text of the value without anything added for HTML; empty for what cannot be shown.
-std::string_view WholeText(const platform::Formatting& formatting, platform::Field& field,
-                           std::string& scratch) {
+/// The complete text of the value without anything added for HTML; empty for what cannot be shown. Each
+/// cell is worth a copy of this function.
+[[gnu::always_inline]] inline std::string_view WholeText(const platform::Formatting& formatting,
+                                                         platform::Field& field, std::string& scratch) {
   const platform::TypeCode type = field.Type();
   if (platform::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
   if (platform::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);

@@ -1,6 +1,5 @@
 #include "cells/value_form.h"
 
-#include "html/text_escape.h"
 #include "settings/field_lists.h"
 
 namespace dralo::cells {
@@ -8,10 +7,6 @@ namespace dralo::cells {
 ValueForm FormOfValues(const settings::Settings& settings, std::string_view field_name, int column) {
   if (!settings.Hardened) return ValueForm::kPlain;
   return settings::IsGridColHtml(settings, field_name, column) ? ValueForm::kMarkup : ValueForm::kEscaped;
-}
-
-std::string_view InForm(state::Render& render, std::string_view text, ValueForm form) {
-  return form == ValueForm::kEscaped ? html::Escaped(text, render.escaped) : text;
 }
 
 }  // namespace dralo::cells

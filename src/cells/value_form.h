@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "html/text_escape.h"
 #include "settings/settings.h"
 #include "state/render.h"
 
@@ -17,6 +18,8 @@ enum class ValueForm {
 ValueForm FormOfValues(const settings::Settings& settings, std::string_view field_name, int column);
 
 /// `text` in that form: itself, or in `render.escaped`, whose content is then replaced.
-std::string_view InForm(state::Render& render, std::string_view text, ValueForm form);
+inline std::string_view InForm(state::Render& render, std::string_view text, ValueForm form) {
+  return form == ValueForm::kEscaped ? html::Escaped(text, render.escaped) : text;
+}
 
 }  // namespace dralo::cells
