@@ -46,11 +46,7 @@ bool DeleteRecord(state::Render& render, const QuerySchema& schema, std::string&
     changed = connection->ChangeOneRecord(statement, settings.DeleteSqlParameters);
   } catch (const std::exception& error) {
     if (TellOfLoss(render, error)) return false;
-    if (settings.Hardened) {
-      render.Errors().AddPublic(settings::PublicText::kDelete, error.what());
-    } else {
-      render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
-    }
+    render.outcome.status_message.assign("Delete failed: ").append(error.what()).append("<br>");
     return false;
   }
   if (changed == 0) {
