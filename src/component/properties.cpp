@@ -267,13 +267,20 @@ std::span<const Property<DBConnection>> DBConnectionProperties() { return kDBCon
 std::span<const IndexedProperty> DbViewIndexedProperties() { return kIndexedProperties; }
 
 const Property<DbView>* FindDbViewProperty(std::string_view name) {
-  static const auto by_name = [] {
+  // Programs write names as they are in the table: these are found without a copy in other letters.
+  static const auto by_spelling = [] {
+    std::unordered_map<std::string_view, const Property<DbView>*> rows;
+    for (const auto& row : kDbViewProperties) rows.emplace(row.name, &row);
+    return rows;
+  }();
+  if (const auto found = by_spelling.find(name); found != by_spelling.end()) return found->second;
+  static const auto by_letters = [] {
     std::unordered_map<std::string, const Property<DbView>*> rows;
     for (const auto& row : kDbViewProperties) rows.emplace(text::ToUpper(row.name), &row);
     return rows;
   }();
-  const auto found = by_name.find(text::ToUpper(name));
-  return found == by_name.end() ? nullptr : found->second;
+  const auto found = by_letters.find(text::ToUpper(name));
+  return found == by_letters.end() ? nullptr : found->second;
 }
 
 }  // namespace dralo::component
