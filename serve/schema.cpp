@@ -53,8 +53,9 @@ Schema::Schema(dralo::Environment& environment, const Options& options)
     : environment_(environment), options_(options), connection_string_(ConnectionString(options)) {}
 
 TableList Schema::Tables() {
+  const Time asked_at = std::chrono::steady_clock::now();
   const std::scoped_lock lock(mutex_);
-  return Current().tables;
+  return Current(asked_at).tables;
 }
 
 std::vector<CountedTable> Schema::CountedTables() {
@@ -70,8 +71,9 @@ std::vector<CountedTable> Schema::CountedTables() {
 }
 
 std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
+  const Time asked_at = std::chrono::steady_clock::now();
   const std::scoped_lock lock(mutex_);
-  Snapshot& snapshot = Current();
+  Snapshot& snapshot = Current(asked_at);
   const auto table = std::ranges::find(*snapshot.tables, name, &Table::name);
   if (table == snapshot.tables->end()) return nullptr;
   std::shared_ptr<const TablePlan>& plan = snapshot.plans[AddressOf(name)];
@@ -91,15 +93,27 @@ void Schema::Forget() {
   snapshot_.reset();
 }
 
-Schema::Snapshot& Schema::Current() {
-  const auto now = std::chrono::steady_clock::now();
+Schema::Snapshot& Schema::Current(Time asked_at) {
+  const Time now = std::chrono::steady_clock::now();
   if (snapshot_ && now - snapshot_->read_at < kLifetime) return *snapshot_;
+  // Who has waited while others waited for a database in vain does not wait for it once more.
+  if (failure_ && asked_at < failure_->seen_at) throw failure_->error;
+  failure_.reset();
   snapshot_.reset();
+  try {
+    return snapshot_.emplace(Snapshot{now, ReadTables(), {}});
+  } catch (const dralo::Error& error) {
+    failure_.emplace(Failure{std::chrono::steady_clock::now(), error});
+    throw;
+  }
+}
+
+TableList Schema::ReadTables() {
   NoticeReplacedFile();
   Rows rows(environment_, connection_string_);
   std::vector<Table> tables = FindCatalogue(rows).Tables(rows);
   std::erase_if(tables, [&](const Table& table) { return !IsWanted(options_, table.name); });
-  return snapshot_.emplace(Snapshot{now, std::make_shared<const std::vector<Table>>(std::move(tables)), {}});
+  return std::make_shared<const std::vector<Table>>(std::move(tables));
 }
 
 /// A kept connection sees by itself that its file is no longer where it was, but not that another one of the

@@ -46,13 +46,21 @@ class Schema {
   void Forget();
 
  private:
+  using Time = std::chrono::steady_clock::time_point;
+
   struct Snapshot {
-    std::chrono::steady_clock::time_point read_at;
+    Time read_at;
     TableList tables;
     std::map<std::string, std::shared_ptr<const TablePlan>> plans;
   };
 
-  Snapshot& Current();
+  struct Failure {
+    Time seen_at;
+    dralo::Error error;
+  };
+
+  Snapshot& Current(Time asked_at);
+  TableList ReadTables();
   void NoticeReplacedFile();
 
   dralo::Environment& environment_;
@@ -60,6 +68,7 @@ class Schema {
   const std::string connection_string_;
   std::mutex mutex_;
   std::optional<Snapshot> snapshot_;
+  std::optional<Failure> failure_;                  ///< Of the latest try to read the tables.
   std::pair<unsigned long, unsigned long> file_{};  ///< Device and number of the database file.
 };
 

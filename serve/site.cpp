@@ -99,8 +99,10 @@ Answer Site::Respond(const Request& request) {
   } catch (const std::exception& error) {
     Log(error.what());
     schema_.Forget();
-    return Failure(503, "The database cannot be read",
-                   "The server's own messages tell why. Try again when it is there.");
+    // Without the list of tables: to ask for it would be to wait once more.
+    return {.status = 503,
+            .body = Message(FrameWith({}), "The database cannot be read",
+                            "The server's own messages tell why. Try again when it is there.")};
   }
 }
 

@@ -10,8 +10,10 @@ import contextlib
 import http.client
 import re
 import socket
+import sqlite3
 import subprocess
 import threading
+import time
 
 from served import ServeTest, run
 
@@ -212,6 +214,18 @@ class Visitors(ServeTest):
             finally:
                 is_over.set()
                 typist.join()
+
+    def test_waits_once_for_a_database_that_is_locked(self):
+        server = self.serve(database=f"Provider=SQLite;Data Source={self.database};Busy Timeout=2000")
+        lock = sqlite3.connect(self.database, isolation_level=None)
+        with contextlib.closing(lock), concurrent.futures.ThreadPoolExecutor(16) as visitors:
+            lock.execute("BEGIN EXCLUSIVE")
+            begin = time.monotonic()
+            statuses = list(visitors.map(lambda _: server.get("/table/Goods")[0].status, range(16)))
+            # One after the other would take 32 seconds.
+            self.assertLess(time.monotonic() - begin, 25)
+            self.assertLessEqual(set(statuses), {500, 503})
+        self.assertEqual(server.get("/table/Goods")[0].status, 200)
 
     def test_ends_a_download_that_nobody_takes(self):
         self.sql("WITH N AS (SELECT 2 A UNION ALL SELECT A + 1 FROM N LIMIT 200000) "
