@@ -51,7 +51,7 @@ std::vector<std::string> HostNames(const Options& options) {
   } else {
     names.push_back(Lower(Bracketed(options.host)));
   }
-  for (const std::string& name : options.names) names.push_back(Lower(name));
+  for (const std::string& name : options.names) names.push_back(NameOfHost(name));
   return names;
 }
 

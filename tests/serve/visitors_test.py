@@ -71,9 +71,9 @@ class Visitors(ServeTest):
             self.assertEqual((done.returncode, done.stderr), (1, f"dralo-serve: {why.format(file)}\n"))
 
     def test_answers_under_its_own_names_only(self):
-        server = self.serve("--name", "Data.Example")
+        server = self.serve("--name", "Data.Example", "--name", "front.example:8443")
         for host, status in (("127.0.0.1", 200), (f"localhost:{server.port}", 200), ("LOCALHOST", 200), ("[::1]:80", 200),
-                             ("data.example:8443", 200), ("rebound.example", 421), ("127.0.0.1.rebound.example", 421), ("", 421)):
+                             ("data.example:8443", 200), ("front.example:8443", 200), ("rebound.example", 421), ("127.0.0.1.rebound.example", 421), ("", 421)):
             for address, content in (("/table/Goods", "tea"), ("/", "1 record"), ("/assets/dralo.css", "DRLO")):
                 answer, page = server.get(address, {"Host": host})
                 self.assertEqual((host, address, answer.status), (host, address, status))
