@@ -3,6 +3,7 @@
 #include <string>
 
 #include "support/contains.h"
+#include "unit/editing/saving.h"
 #include "unit/editing/shared_form.h"
 
 namespace dralo::tests {
