@@ -76,6 +76,16 @@ void EditLookupAsString(INTERNAL_FUNCTION_PARAMETERS) {
   });
 }
 
+void AddGarbageRoots(const DbView& view, zend_get_gc_buffer* roots) {
+  const settings::Settings& settings = view.GetSettings();
+  for (const auto& handler : {&settings.OnSave, &settings.OnSaved, &settings.OnDelete})
+    AddGarbageRoot(*handler, roots);
+  AddGarbageRoot(settings.TokenCallback, roots);
+  const auto* page = dynamic_cast<const HandedPage*>(view.KeptPage().get());
+  if (page != nullptr && view.KeptPage().use_count() == 1)
+    zend_get_gc_buffer_add_obj(roots, page->ScriptObject());
+}
+
 ZEND_BEGIN_ARG_WITH_RETURN_TYPE_INFO_EX(q_html_table_arginfo, 0, 2, IS_VOID, 0)
 ZEND_ARG_TYPE_INFO(0, ConnectionString, IS_STRING, 0)
 ZEND_ARG_TYPE_INFO(0, TableName, IS_STRING, 0)
@@ -120,6 +130,10 @@ ScriptClass db_view_class = {
     .reading = Entry::kReads,
     .keeps_secrets =
         [](const platform::Object& view) { return static_cast<const DbView&>(view).GetSettings().Hardened; },
+    .add_garbage_roots =
+        [](const platform::Object& view, zend_get_gc_buffer* roots) {
+          AddGarbageRoots(static_cast<const DbView&>(view), roots);
+        },
     .declare =
         [](ScriptClass& registered) {
           NoServices nothing;

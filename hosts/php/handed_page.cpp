@@ -16,6 +16,11 @@ void HandedPage::SendTo(const zval* receiver) {
   if (receiver_ != nullptr) response_.pass_on = [this](std::string_view piece) { PassOn(piece); };
 }
 
+void HandedPage::AddGarbageRoots(zend_get_gc_buffer* roots) const {
+  // While the function runs, PassOn() holds it too.
+  if (receiver_.use_count() == 1) zend_get_gc_buffer_add_zval(roots, receiver_->Get());
+}
+
 std::shared_ptr<platform::PageContext> HandedPage::Keep() {
   zval object;
   ZVAL_OBJ(&object, script_object_);

@@ -28,8 +28,11 @@ class HandedPage final : public platform::Object, public platform::PageContext {
   /// collected.
   void SendTo(const zval* receiver);
 
-  /// That function; nullptr when there is none.
-  zval* Receiver() const { return receiver_ == nullptr ? nullptr : receiver_->Get(); }
+  /// Adds that function, for the collector of cycles.
+  void AddGarbageRoots(zend_get_gc_buffer* roots) const;
+
+  /// The PHP object that owns the page.
+  zend_object* ScriptObject() const { return script_object_; }
 
   /// The page for its views: keeps the PHP object alive, and so the page.
   std::shared_ptr<platform::PageContext> Keep();

@@ -155,8 +155,10 @@ ScriptClass page_class = {
     .methods = kMethods,
     .is_constructed = true,
     .reading = Entry::kReads,
-    .garbage_root =
-        [](const platform::Object& page) { return static_cast<const HandedPage&>(page).Receiver(); },
+    .add_garbage_roots =
+        [](const platform::Object& page, zend_get_gc_buffer* roots) {
+          static_cast<const HandedPage&>(page).AddGarbageRoots(roots);
+        },
 };
 
 }  // namespace dralo::php

@@ -87,10 +87,10 @@ struct ScriptClass {
   /// Whether var_dump() and its like keep passwords to themselves; nullptr when they never do.
   bool (*keeps_secrets)(const platform::Object& object) = nullptr;
 
-  /// A value of the script that the C++ object holds, for the collector of cycles; the function is nullptr
-  /// when it never does, the value when it does not now. Only for objects that nobody but their PHP object
-  /// owns.
-  zval* (*garbage_root)(const platform::Object& object) = nullptr;
+  /// Adds the values of the script that the C++ object, and nothing else in C++, holds: the collector of
+  /// cycles sees them as its PHP object's. Asked only while nobody but that PHP object owns the C++ object.
+  /// nullptr when it never holds any.
+  void (*add_garbage_roots)(const platform::Object& object, zend_get_gc_buffer* roots) = nullptr;
 
   /// Declares the properties, once the class is registered; nullptr when it has none.
   void (*declare)(ScriptClass& registered) = nullptr;

@@ -67,9 +67,10 @@ void CallHandler(KeptValue& callable, platform::Change& change) {
 }
 
 /// What the function returned when it is a text, true or false; else Null.
-platform::Variant TokenAnswer(const zval& result) {
-  if (Z_TYPE(result) == IS_STRING) return std::string(View(Z_STR(result)));
-  if (Z_TYPE(result) == IS_TRUE || Z_TYPE(result) == IS_FALSE) return Z_TYPE(result) == IS_TRUE;
+platform::Variant TokenAnswer(const zval* result) {
+  ZVAL_DEREF(result);
+  if (Z_TYPE_P(result) == IS_STRING) return std::string(View(Z_STR_P(result)));
+  if (Z_TYPE_P(result) == IS_TRUE || Z_TYPE_P(result) == IS_FALSE) return Z_TYPE_P(result) == IS_TRUE;
   return platform::Null();
 }
 
@@ -85,7 +86,7 @@ platform::Variant CallForToken(KeptValue& callable, const platform::Variant& tok
     call_user_function(nullptr, nullptr, callable.Get(), &result, 1, &argument);
     zval_ptr_dtor(&argument);
   });
-  platform::Variant answer = TokenAnswer(result);
+  platform::Variant answer = TokenAnswer(&result);
   CallPhp([&] { zval_ptr_dtor(&result); });
   return answer;
 }
@@ -134,12 +135,17 @@ platform::ObjectPtr ToFunction(const zval* value, component::PropertyType type, 
   return std::make_shared<ScriptTokenCallback>(value);
 }
 
+zval* CallableOf(const platform::Object& kept) {
+  const auto* script = dynamic_cast<const ScriptFunction*>(&kept);
+  return script == nullptr ? nullptr : script->Callable()->Get();
+}
+
 void PutFunction(const platform::ObjectPtr& kept, zval* result) {
-  const auto* script = dynamic_cast<const ScriptFunction*>(kept.get());
-  if (script == nullptr) {
+  zval* const callable = kept == nullptr ? nullptr : CallableOf(*kept);
+  if (callable == nullptr) {
     ZVAL_NULL(result);
   } else {
-    ZVAL_COPY(result, script->Callable()->Get());
+    ZVAL_COPY(result, callable);
   }
 }
 

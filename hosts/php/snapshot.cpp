@@ -159,9 +159,11 @@ HashTable* GetProperties(zend_object* object) {
 
 HashTable* GetGarbageRoots(zend_object* object, zval** table, int* size) {
   const NativeObject* native_object = FromZend(object);
-  const auto garbage_root = native_object->script_class->garbage_root;
-  *table = garbage_root != nullptr && native_object->native ? garbage_root(*native_object->native) : nullptr;
-  *size = *table == nullptr ? 0 : 1;
+  const auto add_roots = native_object->script_class->add_garbage_roots;
+  zend_get_gc_buffer* roots = zend_get_gc_buffer_create();
+  if (add_roots != nullptr && native_object->native.use_count() == 1)
+    add_roots(*native_object->native, roots);
+  zend_get_gc_buffer_use(roots, table, size);
   return object->properties;
 }
 

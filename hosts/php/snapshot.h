@@ -14,7 +14,7 @@ HashTable* GetPropertiesFor(zend_object* object, zend_prop_purpose purpose);
 /// For callers that do not: the table belongs to the object and is filled anew by each call.
 HashTable* GetProperties(zend_object* object);
 
-/// The collector of cycles sees the table of the last GetProperties() and the class's garbage_root, and reads
+/// The collector of cycles sees the table of the last GetProperties() and what the class adds, and reads
 /// no properties.
 HashTable* GetGarbageRoots(zend_object* object, zval** table, int* size);
 

@@ -83,6 +83,9 @@ class DbView final : public platform::Object {
   PropertyValue Get(std::string_view name) const;
   void Set(std::string_view name, const PropertyValue& value);
 
+  /// The page that scripts have made and the view keeps; nullptr when there is none.
+  const std::shared_ptr<platform::PageContext>& KeptPage() const { return kept_page_; }
+
   /// What the latest rendering has found.
   const state::Outcome& LatestOutcome() const { return outcome_; }
 
