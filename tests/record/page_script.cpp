@@ -163,6 +163,7 @@ PropertyValue PageScript::RandomValue(const ViewProperty& property) {
       return RandomNumber();
     case PropertyType::kObject:
     case PropertyType::kHandler:
+    case PropertyType::kTokenCallback:
       return ObjectPtr();
     case PropertyType::kList:
       return std::vector<Variant>();
