@@ -28,8 +28,8 @@ LanguageTables English() {
            "Record WAS NOT DELETED. See the messages beside the fields.",
            "This is not one of the choices.",
            "Nothing was changed, for the connection to the database was lost. Try again.",
-           "The connection to the database was lost, so it is not known whether the change was made. Look "
-           "before you try again."}};
+           ("The connection to the database was lost, so it is not known whether the change was made. Look "
+            "before you try again.")}};
 }
 
 /// Buttons and outcomes stay English; pages that want others set their own lists.
@@ -57,10 +57,10 @@ LanguageTables German() {
       "Nicht nach {}.",
       "Der Datensatz wurde NICHT GELÖSCHT. Siehe die Hinweise neben den Feldern.",
       "Das steht nicht zur Wahl.",
-      "Es wurde nichts geändert, denn die Verbindung zur Datenbank ging verloren. Bitte nochmals "
-      "versuchen.",
-      "Die Verbindung zur Datenbank ging verloren. Ob die Änderung erfolgt ist, ist nicht bekannt: "
-      "bitte nachsehen, bevor Sie es nochmals versuchen."};
+      ("Es wurde nichts geändert, denn die Verbindung zur Datenbank ging verloren. Bitte nochmals "
+       "versuchen."),
+      ("Die Verbindung zur Datenbank ging verloren. Ob die Änderung erfolgt ist, ist nicht bekannt: "
+       "bitte nachsehen, bevor Sie es nochmals versuchen.")};
   return tables;
 }
 
@@ -90,8 +90,8 @@ LanguageTables Norwegian() {
        "Dataposten ble IKKE SLETTET. Se meldingene ved feltene.",
        "Dette er ikke et av valgene.",
        "Ingenting ble endret, for forbindelsen til databasen ble brutt. Prøv en gang til.",
-       "Forbindelsen til databasen ble brutt, så det er ikke kjent om endringen ble gjort. Se etter før du "
-       "prøver en gang til."}};
+       ("Forbindelsen til databasen ble brutt, så det er ikke kjent om endringen ble gjort. Se etter før du "
+        "prøver en gang til.")}};
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ class AnAttack(unittest.TestCase):
             run = subprocess.run(["sqlmap", "--batch", "--flush-session", "--disable-coloring", "--dbms=SQLite",
                                   f"--output-dir={self.folder / 'found'}", "-T", "Secrets", "--dump",
                                   "-u", f"http://127.0.0.1:{server.port}/notes.php?{query}",
-                                  "--headers=Sec-Fetch-Site: same-origin", *options],
+                                  "-H", "Sec-Fetch-Site: same-origin", *options],
                                  env=os.environ | {"HOME": str(self.folder)}, stdin=subprocess.DEVNULL, text=True,
                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=TIME_LIMIT_S, check=False)
         return run.stdout
