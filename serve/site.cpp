@@ -100,8 +100,9 @@ Answer Site::Respond(const Request& request) {
     Log(error.what());
     schema_.Forget();
     // Without the list of tables: to ask for it would be to wait once more.
+    auto none = std::make_shared<const std::vector<Table>>();
     return {.status = 503,
-            .body = Message(FrameWith({}), "The database cannot be read",
+            .body = Message(FrameWith(std::move(none)), "The database cannot be read",
                             "The server's own messages tell why. Try again when it is there.")};
   }
 }
