@@ -3,13 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "database/quoted.h"
+
 namespace dralo::database::mariadb {
 
 /// `name` as an identifier whatever characters it has.
-inline std::string Quote(std::string_view name) {
-  std::string quoted = "`";
-  for (const char c : name) quoted.append(c == '`' ? 2 : 1, c);
-  return quoted += '`';
-}
+inline std::string Quote(std::string_view name) { return Quoted(name, '`', '`'); }
 
 }  // namespace dralo::database::mariadb

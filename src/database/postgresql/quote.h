@@ -3,13 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "database/quoted.h"
+
 namespace dralo::database::postgresql {
 
 /// `text` between quotes, which are doubled inside: "'" makes a text, '"' a name.
-inline std::string Quote(std::string_view text, char quote = '"') {
-  std::string quoted(1, quote);
-  for (const char c : text) quoted.append(c == quote ? 2 : 1, c);
-  return quoted += quote;
-}
+inline std::string Quote(std::string_view text, char quote = '"') { return Quoted(text, quote, quote); }
 
 }  // namespace dralo::database::postgresql

@@ -3,16 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "database/quoted.h"
+
 namespace dralo::database::sqlite {
 
 /// `name` as an identifier whatever characters it has.
-inline std::string Quote(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) {
-    if (c == '"') quoted += c;
-    quoted += c;
-  }
-  return quoted += '"';
-}
+inline std::string Quote(std::string_view name) { return Quoted(name, '"', '"'); }
 
 }  // namespace dralo::database::sqlite
