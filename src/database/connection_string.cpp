@@ -88,15 +88,8 @@ std::optional<std::string_view> ConnectionString::Find(std::string_view key) con
 }
 
 int ConnectionString::Seconds(std::string_view key, int otherwise) const {
-  const auto text = Find(key);
-  if (!text) return otherwise;
-  const auto seconds = text::ParseNumber<int>(*text);
-  if (!seconds || *seconds < 0 || *seconds > 86'400) {
-    throw platform::Error("The " + std::string(key) +
-                          " in the connection string is no number of seconds; write " + std::string(key) +
-                          "=" + std::to_string(otherwise));
-  }
-  return *seconds;
+  const auto value = Find(key);
+  return value ? ReadSeconds(key, *value, otherwise) : otherwise;
 }
 
 std::string ConnectionString::WithoutPassword() const {
@@ -105,6 +98,15 @@ std::string ConnectionString::WithoutPassword() const {
     if (!text::EqualAscii(pair.key, "Password") && !text::EqualAscii(pair.key, "Pwd")) text += pair.source;
   }
   return text;
+}
+
+int ReadSeconds(std::string_view key, std::string_view value, int suggestion) {
+  constexpr int kDay = 86'400;
+  const auto seconds = text::ParseNumber<int>(value);
+  if (seconds && 0 <= *seconds && *seconds <= kDay) return *seconds;
+  throw platform::Error("The " + std::string(key) +
+                        " in the connection string is no number of seconds; write " + std::string(key) + "=" +
+                        std::to_string(suggestion));
 }
 
 }  // namespace dralo::database

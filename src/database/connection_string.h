@@ -26,8 +26,7 @@ class ConnectionString {
 
   std::optional<std::string_view> Find(std::string_view key) const;
 
-  /// The value of `key` as a number of seconds up to a day; `otherwise` without the key. Throws
-  /// platform::Error when it is no such number.
+  /// ReadSeconds() of the value of `key`; `otherwise` without the key.
   int Seconds(std::string_view key, int otherwise) const;
 
   /// In the order of the text, followed by the added ones.
@@ -39,5 +38,9 @@ class ConnectionString {
  private:
   std::vector<Pair> pairs_;
 };
+
+/// The value of `key` as a number of seconds up to a day. Throws platform::Error, which suggests
+/// `suggestion`, when it is no such number.
+int ReadSeconds(std::string_view key, std::string_view value, int suggestion);
 
 }  // namespace dralo::database

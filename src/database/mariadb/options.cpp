@@ -53,13 +53,6 @@ unsigned ReadPort(std::string_view text) {
   throw Error("The connection string has a port that is no number from 1 to 65535; write Port=3306");
 }
 
-int ReadSeconds(std::string_view key, std::string_view text, int otherwise) {
-  const auto seconds = text::ParseNumber<int>(text);
-  if (seconds && 0 <= *seconds && *seconds <= 86'400) return *seconds;
-  throw Error("The " + std::string(key) + " in the connection string is no number of seconds; write " +
-              std::string(key) + "=" + std::to_string(otherwise));
-}
-
 /// The client library checks a certificate completely, with its name, or not at all.
 SslMode ReadSslMode(std::string_view text) {
   constexpr std::pair<std::string_view, SslMode> kModes[] = {

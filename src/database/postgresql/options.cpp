@@ -5,7 +5,6 @@
 
 #include "dralo/error.h"
 #include "text/ascii.h"
-#include "text/decimal.h"
 #include "text/white_space.h"
 
 namespace dralo::database::postgresql {
@@ -55,13 +54,6 @@ const Key* FindKey(std::string_view name) {
     if (!key.is_other_name) known.append(known.empty() ? "" : ", ").append(key.name);
   }
   throw Error("The connection string has a key that is unknown for PostgreSQL; known are " + known);
-}
-
-int ReadSeconds(std::string_view key, std::string_view text, int otherwise) {
-  const auto seconds = text::ParseNumber<int>(text);
-  if (seconds && 0 <= *seconds && *seconds <= 86'400) return *seconds;
-  throw Error("The " + std::string(key) + " in the connection string is no number of seconds; write " +
-              std::string(key) + "=" + std::to_string(otherwise));
 }
 
 bool ReadPrepare(std::string_view text) {
