@@ -92,6 +92,15 @@ int ConnectionString::Seconds(std::string_view key, int otherwise) const {
   return value ? ReadSeconds(key, *value, otherwise) : otherwise;
 }
 
+std::string ConnectionString::Identity() const {
+  std::string identity;
+  for (const Pair& pair : pairs_) {
+    identity.append(pair.key).append("=").append(std::to_string(pair.value.size()));
+    identity.append(" ").append(pair.value).append(";");
+  }
+  return identity;
+}
+
 std::string ConnectionString::WithoutPassword() const {
   std::string text;
   for (const Pair& pair : pairs_) {

@@ -29,6 +29,9 @@ class ConnectionString {
   /// ReadSeconds() of the value of `key`; `otherwise` without the key.
   int Seconds(std::string_view key, int otherwise) const;
 
+  /// A text that only connection strings with equal pairs in equal order share.
+  std::string Identity() const;
+
   /// In the order of the text, followed by the added ones.
   const std::vector<Pair>& Pairs() const { return pairs_; }
 

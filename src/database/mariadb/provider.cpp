@@ -22,12 +22,7 @@ bool Provider::IsCalled(std::string_view name) const {
 
 /// Made of the pairs as they were given: reading them as options would cost every page more.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
-  std::string key = "MariaDB";
-  for (const ConnectionString::Pair& pair : connection_string.Pairs()) {
-    key.append(";").append(pair.key).append("=").append(std::to_string(pair.value.size()));
-    key.append(" ").append(pair.value);
-  }
-  return key;
+  return "MariaDB;" + connection_string.Identity();
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {

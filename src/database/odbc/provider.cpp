@@ -1,5 +1,7 @@
 #include "database/odbc/provider.h"
 
+#include <algorithm>
+
 #include "database/odbc/options.h"
 #include "database/odbc/session.h"
 #include "text/ascii.h"
@@ -13,13 +15,9 @@ bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(n
 /// Made of the pairs as they were given: reading them as options would cost every page more than the rest of
 /// its opening.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
-  std::string key = "ODBC";
-  for (const ConnectionString::Pair& pair : connection_string.Pairs()) {
-    if (pair.value == ":memory:") return {};
-    key.append(";").append(pair.key).append("=").append(std::to_string(pair.value.size()));
-    key.append(" ").append(pair.value);
-  }
-  return key;
+  const auto is_in_memory = [](const ConnectionString::Pair& pair) { return pair.value == ":memory:"; };
+  if (std::ranges::any_of(connection_string.Pairs(), is_in_memory)) return {};
+  return "ODBC;" + connection_string.Identity();
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {

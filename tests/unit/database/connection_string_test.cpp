@@ -51,6 +51,14 @@ TEST(ConnectionString, ShowsItselfWithoutPasswords) {
   EXPECT_EQ(text.WithoutPassword(), "Provider=SQLite;Data Source=x.db;");
 }
 
+TEST(ConnectionString, OnlyEqualPairsInEqualOrderShareAnIdentity) {
+  const auto identity = [](const char* text) { return ConnectionString(text).Identity(); };
+  EXPECT_EQ(identity("Host=a;Port=1"), identity(" Host = a ;Port=1;"));
+  EXPECT_NE(identity("Host=a;Port=1"), identity("Port=1;Host=a"));
+  EXPECT_NE(identity("Host=a;Port=1"), identity("Host='a;Port=1'"));
+  EXPECT_NE(identity("Host=a;Port=1"), identity("Host='a;Port=1 1'"));
+}
+
 TEST(ConnectionString, RefusesPartsThatAreNoPairsWithoutQuotingThem) {
   EXPECT_EQ(MessageOf([] { ConnectionString("Provider=SQLite;Password=x;secret"); }),
             "The connection string has a part without \"=\"; write key=value;key=value");
