@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "database/date_text.h"
+#include "database/in_quotes.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
 #include "text/iso_date.h"
@@ -25,11 +26,7 @@ std::string WithNumber(std::string_view before_name, std::string_view name, std:
   return std::string(before_name).append(name).append(before_number).append(*number).append(behind);
 }
 
-std::string Quoted(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
-  return quoted += '\'';
-}
+std::string Quoted(std::string_view text) { return InQuotes(text, '\'', '\''); }
 
 std::string In(std::string_view name, const std::vector<std::string>& values) {
   std::string text(name);

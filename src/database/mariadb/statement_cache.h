@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <memory>
 #include <string_view>
-#include <vector>
 
+#include "database/kept_statements.h"
 #include "database/mariadb/statement.h"
 
 namespace dralo::database::mariadb {
@@ -18,9 +18,6 @@ class StatementCache {
   /// Longer statements are not kept.
   static constexpr std::size_t kMaxTextBytes = 32'768;
 
-  /// Room for all from the start, so that Give() never fails.
-  StatementCache() { statements_.reserve(kCapacity); }
-
   /// The statement for a text, or nullptr when none is kept.
   std::unique_ptr<Statement> Take(std::string_view text, Form form);
 
@@ -29,17 +26,16 @@ class StatementCache {
 
   /// Whether Give() would keep the statement and close none.
   bool HasRoomFor(const Statement& statement) const {
-    return statements_.size() < kCapacity && statement.IsOfThisConnection() &&
-           statement.Text().size() <= kMaxTextBytes;
+    return !kept_.IsFull() && statement.IsOfThisConnection() && statement.Text().size() <= kMaxTextBytes;
   }
 
   /// Takes back a statement without an open result.
   void Give(std::unique_ptr<Statement> statement) noexcept;
 
-  void Clear() noexcept { statements_.clear(); }
+  void Clear() noexcept { kept_.Clear(); }
 
  private:
-  std::vector<std::unique_ptr<Statement>> statements_;  ///< In the order of their last use.
+  KeptStatements<Statement> kept_{kCapacity};
 };
 
 }  // namespace dralo::database::mariadb

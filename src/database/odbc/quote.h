@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/quoted.h"
+#include "database/in_quotes.h"
 
 namespace dralo::database::odbc {
 
@@ -11,7 +11,7 @@ namespace dralo::database::odbc {
 /// quotes reports none.
 inline std::string Quote(std::string_view name, std::string_view quote) {
   if (quote.empty()) return std::string(name);
-  return Quoted(name, quote.front(), quote == "[" ? ']' : quote.front());
+  return InQuotes(name, quote.front(), quote == "[" ? ']' : quote.front());
 }
 
 }  // namespace dralo::database::odbc

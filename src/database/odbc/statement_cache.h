@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <memory>
 #include <string_view>
-#include <vector>
 
+#include "database/kept_statements.h"
 #include "database/odbc/statement.h"
 
 namespace dralo::database::odbc {
@@ -14,9 +14,6 @@ namespace dralo::database::odbc {
 class StatementCache {
  public:
   static constexpr std::size_t kCapacity = 32;
-
-  /// Room for all from the start, so that Give() never fails.
-  StatementCache() { statements_.reserve(kCapacity); }
 
   /// The statement for a query with or without a limit, or nullptr when none is kept. For a query that
   /// refuses a limit, the one without.
@@ -33,7 +30,7 @@ class StatementCache {
   void Abandon() noexcept;
 
  private:
-  std::vector<std::unique_ptr<Statement>> statements_;  ///< In the order of their last use.
+  KeptStatements<Statement> kept_{kCapacity};
 };
 
 }  // namespace dralo::database::odbc

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <memory>
 #include <string_view>
-#include <vector>
 
+#include "database/kept_statements.h"
 #include "database/sqlite/statement.h"
 
 namespace dralo::database::sqlite {
@@ -17,9 +17,6 @@ class StatementCache {
   /// Longer statements are not kept.
   static constexpr std::size_t kMaxTextBytes = 32'768;
 
-  /// Room for all from the start, so that Give() never fails.
-  StatementCache() { statements_.reserve(kCapacity); }
-
   /// The statement for a text, or nullptr when none is kept.
   std::unique_ptr<Statement> Take(std::string_view text, Form form);
 
@@ -30,7 +27,7 @@ class StatementCache {
   void Give(std::unique_ptr<Statement> statement) noexcept;
 
  private:
-  std::vector<std::unique_ptr<Statement>> statements_;  ///< In the order of their last use.
+  KeptStatements<Statement> kept_{kCapacity};
 };
 
 }  // namespace dralo::database::sqlite
