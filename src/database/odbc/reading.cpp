@@ -6,6 +6,7 @@
 #include <cstring>
 #include <optional>
 
+#include "database/money_text.h"
 #include "database/odbc/wide_text.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
@@ -32,19 +33,6 @@ VariantView ReadDouble(std::string_view text) {
 
 VariantView ReadDecimal(std::string_view text) {
   return text::IsPlainDecimal(text) ? VariantView(DecimalView{text}) : text;
-}
-
-/// The last "." or "," separates the decimals when one or two digits follow it.
-VariantView ReadMoney(std::string_view text, std::string& scratch) {
-  auto point = text.find_last_of(".,");
-  const auto is_digit = [&](std::size_t at) { return at < text.size() && text::IsDigit(text[at]); };
-  if (point != text.npos && is_digit(point + 3)) point = text.npos;
-  scratch = text.find_first_of("-(") == text.npos ? "" : "-";
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (i == point) scratch += '.';
-    if (is_digit(i)) scratch += text[i];
-  }
-  return text::IsPlainDecimal(scratch) ? VariantView(DecimalView{scratch}) : text;
 }
 
 VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {

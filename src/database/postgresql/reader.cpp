@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "database/money_text.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
 #include "text/iso_date.h"
@@ -35,20 +36,6 @@ VariantView ReadDate(std::string_view text) {
 VariantView ReadTime(std::string_view text) {
   const auto time = text::ParseTimeOfDay(text);
   return time ? VariantView(*time) : text;
-}
-
-/// In the form of the server's locale: the last "." or "," separates the decimals when one or two digits
-/// follow it.
-VariantView ReadMoney(std::string_view text, std::string& scratch) {
-  auto point = text.find_last_of(".,");
-  const auto is_digit = [&](std::size_t at) { return at < text.size() && text::IsDigit(text[at]); };
-  if (point != text.npos && is_digit(point + 3)) point = text.npos;
-  scratch = text.find_first_of("-(") == text.npos ? "" : "-";
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (i == point) scratch += '.';
-    if (is_digit(i)) scratch += text[i];
-  }
-  return text::IsPlainDecimal(scratch) ? VariantView(platform::DecimalView{scratch}) : text;
 }
 
 /// The older spelling: "\\" for a backslash, "\377" for a byte that is no ASCII character.
