@@ -4,19 +4,15 @@
 #include <optional>
 #include <string>
 
+#include "database/own_columns.h"
 #include "database/postgresql/quote.h"
 #include "database/select_list.h"
-#include "dralo/error.h"
 
 namespace dralo::database::postgresql {
 
 namespace {
 
 using Origins = std::vector<Description::Origin>;
-
-[[noreturn]] void Refuse(std::string_view reason, std::string_view text) {
-  throw platform::Error("The records cannot be changed: " + std::string(reason), 0, {}, std::string(text));
-}
 
 /// The first column of the result that shows a column of a table; all others must show columns of the same
 /// table.
@@ -25,11 +21,11 @@ std::size_t FindSample(const Columns& columns, const Origins& origins, std::stri
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (columns[i].origin.empty()) continue;
     if (!sample) sample = i;
-    if (origins[i].table != origins[*sample].table) Refuse("the query reads several tables", text);
+    if (origins[i].table != origins[*sample].table) RefuseChanges("the query reads several tables", text);
   }
-  if (!sample) Refuse("no field shows a column of a table", text);
+  if (!sample) RefuseChanges("no field shows a column of a table", text);
   if (NamesTwice(text, columns[*sample].origin_table)) {
-    Refuse("the query reads the table more than once", text);
+    RefuseChanges("the query reads the table more than once", text);
   }
   return *sample;
 }
