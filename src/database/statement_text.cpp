@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "dralo/error.h"
 #include "text/white_space.h"
 
 namespace dralo::database {
@@ -25,6 +26,21 @@ std::string_view WithoutFront(std::string_view text, char also) {
 std::string_view WithoutEnd(std::string_view text) {
   while (!text.empty() && (text::IsAsciiSpace(text.back()) || text.back() == ';')) text.remove_suffix(1);
   return text;
+}
+
+void RequireStatement(std::string_view text) {
+  if (text::TrimAsciiSpace(text).empty())
+    throw platform::Error("The statement is empty", 0, {}, std::string(text));
+  if (text.find('\0') == text.npos) return;
+  throw platform::Error("The statement has a zero byte in its text", 0, {}, std::string(text));
+}
+
+void RequireEqualCounts(std::size_t expected, std::size_t given, std::string_view text) {
+  if (expected == given) return;
+  throw platform::Error("The statement expects " + std::to_string(expected) +
+                            (expected == 1 ? " parameter value, but " : " parameter values, but ") +
+                            std::to_string(given) + (given == 1 ? " was given" : " were given"),
+                        0, {}, std::string(text));
 }
 
 }  // namespace dralo::database

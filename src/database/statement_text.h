@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace dralo::database {
@@ -9,5 +10,11 @@ std::string_view WithoutFront(std::string_view text, char also);
 
 /// The text without ";" and blanks at its end.
 std::string_view WithoutEnd(std::string_view text);
+
+/// Throws platform::Error when the text is blank or has a zero byte, which client libraries take for its end.
+void RequireStatement(std::string_view text);
+
+/// Throws platform::Error when a statement is given another number of parameter values than it expects.
+void RequireEqualCounts(std::size_t expected, std::size_t given, std::string_view text);
 
 }  // namespace dralo::database

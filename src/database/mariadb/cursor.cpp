@@ -8,14 +8,12 @@
 #include "database/mariadb/first_word.h"
 #include "database/mariadb/session.h"
 #include "database/mariadb/zero_date.h"
-#include "dralo/error.h"
-#include "text/white_space.h"
+#include "database/statement_text.h"
 
 namespace dralo::database::mariadb {
 
 namespace {
 
-using platform::Error;
 using std::chrono::nanoseconds;
 
 /// By default a server gives the client a minute to read what it sends, and the statement 30 seconds to end.
@@ -38,12 +36,6 @@ nanoseconds Now() {
 nanoseconds PatienceWith(std::chrono::seconds query_timeout) {
   if (query_timeout.count() == 0) return kPatienceOfServers;
   return std::min<nanoseconds>(kPatienceOfServers, nanoseconds(query_timeout) / 4);
-}
-
-void RequireStatement(const std::string& text) {
-  if (text::TrimAsciiSpace(text).empty()) throw Error("The statement is empty", 0, {}, text);
-  if (text.find('\0') == text.npos) return;
-  throw Error("The statement has a zero byte in its text", 0, {}, text);
 }
 
 }  // namespace
@@ -82,11 +74,7 @@ void Cursor::RequireParameterCount() const {
   const std::size_t own = statement_->GetForm() == Form::kLimited ? 2 : 0;
   const std::size_t expected = statement_->ParameterCount() - own;
   const std::size_t given = parameters_.Count();
-  if (expected == given) return;
-  throw Error("The statement expects " + std::to_string(expected) +
-                  (expected == 1 ? " parameter value, but " : " parameter values, but ") +
-                  std::to_string(given) + (given == 1 ? " was given" : " were given"),
-              0, {}, text_);
+  RequireEqualCounts(expected, given, text_);
 }
 
 void Cursor::Execute() {

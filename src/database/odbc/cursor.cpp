@@ -8,7 +8,6 @@
 #include "database/odbc/base_table.h"
 #include "database/statement_text.h"
 #include "dralo/error.h"
-#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
@@ -23,12 +22,6 @@ bool IsOneStatement(std::string_view text) { return WithoutEnd(text).find(';') =
 bool IsStale(const Error& error) {
   constexpr std::string_view kStates[] = {"0A000", "26000"};
   return std::ranges::find(kStates, error.SqlState()) != std::end(kStates);
-}
-
-void RequireStatement(const std::string& text) {
-  if (text::TrimAsciiSpace(text).empty()) throw Error("The statement is empty", 0, {}, text);
-  if (text.find('\0') == text.npos) return;
-  throw Error("The statement has a zero byte in its text", 0, {}, text);
 }
 
 }  // namespace
@@ -108,11 +101,7 @@ void Cursor::OpenChange() {
 void Cursor::RequireParameterCount() const {
   const std::size_t expected = statement_->parameters;
   const std::size_t given = parameters_.Count();
-  if (expected == given) return;
-  throw Error("The statement expects " + std::to_string(expected) +
-                  (expected == 1 ? " parameter value, but " : " parameter values, but ") +
-                  std::to_string(given) + (given == 1 ? " was given" : " were given"),
-              0, {}, text_);
+  RequireEqualCounts(expected, given, text_);
 }
 
 void Cursor::Execute() {

@@ -4,24 +4,16 @@
 
 #include "database/postgresql/base_table.h"
 #include "database/postgresql/placeholders.h"
-#include "dralo/error.h"
-#include "text/white_space.h"
+#include "database/statement_text.h"
 
 namespace dralo::database::postgresql {
 
 namespace {
 
-using platform::Error;
 using Rows = Execution::Rows;
 
 /// So many rows are fetched as one answer.
 constexpr std::int64_t kMaxShortRows = 256;
-
-void RequireText(std::string_view text) {
-  if (text::TrimAsciiSpace(text).empty()) throw Error("The statement is empty", 0, {}, std::string(text));
-  if (text.find('\0') == text.npos) return;
-  throw Error("The statement has a zero byte in its text", 0, {}, std::string(text));
-}
 
 Form WantedForm(const Query& query) { return query.max_records == 1 ? Form::kOneRow : Form::kPage; }
 
@@ -45,7 +37,7 @@ Cursor::Cursor(Session& session, const Query& query, Unsent /*unused*/)
       is_updatable_(query.is_updatable),
       statement_(is_updatable_ ? nullptr : session.Statements().Find(key_)) {
   if (!statement_) {
-    RequireText(query.text);
+    RequireStatement(query.text);
     statement_ = NewStatement(query.text);
   }
   RequireParameterCount(query.parameters.size());
@@ -65,11 +57,7 @@ std::shared_ptr<Statement> Cursor::NewStatement(std::string_view text) const {
 
 void Cursor::RequireParameterCount(std::size_t given) const {
   const auto expected = static_cast<std::size_t>(statement_->parameters);
-  if (expected == given) return;
-  throw Error("The statement expects " + std::to_string(expected) +
-                  (expected == 1 ? " parameter value, but " : " parameter values, but ") +
-                  std::to_string(given) + (given == 1 ? " was given" : " were given"),
-              0, {}, statement_->text);
+  RequireEqualCounts(expected, given, statement_->text);
 }
 
 void Cursor::Prepare() {

@@ -7,7 +7,7 @@
 #include "database/sqlite/binding.h"
 #include "database/sqlite/error.h"
 #include "database/sqlite/session.h"
-#include "dralo/error.h"
+#include "database/statement_text.h"
 
 namespace dralo::database::sqlite {
 
@@ -38,11 +38,7 @@ void StartWithoutRows(sqlite3* connection, Statement& limited) {
 
 void RequireParameterCount(const Statement& statement, std::size_t given) {
   const auto expected = static_cast<std::size_t>(statement.ParameterCount());
-  if (expected == given) return;
-  throw platform::Error("The statement expects " + std::to_string(expected) +
-                            (expected == 1 ? " parameter value, but " : " parameter values, but ") +
-                            std::to_string(given) + (given == 1 ? " was given" : " were given"),
-                        0, {}, statement.Text());
+  RequireEqualCounts(expected, given, statement.Text());
 }
 
 }  // namespace

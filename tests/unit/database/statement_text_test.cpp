@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "dralo/error.h"
+
 namespace dralo::database {
 
 namespace {
@@ -22,6 +24,21 @@ TEST(StatementText, HoldsNothingBehindAnOpenComment) {
   for (const std::string_view text : {"", " ;", "-- SELECT 1", "/* SELECT 1", "/*/", "/* a */ -- b"}) {
     EXPECT_EQ(WithoutFront(text, ';'), "") << text;
   }
+}
+
+TEST(StatementText, IsRefusedWhenBlankOrWithAZeroByte) {
+  const auto refusal = [](std::string_view text) -> std::string {
+    try {
+      RequireStatement(text);
+    } catch (const platform::Error& error) {
+      return error.what();
+    }
+    return "none";
+  };
+  using namespace std::string_view_literals;
+  EXPECT_EQ(refusal(" \n"), "The statement is empty");
+  EXPECT_EQ(refusal("SELECT 1\0, 2"sv), "The statement has a zero byte in its text");
+  EXPECT_EQ(refusal("SELECT 1"), "none");
 }
 
 }  // namespace
