@@ -17,8 +17,8 @@ namespace {
 
 using platform::Error;
 
-/// A host that has vanished says no goodbye; after so long a rest a question is worth its round trip.
-constexpr std::chrono::seconds kLongRest{30};
+/// A host that has vanished says no goodbye; after so long without work a question is worth its round trip.
+constexpr std::chrono::seconds kLongIdle{30};
 
 /// For the work between two users; if it takes longer, the next user can as well have another session.
 constexpr std::chrono::seconds kTimeBetweenUsers{2};
@@ -200,8 +200,8 @@ bool Session::MayRepeatAfter(const Error& error) const {
 bool Session::IsAlive() noexcept {
   ForgetOldKeys();
   if (!link_.IsQuiet()) return false;
-  const bool has_rested_long = std::chrono::steady_clock::now() - last_use_ >= kLongRest;
-  if (!has_rested_long) return true;
+  const bool was_idle_long = std::chrono::steady_clock::now() - last_use_ >= kLongIdle;
+  if (!was_idle_long) return true;
   const Link::Haste haste(link_, kTimeBetweenUsers);
   return link_.Answers();
 }
