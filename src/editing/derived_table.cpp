@@ -63,7 +63,7 @@ platform::BoundStatement DerivedTable(std::string_view sql, settings::Parameters
     parameters = parameters.first(std::min(parameters.size(), text::CountSqlParameters(kept)));
   }
   // The line feed ends a comment at the end of the statement.
-  return {.text = "(" + std::string(kept) + "\n) DRTEMPTABLE",
+  return {.text = "(" + std::string(kept) + "\n) " + std::string(kDerivedTable),
           .parameters = {parameters.begin(), parameters.end()}};
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "dralo/error.h"
+#include "editing/derived_table.h"
 #include "editing/key_condition.h"
 #include "editing/posted_key.h"
 #include "editing/query_schema.h"
@@ -68,7 +69,7 @@ std::string ConditionFor(const Render& render, const QuerySchema& schema, const 
 std::string Restricted(std::string_view sql, std::string_view condition) {
   std::string text;
   if (text::ContainsAscii(sql, " WHERE ")) {
-    text.append("SELECT * FROM (").append(sql).append(") DRTEMPTABLE");
+    text.append("SELECT * FROM (").append(sql).append(") ").append(kDerivedTable);
   } else {
     text = sql;
   }

@@ -7,6 +7,7 @@
 #include <span>
 #include <variant>
 
+#include "editing/derived_table.h"
 #include "editing/field_digest.h"
 #include "editing/insert_token.h"
 #include "editing/shown_key.h"
@@ -24,11 +25,10 @@ namespace {
 /// Bounds the comparison, however many records others have added meanwhile.
 constexpr std::int64_t kMostComparedRecords = 1000;
 
-/// EditSQL as a table to select from. The line feed ends a comment at its end.
-std::string RecordsOfForm(const settings::Settings& settings, std::string_view columns) {
-  std::string_view sql = text::TrimBlanks(settings.EditSQL);
-  if (sql.ends_with(';')) sql.remove_suffix(1);
-  return std::string("SELECT ").append(columns).append(" FROM (").append(sql).append("\n) DRTEMPTABLE");
+platform::BoundStatement RecordsOfForm(const settings::Settings& settings, std::string_view columns) {
+  platform::BoundStatement statement = DerivedTable(settings.EditSQL, settings::EditParameters(settings));
+  statement.text = "SELECT " + std::string(columns) + " FROM " + statement.text;
+  return statement;
 }
 
 /// The key in the letter case that EditSQL has, because databases compare quoted names exactly.
@@ -82,8 +82,8 @@ std::string GreatestKeyOfForm(const state::Render& render, platform::Recordset& 
   const auto posted = PostedGreatestKey(render);
   if (posted && render.outcome.has_lost_change) return std::to_string(*posted);
   const std::string maximum = "max(" + QuotedKey(render.settings, records) + ")";
-  const auto record = OpenFirstRows(render, RecordsOfForm(render.settings, maximum),
-                                    settings::EditParameters(render.settings));
+  const platform::BoundStatement statement = RecordsOfForm(render.settings, maximum);
+  const auto record = OpenFirstRows(render, statement.text, statement.parameters);
   if (record->Eof()) return {};
   const platform::VariantView value = record->Fields().front()->Value();
   if (platform::IsNull(value)) return std::to_string(-std::numeric_limits<std::int64_t>::max());
@@ -94,10 +94,9 @@ std::string GreatestKeyOfForm(const state::Render& render, platform::Recordset& 
 bool IsReplayed(const state::Render& render, const QuerySchema& schema, platform::Recordset& recordset) {
   const auto greatest = PostedGreatestKey(render);
   if (!greatest) return false;
-  const std::string statement = RecordsOfForm(render.settings, "*") + " WHERE " +
-                                QuotedKey(render.settings, recordset) + " > " + std::to_string(*greatest);
-  const auto newer =
-      OpenFirstRows(render, statement, settings::EditParameters(render.settings), kMostComparedRecords);
+  platform::BoundStatement statement = RecordsOfForm(render.settings, "*");
+  statement.text += " WHERE " + QuotedKey(render.settings, recordset) + " > " + std::to_string(*greatest);
+  const auto newer = OpenFirstRows(render, statement.text, statement.parameters, kMostComparedRecords);
   for (; !newer->Eof(); newer->MoveNext()) {
     if (HasPostedValues(render, schema, recordset, *newer) && IsOfPage(render, *newer)) return true;
   }
