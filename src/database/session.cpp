@@ -23,11 +23,15 @@ Session::Inserted Session::Insert(const Query& insert, const BaseTable& table, c
 
 platform::Variant Session::Ask(const Query& query) {
   const auto cursor = Prepare(query);
-  if (cursor->GetColumns()->empty() || !cursor->Step())
-    throw platform::Error("The statement yields no value", 0, {}, std::string(query.text));
-  platform::Variant value = platform::Own(cursor->Value(0));
+  platform::Variant value = FirstValue(*cursor, query);
   cursor->Stop();
   return value;
+}
+
+platform::Variant Session::FirstValue(Cursor& cursor, const Query& query) {
+  if (cursor.GetColumns()->empty() || !cursor.Step())
+    throw platform::Error("The statement yields no value", 0, {}, std::string(query.text));
+  return platform::Own(cursor.Value(0));
 }
 
 bool Session::BelongsToThisProcess() const noexcept { return process_ == ProcessId(); }

@@ -99,6 +99,10 @@ class Session {
  protected:
   Session();
 
+  /// The first value of the first row of `cursor`, which runs `query` and stays on that row. Throws
+  /// platform::Error when there is none.
+  static platform::Variant FirstValue(Cursor& cursor, const Query& query);
+
   /// The number that the database gave, in `column` of `table`, to the row inserted last. Needed by Insert()
   /// as implemented here.
   virtual std::optional<std::int64_t> LastIdentity(const BaseTable& /*table*/,

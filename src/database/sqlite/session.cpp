@@ -38,25 +38,6 @@ void RequireFile(const Options& options) {
   }
 }
 
-/// While it lives, everything that is read is of one moment, unless a transaction of the user already makes
-/// it so.
-class Snapshot {
- public:
-  explicit Snapshot(Session& session)
-      : session_(session), is_open_(sqlite3_get_autocommit(session.Handle()) != 0) {
-    if (is_open_) session_.Run({"BEGIN"});
-  }
-  ~Snapshot() {
-    if (is_open_) sqlite3_exec(session_.Handle(), "COMMIT", nullptr, nullptr, nullptr);
-  }
-  Snapshot(const Snapshot&) = delete;
-  Snapshot& operator=(const Snapshot&) = delete;
-
- private:
-  Session& session_;
-  bool is_open_;
-};
-
 }  // namespace
 
 Session::Session(const Options& options) {
@@ -120,10 +101,11 @@ std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
   return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
 }
 
-/// The rows keep what the transaction saw, although it ends here.
+/// What is read while a statement stands on a row is of the moment of that row: the counting one stands on
+/// its only row until the rows have begun.
 platform::Variant Session::CountBeside(const Query& count, database::Cursor& rows) {
-  const Snapshot snapshot(*this);
-  Variant value = Ask(count);
+  const auto counting = Prepare(count);
+  Variant value = FirstValue(*counting, count);
   static_cast<Cursor&>(rows).StepAhead();
   return value;
 }

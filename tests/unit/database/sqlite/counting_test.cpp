@@ -1,5 +1,12 @@
 #include "unit/database/sqlite/sqlite_file.h"
 
+#include <sqlite3.h>
+
+#include <functional>
+#include <utility>
+
+#include "unit/database/sqlite/trace.h"
+
 namespace dralo::tests {
 
 namespace {
@@ -12,12 +19,41 @@ class SqliteCounting : public SqliteFile {
     Run("INSERT INTO t VALUES (1), (2), (3)");
   }
 
-  RecordsetPtr Open(std::string_view sql = "SELECT id FROM t") {
+  RecordsetPtr Open(std::string_view sql = "SELECT id FROM t", const ConnectionPtr& connection = nullptr,
+                    std::string counting = "SELECT COUNT(*) FROM t") {
     auto recordset = database::MakeRecordset();
-    recordset->SetCounting("SELECT COUNT(*) FROM t");
-    recordset->Open(sql, Database());
+    recordset->SetCounting(std::move(counting));
+    recordset->Open(sql, connection ? connection : Database());
     return recordset;
   }
+};
+
+/// Gives the connections that are opened while it lives an SQL function `changed()`, which runs a statement
+/// on another connection and returns 0. One at a time.
+class ChangeByStatement {
+ public:
+  ChangeByStatement(ConnectionPtr other, std::string sql) {
+    change = [other = std::move(other), sql = std::move(sql)] { other->Execute(sql); };
+    sqlite3_auto_extension(reinterpret_cast<void (*)()>(Offer));
+  }
+  ~ChangeByStatement() {
+    sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(Offer));
+    change = nullptr;
+  }
+  ChangeByStatement(const ChangeByStatement&) = delete;
+  ChangeByStatement& operator=(const ChangeByStatement&) = delete;
+
+ private:
+  static int Offer(sqlite3* connection, char** /*message*/, const void* /*api*/) {
+    return sqlite3_create_function(connection, "changed", 0, SQLITE_UTF8, nullptr, Run, nullptr, nullptr);
+  }
+
+  static void Run(sqlite3_context* context, int /*count*/, sqlite3_value** /*values*/) {
+    change();
+    sqlite3_result_int(context, 0);
+  }
+
+  static inline std::function<void()> change;
 };
 
 TEST_F(SqliteCounting, IsOfTheSameMomentAsTheRows) {
@@ -25,6 +61,23 @@ TEST_F(SqliteCounting, IsOfTheSameMomentAsTheRows) {
   EXPECT_EQ(recordset->Counted(), platform::Variant(std::int64_t{3}));
   Connect(ConnectionString())->Execute("DELETE FROM t");
   EXPECT_EQ(Rest(*recordset), (Lines{"1", "2", "3"}));
+}
+
+TEST_F(SqliteCounting, IsOfTheMomentOfTheFirstRowToo) {
+  const ChangeByStatement change(Connect(ConnectionString()), "DELETE FROM t");
+  const auto recordset = Open("SELECT id FROM t", Connect(ConnectionString("Busy Timeout=1")),
+                              "SELECT COUNT(*) + changed() FROM t");
+  EXPECT_EQ(recordset->Counted(), platform::Variant(std::int64_t{3}));
+  EXPECT_EQ(Rest(*recordset), (Lines{"1", "2", "3"}));
+  EXPECT_EQ(Rows("SELECT COUNT(*) FROM t"), Lines{"0"});
+}
+
+TEST_F(SqliteCounting, RunsNoMoreThanTwoStatements) {
+  const Trace trace;
+  const auto recordset = Open("SELECT id FROM t", Connect(ConnectionString("Busy Timeout=1")));
+  recordset->Counted();
+  EXPECT_EQ(Rest(*recordset).size(), 3U);
+  EXPECT_EQ(trace.Runs().size(), 2U);
 }
 
 TEST_F(SqliteCounting, LeavesNoTransactionBehind) {
