@@ -1,10 +1,18 @@
 #include "dralo/page.h"
 
+#include <algorithm>
+
 #include "dralo/error.h"
 #include "hosts/cpp/url_encoded.h"
 #include "text/ascii.h"
 
 namespace dralo {
+namespace {
+
+/// Room for most pages. What is not written to costs no memory.
+constexpr std::size_t kUsualBytes = std::size_t{60} * 1024;
+
+}  // namespace
 
 Page::Page(std::string_view script_name, std::string_view query_string, std::string_view form_body)
     : script_name_(script_name),
@@ -26,7 +34,7 @@ std::vector<std::string> Page::HeaderValues(std::string_view name) const {
 void Page::Write(std::string_view html) {
   if (!send) {
     // The first piece of a large page is followed by others: with room for them it need not be copied again.
-    if (body_.empty()) body_.reserve(html.size() * 4);
+    if (body_.empty()) body_.reserve(std::max(html.size() * 4, kUsualBytes));
     body_ += html;
     return;
   }

@@ -46,6 +46,9 @@ class DRALO_EXPORT Page final : public PageContext, private Request, private Res
   /// changed by what is written.
   const std::string& Body() const { return body_; }
 
+  /// The same without a copy; the page is empty afterwards.
+  std::string TakeBody() { return std::exchange(body_, {}); }
+
   /// "text/html; charset=utf-8" until something sets another.
   const std::string& ContentType() const { return content_type_; }
 

@@ -63,6 +63,16 @@ TEST_F(WrittenPage, CollectsWhatIsWritten) {
   EXPECT_EQ(page.Body(), "<p>1</p>");
 }
 
+TEST_F(WrittenPage, GivesAwayWhatWasCollectedWithoutACopy) {
+  response.Write(std::string(1000, 'x'));
+  const char* const collected = page.Body().data();
+  const std::string taken = page.TakeBody();
+
+  EXPECT_EQ(taken, std::string(1000, 'x'));
+  EXPECT_EQ(taken.data(), collected);
+  EXPECT_EQ(page.Body(), "");
+}
+
 TEST_F(WrittenPage, DropsWhatWasCollectedWhenCleared) {
   response.Write("<p>");
   response.Clear();
