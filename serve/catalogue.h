@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,7 +15,7 @@ namespace serve {
 struct TableName {
   std::string schema;
   std::string name;
-  friend bool operator==(const TableName&, const TableName&) = default;
+  friend auto operator<=>(const TableName&, const TableName&) = default;
 };
 
 struct Table {

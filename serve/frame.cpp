@@ -58,21 +58,22 @@ constexpr std::string_view kBrand = R"(</title>
 
 }  // namespace
 
-std::string WholePage(const Frame& frame, std::string_view title,
-                      std::initializer_list<std::string_view> content,
-                      const std::optional<TableName>& current) {
-  std::size_t bytes = 16 * 1024;
-  for (const std::string_view piece : content) bytes += piece.size();
+std::string PageStart(const Frame& frame, std::string_view title, const std::optional<TableName>& current) {
   std::string out;
-  out.reserve(bytes);
   out.append(kHead).append(Escaped(title)).append(" – ").append(Escaped(frame.database)).append(kBrand);
   out.append(Escaped(frame.database)).append("</span></a><span class=\"mode\">");
   out.append(frame.can_edit ? "Editable" : "Read-only").append("</span></header>\n");
   out.append(Navigation(frame, current));
   out.append("<main id=\"content\" tabindex=\"-1\">\n<h1>").append(Escaped(title)).append("</h1>\n");
-  for (const std::string_view piece : content) out.append(piece);
-  out.append("\n</main>\n</body>\n</html>\n");
   return out;
+}
+
+std::string WholePage(const Frame& frame, std::string_view title,
+                      std::initializer_list<std::string_view> content,
+                      const std::optional<TableName>& current) {
+  std::string out = PageStart(frame, title, current);
+  for (const std::string_view piece : content) out.append(piece);
+  return out.append(kPageEnd);
 }
 
 std::string Label(const TableName& table) {

@@ -17,6 +17,13 @@ struct Frame {
   bool can_edit = false;
 };
 
+/// The page up to its contents. `current` is the table it shows.
+std::string PageStart(const Frame& frame, std::string_view title,
+                      const std::optional<TableName>& current = std::nullopt);
+
+/// What follows the contents.
+inline constexpr std::string_view kPageEnd = "\n</main>\n</body>\n</html>\n";
+
 /// A complete page. `current` is the table it shows; `content` is markup, in pieces.
 std::string WholePage(const Frame& frame, std::string_view title,
                       std::initializer_list<std::string_view> content,

@@ -76,7 +76,7 @@ std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
   Snapshot& snapshot = Current(asked_at);
   const auto table = std::ranges::find(*snapshot.tables, name, &Table::name);
   if (table == snapshot.tables->end()) return nullptr;
-  std::shared_ptr<const TablePlan>& plan = snapshot.plans[AddressOf(name)];
+  std::shared_ptr<const TablePlan>& plan = snapshot.plans[name];
   if (plan != nullptr) return plan;
   Rows rows(environment_, connection_string_);
   const Catalogue& catalogue = FindCatalogue(rows);

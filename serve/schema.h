@@ -51,7 +51,7 @@ class Schema {
   struct Snapshot {
     Time read_at;
     TableList tables;
-    std::map<std::string, std::shared_ptr<const TablePlan>> plans;
+    std::map<TableName, std::shared_ptr<const TablePlan>> plans;
   };
 
   struct Failure {

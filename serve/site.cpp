@@ -18,6 +18,9 @@ constexpr std::size_t kLongestPath = 2000;
 constexpr std::string_view kTablePath = "/table/";
 constexpr std::string_view kAssetPath = "/assets/";
 
+constexpr std::string_view kViewStart = "<div class=\"view\">\n";
+constexpr std::string_view kViewEnd = "</div>";
+
 void Log(std::string_view line) { std::cerr << "dralo-serve: " + std::string(line) + "\n"; }
 
 std::string_view PathOf(const Request& request) {
@@ -156,12 +159,22 @@ std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, std::string
 
 Answer Site::Render(const Request& request, const TablePlan& plan, Outcome& outcome) {
   const auto page = PageFor(request);
+  const auto start = StartOf(plan.table.name);
+  dralo::Response& out = page->GetResponse();
+  out.Write(*start);
+  out.Write(kViewStart);
   try {
     outcome = WriteTable(environment_, schema_.Connection(), plan, options_.can_edit, *page);
   } catch (const dralo::Page::Ended&) {
-    return {page->Status(), page->ContentType(), page->Headers(), page->Body()};
+    return {page->Status(), page->ContentType(), page->Headers(), page->TakeBody()};
   }
-  return Framed(*page, plan, page->Body(), outcome);
+  // A download that failed has dropped what was written before.
+  if (!page->Body().starts_with(*start)) return Framed(*page, plan, page->Body(), outcome);
+  out.Write(kViewEnd);
+  out.Write(kPageEnd);
+  std::string body = page->TakeBody();
+  body.insert(start->size(), AboutTable(plan, options_.can_edit, outcome));
+  return {page->Status(), page->ContentType(), page->Headers(), std::move(body)};
 }
 
 Answer Site::Download(const Request& request, const std::shared_ptr<const TablePlan>& plan,
@@ -186,8 +199,13 @@ Answer Site::Framed(const dralo::Page& page, const TablePlan& plan, std::string_
                     const Outcome& outcome) {
   const std::string about = AboutTable(plan, options_.can_edit, outcome);
   return {page.Status(), page.ContentType(), page.Headers(),
-          WholePage(FrameWith(schema_.Tables()), Label(plan.table.name),
-                    {about, "<div class=\"view\">\n", body, "</div>"}, plan.table.name)};
+          WholePage(FrameWith(schema_.Tables()), Label(plan.table.name), {about, kViewStart, body, kViewEnd},
+                    plan.table.name)};
+}
+
+std::shared_ptr<const std::string> Site::StartOf(const TableName& table) {
+  const TableList tables = schema_.Tables();
+  return starts_.Find(tables, table, [&] { return PageStart(FrameWith(tables), Label(table), table); });
 }
 
 Answer Site::Failure(int status, std::string_view title, std::string_view sentence) {

@@ -10,6 +10,7 @@
 #include "frame.h"
 #include "host_names.h"
 #include "options.h"
+#include "page_starts.h"
 #include "schema.h"
 #include "table_page.h"
 #include "users.h"
@@ -34,6 +35,7 @@ class Site {
   Answer Download(const Request& request, const std::shared_ptr<const TablePlan>& plan, Outcome& outcome);
   Answer Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
                 const Outcome& outcome);
+  std::shared_ptr<const std::string> StartOf(const TableName& table);
   Answer Failure(int status, std::string_view title, std::string_view sentence);
   void RequireTables();
   Frame FrameWith(TableList tables) const;
@@ -42,6 +44,7 @@ class Site {
   const std::vector<std::string> host_names_;
   dralo::Environment environment_;
   Schema schema_;
+  PageStarts starts_;
   std::unique_ptr<Users> users_;
 };
 

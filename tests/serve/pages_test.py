@@ -69,6 +69,12 @@ class Pages(ServeTest):
             self.assertEqual(answer.status, 200)
             self.assertIn("This database has no tables yet.", page)
 
+    def test_says_above_the_view_what_is_to_be_said(self):
+        self.sql("CREATE TABLE Plain (A)")
+        page = self.serve().get("/table/Plain")[1]
+        self.assertRegex(page, '<h1>Plain</h1>\n<p class="about">There are no records yet.</p>\n<div class="view">\n')
+        self.assertTrue(page.endswith("</div>\n</main>\n</body>\n</html>\n"))
+
     def test_shows_an_empty_table(self):
         self.sql("CREATE TABLE Goods (ID INTEGER PRIMARY KEY, Label TEXT)")
         answer, page = self.serve().get("/table/Goods")
@@ -98,6 +104,13 @@ class Pages(ServeTest):
                 server.get(f"/table/{name}?Morvu1ToExcel.x=1")
         self.assertIn("integer overflow", server.said())
         self.assertEqual(server.get("/table/Long")[0].status, 200)
+
+    def test_shows_a_page_for_a_download_that_fails_before_it_is_known_as_one(self):
+        self.sql("CREATE VIEW Bad AS SELECT 1 A UNION ALL SELECT abs(-9223372036854775808)")
+        answer, page = self.serve().get("/table/Bad?Morvu1%54oExcel.x=1")
+        self.assertEqual(answer.status, 200)
+        self.assertRegex(page, '(?s)<!doctype html>.*<h1>Bad</h1>\n<p class="error".*</p>\n<div class="view">.*</html>\n$')
+        self.assertEqual(page.count("</html>"), 1)
 
     def test_turns_pages(self):
         self.sql("CREATE TABLE Numbers (N INTEGER PRIMARY KEY)",
