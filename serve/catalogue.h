@@ -49,6 +49,9 @@ class Catalogue {
   /// The quote around a name in a statement, so that its letter case is kept.
   virtual char NameQuote() const { return '"'; }
 
+  /// Whether the record that a foreign key points to is always there, as far as the key is not null.
+  virtual bool EnforcesReferences() const { return true; }
+
   /// Sorted by name, those of the default schema first.
   virtual std::vector<Table> Tables(Rows& rows) const = 0;
 

@@ -8,6 +8,9 @@ namespace {
 
 class Sqlite final : public Catalogue {
  public:
+  /// Each program that writes decides for itself.
+  bool EnforcesReferences() const override { return false; }
+
   std::vector<Table> Tables(Rows& rows) const override {
     std::vector<Table> tables;
     for (const TextRow& row :

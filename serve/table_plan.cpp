@@ -126,9 +126,17 @@ class Planner {
     const Column* const shown = ShownColumn(others);
     if (key == nullptr || shown == nullptr) return false;
     const std::string& to = column.reference->column.empty() ? key->name : column.reference->column;
-    grid_.append("(SELECT r.").append(Quoted(shown->name)).append(" FROM ").append(Quoted(other));
-    grid_.append(" r WHERE r.").append(Quoted(to)).append(" = t.").append(Quoted(column.name));
-    grid_.append(") AS ").append(Quoted(column.name));
+    const std::string value = "t." + Quoted(column.name);
+    const std::string record = " FROM " + Quoted(other) + " r WHERE r." + Quoted(to) + " = " + value;
+    grid_.append("(");
+    // SQLite gives the column the declared type of the last part.
+    if (!catalogue_.EnforcesReferences())
+      grid_.append("SELECT CAST(" + value + " AS TEXT) WHERE NOT EXISTS (SELECT 1" + record + ") UNION ALL ");
+    grid_.append("SELECT r.")
+        .append(Quoted(shown->name))
+        .append(record)
+        .append(") AS ")
+        .append(Quoted(column.name));
     if (Lower(to) == Lower(key->name) && column.name.find(kDelimiter) == std::string::npos)
       hidden_fields_.push_back({number, column.name, other});
     const Lookup lookup = {column.name, Quoted(other), Quoted(to), Quoted(shown->name), true};

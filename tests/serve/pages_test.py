@@ -90,6 +90,14 @@ class Pages(ServeTest):
         link = html.unescape(re.search(r'<a href="([^"]*)">Aqua</a>', page)[1])
         self.assertIn("Rome", server.get(link)[1])
 
+    def test_shows_references_that_lead_nowhere_as_they_are(self):
+        self.make_shop()
+        self.sql("INSERT INTO Makers VALUES (3, 'Bonn', NULL)",
+                 "INSERT INTO Goods VALUES (0, 'first', 12345), (4, 'lost', 99), (5, 'nameless', 3)")
+        server = self.serve()
+        self.assertEqual(cells(server.get("/table/Goods")[1], 3), ["12345", "Øre & Co.", "Aqua", "", "99", ""])
+        self.assertEqual(cells(server.get("/table/Goods?Morvu1OrderByFields=3")[1], 3), ["", "", "12345", "99", "Aqua", "Øre & Co."])
+
     def test_sorts_by_what_is_shown(self):
         self.make_shop()
         self.assertEqual(cells(self.serve().get("/table/Goods?Morvu1OrderByFields=3")[1], 2), ["air", "salt", "tea"])
