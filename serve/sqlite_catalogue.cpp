@@ -13,10 +13,7 @@ class Sqlite final : public Catalogue {
 
   std::vector<Table> Tables(Rows& rows) const override {
     std::vector<Table> tables;
-    for (const TextRow& row :
-         rows.Query("SELECT name, type FROM sqlite_schema WHERE type IN ('table', 'view') "
-                    "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY lower(name)"))
-      tables.push_back({{"", row[0]}, row[1] == "view"});
+    for (const TextRow& row : NamesAndTypes(rows)) tables.push_back({{"", row[0]}, row[1] == "view"});
     return tables;
   }
 
@@ -38,6 +35,20 @@ class Sqlite final : public Catalogue {
   }
 
  private:
+  /// Without those in which virtual tables keep what they need; SQLite before 3.37 does not tell them.
+  static std::vector<TextRow> NamesAndTypes(Rows& rows) {
+    const std::string all =
+        "SELECT name, type FROM sqlite_schema WHERE type IN ('table', 'view') "
+        "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'";
+    const std::string order = " ORDER BY lower(name)";
+    try {
+      return rows.Query(all + " AND name NOT IN (SELECT name FROM pragma_table_list WHERE type = 'shadow')" +
+                        order);
+    } catch (const dralo::Error&) {
+      return rows.Query(all + order);
+    }
+  }
+
   /// An INTEGER that alone is the key is the number of the record, which the database gives; but not when the
   /// key has an index of its own, as in a table without such numbers, or behind DESC.
   static void MarkAutomatic(Rows& rows, const TableName& table, std::vector<Column>& columns) {

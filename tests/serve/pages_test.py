@@ -62,6 +62,13 @@ class Pages(ServeTest):
         self.assertEqual((answer.status, table_links(page)), (200, ["/table/Cheap", "/table/Goods", "/table/Makers"]))
         self.assertIn("<title>Tables – shop.db</title>", page)
 
+    def test_lists_no_tables_that_belong_to_a_virtual_one(self):
+        self.sql("CREATE VIRTUAL TABLE Notes USING fts5(Body)", "CREATE TABLE Notes_more (A)", "INSERT INTO Notes VALUES ('sea wind')")
+        server = self.serve()
+        self.assertEqual(table_links(server.get("/")[1]), ["/table/Notes", "/table/Notes_more"])
+        self.assertEqual(cells(server.get("/table/Notes")[1], 1), ["sea wind"])
+        self.assertEqual(server.get("/table/Notes_data")[0].status, 404)
+
     def test_says_that_a_database_is_empty(self):
         for name in ("test.db", "empty.db"):
             (self.folder / "empty.db").touch()
