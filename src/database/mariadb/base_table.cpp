@@ -4,8 +4,8 @@
 
 #include "database/mariadb/catalog.h"
 #include "database/mariadb/quote.h"
-#include "database/mariadb/select_shape.h"
 #include "database/own_columns.h"
+#include "database/select_shape.h"
 #include "text/ascii.h"
 
 namespace dralo::database::mariadb {

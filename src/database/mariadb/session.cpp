@@ -6,8 +6,8 @@
 #include "database/mariadb/cursor.h"
 #include "database/mariadb/first_word.h"
 #include "database/mariadb/quote.h"
-#include "database/mariadb/select_shape.h"
 #include "database/mariadb/zero_date.h"
+#include "database/select_shape.h"
 #include "database/statement_text.h"
 #include "text/ascii.h"
 

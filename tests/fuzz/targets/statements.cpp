@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "database/mariadb/first_word.h"
-#include "database/mariadb/select_shape.h"
 #include "database/postgresql/placeholders.h"
 #include "database/select_list.h"
+#include "database/select_shape.h"
 #include "database/statement_kind.h"
 #include "database/statement_text.h"
 #include "editing/derived_table.h"
@@ -75,7 +75,7 @@ void Try(std::string_view input) {
   CompareWithSqlite(input);
   static_cast<void>(database::GivenNames(input));
   static_cast<void>(database::NamesTwice(input, "T"));
-  static_cast<void>(database::mariadb::ShapeOf(input));
+  static_cast<void>(database::ShapeOf(input));
   Require(input.ends_with(database::mariadb::FromFirstWord(input)),
           "the first word begins an end of the text");
   Require(input.starts_with(editing::WithoutWhere(input)), "a statement without its end is a start of it");

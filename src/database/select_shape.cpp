@@ -1,4 +1,4 @@
-#include "database/mariadb/select_shape.h"
+#include "database/select_shape.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -7,7 +7,7 @@
 #include "text/ascii.h"
 #include "text/white_space.h"
 
-namespace dralo::database::mariadb {
+namespace dralo::database {
 
 namespace {
 
@@ -23,11 +23,11 @@ constexpr std::string_view kBehindTable[] = {"ON",    "USING", "USE",   "IGNORE"
                                              "RIGHT", "INNER", "CROSS", "NATURAL", "PARTITION", "OUTER"};
 
 template <std::size_t kCount>
-bool IsAny(std::string_view token, const std::string_view (&words)[kCount]) {
+bool IsOneOf(std::string_view token, const std::string_view (&words)[kCount]) {
   return std::ranges::any_of(words, [&](std::string_view word) { return text::EqualAscii(token, word); });
 }
 
-bool IsWordCharacter(char c) {
+bool IsOfName(char c) {
   return text::IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
@@ -58,12 +58,12 @@ std::size_t CommentSize(std::string_view text) {
 
 std::size_t TokenSize(std::string_view text) {
   if (IsQuote(text.front())) return QuotedSize(text);
-  const auto end = std::ranges::find_if_not(text, IsWordCharacter);
+  const auto end = std::ranges::find_if_not(text, IsOfName);
   return std::max<std::size_t>(static_cast<std::size_t>(end - text.begin()), 1);
 }
 
 /// What stands outside parentheses; each pair of them is one token "(".
-Tokens OuterTokens(std::string_view text) {
+Tokens OutsideParentheses(std::string_view text) {
   Tokens tokens;
   int depth = 0;
   while (!text.empty()) {
@@ -79,7 +79,7 @@ Tokens OuterTokens(std::string_view text) {
   return tokens;
 }
 
-std::string Unquoted(std::string_view token) {
+std::string NameIn(std::string_view token) {
   if (!IsQuote(token.front()) || token.size() < 2) return std::string(token);
   std::string name;
   for (std::size_t i = 1; i + 1 < token.size(); ++i) {
@@ -90,7 +90,7 @@ std::string Unquoted(std::string_view token) {
 }
 
 bool IsName(std::string_view token) {
-  return token.front() == '`' || token.front() == '"' || IsWordCharacter(token.front());
+  return token.front() == '`' || token.front() == '"' || IsOfName(token.front());
 }
 
 /// "[database.]table [[AS] alias]" and what may follow it.
@@ -98,10 +98,10 @@ NamedTable TableOf(std::span<const std::string_view> tokens) {
   NamedTable named;
   if (tokens.empty() || !IsName(tokens[0])) return named;
   std::size_t next = 1;
-  named.table = Unquoted(tokens[0]);
+  named.table = NameIn(tokens[0]);
   if (tokens.size() > 2 && tokens[1] == ".") {
     named.database = std::move(named.table);
-    named.table = Unquoted(tokens[2]);
+    named.table = NameIn(tokens[2]);
     next = 3;
   }
   named.alias = named.table;
@@ -109,14 +109,14 @@ NamedTable TableOf(std::span<const std::string_view> tokens) {
   if (has_as) ++next;
   if (next == tokens.size()) return named;
   if (tokens[next] == "(" || tokens[next] == ".") return {};  // A function, or a name of three parts.
-  if (has_as || !IsAny(tokens[next], kBehindTable)) named.alias = Unquoted(tokens[next]);
+  if (has_as || !IsOneOf(tokens[next], kBehindTable)) named.alias = NameIn(tokens[next]);
   return named;
 }
 
 std::vector<NamedTable> TablesOf(std::span<const std::string_view> tokens) {
   std::vector<NamedTable> tables;
   while (!tokens.empty()) {
-    const auto end = std::ranges::find_if(tokens, [](auto token) { return IsAny(token, kBetweenTables); });
+    const auto end = std::ranges::find_if(tokens, [](auto token) { return IsOneOf(token, kBetweenTables); });
     const auto size = static_cast<std::size_t>(end - tokens.begin());
     tables.push_back(TableOf(tokens.first(size)));
     tokens = tokens.subspan(std::min(size + 1, tokens.size()));
@@ -127,7 +127,7 @@ std::vector<NamedTable> TablesOf(std::span<const std::string_view> tokens) {
 /// Reads from the last "ORDER BY" to the end, if nothing else follows it.
 void ReadOrder(const Tokens& tokens, SelectShape& shape) {
   for (std::size_t i = tokens.size(); i-- > 1;) {
-    if (IsAny(tokens[i], kBehindOrder)) return;
+    if (IsOneOf(tokens[i], kBehindOrder)) return;
     if (!text::EqualAscii(tokens[i - 1], "ORDER") || !text::EqualAscii(tokens[i], "BY")) continue;
     shape.ends_with_order = i + 1 < tokens.size() && tokens.back() != ",";
     shape.is_descending = text::EqualAscii(tokens.back(), "DESC");
@@ -139,21 +139,21 @@ void ReadOrder(const Tokens& tokens, SelectShape& shape) {
 
 SelectShape ShapeOf(std::string_view query) {
   SelectShape shape;
-  Tokens tokens = OuterTokens(query);
+  Tokens tokens = OutsideParentheses(query);
   while (!tokens.empty() && tokens.back() == ";") tokens.pop_back();
   const auto is = [](std::string_view word) {
     return [word](std::string_view token) { return text::EqualAscii(token, word); };
   };
   const auto from = std::ranges::find_if(tokens, is("FROM"));
   shape.is_simple = from != tokens.end() && is("SELECT")(tokens.front()) &&
-                    std::ranges::none_of(tokens, [](auto token) { return IsAny(token, kOtherQueries); });
+                    std::ranges::none_of(tokens, [](auto token) { return IsOneOf(token, kOtherQueries); });
   if (!shape.is_simple) return shape;
   shape.has_rows_of_tables =
-      std::ranges::none_of(tokens, [](auto token) { return IsAny(token, kRowsOfTheirOwn); });
-  const auto end = std::find_if(from, tokens.end(), [](auto token) { return IsAny(token, kBehindFrom); });
+      std::ranges::none_of(tokens, [](auto token) { return IsOneOf(token, kRowsOfTheirOwn); });
+  const auto end = std::find_if(from, tokens.end(), [](auto token) { return IsOneOf(token, kBehindFrom); });
   shape.tables = TablesOf(std::span(from + 1, end));
   ReadOrder(tokens, shape);
   return shape;
 }
 
-}  // namespace dralo::database::mariadb
+}  // namespace dralo::database

@@ -1,8 +1,8 @@
-#include "database/mariadb/select_shape.h"
+#include "database/select_shape.h"
 
 #include <gtest/gtest.h>
 
-namespace dralo::database::mariadb {
+namespace dralo::database {
 
 namespace {
 
@@ -75,4 +75,4 @@ TEST(SelectShape, TellsTheDirectionOfTheLastField) {
 
 }  // namespace
 
-}  // namespace dralo::database::mariadb
+}  // namespace dralo::database

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace dralo::database::mariadb {
+namespace dralo::database {
 
 /// A table that a query names in its FROM.
 struct NamedTable {
@@ -30,6 +30,7 @@ struct SelectShape {
   std::vector<NamedTable> tables = {};
 };
 
+/// In the words of MariaDB and MySQL.
 SelectShape ShapeOf(std::string_view query);
 
-}  // namespace dralo::database::mariadb
+}  // namespace dralo::database
