@@ -93,24 +93,36 @@ bool IsName(std::string_view token) {
   return token.front() == '`' || token.front() == '"' || IsOfName(token.front());
 }
 
+/// From the first to the last of tokens that stand one behind the other.
+std::string_view Written(std::string_view first, std::string_view last) {
+  return {first.data(), static_cast<std::size_t>(last.data() + last.size() - first.data())};
+}
+
+/// The names of "[database.]table", which are the first `count` tokens.
+NamedTable NamesOf(std::span<const std::string_view> tokens, std::size_t count) {
+  NamedTable named;
+  if (count > 1) named.database = NameIn(tokens[0]);
+  named.table = NameIn(tokens[count - 1]);
+  named.written = Written(tokens[0], tokens[count - 1]);
+  named.alias = named.table;
+  named.written_alias = tokens[count - 1];
+  return named;
+}
+
 /// "[database.]table [[AS] alias]" and what may follow it.
 NamedTable TableOf(std::span<const std::string_view> tokens) {
-  NamedTable named;
-  if (tokens.empty() || !IsName(tokens[0])) return named;
-  std::size_t next = 1;
-  named.table = NameIn(tokens[0]);
-  if (tokens.size() > 2 && tokens[1] == ".") {
-    named.database = std::move(named.table);
-    named.table = NameIn(tokens[2]);
-    next = 3;
-  }
-  named.alias = named.table;
+  if (tokens.empty() || !IsName(tokens[0])) return {};
+  std::size_t next = tokens.size() > 2 && tokens[1] == "." ? 3 : 1;
+  NamedTable named = NamesOf(tokens, next);
   const bool has_as = next < tokens.size() && text::EqualAscii(tokens[next], "AS");
   if (has_as) ++next;
   if (next == tokens.size()) return named;
   if (tokens[next] == "(" || tokens[next] == ".") return {};  // A function, or a name of three parts.
-  if (has_as || !IsOneOf(tokens[next], kBehindTable)) named.alias = NameIn(tokens[next]);
-  return named;
+  if (!has_as && IsOneOf(tokens[next], kBehindTable)) return named;
+  named.alias = NameIn(tokens[next]);
+  named.written_alias = tokens[next];
+  const bool renames_columns = next + 1 < tokens.size() && tokens[next + 1] == "(";
+  return renames_columns ? NamedTable() : named;
 }
 
 std::vector<NamedTable> TablesOf(std::span<const std::string_view> tokens) {
@@ -150,6 +162,7 @@ SelectShape ShapeOf(std::string_view query) {
   if (!shape.is_simple) return shape;
   shape.has_rows_of_tables =
       std::ranges::none_of(tokens, [](auto token) { return IsOneOf(token, kRowsOfTheirOwn); });
+  shape.has_windows = std::ranges::any_of(tokens, is("OVER"));
   const auto end = std::find_if(from, tokens.end(), [](auto token) { return IsOneOf(token, kBehindFrom); });
   shape.tables = TablesOf(std::span(from + 1, end));
   ReadOrder(tokens, shape);

@@ -11,6 +11,10 @@ struct NamedTable {
   std::string database;  ///< Empty for the current one.
   std::string table;     ///< Empty for a subquery and for anything that is not understood.
   std::string alias;     ///< The name that the query uses: the table's own name when it has no other.
+
+  // Both names as they stand in the query's text, which must outlive them.
+  std::string_view written = {};
+  std::string_view written_alias = {};
 };
 
 /// What the words of a query outside its parentheses say about it.
@@ -21,6 +25,9 @@ struct SelectShape {
 
   /// Its rows are those of its tables: none are left out or combined.
   bool has_rows_of_tables = false;
+
+  /// Values of its rows depend on the order of others.
+  bool has_windows = false;
 
   bool ends_with_order = false;
 

@@ -65,6 +65,10 @@ void Cursor::Prepare() {
   if (!kind.is_query || kind.calls_functions) session_.RunDeferred();
   if (!kind.is_query) return Start();
   const bool is_new = description_ == nullptr;
+  if (is_new) {
+    session_.Reconnecting(
+        kind, [&] { statement_->key_order = session_.Keys().BehindOrder(session_, *statement_); });
+  }
   if (is_new && !(IsShort() && !is_updatable_)) {
     session_.Reconnecting(kind, [&] { Run(Rows::kNone); });
   }

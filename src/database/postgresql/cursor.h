@@ -22,8 +22,8 @@ namespace dralo::database::postgresql {
 /// and of which only a few rows are wanted, because that saves a round trip. All other queries are run when a
 /// row is asked for; those of which only a few rows are wanted also before a statement that may change them.
 ///
-/// The rows of all pages of a query come from the same plan, so that equal sort keys have the same order on
-/// all of them.
+/// Equal sort keys have the same order on all pages of a query: the keys of its tables stand behind its
+/// order, or else the rows of all pages come from the same plan.
 class Cursor final : public database::Cursor {
  public:
   /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.

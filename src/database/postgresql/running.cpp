@@ -24,6 +24,9 @@ bool Has(std::span<const std::string_view> states, const Error& error) {
   return std::ranges::find(states, error.SqlState()) != states.end();
 }
 
+/// Of a query with the keys of its tables in its order these are perhaps the keys' fault.
+bool IsOfSyntaxOrNames(const Error& error) { return error.SqlState().starts_with("42"); }
+
 }  // namespace
 
 void Cursor::Start() {
@@ -165,6 +168,12 @@ bool Cursor::MayRunAgain(const Error& error, bool was_prepared) {
   if (link_.IsDead() || link_.Transaction() == PQTRANS_INERROR) return false;
   if (Has(kUnprepared, error) && (was_prepared || error.SqlState() == "42P05")) {
     session_.Unprepare(*statement_);
+    return true;
+  }
+  if (!statement_->key_order.empty() && IsOfSyntaxOrNames(error)) {
+    session_.Unprepare(*statement_);
+    session_.Keys().Forget();
+    statement_->key_order.clear();
     return true;
   }
   if (statement_->form == Form::kPlain || !Has(kUnlimited, error)) return false;

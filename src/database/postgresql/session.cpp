@@ -203,6 +203,7 @@ bool Session::Clean() {
   if (has_traces_ && link_->IsPooled()) return false;
   if (std::exchange(has_traces_, false)) {
     orders.insert(orders.end(), std::begin(kCleaning), std::end(kCleaning));
+    keys_.Forget();  // A name may have meant another table.
   }
   if (orders.empty()) return true;
   link_->Begin();
@@ -255,6 +256,7 @@ void Session::Note(const StatementKind& kind, std::string_view text) {
   has_traces_ |= kind.leaves_traces || kind.calls_functions;
   has_prepared_ |= text::StartsWithAscii(WithoutFront(text, '('), "PREPARE");
   if (kind.defines) catalog_.Forget();
+  if (kind.defines || may_set) keys_.Forget();
 }
 
 Execution::Opening Session::TakeOpening(const StatementKind& kind) {

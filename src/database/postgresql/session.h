@@ -11,6 +11,7 @@
 #include "database/postgresql/options.h"
 #include "database/postgresql/statement.h"
 #include "database/postgresql/table_catalog.h"
+#include "database/postgresql/table_keys.h"
 #include "database/session.h"
 #include "dralo/error.h"
 
@@ -52,6 +53,7 @@ class Session final : public database::Session {
 
   Link& GetLink() const { return *link_; }
   TableCatalog& Catalog() { return catalog_; }
+  TableKeys& Keys() { return keys_; }
   StatementCache& Statements() { return statements_; }
 
   /// Keeps a query for the next time.
@@ -118,6 +120,7 @@ class Session final : public database::Session {
   std::unique_ptr<Link> link_;
   StatementCache statements_;
   TableCatalog catalog_;
+  TableKeys keys_;
   std::vector<Cursor*> deferred_;
   std::vector<std::string> unused_names_;  ///< Of statements that the server keeps prepared.
   std::int64_t last_name_ = 0;

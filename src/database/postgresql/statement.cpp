@@ -7,18 +7,24 @@
 
 namespace dralo::database::postgresql {
 
-/// The line feed ends a comment at the query's end, which would hide the parenthesis. The numbers of a page
-/// are not constants for the planner, so all pages have the same plan, and with it the same order of equal
-/// sort keys. A function that parallel workers may not call keeps them away, because their rows come in any
-/// order. It is never called. The join adds nothing to any row; it prevents a sort of only the first rows,
-/// which would give equal keys another order.
+/// The line feed ends a comment at the query's end, which would hide what follows. With the keys of its
+/// tables behind its order a query has one order whatever the plan, so the server may sort only the first
+/// rows and share the work. Without them, the numbers of a page are not constants for the planner, so all
+/// pages have the same plan, and with it the same order of equal sort keys. A function that parallel workers
+/// may not call keeps them away, because their rows come in any order. It is never called. The join adds
+/// nothing to any row; it prevents a sort of only the first rows, which would give equal keys another order.
 std::string Statement::ToSend() const {
   if (form == Form::kPlain) return numbered;
+  const std::string rows = "$" + std::to_string(parameters + 1) + "::bigint";
+  const std::string first = "$" + std::to_string(parameters + 2) + "::bigint";
+  if (!key_order.empty()) {
+    const std::string limit = form == Form::kOneRow ? "1" : rows + " OFFSET " + first;
+    return std::string(WithoutEnd(numbered)) + "\n" + key_order + " LIMIT " + limit;
+  }
   const std::string source = " FROM (" + std::string(WithoutEnd(numbered)) + "\n) dralo_row ";
   if (form == Form::kOneRow) return "SELECT *" + source + "LIMIT 1";
-  return "SELECT dralo_row.*" + source + "LEFT JOIN pg_catalog.current_schema() ON false LIMIT (SELECT $" +
-         std::to_string(parameters + 1) + "::bigint) OFFSET (SELECT $" + std::to_string(parameters + 2) +
-         "::bigint)";
+  return "SELECT dralo_row.*" + source + "LEFT JOIN pg_catalog.current_schema() ON false LIMIT (SELECT " +
+         rows + ") OFFSET (SELECT " + first + ")";
 }
 
 StatementCache::Key StatementCache::KeyOf(std::string_view text, Form form, const Parameters& parameters) {

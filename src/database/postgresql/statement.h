@@ -26,6 +26,7 @@ struct Statement {
   Form form = Form::kPlain;
   std::string numbered;  ///< With "$1" and so on for each "?".
   int parameters = 0;
+  std::string key_order = {};  ///< What follows its ORDER BY; see TableKeys::BehindOrder().
   std::shared_ptr<const Description> description = {};  ///< Set once the server has described it.
   bool came_again = false;
   std::string name = {};      ///< Under which the server knows it; empty when it is not kept there.

@@ -34,6 +34,27 @@ TEST(SelectShape, DoesNotTakeSubqueriesAndFunctionsForTables) {
   EXPECT_EQ(Tables("SELECT 1"), "");
 }
 
+TEST(SelectShape, KeepsNamesAsTheyAreWritten) {
+  const auto tables = ShapeOf("SELECT a FROM Goods, \"my shop\" . `Goods` AS G JOIN b x ON x.i = 1").tables;
+  ASSERT_EQ(tables.size(), 3u);
+  EXPECT_EQ(tables[0].written, "Goods");
+  EXPECT_EQ(tables[0].written_alias, "Goods");
+  EXPECT_EQ(tables[1].written, "\"my shop\" . `Goods`");
+  EXPECT_EQ(tables[1].written_alias, "G");
+  EXPECT_EQ(tables[2].written, "b");
+  EXPECT_EQ(tables[2].written_alias, "x");
+  EXPECT_EQ(ShapeOf("SELECT a FROM s.Goods").tables[0].written_alias, "Goods");
+}
+
+TEST(SelectShape, DoesNotKnowTablesWhoseColumnsAreRenamed) {
+  EXPECT_EQ(Tables("SELECT a FROM Goods g (a, b), Goods AS h (a), i USING (a)"), "? ? i=i");
+}
+
+TEST(SelectShape, SeesWindows) {
+  EXPECT_TRUE(ShapeOf("SELECT ROW_NUMBER() OVER (ORDER BY a) FROM t").has_windows);
+  EXPECT_FALSE(ShapeOf("SELECT \"over\", (SELECT MAX(a) OVER (ORDER BY b)) FROM t").has_windows);
+}
+
 TEST(SelectShape, PassesOverTextsAndComments) {
   EXPECT_EQ(
       Tables("SELECT ' FROM x', 'it\\'s FROM y', \"\"\" FROM z\" FROM /* FROM c */ a -- FROM d\n# FROM e\n"),

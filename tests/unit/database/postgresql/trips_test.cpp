@@ -52,6 +52,9 @@ TEST_F(Trips, AreOneForAPageWithItsNumberOfRecords) {
 
 TEST_F(Trips, AreOneMoreForAPageThatIsNewToTheConnection) {
   CountedPage("SELECT name FROM goods", 0);
+  EXPECT_EQ(TripsOf([&] { CountedPage("SELECT name FROM goods WHERE id > 0", 0); }), 1);
+  // One asks for the key of the table.
+  EXPECT_EQ(TripsOf([&] { CountedPage("SELECT id, name FROM goods ORDER BY stock", 0); }), 2);
   EXPECT_EQ(TripsOf([&] { CountedPage("SELECT id, name FROM goods ORDER BY id", 0); }), 1);
   EXPECT_EQ(TripsOf([&] { CountedPage("SELECT id, name FROM goods ORDER BY name", 900); }), 2);
 }
