@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "database/outer_tokens.h"
 #include "text/ascii.h"
 #include "text/white_space.h"
 
@@ -10,15 +11,15 @@ namespace dralo::database {
 
 namespace {
 
-bool IsWordCharacter(char c) {
-  return text::IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
-}
-
 char ClosingQuote(char c) { return c == '"' || c == '\'' || c == '`' ? c : c == '[' ? ']' : '\0'; }
 
-/// Takes a word, a quoted text, or a single character. Words in comments count too, which is only more
-/// careful.
+/// Takes a word, a quoted text, or a single character; empty for a blank. Words in comments count too, which
+/// is only more careful.
 std::string_view TakeToken(std::string_view& rest) {
+  if (text::IsAsciiSpace(rest.front())) {
+    rest.remove_prefix(1);
+    return {};
+  }
   std::size_t size = 1;
   if (const char closing = ClosingQuote(rest.front()); closing != '\0') {
     do {
@@ -26,7 +27,7 @@ std::string_view TakeToken(std::string_view& rest) {
       size = size == rest.npos ? rest.size() : size + 1;
     } while (size < rest.size() && rest[size] == closing && ++size < rest.size());
   } else {
-    while (size < rest.size() && IsWordCharacter(rest[0]) && IsWordCharacter(rest[size])) ++size;
+    while (size < rest.size() && IsOfName(rest[0]) && IsOfName(rest[size])) ++size;
   }
   const auto token = rest.substr(0, size);
   rest.remove_prefix(size);
@@ -35,33 +36,10 @@ std::string_view TakeToken(std::string_view& rest) {
 
 std::string Unquoted(std::string_view token) {
   const char closing = ClosingQuote(token.front());
-  if (closing == '\0' || token.size() < 2) return std::string(token);
-  std::string name;
-  for (std::size_t i = 1; i + 1 < token.size(); ++i) {
-    name += token[i];
-    if (token[i] == closing) ++i;
-  }
-  return name;
+  return closing == '\0' || token.size() < 2 ? std::string(token) : NameInQuotes(token, closing);
 }
 
 bool IsWord(std::string_view token, std::string_view word) { return text::EqualAscii(token, word); }
-
-/// Tokens of the text outside parentheses; each pair of parentheses is one token "(".
-std::vector<std::string_view> OuterTokens(std::string_view text) {
-  std::vector<std::string_view> tokens;
-  int depth = 0;
-  while (!text.empty()) {
-    if (text::IsAsciiSpace(text.front())) {
-      text.remove_prefix(1);
-      continue;
-    }
-    const auto token = TakeToken(text);
-    if (token == ")") --depth;
-    if (depth == 0 && token != ")") tokens.push_back(token);
-    if (token == "(") ++depth;
-  }
-  return tokens;
-}
 
 constexpr std::string_view kBehindTables[] = {"WHERE", "GROUP",  "HAVING", "WINDOW", "ORDER",
                                               "LIMIT", "OFFSET", "FETCH",  "FOR",    "SELECT"};
@@ -73,11 +51,7 @@ class TablePlaces {
   /// The names of the tables, without their schemas, as often as they occur.
   std::vector<std::string> NamesIn(std::string_view query) {
     while (!query.empty()) {
-      if (text::IsAsciiSpace(query.front())) {
-        query.remove_prefix(1);
-      } else {
-        Take(TakeToken(query));
-      }
+      if (const auto token = TakeToken(query); !token.empty()) Take(token);
     }
     return std::move(names_);
   }
@@ -150,7 +124,7 @@ std::vector<std::string> GivenNames(std::string_view query) {
     if (!item.empty() && !IsPlain(item)) names.push_back(Unquoted(item.back()));
     item.clear();
   };
-  for (const auto token : OuterTokens(query)) {
+  for (const auto token : OuterTokens(query, TakeToken)) {
     if (IsWord(token, "FROM")) break;
     if (token == ",") {
       end_item();

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <span>
 
+#include "database/outer_tokens.h"
 #include "text/ascii.h"
 #include "text/white_space.h"
 
@@ -25,10 +26,6 @@ constexpr std::string_view kBehindTable[] = {"ON",    "USING", "USE",   "IGNORE"
 template <std::size_t kCount>
 bool IsOneOf(std::string_view token, const std::string_view (&words)[kCount]) {
   return std::ranges::any_of(words, [&](std::string_view word) { return text::EqualAscii(token, word); });
-}
-
-bool IsOfName(char c) {
-  return text::IsLetterOrDigit(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool IsQuote(char c) { return c == '"' || c == '\'' || c == '`'; }
@@ -62,31 +59,18 @@ std::size_t TokenSize(std::string_view text) {
   return std::max<std::size_t>(static_cast<std::size_t>(end - text.begin()), 1);
 }
 
-/// What stands outside parentheses; each pair of them is one token "(".
-Tokens OutsideParentheses(std::string_view text) {
-  Tokens tokens;
-  int depth = 0;
-  while (!text.empty()) {
-    const std::size_t passed = text::IsAsciiSpace(text.front()) ? 1 : CommentSize(text);
-    const std::size_t size = passed > 0 ? passed : TokenSize(text);
-    const std::string_view token = text.substr(0, size);
-    text.remove_prefix(size);
-    if (passed > 0) continue;
-    if (token == ")") --depth;
-    if (depth == 0 && token != ")") tokens.push_back(token);
-    if (token == "(") ++depth;
-  }
-  return tokens;
+/// Empty when a blank or a comment stands at the front.
+std::string_view TakePart(std::string_view& text) {
+  const std::size_t passed = text::IsAsciiSpace(text.front()) ? 1 : CommentSize(text);
+  const std::size_t size = passed > 0 ? passed : TokenSize(text);
+  const std::string_view token = text.substr(0, passed > 0 ? 0 : size);
+  text.remove_prefix(size);
+  return token;
 }
 
 std::string NameIn(std::string_view token) {
-  if (!IsQuote(token.front()) || token.size() < 2) return std::string(token);
-  std::string name;
-  for (std::size_t i = 1; i + 1 < token.size(); ++i) {
-    name += token[i];
-    if (token[i] == token.front()) ++i;
-  }
-  return name;
+  const bool is_quoted = IsQuote(token.front()) && token.size() > 1;
+  return is_quoted ? NameInQuotes(token, token.front()) : std::string(token);
 }
 
 bool IsName(std::string_view token) {
@@ -151,7 +135,7 @@ void ReadOrder(const Tokens& tokens, SelectShape& shape) {
 
 SelectShape ShapeOf(std::string_view query) {
   SelectShape shape;
-  Tokens tokens = OutsideParentheses(query);
+  Tokens tokens = OuterTokens(query, TakePart);
   while (!tokens.empty() && tokens.back() == ";") tokens.pop_back();
   const auto is = [](std::string_view word) {
     return [word](std::string_view token) { return text::EqualAscii(token, word); };
