@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string_view>
 
@@ -31,6 +33,11 @@ class DRALO_EXPORT Environment {
   std::shared_ptr<Connection> MakeConnection();
   std::shared_ptr<Recordset> MakeRecordset();
   /// @}
+
+  /// Limits how many connections the process keeps for later pages, 8 at first, and how long; those beyond
+  /// the limits are closed. A time of 0 sets no limit. For any thread.
+  static void LimitIdleConnections(std::size_t number,
+                                   std::chrono::seconds idle_time = std::chrono::seconds{60});
 
   /// Closes the connections that the process keeps for later pages; those in use stay. For any thread.
   static void CloseIdleConnections();

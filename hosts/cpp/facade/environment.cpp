@@ -21,6 +21,10 @@ std::shared_ptr<Recordset> Environment::MakeRecordset() {
   return database::MakeRecordset(&services_->Regional());
 }
 
+void Environment::LimitIdleConnections(std::size_t number, std::chrono::seconds idle_time) {
+  database::LimitIdleConnections(number, idle_time);
+}
+
 void Environment::CloseIdleConnections() { database::CloseIdleConnections(); }
 
 }  // namespace dralo

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <thread>
 
+#include "dralo/environment.h"
 #include "unit/database/sqlite/trace.h"
 
 namespace dralo::tests {
@@ -45,6 +46,16 @@ TEST_F(SqlitePool, KeepsABoundedNumber) {
   EXPECT_EQ(InUse(), 12u);
   connections.clear();
   EXPECT_EQ(Idle(), 8u);
+}
+
+TEST_F(SqlitePool, KeepsAsManyAsAProgramWants) {
+  Environment::LimitIdleConnections(12);
+  std::vector<ConnectionPtr> connections;
+  for (int i = 0; i < 14; ++i) connections.push_back(Connect(ConnectionString()));
+  connections.clear();
+  EXPECT_EQ(Idle(), 12u);
+  Environment::LimitIdleConnections(3);
+  EXPECT_EQ(Idle(), 3u);
 }
 
 TEST_F(SqlitePool, KeepsThoseThatWereUsedLast) {
