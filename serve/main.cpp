@@ -75,6 +75,7 @@ int Run(const Options& options) {
   }
   RequireFile(options);
   KeepMemory();
+  dralo::Environment::LimitIdleConnections(kMostClients);
   const sigset_t ends = BlockEnds();
   Site site(options);
   WebServer server([&site](const Request& request) { return site.Respond(request); });

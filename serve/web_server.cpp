@@ -11,7 +11,6 @@
 namespace serve {
 namespace {
 
-constexpr std::size_t kClients = 64;
 constexpr std::size_t kLargestForm = 8'000'000;
 constexpr int kPatienceSeconds = 5;
 constexpr int kIdleSeconds = 2;
@@ -99,7 +98,7 @@ class WebServer::Implementation {
       const int yes = 1;
       setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     });
-    server_.new_task_queue = [] { return new httplib::ThreadPool(kClients); };
+    server_.new_task_queue = [] { return new httplib::ThreadPool(kMostClients); };
     server_.set_payload_max_length(kLargestForm);
     server_.set_keep_alive_timeout(kIdleSeconds);
     server_.set_keep_alive_max_count(kRequestsOfConnection);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -8,8 +9,11 @@
 
 namespace serve {
 
-/// Speaks HTTP with up to 64 clients at a time. Each has a thread of its own, which leaves a client that
-/// neither sends nor takes anything for five seconds.
+/// How many clients are served at a time.
+inline constexpr std::size_t kMostClients = 64;
+
+/// Speaks HTTP with up to kMostClients clients at a time. Each has a thread of its own, which leaves a client
+/// that neither sends nor takes anything for five seconds.
 class WebServer {
  public:
   /// `respond` is called by several threads. What it throws becomes status 500.

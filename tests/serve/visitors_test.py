@@ -8,6 +8,7 @@ import base64
 import concurrent.futures
 import contextlib
 import http.client
+import pathlib
 import re
 import socket
 import sqlite3
@@ -27,6 +28,12 @@ bo:{sha}
 
 def login(user, password):
     return {"Authorization": "Basic " + base64.b64encode(f"{user}:{password}".encode()).decode()}
+
+
+def open_files(process_id):
+    for file in pathlib.Path(f"/proc/{process_id}/fd").iterdir():
+        with contextlib.suppress(FileNotFoundError):
+            yield file.readlink()
 
 
 class Visitors(ServeTest):
@@ -226,6 +233,22 @@ class Visitors(ServeTest):
             self.assertLess(time.monotonic() - begin, 25)
             self.assertLessEqual(set(statuses), {500, 503})
         self.assertEqual(server.get("/table/Goods")[0].status, 200)
+
+    def test_keeps_as_many_connections_as_it_had_visitors_at_once(self):
+        self.sql("WITH N AS (SELECT 2 A UNION ALL SELECT A + 1 FROM N LIMIT 200000) "
+                 "INSERT INTO Goods SELECT A, printf('%050d', A) FROM N")
+        server = self.serve()
+        with contextlib.ExitStack() as stack:
+            clients = []
+            for _ in range(12):
+                clients.append(stack.enter_context(socket.create_connection(("127.0.0.1", server.port))))
+                clients[-1].sendall(b"GET /table/Goods?Morvu1ToExcel.x=1 HTTP/1.1\r\nHost: localhost\r\n\r\n")
+                for client in clients:
+                    self.assertTrue(client.recv(65536))
+        # The table can be dropped: all statements have ended.
+        self.sql("PRAGMA busy_timeout = 60000", "DROP TABLE Goods")
+        server.get("/")
+        self.assertGreaterEqual(list(open_files(server.process.pid)).count(self.database), 12)
 
     def test_ends_a_download_that_nobody_takes(self):
         self.sql("WITH N AS (SELECT 2 A UNION ALL SELECT A + 1 FROM N LIMIT 200000) "
