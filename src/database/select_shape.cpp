@@ -149,6 +149,7 @@ SelectShape ShapeOf(std::string_view query) {
   shape.has_windows = std::ranges::any_of(tokens, is("OVER"));
   const auto end = std::find_if(from, tokens.end(), [](auto token) { return IsOneOf(token, kBehindFrom); });
   shape.tables = TablesOf(std::span(from + 1, end));
+  shape.ends_with_tables = end == tokens.end();
   ReadOrder(tokens, shape);
   return shape;
 }

@@ -29,6 +29,9 @@ struct SelectShape {
   /// Values of its rows depend on the order of others.
   bool has_windows = false;
 
+  /// Nothing follows the tables: their rows are neither chosen nor ordered.
+  bool ends_with_tables = false;
+
   bool ends_with_order = false;
 
   /// Of such an order: the last field is in descending order.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "database/postgresql/base_table.h"
+#include "database/postgresql/one_order.h"
 #include "database/postgresql/placeholders.h"
 #include "database/statement_text.h"
 
@@ -35,11 +36,12 @@ Cursor::Cursor(Session& session, const Query& query, Unsent /*unused*/)
       key_(StatementCache::KeyOf(query.text, WantedForm(query), parameters_)),
       max_records_(query.max_records),
       is_updatable_(query.is_updatable),
-      statement_(is_updatable_ ? nullptr : session.Statements().Find(key_)) {
-  if (!statement_) {
+      query_(is_updatable_ ? nullptr : session.Statements().Find(key_)) {
+  if (!query_) {
     RequireStatement(query.text);
-    statement_ = NewStatement(query.text);
+    query_ = NewStatement(query.text);
   }
+  statement_ = query_;
   RequireParameterCount(query.parameters.size());
   description_ = statement_->description;
 }
@@ -108,12 +110,13 @@ Parameters Cursor::ParametersOfForm() const {
 void Cursor::Learn(const Result& answer) {
   Description fresh = Describe(link_, session_.Catalog(), answer.get(), statement_->text);
   if (description_ && *description_->columns == *fresh.columns) fresh.columns = description_->columns;
-  const bool is_new = statement_->description == nullptr;
-  description_ = statement_->description = std::make_shared<const Description>(std::move(fresh));
+  const bool is_new = query_->description == nullptr;
+  description_ = query_->description = std::make_shared<const Description>(std::move(fresh));
+  query_->has_one_order = HasOneOrder(*query_, *description_, session_.Catalog());
   is_description_fresh_ = true;
   // When rows are to be written, their table must be known as it is now.
   const bool may_keep = statement_->kind.is_query && !is_updatable_;
-  if (is_new && may_keep) session_.Keep(key_, statement_);
+  if (is_new && may_keep) session_.Keep(key_, query_);
 }
 
 /// The server goes on describing what it has prepared as it was.

@@ -60,6 +60,7 @@ class Cursor final : public database::Cursor {
   bool IsCounting() const { return count_ && !counted_; }
   void CountAlone();
   std::shared_ptr<Statement> NewStatement(std::string_view text) const;
+  void ChooseForm();
   void RequireParameterCount(std::size_t given) const;
   void Prepare();
   std::int64_t RowsWanted() const { return max_records_ - offset_; }
@@ -90,7 +91,8 @@ class Cursor final : public database::Cursor {
   const bool is_updatable_;
   std::unique_ptr<Cursor> count_;             ///< Counts the rows; run before them in one trip.
   std::optional<platform::Variant> counted_;  ///< What it found.
-  std::shared_ptr<Statement> statement_;
+  std::shared_ptr<Statement> query_;          ///< The one that the session keeps.
+  std::shared_ptr<Statement> statement_;      ///< The one that is run: it, or that of its first rows.
   std::shared_ptr<const Description> description_;
   bool is_description_fresh_ = false;
   std::int64_t offset_ = 0;     ///< Rows to skip.

@@ -35,8 +35,15 @@ void Cursor::Start() {
     state_ = State::kDone;
     return;
   }
+  ChooseForm();
   if (IsLong()) CountAlone();
-  session_.Reconnecting(statement_->kind, [&] { Run(Rows::kAll); });
+  session_.Reconnecting(query_->kind, [&] { Run(Rows::kAll); });
+}
+
+void Cursor::ChooseForm() {
+  const bool is_first = offset_ == 0 && IsShort() && !is_updatable_;
+  const std::shared_ptr<Statement> first = is_first ? query_->FirstRows(RowsWanted()) : nullptr;
+  statement_ = first ? first : query_;
 }
 
 /// Returns whether it was prepared before.
@@ -170,15 +177,15 @@ bool Cursor::MayRunAgain(const Error& error, bool was_prepared) {
     session_.Unprepare(*statement_);
     return true;
   }
-  if (!statement_->key_order.empty() && IsOfSyntaxOrNames(error)) {
-    session_.Unprepare(*statement_);
-    session_.Keys().Forget();
-    statement_->key_order.clear();
-    return true;
+  const bool has_keys = !query_->key_order.empty();
+  if (has_keys ? !IsOfSyntaxOrNames(error) : query_->form == Form::kPlain || !Has(kUnlimited, error)) {
+    return false;
   }
-  if (statement_->form == Form::kPlain || !Has(kUnlimited, error)) return false;
-  session_.Unprepare(*statement_);
-  statement_->form = Form::kPlain;
+  session_.Unprepare(*query_);
+  session_.Keys().Forget();
+  statement_ = query_;
+  if (!has_keys) query_->form = Form::kPlain;
+  query_->key_order.clear();
   return true;
 }
 

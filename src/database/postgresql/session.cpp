@@ -223,6 +223,7 @@ void Session::Keep(const StatementCache::Key& key, std::shared_ptr<Statement> st
 }
 
 void Session::Unprepare(Statement& statement) {
+  if (statement.first) Unprepare(*std::exchange(statement.first, nullptr));
   if (statement.IsPreparedOn(*link_)) unused_names_.push_back(statement.name);
   statement.prepared = 0;
   statement.name.clear();

@@ -70,7 +70,7 @@ class Session final : public database::Session {
   /// prepared.
   void GiveName(Statement& statement);
 
-  /// The server must no longer use what it has prepared.
+  /// The server must no longer use what it has prepared, for the first rows too.
   void Unprepare(Statement& statement);
 
   /// Before a statement is run: remembers what it does to the session.

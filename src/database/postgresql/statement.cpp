@@ -15,16 +15,30 @@ namespace dralo::database::postgresql {
 /// nothing to any row; it prevents a sort of only the first rows, which would give equal keys another order.
 std::string Statement::ToSend() const {
   if (form == Form::kPlain) return numbered;
-  const std::string rows = "$" + std::to_string(parameters + 1) + "::bigint";
-  const std::string first = "$" + std::to_string(parameters + 2) + "::bigint";
+  const bool is_first = form == Form::kFirst;
+  const std::string limit =
+      (is_first ? std::to_string(rows) : "$" + std::to_string(parameters + 1)) + "::bigint";
+  const std::string offset = (is_first ? "0" : "$" + std::to_string(parameters + 2)) + "::bigint";
   if (!key_order.empty()) {
-    const std::string limit = form == Form::kOneRow ? "1" : rows + " OFFSET " + first;
-    return std::string(WithoutEnd(numbered)) + "\n" + key_order + " LIMIT " + limit;
+    const std::string part = form == Form::kOneRow ? "1" : limit + " OFFSET " + offset;
+    return std::string(WithoutEnd(numbered)) + "\n" + key_order + " LIMIT " + part;
   }
   const std::string source = " FROM (" + std::string(WithoutEnd(numbered)) + "\n) dralo_row ";
   if (form == Form::kOneRow) return "SELECT *" + source + "LIMIT 1";
   return "SELECT dralo_row.*" + source + "LEFT JOIN pg_catalog.current_schema() ON false LIMIT (SELECT " +
-         rows + ") OFFSET (SELECT " + first + ")";
+         limit + ") OFFSET (SELECT " + offset + ")";
+}
+
+std::shared_ptr<Statement> Statement::FirstRows(std::int64_t wanted) {
+  if (form != Form::kPage || parameters > 0 || !came_again || !has_one_order) return nullptr;
+  if (!first) {
+    first = std::make_shared<Statement>(*this);
+    first->form = Form::kFirst;
+    first->rows = wanted;
+    first->name.clear();
+    first->prepared = 0;
+  }
+  return first->rows == wanted ? first : nullptr;
 }
 
 StatementCache::Key StatementCache::KeyOf(std::string_view text, Form form, const Parameters& parameters) {
@@ -52,7 +66,7 @@ std::shared_ptr<Statement> StatementCache::Keep(const Key& key, std::shared_ptr<
     entries_.erase(last);
   }
   entries_.push_back({key, std::move(statement)});
-  return gone && gone->prepared != 0 ? gone : nullptr;
+  return gone;
 }
 
 void StatementCache::Forget(const Key& key) {

@@ -16,6 +16,7 @@ namespace dralo::database::postgresql {
 enum class Form {
   kPlain,   ///< Unchanged.
   kPage,    ///< Limited by two more parameters, the number of rows, perhaps Null, and the offset.
+  kFirst,   ///< Limited to Statement::rows of its first rows.
   kOneRow,  ///< Limited to its first row.
 };
 
@@ -26,11 +27,22 @@ struct Statement {
   Form form = Form::kPlain;
   std::string numbered;  ///< With "$1" and so on for each "?".
   int parameters = 0;
+  std::int64_t rows = 0;
   std::string key_order = {};  ///< What follows its ORDER BY; see TableKeys::BehindOrder().
   std::shared_ptr<const Description> description = {};  ///< Set once the server has described it.
   bool came_again = false;
   std::string name = {};      ///< Under which the server knows it; empty when it is not kept there.
   std::int64_t prepared = 0;  ///< The number of the connection on which it is prepared; 0 for none.
+
+  /// Set once the server has described it: its rows have one order, whatever plan the server makes.
+  bool has_one_order = false;
+
+  /// The same query for its first rows, as many as were wanted when it first came again.
+  std::shared_ptr<Statement> first = {};
+
+  /// The statement for that many of the first rows, without parameters, so that the server plans it only
+  /// once; nullptr when it would be of no use.
+  std::shared_ptr<Statement> FirstRows(std::int64_t wanted);
 
   /// What is sent to the server.
   std::string ToSend() const;
@@ -50,7 +62,7 @@ class StatementCache {
   std::shared_ptr<Statement> Find(const Key& key);
 
   /// Keeps the query. If one must go, it is one that came only once rather than one that came again. Returns
-  /// the statement that goes, if the server knows it.
+  /// the statement that goes.
   std::shared_ptr<Statement> Keep(const Key& key, std::shared_ptr<Statement> statement);
 
   void Forget(const Key& key);

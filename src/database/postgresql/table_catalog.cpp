@@ -12,7 +12,8 @@ namespace {
 constexpr std::string_view kColumns =
     "SELECT a.attrelid, n.nspname, c.relname, a.attnum, a.attname, a.attnotnull, (a.attidentity <> '' OR "
     "coalesce(pg_catalog.pg_get_expr(d.adbin, d.adrelid) LIKE '%nextval(%', false)) AND NOT EXISTS "
-    "(SELECT 1 FROM pg_catalog.pg_rewrite r WHERE r.ev_class = c.oid AND r.ev_type = '3') "
+    "(SELECT 1 FROM pg_catalog.pg_rewrite r WHERE r.ev_class = c.oid AND r.ev_type = '3'), "
+    "c.relkind = 'r' "
     "FROM pg_catalog.pg_attribute a "
     "JOIN pg_catalog.pg_class c ON c.oid = a.attrelid "
     "JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
@@ -70,6 +71,7 @@ void TableCatalog::Learn(Link& link, const std::vector<ColumnNumber>& columns) {
     KnownTable& table = tables_[answers.As<Oid>(row, 0)];
     table.schema = answers.Text(row, 1);
     table.name = answers.Text(row, 2);
+    table.has_own_rows = answers.Flag(row, 7);
     table.columns[answers.As<int>(row, 3)] = {answers.Text(row, 4), answers.Flag(row, 5),
                                               answers.Flag(row, 6)};
   }

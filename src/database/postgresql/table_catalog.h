@@ -8,7 +8,7 @@
 
 namespace dralo::database::postgresql {
 
-/// A table or view, as the catalogue of the database describes it.
+/// A table, view or the like, as the catalogue of the database describes it.
 struct KnownTable {
   struct TableColumn {
     std::string name;
@@ -18,6 +18,7 @@ struct KnownTable {
 
   std::string schema;
   std::string name;
+  bool has_own_rows = false;           ///< It is no view, nor divided into partitions or kept elsewhere.
   std::map<int, TableColumn> columns;  ///< By their numbers.
 };
 

@@ -50,6 +50,12 @@ TEST(SelectShape, DoesNotKnowTablesWhoseColumnsAreRenamed) {
   EXPECT_EQ(Tables("SELECT a FROM Goods g (a, b), Goods AS h (a), i USING (a)"), "? ? i=i");
 }
 
+TEST(SelectShape, KnowsWhetherAnythingFollowsTheTables) {
+  EXPECT_TRUE(ShapeOf("SELECT (SELECT b FROM u WHERE b = 1) FROM t JOIN v ON v.a = t.a;").ends_with_tables);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t WHERE a = 1").ends_with_tables);
+  EXPECT_FALSE(ShapeOf("SELECT a FROM t LIMIT 1").ends_with_tables);
+}
+
 TEST(SelectShape, SeesWindows) {
   EXPECT_TRUE(ShapeOf("SELECT ROW_NUMBER() OVER (ORDER BY a) FROM t").has_windows);
   EXPECT_FALSE(ShapeOf("SELECT \"over\", (SELECT MAX(a) OVER (ORDER BY b)) FROM t").has_windows);

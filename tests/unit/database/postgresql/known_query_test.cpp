@@ -13,9 +13,10 @@ TEST_F(KnownQuery, IsPreparedWhenItComesAgain) {
   EXPECT_EQ(Prepared(), 0);
   Ask("SELECT id FROM goods", 5);
   EXPECT_EQ(Prepared(), 1);
-  Ask("SELECT id FROM goods", 7);
-  Page(connection_, "SELECT id FROM goods", 100, 95);
-  EXPECT_EQ(Prepared(), 1);
+  Ask("SELECT id FROM goods WHERE id > 0", 5);
+  Ask("SELECT id FROM goods WHERE id > 0", 7);
+  Page(connection_, "SELECT id FROM goods WHERE id > 0", 100, 95);
+  EXPECT_EQ(Prepared(), 2);
 }
 
 TEST_F(KnownQuery, IsPreparedOnceForOneRowAndOnceForMore) {
