@@ -63,7 +63,7 @@ void Link::Connect(const Options& options) {
       SQLDriverConnectW(Handle(), nullptr, Units(wide), static_cast<SQLSMALLINT>(wide.size()), nullptr, 0,
                         nullptr, SQL_DRIVER_NOPROMPT);
   if (SQL_SUCCEEDED(code)) return;
-  const auto error = MakeError(SQL_HANDLE_DBC, Handle(), {}, secrets_);
+  const auto error = Failure();
   throw platform::Error("The database cannot be opened: " + std::string(error.Description()), error.Number(),
                         error.SqlState());
 }
@@ -80,7 +80,7 @@ void Link::LearnFacts() {
 StatementHandle Link::NewStatement() const {
   SQLHANDLE handle = SQL_NULL_HANDLE;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, Handle(), &handle))) {
-    throw MakeError(SQL_HANDLE_DBC, Handle(), {}, secrets_);
+    throw Failure();
   }
   if (query_timeout_s_ > 0)
     SQLSetStmtAttr(handle, SQL_ATTR_QUERY_TIMEOUT, AsPointer(query_timeout_s_), SQL_IS_UINTEGER);
@@ -118,6 +118,14 @@ std::int64_t Link::AskNumber(std::string_view text) const {
 
 void Link::Throw(SQLHSTMT statement, std::string_view text) const {
   throw MakeError(SQL_HANDLE_STMT, statement, text, secrets_);
+}
+
+platform::Error Link::Failure() const { return MakeError(SQL_HANDLE_DBC, Handle(), {}, secrets_); }
+
+bool Link::IsDead() const {
+  SQLUINTEGER is_dead = SQL_CD_FALSE;
+  SQLGetConnectAttr(Handle(), SQL_ATTR_CONNECTION_DEAD, &is_dead, SQL_IS_UINTEGER, nullptr);
+  return is_dead != SQL_CD_FALSE;
 }
 
 std::string Link::InfoText(SQLUSMALLINT what) const {

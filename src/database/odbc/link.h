@@ -54,6 +54,12 @@ class Link {
     if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Throw(statement, text);
   }
 
+  /// What the driver says about the last call on the connection.
+  platform::Error Failure() const;
+
+  /// Whether the driver has found the connection lost.
+  bool IsDead() const;
+
   /// What the driver says about itself; "" or 0 when it says nothing.
   std::string InfoText(SQLUSMALLINT what) const;
   SQLUINTEGER InfoNumber(SQLUSMALLINT what) const;

@@ -9,6 +9,7 @@
 #include "database/odbc/comparison.h"
 #include "database/odbc/cursor.h"
 #include "database/odbc/quote.h"
+#include "database/unknown_outcome.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
 
@@ -96,11 +97,21 @@ void Session::Begin() {
   ++depth_;
 }
 
+/// A server that was told may have done it, whatever became of its answer.
+void Session::CommitOutermost() {
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, link_.Handle(), SQL_COMMIT))) {
+    const Error error = link_.Failure();
+    if (error.SqlState().starts_with("08") || link_.IsDead()) throw UnknownOutcome(error);
+    throw Error("The database does not commit the transaction");
+  }
+  has_traces_ |= !SwitchAutocommit(true);
+}
+
 void Session::Commit() {
   const bool is_outermost = depth_ == 1 && owns_transaction_;
   const std::string release = Filled(link_.GetDialect().release, '#', Savepoint(depth_ - 1));
   if (is_outermost) {
-    if (!EndTransaction(SQL_COMMIT)) throw Error("The database does not commit the transaction");
+    CommitOutermost();
     owns_transaction_ = false;
   } else if (!release.empty()) {
     link_.Run(release);

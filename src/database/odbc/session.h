@@ -49,6 +49,7 @@ class Session final : public database::Session {
  private:
   bool SwitchAutocommit(bool is_on) const;
   bool EndTransaction(SQLSMALLINT how) const;
+  void CommitOutermost();
 
   Link link_;
   StatementCache statements_;
