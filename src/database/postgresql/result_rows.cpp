@@ -74,13 +74,14 @@ void ResultRows::TakePart() {
 
 void ResultRows::Load(Row& row) {
   const Libpq& libpq = Libpq::Get();
+  const PGresult* const part = part_.get();
   int column = 0;
   for (std::string_view& value : row) {
-    const bool is_null = libpq.PQgetisnull(part_.get(), next_, column) != 0;
-    value = is_null
-                ? std::string_view{}
-                : std::string_view(libpq.PQgetvalue(part_.get(), next_, column),
-                                   static_cast<std::size_t>(libpq.PQgetlength(part_.get(), next_, column)));
+    // Null is as long as an empty text, so most values need not be asked about it.
+    const int size = libpq.PQgetlength(part, next_, column);
+    const bool is_null = size == 0 && libpq.PQgetisnull(part, next_, column) != 0;
+    value = is_null ? std::string_view{}
+                    : std::string_view(libpq.PQgetvalue(part, next_, column), static_cast<std::size_t>(size));
     ++column;
   }
   ++next_;
