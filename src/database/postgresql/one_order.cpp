@@ -9,7 +9,8 @@ namespace dralo::database::postgresql {
 bool HasOneOrder(const Statement& query, const Description& description, const TableCatalog& catalog) {
   if (!query.key_order.empty()) return true;
   const SelectShape shape = ShapeOfRows(query);
-  if (shape.tables.size() != 1 || !shape.ends_with_tables) return false;
+  const bool has_one_table = shape.tables.size() == 1 && !shape.tables.front().table.empty();
+  if (!has_one_table || !shape.ends_with_tables) return false;
   return std::ranges::any_of(description.origins, [&](const Description::Origin& origin) {
     const KnownTable* const table = catalog.Find(origin);
     return table != nullptr && table->has_own_rows;

@@ -34,7 +34,8 @@ TEST_F(FirstRows, ArePlannedEachTimeWhereThePlanGivesTheOrder) {
   Run("CREATE VIEW shown_goods AS SELECT * FROM goods");
   for (const std::string sql :
        {"SELECT * FROM goods WHERE id > 7", "SELECT * FROM shown_goods", "SELECT * FROM goods, goods g",
-        "SELECT * FROM shown_goods ORDER BY stock", "SELECT DISTINCT stock FROM goods"}) {
+        "SELECT * FROM shown_goods ORDER BY stock", "SELECT DISTINCT stock FROM goods",
+        "SELECT * FROM (SELECT * FROM goods WHERE id > 7) g"}) {
     AskThrice(sql);
     EXPECT_EQ(Plans(), "0 2") << sql;
     Run("DEALLOCATE ALL");
