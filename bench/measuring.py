@@ -47,11 +47,15 @@ def memory(command):
     return map(int, process.stderr.split())
 
 
+def spread(ratios):
+    """The median of what several rounds gave, and the least and the most."""
+    return f"{statistics.median(ratios):.2f} ({min(ratios):.2f} to {max(ratios):.2f})"
+
+
 def show(label, samples, unit, per):
-    """One line each for clock and CPU: the medians of every program, and those of the ratios of the first to the others."""
+    """One line each for clock and CPU: the medians of every program, and the ratios of the first to the others."""
     for kind, name in enumerate(("clock", "CPU")):
         columns = list(zip(*([sample[kind] for sample in round_] for round_ in samples)))
         times = "  ".join(f"{statistics.median(column) / per * unit:9.1f}" for column in columns)
-        ratios = "  ".join(
-            f"{statistics.median(a / b for a, b in zip(columns[0], column)):5.2f}" for column in columns[1:])
+        ratios = "  ".join(spread([a / b for a, b in zip(columns[0], column)]) for column in columns[1:])
         print(f"{label:28}{name:8}{times}   library to each: {ratios}")
