@@ -61,6 +61,10 @@ void HtmlWriter::Flush() {
   response_->Write(piece);
 }
 
+void HtmlWriter::CopyLong(char* to, std::string_view text) { std::memcpy(to, text.data(), text.size()); }
+
+void HtmlWriter::AppendApart(std::string_view text) { Append(text); }
+
 void HtmlWriter::AppendBeyondBuffer(std::string_view text) {
   if (response_ != nullptr && text.size() > piece_bytes_) {
     // Kept out of the buffer, which would stay as large as the longest text of the page.

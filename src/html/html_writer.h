@@ -70,6 +70,13 @@ class Template {
   /// The literal text before slot `index`; for the number of slots, the text after the last one.
   constexpr std::string_view Piece(std::size_t index) const { return pieces_[index]; }
 
+  /// How long the literal text is, without the slots.
+  constexpr std::size_t TextBytes() const {
+    std::size_t bytes = 0;
+    for (const std::string_view piece : pieces_) bytes += piece.size();
+    return bytes;
+  }
+
  private:
   std::array<std::string_view, sizeof...(Slots) + 1> pieces_;
 };
@@ -98,9 +105,14 @@ class HtmlWriter {
   /// Writes `markup`, each slot replaced by the next value.
   template <Slot... Slots>
   HtmlWriter& Put(Template<std::type_identity_t<Slots>...> markup, const Slots&... values) {
+    if constexpr ((IsCopied<Slots> && ...)) {
+      const std::size_t most_bytes = markup.TextBytes() + (std::size_t{0} + ... + MostBytes(values));
+      if (most_bytes < capacity_ - used_) [[likely]]
+        return PutInOneGo<Slots...>(markup, values...);
+    }
     std::size_t piece = 0;
-    ((Append(markup.Piece(piece++)), Write(values)), ...);
-    Append(markup.Piece(piece));
+    ((AppendApart(markup.Piece(piece++)), WriteApart(values)), ...);
+    AppendApart(markup.Piece(piece));
     return *this;
   }
 
@@ -124,11 +136,9 @@ class HtmlWriter {
   HtmlWriter& Write(Text value);
 
   HtmlWriter& Write(Number auto number) {
-    constexpr std::size_t kMostDigits = 24;
     if (kMostDigits > capacity_ - used_) [[unlikely]]
       MakeRoom(kMostDigits);
-    char* const start = buffer_.get() + used_;
-    used_ += static_cast<std::size_t>(std::to_chars(start, start + kMostDigits, number).ptr - start);
+    used_ = static_cast<std::size_t>(Copy(buffer_.get() + used_, number) - buffer_.get());
     return *this;
   }
 
@@ -148,27 +158,70 @@ class HtmlWriter {
   }
 
  private:
+  static constexpr std::size_t kMostDigits = 24;
+
+  /// Whether a slot's value is copied as it is, or is a number, so that its room is known beforehand.
+  template <class T>
+  static constexpr bool IsCopied = Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined>;
+
+  static std::size_t MostBytes(Verbatim value) { return value.text.size(); }
+  static std::size_t MostBytes(Joined value) { return value.first.size() + value.second.size(); }
+  static constexpr std::size_t MostBytes(Number auto /*number*/) { return kMostDigits; }
+
+  /// For what fits into the buffer: its room is checked once, and its end is kept in a register.
+  template <class... Slots>
+  HtmlWriter& PutInOneGo(const Template<Slots...>& markup, const Slots&... values) {
+    std::size_t piece = 0;
+    char* to = buffer_.get() + used_;
+    ((to = Copy(Copy(to, markup.Piece(piece++)), values)), ...);
+    used_ = static_cast<std::size_t>(Copy(to, markup.Piece(piece)) - buffer_.get());
+    return *this;
+  }
+
+  /// For what may not fit. Functions of their own, so that the many places that call them stay small.
+  void AppendApart(std::string_view text);
+  void WriteApart(Verbatim value) { AppendApart(value.text); }
+  void WriteApart(Joined value) {
+    AppendApart(value.first);
+    AppendApart(value.second);
+  }
+  void WriteApart(const auto& value) { Write(value); }
+
   void Append(std::string_view text) {
     if (text.size() > capacity_ - used_) [[unlikely]]
       return AppendBeyondBuffer(text);
-    Copy(buffer_.get() + used_, text.data(), text.size());
+    Copy(buffer_.get() + used_, text);
     used_ += text.size();
   }
 
-  /// Most pieces are so short that a call of memcpy() costs more than the copy: up to 32 bytes are copied as
+  static char* Copy(char* to, Verbatim value) { return Copy(to, value.text); }
+  static char* Copy(char* to, Joined value) { return Copy(Copy(to, value.first), value.second); }
+  static char* Copy(char* to, Number auto number) { return std::to_chars(to, to + kMostDigits, number).ptr; }
+
+  /// Most pieces are so short that a call of memcpy() costs more than the copy: up to 64 bytes are copied as
   /// two halves that may overlap.
-  static void Copy(char* to, const char* from, std::size_t bytes) {
-    if (bytes > 32) {
-      std::memcpy(to, from, bytes);
-    } else if (bytes >= 16) {
-      CopyHalves<16>(to, from, bytes);
+  static char* Copy(char* to, std::string_view text) {
+    const std::size_t bytes = text.size();
+    if (bytes >= 16) {
+      if (bytes <= 32) {
+        CopyHalves<16>(to, text.data(), bytes);
+      } else if (bytes <= 64) {
+        CopyHalves<16>(to, text.data(), 32);
+        CopyHalves<16>(to + bytes - 32, text.data() + bytes - 32, 32);
+      } else {
+        CopyLong(to, text);
+      }
     } else if (bytes >= 8) {
-      CopyHalves<8>(to, from, bytes);
+      CopyHalves<8>(to, text.data(), bytes);
     } else if (bytes >= 4) {
-      CopyHalves<4>(to, from, bytes);
-    } else {
-      for (std::size_t at = 0; at < bytes; ++at) to[at] = from[at];
+      CopyHalves<4>(to, text.data(), bytes);
+    } else if (bytes > 0) {
+      const char ends[] = {text[bytes / 2], text.back()};
+      to[0] = text[0];
+      to[bytes / 2] = ends[0];
+      to[bytes - 1] = ends[1];
     }
+    return to + bytes;
   }
 
   template <std::size_t kHalf>
@@ -179,6 +232,8 @@ class HtmlWriter {
     std::memcpy(to, halves[0], kHalf);
     std::memcpy(to + bytes - kHalf, halves[1], kHalf);
   }
+
+  static void CopyLong(char* to, std::string_view text);
 
   /// Appends a text that does not fit into the rest of the buffer.
   void AppendBeyondBuffer(std::string_view text);

@@ -30,7 +30,7 @@ class CellHeads {
 
   /// The head of a cell; 0 is the row number, `n` the n-th shown column from 1.
   std::string_view Head(std::size_t cell) const {
-    return text_.Collected().substr(parts_[cell].start, parts_[cell].end - parts_[cell].start);
+    return {text_.Collected().data() + parts_[cell].start, parts_[cell].end - parts_[cell].start};
   }
 
   /// The head without its end: without the alignment, the ">" and what follows.

@@ -188,8 +188,13 @@ void GridRows::PutLinkedCell(const GridColumn& column, std::size_t cell, std::st
 }
 
 void GridRows::PutTextCell(const GridColumn& column, std::size_t cell, std::string_view text) {
-  out_.Put("{}{}{}{}", Verbatim{cell_start_.Collected()}, Verbatim{row_heads_->Head(cell)}, Verbatim{text},
-           Verbatim{CellEnd(column)});
+  const Verbatim start{cell_start_.Collected()};
+  const Verbatim head{row_heads_->Head(cell)};
+  if (column.is_unbroken) {
+    out_.Put("{}{}{}</nobr></td>\r\n", start, head, Verbatim{text});
+  } else {
+    out_.Put("{}{}{}</td>\r\n", start, head, Verbatim{text});
+  }
 }
 
 void GridRows::PutHead(std::string_view head) {

@@ -202,6 +202,27 @@ TEST_F(HtmlPieces, SendsADownloadInLargerPieces) {
   }
 }
 
+TEST_F(HtmlPieces, CopiesTextsOfEveryLengthBeforeAndBehindTheEndOfAPiece) {
+  std::string letters;
+  for (char c = '0'; letters.size() < 150; c = c == 'z' ? '0' : static_cast<char>(c + 1)) letters += c;
+  std::string expected;
+  for (int round = 0; round < 10; ++round) {
+    for (std::size_t size = 0; size <= letters.size(); ++size) {
+      const std::string_view text = std::string_view(letters).substr(0, size);
+      out.Put("<b>{}</b>{};", Verbatim{text}, size).Write(Verbatim{text});
+      expected.append("<b>")
+          .append(text)
+          .append("</b>")
+          .append(std::to_string(size))
+          .append(";")
+          .append(text);
+    }
+  }
+  out.Flush();
+  EXPECT_GT(response.pieces.size(), 10U);
+  EXPECT_EQ(response.Body(), expected);
+}
+
 TEST_F(HtmlPieces, KeepsTheOrderAroundATextLongerThanAPiece) {
   const std::string memo(100'000, 'm');
 
