@@ -42,13 +42,13 @@ int ReadMemoryMap(std::string_view text) {
   return *megabytes;
 }
 
-/// Taking a path apart costs more than all else that every page does to open its connection.
-std::string AbsolutePath(const std::string& data_source) {
-  if (data_source == kInMemory || data_source.starts_with('/')) return data_source;
+std::string AbsolutePath(const std::string& path) {
+  if (path.front() == '/') return path;
   std::error_code error;
-  std::string path = std::filesystem::absolute(data_source, error);
+  std::string absolute = std::filesystem::current_path(error).native();
   if (error) throw Error("The current folder, which the Data Source is relative to, cannot be found");
-  return path;
+  if (!absolute.ends_with('/')) absolute += '/';
+  return absolute += path;
 }
 
 }  // namespace
@@ -62,7 +62,8 @@ Options ReadOptions(const ConnectionString& connection_string) {
   if (options.data_source.find('\0') != std::string::npos) {
     throw Error("The Data Source in the connection string has a zero byte");
   }
-  options.path = AbsolutePath(options.data_source);
+  options.path = options.data_source;
+  if (options.path != kInMemory) options.path = AbsolutePath(options.path);
   options.flags = ReadMode(connection_string.Find("Mode").value_or("ReadWrite"));
   if (const auto timeout = connection_string.Find("Busy Timeout"))
     options.busy_timeout_ms = ReadBusyTimeout(*timeout);

@@ -16,9 +16,12 @@ bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(n
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
   const Options options = ReadOptions(connection_string);
   if (options.path == kInMemory) return {};
-  return "SQLite " + std::to_string(options.flags) + " " + std::to_string(options.busy_timeout_ms) + " " +
-         std::to_string(options.query_timeout_s) + " " + std::to_string(options.memory_map_mb) + " " +
-         options.path;
+  std::string key = "SQLite";
+  for (const int number :
+       {options.flags, options.busy_timeout_ms, options.query_timeout_s, options.memory_map_mb}) {
+    key.append(" ").append(std::to_string(number));
+  }
+  return key.append(" ").append(options.path);
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {
