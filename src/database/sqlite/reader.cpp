@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 #include "text/decimal.h"
 #include "text/iso_date.h"
@@ -15,11 +14,6 @@ namespace {
 using platform::DateTime;
 using platform::TypeCode;
 using platform::VariantView;
-
-std::string_view ReadText(sqlite3_value* value) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return {text ? text : "", text ? static_cast<std::size_t>(sqlite3_value_bytes(value)) : 0};
-}
 
 /// Nothing for seconds outside the years 1 to 9999.
 std::optional<DateTime> FromUnixSeconds(std::int64_t seconds) {
@@ -41,25 +35,9 @@ std::optional<DateTime> FromUnixSeconds(std::int64_t seconds) {
                   static_cast<std::uint8_t>(time.seconds().count())};
 }
 
-VariantView ReadDate(sqlite3_value* value) {
-  const VariantView stored = ReadStored(value);
-  std::optional<DateTime> time;
-  if (const auto* text = std::get_if<std::string_view>(&stored)) time = text::ParseIsoDateTime(*text);
-  if (const auto* seconds = std::get_if<std::int64_t>(&stored)) time = FromUnixSeconds(*seconds);
-  return time ? *time : stored;
-}
-
-VariantView ReadTime(sqlite3_value* value) {
-  const VariantView stored = ReadStored(value);
-  const auto* text = std::get_if<std::string_view>(&stored);
-  const auto time = text ? text::ParseTimeOfDay(*text) : std::nullopt;
-  return time ? *time : stored;
-}
-
-VariantView ReadDecimal(sqlite3_value* value) {
-  const VariantView stored = ReadStored(value);
-  const auto* text = std::get_if<std::string_view>(&stored);
-  return text && text::IsPlainDecimal(*text) ? platform::DecimalView{*text} : stored;
+template <class Value>
+VariantView ValueOr(const std::optional<Value>& value, const VariantView& otherwise) {
+  return value ? *value : otherwise;
 }
 
 }  // namespace
@@ -84,43 +62,30 @@ Reader ReaderOf(TypeCode type) {
   }
 }
 
-VariantView ReadStored(sqlite3_value* value) {
-  switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER:
-      return std::int64_t{sqlite3_value_int64(value)};
-    case SQLITE_FLOAT:
-      return sqlite3_value_double(value);
-    case SQLITE_TEXT:
-      return ReadText(value);
-    case SQLITE_BLOB: {
-      const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_value_blob(value));
-      return platform::BytesView{bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
-    }
+VariantView ReadFromText(Reader reader, std::string_view text) {
+  switch (reader) {
+    case Reader::kDecimal:
+      if (text::IsPlainDecimal(text)) return platform::DecimalView{text};
+      return text;
+    case Reader::kDate:
+      return ValueOr(text::ParseIsoDateTime(text), text);
+    case Reader::kTime:
+      return ValueOr(text::ParseTimeOfDay(text), text);
     default:
-      return platform::Null{};
+      return text;
   }
 }
 
-VariantView Read(Reader reader, sqlite3_value* value) {
-  switch (reader) {
-    case Reader::kStored:
-      break;
-    case Reader::kText: {
-      const int type = sqlite3_value_type(value);
-      if (type != SQLITE_NULL && type != SQLITE_BLOB) return ReadText(value);
-      break;
-    }
-    case Reader::kBoolean:
-      if (sqlite3_value_type(value) == SQLITE_INTEGER) return sqlite3_value_int64(value) != 0;
-      break;
-    case Reader::kDecimal:
-      return ReadDecimal(value);
-    case Reader::kDate:
-      return ReadDate(value);
-    case Reader::kTime:
-      return ReadTime(value);
-  }
-  return ReadStored(value);
+VariantView ReadFromInteger(Reader reader, sqlite3_value* value) {
+  if (reader == Reader::kText) return ReadText(value);
+  const std::int64_t number = sqlite3_value_int64(value);
+  if (reader == Reader::kBoolean) return number != 0;
+  return reader == Reader::kDate ? ValueOr(FromUnixSeconds(number), number) : number;
+}
+
+VariantView ReadBytes(sqlite3_value* value) {
+  const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_value_blob(value));
+  return platform::BytesView{bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 }  // namespace dralo::database::sqlite
