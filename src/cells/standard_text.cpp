@@ -5,7 +5,6 @@
 #include <string>
 #include <variant>
 
-#include "platform/field_kind.h"
 #include "settings/error_report.h"
 #include "text/blanks.h"
 #include "text/characters.h"
@@ -50,12 +49,18 @@ std::string_view GetMemoFieldText(const platform::Formatting& formatting, platfo
 /// The complete text of the value without anything added for HTML; empty for what cannot be shown. Each
 /// cell is worth a copy of this function.
 [[gnu::always_inline]] inline std::string_view WholeText(const platform::Formatting& formatting,
-                                                         platform::Field& field, std::string& scratch) {
-  const platform::TypeCode type = field.Type();
-  if (platform::IsMemoFieldType(type)) return GetMemoFieldText(formatting, field, scratch);
-  if (platform::IsDateFieldType(type)) return DateText(formatting, field.Value(), scratch);
-  return type == platform::TypeCode::kLongVarBinary ? std::string_view()
-                                                    : formatting.Text(field.Value(), scratch);
+                                                         platform::Field& field, platform::FieldKind kind,
+                                                         std::string& scratch) {
+  switch (kind) {
+    case platform::FieldKind::kMemo:
+      return GetMemoFieldText(formatting, field, scratch);
+    case platform::FieldKind::kDate:
+      return DateText(formatting, field.Value(), scratch);
+    case platform::FieldKind::kLongBinary:
+      return {};
+    default:
+      return formatting.Text(field.Value(), scratch);
+  }
 }
 
 bool KeepsBlanks(platform::TypeCode type) {
@@ -78,10 +83,11 @@ std::string_view LimitedMemo(state::Render& render, std::string_view memo, Value
   return WithEnding(render, InForm(render, memo.substr(0, bytes), form), "...");
 }
 
-/// body(), with failures reported as those of `function` on the field; empty when it fails.
+/// body(), with failures reported as those of `function` on the field; empty when it fails. Each cell is
+/// worth a copy of this function too.
 template <class Body>
-std::string_view GuardedText(state::Render& render, platform::Field& field, std::string_view function,
-                             Body&& body) {
+[[gnu::always_inline]] inline std::string_view GuardedText(state::Render& render, platform::Field& field,
+                                                           std::string_view function, Body&& body) {
   // Not Guarded(): here the name is put together only for a failure.
   try {
     return body();
@@ -97,9 +103,17 @@ std::string_view GuardedText(state::Render& render, platform::Field& field, std:
 
 std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, ValueForm form) {
   const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
-    const std::string_view whole = WholeText(render.Regional(), field, render.scratch);
-    const bool limited = render.settings.MemoFieldLimit >= 0 && form != ValueForm::kMarkup &&
-                         platform::IsMemoFieldType(field.Type());
+    return GetStdDbFieldString(render, field, platform::KindOf(field.Type()), form);
+  });
+  return text.empty() ? kBlankCell : text;
+}
+
+std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, platform::FieldKind kind,
+                                     ValueForm form) {
+  const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
+    const std::string_view whole = WholeText(render.Regional(), field, kind, render.scratch);
+    const bool limited = kind == platform::FieldKind::kMemo && render.settings.MemoFieldLimit >= 0 &&
+                         form != ValueForm::kMarkup;
     return limited ? LimitedMemo(render, whole, form) : InForm(render, whole, form);
   });
   return text::IsBlank(text) ? kBlankCell : text;
@@ -112,8 +126,9 @@ std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& 
 
 std::string_view ReadRawText(const platform::Formatting& formatting, platform::Field& field,
                              std::string& scratch) {
-  const std::string_view text = WholeText(formatting, field, scratch);
-  return KeepsBlanks(field.Type()) || !text::IsBlank(text) ? text : std::string_view();
+  const platform::TypeCode type = field.Type();
+  const std::string_view text = WholeText(formatting, field, platform::KindOf(type), scratch);
+  return KeepsBlanks(type) || !text::IsBlank(text) ? text : std::string_view();
 }
 
 std::string_view RawText(const platform::Formatting& formatting, platform::TypeCode type,

@@ -4,6 +4,7 @@
 
 #include "cells/value_form.h"
 #include "dralo/field.h"
+#include "platform/field_kind.h"
 #include "state/render.h"
 
 namespace dralo::cells {
@@ -14,6 +15,10 @@ namespace dralo::cells {
 /// unescaped. Failures are reported in ErrorMessage. Valid until the record moves or a scratch of `render`
 /// changes.
 std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, ValueForm form);
+
+/// The same for a field whose kind is known: that of its type.
+std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, platform::FieldKind kind,
+                                     ValueForm form);
 
 /// The same text without anything added for HTML: memos in full, and "" for what is empty.
 std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field);

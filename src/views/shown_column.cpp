@@ -23,6 +23,7 @@ ShownColumn MakeShownColumn(const state::Render& render, platform::Recordset& re
   ShownColumn column{
       .number = number,
       .field = &field,
+      .kind = platform::KindOf(field.Type()),
       .form = cells::FormOfValues(settings, field.Name(), number),
       .has_format_function = settings::HasColumnSetting(settings.GridFormatCellFunction, number)};
   if (settings::HasColumnSetting(settings.GridFreeFormatCellByCol, number)) {

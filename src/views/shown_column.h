@@ -10,6 +10,7 @@
 #include "dralo/field.h"
 #include "dralo/recordset.h"
 #include "html/html_writer.h"
+#include "platform/field_kind.h"
 #include "state/render.h"
 
 namespace dralo::views {
@@ -19,6 +20,7 @@ namespace dralo::views {
 struct ShownColumn {
   int number = 0;  ///< Counted from 1, hidden fields included.
   platform::Field* field = nullptr;
+  platform::FieldKind kind = platform::FieldKind::kText;  ///< Of the field's type.
   cells::ValueForm form = cells::ValueForm::kPlain;
   bool has_format_function = false;
   std::optional<cells::FormatFunction> format_function = {};  ///< Made when the first cell needs it.
@@ -27,7 +29,8 @@ struct ShownColumn {
   /// The text of the current record's cell, in the column's form; for columns without a template. Valid until
   /// the next call, the record moves or a scratch of `render` changes.
   std::string_view Text(state::Render& render) {
-    return has_format_function ? FormattedText(render) : cells::GetStdDbFieldString(render, *field, form);
+    return has_format_function ? FormattedText(render)
+                               : cells::GetStdDbFieldString(render, *field, kind, form);
   }
 
   /// Writes the cell's text for the current record, whose number, counted from 1, is `record`.

@@ -55,6 +55,7 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     column.number = number;
     column.field = field;
     column.is_hardened = settings.Hardened;
+    column.kind = platform::KindOf(field->Type());
     column.is_numeric = platform::IsNumericFieldType(field->Type());
     // Also columns of HTML are escaped: a spreadsheet program would make cells of their markup.
     if (settings.Hardened) column.form = cells::ValueForm::kEscaped;
