@@ -79,7 +79,9 @@ class LocaleFormatting final : public platform::ValueFormatting {
     return flag ? facts_.boolean_words.true_word : facts_.boolean_words.false_word;
   }
   platform::WeekRule Checked(platform::WeekRule rule) const;
-  std::string_view DateTimeText(const DateTime& time, std::string& scratch) const;
+
+  /// Apart, because the other values then need nothing kept over a call.
+  [[gnu::noinline]] std::string_view DateTimeText(const DateTime& time, std::string& scratch) const;
 
   LocaleFacts facts_;
   NumberWriter numbers_;
