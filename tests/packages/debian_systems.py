@@ -15,7 +15,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
 class DebianSystems(unittest.TestCase):
-    """`bare` and `builder` are of the release `suite`; `folder` is for what a test makes."""
+    """`bare` is of the release `suite`; `folder` is for what a test makes."""
 
     suite = None
     kept = None
@@ -25,12 +25,11 @@ class DebianSystems(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = pathlib.Path(tempfile.mkdtemp(prefix="dralo-debian-"))
         cls.addClassCleanup(shutil.rmtree, cls.folder)
-        kept = cls.kept or cls.folder
-        cls.bare = cls.root_of(kept / f"{cls.suite}-bare", lambda folder: DebianRoot.make(folder, cls.suite))
-        cls.builder = cls.root_of(kept / f"{cls.suite}-build", cls.make_builder)
+        cls.bare = cls.root_of("bare", lambda folder: DebianRoot.make(folder, cls.suite))
 
     @classmethod
-    def root_of(cls, folder, make):
+    def root_of(cls, purpose, make):
+        folder = (cls.kept or cls.folder) / f"{cls.suite}-{purpose}"
         if folder.exists():
             root = DebianRoot(folder)
             root.run("apt-get", "update", "-q")
@@ -39,6 +38,15 @@ class DebianSystems(unittest.TestCase):
         if folder.parent == cls.folder:
             cls.addClassCleanup(root.remove)
         return root
+
+
+class DebianBuilders(DebianSystems):
+    """`builder` has what building the packages begins with."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.builder = cls.root_of("build", cls.make_builder)
 
     @classmethod
     def make_builder(cls, folder):

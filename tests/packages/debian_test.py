@@ -13,7 +13,7 @@ import sys
 import urllib.request
 
 from container_steps import ContainerSteps
-from debian_systems import ROOT, VERSION, DebianSystems, run
+from debian_systems import ROOT, VERSION, DebianBuilders, run
 
 sys.path.append(str(ROOT / "tests/pages"))
 
@@ -30,7 +30,7 @@ def archive():
                           stdout=subprocess.PIPE, check=True).stdout
 
 
-class Packages(DebianSystems):
+class Packages(DebianBuilders):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()

@@ -8,14 +8,14 @@ import pathlib
 import shutil
 import sys
 
-from debian_systems import ROOT, DebianSystems, run
+from debian_systems import ROOT, DebianBuilders, run
 
 sys.path.append(str(ROOT / "tests/release"))
 
 from own_repository import Repository  # noqa: E402
 
 
-class Release(DebianSystems):
+class Release(DebianBuilders):
     def release(self, repository):
         """What it publishes, by name."""
         inside = pathlib.PurePosixPath("/", repository.folder.relative_to(self.builder.folder))
