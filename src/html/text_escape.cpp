@@ -148,22 +148,8 @@ std::size_t CharactersWithin(std::string_view text, std::size_t bytes) {
   return at;
 }
 
-/// Appends a text whose start is to be replaced.
-void AppendReplaced(std::string& to, std::string_view text) {
-  while (!text.empty()) {
-    const Escape escape = FirstEscape(text);
-    to.append(escape.by);
-    text.remove_prefix(escape.bytes);
-    const std::size_t plain = PlainBytes(text);
-    to.append(text.substr(0, plain));
-    text.remove_prefix(plain);
-  }
-}
-
-}  // namespace
-
-std::size_t PlainBytes(std::string_view text) {
-  std::size_t at = 0;
+/// PlainBytes() of a text whose first `at` bytes are plain.
+std::size_t PlainBytesFrom(std::string_view text, std::size_t at) {
   while (at < text.size()) {
     const std::size_t bytes = std::min(kBlockBytes, text.size() - at);
     const Block block = BlockAt(text, at);
@@ -182,6 +168,43 @@ std::size_t PlainBytes(std::string_view text) {
     if (has_markup || (characters == 0 && plain < end)) return at;
   }
   return at;
+}
+
+/// Whether a text that is not longer than a block is plain ASCII.
+bool IsShortAndPlain(std::string_view text) {
+  const Block block = EveryByte(text);
+  return !HasHighBits(MarkupOf(block) | block);
+}
+
+/// Appends a text whose start is to be replaced.
+void AppendReplaced(std::string& to, std::string_view text) {
+  while (!text.empty()) {
+    const Escape escape = FirstEscape(text);
+    to.append(escape.by);
+    text.remove_prefix(escape.bytes);
+    const std::size_t plain = PlainBytes(text);
+    to.append(text.substr(0, plain));
+    text.remove_prefix(plain);
+  }
+}
+
+}  // namespace
+
+/// Nearly all blocks are plain ASCII, or ASCII with markup; what they need is kept small.
+std::size_t PlainBytes(std::string_view text) {
+  if (text.size() <= kBlockBytes && IsShortAndPlain(text)) return text.size();
+  for (std::size_t at = 0; at < text.size(); at += kBlockBytes) {
+    if (text.size() - at < kBlockBytes) {
+      // With bytes that were seen already the rest makes a whole block.
+      const bool is_plain = at > 0 && IsShortAndPlain(text.substr(text.size() - kBlockBytes));
+      return is_plain ? text.size() : PlainBytesFrom(text, at);
+    }
+    const Block block = BlockAt(text, at);
+    const Block markup = MarkupOf(block);
+    if (!HasHighBits(markup | block)) continue;
+    return HasHighBits(block) ? PlainBytesFrom(text, at) : at + BytesBeforeHighBit(markup);
+  }
+  return text.size();
 }
 
 Escape FirstEscape(std::string_view text) {
@@ -205,22 +228,25 @@ Escape FirstEscape(std::string_view text) {
 
 namespace {
 
+/// Escaped() of a text whose first `plain` bytes need no change.
+[[gnu::noinline]] std::string_view EscapedBehind(std::string_view text, std::size_t plain, std::string& to) {
+  to.assign(text.substr(0, plain));
+  AppendReplaced(to, text.substr(plain));
+  return to;
+}
+
 /// Escaped() of texts that are long, or have more than plain ASCII: apart, so that it costs the others
 /// nothing.
 [[gnu::noinline]] std::string_view LongEscaped(std::string_view text, std::string& to) {
   const std::size_t plain = PlainBytes(text);
-  if (plain == text.size()) return text;
-  to.assign(text.substr(0, plain));
-  AppendReplaced(to, text.substr(plain));
-  return to;
+  return plain == text.size() ? text : EscapedBehind(text, plain, to);
 }
 
 }  // namespace
 
 std::string_view Escaped(std::string_view text, std::string& to) {
   if (text.size() > kBlockBytes) return LongEscaped(text, to);
-  const Block block = EveryByte(text);
-  return HasHighBits(MarkupOf(block) | block) ? LongEscaped(text, to) : text;
+  return IsShortAndPlain(text) ? text : LongEscaped(text, to);
 }
 
 void AppendEscaped(std::string& to, std::string_view text) {

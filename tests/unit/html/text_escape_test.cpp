@@ -73,7 +73,7 @@ std::string Replacement(char c) {
 TEST(TextEscape, FindsEveryByteWhereverItStands) {
   for (int byte = 0; byte < 256; ++byte) {
     const char c = static_cast<char>(byte);
-    for (std::size_t size = 1; size < 20; ++size) {
+    for (std::size_t size = 1; size < 36; ++size) {
       for (std::size_t at = 0; at < size; ++at) {
         std::string text(size, 'x');
         text[at] = c;
