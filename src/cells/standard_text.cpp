@@ -1,5 +1,6 @@
 #include "cells/standard_text.h"
 
+#include <cstdint>
 #include <exception>
 #include <optional>
 #include <string>
@@ -83,6 +84,24 @@ std::string_view LimitedMemo(state::Render& render, std::string_view memo, Value
   return WithEnding(render, InForm(render, memo.substr(0, bytes), form), "...");
 }
 
+constexpr bool IsNumeric(platform::FieldKind kind) {
+  using platform::FieldKind;
+  return kind == FieldKind::kWholeNumber || kind == FieldKind::kExactNumber ||
+         kind == FieldKind::kFloatingPoint || kind == FieldKind::kBoolean;
+}
+
+/// The cell text of a field for numbers. What was made of a number or of a truth value has no markup; but
+/// some databases also keep texts in such fields.
+[[gnu::always_inline]] inline std::string_view NumericText(state::Render& render, platform::Field& field,
+                                                           ValueForm form) {
+  const platform::VariantView value = field.Value();
+  const std::string_view text = render.Regional().Text(value, render.scratch);
+  const bool has_no_markup = std::holds_alternative<std::int64_t>(value) ||
+                             std::holds_alternative<double>(value) || std::holds_alternative<bool>(value) ||
+                             std::holds_alternative<platform::Null>(value);
+  return has_no_markup ? text : InForm(render, text, form);
+}
+
 /// body(), with failures reported as those of `function` on the field; empty when it fails. Each cell is
 /// worth a copy of this function too.
 template <class Body>
@@ -111,6 +130,7 @@ std::string_view GetStdDbFieldString(state::Render& render, platform::Field& fie
 std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, platform::FieldKind kind,
                                      ValueForm form) {
   const std::string_view text = GuardedText(render, field, "GetStdDbFieldString", [&] {
+    if (IsNumeric(kind)) return NumericText(render, field, form);
     const std::string_view whole = WholeText(render.Regional(), field, kind, render.scratch);
     const bool limited = kind == platform::FieldKind::kMemo && render.settings.MemoFieldLimit >= 0 &&
                          form != ValueForm::kMarkup;

@@ -66,6 +66,17 @@ TEST_F(HardenedCells, EscapeTheStandardText) {
   EXPECT_EQ(Standard("VARCHAR(50)", kScript, ValueForm::kPlain), "<img src=x onerror=\"f()\">");
 }
 
+TEST_F(HardenedCells, EscapeATextInAColumnOfNumbers) {
+  for (const std::string_view type : {"INTEGER", "DECIMAL(10,2)", "DOUBLE", "BOOLEAN", "DATE"}) {
+    EXPECT_EQ(Standard(type, kScript), type == "DATE" ? "&nbsp;" : kEscapedScript);
+    EXPECT_EQ(Standard(type, "'5 & 6'"), type == "DATE" ? "&nbsp;" : "5 &amp; 6");
+    EXPECT_EQ(Standard(type, "NULL"), "&nbsp;");
+  }
+  EXPECT_EQ(Standard("INTEGER", "-12"), "-12");
+  EXPECT_EQ(Standard("DECIMAL(10,2)", "'1.50'"), "1.5");
+  EXPECT_EQ(Standard("BOOLEAN", "1"), "True");
+}
+
 TEST_F(HardenedCells, CutAMemoBeforeItIsEscaped) {
   rendering.settings.MemoFieldLimit = 3;
   EXPECT_EQ(Standard("TEXT", "'a<bcd'"), "a&lt;b...");
