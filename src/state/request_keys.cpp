@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <span>
 
 #include "text/ascii.h"
 #include "text/blanks.h"
@@ -78,17 +77,17 @@ bool RequestKeys::IsKey(std::string_view candidate, std::string_view name, std::
 }
 
 std::optional<std::string_view> RequestKeys::Find(std::string_view name, std::string_view suffix) const {
-  if (std::ranges::find(ignored_, name) != ignored_.end()) return std::nullopt;
-  using FieldList = std::span<const platform::RequestField>;
-  // Most requests have one of the two, or none, and the many keys are looked up in them.
-  const FieldList posted = request_.Form();
-  const FieldList form = posted.empty() || IsReadInForm(name) ? posted : FieldList();
-  const FieldList asked = request_.QueryString();
-  const FieldList query = asked.empty() || IsReadInQuery(name) ? asked : FieldList();
-  for (const FieldList fields : {form, query}) {
-    for (const platform::RequestField& field : fields) {
-      if (IsKey(field.name, name, suffix)) return field.value;
-    }
+  // Of the many keys that are looked up few are there, so whether one counts is asked last.
+  const auto is_it = [&](const platform::RequestField& field) { return IsKey(field.name, name, suffix); };
+  const auto is_ignored = [&] { return std::ranges::find(ignored_, name) != ignored_.end(); };
+  const auto form = request_.Form();
+  if (const auto found = std::ranges::find_if(form, is_it); found != form.end()) {
+    if (is_ignored()) return std::nullopt;
+    if (IsReadInForm(name)) return found->value;
+  }
+  const auto query = request_.QueryString();
+  if (const auto found = std::ranges::find_if(query, is_it); found != query.end()) {
+    if (!is_ignored() && IsReadInQuery(name)) return found->value;
   }
   return std::nullopt;
 }
