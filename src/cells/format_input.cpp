@@ -17,8 +17,9 @@ FormatInput::FormatInput(state::Render& render, platform::Field& field) : render
 /// Takes a value directly when its text would spell the same value: a date, a whole number or a boolean. A
 /// failure is left to GetStdDbFieldStringRaw(), which reports it.
 bool FormatInput::TakeDirectly() {
-  const bool is_date = platform::IsDateFieldType(field_.Type());
-  if (!is_date && !platform::IsNumericFieldType(field_.Type())) return false;
+  const platform::TypeCode type = field_.Type();
+  const bool is_date = platform::IsDateFieldType(type);
+  if (!is_date && !platform::IsNumericFieldType(type)) return false;
   try {
     value_ = field_.Value();
     if (!is_date) {
