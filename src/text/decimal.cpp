@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 #include "text/ascii.h"
 #include "text/white_space.h"
@@ -41,17 +42,21 @@ std::optional<int> TakeExponent(std::string_view& rest) {
 }
 
 std::optional<DecimalParts> SplitDecimal(std::string_view text) {
-  DecimalParts parts;
-  parts.is_negative = TakeSign(text);
-  parts.whole = TakeDigits(text);
+  std::optional<DecimalParts> parts(std::in_place);
+  parts->is_negative = TakeSign(text);
+  parts->whole = TakeDigits(text);
   if (text.starts_with('.')) {
     text.remove_prefix(1);
-    parts.fraction = TakeDigits(text);
+    parts->fraction = TakeDigits(text);
   }
-  parts.has_exponent = !text.empty();
-  const auto exponent = TakeExponent(text);
-  if ((parts.whole.empty() && parts.fraction.empty()) || !exponent || !text.empty()) return std::nullopt;
-  parts.exponent = *exponent;
+  bool is_number = !parts->whole.empty() || !parts->fraction.empty();
+  if (!text.empty()) {
+    const auto exponent = TakeExponent(text);
+    is_number = is_number && exponent && text.empty();
+    parts->has_exponent = true;
+    parts->exponent = exponent.value_or(0);
+  }
+  if (!is_number) parts.reset();
   return parts;
 }
 
