@@ -36,7 +36,7 @@ class FormatInput {
   const platform::ValueFormatting& Regional() const { return render_.Regional(); }
 
  private:
-  bool TakeDirectly();
+  [[gnu::always_inline]] inline bool TakeDirectly();
 
   state::Render& render_;
   platform::Field& field_;
