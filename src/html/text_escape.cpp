@@ -176,6 +176,17 @@ bool IsShortAndPlain(std::string_view text) {
   return !HasHighBits(MarkupOf(block) | block);
 }
 
+/// Whether a text that is not longer than a block has nothing but plain ASCII and characters of two bytes, as
+/// most names of Europe that are not plain have.
+bool IsShortAndOfTwoBytes(std::string_view text) {
+  const Block block = BlockAt(text, 0);
+  const auto leads = static_cast<Block>((block & 0xE0) == 0xC0);
+  const auto tails = static_cast<Block>((block & 0xC0) == 0x80);
+  const Block others = static_cast<Block>((block & 0xE0) == 0xE0) |
+                       static_cast<Block>((block & 0xFE) == 0xC0) | (tails ^ Behind(leads)) | MarkupOf(block);
+  return !HasHighBits(others) && leads[kBlockBytes - 1] == 0;
+}
+
 /// Appends a text whose start is to be replaced.
 void AppendReplaced(std::string& to, std::string_view text) {
   while (!text.empty()) {
@@ -235,18 +246,23 @@ namespace {
   return to;
 }
 
-/// Escaped() of texts that are long, or have more than plain ASCII: apart, so that it costs the others
-/// nothing.
+// Escaped() of texts that are long, or have more than plain ASCII: apart, so that they cost the others
+// nothing.
+
 [[gnu::noinline]] std::string_view LongEscaped(std::string_view text, std::string& to) {
   const std::size_t plain = PlainBytes(text);
   return plain == text.size() ? text : EscapedBehind(text, plain, to);
+}
+
+[[gnu::noinline]] std::string_view ShortEscaped(std::string_view text, std::string& to) {
+  return IsShortAndOfTwoBytes(text) ? text : LongEscaped(text, to);
 }
 
 }  // namespace
 
 std::string_view Escaped(std::string_view text, std::string& to) {
   if (text.size() > kBlockBytes) return LongEscaped(text, to);
-  return IsShortAndPlain(text) ? text : LongEscaped(text, to);
+  return IsShortAndPlain(text) ? text : ShortEscaped(text, to);
 }
 
 void AppendEscaped(std::string& to, std::string_view text) {
