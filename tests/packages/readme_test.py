@@ -1,6 +1,5 @@
 #!/usr/bin/env python3
-"""What README.md tells to type for the packages and for the library, typed on a bare system of SUITE in a fresh copy of the
-sources.
+"""The three ways in that README.md tells, typed as they stand there on a bare system of SUITE, in a fresh copy of the sources.
 
 usage: readme_test.py SUITE [FOLDER] [TEST...]      as debian_test.py
 """
@@ -22,9 +21,9 @@ QUICK_COMPILER = "/usr/local/bin/quick-c++"
 WITHOUT_OPTIMISATION = '#!/bin/sh\nexec /usr/bin/c++ "$@" -O0\n'
 
 
-def commands(heading):
-    """The first shell commands of README.md below the heading and above the next one."""
-    text = (ROOT / "README.md").read_text(encoding="utf-8")
+def commands(path, heading):
+    """The first shell commands below the heading and above the next one."""
+    text = (ROOT / path).read_text(encoding="utf-8")
     [found] = re.findall(rf"^#+ {re.escape(heading)}\n(?:(?!#|```).*\n)*```sh\n((?:(?!```).*\n)*)", text, re.MULTILINE)
     return found
 
@@ -42,7 +41,9 @@ class WaysIn(DebianSystems):
             root.inside(QUICK_COMPILER).write_text(WITHOUT_OPTIMISATION)
             root.inside(QUICK_COMPILER).chmod(0o755)
             environment.append(f"CXX={QUICK_COMPILER}")
-        root.run("env", f"--chdir={SOURCES}", *environment, "sh", "-ec", told)
+        # "-e" does not end a shell when a part before "&&" fails.
+        lines = " || exit\n".join(told.splitlines())
+        root.run("env", f"--chdir={SOURCES}", *environment, "sh", "-ec", lines)
         return root
 
     def assert_serves(self, root):
@@ -51,10 +52,15 @@ class WaysIn(DebianSystems):
         self.assertNotIn("Warning", page)
 
     def test_debian_packages(self):
-        self.assert_serves(self.follow(commands("PHP on Debian 12 and 13: packages")))
+        self.assert_serves(self.follow(commands("README.md", "PHP on Debian 12 and 13: packages")))
+
+    def test_phps_own_tools(self):
+        whole = commands("docs/php.md", "With PHP's own tools")
+        self.assertIn(commands("README.md", "PHP elsewhere: phpize, or PIE"), whole)
+        self.assert_serves(self.follow(whole))
 
     def test_the_library(self):
-        root = self.follow(commands("C++ programs: the library"))
+        root = self.follow(commands("README.md", "C++ programs: the library"))
         shutil.copytree(ROOT / "tests/install", root.inside("/root/install"))
         root.run("sh", "-ec", """cd /root/install/find_package; cmake -G Ninja -B /root/found .; cmake --build /root/found
             cd /root/install; c++ shop.cpp -o /root/asked $(pkg-config --cflags --libs dralo)""")
