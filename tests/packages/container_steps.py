@@ -1,41 +1,52 @@
-"""The steps of a container's last stage, carried out in a system in a folder, where there is no registry of images."""
+"""The steps of a container's build file, carried out in systems in folders, where there is no registry of images."""
 
 import re
 import shutil
 
 
-def last_stage(text):
-    """Its instructions as pairs such as ("RUN", "apt-get update")."""
-    stage = text[text.rindex("\nFROM "):].replace("\\\n", " ")
-    return [tuple(line.split(" ", 1)) for line in stage.splitlines()[2:] if line and not line.startswith("#")]
+def stages(text):
+    """For each stage the image it begins with, its name or "", and its instructions, as pairs such as ("RUN", "apt-get update")."""
+    lines = [line for line in text.replace("\\\n", " ").splitlines() if line and not line.startswith("#")]
+    found = []
+    for instruction, argument in (line.split(" ", 1) for line in lines):
+        if instruction == "FROM":
+            image, _, name = argument.partition(" AS ")
+            found.append((image, name, []))
+        else:
+            found[-1][2].append((instruction, argument))
+    return found
 
 
-class ContainerSteps:
-    """`made` maps the paths of the stages before to files or folders that hold the same."""
+class Stage:
+    """Carries out its steps in `root`. `project` is the folder that is sent along, `others` the roots of the stages before."""
 
-    def __init__(self, root, project, made):
+    def __init__(self, root, project, others):
         self.root = root
         self.project = project
-        self.made = made
+        self.others = others
+        self.folder = "/"
         self.user = "root"
+        self.port = None
         self.command = None
 
-    def carry_out(self, text):
-        for instruction, argument in last_stage(text):
+    def carry_out(self, steps):
+        for instruction, argument in steps:
             getattr(self, f"do_{instruction.lower()}")(argument)
 
     def do_run(self, argument):
-        self.root.run("sh", "-ec", argument)
+        self.root.run("env", f"--chdir={self.folder}", "sh", "-ec", argument)
 
     def do_copy(self, argument):
-        options, (source, target) = re.findall(r"--(\w+)=(\S+)", argument), argument.split()[-2:]
-        options = dict(options)
-        source = self.made[source] if "from" in options else self.project / source
+        options, (source, target) = dict(re.findall(r"--(\w+)=(\S+)", argument)), argument.split()[-2:]
+        source = self.others[options["from"]].inside(source) if "from" in options else self.project / source
         there = self.root.inside(target)
         there.parent.mkdir(parents=True, exist_ok=True)
         (shutil.copytree if source.is_dir() else shutil.copy)(source, there)
         if "chown" in options:
             self.root.run("chown", "-R", options["chown"], target)
+
+    def do_workdir(self, argument):
+        self.folder = argument
 
     def do_user(self, argument):
         self.user = argument

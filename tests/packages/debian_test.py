@@ -12,12 +12,7 @@ import subprocess
 import sys
 import urllib.request
 
-from container_steps import ContainerSteps
 from debian_systems import ROOT, VERSION, DebianBuilders, run
-
-sys.path.append(str(ROOT / "tests/pages"))
-
-from fastcgi import Request  # noqa: E402
 
 PAGE = "/root/page.php"
 OLDER, NEWER = f"{VERSION}-1", f"{VERSION}-2"
@@ -146,41 +141,6 @@ class Packages(DebianBuilders):
 
         root.run("dpkg", "--purge", "dralo-serve", "libdralo1")
         self.assertEqual(self.files_of_dralo(root), before)
-
-    def test_the_container_serves_the_example_site(self):
-        steps = (ROOT / "deploy/oci/Containerfile").read_text()
-        if f"/debian:{self.suite}\n" not in steps:
-            self.skipTest("the container is of another release of Debian")
-        packages = self.folder / "packages"
-        packages.mkdir()
-        patterns = re.findall(r"\.\./(\S+\.deb)", steps)
-        for path in self.debs:
-            if any(path.match(pattern) for pattern in patterns):
-                shutil.copy(path, packages)
-        shop = self.folder / "shop.db"
-        subprocess.run([ROOT / "site/data/make_shop.py", shop], stdout=subprocess.DEVNULL, check=True)
-        root = self.bare.copy(self.folder / "container")
-        container = ContainerSteps(root, ROOT, {"/packages": packages, "/build/shop.db": shop})
-        self.addCleanup(root.remove)
-        container.carry_out(steps)
-        self.assertEqual(container.user, "www-data")
-        self.assertIn(b'id="drl1row_1"', self.page_of(container))
-
-    def page_of(self, container):
-        settings = container.root.inside("/etc/dralo/php-fpm.conf")
-        settings.write_text(settings.read_text().replace(f"listen = {container.port}\n", "listen = /tmp/pages.sock\n"))
-        server, output = container.root.start(container.user, container.command)
-        self.addCleanup(self.end, server, output)
-        said = ""
-        while "ready to handle connections" not in said:
-            line = output.readline()
-            self.assertTrue(line, said)
-            said += line
-        page = {"SCRIPT_FILENAME": b"/srv/dralo/site/customers.php", "SCRIPT_NAME": b"/customers.php", "REQUEST_METHOD": b"GET",
-                "REQUEST_URI": b"/customers.php"}
-        request = Request(str(container.root.inside("/tmp/pages.sock")), page)
-        self.addCleanup(request.leave)
-        return request.read()
 
     @staticmethod
     def end(server, output):
