@@ -9,9 +9,8 @@
 #include <system_error>
 
 #include "database/interruption.h"
+#include "database/message_line.h"
 #include "platform/statement_clock.h"
-#include "text/ascii.h"
-#include "text/white_space.h"
 
 namespace dralo::database::mariadb {
 
@@ -42,12 +41,6 @@ constexpr unsigned kKeptWaiting = 1205;
 
 /// Wrong users, passwords and databases are wrong on every host; trying all of them could lock the user out.
 constexpr int kRefusals[] = {1044, 1045, 1049, 1698};
-
-std::string OneLine(std::string_view message) {
-  std::string line;
-  for (const char c : text::TrimAsciiSpace(message)) line += text::IsAsciiSpace(c) ? ' ' : c;
-  return line;
-}
 
 /// Where the system has the certificates that it trusts; nullptr when it is not known. Without it libraries
 /// from 3.4 on also take a server of an unknown authority that proves to know the password.
@@ -203,7 +196,7 @@ Error Link::LastError(std::string_view text) {
 Error Link::MakeError(unsigned number, const char* state, const char* message, std::string_view text) {
   is_dead_ |= std::ranges::find(kLost, number) != std::end(kLost);
   is_transaction_in_doubt_ |= IsInTransaction();
-  std::string line = OneLine(message);
+  std::string line = MessageLine(message);
   std::string sqlstate = state;
   if (is_dead_) sqlstate = "08S01";  // Not all failures of connections say so themselves.
   if (is_connecting_ && sqlstate == "HY000") sqlstate = "08001";

@@ -5,9 +5,9 @@
 
 #include <array>
 
+#include "database/message_line.h"
 #include "database/odbc/wide_text.h"
 #include "text/ascii.h"
-#include "text/white_space.h"
 
 namespace dralo::database::odbc {
 
@@ -18,20 +18,11 @@ using platform::Error;
 constexpr std::string_view kNoise[] = {"Error while executing the query", "ERROR: ", "FATAL: "};
 
 /// Without the names of the layers in brackets at its front, and on one line.
-std::string Cleaned(std::string text) {
-  for (char& c : text) {
-    if (text::IsAsciiSpace(c)) c = ' ';
-  }
-  while (!text.empty() && text.front() == '[' && text.find(']') != text.npos)
-    text.erase(0, text.find(']') + 1);
-  for (const std::string_view noise : kNoise) {
-    for (auto at = text.find(noise); at != text.npos; at = text.find(noise)) text.erase(at, noise.size());
-  }
-  std::string_view rest = text::TrimAsciiSpace(text);
-  while (!rest.empty() && (rest.back() == ';' || rest.back() == '.' || text::IsAsciiSpace(rest.back()))) {
-    rest.remove_suffix(1);
-  }
-  return std::string(rest);
+std::string Cleaned(std::string_view text) {
+  while (text.starts_with('[') && text.find(']') != text.npos) text.remove_prefix(text.find(']') + 1);
+  std::string line = MessageLine(text, kNoise);
+  while (!line.empty() && (line.back() == ';' || line.back() == '.' || line.back() == ' ')) line.pop_back();
+  return line;
 }
 
 struct Record {

@@ -1,7 +1,6 @@
 #include "database/postgresql/error.h"
 
-#include "text/ascii.h"
-#include "text/white_space.h"
+#include "database/message_line.h"
 
 namespace dralo::database::postgresql {
 
@@ -18,20 +17,7 @@ Error WithState(std::string message, const std::string& state, std::string_view 
 
 }  // namespace
 
-std::string OneLine(std::string_view message) {
-  std::string line;
-  for (const char c : text::TrimAsciiSpace(message)) {
-    if (!text::IsAsciiSpace(c)) {
-      line += c;
-    } else if (!line.ends_with(' ')) {
-      line += ' ';
-    }
-  }
-  for (const std::string_view noise : kNoise) {
-    for (auto at = line.find(noise); at != line.npos; at = line.find(noise)) line.erase(at, noise.size());
-  }
-  return line;
-}
+std::string OneLine(std::string_view message) { return MessageLine(message, kNoise); }
 
 Error ErrorOf(const PGresult* result, std::string_view statement) {
   const Libpq& libpq = Libpq::Get();
