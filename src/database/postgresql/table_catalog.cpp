@@ -13,7 +13,7 @@ constexpr std::string_view kColumns =
     "SELECT a.attrelid, n.nspname, c.relname, a.attnum, a.attname, a.attnotnull, (a.attidentity <> '' OR "
     "coalesce(pg_catalog.pg_get_expr(d.adbin, d.adrelid) LIKE '%nextval(%', false)) AND NOT EXISTS "
     "(SELECT 1 FROM pg_catalog.pg_rewrite r WHERE r.ev_class = c.oid AND r.ev_type = '3'), "
-    "c.relkind = 'r' "
+    "c.relkind = 'r' AND NOT c.relrowsecurity "
     "FROM pg_catalog.pg_attribute a "
     "JOIN pg_catalog.pg_class c ON c.oid = a.attrelid "
     "JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "

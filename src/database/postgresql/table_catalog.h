@@ -18,7 +18,10 @@ struct KnownTable {
 
   std::string schema;
   std::string name;
-  bool has_own_rows = false;           ///< It is no view, nor divided into partitions or kept elsewhere.
+
+  /// It is no view, nor divided into partitions or kept elsewhere, and no policy chooses among its rows.
+  bool has_own_rows = false;
+
   std::map<int, TableColumn> columns;  ///< By their numbers.
 };
 
