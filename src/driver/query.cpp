@@ -68,9 +68,10 @@ void OpenCommand(Recordset& recordset, const settings::Settings& settings, Curso
   recordset.Open(bound, cursor, lock);
 }
 
-std::int64_t PageRecordLimit(const state::Render& render) {
-  const std::int64_t page_end = std::int64_t{render.view.current_record} + render.view.page_size;
-  return std::max<std::int64_t>(std::min<std::int64_t>(page_end, render.settings.RecordsMaxLimit), 1);
+std::int64_t PageRecordLimit(const state::Render& render, bool is_counted) {
+  const std::int64_t behind_page = std::int64_t{render.view.current_record} + render.view.page_size;
+  const std::int64_t last = is_counted ? behind_page - 1 : behind_page;
+  return std::max<std::int64_t>(std::min<std::int64_t>(last, render.settings.RecordsMaxLimit), 1);
 }
 
 std::shared_ptr<Recordset> OpenMainRecordset(const state::Render& render, const std::string& sql,

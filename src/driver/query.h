@@ -25,9 +25,9 @@ std::string OrderedSql(const state::ViewState& view, std::string sql);
 void OpenCommand(platform::Recordset& recordset, const settings::Settings& settings,
                  platform::CursorType cursor, platform::LockType lock);
 
-/// The most records that are fetched for a page: up to its end and one more, which tells whether there is a
-/// next page.
-std::int64_t PageRecordLimit(const state::Render& render);
+/// The most records that are fetched for a page: up to its end and, unless they are counted, one more, which
+/// tells whether there is a next page.
+std::int64_t PageRecordLimit(const state::Render& render, bool is_counted);
 
 /// A closed recordset.
 std::shared_ptr<platform::Recordset> NewRecordset(platform::Environment& environment);

@@ -61,7 +61,7 @@ std::shared_ptr<Recordset> OpenOneRecord(const Render& render, const std::string
 /// When the current record lies after the last one, the page is opened once more, at its end.
 void OpenCounted(Render& render, ShownRecords& records) {
   records.main = NewRecordset(render.environment);
-  records.main->SetMaxRecords(PageRecordLimit(render));
+  records.main->SetMaxRecords(PageRecordLimit(render, true));
   const auto& parameters = render.settings.SqlParameters;
   records.main->SetCounting(RecordCountStatement(render.view.sql), parameters);
   settings::OpenWithParameters(*records.main, render.settings, records.sql, parameters);
@@ -71,7 +71,7 @@ void OpenCounted(Render& render, ShownRecords& records) {
   records.counting = Counting::kNone;
   if (render.view.current_record <= std::max(render.outcome.record_count, 1)) return;
   records.main->Close();
-  records.main = OpenMainRecordset(render, records.sql, parameters, PageRecordLimit(render));
+  records.main = OpenMainRecordset(render, records.sql, parameters, PageRecordLimit(render, true));
   MoveToCurrentRecord(render, *records.main);
 }
 
@@ -82,7 +82,8 @@ void OpenAtCurrentRecord(Render& render, const std::string& statement, settings:
   const bool last = render.keys.WasPressed(key::kLast);
   records.sql = IsText(settings) ? OrderedSql(render.view, statement) : StatementText(render);
   if (records.counting == Counting::kWanted) return OpenCounted(render, records);
-  records.main = OpenMainRecordset(render, records.sql, parameters, last ? 0 : PageRecordLimit(render));
+  records.main =
+      OpenMainRecordset(render, records.sql, parameters, last ? 0 : PageRecordLimit(render, false));
   MoveToCurrentRecord(render, *records.main);
   if (render.view.mode == state::Mode::kFormEdit) records.main->TakeTypesOfRow();
 }
