@@ -21,6 +21,9 @@ struct TableName {
 struct Table {
   TableName name;
   bool is_view = false;
+  /// Its records are in the database itself, so that they change only when the database does. A view may call
+  /// functions of the time or of chance, a virtual table may read anything.
+  bool is_stored = false;
 };
 
 /// Shared by all who show the tables at the same time; never nullptr.

@@ -47,6 +47,13 @@ void Resolve(std::optional<Reference>& reference, const std::vector<Table>& tabl
   }
 }
 
+/// Whether all references, which are resolved, are to stored tables.
+bool ReferToStored(const std::vector<Column>& columns, const std::vector<Table>& tables) {
+  return std::ranges::all_of(columns, [&](const Column& column) {
+    return !column.reference || std::ranges::find(tables, column.reference->table, &Table::name)->is_stored;
+  });
+}
+
 }  // namespace
 
 Schema::Schema(dralo::Environment& environment, const Options& options)
@@ -84,7 +91,10 @@ std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
   if (columns.empty()) return nullptr;
   for (Column& column : columns) Resolve(column.reference, *snapshot.tables);
   const auto columns_of = [&](const TableName& other) { return catalogue.Columns(rows, other); };
-  plan = std::make_shared<TablePlan>(MakePlan(*table, std::move(columns), columns_of, catalogue));
+  const bool is_stored = table->is_stored && ReferToStored(columns, *snapshot.tables);
+  TablePlan made = MakePlan(*table, std::move(columns), columns_of, catalogue);
+  made.is_stored = is_stored;
+  plan = std::make_shared<const TablePlan>(std::move(made));
   return plan;
 }
 

@@ -13,7 +13,8 @@ class Sqlite final : public Catalogue {
 
   std::vector<Table> Tables(Rows& rows) const override {
     std::vector<Table> tables;
-    for (const TextRow& row : NamesAndTypes(rows)) tables.push_back({{"", row[0]}, row[1] == "view"});
+    for (const TextRow& row : NamesAndTypes(rows))
+      tables.push_back({{"", row[0]}, row[1] == "view", row[2] == "1"});
     return tables;
   }
 
@@ -35,17 +36,18 @@ class Sqlite final : public Catalogue {
   }
 
  private:
-  /// Without those in which virtual tables keep what they need; SQLite before 3.37 does not tell them.
+  /// Also whether the table is an ordinary one. Without those in which virtual tables keep what they need.
+  /// SQLite before 3.37 does not tell either.
   static std::vector<TextRow> NamesAndTypes(Rows& rows) {
     const std::string all =
-        "SELECT name, type FROM sqlite_schema WHERE type IN ('table', 'view') "
-        "AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'";
+        " FROM sqlite_schema WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'";
     const std::string order = " ORDER BY lower(name)";
+    const std::string of_type = "(SELECT name FROM pragma_table_list WHERE schema = 'main' AND type = ";
     try {
-      return rows.Query(all + " AND name NOT IN (SELECT name FROM pragma_table_list WHERE type = 'shadow')" +
-                        order);
+      return rows.Query("SELECT name, type, name IN " + of_type + "'table')" + all + " AND name NOT IN " +
+                        of_type + "'shadow')" + order);
     } catch (const dralo::Error&) {
-      return rows.Query(all + order);
+      return rows.Query("SELECT name, type, 0" + all + order);
     }
   }
 

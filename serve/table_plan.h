@@ -33,6 +33,9 @@ struct TablePlan {
   std::vector<std::pair<int, std::string>> templates;  ///< By the number of the column.
   std::vector<Lookup> lookups;
 
+  /// Whether all that the page shows is in stored tables, those of references too.
+  bool is_stored = false;
+
   bool HasKey() const { return !keys.empty(); }
 };
 
