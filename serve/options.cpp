@@ -124,6 +124,8 @@ Options ParseOptions(std::span<const char* const> words) {
 
 std::string HelpText() { return std::string(kHelp); }
 
+bool IsFile(const Options& options) { return !IsConnectionString(options.database); }
+
 std::string ConnectionString(const Options& options) {
   if (IsConnectionString(options.database)) return options.database;
   const std::string file = std::filesystem::absolute(options.database).string();

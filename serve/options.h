@@ -32,6 +32,9 @@ Options ParseOptions(std::span<const char* const> words);
 /// What --help prints.
 std::string HelpText();
 
+/// Whether the database is an SQLite file that is named, not a connection string.
+bool IsFile(const Options& options);
+
 /// The connection string for `options`: a file is SQLite, opened read-only unless it is to be edited.
 std::string ConnectionString(const Options& options);
 
