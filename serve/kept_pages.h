@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <unordered_map>
+
+#include "answer.h"
+#include "catalogue.h"
+#include "database_watch.h"
+
+namespace serve {
+
+/// Pages that can be sent again while nothing has changed that they show. Several threads may use it.
+class KeptPages {
+ public:
+  static constexpr std::size_t kMostPages = 100;
+  static constexpr std::size_t kMostBytes = 8 * 1024 * 1024;  ///< Of all pages together.
+  static constexpr std::size_t kLongestPage = 256 * 1024;
+
+  /// The page for the same request, all of it that pages depend on; nullptr when none was kept since the
+  /// latest change of the database, and beside the same list of tables.
+  std::shared_ptr<const Answer> Find(const TableList& tables, const Sighting& now,
+                                     const std::string& request);
+
+  /// Keeps a copy of a page that was begun after the list of tables was read and after the look `before`.
+  /// When there is no room for it, the others are dropped.
+  void Keep(const TableList& tables, const Sighting& before, const std::string& request, const Answer& page);
+
+ private:
+  struct Kept {
+    std::uint64_t begun_at;  ///< Or later.
+    std::shared_ptr<const Answer> page;
+  };
+  using Pages = std::unordered_map<std::string, Kept>;
+
+  std::mutex mutex_;
+  TableList tables_;  ///< Those that all pages are beside. While it is held, no other list has its address.
+  Pages pages_;
+  std::size_t bytes_ = 0;
+};
+
+}  // namespace serve
