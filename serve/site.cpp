@@ -57,6 +57,17 @@ std::unique_ptr<dralo::Page> PageFor(const Request& request) {
   return page;
 }
 
+/// What a page depends on besides the database. The view reads no other headers of a GET.
+std::string AllThatIsRead(const Request& request) {
+  std::string read = request.target;
+  for (const auto& [name, value] : request.headers) {
+    const std::string lower = Lower(name);
+    if (lower == "host" || lower == "sec-fetch-site")
+      read.append("\n").append(lower).append(":").append(value);
+  }
+  return read;
+}
+
 bool IsHtml(const dralo::Page& page) { return page.ContentType().starts_with("text/html"); }
 
 Answer AssetAnswer(std::string_view name) {
@@ -77,6 +88,7 @@ Site::Site(const Options& options)
       host_names_(HostNames(options)),
       environment_("", {.hardened = true, .hosts = host_names_, .log = Log}),
       schema_(environment_, options_),
+      watch_(environment_, options_),
       users_(options.user_file.empty() ? nullptr : std::make_unique<Users>(options.user_file)) {
   RequireTables();
 }
@@ -134,12 +146,13 @@ Answer Site::ShowTable(const Request& request, std::string_view path) {
   // What is known about the table may be out of date: then a second look decides.
   for (const bool is_last : {false, true}) {
     std::string trouble;
+    const TableList tables = schema_.Tables();
     const auto plan = name ? PlanOf(*name, trouble) : nullptr;
     if (!trouble.empty()) return Failure(500, Label(*name), trouble);
     if (plan == nullptr) break;
     Outcome outcome;
-    Answer answer =
-        AsksForDownload(request) ? Download(request, plan, outcome) : Render(request, *plan, outcome);
+    Answer answer = AsksForDownload(request) ? Download(request, plan, outcome)
+                                             : RenderOrRepeat(request, *plan, tables, outcome);
     if (!outcome.message.empty()) schema_.Forget();
     if (outcome.message.empty() || is_last || request.method == "POST") return answer;
   }
@@ -147,7 +160,6 @@ Answer Site::ShowTable(const Request& request, std::string_view path) {
 }
 
 std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, std::string& trouble) {
-  schema_.Tables();
   try {
     return schema_.Plan(name);
   } catch (const dralo::Error& error) {
@@ -155,6 +167,20 @@ std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, std::string
     trouble = "This table or view cannot be read. The server's own messages tell why.";
     return nullptr;
   }
+}
+
+Answer Site::RenderOrRepeat(const Request& request, const TablePlan& plan, const TableList& tables,
+                            Outcome& outcome) {
+  const bool can_keep = plan.is_stored && !options_.can_edit && request.method == "GET";
+  // Before the page is begun: a change that comes meanwhile is seen by the next look.
+  const auto sighting = can_keep ? watch_.Look() : std::nullopt;
+  if (!sighting) return Render(request, plan, outcome);
+  const std::string asked = AllThatIsRead(request);
+  if (const auto kept = kept_pages_.Find(tables, *sighting, asked)) return *kept;
+  Answer answer = Render(request, plan, outcome);
+  if (answer.status == 200 && answer.type.starts_with("text/html") && outcome.message.empty())
+    kept_pages_.Keep(tables, *sighting, asked, answer);
+  return answer;
 }
 
 Answer Site::Render(const Request& request, const TablePlan& plan, Outcome& outcome) {

@@ -7,8 +7,10 @@
 #include <vector>
 
 #include "answer.h"
+#include "database_watch.h"
 #include "frame.h"
 #include "host_names.h"
+#include "kept_pages.h"
 #include "options.h"
 #include "page_starts.h"
 #include "schema.h"
@@ -31,6 +33,8 @@ class Site {
   Answer Start();
   Answer ShowTable(const Request& request, std::string_view path);
   std::shared_ptr<const TablePlan> PlanOf(const TableName& name, std::string& trouble);
+  Answer RenderOrRepeat(const Request& request, const TablePlan& plan, const TableList& tables,
+                        Outcome& outcome);
   Answer Render(const Request& request, const TablePlan& plan, Outcome& outcome);
   Answer Download(const Request& request, const std::shared_ptr<const TablePlan>& plan, Outcome& outcome);
   Answer Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
@@ -45,6 +49,8 @@ class Site {
   dralo::Environment environment_;
   Schema schema_;
   PageStarts starts_;
+  DatabaseWatch watch_;
+  KeptPages kept_pages_;
   std::unique_ptr<Users> users_;
 };
 
