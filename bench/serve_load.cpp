@@ -1,4 +1,5 @@
-// Asks a server for one page again and again, by several clients at once with a connection each.
+// Asks a server for one page again and again, by several clients at once with a connection each. Behind a
+// target that ends with "=" comes a number, which is another one for each request.
 //
 //     bench_serve_load PORT TARGET CLIENTS REQUESTS_EACH       prints requests a second
 #include <httplib.h>
@@ -12,13 +13,13 @@
 
 namespace {
 
-/// Whether all answers were pages.
-bool Ask(int port, const std::string& target, int requests) {
+/// Whether all answers were pages. `first` is the number of the first request.
+bool Ask(int port, const std::string& target, int first, int requests) {
   httplib::Client client("127.0.0.1", port);
   client.set_keep_alive(true);
   client.set_tcp_nodelay(true);
-  for (int i = 0; i < requests; ++i) {
-    const auto answer = client.Get(target);
+  for (int i = first; i < first + requests; ++i) {
+    const auto answer = client.Get(target.ends_with('=') ? target + std::to_string(i) : target);
     if (!answer || answer->status != 200) return false;
   }
   return true;
@@ -35,8 +36,8 @@ int main(int count, char** words) {
   {
     std::vector<std::jthread> threads;
     for (int i = 0; i < clients; ++i)
-      threads.emplace_back([&] {
-        if (!Ask(std::stoi(words[1]), words[2], requests)) is_well = false;
+      threads.emplace_back([&, first = i * requests] {
+        if (!Ask(std::stoi(words[1]), words[2], first, requests)) is_well = false;
       });
   }
   const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
