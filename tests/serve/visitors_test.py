@@ -7,6 +7,7 @@ usage: visitors_test.py PROGRAM [TEST...]
 import base64
 import concurrent.futures
 import contextlib
+import gzip
 import http.client
 import pathlib
 import re
@@ -145,6 +146,21 @@ class Visitors(ServeTest):
             for parts in ("0-4", "9999999-", ",".join(["0-"] * 1000)):
                 answer, page = server.get(address, {"Range": f"bytes={parts}"})
                 self.assertEqual((parts[:9], answer.status, page == whole), (parts[:9], 200, True))
+
+    def test_compresses_pages_for_those_who_take_it(self):
+        server = self.serve()
+        for address in ("/", "/table/Goods", "/assets/dralo.css"):
+            _, page = server.get(address)
+            for taken, given in (("gzip, deflate, br, zstd", "gzip"), ("br;q=1.0, gzip;q=0.8", "gzip"), ("gzip", "gzip"),
+                                 ("br", None), ("deflate", None), ("identity", None), ("", None)):
+                with self.subTest(address=address, taken=taken):
+                    connection = http.client.HTTPConnection("127.0.0.1", server.port, timeout=60)
+                    with contextlib.closing(connection):
+                        connection.request("GET", address, headers={"Accept-Encoding": taken})
+                        answer = connection.getresponse()
+                        body = answer.read()
+                        self.assertEqual(answer.headers["Content-Encoding"], given)
+                        self.assertEqual((gzip.decompress(body) if given else body).decode(), page)
 
     def test_refuses_other_methods(self):
         server = self.serve()
