@@ -41,6 +41,10 @@ HtmlWriter& HtmlWriter::Write(Encoded value) {
 }
 
 HtmlWriter& HtmlWriter::Write(Text value) {
+  if (RoomForEscaped(value.text.size()) <= capacity_ - used_) {
+    used_ = static_cast<std::size_t>(Copy(buffer_.get() + used_, value) - buffer_.get());
+    return *this;
+  }
   std::string_view rest = value.text;
   for (;;) {
     const std::size_t plain = PlainBytes(rest);

@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "dralo/response.h"
+#include "html/escaped_copy.h"
 
 namespace dralo::html {
 
@@ -160,12 +161,14 @@ class HtmlWriter {
  private:
   static constexpr std::size_t kMostDigits = 24;
 
-  /// Whether a slot's value is copied as it is, or is a number, so that its room is known beforehand.
+  /// Whether the room that a slot's value needs is known beforehand.
   template <class T>
-  static constexpr bool IsCopied = Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined>;
+  static constexpr bool IsCopied =
+      Number<T> || std::is_same_v<T, Verbatim> || std::is_same_v<T, Joined> || std::is_same_v<T, Text>;
 
   static std::size_t MostBytes(Verbatim value) { return value.text.size(); }
   static std::size_t MostBytes(Joined value) { return value.first.size() + value.second.size(); }
+  static constexpr std::size_t MostBytes(Text value) { return RoomForEscaped(value.text.size()); }
   static constexpr std::size_t MostBytes(Number auto /*number*/) { return kMostDigits; }
 
   /// For what fits into the buffer: its room is checked once, and its end is kept in a register.
@@ -196,6 +199,7 @@ class HtmlWriter {
 
   static char* Copy(char* to, Verbatim value) { return Copy(to, value.text); }
   static char* Copy(char* to, Joined value) { return Copy(Copy(to, value.first), value.second); }
+  static char* Copy(char* to, Text value) { return CopyEscaped(to, value.text); }
   static char* Copy(char* to, Number auto number) { return std::to_chars(to, to + kMostDigits, number).ptr; }
 
   /// Most pieces are so short that a call of memcpy() costs more than the copy: up to 64 bytes are copied as

@@ -12,6 +12,29 @@ struct Escape {
   std::string_view by;  ///< A constant.
 };
 
+/// What is written for bytes that are no text: U+FFFD.
+inline constexpr std::string_view kReplacementText = "\xEF\xBF\xBD";
+
+/// What is written for a character of ASCII; empty when it stays as it is.
+constexpr std::string_view EscapeOf(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&#39;";
+    case '\0':
+      return kReplacementText;
+    default:
+      return {};
+  }
+}
+
 /// How many bytes at the start of `text` can be written as they are into a page's text and into attributes
 /// between quotes: all UTF-8 but "&", "<", ">", both quotes and NUL.
 std::size_t PlainBytes(std::string_view text);

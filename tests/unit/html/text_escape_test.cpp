@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "html/html_writer.h"
-#include "text/utf8.h"
+#include "unit/html/escaped_one_by_one.h"
 
 namespace dralo::tests {
 namespace {
@@ -53,23 +53,6 @@ TEST(TextEscape, PutsAReplacementCharacterForNulAndForWhatIsNoUtf8) {
   EXPECT_EQ(EscapedText("\xC3\"\xA9"), "\xEF\xBF\xBD&quot;\xEF\xBF\xBD");
 }
 
-std::string Replacement(char c) {
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '"':
-      return "&quot;";
-    case '\'':
-      return "&#39;";
-    default:
-      return c > 0 ? std::string(1, c) : "\xEF\xBF\xBD";
-  }
-}
-
 TEST(TextEscape, FindsEveryByteWhereverItStands) {
   for (int byte = 0; byte < 256; ++byte) {
     const char c = static_cast<char>(byte);
@@ -83,20 +66,6 @@ TEST(TextEscape, FindsEveryByteWhereverItStands) {
       }
     }
   }
-}
-
-/// The same, one character after the other.
-std::string EscapedOneByOne(std::string_view text) {
-  std::string escaped;
-  while (!text.empty()) {
-    const text::Decoded first = text::DecodeFirst(text);
-    const bool is_kept = first.character && (*first.character >= 0x80 || Replacement(text[0]).size() == 1);
-    escaped += is_kept           ? text.substr(0, first.bytes)
-               : first.character ? Replacement(text[0])
-                                 : "\xEF\xBF\xBD";
-    text.remove_prefix(first.bytes);
-  }
-  return escaped;
 }
 
 TEST(TextEscape, TakesCharactersOfSeveralBytesAndBrokenOnesWhereverTheyStand) {
