@@ -66,20 +66,18 @@ class Template {
     }
     if (slots != sizeof...(Slots)) throw "fewer {} slots than arguments";
     pieces_[slots] = rest;
+    for (const std::string_view piece : pieces_) text_bytes_ += piece.size();
   }
 
   /// The literal text before slot `index`; for the number of slots, the text after the last one.
   constexpr std::string_view Piece(std::size_t index) const { return pieces_[index]; }
 
   /// How long the literal text is, without the slots.
-  constexpr std::size_t TextBytes() const {
-    std::size_t bytes = 0;
-    for (const std::string_view piece : pieces_) bytes += piece.size();
-    return bytes;
-  }
+  constexpr std::size_t TextBytes() const { return text_bytes_; }
 
  private:
   std::array<std::string_view, sizeof...(Slots) + 1> pieces_;
+  std::size_t text_bytes_ = 0;
 };
 
 /// Appends HTML to one buffer and passes it to a response in pieces, or keeps it as a text. Literals are kept
