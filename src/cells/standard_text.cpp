@@ -13,8 +13,6 @@
 namespace dralo::cells {
 namespace {
 
-constexpr std::string_view kBlankCell = "&nbsp;";
-
 /// The value as a date. One that the database layer could not read as a date may still spell one in the
 /// locale's form.
 std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
@@ -137,6 +135,17 @@ std::string_view GetStdDbFieldString(state::Render& render, platform::Field& fie
     return limited ? LimitedMemo(render, whole, form) : InForm(render, whole, form);
   });
   return text::IsBlank(text) ? kBlankCell : text;
+}
+
+bool IsShownWhole(const settings::Settings& settings, platform::FieldKind kind) {
+  return !IsNumeric(kind) && (kind != platform::FieldKind::kMemo || settings.MemoFieldLimit < 0);
+}
+
+std::string_view ShownValue(state::Render& render, platform::Field& field, platform::FieldKind kind) {
+  const std::string_view value = GuardedText(render, field, "GetStdDbFieldString", [&] {
+    return WholeText(render.Regional(), field, kind, render.scratch);
+  });
+  return text::IsBlank(value) ? std::string_view() : value;
 }
 
 std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field) {

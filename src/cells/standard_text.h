@@ -5,6 +5,7 @@
 #include "cells/value_form.h"
 #include "dralo/field.h"
 #include "platform/field_kind.h"
+#include "settings/settings.h"
 #include "state/render.h"
 
 namespace dralo::cells {
@@ -19,6 +20,17 @@ std::string_view GetStdDbFieldString(state::Render& render, platform::Field& fie
 /// The same for a field whose kind is known: that of its type.
 std::string_view GetStdDbFieldString(state::Render& render, platform::Field& field, platform::FieldKind kind,
                                      ValueForm form);
+
+/// Whether the escaped cells of such fields are their values and nothing else, so that a writer can escape
+/// them while it copies them: see ShownValue(). Numbers have no markup, and cut memos an ending.
+bool IsShownWhole(const settings::Settings& settings, platform::FieldKind kind);
+
+/// The value that GetStdDbFieldString() escapes, for a field of which IsShownWhole() is true; "" where that
+/// shows "&nbsp;". Valid as long.
+std::string_view ShownValue(state::Render& render, platform::Field& field, platform::FieldKind kind);
+
+/// What stands for a value that is empty or blank.
+inline constexpr std::string_view kBlankCell = "&nbsp;";
 
 /// The same text without anything added for HTML: memos in full, and "" for what is empty.
 std::string_view GetStdDbFieldStringRaw(state::Render& render, platform::Field& field);

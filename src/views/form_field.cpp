@@ -62,6 +62,7 @@ std::vector<FormField> FormFields(state::Render& render, platform::Recordset& re
     if (!settings::IsFormFieldShown(render.settings, field->Name(), number)) continue;
     FormField& added = shown.emplace_back(FormField{MakeShownColumn(render, recordset, *field, number)});
     if (!render.settings.ApplyCellFormattingToForm) added.has_format_function = false;
+    added.DecideEscaping(render.settings);
     added.row_start = RowStart(render, added);
   }
   return shown;

@@ -12,6 +12,9 @@ std::string_view ShownColumn::FormattedText(state::Render& render) {
 void ShownColumn::Put(html::HtmlWriter& out, state::Render& render, std::int32_t record) {
   if (free_format) {
     free_format->Put(out, render, record);
+  } else if (is_escaped_value) {
+    const std::string_view value = Value(render);
+    value.empty() ? out.Write(html::Verbatim{cells::kBlankCell}) : out.Write(html::Text{value});
   } else {
     out.Write(html::Verbatim{Text(render)});
   }
@@ -29,6 +32,7 @@ ShownColumn MakeShownColumn(const state::Render& render, platform::Recordset& re
   if (settings::HasColumnSetting(settings.GridFreeFormatCellByCol, number)) {
     column.free_format.emplace(render, recordset, number);
   }
+  column.DecideEscaping(settings);
   return column;
 }
 

@@ -23,6 +23,7 @@ struct ShownColumn {
   platform::FieldKind kind = platform::FieldKind::kText;  ///< Of the field's type.
   cells::ValueForm form = cells::ValueForm::kPlain;
   bool has_format_function = false;
+  bool is_escaped_value = false;                              ///< Its cells are Value() escaped, or "&nbsp;".
   std::optional<cells::FormatFunction> format_function = {};  ///< Made when the first cell needs it.
   std::optional<cells::FreeFormatCell> free_format = {};
 
@@ -31,6 +32,15 @@ struct ShownColumn {
   std::string_view Text(state::Render& render) {
     return has_format_function ? FormattedText(render)
                                : cells::GetStdDbFieldString(render, *field, kind, form);
+  }
+
+  /// The value that is_escaped_value tells of; "" where that is "&nbsp;". Valid as Text().
+  std::string_view Value(state::Render& render) { return cells::ShownValue(render, *field, kind); }
+
+  /// To be called when the form and the functions of the column are known.
+  void DecideEscaping(const settings::Settings& settings) {
+    is_escaped_value = form == cells::ValueForm::kEscaped && !has_format_function && !free_format &&
+                       cells::IsShownWhole(settings, kind);
   }
 
   /// Writes the cell's text for the current record, whose number, counted from 1, is `record`.

@@ -60,6 +60,7 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     // Also columns of HTML are escaped: a spreadsheet program would make cells of their markup.
     if (settings.Hardened) column.form = cells::ValueForm::kEscaped;
     column.has_format_function = is_formatted;
+    column.DecideEscaping(settings);
     column.heads = {CellHead(render, column, settings.TDEvenTag),
                     CellHead(render, column, settings.TDOddTag)};
   }
@@ -94,13 +95,28 @@ void PutExportedHeader(state::Render& render, std::span<const ExportedColumn> co
   render.out.Put("</tr>\r\n");
 }
 
+/// Writes the cell of a value that is to be escaped.
+void PutExportedValue(html::HtmlWriter& out, Verbatim head, std::string_view value) {
+  if (value.empty()) {
+    out.Put("{}{}</td>\r\n", head, Verbatim{cells::kBlankCell});
+  } else if (ValueBeginsFormula(value)) {
+    out.Put("{}'{}</td>\r\n", head, html::Text{value});
+  } else {
+    out.Put("{}{}</td>\r\n", head, html::Text{value});
+  }
+}
+
 void PutExportedRow(state::Render& render, std::span<ExportedColumn> columns, std::size_t parity) {
   render.out.Put("<tr>\r\n");
   for (ExportedColumn& column : columns) {
+    const Verbatim head{column.heads[parity]};
+    if (column.is_escaped_value) {
+      PutExportedValue(render.out, head, column.Value(render));
+      continue;
+    }
     const std::string_view text = column.Text(render);
-    render.out.Write(Verbatim{column.heads[parity]})
-        .PutIf(column.is_hardened && MayBeFormula(column, text), "'")
-        .Put("{}</td>\r\n", Verbatim{text});
+    const bool is_formula = column.is_hardened && MayBeFormula(column, text);
+    render.out.Put("{}{}{}</td>\r\n", head, Verbatim{is_formula ? "'" : ""}, Verbatim{text});
   }
 }
 
