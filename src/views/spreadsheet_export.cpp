@@ -27,15 +27,20 @@ using settings::Settings;
 struct ExportedColumn : ShownColumn {
   bool is_hardened = false;
   bool is_numeric = false;
-  std::array<std::string, 2> heads = {};  ///< What stands before the text of a cell, in even and in odd rows.
+
+  /// What stands before the text of a cell, in even and in odd rows: the end of the cell before and the tag.
+  std::array<std::string, 2> heads = {};
 };
 
-std::string CellHead(state::Render& render, const ExportedColumn& column, const std::string& parity_tag) {
+constexpr std::string_view kCellEnd = "</td>\r\n";
+
+std::string CellHead(state::Render& render, const ExportedColumn& column, std::string_view end_before,
+                     const std::string& parity_tag) {
   const Settings& settings = render.settings;
   const Verbatim attributes{settings::GridColAttributes(settings, column.number, render.Errors())};
   html::HtmlWriter head;
-  head.Put(R"(<td style="border:thin silver solid" {} {} {})", Verbatim{settings.TDTag}, Verbatim{parity_tag},
-           attributes)
+  head.Put(R"({}<td style="border:thin silver solid" {} {} {})", Verbatim{end_before},
+           Verbatim{settings.TDTag}, Verbatim{parity_tag}, attributes)
       .PutIf(column.is_numeric, R"( align="right" >)")
       .PutIf(!column.is_numeric, " >");
   return head.Take();
@@ -51,6 +56,7 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     if (!settings::IsGridFieldShown(settings, field->Name(), ++number)) continue;
     const bool is_formatted = settings.ApplyCellFormattingToExcel &&
                               settings::HasColumnSetting(settings.GridFormatCellFunction, number);
+    const std::string_view end_before = columns.empty() ? "" : kCellEnd;
     ExportedColumn& column = columns.emplace_back();
     column.number = number;
     column.field = field;
@@ -61,8 +67,8 @@ std::vector<ExportedColumn> Columns(state::Render& render, platform::Recordset& 
     if (settings.Hardened) column.form = cells::ValueForm::kEscaped;
     column.has_format_function = is_formatted;
     column.DecideEscaping(settings);
-    column.heads = {CellHead(render, column, settings.TDEvenTag),
-                    CellHead(render, column, settings.TDOddTag)};
+    column.heads = {CellHead(render, column, end_before, settings.TDEvenTag),
+                    CellHead(render, column, end_before, settings.TDOddTag)};
   }
   return columns;
 }
@@ -95,29 +101,32 @@ void PutExportedHeader(state::Render& render, std::span<const ExportedColumn> co
   render.out.Put("</tr>\r\n");
 }
 
-/// Writes the cell of a value that is to be escaped.
 void PutExportedValue(html::HtmlWriter& out, Verbatim head, std::string_view value) {
   if (value.empty()) {
-    out.Put("{}{}</td>\r\n", head, Verbatim{cells::kBlankCell});
+    out.Put("{}{}", head, Verbatim{cells::kBlankCell});
   } else if (ValueBeginsFormula(value)) {
-    out.Put("{}'{}</td>\r\n", head, html::Text{value});
+    out.Put("{}'{}", head, html::Text{value});
   } else {
-    out.Put("{}{}</td>\r\n", head, html::Text{value});
+    out.Put("{}{}", head, html::Text{value});
+  }
+}
+
+/// Writes a cell, whose end the next one writes.
+void PutExportedCell(state::Render& render, ExportedColumn& column, std::size_t parity) {
+  const Verbatim head{column.heads[parity]};
+  if (column.is_escaped_value) return PutExportedValue(render.out, head, column.Value(render));
+  const Verbatim text{column.Text(render)};
+  if (column.is_hardened && MayBeFormula(column, text.text)) {
+    render.out.Put("{}'{}", head, text);
+  } else {
+    render.out.Put("{}{}", head, text);
   }
 }
 
 void PutExportedRow(state::Render& render, std::span<ExportedColumn> columns, std::size_t parity) {
   render.out.Put("<tr>\r\n");
-  for (ExportedColumn& column : columns) {
-    const Verbatim head{column.heads[parity]};
-    if (column.is_escaped_value) {
-      PutExportedValue(render.out, head, column.Value(render));
-      continue;
-    }
-    const std::string_view text = column.Text(render);
-    const bool is_formula = column.is_hardened && MayBeFormula(column, text);
-    render.out.Put("{}{}{}</td>\r\n", head, Verbatim{is_formula ? "'" : ""}, Verbatim{text});
-  }
+  for (ExportedColumn& column : columns) PutExportedCell(render, column, parity);
+  render.out.PutIf(!columns.empty(), "</td>\r\n");
 }
 
 }  // namespace
