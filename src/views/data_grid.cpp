@@ -159,6 +159,19 @@ void GridRows::PutIndexCell() {
   }
 }
 
+/// Each caller is worth a copy of this function.
+template <class Slot>
+[[gnu::always_inline]] inline void GridRows::PutTextCell(const GridColumn& column, std::size_t cell,
+                                                         Slot text) {
+  const Verbatim start{cell_start_.Collected()};
+  const Verbatim head{row_heads_->Head(cell)};
+  if (column.is_unbroken) {
+    out_.Put("{}{}{}</nobr></td>\r\n", start, head, text);
+  } else {
+    out_.Put("{}{}{}</td>\r\n", start, head, text);
+  }
+}
+
 void GridRows::PutCell(GridColumn& column, std::size_t cell) {
   if (column.suppress_position > 0 && RepeatsLastValue(column)) return PutSuppressedCell(cell);
   if (column.free_format) return PutFreeFormatCell(column, cell);
@@ -191,21 +204,11 @@ void GridRows::PutLinkedCell(const GridColumn& column, std::size_t cell, std::st
   out_.Put("{}</a>{}", Verbatim{text}, Verbatim{CellEnd(column)});
 }
 
-void GridRows::PutValueCell(GridColumn& column, std::size_t cell) {
+/// Apart, so that it costs the other cells nothing.
+[[gnu::noinline]] void GridRows::PutValueCell(GridColumn& column, std::size_t cell) {
   const std::string_view value = column.Value(render_);
   if (value.empty()) return PutTextCell(column, cell, Verbatim{cells::kBlankCell});
   PutTextCell(column, cell, html::Text{value});
-}
-
-template <class Slot>
-void GridRows::PutTextCell(const GridColumn& column, std::size_t cell, Slot text) {
-  const Verbatim start{cell_start_.Collected()};
-  const Verbatim head{row_heads_->Head(cell)};
-  if (column.is_unbroken) {
-    out_.Put("{}{}{}</nobr></td>\r\n", start, head, text);
-  } else {
-    out_.Put("{}{}{}</td>\r\n", start, head, text);
-  }
 }
 
 void GridRows::PutHead(std::string_view head) {
