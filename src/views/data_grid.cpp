@@ -67,9 +67,7 @@ class GridRows {
   void PutSuppressedCell(std::size_t cell);
   void PutFreeFormatCell(GridColumn& column, std::size_t cell);
   void PutLinkedCell(const GridColumn& column, std::size_t cell, std::string_view text);
-  void PutValueCell(GridColumn& column, std::size_t cell);
-  template <class Slot>
-  void PutTextCell(const GridColumn& column, std::size_t cell, Slot text);
+  void PutTextCell(const GridColumn& column, std::size_t cell, std::string_view text);
   void PutHead(std::string_view head);
   void PutLinkStart();
   bool RepeatsLastValue(const GridColumn& column);
@@ -159,27 +157,12 @@ void GridRows::PutIndexCell() {
   }
 }
 
-/// Each caller is worth a copy of this function.
-template <class Slot>
-[[gnu::always_inline]] inline void GridRows::PutTextCell(const GridColumn& column, std::size_t cell,
-                                                         Slot text) {
-  const Verbatim start{cell_start_.Collected()};
-  const Verbatim head{row_heads_->Head(cell)};
-  if (column.is_unbroken) {
-    out_.Put("{}{}{}</nobr></td>\r\n", start, head, text);
-  } else {
-    out_.Put("{}{}{}</td>\r\n", start, head, text);
-  }
-}
-
 void GridRows::PutCell(GridColumn& column, std::size_t cell) {
   if (column.suppress_position > 0 && RepeatsLastValue(column)) return PutSuppressedCell(cell);
   if (column.free_format) return PutFreeFormatCell(column, cell);
-  const bool is_linked = column.is_linked && !column.has_format_function;
-  if (column.is_escaped_value && !is_linked) return PutValueCell(column, cell);
   const std::string_view text = column.Text(render_);
-  if (is_linked) return PutLinkedCell(column, cell, text);
-  PutTextCell(column, cell, Verbatim{text});
+  if (column.is_linked && !column.has_format_function) return PutLinkedCell(column, cell, text);
+  PutTextCell(column, cell, text);
 }
 
 void GridRows::PutSuppressedCell(std::size_t cell) {
@@ -204,11 +187,14 @@ void GridRows::PutLinkedCell(const GridColumn& column, std::size_t cell, std::st
   out_.Put("{}</a>{}", Verbatim{text}, Verbatim{CellEnd(column)});
 }
 
-/// Apart, so that it costs the other cells nothing.
-[[gnu::noinline]] void GridRows::PutValueCell(GridColumn& column, std::size_t cell) {
-  const std::string_view value = column.Value(render_);
-  if (value.empty()) return PutTextCell(column, cell, Verbatim{cells::kBlankCell});
-  PutTextCell(column, cell, html::Text{value});
+void GridRows::PutTextCell(const GridColumn& column, std::size_t cell, std::string_view text) {
+  const Verbatim start{cell_start_.Collected()};
+  const Verbatim head{row_heads_->Head(cell)};
+  if (column.is_unbroken) {
+    out_.Put("{}{}{}</nobr></td>\r\n", start, head, Verbatim{text});
+  } else {
+    out_.Put("{}{}{}</td>\r\n", start, head, Verbatim{text});
+  }
 }
 
 void GridRows::PutHead(std::string_view head) {
