@@ -93,17 +93,6 @@ inline CopyPlace CopySpecial(CopyPlace at, const char* end, Block special) {
   return at.to;
 }
 
-/// Copies a text of one to two words, which have bytes in common.
-char* CopyTwoWords(char* to, std::string_view text) {
-  const std::size_t second = text.size() - text::kWordBytes;
-  const Words words = {Loaded<text::Word>(text.data()), Loaded<text::Word>(text.data() + second)};
-  const auto block = reinterpret_cast<Block>(words);
-  if (HasHighBits(MarkupOf(block) | block)) return CopyRest({text.data(), to}, text.data() + text.size());
-  Store(to, words[0]);
-  Store(to + second, words[1]);
-  return to + text.size();
-}
-
 /// Copies the rest of a text that is not shorter than a block. Where the last block of the text has only
 /// plain ASCII, what was copied of it is the same, and is written again.
 char* CopyRestOfLong(CopyPlace at, const char* end) {
@@ -114,13 +103,10 @@ char* CopyRestOfLong(CopyPlace at, const char* end) {
   return at.to + rest;
 }
 
-}  // namespace
-
-char* CopyEscaped(char* to, std::string_view text) {
+/// CopyEscaped() of a text that is longer than a block; apart, so that the others need no frame.
+[[gnu::noinline]] char* CopyLong(char* to, std::string_view text) {
   const char* const end = text.data() + text.size();
   CopyPlace at = {text.data(), to};
-  if (text.size() < kBlockBytes)
-    return text.size() < text::kWordBytes ? CopyRest(at, end) : CopyTwoWords(to, text);
   while (BytesUntil(end, at.from) >= kBlockBytes) {
     const auto block = Loaded<Block>(at.from);
     Store(at.to, block);
@@ -133,6 +119,34 @@ char* CopyEscaped(char* to, std::string_view text) {
     }
   }
   return CopyRestOfLong(at, end);
+}
+
+/// CopyEscaped() of a text that is no longer than a block and has something else than plain ASCII.
+[[gnu::noinline]] char* CopyShort(char* to, std::string_view text) {
+  const char* const end = text.data() + text.size();
+  if (text.empty() || !IsShortAndOfTwoBytes(text)) return CopyRest({text.data(), to}, end);
+  Store(to, BlockAt(text, 0));
+  return to + text.size();
+}
+
+/// Copies a text of one to two halves, which may have bytes in common.
+template <class Half>
+char* CopyHalves(char* to, std::string_view text) {
+  const std::size_t second = text.size() - sizeof(Half);
+  const auto halves = std::array{Loaded<Half>(text.data()), Loaded<Half>(text.data() + second)};
+  Store(to, halves[0]);
+  Store(to + second, halves[1]);
+  return to + text.size();
+}
+
+}  // namespace
+
+char* CopyEscaped(char* to, std::string_view text) {
+  if (text.size() > kBlockBytes) return CopyLong(to, text);
+  if (!IsShortAndPlain(text)) return CopyShort(to, text);
+  if (text.size() >= sizeof(std::uint64_t)) return CopyHalves<std::uint64_t>(to, text);
+  if (text.size() >= sizeof(std::uint32_t)) return CopyHalves<std::uint32_t>(to, text);
+  return std::ranges::copy(text, to).out;
 }
 
 }  // namespace dralo::html

@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -115,6 +116,40 @@ inline Block BlockAt(std::string_view text, std::size_t at) {
   const text::Word letters = text::Repeated(kFiller);
   const text::Word last = last_bytes == 0 ? letters : LastWord(text, last_bytes);
   return Reordered<Block>(bytes < text::kWordBytes ? Words{last, letters} : Words{text::WordAt(start), last});
+}
+
+/// All bytes of a text that is not longer than a block, in some order, and some of them more than once.
+inline Block EveryByte(std::string_view text) {
+  const char* const end = text.data() + text.size();
+  if (text.size() >= text::kWordBytes)
+    return reinterpret_cast<Block>(Words{text::WordAt(text.data()), text::WordAt(end - text::kWordBytes)});
+  text::Word word = text::Repeated(kFiller);
+  if (text.size() >= sizeof(std::uint32_t)) {
+    std::memcpy(&word, text.data(), sizeof(std::uint32_t));
+    std::memcpy(reinterpret_cast<char*>(&word) + sizeof(std::uint32_t), end - sizeof(std::uint32_t),
+                sizeof(std::uint32_t));
+  } else if (!text.empty()) {
+    const std::array<char, 3> bytes = {text.front(), text[text.size() / 2], text.back()};
+    std::memcpy(&word, bytes.data(), bytes.size());
+  }
+  return reinterpret_cast<Block>(Words{word, word});
+}
+
+/// Whether a text that is not longer than a block is plain ASCII.
+inline bool IsShortAndPlain(std::string_view text) {
+  const Block block = EveryByte(text);
+  return !HasHighBits(MarkupOf(block) | block);
+}
+
+/// Whether a text that is not longer than a block has nothing but plain ASCII and characters of two bytes, as
+/// most names of Europe that are not plain have.
+inline bool IsShortAndOfTwoBytes(std::string_view text) {
+  const Block block = BlockAt(text, 0);
+  const auto leads = static_cast<Block>((block & 0xE0) == 0xC0);
+  const auto tails = static_cast<Block>((block & 0xC0) == 0x80);
+  const Block others = static_cast<Block>((block & 0xE0) == 0xE0) |
+                       static_cast<Block>((block & 0xFE) == 0xC0) | (tails ^ Behind(leads)) | MarkupOf(block);
+  return !HasHighBits(others) && leads[kBlockBytes - 1] == 0;
 }
 
 }  // namespace dralo::html

@@ -1,35 +1,12 @@
 #include "html/text_escape.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 
 #include "html/text_block.h"
 #include "text/utf8.h"
-#include "text/word.h"
 
 namespace dralo::html {
 namespace {
-
-using text::Repeated;
-using text::Word;
-
-/// All bytes of a text that is not longer than a block, in some order, and some of them more than once.
-Block EveryByte(std::string_view text) {
-  const char* const end = text.data() + text.size();
-  if (text.size() >= text::kWordBytes)
-    return reinterpret_cast<Block>(Words{text::WordAt(text.data()), text::WordAt(end - text::kWordBytes)});
-  Word word = Repeated(kFiller);
-  if (text.size() >= sizeof(std::uint32_t)) {
-    std::memcpy(&word, text.data(), sizeof(std::uint32_t));
-    std::memcpy(reinterpret_cast<char*>(&word) + sizeof(std::uint32_t), end - sizeof(std::uint32_t),
-                sizeof(std::uint32_t));
-  } else if (!text.empty()) {
-    const std::array<char, 3> bytes = {text.front(), text[text.size() / 2], text.back()};
-    std::memcpy(&word, bytes.data(), bytes.size());
-  }
-  return reinterpret_cast<Block>(Words{word, word});
-}
 
 /// How many of the first `bytes`, which have no markup, are characters; more than `bytes` where one goes on
 /// behind them.
@@ -63,23 +40,6 @@ std::size_t PlainBytesFrom(std::string_view text, std::size_t at) {
     if (has_markup || (characters == 0 && plain < end)) return at;
   }
   return at;
-}
-
-/// Whether a text that is not longer than a block is plain ASCII.
-bool IsShortAndPlain(std::string_view text) {
-  const Block block = EveryByte(text);
-  return !HasHighBits(MarkupOf(block) | block);
-}
-
-/// Whether a text that is not longer than a block has nothing but plain ASCII and characters of two bytes, as
-/// most names of Europe that are not plain have.
-bool IsShortAndOfTwoBytes(std::string_view text) {
-  const Block block = BlockAt(text, 0);
-  const auto leads = static_cast<Block>((block & 0xE0) == 0xC0);
-  const auto tails = static_cast<Block>((block & 0xC0) == 0x80);
-  const Block others = static_cast<Block>((block & 0xE0) == 0xE0) |
-                       static_cast<Block>((block & 0xFE) == 0xC0) | (tails ^ Behind(leads)) | MarkupOf(block);
-  return !HasHighBits(others) && leads[kBlockBytes - 1] == 0;
 }
 
 /// Appends a text whose start is to be replaced.
