@@ -6,6 +6,7 @@
 #include <mutex>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "answer.h"
 #include "catalogue.h"
@@ -19,6 +20,11 @@ class KeptPages {
   static constexpr std::size_t kMostPages = 100;
   static constexpr std::size_t kMostBytes = 8 * 1024 * 1024;  ///< Of all pages together.
   static constexpr std::size_t kLongestPage = 256 * 1024;
+  static constexpr std::size_t kMostAsked = 1000;
+
+  /// Whether the same was asked before, beside the same list of tables. What nobody asks for twice is not
+  /// worth a look at the database, nor the copy.
+  bool IsAskedAgain(const TableList& tables, const std::string& request);
 
   /// The page for the same request, all of it that pages depend on; nullptr when none was kept since the
   /// latest change of the database, and beside the same list of tables.
@@ -34,12 +40,15 @@ class KeptPages {
     std::uint64_t begun_at;  ///< Or later.
     std::shared_ptr<const Answer> page;
   };
-  using Pages = std::unordered_map<std::string, Kept>;
+
+  void RequireList(const TableList& tables);
+  void DropPages();
 
   std::mutex mutex_;
   TableList tables_;  ///< Those that all pages are beside. While it is held, no other list has its address.
-  Pages pages_;
+  std::unordered_map<std::string, Kept> pages_;
   std::size_t bytes_ = 0;
+  std::unordered_set<std::size_t> asked_;  ///< The hashes of requests.
 };
 
 }  // namespace serve

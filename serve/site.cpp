@@ -171,11 +171,11 @@ std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, std::string
 
 Answer Site::RenderOrRepeat(const Request& request, const TablePlan& plan, const TableList& tables,
                             Outcome& outcome) {
+  const std::string asked = AllThatIsRead(request);
   const bool can_keep = plan.is_stored && !options_.can_edit && request.method == "GET";
   // Before the page is begun: a change that comes meanwhile is seen by the next look.
-  const auto sighting = can_keep ? watch_.Look() : std::nullopt;
+  const auto sighting = can_keep && kept_pages_.IsAskedAgain(tables, asked) ? watch_.Look() : std::nullopt;
   if (!sighting) return Render(request, plan, outcome);
-  const std::string asked = AllThatIsRead(request);
   if (const auto kept = kept_pages_.Find(tables, *sighting, asked)) return *kept;
   Answer answer = Render(request, plan, outcome);
   if (answer.status == 200 && answer.type.starts_with("text/html") && outcome.message.empty())

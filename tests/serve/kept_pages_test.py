@@ -48,13 +48,14 @@ class KeptPages(ServeTest):
     def make_long_table(self):
         """Larger than what SQLite keeps in memory, so that each sorted page reads all of it again."""
         self.sql("CREATE TABLE Long (A TEXT)",
-                 "WITH N AS (SELECT 1 A UNION ALL SELECT A + 1 FROM N LIMIT 8000) INSERT INTO Long SELECT printf('%01000d', A) FROM N")
-        return "/table/Long?Morvu1OrderByFields=1", 8_000_000
+                 "WITH N AS (SELECT 1 A UNION ALL SELECT A + 1 FROM N LIMIT 4000) INSERT INTO Long SELECT printf('%01000d', A) FROM N")
+        return "/table/Long?Morvu1OrderByFields=1", 4_000_000
 
     def test_keeps_a_page(self):
         target, size = self.make_long_table()
         server = self.serve()
-        self.assertGreater(self.bytes_read(server, target), size)
+        for _ in range(2):
+            self.assertGreater(self.bytes_read(server, target), size)
         # A page is kept for a second at most, which may be over before the next request.
         last = time.monotonic() + 60
         while self.bytes_read(server, target) > size:

@@ -89,6 +89,20 @@ TEST_F(KeptPagesTest, DropsTheOthersWhenTheyAreTooLong) {
   EXPECT_TRUE(Has("~"));
 }
 
+TEST_F(KeptPagesTest, KnowsWhatIsAskedAgain) {
+  EXPECT_FALSE(pages_.IsAskedAgain(tables_, "/a"));
+  EXPECT_FALSE(pages_.IsAskedAgain(tables_, "/b"));
+  EXPECT_TRUE(pages_.IsAskedAgain(tables_, "/a"));
+  EXPECT_FALSE(pages_.IsAskedAgain(NewList(), "/a"));
+}
+
+TEST_F(KeptPagesTest, KnowsNotForEverWhatWasAsked) {
+  EXPECT_FALSE(pages_.IsAskedAgain(tables_, "/a"));
+  for (std::size_t i = 0; i < KeptPages::kMostAsked; ++i)
+    EXPECT_FALSE(pages_.IsAskedAgain(tables_, std::to_string(i)));
+  EXPECT_FALSE(pages_.IsAskedAgain(tables_, "/a"));
+}
+
 TEST_F(KeptPagesTest, LetsAPageBeUsedThatIsDroppedMeanwhile) {
   Keep("/a", PageOf(3));
   const auto kept = pages_.Find(tables_, {9, 0}, "/a");
