@@ -103,7 +103,8 @@ class WebServer::Implementation {
  public:
   explicit Implementation(std::function<Answer(const Request&)> respond) : respond_(std::move(respond)) {
     // By default SO_REUSEPORT is set, with which two servers on one port would share its visitors.
-    server_.set_socket_options([](auto socket) {
+    server_.set_socket_options([this](auto socket) {
+      socket_ = socket;
       const int yes = 1;
       setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     });
@@ -121,6 +122,10 @@ class WebServer::Implementation {
   }
 
   httplib::Server& Server() { return server_; }
+
+  /// The library lets five clients wait to be taken. Of those who come at the same moment the others would
+  /// wait for a second, until their systems try once more.
+  void LetMoreClientsWait() { listen(socket_, SOMAXCONN); }
 
  private:
   void SetHandlers() {
@@ -158,6 +163,7 @@ class WebServer::Implementation {
 
   std::function<Answer(const Request&)> respond_;
   httplib::Server server_;
+  socket_t socket_ = INVALID_SOCKET;  ///< The latest that was made: the one that is bound.
 };
 
 WebServer::WebServer(std::function<Answer(const Request&)> respond)
@@ -170,6 +176,7 @@ int WebServer::Bind(const std::string& host, int port) {
   httplib::Server& server = implementation_->Server();
   const int bound = port == 0 ? server.bind_to_any_port(host) : server.bind_to_port(host, port) ? port : -1;
   if (bound < 0) throw std::runtime_error(WhyNotBound(host, port, errno));
+  implementation_->LetMoreClientsWait();
   return bound;
 }
 

@@ -11,6 +11,7 @@ import gzip
 import http.client
 import pathlib
 import re
+import signal
 import socket
 import sqlite3
 import subprocess
@@ -211,6 +212,19 @@ class Visitors(ServeTest):
 
         with concurrent.futures.ThreadPoolExecutor(10) as visitors:
             self.assertEqual(list(visitors.map(visit, range(10))), [[200] * 30] * 10)
+
+    def test_lets_many_connect_at_the_same_moment(self):
+        server = self.serve()
+        with contextlib.ExitStack() as stack:
+            # While the program is stopped, only the system takes connections for it.
+            server.process.send_signal(signal.SIGSTOP)
+            stack.callback(server.process.send_signal, signal.SIGCONT)
+            clients = [stack.enter_context(socket.create_connection(("127.0.0.1", server.port), 20)) for _ in range(50)]
+            server.process.send_signal(signal.SIGCONT)
+            for client in clients:
+                client.sendall(b"GET /table/Goods HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\n\r\n")
+            for client in clients:
+                self.assertTrue(client.recv(65536).startswith(b"HTTP/1.1 200 "))
 
     def test_answers_others_while_some_are_slow(self):
         self.sql("WITH N AS (SELECT 2 A UNION ALL SELECT A + 1 FROM N LIMIT 100000) "
