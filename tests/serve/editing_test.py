@@ -30,8 +30,8 @@ class Editing(ServeTest):
 
     def test_changes_a_record(self):
         server = self.serve("--edit")
-        answer, _ = self.save(server, EDIT.format(2), Label="Salz", Maker="1")
-        self.assertEqual(answer.status, 303)
+        answer, body = self.save(server, EDIT.format(2), Label="Salz", Maker="1")
+        self.assertEqual((answer.status, body), (303, ""))
         self.assertEqual(self.goods(), [(1, "tea", 1, 5, 10), (2, "Salz", 1, 1, 2)])
         self.assertIn("[Record saved ok]", server.get(answer.headers["Location"])[1])
 
