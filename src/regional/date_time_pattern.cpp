@@ -19,7 +19,8 @@ constexpr std::size_t kMaxNumberSize = 6;
 using Values = std::array<int, 7>;
 
 Values ValuesOf(const DateTime& time) {
-  const int hour12 = time.hour % 12 == 0 ? 12 : time.hour % 12;
+  const int hour = time.hour < 24 ? time.hour : time.hour % 12;
+  const int hour12 = hour == 0 ? 12 : hour > 12 ? hour - 12 : hour;
   return {time.day, time.month, time.year, time.hour, hour12, time.minute, time.second};
 }
 
@@ -42,8 +43,14 @@ void DateTimePattern::Add(DateTimePart part, int width) {
 }
 
 void DateTimePattern::AddLiteral(std::string_view text) {
-  AddText(Kind::kLiteral, text);
   max_size_ += text.size();
+  if (!tokens_.empty() && tokens_.back().kind == Kind::kNumber && tokens_.back().text_size == 0) {
+    const std::string_view piece = text.substr(0, kTextSize);
+    std::ranges::copy(piece, tokens_.back().text.begin());
+    tokens_.back().text_size = static_cast<std::uint8_t>(piece.size());
+    text.remove_prefix(piece.size());
+  }
+  AddText(Kind::kLiteral, text);
 }
 
 void DateTimePattern::AddDayHalf(std::string_view morning, std::string_view afternoon) {
@@ -65,12 +72,11 @@ char* DateTimePattern::Write(const DateTime& time, char* to) const {
   const Values values = ValuesOf(time);
   const Kind other_half = time.hour < 12 ? Kind::kAfternoon : Kind::kMorning;
   for (const Token& token : tokens_) {
-    if (token.kind == Kind::kNumber) {
+    if (token.kind == other_half) continue;
+    if (token.kind == Kind::kNumber)
       to = WriteNumber(values[static_cast<std::size_t>(token.part)], token.width, to);
-    } else if (token.kind != other_half) {
-      std::memcpy(to, token.text.data(), kTextSize);
-      to += token.text_size;
-    }
+    std::memcpy(to, token.text.data(), kTextSize);
+    to += token.text_size;
   }
   return to;
 }

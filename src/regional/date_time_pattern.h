@@ -34,7 +34,8 @@ class DateTimePattern {
  private:
   enum class Kind : std::uint8_t { kNumber, kLiteral, kMorning, kAfternoon };
 
-  /// Texts are kept in the token, so that copying one is a single move; longer ones take several tokens.
+  /// Texts are kept in the token, so that copying one is a single move; longer ones take several tokens. The
+  /// text of a number stands behind it.
   static constexpr std::size_t kTextSize = 8;
 
   struct Token {
