@@ -32,13 +32,15 @@ struct Render {
   /// What the query string of every link carries after the record number.
   std::string state_query_tail = "";
 
+  const platform::ValueFormatting& regional = environment.Regional();
+
   /// For texts of values while they are written; see platform::Formatting::Text().
   std::string scratch = "";
 
   /// For such texts while they are escaped; see html::Escaped().
   std::string escaped = "";
 
-  const platform::ValueFormatting& Regional() const { return environment.Regional(); }
+  const platform::ValueFormatting& Regional() const { return regional; }
   settings::ErrorReport Errors() {
     if (settings.Hardened) return {outcome.errors, outcome.error_detail};
     return settings::ErrorReport(outcome.errors);
