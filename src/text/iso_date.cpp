@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "text/ascii.h"
+#include "text/word.h"
 
 namespace dralo::text {
 namespace {
@@ -21,6 +22,39 @@ int TakeNumber(std::string_view& rest) {
   }
   rest.remove_prefix(kDigits);
   return number;
+}
+
+/// Eight bytes with digits where `form` has zeros and its other bytes elsewhere, taken from the front of
+/// `rest` all at once.
+struct TwoDigitNumbers {
+  explicit constexpr TwoDigitNumbers(std::string_view form) {
+    for (std::size_t at = kWordBytes; at-- > 0;) {
+      const bool is_digit = form[at] == '0';
+      form_ = form_ << 8 | static_cast<unsigned char>(form[at]);
+      // Digits have no bits here, also not when six is added to them.
+      wrong_ = wrong_ << 8 | (is_digit ? 0xF0 : 0xFF);
+      six_ = six_ << 8 | (is_digit ? 6 : 0);
+    }
+  }
+
+  /// False when other bytes are there. In `numbers` the byte of a first digit becomes the number of both.
+  bool Take(std::string_view& rest, Word& numbers) const {
+    if (rest.size() < kWordBytes) return false;
+    const Word digits = WordAt(rest.data()) ^ form_;
+    if (((digits | (digits + six_)) & wrong_) != 0) return false;
+    numbers = digits * 10 + (digits >> 8);
+    rest.remove_prefix(kWordBytes);
+    return true;
+  }
+
+ private:
+  Word form_ = 0;
+  Word wrong_ = 0;
+  Word six_ = 0;
+};
+
+constexpr int NumberAt(Word numbers, unsigned first_digit) {
+  return static_cast<int>(numbers >> (8 * first_digit) & 0xFF);
 }
 
 bool Take(std::string_view& rest, char expected) {
@@ -53,14 +87,13 @@ bool TakeTime(std::string_view& rest, DateTime& time) {
 }
 
 bool TakeDate(std::string_view& rest, DateTime& time) {
-  const int year = TakeNumber<4>(rest);
-  if (year < 0 || !Take(rest, '-')) return false;
-  const int month = TakeNumber<2>(rest);
-  if (month < 0 || !Take(rest, '-')) return false;
+  static constexpr TwoDigitNumbers kYearAndMonth("0000-00-");
+  Word numbers = 0;
+  if (!kYearAndMonth.Take(rest, numbers)) return false;
   const int day = TakeNumber<2>(rest);
   if (day < 0) return false;
-  time.year = static_cast<std::int16_t>(year);
-  time.month = static_cast<std::uint8_t>(month);
+  time.year = static_cast<std::int16_t>(NumberAt(numbers, 0) * 100 + NumberAt(numbers, 2));
+  time.month = static_cast<std::uint8_t>(NumberAt(numbers, 5));
   time.day = static_cast<std::uint8_t>(day);
   return time.IsValid();
 }

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <string>
+#include <string_view>
+
 #include "data/show.h"
 
 namespace dralo::text {
@@ -32,6 +36,19 @@ TEST(IsoDate, RefusesWhatIsNoDate) {
         "01-01",
         "2024-01-01T", "-024-01-01"}) {
     EXPECT_EQ(Parsed(text), "nothing") << text;
+  }
+}
+
+TEST(IsoDate, TakesNothingButDigitsInTheirRange) {
+  constexpr std::string_view kDate = "2011-11-11";
+  constexpr std::string_view kHighest = "9999-12-29";
+  for (std::size_t at = 0; at < kDate.size(); ++at) {
+    for (int byte = 0; byte < 256; ++byte) {
+      std::string text(kDate);
+      text[at] = static_cast<char>(byte);
+      const bool is_date = kDate[at] == '-' ? byte == '-' : '0' <= byte && byte <= kHighest[at];
+      EXPECT_EQ(Parsed(text), is_date ? text + " 00:00:00" : "nothing") << testing::PrintToString(text);
+    }
   }
 }
 
