@@ -13,20 +13,14 @@
 namespace dralo::cells {
 namespace {
 
-/// The value as a date. One that the database layer could not read as a date may still spell one in the
-/// locale's form.
-std::optional<platform::DateTime> AsDate(const platform::Formatting& formatting,
-                                         const platform::VariantView& value) {
-  if (const auto* date = std::get_if<platform::DateTime>(&value)) {
-    return date->IsValid() ? std::optional(*date) : std::nullopt;
-  }
-  if (const auto* text = std::get_if<std::string_view>(&value)) return formatting.RecognizeDate(*text);
-  return std::nullopt;
-}
-
+/// The text of a value as a date. One that the database layer could not read as a date may still spell one in
+/// the locale's form.
 std::string_view DateText(const platform::Formatting& formatting, const platform::VariantView& value,
                           std::string& scratch) {
-  const auto date = AsDate(formatting, value);
+  if (const auto* date = std::get_if<platform::DateTime>(&value))
+    return date->IsValid() ? formatting.Text(value, scratch) : std::string_view();
+  const auto* text = std::get_if<std::string_view>(&value);
+  const auto date = text == nullptr ? std::nullopt : formatting.RecognizeDate(*text);
   return date ? formatting.Text(*date, scratch) : std::string_view();
 }
 
@@ -100,6 +94,14 @@ constexpr bool IsNumeric(platform::FieldKind kind) {
   return has_no_markup ? text : InForm(render, text, form);
 }
 
+/// Apart, so that the texts that do not fail keep no name in memory.
+[[gnu::noinline]] void ReportFailure(state::Render& render, const platform::Field& field,
+                                     std::string_view function, const char* what) {
+  std::string name(function);
+  name.append(". oField.Name=").append(field.Name());
+  render.Errors().Add(what, name);
+}
+
 /// body(), with failures reported as those of `function` on the field; empty when it fails. Each cell is
 /// worth a copy of this function too.
 template <class Body>
@@ -109,9 +111,7 @@ template <class Body>
   try {
     return body();
   } catch (const std::exception& error) {
-    std::string name(function);
-    name.append(". oField.Name=").append(field.Name());
-    render.Errors().Add(error.what(), name);
+    ReportFailure(render, field, function, error.what());
   }
   return {};
 }
