@@ -47,7 +47,7 @@ constexpr Kind kKinds[] = {
     {type_oid::kDate, TypeCode::kDbDate, Reading::kDate},
     {type_oid::kTime, TypeCode::kDbTime, Reading::kTime},
     {type_oid::kTimestamp, TypeCode::kDbTimestamp, Reading::kDate},
-    {type_oid::kTimestampWithZone, TypeCode::kDbTimestamp, Reading::kDate},
+    {type_oid::kTimestampWithZone, TypeCode::kDbTimestamp, Reading::kZonedDate},
     {type_oid::kUuid, TypeCode::kGuid, Reading::kText},
     {type_oid::kBytes, TypeCode::kLongVarBinary, Reading::kBytes},
     {type_oid::kSingleByte, TypeCode::kWideChar, Reading::kText},

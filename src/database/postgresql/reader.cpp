@@ -24,9 +24,14 @@ VariantView ReadDecimal(std::string_view text) {
   return text::IsPlainDecimal(text) ? VariantView(platform::DecimalView{text}) : text;
 }
 
-/// Ignores the offset of a time zone, as in "10:20:30+02". A text that is no day of the calendar stays a
-/// text.
+/// A text that is no day of the calendar stays a text.
 VariantView ReadDate(std::string_view text) {
+  const auto time = text::ParseIsoDateTime(text);
+  return time ? VariantView(*time) : text;
+}
+
+/// Ignores the offset of a time zone, as in "10:20:30+02".
+VariantView ReadZonedDate(std::string_view text) {
   const auto zone = text.find_first_of("+-", std::min(sizeof "YYYY-MM-DD", text.size()));
   const bool has_zone = zone != text.npos && !text.ends_with("BC");
   const auto time = text::ParseIsoDateTime(has_zone ? text.substr(0, zone) : text);
@@ -82,6 +87,8 @@ VariantView Read(Reading reading, std::string_view text, std::string& scratch) {
       return ReadMoney(text, scratch);
     case Reading::kDate:
       return ReadDate(text);
+    case Reading::kZonedDate:
+      return ReadZonedDate(text);
     case Reading::kTime:
       return ReadTime(text);
     case Reading::kText:

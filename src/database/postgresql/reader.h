@@ -8,7 +8,7 @@
 namespace dralo::database::postgresql {
 
 /// How the texts that the server sends for the values of a column are read; decided once per statement.
-enum class Reading { kInteger, kDouble, kBoolean, kDecimal, kMoney, kDate, kTime, kText, kBytes };
+enum class Reading { kInteger, kDouble, kBoolean, kDecimal, kMoney, kDate, kZonedDate, kTime, kText, kBytes };
 
 /// The value that `text` spells; the text itself when it is not of the expected kind, such as the date
 /// "infinity". Text stays where it is; money and bytes are converted into `scratch`.
