@@ -172,7 +172,7 @@ database::Session::Inserted Session::Insert(const Query& insert, const BaseTable
 /// In one trip. A statement that changes something, or whose rows are to be changed, is run or prepared on
 /// its own.
 bool Session::CountsBesideRows(const Query& rows) const {
-  return !rows.is_updatable && KindOf(rows.text).is_select;
+  return !rows.is_updatable && statements_.KindOf(rows.text).is_select;
 }
 
 platform::Variant Session::CountBeside(const Query& count, database::Cursor& rows) {

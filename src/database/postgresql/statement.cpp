@@ -41,6 +41,12 @@ std::shared_ptr<Statement> Statement::FirstRows(std::int64_t wanted) {
   return first->rows == wanted ? first : nullptr;
 }
 
+StatementKind StatementCache::KindOf(std::string_view text) const {
+  const auto found = std::ranges::find(
+      entries_, text, [](const Entry& entry) { return std::string_view(entry.statement->text); });
+  return found == entries_.end() ? database::KindOf(text) : found->statement->kind;
+}
+
 StatementCache::Key StatementCache::KeyOf(std::string_view text, Form form, const Parameters& parameters) {
   Key key = std::to_string(static_cast<int>(form));
   for (const Oid type : parameters.Types()) key.append(" ").append(std::to_string(type));

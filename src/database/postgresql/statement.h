@@ -61,6 +61,9 @@ class StatementCache {
   /// nullptr when none is kept.
   std::shared_ptr<Statement> Find(const Key& key);
 
+  /// What kind of statement the text is, with whatever parameters. One that is kept need not be read again.
+  StatementKind KindOf(std::string_view text) const;
+
   /// Keeps the query. If one must go, it is one that came only once rather than one that came again. Returns
   /// the statement that goes.
   std::shared_ptr<Statement> Keep(const Key& key, std::shared_ptr<Statement> statement);
