@@ -57,27 +57,30 @@ std::string TakeValue(std::string_view& rest) {
 
 }  // namespace
 
-ConnectionString::ConnectionString(std::string_view text) {
-  std::string_view rest = text;
+ConnectionString::ConnectionString(std::string_view text) : text_(text) {
+  constexpr std::size_t kUsualPairs = 10;
+  pairs_.reserve(kUsualPairs);
+  std::string_view rest = text_;
   for (;;) {
     while (!rest.empty() && (text::IsAsciiSpace(rest.front()) || rest.front() == ';')) rest.remove_prefix(1);
     if (rest.empty()) return;
-    const auto start = rest;
+    const std::size_t left = rest.size();
     const auto equals = rest.find('=');
     if (rest.find(';') < equals || equals == rest.npos) {
       throw platform::Error("The connection string has a part without \"=\"; write key=value;key=value");
     }
     Pair pair;
+    pair.start = text_.size() - left;
     pair.key = text::TrimAsciiSpace(rest.substr(0, equals));
     rest.remove_prefix(equals + 1);
     pair.value = TakeValue(rest);
-    pair.source = start.substr(0, start.size() - rest.size());
+    pair.size = left - rest.size();
     pairs_.push_back(std::move(pair));
   }
 }
 
 void ConnectionString::Add(std::string_view key, std::string_view value) {
-  if (!value.empty()) pairs_.push_back({std::string(key), std::string(value), {}});
+  if (!value.empty()) pairs_.push_back({std::string(key), std::string(value), 0, 0});
 }
 
 std::optional<std::string_view> ConnectionString::Find(std::string_view key) const {
@@ -94,6 +97,7 @@ int ConnectionString::Seconds(std::string_view key, int otherwise) const {
 
 std::string ConnectionString::Identity() const {
   std::string identity;
+  identity.reserve(2 * text_.size());
   for (const Pair& pair : pairs_) {
     identity.append(pair.key).append("=").append(std::to_string(pair.value.size()));
     identity.append(" ").append(pair.value).append(";");
@@ -104,7 +108,9 @@ std::string ConnectionString::Identity() const {
 std::string ConnectionString::WithoutPassword() const {
   std::string text;
   for (const Pair& pair : pairs_) {
-    if (!text::EqualAscii(pair.key, "Password") && !text::EqualAscii(pair.key, "Pwd")) text += pair.source;
+    if (!text::EqualAscii(pair.key, "Password") && !text::EqualAscii(pair.key, "Pwd")) {
+      text.append(text_, pair.start, pair.size);
+    }
   }
   return text;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,7 +16,8 @@ class ConnectionString {
   struct Pair {
     std::string key;
     std::string value;
-    std::string source;  ///< The pair's text.
+    std::size_t start = 0;  ///< Of the pair's own text in the whole one, with blanks and the ";".
+    std::size_t size = 0;   ///< Of that text; 0 for one that was added.
   };
 
   /// Throws platform::Error, without any part of the text, when a part has no "=" or a quote is not closed.
@@ -39,6 +41,7 @@ class ConnectionString {
   std::string WithoutPassword() const;
 
  private:
+  std::string text_;
   std::vector<Pair> pairs_;
 };
 
