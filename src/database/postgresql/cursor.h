@@ -71,6 +71,7 @@ class Cursor final : public database::Cursor {
   void Run(Execution::Rows rows);
   void Send(Execution::Rows rows);
   void Send(Execution::Rows rows, bool may_drop);
+  Execution::Opening TakeOpening(Execution::Rows rows, bool is_replaceable);
   bool MayUseServerCursor() const;
   void OpenServerCursor();
   void Split(const Execution& execution, const Result& columns, bool may_drop);

@@ -9,6 +9,10 @@ namespace {
 /// Not SET LOCAL, which leaves a warning in the server's log when there is no transaction yet.
 constexpr const char* kNoLimit = "SELECT pg_catalog.set_config('statement_timeout', '0', true)";
 
+/// Around a statement in a transaction of its own: if it fails, the first is undone.
+constexpr const char* kKeepPlan = "SET plan_cache_mode TO force_generic_plan";
+constexpr const char* kPlanEachTime = "RESET plan_cache_mode";
+
 }  // namespace
 
 /// The server's limit includes the time that the reader takes for the rows. So long results run without it;
@@ -25,6 +29,7 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
   const bool is_in_transaction = opening != Opening::kNone || link_.Transaction() == PQTRANS_INTRANS;
   if (opening == Opening::kTransaction) link_.Order("BEGIN");
   if (is_guarded_) link_.Order("SAVEPOINT dralo_statement");
+  if (opening == Opening::kKeptPlan) link_.Order(kKeepPlan);
   if (leader != nullptr) {
     is_leader_prepared_ = leader->statement.IsPreparedOn(link);
     Order(leader->statement, leader->parameters, true);
@@ -33,6 +38,7 @@ Execution::Execution(Link& link, Statement& statement, const Parameters& paramet
   Order(statement_, parameters, rows_ != Rows::kNone);
   if (is_in_transaction && has_no_limit_) link_.Order("SET LOCAL statement_timeout TO DEFAULT");
   if (is_guarded_) link_.Order("RELEASE dralo_statement");
+  if (opening == Opening::kKeptPlan) link_.Order(kPlanEachTime);
   link_.Send();
   if (opening != Opening::kNone) Require(link_.Answer());
   if (has_no_limit_) Require(link_.Answer());

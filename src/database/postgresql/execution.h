@@ -23,6 +23,7 @@ class Execution {
     kNone,
     kTransaction,  ///< Begins a transaction.
     kSavepoint,    ///< Lets a statement fail without ending the user's transaction.
+    kKeptPlan,     ///< Outside of transactions: has the server keep the plan of this statement.
   };
 
   /// A statement that is run before it in the same trip; when the leader fails, the rest is not run.

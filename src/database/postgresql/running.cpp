@@ -122,13 +122,20 @@ void Cursor::OpenServerCursor() {
   rows_ = std::make_unique<ResultRows>(link_, std::move(cursor), std::move(first));
 }
 
+/// Where the page has set something itself, that stays as it is.
+Execution::Opening Cursor::TakeOpening(Rows rows, bool is_replaceable) {
+  const Execution::Opening opening = session_.TakeOpening(statement_->kind);
+  const bool keeps_plan = rows == Rows::kAll && is_replaceable && statement_->MayKeepPlan();
+  return keeps_plan && opening == Execution::Opening::kNone ? Execution::Opening::kKeptPlan : opening;
+}
+
 void Cursor::Send(Rows rows, bool may_drop) {
   if (rows == Rows::kParts && MayUseServerCursor()) return OpenServerCursor();
   const bool is_counting = IsCounting() && rows != Rows::kParts;
   const Parameters count_parameters = is_counting ? count_->ParametersOfForm() : Parameters();
   std::optional<Execution::Leader> leader;
   if (is_counting) leader.emplace(Execution::Leader{*count_->statement_, count_parameters});
-  Execution execution(link_, *statement_, ParametersOfForm(), rows, session_.TakeOpening(statement_->kind),
+  Execution execution(link_, *statement_, ParametersOfForm(), rows, TakeOpening(rows, may_drop),
                       leader ? &*leader : nullptr);
   Execution::Answers count;
   if (leader) {

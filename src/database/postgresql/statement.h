@@ -44,6 +44,12 @@ struct Statement {
   /// once; nullptr when it would be of no use.
   std::shared_ptr<Statement> FirstRows(std::int64_t wanted);
 
+  /// Whether the server may plan it once for all pages: it would make the same plan for each. Queries with
+  /// keys in their order are planned by the numbers of rows, which make a difference.
+  bool MayKeepPlan() const {
+    return !name.empty() && form == Form::kPage && parameters == 0 && key_order.empty() && has_one_order;
+  }
+
   /// What is sent to the server.
   std::string ToSend() const;
 
