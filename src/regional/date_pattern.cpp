@@ -10,16 +10,11 @@ namespace dralo::regional {
 using platform::DateTime;
 
 char* WriteGeneral(const LocaleFacts& facts, const DateTime& time, char* to) {
-  const bool has_date = !time.HasZeroDate();
-  const bool has_time = !time.IsMidnight() || !has_date;
-  if (has_date) to = facts.short_date.Write(time, to);
-  if (has_date && has_time) *to++ = ' ';
-  return has_time ? facts.long_time.Write(time, to) : to;
+  if (time.HasZeroDate()) return facts.long_time.Write(time, to);
+  return (time.IsMidnight() ? facts.short_date : facts.date_and_time).Write(time, to);
 }
 
-std::size_t MaxGeneralSize(const LocaleFacts& facts) {
-  return facts.short_date.MaxSize() + 1 + facts.long_time.MaxSize();
-}
+std::size_t MaxGeneralSize(const LocaleFacts& facts) { return facts.date_and_time.MaxSize(); }
 
 void AppendTime(const DateTimePattern& pattern, const DateTime& time, std::string& to) {
   const std::size_t size = to.size();

@@ -18,9 +18,12 @@ constexpr std::size_t kMaxNumberSize = 6;
 /// The values of the parts of a date-time, indexed by DateTimePart.
 using Values = std::array<int, 7>;
 
+/// The hours of a day on a clock with twelve.
+constexpr std::array<std::uint8_t, 24> kHours12 = {12, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11,
+                                                   12, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+
 Values ValuesOf(const DateTime& time) {
-  const int hour = time.hour < 24 ? time.hour : time.hour % 12;
-  const int hour12 = hour == 0 ? 12 : hour > 12 ? hour - 12 : hour;
+  const int hour12 = kHours12[time.hour % kHours12.size()];
   return {time.day, time.month, time.year, time.hour, hour12, time.minute, time.second};
 }
 
@@ -40,6 +43,11 @@ char* WriteNumber(int value, int width, char* to) {
 void DateTimePattern::Add(DateTimePart part, int width) {
   tokens_.push_back({Kind::kNumber, part, static_cast<std::uint8_t>(width), 0, {}});
   max_size_ += kMaxNumberSize;
+}
+
+void DateTimePattern::Add(const DateTimePattern& pattern) {
+  tokens_.insert(tokens_.end(), pattern.tokens_.begin(), pattern.tokens_.end());
+  max_size_ += pattern.max_size_;
 }
 
 void DateTimePattern::AddLiteral(std::string_view text) {

@@ -19,6 +19,8 @@ class DateTimePattern {
   /// The number of `part`, filled with zeros up to `width` digits.
   void Add(DateTimePart part, int width);
 
+  void Add(const DateTimePattern& pattern);
+
   void AddLiteral(std::string_view text);
 
   /// Adds one of the two texts, depending on the hour.

@@ -211,6 +211,9 @@ LocaleFacts ReadLocaleFacts(const std::string& locale) {
   ReadNames(symbols, facts.names);
   AddWordOfNumberedMonths(facts.names, facts.date_words);
   ReadTimes(icu_locale, symbols, facts);
+  facts.date_and_time = facts.short_date;
+  facts.date_and_time.AddLiteral(" ");
+  facts.date_and_time.Add(facts.long_time);
   ReadWeeks(icu_locale, facts);
   ReadNumbers(icu_locale, facts);
   facts.boolean_words = BooleanWordsOf(icu_locale.getLanguage());

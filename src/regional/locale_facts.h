@@ -31,8 +31,9 @@ struct DateNames {
 /// What is known about a locale, so that ICU need not be asked for each text. Numbers are in Latin digits and
 /// dates in the Gregorian calendar, even where people of the locale use others.
 struct LocaleFacts {
-  DateTimePattern short_date;  ///< Numbers only, four digits of the year; without direction marks.
-  DateTimePattern long_time;   ///< Hour, minute and second with ":" between; blanks are ordinary ones.
+  DateTimePattern short_date;     ///< Numbers only, four digits of the year; without direction marks.
+  DateTimePattern long_time;      ///< Hour, minute and second with ":" between; blanks are ordinary ones.
+  DateTimePattern date_and_time;  ///< Both with a blank between.
   DateOrder date_order = DateOrder::kMonthDayYear;
   char time_separator = ':';  ///< What people of the locale write between hour and minute: ":" or ".".
 
