@@ -94,6 +94,13 @@ char* WritePlain(const Scientific& number, char decimal_point, char* to) {
   return WriteDigits(number.digits + whole, number.count - whole, to);
 }
 
+/// Whether a text begins and ends with a digit other than zero, as most decimals do: they have no needless
+/// zeros and no sign, and what is no decimal stays as it is anyway.
+bool HasNothingNeedless(std::string_view decimal) {
+  const auto is_digit_but_zero = [](char c) { return '1' <= c && c <= '9'; };
+  return !decimal.empty() && is_digit_but_zero(decimal.front()) && is_digit_but_zero(decimal.back());
+}
+
 }  // namespace
 
 std::string_view NumberWriter::Write(std::int64_t number, std::string& scratch) const {
@@ -128,6 +135,7 @@ std::string_view NumberWriter::Write(double number, std::string& scratch) const 
 }
 
 std::string_view NumberWriter::Write(platform::DecimalView number, std::string& scratch) const {
+  if (decimal_point_ == '.' && HasNothingNeedless(number.text)) return number.text;
   const auto parts = text::SplitDecimal(number.text);
   if (!parts || parts->has_exponent) return number.text;
   const std::string_view whole =

@@ -74,6 +74,7 @@ TEST(Text, FollowsTheLocale) {
     EXPECT_EQ(TextIn(expected.locale, kZero), expected.zero);
     EXPECT_EQ(TextIn(expected.locale, -1234567.5), expected.number);
     EXPECT_EQ(TextIn(expected.locale, DecimalView{"-1234567.50"}), expected.number);
+    EXPECT_EQ("-" + TextIn(expected.locale, DecimalView{"1234567.5"}), expected.number);
   }
 }
 
@@ -176,6 +177,8 @@ TEST(Text, OfDecimalsIsExactWithoutNeedlessZeros) {
       {"-.5", "-0.5"},
       {"5.", "5"},
       {"100", "100"},
+      {"97290.27", "97290.27"},
+      {"12.30", "12.3"},
       {"-100.10", "-100.1"},
       {"0.1000000000000000055511151231257827", "0.1000000000000000055511151231257827"},
       {"123456789012345678901234567890.0", "123456789012345678901234567890"},
@@ -186,7 +189,7 @@ TEST(Text, OfDecimalsIsExactWithoutNeedlessZeros) {
 }
 
 TEST(Text, OfWhatIsNoDecimalIsThatText) {
-  for (const std::string_view text : {"", "-", ".", "-.", "abc", "1.2.3", "1e5", " 1", "--1"}) {
+  for (const std::string_view text : {"", "-", ".", "-.", "abc", "1.2.3", "1e5", " 1", "--1", "1:5"}) {
     EXPECT_EQ(Text(DecimalView{text}), text);
   }
 }
