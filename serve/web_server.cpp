@@ -3,9 +3,12 @@
 #include <httplib.h>
 #include <sys/socket.h>
 
+#include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 namespace serve {
@@ -127,6 +130,17 @@ class WebServer::Implementation {
   /// wait for a second, until their systems try once more.
   void LetMoreClientsWait() { listen(socket_, SOMAXCONN); }
 
+  void Serve() {
+    server_.listen_after_bind();
+    has_served_ = true;
+  }
+
+  /// The library forgets a stop that comes before it serves.
+  void Stop() {
+    while (!server_.is_running() && !has_served_) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    server_.stop();
+  }
+
  private:
   void SetHandlers() {
     // The library's own routes are regular expressions, which need a deep stack for long paths; so this comes
@@ -163,6 +177,7 @@ class WebServer::Implementation {
 
   std::function<Answer(const Request&)> respond_;
   httplib::Server server_;
+  std::atomic<bool> has_served_ = false;
   socket_t socket_ = INVALID_SOCKET;  ///< The latest that was made: the one that is bound.
 };
 
@@ -180,8 +195,8 @@ int WebServer::Bind(const std::string& host, int port) {
   return bound;
 }
 
-void WebServer::Serve() { implementation_->Server().listen_after_bind(); }
+void WebServer::Serve() { implementation_->Serve(); }
 
-void WebServer::Stop() { implementation_->Server().stop(); }
+void WebServer::Stop() { implementation_->Stop(); }
 
 }  // namespace serve

@@ -27,7 +27,8 @@ class WebServer {
   /// Serves until Stop().
   void Serve();
 
-  /// Lets answers that have begun come to their end. Any thread may call it.
+  /// Lets answers that have begun come to their end; waits for Serve() to begin. Any other thread may call
+  /// it.
   void Stop();
 
  private:

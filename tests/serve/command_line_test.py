@@ -130,6 +130,16 @@ class CommandLine(ServeTest):
             server.process.send_signal(number)
             self.assertEqual(server.process.wait(60), 0)
 
+    def test_stops_by_a_signal_that_comes_at_once(self):
+        for _ in range(100):
+            with subprocess.Popen([self.program, self.database, "--port", "0"], stdout=subprocess.PIPE, text=True) as program:
+                try:
+                    program.stdout.readline()
+                    program.terminate()
+                    self.assertEqual(program.wait(60), 0)
+                finally:
+                    program.kill()
+
 
 if __name__ == "__main__":
     run()
