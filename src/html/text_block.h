@@ -141,15 +141,20 @@ inline bool IsShortAndPlain(std::string_view text) {
   return !HasHighBits(MarkupOf(block) | block);
 }
 
-/// Whether a text that is not longer than a block has nothing but plain ASCII and characters of two bytes, as
-/// most names of Europe that are not plain have.
-inline bool IsShortAndOfTwoBytes(std::string_view text) {
-  const Block block = BlockAt(text, 0);
+/// How many bytes of a block are plain ASCII and characters of two bytes, as most names of Europe that are
+/// not plain have: all, or all but the last one that goes on behind it; 0 when other bytes are among them.
+inline std::size_t BytesOfUpToTwo(Block block) {
   const auto leads = static_cast<Block>((block & 0xE0) == 0xC0);
   const auto tails = static_cast<Block>((block & 0xC0) == 0x80);
   const Block others = static_cast<Block>((block & 0xE0) == 0xE0) |
                        static_cast<Block>((block & 0xFE) == 0xC0) | (tails ^ Behind(leads)) | MarkupOf(block);
-  return !HasHighBits(others) && leads[kBlockBytes - 1] == 0;
+  if (HasHighBits(others)) return 0;
+  return leads[kBlockBytes - 1] != 0 ? kBlockBytes - 1 : kBlockBytes;
+}
+
+/// Whether a text that is not longer than a block has nothing but plain ASCII and characters of two bytes.
+inline bool IsShortAndOfTwoBytes(std::string_view text) {
+  return BytesOfUpToTwo(BlockAt(text, 0)) == kBlockBytes;
 }
 
 }  // namespace dralo::html

@@ -25,11 +25,11 @@ std::size_t PlainBytesFrom(std::string_view text, std::size_t at) {
   while (at < text.size()) {
     const std::size_t bytes = std::min(kBlockBytes, text.size() - at);
     const Block block = BlockAt(text, at);
-    const Block markup = MarkupOf(block);
-    if (!HasHighBits(markup | block)) {
-      at += bytes;
+    if (const std::size_t usual = BytesOfUpToTwo(block); usual > 0) {
+      at += std::min(usual, bytes);
       continue;
     }
+    const Block markup = MarkupOf(block);
     const bool has_markup = HasHighBits(markup);
     const std::size_t end = has_markup ? BytesBeforeHighBit(markup) : bytes;
     const std::size_t characters =
