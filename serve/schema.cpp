@@ -59,8 +59,7 @@ bool ReferToStored(const std::vector<Column>& columns, const std::vector<Table>&
 Schema::Schema(dralo::Environment& environment, const Options& options)
     : environment_(environment), options_(options), connection_string_(ConnectionString(options)) {}
 
-TableList Schema::Tables() {
-  const Time asked_at = std::chrono::steady_clock::now();
+TableList Schema::Tables(Time asked_at) {
   const std::scoped_lock lock(mutex_);
   return Current(asked_at).tables;
 }
@@ -77,8 +76,7 @@ std::vector<CountedTable> Schema::CountedTables() {
   return counted;
 }
 
-std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
-  const Time asked_at = std::chrono::steady_clock::now();
+std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name, Time asked_at) {
   const std::scoped_lock lock(mutex_);
   Snapshot& snapshot = Current(asked_at);
   const auto table = std::ranges::find(*snapshot.tables, name, &Table::name);
@@ -98,13 +96,11 @@ std::shared_ptr<const TablePlan> Schema::Plan(const TableName& name) {
   return plan;
 }
 
-void Schema::Forget() {
-  const std::scoped_lock lock(mutex_);
-  snapshot_.reset();
-}
+void Schema::Forget() { is_forgotten_ = true; }
 
 Schema::Snapshot& Schema::Current(Time asked_at) {
-  const Time now = std::chrono::steady_clock::now();
+  const Time now = Clock::now();
+  if (is_forgotten_.exchange(false)) snapshot_.reset();
   if (snapshot_ && now - snapshot_->read_at < kLifetime) return *snapshot_;
   // Who has waited while others waited for a database in vain does not wait for it once more.
   if (failure_ && asked_at < failure_->seen_at) throw failure_->error;
@@ -113,7 +109,7 @@ Schema::Snapshot& Schema::Current(Time asked_at) {
   try {
     return snapshot_.emplace(Snapshot{now, ReadTables(), {}});
   } catch (const dralo::Error& error) {
-    failure_.emplace(Failure{std::chrono::steady_clock::now(), error});
+    failure_.emplace(Failure{Clock::now(), error});
     throw;
   }
 }

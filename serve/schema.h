@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <map>
 #include <memory>
@@ -29,25 +30,28 @@ struct CountedTable {
 /// Failures of the database are dralo::Error.
 class Schema {
  public:
+  using Clock = std::chrono::steady_clock;
+  using Time = Clock::time_point;
+
   /// Both must outlive the schema. Reads nothing yet.
   Schema(dralo::Environment& environment, const Options& options);
 
   const std::string& Connection() const { return connection_string_; }
 
-  TableList Tables();
+  /// A request tells when it has come: if the tables could not be read since then, it does not wait for the
+  /// database once more.
+  TableList Tables(Time asked_at = Clock::now());
 
   /// The same, counted.
   std::vector<CountedTable> CountedTables();
 
-  /// nullptr when there is no such table, or it has no columns.
-  std::shared_ptr<const TablePlan> Plan(const TableName& name);
+  /// nullptr when there is no such table, or it has no columns. Of `asked_at` as Tables().
+  std::shared_ptr<const TablePlan> Plan(const TableName& name, Time asked_at = Clock::now());
 
-  /// Makes the next question read everything anew.
+  /// Makes the next question read everything anew. Does not wait for one that is being answered.
   void Forget();
 
  private:
-  using Time = std::chrono::steady_clock::time_point;
-
   struct Snapshot {
     Time read_at;
     TableList tables;
@@ -66,6 +70,7 @@ class Schema {
   dralo::Environment& environment_;
   const Options& options_;
   const std::string connection_string_;
+  std::atomic<bool> is_forgotten_ = false;
   std::mutex mutex_;
   std::optional<Snapshot> snapshot_;
   std::optional<Failure> failure_;                  ///< Of the latest try to read the tables.

@@ -142,12 +142,13 @@ Answer Site::Start() {
 }
 
 Answer Site::ShowTable(const Request& request, std::string_view path) {
+  const auto asked_at = Schema::Clock::now();
   const auto name = ReadTableName(path);
   // What is known about the table may be out of date: then a second look decides.
   for (const bool is_last : {false, true}) {
     std::string trouble;
-    const TableList tables = schema_.Tables();
-    const auto plan = name ? PlanOf(*name, trouble) : nullptr;
+    const TableList tables = schema_.Tables(asked_at);
+    const auto plan = name ? PlanOf(*name, asked_at, trouble) : nullptr;
     if (!trouble.empty()) return Failure(500, Label(*name), trouble);
     if (plan == nullptr) break;
     Outcome outcome;
@@ -159,9 +160,10 @@ Answer Site::ShowTable(const Request& request, std::string_view path) {
   return Failure(404, "There is no such table", "It may have been dropped or renamed.");
 }
 
-std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, std::string& trouble) {
+std::shared_ptr<const TablePlan> Site::PlanOf(const TableName& name, Schema::Time asked_at,
+                                              std::string& trouble) {
   try {
-    return schema_.Plan(name);
+    return schema_.Plan(name, asked_at);
   } catch (const dralo::Error& error) {
     Log(error.what());
     trouble = "This table or view cannot be read. The server's own messages tell why.";
@@ -175,17 +177,18 @@ Answer Site::RenderOrRepeat(const Request& request, const TablePlan& plan, const
   const bool can_keep = plan.is_stored && !options_.can_edit && request.method == "GET";
   // Before the page is begun: a change that comes meanwhile is seen by the next look.
   const auto sighting = can_keep && kept_pages_.IsAskedAgain(tables, asked) ? watch_.Look() : std::nullopt;
-  if (!sighting) return Render(request, plan, outcome);
+  if (!sighting) return Render(request, plan, tables, outcome);
   if (const auto kept = kept_pages_.Find(tables, *sighting, asked)) return *kept;
-  Answer answer = Render(request, plan, outcome);
+  Answer answer = Render(request, plan, tables, outcome);
   if (answer.status == 200 && answer.type.starts_with("text/html") && outcome.message.empty())
     kept_pages_.Keep(tables, *sighting, asked, answer);
   return answer;
 }
 
-Answer Site::Render(const Request& request, const TablePlan& plan, Outcome& outcome) {
+Answer Site::Render(const Request& request, const TablePlan& plan, const TableList& tables,
+                    Outcome& outcome) {
   const auto page = PageFor(request);
-  const auto start = StartOf(plan.table.name);
+  const auto start = StartOf(tables, plan.table.name);
   dralo::Response& out = page->GetResponse();
   out.Write(*start);
   out.Write(kViewStart);
@@ -229,8 +232,7 @@ Answer Site::Framed(const dralo::Page& page, const TablePlan& plan, std::string_
                     plan.table.name)};
 }
 
-std::shared_ptr<const std::string> Site::StartOf(const TableName& table) {
-  const TableList tables = schema_.Tables();
+std::shared_ptr<const std::string> Site::StartOf(const TableList& tables, const TableName& table) {
   return starts_.Find(tables, table, [&] { return PageStart(FrameWith(tables), Label(table), table); });
 }
 

@@ -32,14 +32,14 @@ class Site {
   Answer Route(const Request& request);
   Answer Start();
   Answer ShowTable(const Request& request, std::string_view path);
-  std::shared_ptr<const TablePlan> PlanOf(const TableName& name, std::string& trouble);
+  std::shared_ptr<const TablePlan> PlanOf(const TableName& name, Schema::Time asked_at, std::string& trouble);
   Answer RenderOrRepeat(const Request& request, const TablePlan& plan, const TableList& tables,
                         Outcome& outcome);
-  Answer Render(const Request& request, const TablePlan& plan, Outcome& outcome);
+  Answer Render(const Request& request, const TablePlan& plan, const TableList& tables, Outcome& outcome);
   Answer Download(const Request& request, const std::shared_ptr<const TablePlan>& plan, Outcome& outcome);
   Answer Framed(const dralo::Page& page, const TablePlan& plan, std::string_view body,
                 const Outcome& outcome);
-  std::shared_ptr<const std::string> StartOf(const TableName& table);
+  std::shared_ptr<const std::string> StartOf(const TableList& tables, const TableName& table);
   Answer Failure(int status, std::string_view title, std::string_view sentence);
   void RequireTables();
   Frame FrameWith(TableList tables) const;

@@ -46,7 +46,9 @@ class Sqlite final : public Catalogue {
     try {
       return rows.Query("SELECT name, type, name IN " + of_type + "'table')" + all + " AND name NOT IN " +
                         of_type + "'shadow')" + order);
-    } catch (const dralo::Error&) {
+    } catch (const dralo::Error& error) {
+      constexpr int kNoSuchTable = 1;  // SQLITE_ERROR, and not one of waiting in vain.
+      if (error.Number() != kNoSuchTable) throw;
       return rows.Query("SELECT name, type, 0" + all + order);
     }
   }
