@@ -1,8 +1,14 @@
+#include <gmock/gmock.h>
+
 #include "unit/database/postgresql/known_query.h"
 
 namespace dralo::tests {
 
 namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 /// The first page of a query that comes again and again.
 class FirstRows : public KnownQuery {
@@ -75,6 +81,26 @@ TEST_F(FirstRows, GoWithTheQueryThatIsKeptNoLonger) {
   AskThrice("SELECT name FROM goods");
   EXPECT_LE(Prepared(), 32);
   EXPECT_GT(Prepared(), 20);
+}
+
+TEST_F(FirstRows, ComeFromOneWorkerWithoutAJoinAsTheLaterOnes) {
+  for (const char* setting :
+       {"parallel_setup_cost = 0", "parallel_tuple_cost = 0", "min_parallel_table_scan_size = 0"}) {
+    Run("SET " + std::string(setting));
+  }
+  EXPECT_THAT(Ask("EXPLAIN SELECT * FROM goods"), Contains(HasSubstr("Gather")));
+  AskThrice("SELECT * FROM goods");
+  for (int i = 0; i < 3; ++i) Page(connection_, "SELECT * FROM goods", 10, 5);
+  const Lines calls = Ask(
+      "SELECT name || CASE cardinality(parameter_types) WHEN 2 THEN '(5, 5)' ELSE '' END FROM "
+      "pg_prepared_statements WHERE statement LIKE '%FROM goods%' AND statement NOT LIKE '%pg_prepared%'");
+  ASSERT_EQ(calls.size(), 2u);
+  for (const std::string& call : calls) {
+    const Lines plan = Ask("EXPLAIN EXECUTE " + call.substr(1, call.size() - 2));
+    EXPECT_THAT(plan, Contains(HasSubstr("->  Seq Scan on goods")));
+    EXPECT_THAT(plan, Not(Contains(HasSubstr("Gather"))));
+    EXPECT_THAT(plan, Not(Contains(HasSubstr("Join"))));
+  }
 }
 
 TEST_F(FirstRows, AreReadInTransactionsToo) {
