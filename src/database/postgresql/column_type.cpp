@@ -29,35 +29,35 @@ std::string SameSingle(std::string_view name, std::string_view text) {
 struct Kind {
   Oid oid;
   TypeCode type;
-  Reading reading;
+  Reader reader;
   platform::KeyComparison comparison = nullptr;
 };
 
 // clang-format off
 constexpr Kind kKinds[] = {
-    {type_oid::kSmallInt, TypeCode::kSmallInt, Reading::kInteger},
-    {type_oid::kInteger, TypeCode::kInteger, Reading::kInteger},
-    {type_oid::kBigInt, TypeCode::kBigInt, Reading::kInteger},
-    {type_oid::kOid, TypeCode::kUnsignedInt, Reading::kInteger},
-    {type_oid::kReal, TypeCode::kSingle, Reading::kDouble, SameSingle},
-    {type_oid::kDouble, TypeCode::kDouble, Reading::kDouble, SameNumber},
-    {type_oid::kNumeric, TypeCode::kNumeric, Reading::kDecimal, SameNumber},
-    {type_oid::kMoney, TypeCode::kCurrency, Reading::kMoney, SameMoney},
-    {type_oid::kBoolean, TypeCode::kBoolean, Reading::kBoolean, SameBoolean},
-    {type_oid::kDate, TypeCode::kDbDate, Reading::kDate},
-    {type_oid::kTime, TypeCode::kDbTime, Reading::kTime},
-    {type_oid::kTimestamp, TypeCode::kDbTimestamp, Reading::kDate},
-    {type_oid::kTimestampWithZone, TypeCode::kDbTimestamp, Reading::kZonedDate},
-    {type_oid::kUuid, TypeCode::kGuid, Reading::kText},
-    {type_oid::kBytes, TypeCode::kLongVarBinary, Reading::kBytes},
-    {type_oid::kSingleByte, TypeCode::kWideChar, Reading::kText},
-    {type_oid::kChar, TypeCode::kWideChar, Reading::kText},
-    {type_oid::kName, TypeCode::kVarWideChar, Reading::kText},
-    {type_oid::kInterval, TypeCode::kVarWideChar, Reading::kText},
-    {type_oid::kAddress, TypeCode::kVarWideChar, Reading::kText},
-    {type_oid::kNetwork, TypeCode::kVarWideChar, Reading::kText},
-    {type_oid::kHardwareAddress, TypeCode::kVarWideChar, Reading::kText},
-    {type_oid::kCursor, TypeCode::kVarWideChar, Reading::kText},
+    {type_oid::kSmallInt, TypeCode::kSmallInt, ReadInteger},
+    {type_oid::kInteger, TypeCode::kInteger, ReadInteger},
+    {type_oid::kBigInt, TypeCode::kBigInt, ReadInteger},
+    {type_oid::kOid, TypeCode::kUnsignedInt, ReadInteger},
+    {type_oid::kReal, TypeCode::kSingle, ReadReal, SameSingle},
+    {type_oid::kDouble, TypeCode::kDouble, ReadReal, SameNumber},
+    {type_oid::kNumeric, TypeCode::kNumeric, ReadNumeric, SameNumber},
+    {type_oid::kMoney, TypeCode::kCurrency, ReadAmount, SameMoney},
+    {type_oid::kBoolean, TypeCode::kBoolean, ReadBoolean, SameBoolean},
+    {type_oid::kDate, TypeCode::kDbDate, ReadDay},
+    {type_oid::kTime, TypeCode::kDbTime, ReadTime},
+    {type_oid::kTimestamp, TypeCode::kDbTimestamp, ReadDay},
+    {type_oid::kTimestampWithZone, TypeCode::kDbTimestamp, ReadZonedDay},
+    {type_oid::kUuid, TypeCode::kGuid, ReadText},
+    {type_oid::kBytes, TypeCode::kLongVarBinary, ReadBytes},
+    {type_oid::kSingleByte, TypeCode::kWideChar, ReadText},
+    {type_oid::kChar, TypeCode::kWideChar, ReadText},
+    {type_oid::kName, TypeCode::kVarWideChar, ReadText},
+    {type_oid::kInterval, TypeCode::kVarWideChar, ReadText},
+    {type_oid::kAddress, TypeCode::kVarWideChar, ReadText},
+    {type_oid::kNetwork, TypeCode::kVarWideChar, ReadText},
+    {type_oid::kHardwareAddress, TypeCode::kVarWideChar, ReadText},
+    {type_oid::kCursor, TypeCode::kVarWideChar, ReadText},
 };
 // clang-format on
 
@@ -69,7 +69,7 @@ Kind KindOfType(Oid type, int modifier) {
   const auto* const found = std::ranges::find(kKinds, type, &Kind::oid);
   if (found != std::end(kKinds)) return *found;
   const bool is_short = (type == type_oid::kVarChar && modifier >= 0) || (IsBits(type) && modifier > 1);
-  return {type, is_short ? TypeCode::kVarWideChar : TypeCode::kLongVarWideChar, Reading::kText};
+  return {type, is_short ? TypeCode::kVarWideChar : TypeCode::kLongVarWideChar, ReadText};
 }
 
 std::int64_t SizeOf(Oid type, int modifier) {
@@ -81,7 +81,7 @@ std::int64_t SizeOf(Oid type, int modifier) {
 
 }  // namespace
 
-Reading SetType(Column& column, Oid type, int modifier) {
+Reader SetType(Column& column, Oid type, int modifier) {
   const Kind kind = KindOfType(type, modifier);
   column.type = kind.type;
   column.has_declared_type = true;
@@ -89,7 +89,7 @@ Reading SetType(Column& column, Oid type, int modifier) {
   column.defined_size = SizeOf(type, modifier);
   if (kind.type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
   if (kind.type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;
-  return kind.reading;
+  return kind.reader;
 }
 
 }  // namespace dralo::database::postgresql

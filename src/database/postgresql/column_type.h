@@ -8,6 +8,6 @@ namespace dralo::database::postgresql {
 
 /// Sets the column's type, size and parts by the number of PostgreSQL's type and its modifier, -1 for none.
 /// Returns how values are read.
-Reading SetType(Column& column, Oid type, int modifier);
+Reader SetType(Column& column, Oid type, int modifier);
 
 }  // namespace dralo::database::postgresql

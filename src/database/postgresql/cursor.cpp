@@ -158,9 +158,9 @@ void Cursor::Stop() noexcept {
 }
 
 platform::VariantView Cursor::Value(std::size_t column) {
-  const std::string_view text = rows_->Current()[column];
+  const std::string_view text = rows_->Value(column);
   if (text.data() == nullptr) return {};
-  return Read(description_->readings[column], text, scratch_[column]);
+  return description_->readers[column](text, scratch_[column]);
 }
 
 const BaseTable& Cursor::Table() {

@@ -59,11 +59,11 @@ std::optional<platform::Variant> FirstValue(const PGresult* answer) {
   if (libpq.PQgetisnull(answer, 0, 0) != 0) return platform::Variant();
   Column column;
   const Description::ServerType type = TypeOfColumn(answer, 0);
-  const Reading reading = SetType(column, type.number, type.modifier);
+  const Reader read = SetType(column, type.number, type.modifier);
   const std::string_view text(libpq.PQgetvalue(answer, 0, 0),
                               static_cast<std::size_t>(libpq.PQgetlength(answer, 0, 0)));
   std::string scratch;
-  return platform::Own(Read(reading, text, scratch));
+  return platform::Own(read(text, scratch));
 }
 
 Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, std::string_view text) {
@@ -74,7 +74,7 @@ Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, 
   for (Column& column : columns) {
     column.name = libpq.PQfname(answer, number);
     const Description::ServerType& type = description.types.emplace_back(TypeOfColumn(answer, number));
-    description.readings.push_back(SetType(column, type.number, type.modifier));
+    description.readers.push_back(SetType(column, type.number, type.modifier));
     description.origins.push_back(OriginOfColumn(answer, number));
     ++number;
   }

@@ -24,7 +24,7 @@ struct Description {
   };
 
   std::shared_ptr<const Columns> columns = std::make_shared<const Columns>();
-  std::vector<Reading> readings;
+  std::vector<Reader> readers;
   std::vector<Origin> origins;
   std::vector<ServerType> types;
 

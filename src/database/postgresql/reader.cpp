@@ -20,29 +20,6 @@ VariantView ReadNumber(std::string_view text) {
   return number ? VariantView(*number) : text;
 }
 
-VariantView ReadDecimal(std::string_view text) {
-  return text::IsPlainDecimal(text) ? VariantView(platform::DecimalView{text}) : text;
-}
-
-/// A text that is no day of the calendar stays a text.
-VariantView ReadDate(std::string_view text) {
-  const auto time = text::ParseIsoDateTime(text);
-  return time ? VariantView(*time) : text;
-}
-
-/// Ignores the offset of a time zone, as in "10:20:30+02".
-VariantView ReadZonedDate(std::string_view text) {
-  const auto zone = text.find_first_of("+-", std::min(sizeof "YYYY-MM-DD", text.size()));
-  const bool has_zone = zone != text.npos && !text.ends_with("BC");
-  const auto time = text::ParseIsoDateTime(has_zone ? text.substr(0, zone) : text);
-  return time ? VariantView(*time) : text;
-}
-
-VariantView ReadTime(std::string_view text) {
-  const auto time = text::ParseTimeOfDay(text);
-  return time ? VariantView(*time) : text;
-}
-
 /// The older spelling: "\\" for a backslash, "\377" for a byte that is no ASCII character.
 void Unescape(std::string_view text, std::string& bytes) {
   bytes.clear();
@@ -58,6 +35,42 @@ void Unescape(std::string_view text, std::string& bytes) {
   }
 }
 
+}  // namespace
+
+VariantView ReadInteger(std::string_view text, std::string& /*unused*/) {
+  return ReadNumber<std::int64_t>(text);
+}
+
+VariantView ReadReal(std::string_view text, std::string& /*unused*/) { return ReadNumber<double>(text); }
+
+VariantView ReadBoolean(std::string_view text, std::string& /*unused*/) { return text == "t"; }
+
+VariantView ReadNumeric(std::string_view text, std::string& /*unused*/) {
+  return text::IsPlainDecimal(text) ? VariantView(platform::DecimalView{text}) : text;
+}
+
+VariantView ReadAmount(std::string_view text, std::string& scratch) { return ReadMoney(text, scratch); }
+
+/// A text that is no day of the calendar stays a text.
+VariantView ReadDay(std::string_view text, std::string& /*unused*/) {
+  const auto time = text::ParseIsoDateTime(text);
+  return time ? VariantView(*time) : text;
+}
+
+VariantView ReadZonedDay(std::string_view text, std::string& /*unused*/) {
+  const auto zone = text.find_first_of("+-", std::min(sizeof "YYYY-MM-DD", text.size()));
+  const bool has_zone = zone != text.npos && !text.ends_with("BC");
+  const auto time = text::ParseIsoDateTime(has_zone ? text.substr(0, zone) : text);
+  return time ? VariantView(*time) : text;
+}
+
+VariantView ReadTime(std::string_view text, std::string& /*unused*/) {
+  const auto time = text::ParseTimeOfDay(text);
+  return time ? VariantView(*time) : text;
+}
+
+VariantView ReadText(std::string_view text, std::string& /*unused*/) { return text; }
+
 VariantView ReadBytes(std::string_view text, std::string& scratch) {
   if (text.starts_with("\\x")) {
     text.remove_prefix(2);
@@ -69,34 +82,6 @@ VariantView ReadBytes(std::string_view text, std::string& scratch) {
     Unescape(text, scratch);
   }
   return platform::BytesView{reinterpret_cast<const std::uint8_t*>(scratch.data()), scratch.size()};
-}
-
-}  // namespace
-
-VariantView Read(Reading reading, std::string_view text, std::string& scratch) {
-  switch (reading) {
-    case Reading::kInteger:
-      return ReadNumber<std::int64_t>(text);
-    case Reading::kDouble:
-      return ReadNumber<double>(text);
-    case Reading::kBoolean:
-      return text == "t";
-    case Reading::kDecimal:
-      return ReadDecimal(text);
-    case Reading::kMoney:
-      return ReadMoney(text, scratch);
-    case Reading::kDate:
-      return ReadDate(text);
-    case Reading::kZonedDate:
-      return ReadZonedDate(text);
-    case Reading::kTime:
-      return ReadTime(text);
-    case Reading::kText:
-      return text;
-    case Reading::kBytes:
-      return ReadBytes(text, scratch);
-  }
-  return text;
 }
 
 }  // namespace dralo::database::postgresql

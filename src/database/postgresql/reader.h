@@ -7,11 +7,22 @@
 
 namespace dralo::database::postgresql {
 
-/// How the texts that the server sends for the values of a column are read; decided once per statement.
-enum class Reading { kInteger, kDouble, kBoolean, kDecimal, kMoney, kDate, kZonedDate, kTime, kText, kBytes };
+/// Reads the text that the server sends for a value. What is not of the expected kind, such as the date
+/// "infinity", stays a text. Text stays where it is; money and bytes are converted into `scratch`.
+using Reader = platform::VariantView (*)(std::string_view text, std::string& scratch);
 
-/// The value that `text` spells; the text itself when it is not of the expected kind, such as the date
-/// "infinity". Text stays where it is; money and bytes are converted into `scratch`.
-platform::VariantView Read(Reading reading, std::string_view text, std::string& scratch);
+platform::VariantView ReadInteger(std::string_view text, std::string& scratch);
+platform::VariantView ReadReal(std::string_view text, std::string& scratch);
+platform::VariantView ReadBoolean(std::string_view text, std::string& scratch);
+platform::VariantView ReadNumeric(std::string_view text, std::string& scratch);
+platform::VariantView ReadAmount(std::string_view text, std::string& scratch);
+platform::VariantView ReadDay(std::string_view text, std::string& scratch);
+
+/// Ignores the offset of a time zone, as in "10:20:30+02".
+platform::VariantView ReadZonedDay(std::string_view text, std::string& scratch);
+
+platform::VariantView ReadTime(std::string_view text, std::string& scratch);
+platform::VariantView ReadText(std::string_view text, std::string& scratch);
+platform::VariantView ReadBytes(std::string_view text, std::string& scratch);
 
 }  // namespace dralo::database::postgresql

@@ -44,19 +44,20 @@ void ResultRows::Await() {
 
 bool ResultRows::Next() {
   if (link_ != nullptr && set_aside_at_ && Clock::now() >= *set_aside_at_) SetAside();
-  if (!aside_ && !failure_) return NextOfServer(row_);
+  if (!aside_ && !failure_) return NextOfServer();
+  shown_ = nullptr;
   if (aside_ && aside_->Next(row_)) return true;
   if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
   return false;
 }
 
-bool ResultRows::NextOfServer(Row& row) {
-  const Libpq& libpq = Libpq::Get();
-  while (!part_ || next_ >= libpq.PQntuples(part_.get())) {
+bool ResultRows::NextOfServer() {
+  while (!part_ || next_ >= libpq_.PQntuples(part_.get())) {
     if (link_ == nullptr) return false;
     TakePart();
   }
-  Load(row);
+  shown_ = part_.get();
+  shown_row_ = next_++;
   return true;
 }
 
@@ -70,21 +71,6 @@ void ResultRows::TakePart() {
   }
   next_ = 0;
   if (!part_ || (cursor_ && !cursor_->IsOpen())) Release();
-}
-
-void ResultRows::Load(Row& row) {
-  const Libpq& libpq = Libpq::Get();
-  const PGresult* const part = part_.get();
-  int column = 0;
-  for (std::string_view& value : row) {
-    // Null is as long as an empty text, so most values need not be asked about it.
-    const int size = libpq.PQgetlength(part, next_, column);
-    const bool is_null = size == 0 && libpq.PQgetisnull(part, next_, column) != 0;
-    value = is_null ? std::string_view{}
-                    : std::string_view(libpq.PQgetvalue(part, next_, column), static_cast<std::size_t>(size));
-    ++column;
-  }
-  ++next_;
 }
 
 /// A failure is thrown when its row is asked for.
@@ -101,13 +87,21 @@ void ResultRows::SetAside() noexcept {
 /// The values of the current row may still be read, so their part stays.
 void ResultRows::KeepRest() {
   aside_ = std::make_unique<RowsAside>();
+  KeepRestOfPart();
+  current_part_ = std::move(part_);
+  while (link_ != nullptr) {
+    TakePart();
+    KeepRestOfPart();
+  }
+}
+
+void ResultRows::KeepRestOfPart() {
   Row row(row_.size());
-  while (part_ && next_ < Libpq::Get().PQntuples(part_.get())) {
-    Load(row);
+  for (; part_ && next_ < libpq_.PQntuples(part_.get()); ++next_) {
+    int column = 0;
+    for (std::string_view& value : row) value = ValueIn(part_.get(), next_, column++);
     aside_->Add(row);
   }
-  current_part_ = std::move(part_);
-  while (NextOfServer(row)) aside_->Add(row);
 }
 
 void ResultRows::Release() noexcept {

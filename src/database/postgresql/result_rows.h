@@ -33,8 +33,10 @@ class ResultRows final : public RowReader {
   /// Goes to the next row; false at the end. Throws platform::Error.
   bool Next();
 
-  /// The values of the row; valid until the next call.
-  const Row& Current() const { return row_; }
+  /// A value of the row, valid until the next call; Null has no data.
+  std::string_view Value(std::size_t column) const {
+    return shown_ == nullptr ? row_[column] : ValueIn(shown_, shown_row_, static_cast<int>(column));
+  }
 
   void SetAside() noexcept override;
 
@@ -44,10 +46,16 @@ class ResultRows final : public RowReader {
  private:
   using Clock = std::chrono::steady_clock;
 
-  bool NextOfServer(Row& row);
+  /// Null is as long as an empty text, so most values need not be asked about it.
+  std::string_view ValueIn(const PGresult* part, int row, int column) const {
+    const int size = libpq_.PQgetlength(part, row, column);
+    if (size == 0 && libpq_.PQgetisnull(part, row, column) != 0) return {};
+    return {libpq_.PQgetvalue(part, row, column), static_cast<std::size_t>(size)};
+  }
+  bool NextOfServer();
   void KeepRest();
+  void KeepRestOfPart();
   void TakePart();
-  void Load(Row& row);
   void Release() noexcept;
 
   Link* link_ = nullptr;  ///< Set while the server sends rows.
@@ -55,9 +63,12 @@ class ResultRows final : public RowReader {
   std::unique_ptr<ServerCursor> cursor_;  ///< Instead of it.
   bool may_drop_ = false;
   std::optional<Clock::time_point> set_aside_at_;  ///< So that the server does not end the statement.
+  const Libpq& libpq_ = Libpq::Get();
   Result part_;
-  int next_ = 0;
-  Row row_;
+  int next_ = 0;                     ///< Of the part's rows.
+  const PGresult* shown_ = nullptr;  ///< The part with the current row, unless that was set aside.
+  int shown_row_ = 0;
+  Row row_;              ///< The current one of those that were set aside.
   Result current_part_;  ///< Holds the current row after the others were set aside.
   std::unique_ptr<RowsAside> aside_;
   std::exception_ptr failure_;  ///< Thrown after the rows that were set aside.
