@@ -61,9 +61,12 @@ std::optional<DecimalParts> SplitDecimal(std::string_view text) {
 }
 
 bool IsPlainDecimal(std::string_view text) {
-  const auto parts = SplitDecimal(text);
-  return parts && !parts->has_exponent && !text.starts_with('+') && !parts->whole.empty() &&
-         text.back() != '.';
+  if (text.starts_with('-')) text.remove_prefix(1);
+  if (TakeDigits(text).empty()) return false;
+  if (text.empty()) return true;
+  if (text.front() != '.') return false;
+  text.remove_prefix(1);
+  return !TakeDigits(text).empty() && text.empty();
 }
 
 std::optional<std::string> ExpandDecimal(bool is_negative, std::string_view digits, std::int64_t point) {

@@ -65,7 +65,7 @@ void Link::Connect() {
   for (const std::string& attributes : rounds) {
     for (const Options::Host& host : options_.hosts) {
       try {
-        deadline_.reset();
+        SetDeadline({});
         if (options_.connect_timeout_s > 0) deadline_ = Clock::now() + (end - Clock::now()) / attempts--;
         return ConnectTo(host, attributes);
       } catch (const Error& error) {

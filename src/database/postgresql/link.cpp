@@ -122,8 +122,9 @@ void Link::Split() {
   libpq_.PQsetSingleRowMode(Handle());
 }
 
+/// Most parts are there already, and reading the clock takes as long as a value.
 Result Link::Part() {
-  StartClock();
+  is_clock_due_ = true;
   return NextResult();
 }
 
@@ -137,7 +138,7 @@ void Link::Finish() {
 }
 
 bool Link::FinishWithin(std::chrono::milliseconds time) {
-  deadline_ = Clock::now() + time;
+  SetDeadline(Clock::now() + time);
   while (!is_synced_ && !IsDead()) {
     if (Clock::now() > *deadline_ || !AwaitAnswer()) return false;
     TakeResult();
@@ -196,7 +197,7 @@ bool Link::IsQuiet() const noexcept {
 }
 
 void Link::StartClock() {
-  deadline_.reset();
+  SetDeadline({});
   if (patience_) deadline_ = Clock::now() + *patience_;
 }
 
@@ -217,6 +218,7 @@ void Link::Require(int code) {
 /// server sends something all the time.
 bool Link::Wait(short events) {
   constexpr std::chrono::milliseconds kSlice{100};
+  if (is_clock_due_) StartClock();
   for (;;) {
     if (HostWantsToStop()) {
       GiveUp();

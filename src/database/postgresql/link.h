@@ -136,6 +136,10 @@ class Link {
   void RequireForms();
   void FindPooler();
   void StartClock();
+  void SetDeadline(std::optional<Clock::time_point> deadline) {
+    deadline_ = deadline;
+    is_clock_due_ = false;
+  }
   PGconn* Handle() const;
   void Require(int code);
   bool Wait(short events);
@@ -157,6 +161,7 @@ class Link {
   std::vector<RowReader*> of_transaction_;
   std::optional<std::chrono::seconds> patience_;
   std::optional<Clock::time_point> deadline_;
+  bool is_clock_due_ = false;  ///< The next wait starts the clock.
 };
 
 }  // namespace dralo::database::postgresql
