@@ -147,6 +147,13 @@ TEST_F(Failing, GivesUpALongResultThatIsSlowAndGoesOnOverAnotherConnection) {
   EXPECT_EQ(Ask("SELECT 7"), Lines{"7"});
 }
 
+TEST_F(Failing, WaitsForEachPartOfALongResultAsLongAsForTheFirst) {
+  connection_ = Another(";Query Timeout=2");
+  Run("CREATE VIEW slow AS SELECT i, pg_sleep(0.017)::text, repeat('x', 9000) FROM generate_series(1, 300) "
+      "i");
+  EXPECT_EQ(Ask("SELECT * FROM slow").size(), 300u);
+}
+
 TEST_F(Failing, ReportsAServerThatEndsInTheMiddleOfAResult) {
   const auto recordset = Read(connection_, "SELECT i, repeat('x', 1000) FROM generate_series(1, 50000) i");
   EXPECT_FALSE(recordset->Eof());
