@@ -69,6 +69,29 @@ bool IsPlainDecimal(std::string_view text) {
   return !TakeDigits(text).empty() && text.empty();
 }
 
+bool ReadShortDecimal(std::string_view text, double& number) {
+  constexpr std::size_t kMostDigits = 15;
+  static constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
+                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+  const bool is_negative = text.starts_with('-');
+  if (is_negative) text.remove_prefix(1);
+  if (text.empty() || text.size() > kMostDigits || text.back() == '.') return false;
+  std::int64_t digits = 0;
+  std::size_t decimals = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (IsDigit(text[at])) {
+      digits = digits * 10 + (text[at] - '0');
+    } else if (text[at] == '.' && decimals == 0 && at > 0) {
+      decimals = text.size() - at - 1;
+    } else {
+      return false;
+    }
+  }
+  const double magnitude = static_cast<double>(digits) / kPowersOfTen[decimals];
+  number = is_negative ? -magnitude : magnitude;
+  return true;
+}
+
 std::optional<std::string> ExpandDecimal(bool is_negative, std::string_view digits, std::int64_t point) {
   constexpr std::int64_t kMaxDigits = 1000;
   const std::size_t zeros = std::min(digits.find_first_not_of('0'), digits.size());

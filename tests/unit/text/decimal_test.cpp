@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <random>
+#include <string>
 
 namespace dralo::text {
 namespace {
@@ -80,6 +84,23 @@ TEST(ParseNumber, ReadsTheWholeTextOrNothing) {
   EXPECT_EQ(ParseNumber<std::int64_t>("9223372036854775807"), std::numeric_limits<std::int64_t>::max());
   for (const char* text : {"", "+7", " 7", "7 ", "7x", "2147483648", "1\xFF"}) {
     EXPECT_EQ(ParseNumber<int>(text), std::nullopt) << text;
+  }
+}
+
+TEST(ParseNumber, ReadsShortDecimalsAsTheNearestNumbersLikeLongOnes) {
+  std::mt19937_64 random(20);
+  for (int i = 0; i < 100'000; ++i) {
+    std::string text = std::to_string(random() % 1'000'000'000'000'000);
+    text.resize(1 + random() % text.size());
+    if (const auto point = random() % text.size(); point > 0) text.insert(point, ".");
+    if (i % 2 == 0) text.insert(0, "-");
+    const double expected = std::strtod(text.c_str(), nullptr);
+    EXPECT_EQ(ParseNumber<double>(text), expected) << text;
+    EXPECT_EQ(ParseNumber<double>(text + (text.find('.') == text.npos ? ".0" : "0")), expected);
+  }
+  EXPECT_TRUE(std::signbit(ParseNumber<double>("-0.00").value()));
+  for (const char* text : {"", "-", "--1", "+1", "1.2.3", "1..2", "1,5", " 1", "1 ", "0x1", "."}) {
+    EXPECT_EQ(ParseNumber<double>(text), std::nullopt) << text;
   }
 }
 
