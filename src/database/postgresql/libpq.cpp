@@ -15,7 +15,9 @@ void Find(void* library, const char* name, Function& function) {
   throw platform::Error("PostgreSQL's client library is too old; libpq 14 or newer is needed");
 }
 
-Libpq Load() {
+}  // namespace
+
+Libpq Libpq::Load() {
   void* const library = dlopen("libpq.so.5", RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {
     throw platform::Error("PostgreSQL's client library libpq.so.5 is missing; install the package libpq5");
@@ -26,13 +28,6 @@ Libpq Load() {
 #undef DRALO_FIND
   libpq.set_chunked_rows =
       reinterpret_cast<decltype(libpq.set_chunked_rows)>(dlsym(library, "PQsetChunkedRowsMode"));
-  return libpq;
-}
-
-}  // namespace
-
-const Libpq& Libpq::Get() {
-  static const Libpq libpq = Load();
   return libpq;
 }
 

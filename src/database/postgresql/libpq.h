@@ -10,7 +10,10 @@ namespace dralo::database::postgresql {
 /// connects, so that a host without PostgreSQL does not need it.
 struct Libpq {
   /// Throws platform::Error, which says what to install, when the library is missing or too old.
-  static const Libpq& Get();
+  static const Libpq& Get() {
+    static const Libpq libpq = Load();
+    return libpq;
+  }
 
 #define DRALO_LIBPQ_FUNCTIONS(USE) \
   USE(PQbackendPID)                \
@@ -57,6 +60,9 @@ struct Libpq {
 
   /// PQsetChunkedRowsMode of libpq 17 and later, else nullptr.
   int (*set_chunked_rows)(PGconn*, int);
+
+ private:
+  static Libpq Load();
 };
 
 struct ResultCleaner {

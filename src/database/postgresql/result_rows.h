@@ -48,9 +48,9 @@ class ResultRows final : public RowReader {
 
   /// Null is as long as an empty text, so most values need not be asked about it.
   std::string_view ValueIn(const PGresult* part, int row, int column) const {
-    const int size = libpq_.PQgetlength(part, row, column);
-    if (size == 0 && libpq_.PQgetisnull(part, row, column) != 0) return {};
-    return {libpq_.PQgetvalue(part, row, column), static_cast<std::size_t>(size)};
+    const std::string_view text = libpq_.PQgetvalue(part, row, column);
+    if (text.empty() && libpq_.PQgetisnull(part, row, column) != 0) return {};
+    return text;
   }
   bool NextOfServer();
   void KeepRest();
