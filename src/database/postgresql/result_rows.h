@@ -46,12 +46,14 @@ class ResultRows final : public RowReader {
  private:
   using Clock = std::chrono::steady_clock;
 
-  /// Null is as long as an empty text, so most values need not be asked about it.
+  /// A value of a complete row, or Null for a column that the row does not have. Null looks like an empty
+  /// text, so most values need not be asked about it; the text of others ends with a zero byte.
   std::string_view ValueIn(const PGresult* part, int row, int column) const {
-    const std::string_view text = libpq_.PQgetvalue(part, row, column);
-    if (text.empty() && libpq_.PQgetisnull(part, row, column) != 0) return {};
+    const char* const text = libpq_.PQgetvalue(part, row, column);
+    if (text == nullptr || (*text == '\0' && libpq_.PQgetisnull(part, row, column) != 0)) return {};
     return text;
   }
+
   bool NextOfServer();
   void KeepRest();
   void KeepRestOfPart();
