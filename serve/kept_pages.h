@@ -18,8 +18,8 @@ namespace serve {
 class KeptPages {
  public:
   static constexpr std::size_t kMostPages = 100;
-  static constexpr std::size_t kMostBytes = 8 * 1024 * 1024;  ///< Of all pages together.
-  static constexpr std::size_t kLongestPage = 256 * 1024;
+  static constexpr std::size_t kMostBytes = std::size_t{8} << 20;  ///< Of all pages together.
+  static constexpr std::size_t kLongestPage = std::size_t{256} << 10;
   static constexpr std::size_t kMostAsked = 1000;
 
   /// Whether the same was asked before, beside the same list of tables. What nobody asks for twice is not

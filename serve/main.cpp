@@ -46,10 +46,11 @@ void Announce(const Options& options, int port) {
   std::cout << ShownName(options) << " is at http://" << Bracketed(host) << ':' << port << "/ "
             << (options.can_edit ? "for reading and editing" : "for reading") << "; Ctrl-C stops it"
             << std::endl;
-  if (options.user_file.empty() && !IsLoopback(options.host))
+  if (options.user_file.empty() && !IsLoopback(options.host)) {
     std::cerr << "dralo-serve: everybody who can reach " << options.host << " can "
               << (options.can_edit ? "read and change" : "read")
               << " this database; --user-file asks for a name\n";
+  }
 }
 
 /// Serves until a signal comes; a second signal ends the program at once.

@@ -12,6 +12,8 @@
 namespace serve {
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr std::string_view kHelp = R"(usage: dralo-serve DATABASE [TABLE...] [OPTION...]
 
 Shows the tables and views of a database as pages, with sorting, single records and a spreadsheet to download.
@@ -136,16 +138,17 @@ void RequireFile(const Options& options) {
   const std::string& file = options.database;
   if (IsConnectionString(file)) return;
   std::error_code error;
-  if (!std::filesystem::exists(file, error))
+  if (!std::filesystem::exists(file, error)) {
     throw std::runtime_error("there is no file " + file +
                              "; name an SQLite file or a connection string, which has a \"=\"");
+  }
   if (!std::filesystem::is_regular_file(file, error))
     throw std::runtime_error(file + " is no file; name an SQLite file");
   if (access(file.c_str(), R_OK) != 0)
     throw std::runtime_error("you may not read " + file + "; ask its owner for the permission");
   if (options.can_edit && access(file.c_str(), W_OK) != 0)
     throw std::runtime_error("you may not write " + file + "; leave out --edit to look at it");
-  constexpr std::string_view kMagic("SQLite format 3", 16);
+  constexpr std::string_view kMagic = "SQLite format 3\0"sv;
   std::string begin(kMagic.size(), '\0');
   std::ifstream(file, std::ios::binary).read(begin.data(), static_cast<std::streamsize>(begin.size()));
   if (begin != kMagic && std::filesystem::file_size(file, error) > 0)

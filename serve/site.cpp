@@ -106,9 +106,10 @@ Answer Site::Respond(const Request& request) {
   const std::string host = NameOfHost(request.Header("host"));
   if (std::ranges::find(host_names_, host) == host_names_.end())
     return Refusal(421, "This server does not answer under that name; dralo-serve --name NAME adds one.");
-  if (users_ != nullptr && !users_->Knows(request.Header("authorization")))
+  if (users_ != nullptr && !users_->Knows(request.Header("authorization"))) {
     return Refusal(401, "Please log in.",
                    {{"WWW-Authenticate", "Basic realm=\"Database\", charset=\"UTF-8\""}});
+  }
   try {
     return Route(request);
   } catch (const std::exception& error) {
@@ -135,8 +136,8 @@ Answer Site::Route(const Request& request) {
 
 Answer Site::Start() {
   const std::vector<CountedTable> counted = schema_.CountedTables();
-  std::vector<Table> tables;
-  for (const CountedTable& one : counted) tables.push_back(one.table);
+  std::vector<Table> tables(counted.size());
+  std::ranges::transform(counted, tables.begin(), &CountedTable::table);
   const auto list = std::make_shared<const std::vector<Table>>(std::move(tables));
   return {.body = WholePage(FrameWith(list), "Tables", {StartPage(counted)})};
 }

@@ -16,9 +16,10 @@ void SetUpEditing(dralo::DbView& view, const TablePlan& plan) {
   view.SetEditNewPKStatement(plan.new_keys);
   view.SetEditFieldsReadOnly(plan.read_only);
   view.SetEditConfirmDeleteString("Delete this record?");
-  for (const Lookup& lookup : plan.lookups)
+  for (const Lookup& lookup : plan.lookups) {
     view.AddEditLookup(lookup.field, lookup.table, lookup.value, lookup.shown, lookup.shown,
                        lookup.can_be_empty);
+  }
 }
 
 void SetUp(dralo::DbView& view, const TablePlan& plan) {

@@ -17,9 +17,10 @@ namespace {
 /// Takes the same time wherever the texts differ.
 bool AreEqual(std::string_view one, std::string_view other) {
   unsigned difference = one.size() == other.size() ? 0 : 1;
-  for (std::size_t i = 0; i < one.size(); ++i)
+  for (std::size_t i = 0; i < one.size(); ++i) {
     difference |= static_cast<unsigned char>(one[i]) ^
                   (other.empty() ? 0U : static_cast<unsigned char>(other[i % other.size()]));
+  }
   return difference == 0;
 }
 
@@ -71,9 +72,10 @@ Users::Users(const std::string& file) {
     if (line.empty() || line.starts_with('#')) continue;
     const std::size_t colon = line.find(':');
     const std::string hash = colon == line.npos ? "" : line.substr(colon + 1);
-    if (colon == 0 || hash.empty() || Hash("", hash).empty())
+    if (colon == 0 || hash.empty() || Hash("", hash).empty()) {
       throw std::runtime_error("line " + std::to_string(number) + " of the user file " + file +
                                " is no user with a hash that crypt knows; make it with htpasswd -B");
+    }
     hashes_[line.substr(0, colon)] = hash;
   }
   if (hashes_.empty())

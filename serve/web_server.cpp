@@ -84,9 +84,10 @@ void Send(Answer answer, Turn turn, httplib::Response& response) {
 /// Whether the form could be read. A form of another kind is read too, and dropped: otherwise the rest of it
 /// would be taken for the next request.
 bool ReadForm(const httplib::Request& request, const httplib::ContentReader& read, std::string& form) {
-  if (request.is_multipart_form_data())
+  if (request.is_multipart_form_data()) {
     return read([](const httplib::MultipartFormData&) { return true; },
                 [](const char*, std::size_t) { return true; });
+  }
   return read([&](const char* data, std::size_t size) {
     form.append(data, size);
     return true;
@@ -168,10 +169,11 @@ class WebServer::Implementation {
     server_.set_exception_handler([](const httplib::Request&, httplib::Response& response,
                                      const std::exception_ptr&) { response.status = 500; });
     server_.set_error_handler([](const httplib::Request&, httplib::Response& response) {
-      if (response.body.empty() && !response.has_header("Content-Type"))
+      if (response.body.empty() && !response.has_header("Content-Type")) {
         response.set_content(
             "The request cannot be answered: status " + std::to_string(response.status) + ".\n",
             "text/plain; charset=utf-8");
+      }
     });
   }
 

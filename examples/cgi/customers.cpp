@@ -71,9 +71,10 @@ int main() {
   // Pieces are sent as they are written, so that a download takes no memory.
   page.send = [&](const dralo::Page& written, std::string_view piece) {
     if (!has_begun) WriteHeaders(written);
-    if (!has_begun && written.ContentType().starts_with("text/html"))
+    if (!has_begun && written.ContentType().starts_with("text/html")) {
       std::cout << "<!doctype html><html lang=\"en\"><meta charset=\"utf-8\"><title>Customers</title>"
                 << "<link rel=\"stylesheet\" href=\"" << Variable("ASSETS") << "/dralo.css\">\n";
+    }
     has_begun = true;
     std::cout << piece;
   };
