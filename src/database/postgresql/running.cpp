@@ -193,6 +193,7 @@ bool Cursor::MayRunAgain(const Error& error, bool was_prepared) {
   statement_ = query_;
   if (!has_keys) query_->form = Form::kPlain;
   query_->key_order.clear();
+  query_->has_one_order = false;
   return true;
 }
 

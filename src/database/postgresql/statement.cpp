@@ -10,33 +10,23 @@ namespace dralo::database::postgresql {
 /// The line feed ends a comment at the query's end, which would hide what follows. With the keys of its
 /// tables behind its order a query has one order whatever the plan, so the server may sort only the first
 /// rows and share the work. Without them, the numbers of a page are not constants for the planner, so all
-/// pages have the same plan, and with it the same order of equal sort keys.
+/// pages have the same plan, and with it the same order of equal sort keys. A function that parallel workers
+/// may not call keeps them away, because their rows come in any order. It is never called. The join adds
+/// nothing to any row; it prevents a sort of only the first rows, which would give equal keys another order.
 std::string Statement::ToSend() const {
   if (form == Form::kPlain) return numbered;
   const bool is_first = form == Form::kFirst;
   const std::string limit =
       (is_first ? std::to_string(rows) : "$" + std::to_string(parameters + 1)) + "::bigint";
-  const std::string offset = is_first ? std::string() : "$" + std::to_string(parameters + 2) + "::bigint";
+  const std::string offset = (is_first ? "0" : "$" + std::to_string(parameters + 2)) + "::bigint";
   if (!key_order.empty()) {
-    const std::string part = form == Form::kOneRow ? "1" : limit + (is_first ? "" : " OFFSET " + offset);
+    const std::string part = form == Form::kOneRow ? "1" : limit + " OFFSET " + offset;
     return std::string(WithoutEnd(numbered)) + "\n" + key_order + " LIMIT " + part;
   }
   const std::string source = " FROM (" + std::string(WithoutEnd(numbered)) + "\n) dralo_row ";
   if (form == Form::kOneRow) return "SELECT *" + source + "LIMIT 1";
-  return "SELECT dralo_row.*" + source + PartInOnePlan(limit, offset);
-}
-
-/// A function that parallel workers may not call keeps them away, because their rows come in any order. It is
-/// never called. Where it is joined, it adds nothing to any row, and prevents a sort of only the first rows,
-/// which would give equal keys another order; rows that nothing sorts do without, which the server does
-/// faster.
-std::string Statement::PartInOnePlan(const std::string& limit, const std::string& offset) const {
-  const std::string behind = offset.empty() ? "" : " OFFSET (SELECT " + offset + ")";
-  if (has_one_order) {
-    return "LIMIT (SELECT CASE WHEN true THEN " + limit +
-           " ELSE pg_catalog.length(pg_catalog.current_schema()) END)" + behind;
-  }
-  return "LEFT JOIN pg_catalog.current_schema() ON false LIMIT (SELECT " + limit + ")" + behind;
+  return "SELECT dralo_row.*" + source + "LEFT JOIN pg_catalog.current_schema() ON false LIMIT (SELECT " +
+         limit + ") OFFSET (SELECT " + offset + ")";
 }
 
 std::shared_ptr<Statement> Statement::FirstRows(std::int64_t wanted) {

@@ -54,9 +54,6 @@ struct Statement {
   std::string ToSend() const;
 
   bool IsPreparedOn(const Link& link) const { return prepared != 0 && prepared == link.Number(); }
-
- private:
-  std::string PartInOnePlan(const std::string& limit, const std::string& offset) const;
 };
 
 /// The queries that a session ran last. The server keeps those prepared that came more than once.

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <set>
+#include <utility>
 
 #include "unit/database/postgresql/native_test.h"
 
@@ -116,6 +118,19 @@ TEST_F(KeyOrder, IsNoLongerAskedForWhenTheKeyIsGone) {
   Another()->Execute("ALTER TABLE goods DROP id");
   for (int i = 0; i < 3; ++i) EXPECT_EQ(Ask(sql, 200).size(), 100u);
   EXPECT_FALSE(IsSentWithKeys(sql));
+}
+
+TEST_F(KeyOrder, GivesWayToOneOrderOfAllPagesWhenTheKeyIsGone) {
+  const std::string sql = "SELECT name FROM goods ORDER BY stock";
+  for (int i = 0; i < 3; ++i) Ask(sql, 20);
+  Another()->Execute("ALTER TABLE goods DROP id");
+  for (int i = 0; i < 3; ++i) {
+    std::set<std::string> seen;
+    for (int passed = 0; passed < 300; passed += 20) {
+      for (std::string& line : Page(connection_, sql, passed + 20, passed)) seen.insert(std::move(line));
+    }
+    EXPECT_EQ(seen.size(), 300u);
+  }
 }
 
 TEST_F(KeyOrder, FollowsTheNamesOfTheSession) {
