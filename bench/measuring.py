@@ -53,9 +53,11 @@ def spread(ratios):
 
 
 def show(label, samples, unit, per):
-    """One line each for clock and CPU: the medians of every program, and the ratios of the first to the others."""
+    """One line each for clock and CPU: the medians of every program, and the ratios of the first to the others. What the pages
+    took beyond one may be too little to tell, and even less than nothing."""
     for kind, name in enumerate(("clock", "CPU")):
         columns = list(zip(*([sample[kind] for sample in round_] for round_ in samples)))
         times = "  ".join(f"{statistics.median(column) / per * unit:9.1f}" for column in columns)
-        ratios = "  ".join(spread([a / b for a, b in zip(columns[0], column)]) for column in columns[1:])
+        ratios = "  ".join(spread([a / b for a, b in zip(columns[0], column)]) if min(*columns[0], *column) > 0 else "too little"
+                           for column in columns[1:])
         print(f"{label:28}{name:8}{times}   library to each: {ratios}")
