@@ -27,11 +27,11 @@ class Connections(unittest.TestCase):
         return int(number)
 
     def assert_count(self, shop, number):
-        """A server takes a moment to notice that a connection was closed."""
+        """A server takes a moment to notice that a connection was closed, also that of the last count."""
         deadline = time.monotonic() + database_site.PATIENCE_S
-        while self.count(shop) != number and time.monotonic() < deadline:
+        while (counted := self.count(shop)) != number and time.monotonic() < deadline:
             time.sleep(0.02)
-        self.assertEqual(self.count(shop), number)
+        self.assertEqual(counted, number)
 
     def assert_shows_goods(self, visitor):
         self.assertEqual(len(visitor.show().rows), 20, visitor.page.text[-500:])
