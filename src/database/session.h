@@ -89,6 +89,10 @@ class Session {
   /// The first value of the first row. Throws platform::Error when there is none.
   platform::Variant Ask(const Query& query);
 
+  /// The first value of the first row of `cursor`, which runs `query` and stays on that row. Throws
+  /// platform::Error when there is none.
+  static platform::Variant FirstValue(Cursor& cursor, const Query& query);
+
   /// Runs a statement to its end. Returns the number of rows changed.
   std::int64_t Run(const Query& query);
 
@@ -98,10 +102,6 @@ class Session {
 
  protected:
   Session();
-
-  /// The first value of the first row of `cursor`, which runs `query` and stays on that row. Throws
-  /// platform::Error when there is none.
-  static platform::Variant FirstValue(Cursor& cursor, const Query& query);
 
   /// The number that the database gave, in `column` of `table`, to the row inserted last. Needed by Insert()
   /// as implemented here.

@@ -51,6 +51,22 @@ TEST_P(Counting, IsDoneForRowsThatCanBeChanged) {
   EXPECT_EQ(std::to_string(Rest(*goods).size()), Total());
 }
 
+TEST_P(Counting, TakesParametersHoweverManyRowsAreWanted) {
+  const std::vector<platform::Variant> two{std::int64_t{2}};
+  const auto command = MakeCommand(connection_, "SELECT ID FROM Goods WHERE ID > ? ORDER BY ID", two);
+  const Lines all = RowsOf(command);
+  for (const int wanted : {0, 3, 1000}) {
+    for (int i = 0; i < 3; ++i) {
+      auto goods = database::MakeRecordset();
+      goods->SetMaxRecords(wanted);
+      goods->SetCounting("SELECT COUNT(*) FROM Goods WHERE ID > ?", two);
+      goods->Open(*command);
+      EXPECT_EQ(Shown(platform::View(goods->Counted())), std::to_string(all.size())) << wanted;
+      EXPECT_EQ(Rest(*goods), wanted == 3 ? Lines(all.begin(), all.begin() + 3) : all) << wanted;
+    }
+  }
+}
+
 TEST_P(Counting, FailsWithItsOwnStatement) {
   const auto error =
       ErrorOf([&] { Open("SELECT ID FROM Goods", "SELECT COUNT(*) FROM Nowhere")->Counted(); });

@@ -90,7 +90,10 @@ platform::Variant Cursor::Count(const Query& count) {
 }
 
 void Cursor::CountAlone() {
-  if (IsCounting()) counted_ = session_.Ask({.text = count_->statement_->text, .max_records = 1});
+  if (!IsCounting()) return;
+  count_->Prepare();
+  counted_ = Session::FirstValue(*count_, {.text = count_->statement_->text});
+  count_->Stop();
 }
 
 void Cursor::Send(Rows rows) {
