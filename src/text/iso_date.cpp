@@ -109,14 +109,18 @@ void PutPadded(unsigned number, std::size_t digits, std::string& to) {
 
 }  // namespace
 
+bool ParseIsoDateTime(std::string_view text, DateTime& time) {
+  if (!TakeDate(text, time)) return false;
+  if (text.empty()) return true;
+  if (!Take(text, ' ') && !Take(text, 'T')) return false;
+  if (!TakeTime(text, time)) return false;
+  Take(text, 'Z');
+  return text.empty();
+}
+
 std::optional<DateTime> ParseIsoDateTime(std::string_view text) {
   DateTime time;
-  if (!TakeDate(text, time)) return std::nullopt;
-  if (text.empty()) return time;
-  if (!Take(text, ' ') && !Take(text, 'T')) return std::nullopt;
-  if (!TakeTime(text, time)) return std::nullopt;
-  Take(text, 'Z');
-  return text.empty() ? std::optional(time) : std::nullopt;
+  return ParseIsoDateTime(text, time) ? std::optional(time) : std::nullopt;
 }
 
 std::optional<DateTime> ParseTimeOfDay(std::string_view text) {

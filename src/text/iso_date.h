@@ -12,6 +12,10 @@ namespace dralo::text {
 /// "YYYY-MM-DD", optionally followed by a blank or "T" and a time of day, optionally followed by "Z".
 std::optional<platform::DateTime> ParseIsoDateTime(std::string_view text);
 
+/// The same, into `time`, which must have its default value. Returns false, and leaves any value there, when
+/// the text is something else. Faster where the result lies in memory anyway.
+bool ParseIsoDateTime(std::string_view text, platform::DateTime& time);
+
 /// "HH:MM[:SS[.fraction]]" on the zero date. Digits of the fraction after the ninth are ignored.
 std::optional<platform::DateTime> ParseTimeOfDay(std::string_view text);
 

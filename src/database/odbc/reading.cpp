@@ -4,19 +4,17 @@
 
 #include <cstdint>
 #include <cstring>
-#include <optional>
+#include <variant>
 
 #include "database/money_text.h"
 #include "database/odbc/wide_text.h"
+#include "database/text_reading.h"
 #include "text/ascii.h"
-#include "text/decimal.h"
-#include "text/iso_date.h"
 
 namespace dralo::database::odbc {
 
 namespace {
 
-using platform::DecimalView;
 using platform::VariantView;
 
 template <class Value>
@@ -24,15 +22,6 @@ Value Load(std::string_view bytes) {
   Value value{};
   std::memcpy(&value, bytes.data(), sizeof value);
   return value;
-}
-
-VariantView ReadDouble(std::string_view text) {
-  const auto number = text::ParseNumber<double>(text);
-  return number ? VariantView(*number) : text;
-}
-
-VariantView ReadDecimal(std::string_view text) {
-  return text::IsPlainDecimal(text) ? VariantView(DecimalView{text}) : text;
 }
 
 VariantView ReadSmallLetters(std::string_view text, std::string& scratch) {
@@ -47,15 +36,10 @@ bool IsInNoCalendar(std::string_view text) {
          text.find_first_not_of("0123456789-:. ") == text.npos;
 }
 
-VariantView ReadDate(std::string_view text) {
-  const auto time = text::ParseIsoDateTime(text);
-  if (!time && IsInNoCalendar(text)) return {};
-  return time ? VariantView(*time) : text;
-}
-
-VariantView ReadTime(std::string_view text) {
-  const auto time = text::ParseTimeOfDay(text);
-  return time ? VariantView(*time) : text;
+VariantView ReadDateOrNone(std::string_view text) {
+  const VariantView value = ReadDate(text);
+  const bool is_text = std::holds_alternative<std::string_view>(value);
+  return is_text && IsInNoCalendar(text) ? VariantView{} : value;
 }
 
 VariantView ReadWide(std::string_view bytes, std::string& scratch) {
@@ -102,7 +86,7 @@ VariantView ReadValue(Reading reading, std::string_view bytes, std::string& scra
     case Reading::kDouble:
       return Load<double>(bytes);
     case Reading::kDoubleText:
-      return ReadDouble(bytes);
+      return ReadNumber<double>(bytes);
     case Reading::kBoolean:
       return bytes[0] != 0;
     case Reading::kDecimal:
@@ -110,9 +94,9 @@ VariantView ReadValue(Reading reading, std::string_view bytes, std::string& scra
     case Reading::kMoney:
       return ReadMoney(bytes, scratch);
     case Reading::kDate:
-      return ReadDate(bytes);
+      return ReadDateOrNone(bytes);
     case Reading::kTime:
-      return ReadTime(bytes);
+      return ReadTimeOfDay(bytes);
     case Reading::kUuid:
       return ReadSmallLetters(bytes, scratch);
     case Reading::kText:

@@ -2,23 +2,17 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <variant>
 
 #include "database/money_text.h"
+#include "database/text_reading.h"
 #include "text/ascii.h"
-#include "text/decimal.h"
-#include "text/iso_date.h"
 
 namespace dralo::database::postgresql {
 
 namespace {
 
 using platform::VariantView;
-
-template <class Number>
-VariantView ReadNumber(std::string_view text) {
-  const auto number = text::ParseNumber<Number>(text);
-  return number ? VariantView(*number) : text;
-}
 
 /// The older spelling: "\\" for a backslash, "\377" for a byte that is no ASCII character.
 void Unescape(std::string_view text, std::string& bytes) {
@@ -45,29 +39,20 @@ VariantView ReadReal(std::string_view text, std::string& /*unused*/) { return Re
 
 VariantView ReadBoolean(std::string_view text, std::string& /*unused*/) { return text == "t"; }
 
-VariantView ReadNumeric(std::string_view text, std::string& /*unused*/) {
-  return text::IsPlainDecimal(text) ? VariantView(platform::DecimalView{text}) : text;
-}
+VariantView ReadNumeric(std::string_view text, std::string& /*unused*/) { return ReadDecimal(text); }
 
 VariantView ReadAmount(std::string_view text, std::string& scratch) { return ReadMoney(text, scratch); }
 
-/// A text that is no day of the calendar stays a text.
-VariantView ReadDay(std::string_view text, std::string& /*unused*/) {
-  const auto time = text::ParseIsoDateTime(text);
-  return time ? VariantView(*time) : text;
-}
+VariantView ReadDay(std::string_view text, std::string& /*unused*/) { return ReadDate(text); }
 
 VariantView ReadZonedDay(std::string_view text, std::string& /*unused*/) {
   const auto zone = text.find_first_of("+-", std::min(sizeof "YYYY-MM-DD", text.size()));
   const bool has_zone = zone != text.npos && !text.ends_with("BC");
-  const auto time = text::ParseIsoDateTime(has_zone ? text.substr(0, zone) : text);
-  return time ? VariantView(*time) : text;
+  const VariantView value = ReadDate(has_zone ? text.substr(0, zone) : text);
+  return std::holds_alternative<platform::DateTime>(value) ? value : text;
 }
 
-VariantView ReadTime(std::string_view text, std::string& /*unused*/) {
-  const auto time = text::ParseTimeOfDay(text);
-  return time ? VariantView(*time) : text;
-}
+VariantView ReadTime(std::string_view text, std::string& /*unused*/) { return ReadTimeOfDay(text); }
 
 VariantView ReadText(std::string_view text, std::string& /*unused*/) { return text; }
 

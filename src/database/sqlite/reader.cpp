@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "text/decimal.h"
-#include "text/iso_date.h"
+#include "database/text_reading.h"
 
 namespace dralo::database::sqlite {
 
@@ -35,11 +34,6 @@ std::optional<DateTime> FromUnixSeconds(std::int64_t seconds) {
                   static_cast<std::uint8_t>(time.seconds().count())};
 }
 
-template <class Value>
-VariantView ValueOr(const std::optional<Value>& value, const VariantView& otherwise) {
-  return value ? *value : otherwise;
-}
-
 }  // namespace
 
 Reader ReaderOf(TypeCode type) {
@@ -65,12 +59,11 @@ Reader ReaderOf(TypeCode type) {
 VariantView ReadFromText(Reader reader, std::string_view text) {
   switch (reader) {
     case Reader::kDecimal:
-      if (text::IsPlainDecimal(text)) return platform::DecimalView{text};
-      return text;
+      return ReadDecimal(text);
     case Reader::kDate:
-      return ValueOr(text::ParseIsoDateTime(text), text);
+      return ReadDate(text);
     case Reader::kTime:
-      return ValueOr(text::ParseTimeOfDay(text), text);
+      return ReadTimeOfDay(text);
     default:
       return text;
   }
@@ -80,7 +73,8 @@ VariantView ReadFromInteger(Reader reader, sqlite3_value* value) {
   if (reader == Reader::kText) return ReadText(value);
   const std::int64_t number = sqlite3_value_int64(value);
   if (reader == Reader::kBoolean) return number != 0;
-  return reader == Reader::kDate ? ValueOr(FromUnixSeconds(number), number) : number;
+  const auto time = reader == Reader::kDate ? FromUnixSeconds(number) : std::nullopt;
+  return time ? VariantView(*time) : number;
 }
 
 VariantView ReadBytes(sqlite3_value* value) {
