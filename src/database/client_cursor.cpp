@@ -2,15 +2,23 @@
 
 #include <utility>
 
+#include "dralo/error.h"
+
 namespace dralo::database {
 
-ClientCursor::ClientCursor(std::unique_ptr<Cursor> cursor, std::int64_t max_records)
-    : cursor_(std::move(cursor)), max_records_(max_records) {}
+ClientCursor::ClientCursor(std::unique_ptr<Cursor> cursor, std::int64_t max_records,
+                           std::unique_ptr<Cursor> description)
+    : cursor_(std::move(cursor)), description_(std::move(description)), max_records_(max_records) {}
 
 void ClientCursor::Load() {
   if (is_loaded_) return;
   std::deque<Row> rows;
-  while (cursor_->Step()) {
+  bool has_row = cursor_->Step();
+  // Known only now: the tables may have changed since the statement was prepared.
+  if (description_ && cursor_->GetColumns()->size() != GetColumns()->size()) {
+    throw platform::Error("The rows have other columns than the statement that describes them");
+  }
+  for (; has_row; has_row = cursor_->Step()) {
     if (max_records_ > 0 && std::cmp_greater_equal(rows.size(), max_records_)) {
       // A statement that changes data may fail only at its end, when what it did cannot be kept; so it runs
       // to its end.
@@ -26,7 +34,14 @@ void ClientCursor::Load() {
 }
 
 void ClientCursor::FixColumns() {
-  if (!is_loaded_) cursor_->FixColumns();
+  if (is_loaded_) return;
+  if (description_) description_->FixColumns();
+  cursor_->FixColumns();
+}
+
+platform::TypeCode ClientCursor::Type(std::size_t column) const {
+  const bool is_described = !is_loaded_ || (*GetColumns())[column].has_declared_type;
+  return (is_described ? Described() : *cursor_).Type(column);
 }
 
 bool ClientCursor::Skip(std::int64_t rows) { return !is_loaded_ && cursor_->Skip(rows); }

@@ -1,7 +1,6 @@
 #include <string>
 #include <utility>
 
-#include "database/described_cursor.h"
 #include "database/recordset.h"
 #include "database/source_text.h"
 #include "dralo/error.h"
@@ -98,8 +97,7 @@ void Recordset::OpenDescribed(platform::Command& described, platform::Command& r
   const std::string text = StatementOf(session, described);
   auto description = session.Prepare({text, described.parameters, max_records_, true});
   auto read = session.Prepare({rows.command_text, rows.parameters, max_records_});
-  auto cursor = std::make_unique<DescribedCursor>(std::move(description), std::move(read));
-  auto client = std::make_unique<ClientCursor>(std::move(cursor), max_records_);
+  auto client = std::make_unique<ClientCursor>(std::move(read), max_records_, std::move(description));
   ClientCursor* const updatable = client.get();
   Take(std::move(ours), std::move(client));
   updatable_ = updatable;

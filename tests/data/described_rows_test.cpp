@@ -87,8 +87,24 @@ TEST_P(DescribedRows, AreLockedAsTheyWereRead) {
 TEST_P(DescribedRows, CannotBeOfAnotherShape) {
   const auto described = MakeCommand(connection_, "SELECT ID, Name FROM Goods");
   const auto rows = MakeCommand(nullptr, "SELECT ID FROM Goods");
-  EXPECT_EQ(MessageOf([&] { database::MakeRecordset()->OpenDescribed(*described, *rows); }),
+  const auto recordset = database::MakeRecordset();
+  recordset->OpenDescribed(*described, *rows);
+  EXPECT_EQ(MessageOf([&] { recordset->Eof(); }),
             "The rows have other columns than the statement that describes them");
+}
+
+TEST_P(DescribedRows, HaveTheColumnsThatTheirTableHasNow) {
+  const std::string all = "SELECT * FROM Goods WHERE Stock < ?";
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(Open(1, all)->Eof());
+  const std::size_t before = Open(1, all)->Fields().size();
+  Connect(ConnectionString() + ";Query Timeout=9")->Execute("ALTER TABLE Goods ADD Remark VARCHAR(20)");
+  for (int i = 0; i < 3; ++i) {
+    const auto row = Open(1, all);
+    ASSERT_EQ(row->Fields().size(), before + 1);
+    EXPECT_EQ(ValueOf(*row, "Remark"), i == 0 ? "null" : "'new'");
+    FieldOf(*row, "Remark").SetValue(std::string("new"));
+    row->Update();
+  }
 }
 
 TEST_P(DescribedRows, AreNotWrittenThroughExpressions) {
