@@ -30,7 +30,7 @@ std::string Statement::ToSend() const {
 }
 
 std::shared_ptr<Statement> Statement::FirstRows(std::int64_t wanted) {
-  if (form != Form::kPage || parameters > 0 || !came_again || !has_one_order) return nullptr;
+  if (form != Form::kPage || parameters > 0 || !has_one_order) return nullptr;
   if (!first) {
     first = std::make_shared<Statement>(*this);
     first->form = Form::kFirst;
