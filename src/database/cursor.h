@@ -23,8 +23,8 @@ class Cursor {
   virtual std::shared_ptr<const Columns> GetColumns() const = 0;
 
   /// Before the first Step(): makes sure that the columns are those that the tables have now. May run the
-  /// statement.
-  virtual void FixColumns() = 0;
+  /// statement. Nothing to do where a statement for changes is always prepared anew.
+  virtual void FixColumns() {}
 
   /// The type of a column. Without a declared type it is known after the first Step().
   virtual platform::TypeCode Type(std::size_t column) const = 0;

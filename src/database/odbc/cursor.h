@@ -24,7 +24,6 @@ class Cursor final : public database::Cursor {
   ~Cursor() override;
 
   std::shared_ptr<const Columns> GetColumns() const override { return description_.columns; }
-  void FixColumns() override {}
   platform::TypeCode Type(std::size_t column) const override { return (*description_.columns)[column].type; }
   bool ChangesData() const override { return !kind_.is_query; }
   bool Skip(std::int64_t rows) override;

@@ -113,24 +113,9 @@ void Cursor::Learn(const Result& answer) {
   const bool is_new = query_->description == nullptr;
   description_ = query_->description = std::make_shared<const Description>(std::move(fresh));
   query_->has_one_order = HasOneOrder(*query_, *description_, session_.Catalog());
-  is_description_fresh_ = true;
   // When rows are to be written, their table must be known as it is now.
   const bool may_keep = statement_->kind.is_query && !is_updatable_;
   if (is_new && may_keep) session_.Keep(key_, query_);
-}
-
-/// The server goes on describing what it has prepared as it was.
-void Cursor::FixColumns() {
-  if (state_ != State::kPrepared || is_description_fresh_) return;
-  Statement probe = *statement_;
-  probe.name.clear();
-  probe.prepared = 0;
-  session_.Catalog().Forget();
-  WithSource([&] {
-    link_.Begin();
-    Execution execution(link_, probe, ParametersOfForm(), Rows::kNone, session_.TakeOpening(probe.kind));
-    Learn(execution.Description());
-  });
 }
 
 bool Cursor::Skip(std::int64_t rows) {

@@ -38,7 +38,6 @@ class Cursor final : public database::Cursor {
   void StartEarly() noexcept;
 
   std::shared_ptr<const Columns> GetColumns() const override { return description_->columns; }
-  void FixColumns() override;
   platform::TypeCode Type(std::size_t column) const override { return (*GetColumns())[column].type; }
   bool ChangesData() const override { return !statement_->kind.is_query; }
   bool Skip(std::int64_t rows) override;
@@ -95,7 +94,6 @@ class Cursor final : public database::Cursor {
   std::shared_ptr<Statement> query_;          ///< The one that the session keeps.
   std::shared_ptr<Statement> statement_;      ///< The one that is run: it, or that of its first rows.
   std::shared_ptr<const Description> description_;
-  bool is_description_fresh_ = false;
   std::int64_t offset_ = 0;     ///< Rows to skip.
   std::int64_t rows_read_ = 0;  ///< Of those after the skipped ones.
   State state_ = State::kPrepared;
