@@ -1,8 +1,12 @@
 #include "database/connection_string.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
+#include "text/list.h"
 #include "text/white_space.h"
 
 namespace dralo::database {
@@ -55,6 +59,17 @@ std::string TakeValue(std::string_view& rest) {
   return value;
 }
 
+std::string_view UsualName(std::string_view key) {
+  constexpr std::pair<std::string_view, std::string_view> kNames[] = {
+      {"Server", "Host"},  {"Data Source", "Host"}, {"Initial Catalog", "Database"},
+      {"User", "User ID"}, {"Username", "User ID"}, {"UID", "User ID"},
+      {"PWD", "Password"}};
+  for (const auto& [other, usual] : kNames) {
+    if (text::EqualAscii(key, other)) return usual;
+  }
+  return key;
+}
+
 }  // namespace
 
 ConnectionString::ConnectionString(std::string_view text) : text_(text) {
@@ -93,6 +108,22 @@ std::optional<std::string_view> ConnectionString::Find(std::string_view key) con
 int ConnectionString::Seconds(std::string_view key, int otherwise) const {
   const auto value = Find(key);
   return value ? ReadSeconds(key, *value, otherwise) : otherwise;
+}
+
+ConnectionString ConnectionString::WithUsualKeys(std::string_view provider, std::string_view known) const {
+  const std::vector<std::string> known_keys = text::Split(known, ", ");
+  ConnectionString usual = *this;
+  for (Pair& pair : usual.pairs_) {
+    if (text::EqualAscii(pair.key, "Provider")) continue;
+    if (pair.value.find('\0') != pair.value.npos)
+      throw platform::Error("The connection string has a zero byte");
+    pair.key = UsualName(pair.key);
+    const auto is_key = [&](std::string_view name) { return text::EqualAscii(name, pair.key); };
+    if (std::ranges::any_of(known_keys, is_key)) continue;
+    throw platform::Error("The connection string has a key that is unknown for " + std::string(provider) +
+                          "; known are " + std::string(known));
+  }
+  return usual;
 }
 
 std::string ConnectionString::Identity() const {

@@ -31,6 +31,11 @@ class ConnectionString {
   /// ReadSeconds() of the value of `key`; `otherwise` without the key.
   int Seconds(std::string_view key, int otherwise) const;
 
+  /// A copy whose keys have their usual names, such as "User ID" for "UID". Throws platform::Error when a
+  /// value has a zero byte, or a key is none of `known`, "Host, Port" and the like in their usual names, nor
+  /// "Provider". The message names `provider`, but not the key: it may be part of a password that has ";".
+  ConnectionString WithUsualKeys(std::string_view provider, std::string_view known) const;
+
   /// A text that only connection strings with equal pairs in equal order share.
   std::string Identity() const;
 

@@ -21,8 +21,8 @@ enum class SslMode {
 /// What a connection string says about a MariaDB or MySQL database.
 struct Options {
   struct Host {
-    std::string name = "127.0.0.1";  ///< The file of a socket begins with "/".
-    unsigned port = 3306;
+    std::string name;  ///< The file of a socket begins with "/".
+    unsigned port = 0;
   };
 
   std::vector<Host> hosts;  ///< Tried in this order; at least one.

@@ -51,6 +51,27 @@ TEST(ConnectionString, ShowsItselfWithoutPasswords) {
   EXPECT_EQ(text.WithoutPassword(), "Provider=SQLite;Data Source=x.db;");
 }
 
+TEST(ConnectionString, HasUsualNamesOfKeys) {
+  const ConnectionString text =
+      ConnectionString("Provider=x;Server=a;DATA SOURCE=b;Initial Catalog=c;user=d;Uid=e;Pwd=f;mode=g")
+          .WithUsualKeys("Tables", "Host, Database, User ID, Password, Mode");
+  EXPECT_EQ(text.Find("Host"), "b");
+  EXPECT_EQ(text.Find("Database"), "c");
+  EXPECT_EQ(text.Find("User ID"), "e");
+  EXPECT_EQ(text.Find("Password"), "f");
+  EXPECT_EQ(text.Find("Mode"), "g");
+}
+
+TEST(ConnectionString, RefusesUnknownKeysWithoutNamingThem) {
+  const auto message = [](const std::string& text) {
+    return MessageOf([&] { ConnectionString(text).WithUsualKeys("Tables", "Host, Password"); });
+  };
+  EXPECT_EQ(message("Host=a;secret=4711"),
+            "The connection string has a key that is unknown for Tables; known are Host, Password");
+  EXPECT_EQ(message("Host=a;Mode=x"), message("Host=a;UID=x"));
+  EXPECT_EQ(message(std::string("Host=a\0b", 8)), "The connection string has a zero byte");
+}
+
 TEST(ConnectionString, OnlyEqualPairsInEqualOrderShareAnIdentity) {
   const auto identity = [](const char* text) { return ConnectionString(text).Identity(); };
   EXPECT_EQ(identity("Host=a;Port=1"), identity(" Host = a ;Port=1;"));

@@ -71,6 +71,19 @@ TEST(PostgreSqlOptions, NameSeveralHosts) {
   EXPECT_EQ(options.target_attributes, "read-write");
 }
 
+TEST(PostgreSqlOptions, IgnoreAnEmptyListOfHostsAndACommaAtItsEnd) {
+  const auto hosts_of = [](std::string_view text) {
+    std::string hosts;
+    for (const Options::Host& host : Read(text).hosts) hosts += "(" + host.name + " " + host.port + ")";
+    return hosts;
+  };
+  EXPECT_EQ(hosts_of("Hosts=;Host=a"), "(a )");
+  EXPECT_EQ(hosts_of("Hosts=a,;Host=b"), "(a )");
+  EXPECT_EQ(hosts_of("Hosts=a:,,[::1];Port=6432"), "(a 6432)( 6432)(::1 6432)");
+  EXPECT_EQ(hosts_of("Hosts=[::1,/run:1"), "([::1 )(/run 1)");
+  EXPECT_EQ(hosts_of("Host=a:1"), "(a:1 )");
+}
+
 TEST(PostgreSqlOptions, SayWhatIsKnownAndNoPartOfAPassword) {
   const std::string message = tests::MessageOf([] { Read("Host=a;Password=hush;secret=4711"); });
   EXPECT_EQ(message.find("secret"), message.npos) << message;
