@@ -14,9 +14,6 @@ namespace dralo::database {
 
 class Recordset;
 
-/// For connection strings without Query Timeout.
-inline constexpr int kDefaultQueryTimeoutS = 30;
-
 /// A connection over a session of the pool. Always owned by a shared_ptr; open recordsets share it.
 class Connection final : public platform::Connection, public std::enable_shared_from_this<Connection> {
  public:

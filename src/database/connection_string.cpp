@@ -105,9 +105,20 @@ std::optional<std::string_view> ConnectionString::Find(std::string_view key) con
   return std::nullopt;
 }
 
-int ConnectionString::Seconds(std::string_view key, int otherwise) const {
+std::optional<int> ConnectionString::Number(std::string_view key, std::string_view unit, int most,
+                                            int suggestion) const {
   const auto value = Find(key);
-  return value ? ReadSeconds(key, *value, otherwise) : otherwise;
+  if (!value) return std::nullopt;
+  const auto number = text::ParseNumber<int>(*value);
+  if (number && 0 <= *number && *number <= most) return number;
+  std::string message = "The ";
+  message.append(key).append(" in the connection string is no number of ").append(unit).append("; write ");
+  throw platform::Error(message.append(key).append("=").append(std::to_string(suggestion)));
+}
+
+int ConnectionString::Seconds(std::string_view key, int otherwise) const {
+  constexpr int kDay = 86'400;
+  return Number(key, "seconds", kDay, otherwise).value_or(otherwise);
 }
 
 ConnectionString ConnectionString::WithUsualKeys(std::string_view provider, std::string_view known) const {
@@ -144,15 +155,6 @@ std::string ConnectionString::WithoutPassword() const {
     }
   }
   return text;
-}
-
-int ReadSeconds(std::string_view key, std::string_view value, int suggestion) {
-  constexpr int kDay = 86'400;
-  const auto seconds = text::ParseNumber<int>(value);
-  if (seconds && 0 <= *seconds && *seconds <= kDay) return *seconds;
-  throw platform::Error("The " + std::string(key) +
-                        " in the connection string is no number of seconds; write " + std::string(key) + "=" +
-                        std::to_string(suggestion));
 }
 
 }  // namespace dralo::database

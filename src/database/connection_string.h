@@ -8,6 +8,10 @@
 
 namespace dralo::database {
 
+/// For connection strings without Connect Timeout and Query Timeout.
+inline constexpr int kDefaultConnectTimeoutS = 15;
+inline constexpr int kDefaultQueryTimeoutS = 30;
+
 /// A "key=value;" list. Keys are found in any letter case; of equal keys the last counts. Blanks around keys
 /// and values are ignored. A value that contains ";", or begins or ends with blanks, stands in double quotes,
 /// single quotes or braces; the closing one is doubled inside the value.
@@ -28,7 +32,11 @@ class ConnectionString {
 
   std::optional<std::string_view> Find(std::string_view key) const;
 
-  /// ReadSeconds() of the value of `key`; `otherwise` without the key.
+  /// The value of `key` as a number from 0 to `most`; nothing without the key. Throws platform::Error, which
+  /// names the unit, such as "seconds", and suggests a value, when it is no such number.
+  std::optional<int> Number(std::string_view key, std::string_view unit, int most, int suggestion) const;
+
+  /// The same for a number of seconds up to a day; `otherwise` without the key.
   int Seconds(std::string_view key, int otherwise) const;
 
   /// A copy whose keys have their usual names, such as "User ID" for "UID". Throws platform::Error when a
@@ -49,9 +57,5 @@ class ConnectionString {
   std::string text_;
   std::vector<Pair> pairs_;
 };
-
-/// The value of `key` as a number of seconds up to a day. Throws platform::Error, which suggests
-/// `suggestion`, when it is no such number.
-int ReadSeconds(std::string_view key, std::string_view value, int suggestion);
 
 }  // namespace dralo::database

@@ -7,9 +7,6 @@
 
 namespace dralo::database::mariadb {
 
-inline constexpr int kDefaultConnectTimeoutS = 15;
-inline constexpr int kDefaultQueryTimeoutS = 30;
-
 /// How the connection is encrypted.
 enum class SslMode {
   kDisabled,

@@ -11,7 +11,6 @@
 #include "database/odbc/dialect.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
-#include "text/decimal.h"
 #include "text/white_space.h"
 
 namespace dralo::database::odbc {

@@ -7,9 +7,6 @@
 
 namespace dralo::database::odbc {
 
-inline constexpr int kDefaultConnectTimeoutS = 15;
-inline constexpr int kDefaultQueryTimeoutS = 30;
-
 /// What a connection string says about a database behind ODBC.
 struct Options {
   std::string text;                  ///< For the driver manager, with what this provider needs

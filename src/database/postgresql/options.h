@@ -8,9 +8,6 @@
 
 namespace dralo::database::postgresql {
 
-inline constexpr int kDefaultConnectTimeoutS = 15;
-inline constexpr int kDefaultQueryTimeoutS = 30;
-
 /// What a connection string says about a PostgreSQL database.
 struct Options {
   struct Host {

@@ -3,10 +3,10 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <limits>
 
 #include "dralo/error.h"
 #include "text/ascii.h"
-#include "text/decimal.h"
 
 namespace dralo::database::sqlite {
 
@@ -20,26 +20,6 @@ int ReadMode(std::string_view mode) {
   if (text::EqualAscii(mode, "ReadWriteCreate")) return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   throw Error(
       "The connection string has an unknown Mode; write Mode=Read, Mode=ReadWrite or Mode=ReadWriteCreate");
-}
-
-int ReadBusyTimeout(std::string_view text) {
-  const auto timeout_ms = text::ParseNumber<int>(text);
-  if (!timeout_ms || *timeout_ms < 0) {
-    throw Error(
-        "The Busy Timeout in the connection string is no number of milliseconds; write Busy Timeout=5000");
-  }
-  return *timeout_ms;
-}
-
-int ReadMemoryMap(std::string_view text) {
-  constexpr int kMost = 65'536;
-  const auto megabytes = text::ParseNumber<int>(text);
-  if (!megabytes || *megabytes < 0 || *megabytes > kMost) {
-    throw Error(
-        "The Memory Map in the connection string is no number of megabytes up to 65536; write Memory "
-        "Map=256");
-  }
-  return *megabytes;
 }
 
 std::string AbsolutePath(const std::string& path) {
@@ -65,10 +45,12 @@ Options ReadOptions(const ConnectionString& connection_string) {
   options.path = options.data_source;
   if (options.path != kInMemory) options.path = AbsolutePath(options.path);
   options.flags = ReadMode(connection_string.Find("Mode").value_or("ReadWrite"));
-  if (const auto timeout = connection_string.Find("Busy Timeout"))
-    options.busy_timeout_ms = ReadBusyTimeout(*timeout);
-  if (const auto megabytes = connection_string.Find("Memory Map"))
-    options.memory_map_mb = ReadMemoryMap(*megabytes);
+  constexpr int kAnyNumber = std::numeric_limits<int>::max();
+  options.busy_timeout_ms =
+      connection_string.Number("Busy Timeout", "milliseconds", kAnyNumber, kDefaultBusyTimeoutMs)
+          .value_or(kDefaultBusyTimeoutMs);
+  options.memory_map_mb =
+      connection_string.Number("Memory Map", "megabytes up to 65536", 65'536, 256).value_or(0);
   options.query_timeout_s = connection_string.Seconds("Query Timeout", kDefaultQueryTimeoutS);
   return options;
 }

@@ -9,7 +9,6 @@ namespace dralo::database::sqlite {
 
 inline constexpr std::string_view kInMemory = ":memory:";
 inline constexpr int kDefaultBusyTimeoutMs = 5000;
-inline constexpr int kDefaultQueryTimeoutS = 30;
 
 /// What a connection string says about an SQLite database.
 struct Options {
