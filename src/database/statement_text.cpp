@@ -28,6 +28,18 @@ std::string_view WithoutEnd(std::string_view text) {
   return text;
 }
 
+std::string Filled(std::string_view pattern, char sign, std::string_view text) {
+  std::string filled;
+  for (const char c : pattern) {
+    if (c == sign) {
+      filled += text;
+    } else {
+      filled += c;
+    }
+  }
+  return filled;
+}
+
 void RequireStatement(std::string_view text) {
   if (text::TrimAsciiSpace(text).empty())
     throw platform::Error("The statement is empty", 0, {}, std::string(text));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace dralo::database {
@@ -10,6 +11,9 @@ std::string_view WithoutFront(std::string_view text, char also);
 
 /// The text without ";" and blanks at its end.
 std::string_view WithoutEnd(std::string_view text);
+
+/// `pattern` with `text` for every `sign`.
+std::string Filled(std::string_view pattern, char sign, std::string_view text);
 
 /// Throws platform::Error when the text is blank or has a zero byte, which client libraries take for its end.
 void RequireStatement(std::string_view text);

@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "database/mariadb/comparison.h"
 #include "database/mariadb/cursor.h"
 #include "database/mariadb/first_word.h"
 #include "database/mariadb/quote.h"
 #include "database/mariadb/zero_date.h"
 #include "database/select_shape.h"
 #include "database/statement_text.h"
+#include "database/type_rules.h"
 #include "text/ascii.h"
 
 namespace dralo::database::mariadb {
@@ -50,7 +50,7 @@ std::string Session::ProcedureCall(std::string_view name, std::size_t parameters
 }
 
 std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
-  return was_null ? NoValue(column, quoted_column) : SameValue(column, quoted_column);
+  return database::Unchanged(kMariaDbRules, column, quoted_column, was_null);
 }
 
 platform::Variant Session::Stored(const Column& column, const platform::Variant& value) const {

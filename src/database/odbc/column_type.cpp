@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "database/odbc/comparison.h"
-
 namespace dralo::database::odbc {
 
 namespace {
@@ -105,7 +103,7 @@ Reading SetType(Column& column, const DriverType& type, const Dialect& dialect) 
     kind.type = TypeCode::kLongVarWideChar;
   column.type = kind.type;
   column.has_declared_type = true;
-  column.comparison = RuleOf(dialect, kind.type).comparison;
+  column.comparison = RuleOf(dialect.types, kind.type).comparison;
   column.defined_size = HasDeclaredSize(type, dialect) ? DefinedSize(kind.type, type.size) : 0;
   if (kind.type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
   if (kind.type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;

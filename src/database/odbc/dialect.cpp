@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "database/key_comparison.h"
 #include "text/ascii.h"
 
 namespace dralo::database::odbc {
@@ -13,19 +12,6 @@ namespace {
 using platform::TypeCode;
 
 constexpr std::string_view kLimitAndOffset = "\nLIMIT ? OFFSET ?";
-
-/// Documents (json, xml) have no order, and addresses (inet) look different as "text" from what is read;
-/// concat() writes every type as it is read. Padded texts lose their blanks as "text".
-constexpr TypeRule kPostgreSqlTypes[] = {
-    {.type = TypeCode::kSingle, .same = "# = CAST(? AS real)", .comparison = SameReal},
-    {.type = TypeCode::kCurrency, .same = "# = CAST(CAST(? AS numeric) AS money)", .comparison = SameMoney},
-    {.type = TypeCode::kVarWideChar, .same = "concat(#) = CAST(? AS text)"},
-    {.type = TypeCode::kLongVarWideChar, .same = "concat(#) = CAST(? AS text)"},
-    {.type = TypeCode::kWideChar, .same = "CAST(# AS bpchar) = CAST(? AS bpchar)"},
-    {.type = TypeCode::kBoolean, .comparison = SameBoolean},
-    {.type = TypeCode::kDouble, .comparison = SameUnlimited},
-    {.type = TypeCode::kNumeric, .comparison = SameUnlimited},
-};
 
 /// Exact types, and texts of any length.
 constexpr DriverSetting kPostgreSqlSettings[] = {
@@ -37,27 +23,6 @@ constexpr DriverSetting kPostgreSqlSettings[] = {
 constexpr std::string_view kPostgreSqlDatabases[] = {"POSTGRESQL"};
 constexpr std::string_view kPostgreSqlDrivers[] = {"PSQLODBC"};
 constexpr std::string_view kPostgreSqlSized[] = {"varchar", "bpchar", "char", "name"};
-
-/// Texts compare without regard to letter case and accents.
-constexpr std::string_view kSameBytes =
-    "CAST(CONVERT(# USING utf8mb4) AS BINARY) = CAST(CONVERT(? USING utf8mb4) AS BINARY)";
-
-/// Dates that no calendar has, such as 0000-00-00, are stored, and read as Null.
-constexpr std::string_view kNoDay =
-    "(# IS NULL OR YEAR(#) = 0 OR MONTH(#) = 0 OR DAYOFMONTH(#) NOT BETWEEN 1 AND "
-    "DAYOFMONTH(LAST_DAY(DATE_FORMAT(#, '%Y-%m-01'))))";
-
-/// A single-precision number has other last digits than the double that it is read as; bits compare as a
-/// number.
-constexpr TypeRule kMariaDbTypes[] = {
-    {.type = TypeCode::kSingle, .same = "CAST(# AS CHAR) = CAST(? AS CHAR)", .comparison = SamePrintedNumber},
-    {.type = TypeCode::kBinary, .same = "CAST(# AS BINARY) = ?"},
-    {.type = TypeCode::kWideChar, .same = kSameBytes},
-    {.type = TypeCode::kVarWideChar, .same = kSameBytes},
-    {.type = TypeCode::kLongVarWideChar, .same = kSameBytes},
-    {.type = TypeCode::kDbDate, .none = kNoDay},
-    {.type = TypeCode::kDbTimestamp, .none = kNoDay},
-};
 
 /// The driver takes the timeouts in no other way.
 constexpr DriverSetting kMariaDbSettings[] = {
@@ -110,7 +75,7 @@ constexpr Dialect kDialects[] = {
      .limit = kLimitAndOffset,
      .row_lock = kForUpdate,
      .last_number = "SELECT currval(pg_get_serial_sequence(#, $))",
-     .types = kPostgreSqlTypes,
+     .types = kPostgreSqlRules,
      .money = "money",
      .sized_types = kPostgreSqlSized,
      .notices_changes = true,
@@ -123,7 +88,7 @@ constexpr Dialect kDialects[] = {
      .row_lock = kForUpdate,
      .last_number = "SELECT LAST_INSERT_ID()",
      .defaults = " () VALUES ()",
-     .types = kMariaDbTypes,
+     .types = kMariaDbRules,
      .ends_texts_at_zero = true},
     {.databases = kSqliteDatabases,
      .drivers = kSqliteDatabases,

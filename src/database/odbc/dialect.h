@@ -3,25 +3,9 @@
 #include <span>
 #include <string_view>
 
-#include "dralo/field.h"
-#include "dralo/type_code.h"
+#include "database/type_rules.h"
 
 namespace dralo::database::odbc {
-
-/// How values of a type are compared which the database does not compare exactly. "#" stands for the column.
-struct TypeRule {
-  platform::TypeCode type;
-
-  /// The condition that the column has exactly the value of "?", and not one that only sorts or counts as
-  /// equal; "" means "# = ?".
-  std::string_view same = {};
-
-  /// The condition that the column has a value that is read as Null; "" means "# IS NULL".
-  std::string_view none = {};
-
-  /// See platform::Field::Comparison().
-  platform::KeyComparison comparison = nullptr;
-};
 
 /// A key of the connection string that the driver needs; the author's own value wins.
 struct DriverSetting {
@@ -30,7 +14,7 @@ struct DriverSetting {
 };
 
 /// What a database does in its own way; everything else is done as the standard of ODBC says. This is the
-/// only place where databases behind ODBC have names.
+/// only place where databases behind ODBC are told apart.
 struct Dialect {
   /// Parts, in capitals, of the name that a connected driver gives for its database, and of the name of the
   /// driver's file.
@@ -64,7 +48,7 @@ struct Dialect {
   /// What follows the table in an INSERT of default values.
   std::string_view defaults = " DEFAULT VALUES";
 
-  std::span<const TypeRule> types = {};
+  TypeRules types = {};
 
   /// The name of the type of amounts, which are read with the signs of a currency.
   std::string_view money = {};

@@ -6,10 +6,10 @@
 #include <array>
 #include <mutex>
 
-#include "database/odbc/comparison.h"
 #include "database/odbc/error.h"
 #include "database/odbc/wide_text.h"
 #include "database/process_id.h"
+#include "database/statement_text.h"
 #include "dralo/error.h"
 
 namespace dralo::database::odbc {

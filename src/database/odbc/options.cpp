@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "database/odbc/comparison.h"
 #include "database/odbc/dialect.h"
+#include "database/statement_text.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
 #include "text/white_space.h"

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "database/date_text.h"
-#include "database/odbc/comparison.h"
 #include "database/odbc/cursor.h"
 #include "database/odbc/quote.h"
+#include "database/statement_text.h"
 #include "database/unknown_outcome.h"
 #include "dralo/error.h"
 #include "text/ascii.h"
@@ -60,7 +60,7 @@ std::string Session::ProcedureCall(std::string_view name, std::size_t parameters
 }
 
 std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
-  return odbc::Unchanged(link_.GetDialect(), column, quoted_column, was_null);
+  return database::Unchanged(link_.GetDialect().types, column, quoted_column, was_null);
 }
 
 std::string_view Session::RowLock() const { return link_.GetDialect().row_lock; }

@@ -6,6 +6,7 @@
 #include "database/postgresql/cursor.h"
 #include "database/postgresql/quote.h"
 #include "database/statement_text.h"
+#include "database/type_rules.h"
 #include "database/unknown_outcome.h"
 #include "text/ascii.h"
 #include "text/decimal.h"
@@ -15,7 +16,6 @@ namespace dralo::database::postgresql {
 namespace {
 
 using platform::Error;
-using platform::TypeCode;
 
 /// Not DISCARD ALL, which would drop the prepared statements too.
 constexpr const char* kCleaning[] = {
@@ -54,23 +54,8 @@ std::string Session::ProcedureCall(std::string_view name, std::size_t parameters
   return (AskNumber(query) > 0 ? "CALL " : "SELECT * FROM ") + call;
 }
 
-/// Documents (json, xml) have no order, and addresses (inet) look different as "text" from what is read;
-/// concat() writes every type as it is read. Padded texts lose their blanks as "text".
 std::string Session::Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const {
-  if (was_null) return quoted_column + " IS NULL";
-  switch (column.type) {
-    case TypeCode::kSingle:
-      return quoted_column + " = CAST(? AS real)";
-    case TypeCode::kCurrency:
-      return quoted_column + " = CAST(CAST(? AS numeric) AS money)";
-    case TypeCode::kVarWideChar:
-    case TypeCode::kLongVarWideChar:
-      return "concat(" + quoted_column + ") = CAST(? AS text)";
-    case TypeCode::kWideChar:
-      return "CAST(" + quoted_column + " AS bpchar) = CAST(? AS bpchar)";
-    default:
-      return quoted_column + " = ?";
-  }
+  return database::Unchanged(kPostgreSqlRules, column, quoted_column, was_null);
 }
 
 std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
