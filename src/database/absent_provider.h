@@ -26,16 +26,12 @@ class AbsentProvider final : public Provider {
     }
     return false;
   }
-  std::string_view Example() const override { return {}; }
-  std::string PoolKey(const ConnectionString&) const override { Refuse(); }
-  std::unique_ptr<Session> Connect(const ConnectionString&) const override { Refuse(); }
-
- private:
-  [[noreturn]] void Refuse() const {
-    throw platform::Error("This build of Dralo has no provider " + std::string(names_.front()) +
-                          "; build it with " + std::string(option_) + "=ON");
+  std::unique_ptr<Session> Connect(const ConnectionString&) const override {
+    throw platform::Error("This build of Dralo has no provider " + std::string(Name()) + "; build it with " +
+                          std::string(option_) + "=ON");
   }
 
+ private:
   std::vector<std::string_view> names_;
   std::string_view option_;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "dralo/error.h"
+#include "text/ascii.h"
 
 namespace dralo::database {
 namespace {
@@ -17,6 +18,14 @@ std::string Examples(Providers providers) {
 }
 
 }  // namespace
+
+bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, Name()); }
+
+/// Made of the pairs as they were given: reading them as options would cost every page more than the rest of
+/// its opening.
+std::string Provider::PoolKey(const ConnectionString& connection_string) const {
+  return std::string(Name()) + ";" + connection_string.Identity();
+}
 
 const Provider& FindProvider(Providers providers, const ConnectionString& connection_string) {
   auto name = connection_string.Find("Provider");

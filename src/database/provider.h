@@ -24,14 +24,15 @@ class Provider {
   virtual std::string Library() const = 0;
 
   /// Whether "Provider=NAME" means this one, in any letter case.
-  virtual bool IsCalled(std::string_view name) const = 0;
+  virtual bool IsCalled(std::string_view name) const;
 
-  /// A connection string to begin with, for messages; empty when none would open without changes.
-  virtual std::string_view Example() const = 0;
+  /// A connection string to begin with, for messages. Only providers that need no server have one, and the
+  /// one for all other databases.
+  virtual std::string_view Example() const { return {}; }
 
   /// Equal for sessions that can replace each other; empty when sessions are never kept. Throws
   /// platform::Error when the connection string is not understood.
-  virtual std::string PoolKey(const ConnectionString& connection_string) const = 0;
+  virtual std::string PoolKey(const ConnectionString& connection_string) const;
 
   /// Throws platform::Error when the connection string is not understood or the database does not open.
   virtual std::unique_ptr<Session> Connect(const ConnectionString& connection_string) const = 0;

@@ -52,8 +52,12 @@ Change MakeInsert(Session& session, ClientCursor& cursor, const AssignedValues& 
     marks.append(separator).append("?");
     change.Bind(session.Stored((*columns)[i], *values[i]));
   }
-  change.text = names.empty() ? session.InsertOfDefaults(table.name)
-                              : "INSERT INTO " + table.name + " (" + names + ") VALUES (" + marks + ")";
+  change.text = "INSERT INTO " + table.name;
+  if (names.empty()) {
+    change.text += session.DefaultValues();
+  } else {
+    change.text.append(" (").append(names).append(") VALUES (").append(marks).append(")");
+  }
   return change;
 }
 

@@ -51,8 +51,8 @@ class Session {
   /// `value`, which has the column's type, in the form that is written into the column.
   virtual platform::Variant Stored(const Column& column, const platform::Variant& value) const = 0;
 
-  /// The statement that adds a row of default values.
-  virtual std::string InsertOfDefaults(const std::string& quoted_table) const = 0;
+  /// What follows the table in the INSERT of a row of default values.
+  virtual std::string_view DefaultValues() const { return " DEFAULT VALUES"; }
 
   /// Starts a transaction; inside one that is open already, a part of it that can be undone alone.
   virtual void Begin() = 0;

@@ -20,11 +20,6 @@ bool Provider::IsCalled(std::string_view name) const {
   return text::EqualAscii(name, "MariaDB") || text::EqualAscii(name, "MySQL");
 }
 
-/// Made of the pairs as they were given: reading them as options would cost every page more.
-std::string Provider::PoolKey(const ConnectionString& connection_string) const {
-  return "MariaDB;" + connection_string.Identity();
-}
-
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {
   return std::make_unique<Session>(ReadOptions(connection_string));
 }

@@ -12,11 +12,6 @@ class Provider final : public database::Provider {
   std::string_view Name() const override { return "MariaDB"; }
   std::string Library() const override;
   bool IsCalled(std::string_view name) const override;
-
-  /// None: messages give examples only of providers that need no server, and of the one for all other
-  /// databases.
-  std::string_view Example() const override { return {}; }
-  std::string PoolKey(const ConnectionString& connection_string) const override;
   std::unique_ptr<database::Session> Connect(const ConnectionString& connection_string) const override;
 };
 

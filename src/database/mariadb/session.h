@@ -43,9 +43,7 @@ class Session final : public database::Session {
   std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
   std::string_view RowLock() const override { return " FOR UPDATE"; }
   platform::Variant Stored(const Column& column, const platform::Variant& value) const override;
-  std::string InsertOfDefaults(const std::string& quoted_table) const override {
-    return "INSERT INTO " + quoted_table + " () VALUES ()";
-  }
+  std::string_view DefaultValues() const override { return " () VALUES ()"; }
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;

@@ -12,12 +12,11 @@ std::string Provider::Library() const { return "unixODBC, and a driver for each 
 
 bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, kDriverProvider); }
 
-/// Made of the pairs as they were given: reading them as options would cost every page more than the rest of
-/// its opening.
+/// Every connection to SQLite's ":memory:" is a database of its own.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {
   const auto is_in_memory = [](const ConnectionString::Pair& pair) { return pair.value == ":memory:"; };
   if (std::ranges::any_of(connection_string.Pairs(), is_in_memory)) return {};
-  return "ODBC;" + connection_string.Identity();
+  return database::Provider::PoolKey(connection_string);
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {

@@ -71,10 +71,6 @@ Variant Session::Stored(const Column& column, const Variant& value) const {
   return StoredText(*time, column.time_parts);
 }
 
-std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
-  return "INSERT INTO " + quoted_table + std::string(link_.GetDialect().defaults);
-}
-
 bool Session::SwitchAutocommit(bool is_on) const {
   const SQLULEN value = is_on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
   return SQL_SUCCEEDED(

@@ -4,7 +4,6 @@
 #include "database/postgresql/options.h"
 #include "database/postgresql/session.h"
 #include "dralo/error.h"
-#include "text/ascii.h"
 
 namespace dralo::database::postgresql {
 
@@ -15,13 +14,6 @@ std::string Provider::Library() const {
   } catch (const platform::Error& error) {
     return error.what();
   }
-}
-
-bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, "PostgreSQL"); }
-
-/// Made of the pairs as they were given: reading them as options would cost every page more.
-std::string Provider::PoolKey(const ConnectionString& connection_string) const {
-  return "PostgreSQL;" + connection_string.Identity();
 }
 
 std::unique_ptr<database::Session> Provider::Connect(const ConnectionString& connection_string) const {

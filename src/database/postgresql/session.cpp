@@ -58,10 +58,6 @@ std::string Session::Unchanged(const Column& column, const std::string& quoted_c
   return database::Unchanged(kPostgreSqlRules, column, quoted_column, was_null);
 }
 
-std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
-  return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
-}
-
 void Session::RunDeferred() noexcept {
   for (Cursor* const cursor : std::exchange(deferred_, {})) cursor->StartEarly();
 }

@@ -40,7 +40,6 @@ class Session final : public database::Session {
   platform::Variant Stored(const Column& /*column*/, const platform::Variant& value) const override {
     return value;
   }
-  std::string InsertOfDefaults(const std::string& quoted_table) const override;
   void Begin() override;
   void Commit() override;
   void Rollback() noexcept override;

@@ -4,13 +4,10 @@
 
 #include "database/sqlite/options.h"
 #include "database/sqlite/session.h"
-#include "text/ascii.h"
 
 namespace dralo::database::sqlite {
 
 std::string Provider::Library() const { return std::string("SQLite ") + sqlite3_libversion(); }
-
-bool Provider::IsCalled(std::string_view name) const { return text::EqualAscii(name, "SQLite"); }
 
 /// Every connection to ":memory:" is a database of its own.
 std::string Provider::PoolKey(const ConnectionString& connection_string) const {

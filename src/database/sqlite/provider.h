@@ -13,7 +13,6 @@ class Provider final : public database::Provider {
   Provider() = default;
   std::string_view Name() const override { return "SQLite"; }
   std::string Library() const override;
-  bool IsCalled(std::string_view name) const override;
   std::string_view Example() const override { return "Provider=SQLite;Data Source=FILE"; }
   std::string PoolKey(const ConnectionString& connection_string) const override;
   std::unique_ptr<database::Session> Connect(const ConnectionString& connection_string) const override;

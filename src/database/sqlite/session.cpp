@@ -97,10 +97,6 @@ Variant Session::Stored(const Column& column, const Variant& value) const {
   return StoredText(*time, column.time_parts);
 }
 
-std::string Session::InsertOfDefaults(const std::string& quoted_table) const {
-  return "INSERT INTO " + quoted_table + " DEFAULT VALUES";
-}
-
 /// What is read while a statement stands on a row is of the moment of that row: the counting one stands on
 /// its only row until the rows have begun.
 platform::Variant Session::CountBeside(const Query& count, database::Cursor& rows) {

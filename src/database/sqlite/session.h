@@ -31,7 +31,6 @@ class Session final : public database::Session {
   std::string ProcedureCall(std::string_view name, std::size_t parameters) const override;
   std::string Unchanged(const Column& column, const std::string& quoted_column, bool was_null) const override;
   platform::Variant Stored(const Column& column, const platform::Variant& value) const override;
-  std::string InsertOfDefaults(const std::string& quoted_table) const override;
   bool CountsBesideRows(const Query& /*rows*/) const override { return true; }
   platform::Variant CountBeside(const Query& count, database::Cursor& rows) override;
   void Begin() override;
