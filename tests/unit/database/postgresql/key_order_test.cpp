@@ -32,8 +32,8 @@ class KeyOrder : public PostgreSqlProvider {
   std::string Sent(std::string_view sql) const {
     for (int i = 0; i < 3; ++i) Ask(sql, 5);
     const Lines found = Ask(
-        "SELECT statement FROM pg_prepared_statements WHERE statement LIKE '%FROM goods%' OR statement LIKE "
-        "'%FROM kinds%' ORDER BY prepare_time DESC");
+        "SELECT statement FROM pg_prepared_statements WHERE (statement LIKE '%FROM goods%' OR statement LIKE "
+        "'%FROM kinds%') AND statement NOT LIKE '%pg_prepared%' ORDER BY prepare_time DESC");
     return found.empty() ? "" : found.front();
   }
 
@@ -101,6 +101,20 @@ TEST_F(KeyOrder, IsAsBeforeWhereTheRowsAreNotThoseOfTablesWithKeys) {
     const std::string sql = "SELECT id FROM " + table + " ORDER BY stock";
     EXPECT_EQ(Paged(sql), Ask(sql));
   }
+}
+
+TEST_F(KeyOrder, IsNeverThatOfAKeyThatIsCheckedLater) {
+  Run("CREATE TABLE kinds (id integer PRIMARY KEY DEFERRABLE, stock integer)");
+  EXPECT_FALSE(IsSentWithKeys("SELECT stock FROM kinds ORDER BY stock"));
+  Run("ALTER TABLE kinds ADD code integer NOT NULL UNIQUE");
+  const std::string sent = Sent("SELECT id FROM kinds ORDER BY stock");
+  EXPECT_NE(sent.find(".\"code\""), std::string::npos) << sent;
+}
+
+TEST_F(KeyOrder, IsThatOfTheKeyOfATableInPartitions) {
+  Run("CREATE TABLE kinds (id integer PRIMARY KEY, stock integer) PARTITION BY RANGE (id)");
+  Run("CREATE TABLE part PARTITION OF kinds FOR VALUES FROM (1) TO (100)");
+  EXPECT_TRUE(IsSentWithKeys("SELECT id FROM kinds ORDER BY stock"));
 }
 
 TEST_F(KeyOrder, IsTriedInTransactionsWithoutHarm) {

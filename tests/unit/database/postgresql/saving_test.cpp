@@ -89,6 +89,44 @@ TEST_F(NativeSaving, AddsRecordsWhateverNumbersThem) {
   }
 }
 
+TEST_F(NativeSaving, FindsRecordsByTheirKeysWhateverElseOfThemHasChanged) {
+  const auto names = [&](std::string_view statements) {
+    Run("CREATE SCHEMA now");
+    Run("SET search_path = now");
+    RunAll(statements);
+    Run("INSERT INTO t VALUES (1, 'one', 'old'), (2, 'two', 'old')");
+    const auto recordset = Edit(connection_, "SELECT note, name, id FROM t WHERE id = 2");
+    FieldOf(*recordset, "name").SetValue("changed");
+    Another()->Execute("UPDATE now.t SET note = 'new'");
+    try {
+      recordset->Update();
+    } catch (const platform::Error& error) {
+      EXPECT_TRUE(error.Description().starts_with("Row cannot be located")) << error.what();
+    }
+    const Lines rows = Ask("SELECT name FROM t ORDER BY id");
+    Run("DROP SCHEMA now CASCADE");
+    return rows;
+  };
+  for (const std::string_view statements :
+       {"CREATE TABLE t (id integer PRIMARY KEY DEFERRABLE INITIALLY DEFERRED, name text, note text)",
+        "CREATE TABLE t (id integer PRIMARY KEY, name text, note text); CREATE TABLE other () INHERITS (t)",
+        "CREATE TABLE t (id integer PRIMARY KEY, name text, note text) PARTITION BY RANGE (id); "
+        "CREATE TABLE part PARTITION OF t FOR VALUES FROM (1) TO (100)",
+        "CREATE TABLE t (id integer NOT NULL UNIQUE, name text PRIMARY KEY DEFERRABLE, note text)",
+        "CREATE TABLE t (id integer NOT NULL, name text, note text); "
+        "CREATE UNIQUE INDEX ON t (id) INCLUDE (name)"}) {
+    EXPECT_EQ(names(statements), (Lines{"'one'", "'changed'"})) << statements;
+  }
+  for (const std::string_view statements :
+       {"CREATE TABLE t (id integer NOT NULL UNIQUE DEFERRABLE, name text, note text)",
+        "CREATE TABLE t (id integer UNIQUE, name text, note text)",
+        "CREATE TABLE t (id integer NOT NULL, name text, note text); "
+        "CREATE UNIQUE INDEX ON t (id) WHERE id > 0",
+        "CREATE TABLE t (id integer NOT NULL, name text, note text); CREATE UNIQUE INDEX ON t (abs(id))"}) {
+    EXPECT_EQ(names(statements), (Lines{"'one'", "'two'"})) << statements;
+  }
+}
+
 TEST_F(NativeSaving, AddsRecordsThatARulePutsElsewhere) {
   Run("CREATE TABLE t (id serial, name text)");
   Run("CREATE TABLE other (name text)");
