@@ -39,17 +39,8 @@ BaseTable FindBaseTable(Session& session, const Columns& columns, std::string_vi
   const Column& sample = ColumnOfOneTable(columns, text);
   RequireNamedOnce(sample, text);
   const TableFacts facts = FactsOf(session, sample.origin_database, sample.origin_table);
-  const OwnColumns own = ColumnsOf(columns, facts);
-  BaseTable table;
-  table.name = Quote(sample.origin_database) + "." + Quote(sample.origin_table);
-  for (std::size_t i = 0; i < own.size(); ++i) {
-    table.columns.push_back(own[i].empty() ? "" : Quote(own[i]));
-    if (!own[i].empty() && columns[i].is_numbered) table.identity = i;
-  }
-  for (const Names& key : facts.keys) {
-    if (table.key.empty()) table.key = FindAllOwn(own, key);
-  }
-  return table;
+  const std::string name = Quote(sample.origin_database) + "." + Quote(sample.origin_table);
+  return TableOf(name, columns, ColumnsOf(columns, facts), facts.keys, Quote);
 }
 
 }  // namespace dralo::database::mariadb
