@@ -20,19 +20,6 @@ constexpr std::string_view kColumns =
     "LEFT JOIN pg_catalog.pg_attrdef d ON d.adrelid = a.attrelid AND d.adnum = a.attnum "
     "WHERE a.attnum > 0 AND NOT a.attisdropped AND a.attrelid IN (";
 
-/// An index that leaves rows out, is over expressions, or is checked later is no key.
-constexpr std::string_view kKeysOfTable =
-    "SELECT i.indexrelid, k.attnum FROM pg_catalog.pg_index i "
-    "CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY k(attnum, place) "
-    "WHERE i.indisunique AND i.indisvalid AND (i.indimmediate OR i.indisprimary) AND i.indpred IS NULL "
-    "AND i.indexprs IS NULL AND k.place <= i.indnkeyatts AND NOT EXISTS (SELECT 1 FROM "
-    "pg_catalog.pg_attribute a "
-    "WHERE a.attrelid = i.indrelid AND a.attnum = ANY ((i.indkey::int2[])[0:i.indnkeyatts - 1]) AND NOT "
-    "a.attnotnull) "
-    "AND i.indrelid = ";
-
-constexpr std::string_view kKeyOrder = " ORDER BY i.indisprimary DESC, i.indexrelid, k.place";
-
 class Answers {
  public:
   explicit Answers(Result result) : result_(std::move(result)) {}
@@ -80,18 +67,6 @@ void TableCatalog::Learn(Link& link, const std::vector<ColumnNumber>& columns) {
 const KnownTable* TableCatalog::Find(const ColumnNumber& column) const {
   const auto found = tables_.find(column.table);
   return found != tables_.end() && found->second.columns.contains(column.column) ? &found->second : nullptr;
-}
-
-std::vector<std::vector<int>> KeysOf(Link& link, Oid table) {
-  std::string query(kKeysOfTable);
-  query.append(std::to_string(table)).append(kKeyOrder);
-  const Answers answers(link.Run(query.c_str()));
-  std::vector<std::vector<int>> keys;
-  for (int row = 0; row < answers.Rows(); ++row) {
-    if (row == 0 || answers.Text(row, 0) != answers.Text(row - 1, 0)) keys.emplace_back();
-    keys.back().push_back(answers.As<int>(row, 1));
-  }
-  return keys;
 }
 
 }  // namespace dralo::database::postgresql

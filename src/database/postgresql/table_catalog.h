@@ -47,8 +47,4 @@ class TableCatalog {
   std::map<Oid, KnownTable> tables_;
 };
 
-/// The numbers of the columns of every key of the table: the primary one first, then the unique indexes over
-/// columns that are never Null. Asks the server each time.
-std::vector<std::vector<int>> KeysOf(Link& link, Oid table);
-
 }  // namespace dralo::database::postgresql

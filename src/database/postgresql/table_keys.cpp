@@ -11,27 +11,45 @@ namespace {
 /// More are rare, and only cost a question each.
 constexpr std::size_t kMaxKnownTables = 256;
 
-/// An index that leaves rows out, is over expressions, allows Null or is checked later is no key, and that of
-/// a table says nothing about the tables that inherit from it.
-constexpr std::string_view kKeyOf =
-    ") named(name) JOIN pg_catalog.pg_index i ON i.indrelid = pg_catalog.to_regclass(named.name) "
-    "JOIN pg_catalog.pg_class t ON t.oid = i.indrelid AND (t.relkind = 'p' OR NOT t.relhassubclass) "
+/// An index that leaves rows out, is over expressions or allows Null is no key.
+constexpr std::string_view kIndexes =
+    ") named(name, id) JOIN pg_catalog.pg_index i ON i.indrelid = named.id "
+    "JOIN pg_catalog.pg_class t ON t.oid = i.indrelid "
     "CROSS JOIN LATERAL unnest(i.indkey::int2[]) WITH ORDINALITY k(attnum, place) "
     "JOIN pg_catalog.pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = k.attnum "
-    "WHERE i.indisunique AND i.indisvalid AND i.indimmediate AND i.indpred IS NULL AND i.indexprs IS NULL "
+    "WHERE i.indisunique AND i.indisvalid AND i.indpred IS NULL AND i.indexprs IS NULL "
     "AND k.place <= i.indnkeyatts AND NOT EXISTS (SELECT 1 FROM pg_catalog.pg_attribute n WHERE "
     "n.attrelid = i.indrelid AND n.attnum = ANY ((i.indkey::int2[])[0:i.indnkeyatts - 1]) "
-    "AND NOT n.attnotnull) "
-    "ORDER BY named.name, i.indisprimary DESC, i.indexrelid, k.place";
+    "AND NOT n.attnotnull) AND ";
 
-std::string KeyQuery(const std::vector<std::string>& tables) {
+/// A key that is checked later finds a record only if it is the primary one.
+constexpr std::string_view kThatFind = "(i.indimmediate OR i.indisprimary)";
+
+/// One that is checked later may be there twice, and that of a table says nothing about the tables that
+/// inherit from it.
+constexpr std::string_view kThatOrder = "i.indimmediate AND (t.relkind = 'p' OR NOT t.relhassubclass)";
+
+/// `tables` are rows of a name, by which the answer tells the tables apart, and the table's number.
+std::string KeyQuery(std::string_view tables, std::string_view condition) {
   std::string query = "SELECT named.name, i.indexrelid, a.attname FROM (VALUES ";
-  std::string_view separator = "(";
-  for (const std::string& table : tables) {
-    query.append(separator).append(Quote(table, '\'')).append(")");
-    separator = ", (";
+  query.append(tables).append(kIndexes).append(condition);
+  return query.append(" ORDER BY named.name, i.indisprimary DESC, i.indexrelid, k.place");
+}
+
+using KeysByTable = std::map<std::string, std::vector<Names>>;
+
+KeysByTable ReadKeys(const Result& answer) {
+  const Libpq& libpq = Libpq::Get();
+  KeysByTable keys;
+  std::string_view index;
+  for (int row = 0; row < libpq.PQntuples(answer.get()); ++row) {
+    std::vector<Names>& of_table = keys[libpq.PQgetvalue(answer.get(), row, 0)];
+    const std::string_view next = libpq.PQgetvalue(answer.get(), row, 1);
+    if (of_table.empty() || next != index) of_table.emplace_back();
+    of_table.back().emplace_back(libpq.PQgetvalue(answer.get(), row, 2));
+    index = next;
   }
-  return query.append(kKeyOf);
+  return keys;
 }
 
 /// A trip of its own, which a transaction of the user survives if it fails.
@@ -48,26 +66,32 @@ Result AskOnce(Session& session, std::string query) {
 
 }  // namespace
 
-void TableKeys::Learn(Session& session, const std::vector<std::string>& tables) {
+std::vector<Names> KeysOf(Link& link, Oid table) {
+  const std::string row = "('', oid '" + std::to_string(table) + "')";
+  return ReadKeys(link.Run(KeyQuery(row, kThatFind).c_str()))[""];
+}
+
+void TableKeys::Learn(Session& session, const Names& tables) {
   if (keys_.size() + tables.size() > kMaxKnownTables) keys_.clear();
-  const Result answer = AskOnce(session, KeyQuery(tables));
-  for (const std::string& table : tables) keys_[table].clear();
-  const Libpq& libpq = Libpq::Get();
-  std::string_view table;
-  std::string_view index;
-  for (int row = 0; row < libpq.PQntuples(answer.get()); ++row) {
-    const std::string_view next = libpq.PQgetvalue(answer.get(), row, 0);
-    const std::string_view next_index = libpq.PQgetvalue(answer.get(), row, 1);
-    if (next != table) index = next_index;
-    table = next;
-    if (index == next_index) keys_[std::string(table)].emplace_back(libpq.PQgetvalue(answer.get(), row, 2));
+  std::string rows;
+  for (const std::string& table : tables) {
+    const std::string name = Quote(table, '\'');
+    rows.append(rows.empty() ? "(" : ", (")
+        .append(name)
+        .append(", pg_catalog.to_regclass(")
+        .append(name)
+        .append("))");
+  }
+  KeysByTable keys = ReadKeys(AskOnce(session, KeyQuery(rows, kThatOrder)));
+  for (const std::string& table : tables) {
+    keys_[table] = keys[table].empty() ? Names() : keys[table].front();
   }
 }
 
 std::string TableKeys::BehindOrder(Session& session, const Statement& query) {
   const SelectShape shape = ShapeOfRows(query);
   if (!shape.ends_with_order) return {};
-  std::vector<std::string> unknown;
+  Names unknown;
   for (const NamedTable& named : shape.tables) {
     if (named.table.empty()) return {};
     std::string name(named.written);

@@ -5,10 +5,18 @@
 #include <string_view>
 #include <vector>
 
+#include "database/postgresql/link.h"
+
 namespace dralo::database::postgresql {
 
 class Session;
 struct Statement;
+
+using Names = std::vector<std::string>;
+
+/// The columns of every key of the table: the primary one first, then the unique indexes over columns that
+/// are never Null. Asks the server each time. Throws platform::Error.
+std::vector<Names> KeysOf(Link& link, Oid table);
 
 /// The keys of tables, by the names that queries give them. A table that another session has altered since is
 /// known as it was.
@@ -24,9 +32,7 @@ class TableKeys {
   void Forget() { keys_.clear(); }
 
  private:
-  using Names = std::vector<std::string>;
-
-  void Learn(Session& session, const std::vector<std::string>& tables);
+  void Learn(Session& session, const Names& tables);
 
   std::map<std::string, Names> keys_;  ///< By the names of tables as they are written.
 };
