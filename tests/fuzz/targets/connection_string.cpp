@@ -26,6 +26,7 @@ void TryBefore(std::string_view text, std::string_view password) {
     Require(!is_whole || !Tells(read.WithoutPassword()), "a text without its password does not hold it");
     for (const auto& pair : read.Pairs()) Require(read.Find(pair.key).has_value(), "every key is found");
     static_cast<void>(read.Seconds("Query Timeout", 1));
+    static_cast<void>(read.WithUsualKeys("Tables", "Host, User ID, Password"));
   } catch (const platform::Error& error) {
     Require(!Tells(error.what()), "no message about a connection string holds its password");
   }
