@@ -85,7 +85,8 @@ class Recordset : public Object {
   /// Opens the rows of `rows` for changes as if they were those of `described`, which is not run. A query
   /// with another one inside it can seldom be written to; so `described`, the inner one, says what the
   /// columns are and which table they are written to. The columns correspond by position. Both run on the
-  /// active connection of `described`.
+  /// active connection of `described`. With the first row platform::Error tells that the rows have another
+  /// number of columns.
   virtual void OpenDescribed(Command& described, Command& rows) = 0;
 
   /// Whether it was opened and not closed; a statement without rows leaves it closed.
