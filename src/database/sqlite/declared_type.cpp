@@ -1,7 +1,7 @@
 #include "database/sqlite/declared_type.h"
 
 #include <charconv>
-#include <string>
+#include <string_view>
 
 #include "database/key_comparison.h"
 #include "text/ascii.h"
@@ -23,35 +23,23 @@ struct NamedType {
 constexpr NamedType kNamedTypes[] = {
   {"BIGINT",    TypeCode::kBigInt},
   {"BIT",       TypeCode::kBoolean},
-  {"BLOB",      TypeCode::kLongVarBinary},
   {"BOOL",      TypeCode::kBoolean},
   {"BOOLEAN",   TypeCode::kBoolean},
-  {"CHAR",      TypeCode::kVarWideChar},
-  {"CLOB",      TypeCode::kLongVarWideChar},
   {"CURRENCY",  TypeCode::kCurrency},
   {"DATE",      TypeCode::kDate, TimeParts::kDate},
   {"DATETIME",  TypeCode::kDate},
   {"DECIMAL",   TypeCode::kNumeric},
-  {"DOUBLE",    TypeCode::kDouble},
-  {"FLOAT",     TypeCode::kDouble},
-  {"INT",       TypeCode::kInteger},
-  {"INTEGER",   TypeCode::kInteger},
   {"MEMO",      TypeCode::kLongVarWideChar},
   {"MONEY",     TypeCode::kCurrency},
-  {"NCHAR",     TypeCode::kVarWideChar},
   {"NUMERIC",   TypeCode::kNumeric},
-  {"NVARCHAR",  TypeCode::kVarWideChar},
-  {"REAL",      TypeCode::kDouble},
   {"SMALLINT",  TypeCode::kSmallInt},
-  {"TEXT",      TypeCode::kLongVarWideChar},
   {"TIME",      TypeCode::kDbTime, TimeParts::kTime},
   {"TIMESTAMP", TypeCode::kDate},
   {"TINYINT",   TypeCode::kTinyInt},
   {"UUID",      TypeCode::kGuid},
-  {"VARCHAR",   TypeCode::kVarWideChar},
 };
 
-/// SQLite's rules of affinity, in their order.
+/// SQLite's rules of affinity, in their order: the type of a name that has one of these in it.
 constexpr NamedType kContainedTypes[] = {
   {"INT",  TypeCode::kInteger},
   {"CHAR", TypeCode::kVarWideChar},
@@ -66,10 +54,10 @@ constexpr NamedType kContainedTypes[] = {
 
 const NamedType* Find(std::string_view name) {
   for (const NamedType& type : kNamedTypes) {
-    if (type.name == name) return &type;
+    if (text::EqualAscii(type.name, name)) return &type;
   }
   for (const NamedType& type : kContainedTypes) {
-    if (name.find(type.name) != name.npos) return &type;
+    if (text::ContainsAscii(name, type.name)) return &type;
   }
   return nullptr;
 }
@@ -93,9 +81,7 @@ std::int64_t SizeIn(std::string_view declared) {
 }  // namespace
 
 void SetDeclaredType(Column& column, std::string_view declared) {
-  std::string name(text::TrimAsciiSpace(declared.substr(0, declared.find('('))));
-  for (char& c : name) c = text::ToUpper(c);
-  const NamedType* type = Find(name);
+  const NamedType* type = Find(text::TrimAsciiSpace(declared.substr(0, declared.find('('))));
   column.comparison = type ? ComparisonOf(type->type) : SameOfAnyKind;
   if (!type) return;
   column.type = type->type;
