@@ -40,7 +40,7 @@ Cursor::Cursor(Session& session, const Query& query)
   } else {
     OpenChange();
   }
-  RequireParameterCount();
+  RequireEqualCounts(statement_->parameters, parameters_.Count(), text_);
   const bool may_be_in_part = max_records_ > 0 || is_updatable_;
   if (!kind_.is_query || !may_be_in_part) Execute();
 }
@@ -96,12 +96,6 @@ void Cursor::OpenChange() {
   statement_ = may_have_parameters
                    ? Prepared(false)
                    : std::make_unique<Statement>(Statement{.handle = link_.NewStatement(), .text = text_});
-}
-
-void Cursor::RequireParameterCount() const {
-  const std::size_t expected = statement_->parameters;
-  const std::size_t given = parameters_.Count();
-  RequireEqualCounts(expected, given, text_);
 }
 
 void Cursor::Execute() {

@@ -41,7 +41,6 @@ class Cursor final : public database::Cursor {
   std::unique_ptr<Statement> Prepared(bool is_limited);
   std::unique_ptr<Statement> TryLimited();
   void OpenChange();
-  void RequireParameterCount() const;
   void Execute();
   void Run();
   void AdoptColumns();

@@ -42,7 +42,8 @@ Cursor::Cursor(Session& session, const Query& query, Unsent /*unused*/)
     query_ = NewStatement(query.text);
   }
   statement_ = query_;
-  RequireParameterCount(query.parameters.size());
+  RequireEqualCounts(static_cast<std::size_t>(statement_->parameters), query.parameters.size(),
+                     statement_->text);
   description_ = statement_->description;
 }
 
@@ -55,11 +56,6 @@ std::shared_ptr<Statement> Cursor::NewStatement(std::string_view text) const {
   statement->parameters = numbered.parameters;
   if (statement->kind.is_select) statement->form = max_records_ == 1 ? Form::kOneRow : Form::kPage;
   return statement;
-}
-
-void Cursor::RequireParameterCount(std::size_t given) const {
-  const auto expected = static_cast<std::size_t>(statement_->parameters);
-  RequireEqualCounts(expected, given, statement_->text);
 }
 
 void Cursor::Prepare() {

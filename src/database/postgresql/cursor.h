@@ -60,7 +60,6 @@ class Cursor final : public database::Cursor {
   void CountAlone();
   std::shared_ptr<Statement> NewStatement(std::string_view text) const;
   void ChooseForm();
-  void RequireParameterCount(std::size_t given) const;
   void Prepare();
   std::int64_t RowsWanted() const { return max_records_ - offset_; }
   bool IsShort() const;

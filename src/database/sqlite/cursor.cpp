@@ -36,11 +36,6 @@ void StartWithoutRows(sqlite3* connection, Statement& limited) {
   limited.Reset();
 }
 
-void RequireParameterCount(const Statement& statement, std::size_t given) {
-  const auto expected = static_cast<std::size_t>(statement.ParameterCount());
-  RequireEqualCounts(expected, given, statement.Text());
-}
-
 }  // namespace
 
 Cursor::Cursor(Session& session, std::unique_ptr<Statement> statement, const Query& query)
@@ -48,7 +43,8 @@ Cursor::Cursor(Session& session, std::unique_ptr<Statement> statement, const Que
       statement_(std::move(statement)),
       parameters_(query.parameters.begin(), query.parameters.end()),
       max_records_(query.max_records) {
-  RequireParameterCount(*statement_, parameters_.size());
+  RequireEqualCounts(static_cast<std::size_t>(statement_->ParameterCount()), parameters_.size(),
+                     statement_->Text());
   BindAll();
 }
 

@@ -48,10 +48,8 @@ Statement::Statement(HandlePtr handle, std::string text, Form form)
       description_(sqlite::Describe(handle_.get())) {}
 
 std::unique_ptr<Statement> Statement::Prepare(sqlite3* connection, std::string_view text) {
+  RequireStatement(text);
   std::string copy(text);
-  if (copy.find('\0') != copy.npos) {
-    throw platform::Error("The statement has a zero byte in its text", 0, {}, copy);
-  }
   sqlite3_stmt* handle = nullptr;
   std::string_view rest;
   const int code = PrepareHandle(connection, copy, &handle, rest);
