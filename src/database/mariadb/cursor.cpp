@@ -94,11 +94,11 @@ void Cursor::Execute() {
   patience_ends_ = Now() + PatienceWith(session_.GetLink().QueryTimeout());
 }
 
-/// Needed only for a statement from the cache; the columns are those of its last run.
+/// Needed only for a statement from the cache; the columns are those of its last run. It stays when none can
+/// be prepared instead.
 void Cursor::FixColumns() {
   if (state_ != State::kPrepared || !statement_->WasKept()) return;
   session_.Settle();  // To close a statement while rows are open would wait for ever for an answer.
-  statement_.reset();
   session_.Forget(text_);
   Open();
 }

@@ -283,6 +283,22 @@ TEST_F(MariaDbCursor, FindsAColumnThatWasAddedSince) {
   EXPECT_EQ(Ask("SELECT * FROM t"), (Lines{"1 5 null", "2 null 5"}));
 }
 
+TEST_F(MariaDbCursor, SaysAsOftenAsAskedThatAColumnOfAKeptQueryIsGone) {
+  Run("CREATE TABLE t (id INTEGER PRIMARY KEY, a INTEGER)");
+  Run("INSERT INTO t VALUES (1, 2)");
+  const std::string sql = "SELECT id, a FROM t";
+  EXPECT_EQ(Line(*Edit(connection_, sql)), "1 2");
+  const auto other = Connect(database_.ConnectionString());
+  other->Execute("ALTER TABLE t RENAME COLUMN a TO z");
+  for (int i = 0; i < 2; ++i) {
+    const auto recordset = Edit(connection_, sql);
+    EXPECT_EQ(ErrorOf([&] { recordset->AddNew(); }).Number(), 1054);
+    EXPECT_EQ(ErrorOf([&] { recordset->AddNew(); }).Number(), 1054);
+  }
+  other->Execute("ALTER TABLE t RENAME COLUMN z TO a");
+  EXPECT_EQ(Line(*Edit(connection_, sql)), "1 2");
+}
+
 }  // namespace
 
 }  // namespace dralo::tests

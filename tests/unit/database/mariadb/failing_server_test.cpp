@@ -201,6 +201,17 @@ TEST_F(MariaDbFailing, OpensTheConnectionAgainThatWentWhileItWasKept) {
       << "only the first query after the rest may not notice";
 }
 
+TEST_F(MariaDbFailing, SaysThatItsSessionWasEndedBeforeItKnewItsColumns) {
+  Run("CREATE TABLE t (i INTEGER PRIMARY KEY)");
+  const auto victim = Connect(database_.ConnectionString());
+  const auto open = [&] { return Edit(victim, "SELECT i FROM t"); };
+  EXPECT_TRUE(open()->Eof());
+  const auto recordset = open();
+  Kill(victim);
+  EXPECT_THROW(recordset->AddNew(), platform::Error);
+  EXPECT_THROW(recordset->AddNew(), platform::Error);
+}
+
 TEST_F(MariaDbFailing, DoesNotRunAChangeTwiceWhenItsConnectionWent) {
   const auto kept = Connect(database_.ConnectionString());
   const std::string id = IdOf(kept).front();
