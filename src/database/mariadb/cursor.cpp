@@ -90,7 +90,7 @@ void Cursor::Execute() {
   row_ = std::make_unique<Row>(statement_->Describe().readers);
   statement_->Bind(*row_);
   state_ = State::kReading;
-  session_.SetReading(this);
+  session_.GetLink().SetReader(this);
   patience_ends_ = Now() + PatienceWith(session_.GetLink().QueryTimeout());
 }
 
@@ -98,7 +98,6 @@ void Cursor::Execute() {
 /// be prepared instead.
 void Cursor::FixColumns() {
   if (state_ != State::kPrepared || !statement_->WasKept()) return;
-  session_.Settle();  // To close a statement while rows are open would wait for ever for an answer.
   session_.Forget(text_);
   Open();
 }
@@ -118,19 +117,19 @@ bool Cursor::Step() {
 
 bool Cursor::NextRow() {
   if (Now() > patience_ends_) {
-    session_.SetReading(nullptr);
+    session_.GetLink().SetReader(nullptr);
     PutRestAside();
     return NextRowAside();
   }
   try {
     if (statement_->Fetch(*row_)) return true;
   } catch (...) {
-    session_.SetReading(nullptr);
+    session_.GetLink().SetReader(nullptr);
     state_ = State::kDone;
     Abandon();
     throw;
   }
-  session_.SetReading(nullptr);
+  session_.GetLink().SetReader(nullptr);
   state_ = State::kDone;
   return false;
 }
@@ -148,10 +147,10 @@ bool Cursor::NextRowAside() {
 }
 
 /// The current row stays valid, because it may still be read.
-void Cursor::PutRestAside() {
+void Cursor::PutRestAside() noexcept {
   state_ = State::kAside;
-  aside_ = std::make_unique<SpoolFile>();
   try {
+    aside_ = std::make_unique<SpoolFile>();
     Row next(statement_->Describe().readers);
     statement_->Bind(next);
     for (; statement_->Fetch(next); ++rows_aside_) next.Save(*aside_);
@@ -166,7 +165,7 @@ void Cursor::Stop() noexcept {
   state_ = State::kDone;
   aside_.reset();
   if (!is_reading) return;
-  session_.SetReading(nullptr);
+  session_.GetLink().SetReader(nullptr);
   try {
     Leave();
   } catch (const std::exception&) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "database/cursor.h"
+#include "database/mariadb/link.h"
 #include "database/mariadb/parameters.h"
 #include "database/mariadb/row.h"
 #include "database/mariadb/statement.h"
@@ -35,7 +36,7 @@ class Session;
 ///
 /// When a result is left early, a short rest is read. With a long rest the session leaves its connection,
 /// which is cheaper than reading it, unless that would lose a transaction or traces of the page.
-class Cursor final : public database::Cursor {
+class Cursor final : public database::Cursor, public RowReader {
  public:
   /// Throws platform::Error when the statement is not accepted or the number of parameters is wrong.
   Cursor(Session& session, const Query& query);
@@ -55,9 +56,7 @@ class Cursor final : public database::Cursor {
   std::int64_t RowsAffected() const override { return statement_->RowsAffected(); }
   const BaseTable& Table() override;
 
-  /// Reads the rows that the server is still sending, for later. A failure is reported when these rows are
-  /// asked for.
-  void PutRestAside();
+  void PutRestAside() noexcept override;
 
  private:
   enum class State { kPrepared, kReading, kAside, kDone };

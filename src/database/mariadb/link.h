@@ -13,6 +13,17 @@
 
 namespace dralo::database::mariadb {
 
+/// Reads the rows of a statement while the server sends them; during that time the connection is not free.
+class RowReader {
+ public:
+  /// Makes the connection free: reads the rest of the rows, for later. A failure is reported when these rows
+  /// are asked for.
+  virtual void PutRestAside() noexcept = 0;
+
+ protected:
+  ~RowReader() = default;
+};
+
 /// A connection to a server that never waits longer than the connection string allows: every call of the
 /// library has one deadline, however many packets it sends and reads. A connection that misses a deadline is
 /// given up, and so is one that is waited for while the host wants to stop.
@@ -47,6 +58,16 @@ class Link {
 
   /// The same; `source` is the page's text for it. If it yields rows, they must be read next.
   void Run(std::string_view text, std::string_view source);
+
+  /// Who is reading; nullptr when nobody is.
+  void SetReader(RowReader* reader) noexcept { reader_ = reader; }
+  bool HasReader() const noexcept { return reader_ != nullptr; }
+
+  /// Before anything is sent, and before a statement is closed, for which the library would discard rows of
+  /// the open result.
+  void PutReadAside() noexcept {
+    if (RowReader* const reader = std::exchange(reader_, nullptr)) reader->PutRestAside();
+  }
 
   /// Whether the next statement would be part of an open transaction.
   bool IsInTransaction() const;
@@ -113,6 +134,7 @@ class Link {
   const Library& library_ = Library::Get();
   const Options options_;
   std::unique_ptr<MYSQL, Closer> handle_;
+  RowReader* reader_ = nullptr;
   Deadline connecting_until_;
   Deadline hurried_until_;
   bool is_connecting_ = false;

@@ -72,13 +72,8 @@ void Session::Connect() {
 }
 
 void Session::Settle() {
-  PutReadAside();
+  link_.PutReadAside();
   if (was_left_) Connect();
-}
-
-/// Also needed before a statement is closed: the client library would discard the rest of the open result.
-void Session::PutReadAside() {
-  if (Cursor* const cursor = std::exchange(reading_, nullptr)) cursor->PutRestAside();
 }
 
 std::unique_ptr<Statement> Session::TakePlain(std::string_view text, const StatementKind& kind) {
@@ -113,9 +108,7 @@ std::unique_ptr<Statement> Session::TakeLimited(std::string_view text) {
 }
 
 void Session::Forget(std::string_view text) {
-  for (const Form form : {Form::kPlain, Form::kLimited}) {
-    if (const auto kept = cache_.Take(text, form)) PutReadAside();
-  }
+  for (const Form form : {Form::kPlain, Form::kLimited}) cache_.Take(text, form);
 }
 
 std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, std::string_view behind) {
@@ -220,7 +213,7 @@ void Session::ForgetOldKeys() noexcept {
 bool Session::Reset() noexcept {
   last_use_ = std::chrono::steady_clock::now();
   const bool is_elsewhere = has_left_database_ || CurrentDatabase() != link_.FirstDatabase();
-  if (reading_ != nullptr || was_left_ || link_.IsDead() || is_elsewhere) return false;
+  if (link_.HasReader() || was_left_ || link_.IsDead() || is_elsewhere) return false;
   transactions_.Forget();
   const Link::Haste haste(link_, kTimeBetweenUsers);
   try {
@@ -243,9 +236,7 @@ void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind
     link_.Drop();
     return;
   }
-  const bool may_stay = kind.is_query || statement->Describe().columns->empty();
-  if (!may_stay || !cache_.HasRoomFor(*statement)) PutReadAside();
-  if (may_stay) cache_.Give(std::move(statement));
+  if (kind.is_query || statement->Describe().columns->empty()) cache_.Give(std::move(statement));
 }
 
 void Session::Expect(const StatementKind& kind, std::string_view text) {

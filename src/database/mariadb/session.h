@@ -21,8 +21,6 @@
 
 namespace dralo::database::mariadb {
 
-class Cursor;
-
 /// An open connection to MariaDB or MySQL.
 ///
 /// Between two users nothing is sent if the last one only read and saved; his prepared statements stay. An
@@ -91,10 +89,6 @@ class Session final : public database::Session {
   /// Before anything is sent: has the cursor that is reading put the rest of its rows aside. Opens a new
   /// connection when the last one was left.
   void Settle();
-  void PutReadAside();
-
-  /// The cursor that is reading; nullptr when none is.
-  void SetReading(Cursor* cursor) noexcept { reading_ = cursor; }
 
   /// Before a statement is run, which may have effects even if it fails. Throws platform::Error when the
   /// transaction that it would be part of is gone.
@@ -123,7 +117,6 @@ class Session final : public database::Session {
   StatementCache cache_;                                       ///< After the link, to be destroyed first.
   std::map<std::pair<std::string, std::string>, Names> keys_;  ///< Of tables, by their database and name.
   std::chrono::steady_clock::time_point keys_since_ = std::chrono::steady_clock::now();
-  Cursor* reading_ = nullptr;
   bool was_left_ = false;
   bool has_traces_ = false;
   bool has_left_database_ = false;  ///< A statement of the page chose another one.

@@ -31,7 +31,7 @@ Statement::Statement(Link& link, std::string_view text, Form form, std::string s
   }
 }
 
-Statement::~Statement() = default;
+Statement::~Statement() { link_.PutReadAside(); }
 
 void Statement::Prepare() {
   RequireConnection();

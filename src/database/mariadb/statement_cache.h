@@ -24,11 +24,6 @@ class StatementCache {
   /// Whether a plain statement is kept for the text and known not to take a limit.
   bool RefusesLimit(std::string_view text) const;
 
-  /// Whether Give() would keep the statement and close none.
-  bool HasRoomFor(const Statement& statement) const {
-    return !kept_.IsFull() && statement.IsOfThisConnection() && statement.Text().size() <= kMaxTextBytes;
-  }
-
   /// Takes back a statement without an open result.
   void Give(std::unique_ptr<Statement> statement) noexcept;
 

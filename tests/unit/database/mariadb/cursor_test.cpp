@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "data/commands.h"
 #include "unit/database/mariadb/native_test.h"
 
 namespace dralo::tests {
@@ -297,6 +298,23 @@ TEST_F(MariaDbCursor, SaysAsOftenAsAskedThatAColumnOfAKeptQueryIsGone) {
   }
   other->Execute("ALTER TABLE t RENAME COLUMN z TO a");
   EXPECT_EQ(Line(*Edit(connection_, sql)), "1 2");
+}
+
+TEST_F(MariaDbCursor, ReadsOnWhenAKeptStatementIsGivenTooFewValues) {
+  const auto open = [&](std::int64_t max_records, std::vector<platform::Variant> values) {
+    const auto recordset = database::MakeRecordset();
+    recordset->SetMaxRecords(max_records);
+    recordset->Open(*MakeCommand(connection_, "SELECT CAST(? AS CHAR(9))", std::move(values)));
+    return Rest(*recordset);
+  };
+  for (const std::int64_t max_records : {0, 10}) {
+    for (const std::int64_t limit : {0, 10}) EXPECT_EQ(open(limit, {std::string("a")}), Lines{"'a'"});
+    const auto recordset = Read(connection_, "SELECT CAST(seq AS INTEGER) FROM seq_1_to_60000");
+    EXPECT_EQ(Line(*recordset), "1");
+    EXPECT_EQ(MessageOf([&] { open(max_records, {}); }),
+              "The statement expects 1 parameter value, but 0 were given");
+    EXPECT_EQ(Rest(*recordset).size(), 60000u) << max_records;
+  }
 }
 
 }  // namespace
