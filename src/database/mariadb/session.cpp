@@ -112,9 +112,9 @@ void Session::Forget(std::string_view text) {
 }
 
 std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, std::string_view behind) {
+  Settle();  // The current database is that of the connection.
   const std::string plain(WithoutEnd(text));
   const std::string ordered = OrderedByKey(plain);
-  Settle();
   if (!ordered.empty()) {
     try {
       return MakeStatement(text, form, ordered + std::string(behind));

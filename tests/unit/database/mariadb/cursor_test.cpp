@@ -194,6 +194,13 @@ TEST_F(MariaDbCursor, OrdersATableThatWasMadeAfterItWasAskedFor) {
   EXPECT_EQ(Ask(sql, 2), (Lines{"3 7", "2 7"}));
 }
 
+TEST_F(MariaDbCursor, OrdersEqualRowsByTheirKeyAlsoBehindALongResultThatWasLeft) {
+  Run("CREATE TABLE t (i INTEGER PRIMARY KEY, k INTEGER)");
+  Run("INSERT INTO t VALUES (1, 7), (2, 7), (3, 7)");
+  Read(connection_, "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000) FROM seq_1_to_20000")->Eof();
+  EXPECT_EQ(Ask("SELECT i, k FROM t ORDER BY k DESC", 2), (Lines{"3 7", "2 7"}));
+}
+
 TEST_F(MariaDbCursor, LeavesTheOrderOfATableWithoutAKeyAsItIs) {
   Run("CREATE TABLE t (i INTEGER NULL UNIQUE, k INTEGER)");
   Run("INSERT INTO t VALUES (2, 1), (1, 1), (3, 0)");
