@@ -93,15 +93,11 @@ void Link::ConnectTo(const Options::Host& host) {
   ++generation_;
   SetOptions();
   const bool is_socket = host.name.starts_with('/');
-  MYSQL* connected = nullptr;
-  Await(
-      [&] {
-        return library_.mysql_real_connect_start(
-            &connected, Handle(), is_socket ? "localhost" : host.name.c_str(), options_.user.c_str(),
-            options_.password.c_str(), options_.database.empty() ? nullptr : options_.database.c_str(),
-            host.port, is_socket ? host.name.c_str() : nullptr, CLIENT_FOUND_ROWS);
-      },
-      [&](int events) { return library_.mysql_real_connect_cont(&connected, Handle(), events); });
+  const MYSQL* const connected =
+      Await(library_.mysql_real_connect_start, library_.mysql_real_connect_cont, Handle(),
+            is_socket ? "localhost" : host.name.c_str(), options_.user.c_str(), options_.password.c_str(),
+            options_.database.empty() ? nullptr : options_.database.c_str(), host.port,
+            is_socket ? host.name.c_str() : nullptr, CLIENT_FOUND_ROWS);
   if (connected == nullptr) throw LastError({});
   // When the server has no encryption, the library goes on without, whatever it was told.
   const bool must_be_encrypted = options_.ssl_mode >= SslMode::kRequired;
@@ -175,12 +171,9 @@ void Link::GiveUp() {
 }
 
 void Link::Run(std::string_view text, std::string_view source) {
-  int failure = 1;
-  if (handle_) {
-    Await([&] { return library_.mysql_real_query_start(&failure, Handle(), text.data(), text.size()); },
-          [&](int events) { return library_.mysql_real_query_cont(&failure, Handle(), events); });
-  }
-  if (failure != 0) throw LastError(source);
+  const bool is_done = handle_ && Await(library_.mysql_real_query_start, library_.mysql_real_query_cont,
+                                        Handle(), text.data(), text.size()) == 0;
+  if (!is_done) throw LastError(source);
 }
 
 bool Link::IsInTransaction() const {
@@ -223,19 +216,14 @@ bool Link::IsQuiet() const noexcept {
 }
 
 bool Link::Answers() noexcept {
-  if (!IsQuiet()) return false;
-  int failure = 1;
-  Await([&] { return library_.mysql_ping_start(&failure, Handle()); },
-        [&](int events) { return library_.mysql_ping_cont(&failure, Handle(), events); });
-  return failure == 0;
+  return IsQuiet() && Await(library_.mysql_ping_start, library_.mysql_ping_cont, Handle()) == 0;
 }
 
 /// The first value of the answer.
 std::string Link::Ask(std::string_view question) {
   Run(question);
-  MYSQL_RES* result = nullptr;
-  Await([&] { return library_.mysql_store_result_start(&result, Handle()); },
-        [&](int events) { return library_.mysql_store_result_cont(&result, Handle(), events); });
+  MYSQL_RES* const result =
+      Await(library_.mysql_store_result_start, library_.mysql_store_result_cont, Handle());
   if (result == nullptr) throw LastError(question);
   const MYSQL_ROW row = library_.mysql_fetch_row(result);
   std::string value = row != nullptr && row[0] != nullptr ? row[0] : "";
@@ -248,9 +236,8 @@ bool Link::IsInCluster() {
 }
 
 void Link::Reset() {
-  int failure = 1;
-  Await([&] { return library_.mysql_reset_connection_start(&failure, Handle()); },
-        [&](int events) { return library_.mysql_reset_connection_cont(&failure, Handle(), events); });
+  const int failure =
+      Await(library_.mysql_reset_connection_start, library_.mysql_reset_connection_cont, Handle());
   if (failure != 0) throw LastError({});
   LimitStatements();
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "database/mariadb/library.h"
@@ -44,13 +45,19 @@ class Link {
   /// A number that every new connection changes.
   int Generation() const { return generation_; }
 
-  /// Calls start(), then proceed(events) each time the server has answered, until the call is done.
-  template <class Start, class Proceed>
-  void Await(const Start& start, const Proceed& proceed) {
-    int awaited = start();
+  /// What a call of the library returns, which `start` begins and `proceed` carries on each time the server
+  /// has answered, until it is done.
+  template <class Answer, class Handle, class... Parameters>
+  Answer Await(int (*start)(Answer*, Handle*, Parameters...), int (*proceed)(Answer*, Handle*, int),
+               std::type_identity_t<Handle>* handle, std::type_identity_t<Parameters>... parameters) {
+    Answer answer{};
+    int awaited = start(&answer, handle, parameters...);
     if (awaited == 0) [[likely]]
-      return;
-    for (const Deadline deadline = EndOfPatience(); awaited != 0;) awaited = proceed(Wait(awaited, deadline));
+      return answer;
+    for (const Deadline deadline = EndOfPatience(); awaited != 0;) {
+      awaited = proceed(&answer, handle, Wait(awaited, deadline));
+    }
+    return answer;
   }
 
   /// Runs a statement without rows as a text. Throws platform::Error.

@@ -37,10 +37,8 @@ void Statement::Prepare() {
   RequireConnection();
   handle_.reset(library_.mysql_stmt_init(link_.Handle()));
   if (!handle_) throw link_.LastError(text_);
-  int failure = 1;
-  link_.Await(
-      [&] { return library_.mysql_stmt_prepare_start(&failure, handle_.get(), sql_.data(), sql_.size()); },
-      [&](int events) { return library_.mysql_stmt_prepare_cont(&failure, handle_.get(), events); });
+  const int failure = link_.Await(library_.mysql_stmt_prepare_start, library_.mysql_stmt_prepare_cont,
+                                  handle_.get(), sql_.data(), sql_.size());
   if (failure != 0) Throw();
   parameter_count_ = library_.mysql_stmt_param_count(handle_.get());
   const std::unique_ptr<MYSQL_RES, ResultCloser> result(library_.mysql_stmt_result_metadata(handle_.get()));
@@ -94,9 +92,8 @@ void Statement::Execute(MYSQL_BIND* parameters) {
 void Statement::ExecutePrepared(MYSQL_BIND* parameters) {
   MYSQL_STMT* const handle = handle_.get();
   if (parameter_count_ > 0 && library_.mysql_stmt_bind_param(handle, parameters) != 0) Throw();
-  int failure = 1;
-  link_.Await([&] { return library_.mysql_stmt_execute_start(&failure, handle); },
-              [&](int events) { return library_.mysql_stmt_execute_cont(&failure, handle, events); });
+  const int failure =
+      link_.Await(library_.mysql_stmt_execute_start, library_.mysql_stmt_execute_cont, handle);
   if (failure != 0) Throw();
   is_open_ = true;
   FindResultWithColumns();
@@ -124,10 +121,8 @@ void Statement::FindResultWithColumns() {
 
 bool Statement::NextResult() {
   if (library_.mysql_stmt_more_results(handle_.get()) == 0) return false;
-  int answer = 1;
-  link_.Await(
-      [&] { return library_.mysql_stmt_next_result_start(&answer, handle_.get()); },
-      [&](int events) { return library_.mysql_stmt_next_result_cont(&answer, handle_.get(), events); });
+  const int answer =
+      link_.Await(library_.mysql_stmt_next_result_start, library_.mysql_stmt_next_result_cont, handle_.get());
   if (answer > 0) Throw();
   return answer == 0;
 }
@@ -135,9 +130,8 @@ bool Statement::NextResult() {
 /// Statements that cannot be prepared yield few rows, so all are read at once.
 void Statement::ExecuteText() {
   link_.Run(sql_, text_);
-  MYSQL_RES* result = nullptr;
-  link_.Await([&] { return library_.mysql_store_result_start(&result, link_.Handle()); },
-              [&](int events) { return library_.mysql_store_result_cont(&result, link_.Handle(), events); });
+  MYSQL_RES* const result =
+      link_.Await(library_.mysql_store_result_start, library_.mysql_store_result_cont, link_.Handle());
   texts_.reset(result);
   rows_affected_ = -1;
   if (texts_) {
@@ -163,9 +157,8 @@ bool Statement::Fetch(Row& row) {
     return is_open_;
   }
   RequireConnection();
-  int answer = 1;
-  link_.Await([&] { return library_.mysql_stmt_fetch_start(&answer, handle_.get()); },
-              [&](int events) { return library_.mysql_stmt_fetch_cont(&answer, handle_.get(), events); });
+  const int answer =
+      link_.Await(library_.mysql_stmt_fetch_start, library_.mysql_stmt_fetch_cont, handle_.get());
   if (answer == 0) [[likely]]
     return true;
   if (answer == MYSQL_DATA_TRUNCATED) {
@@ -191,10 +184,8 @@ void Statement::Finish() {
 /// Libraries from 3.4 on refuse to free the end of a procedure, which has no rows.
 void Statement::FreeResult() {
   if (library_.mysql_stmt_field_count(handle_.get()) == 0) return;
-  my_bool failure = 0;
-  link_.Await(
-      [&] { return library_.mysql_stmt_free_result_start(&failure, handle_.get()); },
-      [&](int events) { return library_.mysql_stmt_free_result_cont(&failure, handle_.get(), events); });
+  const my_bool failure =
+      link_.Await(library_.mysql_stmt_free_result_start, library_.mysql_stmt_free_result_cont, handle_.get());
   if (failure != 0) Throw();
 }
 
