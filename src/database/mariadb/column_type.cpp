@@ -1,5 +1,8 @@
 #include "database/mariadb/column_type.h"
 
+#include <algorithm>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "database/key_comparison.h"
@@ -14,78 +17,70 @@ constexpr unsigned kBinaryCharacterSet = 63;
 constexpr unsigned kBytesPerCharacter = 4;             ///< In the character set of the connection.
 constexpr std::int64_t kMaxDeclaredSize = 10'000'000;  ///< Larger ones mean "any length".
 
+bool Has(const MYSQL_FIELD& field, unsigned flag) { return (field.flags & flag) != 0; }
+
 struct Kind {
   TypeCode type;
   Reading reading;
 };
 
-bool Has(const MYSQL_FIELD& field, unsigned flag) { return (field.flags & flag) != 0; }
+/// The other kind is that of an integer without a sign, of several bits, or of a text that holds bytes.
+struct KindsOfType {
+  enum_field_types type;
+  Kind usual;
+  std::optional<Kind> other = {};
+};
 
-Kind Integer(const MYSQL_FIELD& field, TypeCode with_sign, TypeCode without_sign) {
-  return {Has(field, UNSIGNED_FLAG) ? without_sign : with_sign, Reading::kInteger};
+constexpr Kind kLongText = {TypeCode::kLongVarWideChar, Reading::kText};
+constexpr Kind kLongBytes = {TypeCode::kLongVarBinary, Reading::kBytes};
+
+constexpr KindsOfType Integer(enum_field_types type, TypeCode with_sign, TypeCode without_sign) {
+  return {type, {with_sign, Reading::kInteger}, Kind{without_sign, Reading::kInteger}};
 }
 
-Kind TextOrBytes(const MYSQL_FIELD& field, TypeCode text, TypeCode bytes) {
-  if (field.charsetnr == kBinaryCharacterSet) return {bytes, Reading::kBytes};
-  return {text, Reading::kText};
-}
-
-Kind KindOfNumber(const MYSQL_FIELD& field) {
-  switch (field.type) {
-    case MYSQL_TYPE_TINY:
-      return Integer(field, TypeCode::kTinyInt, TypeCode::kUnsignedTinyInt);
-    case MYSQL_TYPE_SHORT:
-    case MYSQL_TYPE_YEAR:
-      return Integer(field, TypeCode::kSmallInt, TypeCode::kUnsignedSmallInt);
-    case MYSQL_TYPE_LONGLONG:
-      if (Has(field, UNSIGNED_FLAG)) return {TypeCode::kUnsignedBigInt, Reading::kUnsigned};
-      return {TypeCode::kBigInt, Reading::kInteger};
-    case MYSQL_TYPE_FLOAT:
-      return {TypeCode::kSingle, Reading::kSingle};
-    case MYSQL_TYPE_DOUBLE:
-      return {TypeCode::kDouble, Reading::kDouble};
-    case MYSQL_TYPE_DECIMAL:
-    case MYSQL_TYPE_NEWDECIMAL:
-      return {TypeCode::kNumeric, Reading::kDecimal};
-    default:
-      return Integer(field, TypeCode::kInteger, TypeCode::kUnsignedInt);
-  }
+constexpr KindsOfType Text(enum_field_types type, TypeCode text, TypeCode bytes) {
+  return {type, {text, Reading::kText}, Kind{bytes, Reading::kBytes}};
 }
 
 /// For a JSON document MySQL has a type of its own; as a text it has the character set "binary".
-Kind KindOfOther(const MYSQL_FIELD& field) {
-  switch (field.type) {
-    case MYSQL_TYPE_BIT:
-      if (field.length == 1) return {TypeCode::kBoolean, Reading::kBoolean};
-      return {TypeCode::kBinary, Reading::kBytes};
-    case MYSQL_TYPE_DATE:
-    case MYSQL_TYPE_NEWDATE:
-      return {TypeCode::kDbDate, Reading::kDateTime};
-    case MYSQL_TYPE_DATETIME:
-    case MYSQL_TYPE_TIMESTAMP:
-      return {TypeCode::kDbTimestamp, Reading::kDateTime};
-    case MYSQL_TYPE_TIME:
-      return {TypeCode::kDbTime, Reading::kTime};
-    case MYSQL_TYPE_JSON:
-      return {TypeCode::kLongVarWideChar, Reading::kText};
-    case MYSQL_TYPE_GEOMETRY:
-      return {TypeCode::kLongVarBinary, Reading::kBytes};
-    case MYSQL_TYPE_NULL:
-      return {TypeCode::kVarWideChar, Reading::kText};
-    case MYSQL_TYPE_STRING:
-      return TextOrBytes(field, TypeCode::kWideChar, TypeCode::kBinary);
-    case MYSQL_TYPE_VARCHAR:
-    case MYSQL_TYPE_VAR_STRING:
-      return TextOrBytes(field, TypeCode::kVarWideChar, TypeCode::kVarBinary);
-    default:
-      return TextOrBytes(field, TypeCode::kLongVarWideChar, TypeCode::kLongVarBinary);
-  }
+constexpr KindsOfType kKinds[] = {
+    Integer(MYSQL_TYPE_TINY, TypeCode::kTinyInt, TypeCode::kUnsignedTinyInt),
+    Integer(MYSQL_TYPE_SHORT, TypeCode::kSmallInt, TypeCode::kUnsignedSmallInt),
+    Integer(MYSQL_TYPE_YEAR, TypeCode::kSmallInt, TypeCode::kUnsignedSmallInt),
+    Integer(MYSQL_TYPE_INT24, TypeCode::kInteger, TypeCode::kUnsignedInt),
+    Integer(MYSQL_TYPE_LONG, TypeCode::kInteger, TypeCode::kUnsignedInt),
+    {MYSQL_TYPE_LONGLONG,
+     {TypeCode::kBigInt, Reading::kInteger},
+     Kind{TypeCode::kUnsignedBigInt, Reading::kUnsigned}},
+    {MYSQL_TYPE_FLOAT, {TypeCode::kSingle, Reading::kSingle}},
+    {MYSQL_TYPE_DOUBLE, {TypeCode::kDouble, Reading::kDouble}},
+    {MYSQL_TYPE_DECIMAL, {TypeCode::kNumeric, Reading::kDecimal}},
+    {MYSQL_TYPE_NEWDECIMAL, {TypeCode::kNumeric, Reading::kDecimal}},
+    {MYSQL_TYPE_BIT, {TypeCode::kBoolean, Reading::kBoolean}, Kind{TypeCode::kBinary, Reading::kBytes}},
+    {MYSQL_TYPE_DATE, {TypeCode::kDbDate, Reading::kDateTime}},
+    {MYSQL_TYPE_NEWDATE, {TypeCode::kDbDate, Reading::kDateTime}},
+    {MYSQL_TYPE_DATETIME, {TypeCode::kDbTimestamp, Reading::kDateTime}},
+    {MYSQL_TYPE_TIMESTAMP, {TypeCode::kDbTimestamp, Reading::kDateTime}},
+    {MYSQL_TYPE_TIME, {TypeCode::kDbTime, Reading::kTime}},
+    {MYSQL_TYPE_JSON, kLongText},
+    {MYSQL_TYPE_GEOMETRY, kLongBytes},
+    {MYSQL_TYPE_NULL, {TypeCode::kVarWideChar, Reading::kText}},
+    Text(MYSQL_TYPE_STRING, TypeCode::kWideChar, TypeCode::kBinary),
+    Text(MYSQL_TYPE_VARCHAR, TypeCode::kVarWideChar, TypeCode::kVarBinary),
+    Text(MYSQL_TYPE_VAR_STRING, TypeCode::kVarWideChar, TypeCode::kVarBinary),
+};
+
+bool IsOfOtherKind(const MYSQL_FIELD& field, Reading usual) {
+  if (usual == Reading::kInteger) return Has(field, UNSIGNED_FLAG);
+  if (usual == Reading::kBoolean) return field.length != 1;
+  return field.charsetnr == kBinaryCharacterSet;
 }
 
-bool IsNumber(const MYSQL_FIELD& field) {
-  return field.type == MYSQL_TYPE_NEWDECIMAL || field.type == MYSQL_TYPE_YEAR ||
-         (field.type <= MYSQL_TYPE_INT24 && field.type != MYSQL_TYPE_NULL &&
-          field.type != MYSQL_TYPE_TIMESTAMP);
+Kind KindOfColumn(const MYSQL_FIELD& field) {
+  const auto* const found = std::ranges::find(kKinds, field.type, &KindsOfType::type);
+  const KindsOfType kinds =
+      found != std::end(kKinds) ? *found : KindsOfType{field.type, kLongText, kLongBytes};
+  return kinds.other && IsOfOtherKind(field, kinds.usual.reading) ? *kinds.other : kinds.usual;
 }
 
 std::int64_t DefinedSize(TypeCode type, const MYSQL_FIELD& field) {
@@ -110,41 +105,25 @@ void AddOrigin(const MYSQL_FIELD& field, Column& column) {
   column.is_numbered = Has(field, AUTO_INCREMENT_FLAG);
 }
 
-Column DescribeColumn(const MYSQL_FIELD& field, TypeCode type) {
-  Column column;
-  column.name = field.name;
-  column.type = type;
-  column.has_declared_type = true;
+void AddDetails(const MYSQL_FIELD& field, Column& column) {
   column.is_nullable = IsNullable(field);
-  column.defined_size = DefinedSize(type, field);
-  if (type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
-  if (type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;
-  if (type == TypeCode::kSingle) column.comparison = SamePrintedNumber;
+  column.defined_size = DefinedSize(column.type, field);
+  if (column.type == TypeCode::kDbDate) column.time_parts = TimeParts::kDate;
+  if (column.type == TypeCode::kDbTime) column.time_parts = TimeParts::kTime;
+  if (column.type == TypeCode::kSingle) column.comparison = SamePrintedNumber;
   AddOrigin(field, column);
-  return column;
 }
 
 }  // namespace
 
-Description Describe(const MYSQL_FIELD* fields, unsigned count) {
+Description Describe(const MYSQL_FIELD* fields, unsigned count, bool are_texts) {
   Description description;
   Columns columns;
-  for (unsigned i = 0; i < count; ++i) {
-    const Kind kind = IsNumber(fields[i]) ? KindOfNumber(fields[i]) : KindOfOther(fields[i]);
-    columns.push_back(DescribeColumn(fields[i], kind.type));
-    description.readers.push_back({kind.reading, fields[i].decimals});
-  }
-  description.columns = std::make_shared<const Columns>(std::move(columns));
-  return description;
-}
-
-Description DescribeTexts(const MYSQL_FIELD* fields, unsigned count) {
-  Description description;
-  Columns columns;
-  for (unsigned i = 0; i < count; ++i) {
-    columns.push_back(
-        {.name = fields[i].name, .type = TypeCode::kLongVarWideChar, .has_declared_type = true});
-    description.readers.push_back({});
+  for (const MYSQL_FIELD& field : std::span(fields, count)) {
+    const Kind kind = are_texts ? kLongText : KindOfColumn(field);
+    columns.push_back({.name = field.name, .type = kind.type, .has_declared_type = true});
+    if (!are_texts) AddDetails(field, columns.back());
+    description.readers.push_back({kind.reading, field.decimals});
   }
   description.columns = std::make_shared<const Columns>(std::move(columns));
   return description;

@@ -33,10 +33,7 @@ struct Description {
   std::vector<Reader> readers = {};
 };
 
-/// For a result whose values come as they are stored.
-Description Describe(const MYSQL_FIELD* fields, unsigned count);
-
-/// For a result whose values all come as texts.
-Description DescribeTexts(const MYSQL_FIELD* fields, unsigned count);
+/// For a result whose values come as they are stored, or all of them as texts.
+Description Describe(const MYSQL_FIELD* fields, unsigned count, bool are_texts);
 
 }  // namespace dralo::database::mariadb

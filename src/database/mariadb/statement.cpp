@@ -62,7 +62,7 @@ void Statement::RequireConnection() const {
 }
 
 void Statement::DescribeResult(const MYSQL_FIELD* fields, unsigned count) {
-  description_ = mariadb::Describe(fields, count);
+  description_ = mariadb::Describe(fields, count, false);
   described_types_.clear();
   for (unsigned i = 0; i < count; ++i) described_types_.push_back(TypeOf(fields[i]));
 }
@@ -135,7 +135,8 @@ void Statement::ExecuteText() {
   texts_.reset(result);
   rows_affected_ = -1;
   if (texts_) {
-    description_ = DescribeTexts(library_.mysql_fetch_fields(result), library_.mysql_num_fields(result));
+    description_ =
+        mariadb::Describe(library_.mysql_fetch_fields(result), library_.mysql_num_fields(result), true);
     is_open_ = true;
   } else {
     if (library_.mysql_errno(link_.Handle()) != 0) throw link_.LastError(text_);
