@@ -48,7 +48,7 @@ Cursor::Cursor(Session& session, const Query& query)
       parameters_(query.parameters) {
   RequireStatement(text_);
   Open();
-  RequireParameterCount();
+  RequireEqualCounts(statement_->ParameterCount(), parameters_.Count(), text_);
   if (!kind_.is_query) Execute();
 }
 
@@ -60,21 +60,12 @@ Cursor::~Cursor() {
 void Cursor::Open() {
   std::unique_ptr<Statement> limited;
   if (max_records_ > 0 && kind_.is_select) limited = session_.TakeLimited(text_);
-  // A text that ends in an open comment hides the limit.
-  const bool has_limit = limited && limited->ParameterCount() == parameters_.Count() + 2;
-  if (has_limit) {
+  if (limited && limited->ParameterCount() == parameters_.Count()) {
     statement_ = std::move(limited);
     return;
   }
   statement_ = session_.TakePlain(text_, kind_);
   if (max_records_ > 0) statement_->RefuseLimit();
-}
-
-void Cursor::RequireParameterCount() const {
-  const std::size_t own = statement_->GetForm() == Form::kLimited ? 2 : 0;
-  const std::size_t expected = statement_->ParameterCount() - own;
-  const std::size_t given = parameters_.Count();
-  RequireEqualCounts(expected, given, text_);
 }
 
 void Cursor::Execute() {

@@ -62,7 +62,6 @@ class Cursor final : public database::Cursor, public RowReader {
   enum class State { kPrepared, kReading, kAside, kDone };
 
   void Open();
-  void RequireParameterCount() const;
   void Execute();
   bool NextRow();
   bool NextRowAside();

@@ -36,7 +36,8 @@ class Statement {
   /// False when the link has connected again since; then the statement cannot be used.
   bool IsOfThisConnection() const { return generation_ == link_.Generation(); }
 
-  std::size_t ParameterCount() const { return parameter_count_; }
+  /// Without those of the limit; a number that no page gives when the text hides the limit by a comment.
+  std::size_t ParameterCount() const { return parameter_count_ - (form_ == Form::kLimited ? 2 : 0); }
 
   /// The columns that it yields; for a procedure, once it has run.
   const Description& Describe() const { return description_; }
