@@ -171,13 +171,8 @@ void Session::Commit() {
 
 void Session::Rollback() noexcept {
   const bool is_outermost = transactions_.IsOutermost();
-  bool is_done = true;
-  try {
-    Settle();
-  } catch (const std::exception&) {
-    is_done = false;
-  }
-  is_done &= transactions_.Rollback();
+  link_.PutReadAside();
+  const bool is_done = transactions_.Rollback();
   if (!link_.IsDead()) {
     has_traces_ |= !is_done;  // Whatever is open ends with the user.
   } else if (is_outermost && !has_traces_) {
