@@ -108,20 +108,16 @@ bool Cursor::Step() {
 
 bool Cursor::NextRow() {
   if (Now() > patience_ends_) {
-    session_.GetLink().SetReader(nullptr);
-    PutRestAside();
+    session_.GetLink().PutReadAside();
     return NextRowAside();
   }
   try {
     if (statement_->Fetch(*row_)) return true;
   } catch (...) {
-    session_.GetLink().SetReader(nullptr);
-    state_ = State::kDone;
-    Abandon();
+    Stop();
     throw;
   }
-  session_.GetLink().SetReader(nullptr);
-  state_ = State::kDone;
+  Stop();
   return false;
 }
 
