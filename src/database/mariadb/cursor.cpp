@@ -54,6 +54,7 @@ Cursor::Cursor(Session& session, const Query& query)
 
 Cursor::~Cursor() {
   Stop();
+  Abandon();
   session_.GiveBack(std::move(statement_), kind_);
 }
 

@@ -226,12 +226,8 @@ bool Session::Reset() noexcept {
 }
 
 void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept {
-  if (statement->HasOpenResult() && statement->IsOfThisConnection()) {
-    was_left_ = MayLeave();
-    link_.Drop();
-    return;
-  }
-  if (kind.is_query || statement->Describe().columns->empty()) cache_.Give(std::move(statement));
+  const bool may_stay = kind.is_query || statement->Describe().columns->empty();
+  if (may_stay && !statement->HasOpenResult()) cache_.Give(std::move(statement));
 }
 
 void Session::Expect(const StatementKind& kind, std::string_view text) {

@@ -67,8 +67,8 @@ class Session final : public database::Session {
   /// Drops what is kept for the text.
   void Forget(std::string_view text);
 
-  /// A statement that could not be ended takes its connection with it. A change that yields rows is not kept:
-  /// that its columns are different now would show only after it was carried out.
+  /// Keeps a statement that has ended for its next use. A change that yields rows is not kept: that its
+  /// columns are different now would show only after it was carried out.
   void GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept;
 
   /// What `run`, which runs a statement of that kind, returns. Should the connection be lost, or have been
