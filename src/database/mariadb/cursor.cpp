@@ -47,7 +47,7 @@ Cursor::Cursor(Session& session, const Query& query)
       max_records_(query.max_records),
       parameters_(query.parameters) {
   RequireStatement(text_);
-  Open();
+  session_.Reconnecting(kind_, [this] { Open(); });
   RequireEqualCounts(statement_->ParameterCount(), parameters_.Count(), text_);
   if (!kind_.is_query) Execute();
 }
@@ -91,7 +91,7 @@ void Cursor::Execute() {
 void Cursor::FixColumns() {
   if (state_ != State::kPrepared || !statement_->WasKept()) return;
   session_.Forget(text_);
-  Open();
+  session_.Reconnecting(kind_, [this] { Open(); });
 }
 
 /// Only with a limit in the statement; otherwise the caller reads the rows.

@@ -37,8 +37,7 @@ constexpr std::size_t kMaxKnownTables = 256;
 }  // namespace
 
 std::unique_ptr<database::Cursor> Session::Prepare(const Query& query) {
-  const StatementKind kind = KindOf(FromFirstWord(query.text));
-  return Reconnecting(kind, [&] { return std::make_unique<Cursor>(*this, query); });
+  return std::make_unique<Cursor>(*this, query);
 }
 
 std::string Session::QuoteName(std::string_view name) const { return Quote(name); }

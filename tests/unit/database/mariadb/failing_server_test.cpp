@@ -234,6 +234,22 @@ TEST_F(MariaDbFailing, BeginsASaveInAnotherConnectionWhereItsOwnWentWhileItWasKe
   EXPECT_EQ(Ask("SELECT i FROM t"), Lines{"2"});
 }
 
+TEST_F(MariaDbFailing, AddsARecordInAnotherConnectionWhereItsOwnWentBeforeItKnewItsColumns) {
+  Run("CREATE TABLE t (i INTEGER PRIMARY KEY)");
+  const auto kept = Connect(database_.ConnectionString());
+  const std::string id = IdOf(kept).front();
+  kept->Close();
+  kept->Open(database_.ConnectionString());
+  const auto open = [&] { return Edit(kept, "SELECT i FROM t"); };
+  EXPECT_TRUE(open()->Eof());
+  const auto recordset = open();
+  Run("KILL " + id);
+  recordset->AddNew();
+  FieldOf(*recordset, "i").SetValue("5");
+  recordset->Update();
+  EXPECT_EQ(Ask("SELECT i FROM t"), Lines{"5"});
+}
+
 /// What a node says that has lost the others of its cluster.
 TEST_F(MariaDbFailing, LeavesANodeThatServesNoTables) {
   Run("CREATE TABLE LostNodes (ID INTEGER)");
