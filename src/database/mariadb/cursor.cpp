@@ -4,10 +4,10 @@
 #include <ctime>
 #include <utility>
 
+#include "database/date_text.h"
 #include "database/mariadb/base_table.h"
 #include "database/mariadb/first_word.h"
 #include "database/mariadb/session.h"
-#include "database/mariadb/zero_date.h"
 #include "database/statement_text.h"
 
 namespace dralo::database::mariadb {
@@ -189,9 +189,7 @@ platform::VariantView Cursor::Stored(std::size_t column) {
   const platform::VariantView value = row_->Value(column);
   const auto* const time = std::get_if<platform::DateTime>(&value);
   if (time == nullptr || !time->HasZeroDate()) return value;
-  std::string& text = stored_texts_[column];
-  text = TextOfZeroDate(*time, (*GetColumns())[column]);
-  return text.empty() ? value : text;
+  return stored_texts_[column] = StoredText(*time, (*GetColumns())[column].time_parts);
 }
 
 const BaseTable& Cursor::Table() {

@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "database/date_text.h"
 #include "database/mariadb/cursor.h"
 #include "database/mariadb/first_word.h"
 #include "database/mariadb/quote.h"
-#include "database/mariadb/zero_date.h"
 #include "database/select_shape.h"
 #include "database/statement_text.h"
 #include "database/type_rules.h"
@@ -52,10 +52,12 @@ std::string Session::Unchanged(const Column& column, const std::string& quoted_c
   return database::Unchanged(kMariaDbRules, column, quoted_column, was_null);
 }
 
+/// A time on 1899-12-30, the day that stands for "no date", is bound as a time of day; as a text it keeps the
+/// day where the column has one.
 platform::Variant Session::Stored(const Column& column, const platform::Variant& value) const {
   const auto* const time = std::get_if<platform::DateTime>(&value);
-  const std::string text = time != nullptr ? TextOfZeroDate(*time, column) : "";
-  return text.empty() ? value : platform::Variant(text);
+  if (time == nullptr || !time->HasZeroDate()) return value;
+  return StoredText(*time, column.time_parts);
 }
 
 std::string Session::CurrentDatabase() const {
