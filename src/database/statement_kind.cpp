@@ -151,7 +151,7 @@ StatementKind KindOfStart(std::string_view text) {
 }  // namespace
 
 StatementKind KindOf(std::string_view text) {
-  text = WithoutFront(text, '(');
+  text = FromFirstWord(text);
   StatementKind kind = KindOfStart(WithoutQuoted(text));
   const std::string_view first = FirstWord(text);
   kind.controls_transaction =

@@ -23,6 +23,12 @@ std::string_view WithoutFront(std::string_view text, char also) {
   return text;
 }
 
+std::string_view FromFirstWord(std::string_view text) {
+  text = WithoutFront(text, '(');
+  while (text.starts_with('#')) text = WithoutFront(text.substr(std::min(text.find('\n'), text.size())), '(');
+  return text;
+}
+
 std::string_view WithoutEnd(std::string_view text) {
   while (!text.empty() && (text::IsAsciiSpace(text.back()) || text.back() == ';')) text.remove_suffix(1);
   return text;

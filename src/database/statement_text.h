@@ -9,6 +9,10 @@ namespace dralo::database {
 /// The text without the blanks, comments and characters `also` at its front.
 std::string_view WithoutFront(std::string_view text, char also);
 
+/// The text from its first word on, without the blanks, "(" and comments before it. Some databases take "#"
+/// for the start of a comment; for the others no statement begins so.
+std::string_view FromFirstWord(std::string_view text);
+
 /// The text without ";" and blanks at its end.
 std::string_view WithoutEnd(std::string_view text);
 

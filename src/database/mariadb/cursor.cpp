@@ -6,7 +6,6 @@
 
 #include "database/date_text.h"
 #include "database/mariadb/base_table.h"
-#include "database/mariadb/first_word.h"
 #include "database/mariadb/session.h"
 #include "database/statement_text.h"
 
@@ -43,7 +42,7 @@ nanoseconds PatienceWith(std::chrono::seconds query_timeout) {
 Cursor::Cursor(Session& session, const Query& query)
     : session_(session),
       text_(query.text),
-      kind_(KindOf(FromFirstWord(query.text))),
+      kind_(KindOf(query.text)),
       max_records_(query.max_records),
       parameters_(query.parameters) {
   RequireStatement(text_);

@@ -4,7 +4,6 @@
 
 #include "database/date_text.h"
 #include "database/mariadb/cursor.h"
-#include "database/mariadb/first_word.h"
 #include "database/mariadb/quote.h"
 #include "database/select_shape.h"
 #include "database/statement_text.h"

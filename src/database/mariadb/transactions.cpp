@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "database/mariadb/first_word.h"
+#include "database/statement_text.h"
 #include "database/unknown_outcome.h"
 #include "dralo/error.h"
 #include "text/ascii.h"

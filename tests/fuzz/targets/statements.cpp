@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "database/mariadb/first_word.h"
 #include "database/postgresql/placeholders.h"
 #include "database/select_list.h"
 #include "database/select_shape.h"
@@ -76,8 +75,7 @@ void Try(std::string_view input) {
   static_cast<void>(database::GivenNames(input));
   static_cast<void>(database::NamesTwice(input, "T"));
   static_cast<void>(database::ShapeOf(input));
-  Require(input.ends_with(database::mariadb::FromFirstWord(input)),
-          "the first word begins an end of the text");
+  Require(input.ends_with(database::FromFirstWord(input)), "the first word begins an end of the text");
   Require(input.starts_with(editing::WithoutWhere(input)), "a statement without its end is a start of it");
   Require(input.find(database::WithoutEnd(database::WithoutFront(input, '('))) != input.npos,
           "a statement without its ends is a part of it");

@@ -20,6 +20,11 @@ TEST(StatementText, IsCutAtTheFront) {
   EXPECT_EQ(WithoutFront("(SELECT 1)", ';'), "(SELECT 1)");
 }
 
+TEST(StatementText, BeginsWithItsFirstWordBehindAnyComment) {
+  EXPECT_EQ(FromFirstWord("# one\n ((-- two\n# three\n SELECT 1 # four\n"), "SELECT 1 # four\n");
+  EXPECT_EQ(FromFirstWord("# SELECT 1"), "");
+}
+
 TEST(StatementText, HoldsNothingBehindAnOpenComment) {
   for (const std::string_view text : {"", " ;", "-- SELECT 1", "/* SELECT 1", "/*/", "/* a */ -- b"}) {
     EXPECT_EQ(WithoutFront(text, ';'), "") << text;
