@@ -30,11 +30,9 @@ class KeptStatements {
     return std::ranges::any_of(statements_, [&](const auto& statement) { return fits(*statement); });
   }
 
-  bool IsFull() const { return statements_.size() >= capacity_; }
-
   /// Drops the one that has not been used for the longest time when there are too many.
   void Give(std::unique_ptr<Statement> statement) noexcept {
-    if (IsFull()) statements_.erase(statements_.begin());
+    if (statements_.size() >= capacity_) statements_.erase(statements_.begin());
     statements_.push_back(std::move(statement));
   }
 

@@ -227,7 +227,9 @@ bool Session::Reset() noexcept {
 
 void Session::GiveBack(std::unique_ptr<Statement> statement, const StatementKind& kind) noexcept {
   const bool may_stay = kind.is_query || statement->Describe().columns->empty();
-  if (may_stay && !statement->HasOpenResult()) cache_.Give(std::move(statement));
+  if (!may_stay || statement->HasOpenResult() || !statement->IsOfThisConnection()) return;
+  statement->NoteKept();
+  cache_.Give(std::move(statement));
 }
 
 void Session::Expect(const StatementKind& kind, std::string_view text) {

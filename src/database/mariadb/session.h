@@ -13,9 +13,9 @@
 #include "database/mariadb/link.h"
 #include "database/mariadb/options.h"
 #include "database/mariadb/statement.h"
-#include "database/mariadb/statement_cache.h"
 #include "database/mariadb/transactions.h"
 #include "database/session.h"
+#include "database/statement_cache.h"
 #include "database/statement_kind.h"
 #include "dralo/error.h"
 
@@ -114,7 +114,7 @@ class Session final : public database::Session {
 
   Link link_;
   Transactions transactions_;
-  StatementCache cache_;                                       ///< After the link, to be destroyed first.
+  StatementCache<Statement, 32> cache_;                        ///< After the link, to be destroyed first.
   std::map<std::pair<std::string, std::string>, Names> keys_;  ///< Of tables, by their database and name.
   std::chrono::steady_clock::time_point keys_since_ = std::chrono::steady_clock::now();
   bool was_left_ = false;

@@ -10,14 +10,9 @@
 #include "database/mariadb/column_type.h"
 #include "database/mariadb/link.h"
 #include "database/mariadb/row.h"
+#include "database/statement_cache.h"
 
 namespace dralo::database::mariadb {
-
-/// Which text is run for that of a page.
-enum class Form {
-  kPlain,    ///< The same text.
-  kLimited,  ///< With two more parameters, LIMIT and OFFSET.
-};
 
 /// A statement that is prepared on the server of a link, which must outlive it. A statement that cannot be
 /// prepared is sent as a text at every run; its values then come as texts. Every function may throw

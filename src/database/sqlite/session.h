@@ -11,10 +11,12 @@
 #include "database/session.h"
 #include "database/sqlite/options.h"
 #include "database/sqlite/statement.h"
-#include "database/sqlite/statement_cache.h"
 #include "database/sqlite/time_limit.h"
+#include "database/statement_cache.h"
 
 namespace dralo::database::sqlite {
+
+using StatementCache = database::StatementCache<Statement, 64>;
 
 /// An open SQLite database.
 ///

@@ -12,11 +12,9 @@
 #include "database/base_table.h"
 #include "database/column.h"
 #include "database/sqlite/reader.h"
+#include "database/statement_cache.h"
 
 namespace dralo::database::sqlite {
-
-/// Whether a record limit was appended to the text of a statement.
-enum class Form { kPlain, kLimited };
 
 /// What is known about the columns of a prepared statement.
 struct Description {

@@ -1,4 +1,4 @@
-#include "database/sqlite/statement_cache.h"
+#include "database/sqlite/session.h"
 
 #include "unit/database/sqlite/sqlite_file.h"
 #include "unit/database/sqlite/trace.h"
