@@ -122,27 +122,21 @@ bool Cursor::NextRow() {
 }
 
 bool Cursor::NextRowAside() {
-  if (rows_aside_ > 0) {
-    const std::uint64_t behind = std::exchange(rows_aside_, 0) - 1;
-    row_->Load(*aside_);
-    rows_aside_ = behind;  // None after a row that cannot be read.
-    return true;
-  }
+  if (row_->Load(*aside_)) return true;
   Stop();
-  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
   return false;
 }
 
 /// The current row stays valid, because it may still be read.
 void Cursor::PutRestAside() noexcept {
   state_ = State::kAside;
+  aside_.emplace();
   try {
-    aside_ = std::make_unique<SpoolFile>();
     Row next(statement_->Describe().readers);
     statement_->Bind(next);
-    for (; statement_->Fetch(next); ++rows_aside_) next.Save(*aside_);
+    while (statement_->Fetch(next)) next.Save(*aside_);
   } catch (...) {
-    failure_ = std::current_exception();
+    aside_->EndBy(std::current_exception());
     Abandon();
   }
 }

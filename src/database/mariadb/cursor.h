@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <exception>
 #include <map>
 #include <memory>
 #include <optional>
@@ -14,7 +13,7 @@
 #include "database/mariadb/row.h"
 #include "database/mariadb/statement.h"
 #include "database/query.h"
-#include "database/spool_file.h"
+#include "database/rows_aside.h"
 #include "database/statement_kind.h"
 
 namespace dralo::database::mariadb {
@@ -78,9 +77,7 @@ class Cursor final : public database::Cursor, public RowReader {
   std::int64_t offset_ = 0;
   std::unique_ptr<Row> row_;
   std::chrono::nanoseconds patience_ends_ = {};
-  std::unique_ptr<SpoolFile> aside_;
-  std::uint64_t rows_aside_ = 0;  ///< How many are still to be read.
-  std::exception_ptr failure_;    ///< Reported after the rows aside.
+  std::optional<RowsAside> aside_;
   std::map<std::size_t, std::string> stored_texts_;
   std::optional<BaseTable> table_;
 };

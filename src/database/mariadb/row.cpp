@@ -40,17 +40,10 @@ VariantView ReadDateTime(const MYSQL_TIME& time) {
   return platform::DecimalView{scratch};
 }
 
-[[noreturn]] void SayThatRowsAreBroken() {
-  throw platform::Error("The rest of a result cannot be read from its temporary file");
-}
-
-void Take(SpoolFile& spool, char* to, std::size_t size) {
-  if (!spool.Take(to, size)) SayThatRowsAreBroken();
-}
-
 }  // namespace
 
-Row::Row(const std::vector<Reader>& readers) : cells_(readers.size()), binds_(readers.size()) {
+Row::Row(const std::vector<Reader>& readers)
+    : cells_(readers.size()), binds_(readers.size()), bytes_(readers.size()) {
   for (std::size_t i = 0; i < readers.size(); ++i) {
     cells_[i].reader = readers[i];
     if (cells_[i].Fixed().empty()) cells_[i].bytes.resize(kFirstRoom);
@@ -193,36 +186,26 @@ std::size_t Row::ByteCount() const {
   return count;
 }
 
-void Row::Save(SpoolFile& spool) const {
-  for (const Cell& cell : cells_) {
-    const bool is_null = cell.is_null != 0;
-    spool.Put(is_null ? "n" : "v");
-    if (is_null) continue;
-    const std::span<const char> fixed = cell.Fixed();
-    const std::string_view bytes = fixed.empty() ? cell.Text() : std::string_view(fixed.data(), fixed.size());
-    const std::size_t size = bytes.size();
-    spool.Put({reinterpret_cast<const char*>(&size), sizeof size});
-    spool.Put(bytes);
+void Row::Save(RowsAside& rows) {
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    const std::span<const char> fixed = std::as_const(cells_[i]).Fixed();
+    bytes_[i] = fixed.empty() ? cells_[i].Text() : std::string_view(fixed.data(), fixed.size());
+    if (cells_[i].is_null != 0) bytes_[i] = {};
   }
+  rows.Add(bytes_);
 }
 
-/// A size is not believed when it exceeds what is left or does not fit its target.
-void Row::Load(SpoolFile& spool) {
-  for (Cell& cell : cells_) {
-    char mark = 0;
-    Take(spool, &mark, 1);
-    cell.is_null = static_cast<my_bool>(mark == 'n');
-    if (cell.is_null != 0) continue;
-    std::size_t size = 0;
-    Take(spool, reinterpret_cast<char*>(&size), sizeof size);
+bool Row::Load(RowsAside& rows) {
+  if (!rows.Next(bytes_)) return false;
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    Cell& cell = cells_[i];
     const std::span<char> fixed = cell.Fixed();
-    if (size > spool.Left() || (!fixed.empty() && size != fixed.size())) SayThatRowsAreBroken();
-    if (fixed.empty()) {
-      cell.size = static_cast<unsigned long>(size);
-      cell.bytes.resize(std::max(cell.bytes.size(), size));
-    }
-    Take(spool, fixed.empty() ? cell.bytes.data() : fixed.data(), size);
+    cell.is_null = static_cast<my_bool>(bytes_[i].data() == nullptr);
+    cell.size = static_cast<unsigned long>(bytes_[i].size());
+    if (fixed.empty()) cell.bytes = bytes_[i];
+    std::ranges::copy(bytes_[i].substr(0, fixed.size()), fixed.begin());
   }
+  return true;
 }
 
 }  // namespace dralo::database::mariadb

@@ -8,7 +8,7 @@
 
 #include "database/mariadb/column_type.h"
 #include "database/mariadb/library.h"
-#include "database/spool_file.h"
+#include "database/rows_aside.h"
 #include "dralo/variant.h"
 
 namespace dralo::database::mariadb {
@@ -30,15 +30,17 @@ class Row {
   /// Copies a row of texts; a null pointer is Null.
   void SetTexts(MYSQL_ROW texts, const unsigned long* sizes);
 
+  /// Throws platform::Error when there is no room.
+  void Save(RowsAside& rows);
+
+  /// Becomes the next saved row; false when there is none. Throws platform::Error when it cannot be read
+  /// back, or what ended the rows.
+  bool Load(RowsAside& rows);
+
   platform::VariantView Value(std::size_t column);
 
   /// Of those values that have no fixed size.
   std::size_t ByteCount() const;
-
-  void Save(SpoolFile& spool) const;
-
-  /// Reads the next saved row. Throws platform::Error when it is not complete.
-  void Load(SpoolFile& spool);
 
  private:
   /// One value: a number or a time, or bytes, of which `size` count.
@@ -64,6 +66,7 @@ class Row {
 
   std::vector<Cell> cells_;
   std::vector<MYSQL_BIND> binds_;
+  RowsAside::Row bytes_;  ///< Of the row that was saved or loaded last.
 };
 
 }  // namespace dralo::database::mariadb

@@ -44,11 +44,9 @@ void ResultRows::Await() {
 
 bool ResultRows::Next() {
   if (link_ != nullptr && set_aside_at_ && Clock::now() >= *set_aside_at_) SetAside();
-  if (!aside_ && !failure_) return NextOfServer();
+  if (!aside_) return NextOfServer();
   shown_ = nullptr;
-  if (aside_ && aside_->Next(row_)) return true;
-  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
-  return false;
+  return aside_->Next(row_);
 }
 
 bool ResultRows::NextOfServer() {
@@ -79,14 +77,14 @@ void ResultRows::SetAside() noexcept {
   try {
     KeepRest();
   } catch (...) {
-    failure_ = std::current_exception();
+    aside_->EndBy(std::current_exception());
     Stop();
   }
 }
 
 /// The values of the current row may still be read, so their part stays.
 void ResultRows::KeepRest() {
-  aside_ = std::make_unique<RowsAside>();
+  aside_.emplace();
   KeepRestOfPart();
   current_part_ = std::move(part_);
   while (link_ != nullptr) {
@@ -96,7 +94,7 @@ void ResultRows::KeepRest() {
 }
 
 void ResultRows::KeepRestOfPart() {
-  Row row(row_.size());
+  RowsAside::Row row(row_.size());
   for (; part_ && next_ < libpq_.PQntuples(part_.get()); ++next_) {
     int column = 0;
     for (std::string_view& value : row) value = ValueIn(part_.get(), next_, column++);

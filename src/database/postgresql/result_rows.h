@@ -1,14 +1,13 @@
 #pragma once
 
 #include <chrono>
-#include <exception>
 #include <memory>
 #include <optional>
 
 #include "database/postgresql/execution.h"
 #include "database/postgresql/link.h"
-#include "database/postgresql/rows_aside.h"
 #include "database/postgresql/server_cursor.h"
+#include "database/rows_aside.h"
 
 namespace dralo::database::postgresql {
 
@@ -70,10 +69,9 @@ class ResultRows final : public RowReader {
   int next_ = 0;                     ///< Of the part's rows.
   const PGresult* shown_ = nullptr;  ///< The part with the current row, unless that was set aside.
   int shown_row_ = 0;
-  Row row_;              ///< The current one of those that were set aside.
+  RowsAside::Row row_;   ///< The current one of those that were set aside.
   Result current_part_;  ///< Holds the current row after the others were set aside.
-  std::unique_ptr<RowsAside> aside_;
-  std::exception_ptr failure_;  ///< Thrown after the rows that were set aside.
+  std::optional<RowsAside> aside_;
 };
 
 }  // namespace dralo::database::postgresql

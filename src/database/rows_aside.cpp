@@ -1,4 +1,4 @@
-#include "database/postgresql/rows_aside.h"
+#include "database/rows_aside.h"
 
 #include <algorithm>
 #include <cstring>
@@ -6,7 +6,7 @@
 
 #include "dralo/error.h"
 
-namespace dralo::database::postgresql {
+namespace dralo::database {
 
 namespace {
 
@@ -45,8 +45,9 @@ void RowsAside::Add(const Row& row) {
 }
 
 bool RowsAside::Next(Row& row) {
+  if (rows_ == 0 && failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
   if (rows_ == 0) return false;
-  --rows_;
+  const std::uint64_t behind = std::exchange(rows_, 0) - 1;
   Size size = 0;
   Require(spool_.Take(reinterpret_cast<char*>(&size), sizeof size));
   Require(size >= 0 && std::cmp_less_equal(size, spool_.Left()));
@@ -58,7 +59,8 @@ bool RowsAside::Next(Row& row) {
     value = bytes == kNull ? std::string_view{} : rest.substr(0, static_cast<std::size_t>(bytes));
     rest.remove_prefix(static_cast<std::size_t>(std::max<Size>(bytes, 0)));
   }
+  rows_ = behind;
   return true;
 }
 
-}  // namespace dralo::database::postgresql
+}  // namespace dralo::database
