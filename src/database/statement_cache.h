@@ -16,9 +16,8 @@ enum class Form {
 };
 
 /// The prepared statements of a session that are not running, up to `kMost` that were used last; some take
-/// memory on the server too. A
-/// `Statement` has a Text(), which is that of the page, and a GetForm(); it says by RefusesLimit() that its
-/// text is known not to take a limit.
+/// memory on the server too. A `Statement` has a Text(), which is that of the page, and a GetForm(); it says
+/// by RefusesLimit() that its text is known not to take a limit.
 template <class Statement, std::size_t kMost>
 class StatementCache {
  public:
