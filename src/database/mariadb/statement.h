@@ -40,8 +40,8 @@ class Statement {
   /// Runs it. Then the rows of the first result that has columns can be fetched.
   void Execute(MYSQL_BIND* parameters);
 
-  /// Whether the server may still be sending rows.
-  bool HasOpenResult() const { return is_open_; }
+  /// Whether the server may still be sending rows; it sends none any more when the link has left it.
+  bool HasOpenResult() const { return is_open_ && IsOfThisConnection(); }
 
   /// The rows are put into `row`, which must live until the end of the result.
   void Bind(Row& row);

@@ -101,6 +101,19 @@ TEST_F(MariaDbSession, LeavesALongResultInTheMiddle) {
   EXPECT_NE(Id(), id) << "in another connection, which is cheaper than to read the rest";
 }
 
+TEST_F(MariaDbSession, ReadsOnWhenAResultThatWasLeftBeforeIsClosed) {
+  const std::string id = Id();
+  Reopen();
+  // The limit of its own keeps the number of records from being limited on the server.
+  auto left = Read(connection_, "SELECT CAST(seq AS INTEGER) FROM seq_1_to_200000 LIMIT 200000", 2);
+  EXPECT_EQ(Rest(*left), (Lines{"1", "2"}));
+  const auto recordset = Read(connection_, "SELECT CAST(seq AS INTEGER) FROM seq_1_to_60000");
+  EXPECT_EQ(Line(*recordset), "1");
+  left.reset();
+  EXPECT_EQ(Rest(*recordset).size(), 60000u);
+  EXPECT_NE(Id(), id) << "the first result was left";
+}
+
 TEST_F(MariaDbSession, LeavesARestOfFewLongRowsToo) {
   const std::string id = Id();
   Reopen();
