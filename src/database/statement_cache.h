@@ -41,6 +41,11 @@ class StatementCache {
     if (statement->Text().size() <= kMaxTextBytes) kept_.Give(std::move(statement));
   }
 
+  /// Drops all that are kept for a text.
+  void Forget(std::string_view text) noexcept {
+    kept_.Forget([&](const Statement& kept) { return kept.Text() == text; });
+  }
+
   void Clear() noexcept { kept_.Clear(); }
 
  private:

@@ -107,10 +107,6 @@ std::unique_ptr<Statement> Session::TakeLimited(std::string_view text) {
   }
 }
 
-void Session::Forget(std::string_view text) {
-  for (const Form form : {Form::kPlain, Form::kLimited}) cache_.Take(text, form);
-}
-
 std::unique_ptr<Statement> Session::Prepare(std::string_view text, Form form, std::string_view behind) {
   Settle();  // The current database is that of the connection.
   const std::string plain(WithoutEnd(text));

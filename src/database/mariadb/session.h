@@ -65,7 +65,7 @@ class Session final : public database::Session {
   std::unique_ptr<Statement> TakeLimited(std::string_view text);
 
   /// Drops what is kept for the text.
-  void Forget(std::string_view text);
+  void Forget(std::string_view text) noexcept { cache_.Forget(text); }
 
   /// Keeps a statement that has ended for its next use. A change that yields rows is not kept: that its
   /// columns are different now would show only after it was carried out.

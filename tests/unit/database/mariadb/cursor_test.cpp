@@ -291,6 +291,19 @@ TEST_F(MariaDbCursor, FindsAColumnThatWasAddedSince) {
   EXPECT_EQ(Ask("SELECT * FROM t"), (Lines{"1 5 null", "2 null 5"}));
 }
 
+TEST_F(MariaDbCursor, FindsAColumnThatWasAddedSinceAQueryWasOpenSeveralTimesAtOnce) {
+  Run("CREATE TABLE t (id INTEGER PRIMARY KEY)");
+  const std::string sql = "SELECT * FROM t";
+  {
+    std::vector<RecordsetPtr> open;
+    for (int i = 0; i < 3; ++i) open.push_back(Edit(connection_, sql));
+  }
+  Connect(database_.ConnectionString())->Execute("ALTER TABLE t ADD a INTEGER");
+  const auto recordset = Edit(connection_, sql);
+  recordset->AddNew();
+  EXPECT_EQ(recordset->Fields().size(), 2u);
+}
+
 TEST_F(MariaDbCursor, SaysAsOftenAsAskedThatAColumnOfAKeptQueryIsGone) {
   Run("CREATE TABLE t (id INTEGER PRIMARY KEY, a INTEGER)");
   Run("INSERT INTO t VALUES (1, 2)");
