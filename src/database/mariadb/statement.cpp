@@ -31,7 +31,10 @@ Statement::Statement(Link& link, std::string_view text, Form form, std::string s
   }
 }
 
-Statement::~Statement() { link_.PutReadAside(); }
+/// The library discards rows only when the server has to be told.
+Statement::~Statement() {
+  if (handle_ && IsOfThisConnection()) link_.PutReadAside();
+}
 
 void Statement::Prepare() {
   RequireConnection();

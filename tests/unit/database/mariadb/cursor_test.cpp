@@ -96,6 +96,17 @@ TEST_F(MariaDbCursor, SaysThatThereIsNoRoomForARestAndDisturbsNothingElse) {
   EXPECT_EQ(Ask("SELECT i FROM t"), Lines{"1"});
 }
 
+TEST_F(MariaDbCursor, PutsNoRestAsideForAStatementOfAConnectionThatWasLeft) {
+  const NoFolderForTemporaryFiles none;
+  constexpr char kLong[] = "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000) FROM seq_1_to_20000 LIMIT 20000";
+  auto left = Read(connection_, kLong, 1);
+  EXPECT_EQ(Rest(*left).size(), 1u);
+  const auto recordset = Read(connection_, kLong);
+  EXPECT_FALSE(recordset->Eof());
+  left.reset();
+  EXPECT_EQ(Rest(*recordset).size(), 20000u);
+}
+
 TEST_F(MariaDbCursor, FollowsATableThatWasChangedSinceTheStatementWasPrepared) {
   Run("CREATE TABLE t (a INTEGER, b VARCHAR(10))");
   Run("INSERT INTO t VALUES (1, 'x')");
