@@ -96,6 +96,25 @@ TEST_F(MariaDbCursor, SaysThatThereIsNoRoomForARestAndDisturbsNothingElse) {
   EXPECT_EQ(Ask("SELECT i FROM t"), Lines{"1"});
 }
 
+TEST_F(MariaDbCursor, ReadsValuesOfAllKindsAlikeFromARestThatWasPutAside) {
+  Run("CREATE TABLE t (id INTEGER PRIMARY KEY, a VARCHAR(900), b BLOB, c BIGINT UNSIGNED, d TIME(3), "
+      "e DATETIME(6), f FLOAT, g BIT(1), h BIT(12), i YEAR, j DATE, k CHAR(2), l SET('x', 'y'))");
+  Run("INSERT INTO t SELECT seq, IF(seq % 3 = 0, NULL, REPEAT('x', seq % 4 * 200)), "
+      "IF(seq % 5 = 0, NULL, LEFT('\\0\\0b', seq % 4)), IF(seq % 2, NULL, 18446744073709551615), "
+      "IF(seq % 7 = 0, NULL, IF(seq % 2, '-10:00:00.5', '10:00:00.25')), "
+      "IF(seq % 4 = 0, NULL, '2024-02-29 01:02:03.000004'), IF(seq % 2, NULL, 0.1), IF(seq % 3, NULL, seq % "
+      "2), "
+      "IF(seq % 2, NULL, b'100000000001'), IF(seq % 2, NULL, 1999), IF(seq % 2, NULL, '2024-02-29'), "
+      "IF(seq % 2, '', NULL), IF(seq % 3, '', 'x,y') FROM seq_1_to_200");
+  for (const char* sql : {"SELECT * FROM t ORDER BY id", "SHOW COLUMNS FROM t", "EXPLAIN SELECT 1"}) {
+    const Lines direct = Ask(sql);
+    const auto recordset = Read(connection_, sql);
+    static_cast<void>(recordset->Eof());
+    EXPECT_EQ(Ask("SELECT 1"), Lines{"1"});
+    EXPECT_EQ(Rest(*recordset), direct) << sql;
+  }
+}
+
 TEST_F(MariaDbCursor, PutsNoRestAsideForAStatementOfAConnectionThatWasLeft) {
   const NoFolderForTemporaryFiles none;
   constexpr char kLong[] = "SELECT CAST(seq AS CHAR(9)), REPEAT('x', 1000) FROM seq_1_to_20000 LIMIT 20000";
