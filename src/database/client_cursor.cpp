@@ -1,5 +1,6 @@
 #include "database/client_cursor.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "dralo/error.h"
@@ -14,8 +15,12 @@ void ClientCursor::Load() {
   if (is_loaded_) return;
   std::deque<Row> rows;
   bool has_row = cursor_->Step();
-  // Known only now: the tables may have changed since the statement was prepared.
+  // Known only now: the tables may have changed since the statements were prepared.
+  if (description_ &&
+      !std::ranges::equal(*cursor_->GetColumns(), *GetColumns(), {}, &Column::name, &Column::name))
+    description_->FixColumns();
   if (description_ && cursor_->GetColumns()->size() != GetColumns()->size()) {
+    cursor_->Stop();
     throw platform::Error("The rows have other columns than the statement that describes them");
   }
   for (; has_row; has_row = cursor_->Step()) {

@@ -107,6 +107,26 @@ TEST_P(DescribedRows, HaveTheColumnsThatTheirTableHasNow) {
   }
 }
 
+TEST_P(DescribedRows, HaveTheirColumnsOfNowThoughTheyAreReadBeforeTheirFields) {
+  const std::string all = "SELECT * FROM Goods WHERE Stock < ?";
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(Open(1, all)->Eof());
+  const auto other = Connect(ConnectionString() + ";Query Timeout=9");
+  other->Execute("ALTER TABLE Goods ADD Remark VARCHAR(20)");
+  for (int i = 0; i < 3; ++i) {
+    const auto row = Open(1, all);
+    ASSERT_FALSE(row->Eof());
+    EXPECT_EQ(ValueOf(*row, "Remark"), i == 0 ? "null" : "'new'");
+    FieldOf(*row, "Remark").SetValue(std::string("new"));
+    row->Update();
+  }
+  other->Execute("ALTER TABLE Goods DROP COLUMN Active");
+  for (int i = 0; i < 3; ++i) {
+    const auto row = Open(1, all);
+    ASSERT_FALSE(row->Eof());
+    EXPECT_EQ(ValueOf(*row, "Remark"), "'new'");
+  }
+}
+
 TEST_P(DescribedRows, AreNotWrittenThroughExpressions) {
   const auto row = Open(1, "SELECT ID, Stock + 1 AS More, Stock FROM Goods WHERE Stock < ?");
   EXPECT_EQ(ValueOf(*row, "More"), "4");
