@@ -145,7 +145,10 @@ platform::VariantView Cursor::Value(std::size_t column) {
 }
 
 const BaseTable& Cursor::Table() {
-  if (!table_) table_ = WithSource([&] { return FindBaseTable(link_, *description_, statement_->text); });
+  if (table_) return *table_;
+  Description now = *description_;
+  table_ = WithSource([&] { return FindBaseTable(link_, session_.Catalog(), now, statement_->text); });
+  description_ = std::make_shared<const Description>(std::move(now));
   return *table_;
 }
 

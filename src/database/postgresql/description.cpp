@@ -78,7 +78,14 @@ Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, 
     description.origins.push_back(OriginOfColumn(answer, number));
     ++number;
   }
+  description.columns = std::make_shared<const Columns>(std::move(columns));
   catalog.Learn(link, description.origins);
+  SetOrigins(description, catalog, text);
+  return description;
+}
+
+void SetOrigins(Description& description, const TableCatalog& catalog, std::string_view text) {
+  Columns columns = *description.columns;
   const bool may_add_nulls = MayAddNulls(text);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const Description::Origin& origin = description.origins[i];
@@ -86,7 +93,6 @@ Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, 
     if (table != nullptr) SetOrigin(columns[i], *table, origin.column, may_add_nulls);
   }
   description.columns = std::make_shared<const Columns>(std::move(columns));
-  return description;
 }
 
 }  // namespace dralo::database::postgresql

@@ -39,4 +39,7 @@ std::optional<platform::Variant> FirstValue(const PGresult* answer);
 /// new to it, so it must be called between two trips. Throws platform::Error.
 Description Describe(Link& link, TableCatalog& catalog, const PGresult* answer, std::string_view text);
 
+/// Sets what the columns show, as far as `catalog` knows it.
+void SetOrigins(Description& description, const TableCatalog& catalog, std::string_view text);
+
 }  // namespace dralo::database::postgresql

@@ -155,15 +155,25 @@ void Link::SetRowsOfTransactionAside() noexcept {
 }
 
 Result Link::Run(const char* statement) {
+  const std::string only(statement);
+  return std::move(Run({&only, 1}).front());
+}
+
+std::vector<Result> Link::Run(std::span<const std::string> statements) {
   Begin();
-  Order(statement);
+  for (const std::string& statement : statements) Order(statement.c_str());
   Send();
-  Result answer = Answer();
-  RequireServer(answer, statement);
+  std::vector<Result> answers;
+  for (const std::string& statement : statements) {
+    const Result& answer = answers.emplace_back(Answer());
+    RequireServer(answer, statement);
+    const ExecStatusType status = libpq_.PQresultStatus(answer.get());
+    if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) continue;
+    Finish();
+    throw Failure(answer, statement);
+  }
   Finish();
-  const ExecStatusType status = libpq_.PQresultStatus(answer.get());
-  if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) throw Failure(answer, statement);
-  return answer;
+  return answers;
 }
 
 void Link::RequireServer(const Result& failure, std::string_view statement) {

@@ -80,6 +80,9 @@ class Link {
   /// A trip of one order. Returns the answer. Throws platform::Error when it is a failure.
   Result Run(const char* statement);
 
+  /// A trip of several orders. Returns their answers. Throws platform::Error when one is a failure.
+  std::vector<Result> Run(std::span<const std::string> statements);
+
   /// Where a pooler has lost its server, it answers with an error of its own: gives up and throws what a lost
   /// connection is. For a failure, before the rest of its trip is read, which may never come.
   void RequireServer(const Result& failure, std::string_view statement);

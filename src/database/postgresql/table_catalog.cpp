@@ -1,6 +1,6 @@
 #include "database/postgresql/table_catalog.h"
 
-#include <set>
+#include <utility>
 
 #include "text/decimal.h"
 
@@ -45,15 +45,22 @@ void TableCatalog::Learn(Link& link, const std::vector<ColumnNumber>& columns) {
   for (const ColumnNumber& column : columns) {
     if (column.table != 0 && column.column > 0 && Find(column) == nullptr) unknown.insert(column.table);
   }
-  if (unknown.empty()) return;
+  if (!unknown.empty()) Read(link.Run(Question(unknown).c_str()), unknown);
+}
+
+std::string TableCatalog::Question(const std::set<Oid>& tables) {
   std::string query(kColumns);
   std::string_view separator;
-  for (const Oid table : unknown) {
+  for (const Oid table : tables) {
     query.append(separator).append(std::to_string(table));
     separator = ", ";
-    tables_.erase(table);
   }
-  const Answers answers(link.Run((query + ")").c_str()));
+  return query + ")";
+}
+
+void TableCatalog::Read(Result answer, const std::set<Oid>& tables) {
+  for (const Oid table : tables) tables_.erase(table);
+  const Answers answers(std::move(answer));
   for (int row = 0; row < answers.Rows(); ++row) {
     KnownTable& table = tables_[answers.As<Oid>(row, 0)];
     table.schema = answers.Text(row, 1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,11 @@ class TableCatalog {
 
   /// Asks about the tables of those columns that are not known yet. Throws platform::Error.
   void Learn(Link& link, const std::vector<ColumnNumber>& columns);
+
+  /// What to ask the server about tables, and what becomes of its answer: then they are known as they are
+  /// now.
+  static std::string Question(const std::set<Oid>& tables);
+  void Read(Result answer, const std::set<Oid>& tables);
 
   /// nullptr when there is no such table, or it has no such column.
   const KnownTable* Find(const ColumnNumber& column) const;

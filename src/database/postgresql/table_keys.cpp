@@ -66,10 +66,11 @@ Result AskOnce(Session& session, std::string query) {
 
 }  // namespace
 
-std::vector<Names> KeysOf(Link& link, Oid table) {
-  const std::string row = "('', oid '" + std::to_string(table) + "')";
-  return ReadKeys(link.Run(KeyQuery(row, kThatFind).c_str()))[""];
+std::string KeysQuestion(Oid table) {
+  return KeyQuery("('', oid '" + std::to_string(table) + "')", kThatFind);
 }
+
+std::vector<Names> KeysIn(const Result& answer) { return ReadKeys(answer)[""]; }
 
 void TableKeys::Learn(Session& session, const Names& tables) {
   if (keys_.size() + tables.size() > kMaxKnownTables) keys_.clear();

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "database/postgresql/link.h"
+#include "database/postgresql/libpq.h"
 
 namespace dralo::database::postgresql {
 
@@ -14,9 +14,12 @@ struct Statement;
 
 using Names = std::vector<std::string>;
 
-/// The columns of every key of the table: the primary one first, then the unique indexes over columns that
-/// are never Null. Asks the server each time. Throws platform::Error.
-std::vector<Names> KeysOf(Link& link, Oid table);
+/// What to ask the server for the keys of a table.
+std::string KeysQuestion(Oid table);
+
+/// What it answers: the columns of every key, those of the primary one first, then those of the unique
+/// indexes over columns that are never Null.
+std::vector<Names> KeysIn(const Result& answer);
 
 /// The keys of tables, by the names that queries give them. A table that another session has altered since is
 /// known as it was.

@@ -127,6 +127,42 @@ TEST_F(NativeSaving, FindsRecordsByTheirKeysWhateverElseOfThemHasChanged) {
   }
 }
 
+TEST_F(NativeSaving, WritesToTheTableThatWasReadWhateverItIsCalledNow) {
+  Run("CREATE TABLE goods (id integer PRIMARY KEY, name text)");
+  Run("INSERT INTO goods VALUES (1, 'same')");
+  EXPECT_EQ(Edit(connection_, "SELECT * FROM goods")->Fields().size(), 2U);
+  const auto other = Another(";Application Name=other");
+  other->Execute("ALTER TABLE goods RENAME TO past");
+  other->Execute("CREATE TABLE goods (id integer PRIMARY KEY, name text)");
+  other->Execute("INSERT INTO goods VALUES (1, 'same')");
+
+  const auto both = Edit(connection_, "SELECT goods.id, past.name FROM past, goods");
+  FieldOf(*both, "name").SetValue("changed");
+  EXPECT_EQ(MessageOf([&] { both->Update(); }),
+            "The records cannot be changed: the query reads several tables");
+  Rename("SELECT * FROM past");
+  EXPECT_EQ(Ask("SELECT past.name, goods.name FROM past, goods"), Lines{"'changed' 'same'"});
+}
+
+TEST_F(NativeSaving, WritesToTheColumnsThatWereReadWhateverTheyAreCalledNow) {
+  Run("CREATE TABLE t (id serial PRIMARY KEY, name text, note text)");
+  Run("INSERT INTO t (name, note) VALUES ('same', 'same')");
+  EXPECT_EQ(Edit(connection_, "SELECT * FROM t")->Fields().size(), 3U);
+  const auto other = Another(";Application Name=other");
+  for (const std::string_view names : {"id TO number", "name TO old", "note TO name", "old TO note"}) {
+    other->Execute("ALTER TABLE t RENAME " + std::string(names));
+  }
+
+  Rename("SELECT * FROM t");
+  const auto added = Edit(connection_, "SELECT * FROM t");
+  added->AddNew();
+  FieldOf(*added, "name").SetValue("new");
+  added->Update();
+  EXPECT_EQ(ValueOf(*added, "number"), "2");
+  EXPECT_EQ(Ask("SELECT number, name, note FROM t ORDER BY number"),
+            (Lines{"1 'changed' 'same'", "2 'new' null"}));
+}
+
 TEST_F(NativeSaving, AddsRecordsThatARulePutsElsewhere) {
   Run("CREATE TABLE t (id serial, name text)");
   Run("CREATE TABLE other (name text)");
