@@ -17,6 +17,7 @@ class ASiteWithPgpool(PooledSite, unittest.TestCase):
     new_pooler = Pgpool
 
     def test_pages_that_save_go_on_when_the_replica_was_left_out_and_when_it_is_back(self):
+        """A keeper loses at most a request each time: when the pooler leaves the replica out, and when it takes it back."""
         with self.crowd.at_work(may_lose=True):
             self.crowd.has_settled.clear()
             interruption.crash(self.pair.replica)
@@ -31,7 +32,7 @@ class ASiteWithPgpool(PooledSite, unittest.TestCase):
             self.wait_until_replica_is("up")
             self.crowd.wait_for_steps(10)
         for keeper in self.keepers:
-            self.assertLessEqual(len(keeper.lost), 1, keeper.lost)
+            self.assertLessEqual(len(keeper.lost), 2, keeper.lost)
 
     def wait_until_replica_is(self, status):
         for pooler in self.poolers:
