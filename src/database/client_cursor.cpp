@@ -15,14 +15,7 @@ void ClientCursor::Load() {
   if (is_loaded_) return;
   std::deque<Row> rows;
   bool has_row = cursor_->Step();
-  // Known only now: the tables may have changed since the statements were prepared.
-  if (description_ &&
-      !std::ranges::equal(*cursor_->GetColumns(), *GetColumns(), {}, &Column::name, &Column::name))
-    description_->FixColumns();
-  if (description_ && cursor_->GetColumns()->size() != GetColumns()->size()) {
-    cursor_->Stop();
-    throw platform::Error("The rows have other columns than the statement that describes them");
-  }
+  if (description_) MatchDescription();
   for (; has_row; has_row = cursor_->Step()) {
     if (max_records_ > 0 && std::cmp_greater_equal(rows.size(), max_records_)) {
       // A statement that changes data may fail only at its end, when what it did cannot be kept; so it runs
@@ -36,6 +29,16 @@ void ClientCursor::Load() {
   cursor_->Stop();
   rest_ = std::move(rows);
   is_loaded_ = true;
+}
+
+/// Only after the first step: the tables may have changed since the statements were prepared.
+void ClientCursor::MatchDescription() {
+  const auto columns = cursor_->GetColumns();
+  const bool is_same = std::ranges::equal(*columns, *GetColumns(), {}, &Column::name, &Column::name);
+  if (!is_same) description_->FixColumns();
+  if (columns->size() == GetColumns()->size()) return;
+  cursor_->Stop();
+  throw platform::Error("The rows have other columns than the statement that describes them");
 }
 
 void ClientCursor::FixColumns() {

@@ -53,6 +53,7 @@ class ClientCursor final : public Cursor {
   void Append(Row row);
 
  private:
+  void MatchDescription();
   Cursor& Described() const { return description_ ? *description_ : *cursor_; }
 
   std::unique_ptr<Cursor> cursor_;
